@@ -1,0 +1,145 @@
+#include "base/win/disk_files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "base/win/unique_handle.h"
+#include "base/win/wide.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int64_t kLargestFile = 1LL << 30;
+constexpr DWORD kChunk = 1 << 24;
+constexpr TextView kNeighbour = u".new";
+
+bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
+
+FileContent Unreadable(TextView call) {
+  const DWORD error = GetLastError();
+  if (IsMissing(error)) return {};
+  return {FileContent::State::kUnreadable, {}, LastErrorText(call, error)};
+}
+
+FileStatus Outcome(bool ok, TextView call) { return ok ? FileStatus{} : FileStatus::Failed(LastErrorText(call)); }
+
+FileStatus WriteAll(HANDLE file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    DWORD written = 0;
+    const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kChunk));
+    if (!WriteFile(file, bytes.data(), part, &written, nullptr)) return Outcome(false, u"WriteFile");
+    bytes.remove_prefix(written);
+  }
+  return {};
+}
+
+FileStatus WriteFlushed(const Text& path, std::string_view bytes) {
+  const UniqueHandle file =
+      OwnHandle(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return Outcome(false, u"CreateFile");
+  if (FileStatus written = WriteAll(file.get(), bytes); !written) return written;
+  return Outcome(FlushFileBuffers(file.get()) != 0, u"FlushFileBuffers");
+}
+
+}  // namespace
+
+bool DiskFiles::Exists(TextView path) const {
+  return GetFileAttributesW(Wide(Text(path))) != INVALID_FILE_ATTRIBUTES;
+}
+
+FileContent DiskFiles::Read(TextView path) const {
+  const UniqueHandle file = OwnHandle(CreateFileW(Wide(Text(path)), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                                  nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file) return Unreadable(u"CreateFile");
+  LARGE_INTEGER size{};
+  if (!GetFileSizeEx(file.get(), &size)) return Unreadable(u"GetFileSizeEx");
+  if (size.QuadPart > kLargestFile) return {FileContent::State::kUnreadable, {}, u"the file is over 1 GiB"};
+  FileContent content;
+  content.bytes.resize(static_cast<std::size_t>(size.QuadPart));
+  std::size_t have = 0;
+  while (have < content.bytes.size()) {
+    DWORD got = 0;
+    const auto part = static_cast<DWORD>(std::min<std::size_t>(content.bytes.size() - have, kChunk));
+    if (!ReadFile(file.get(), content.bytes.data() + have, part, &got, nullptr)) return Unreadable(u"ReadFile");
+    if (got == 0) break;
+    have += got;
+  }
+  content.bytes.resize(have);
+  content.state = FileContent::State::kRead;
+  return content;
+}
+
+FileStatus DiskFiles::Write(TextView path, std::string_view bytes) {
+  const Text target(path);
+  const Text neighbour = target + Text(kNeighbour);
+  // A read-only target stands for "do not touch": replacing it would go through, unlike writing to it.
+  const DWORD attributes = GetFileAttributesW(Wide(target));
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    return FileStatus::Failed(u"the file is read-only");
+  }
+  FileStatus status = WriteFlushed(neighbour, bytes);
+  if (status) {
+    status = Outcome(
+        MoveFileExW(Wide(neighbour), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0, u"MoveFileEx");
+  }
+  if (!status) DeleteFileW(Wide(neighbour));
+  return status;
+}
+
+FileStatus DiskFiles::Append(TextView path, std::string_view bytes) {
+  const UniqueHandle file =
+      OwnHandle(CreateFileW(Wide(Text(path)), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return Outcome(false, u"CreateFile");
+  return WriteAll(file.get(), bytes);
+}
+
+FileStatus DiskFiles::Copy(TextView from, TextView to) {
+  return Outcome(CopyFileW(Wide(Text(from)), Wide(Text(to)), FALSE) != 0, u"CopyFile");
+}
+
+FileStatus DiskFiles::Rename(TextView from, TextView to) {
+  return Outcome(MoveFileExW(Wide(Text(from)), Wide(Text(to)), MOVEFILE_WRITE_THROUGH) != 0, u"MoveFileEx");
+}
+
+FileStatus DiskFiles::Remove(TextView path) {
+  if (DeleteFileW(Wide(Text(path))) || IsMissing(GetLastError())) return {};
+  return Outcome(false, u"DeleteFile");
+}
+
+FileStatus DiskFiles::MakeFolder(TextView path) {
+  Text folder(path);
+  while (folder.size() > 1 && (folder.back() == u'\\' || folder.back() == u'/')) folder.pop_back();
+  if (CreateDirectoryW(Wide(folder), nullptr)) return {};
+  const DWORD error = GetLastError();
+  const std::size_t above = folder.find_last_of(u"\\/");
+  if (error == ERROR_PATH_NOT_FOUND && above != Text::npos && above > 2) {
+    if (FileStatus made = MakeFolder(folder.substr(0, above)); !made) return made;
+    return Outcome(CreateDirectoryW(Wide(folder), nullptr) != 0, u"CreateDirectory");
+  }
+  const DWORD attributes = GetFileAttributesW(Wide(folder));
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return {};
+  return FileStatus::Failed(LastErrorText(u"CreateDirectory", error));
+}
+
+std::vector<Text> DiskFiles::List(TextView folder, TextView extension) const {
+  std::vector<Text> names;
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(Wide(Text(folder).append(u"*")), &found);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do {
+    const TextView name = FromWide(found.cFileName);
+    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    // Patterns of the system match short names too (".rtfold"), so the extension is compared here.
+    if (!isFolder && name.size() > extension.size() &&
+        EqualIgnoreCase(name.substr(name.size() - extension.size()), extension)) {
+      names.emplace_back(name);
+    }
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace jotlets
