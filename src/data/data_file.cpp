@@ -1,0 +1,201 @@
+#include "data/data_file.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "data/text_file.h"
+
+namespace jotlets {
+namespace {
+
+constexpr TextView kContentMarker = u"<RTF>{\\rtf1";
+constexpr std::size_t kMarkerTag = 5;  // of it, "<RTF>" belongs to the record line
+constexpr TextView kLineBreakMark = u"^M";
+
+// A deletion time is ten digits in front of a "|".
+constexpr std::size_t kDeletedBar = 10;
+
+enum class Section { kNone, kOptions, kFriends, kJotlets, kDeleted, kStacks };
+
+struct SectionRow {
+  TextView header;
+  Section section;
+};
+
+constexpr std::array kSections = {
+    SectionRow{u"[Options]", Section::kOptions}, SectionRow{u"[Friends]", Section::kFriends},
+    SectionRow{u"[Jotlets]", Section::kJotlets}, SectionRow{u"[Deleted jotlets]", Section::kDeleted},
+    SectionRow{u"[Stacks]", Section::kStacks},
+};
+
+// A line of [Jotlets] is a record when it is tagged, or when it begins as the colon-separated form does.
+bool LooksLikeRecord(TextView line) {
+  if (line.front() == u'<') return true;
+  const TextView first = line.substr(0, line.find(u':'));
+  return first.size() < line.size() && !first.empty() &&
+         first.find_first_not_of(u"-0123456789") == TextView::npos;
+}
+
+class Parser {
+ public:
+  explicit Parser(const DataFileContext& context) : context_(context) {}
+
+  DataFile Parse(TextView text) {
+    LineReader lines(text);
+    TextView line;
+    while (file_.version <= kDataFileVersion && lines.Next(line)) {
+      if (!line.empty()) TakeLine(line);
+    }
+    file_.cut = !text.empty() && text.back() != u'\n' && InRecords() && FindIgnoreCase(line, u"<RTF>") == line.npos;
+    return std::move(file_);
+  }
+
+ private:
+  bool InRecords() const { return section_ == Section::kJotlets || section_ == Section::kDeleted; }
+
+  void TakeLine(TextView line) {
+    for (const SectionRow& row : kSections) {
+      if (line == row.header) {
+        section_ = row.section;
+        file_.recognised = true;
+        return;
+      }
+    }
+    switch (section_) {
+      case Section::kNone: return;
+      case Section::kOptions: return TakeOption(line);
+      case Section::kFriends: file_.friendLines.emplace_back(line); return;
+      case Section::kJotlets: return TakeJotlet(line);
+      case Section::kDeleted: return TakeDeleted(line);
+      case Section::kStacks: return TakeStack(line);
+    }
+  }
+
+  void TakeOption(TextView line) {
+    const Split split = SplitAtFirst(line, u'=');
+    if (split.head.size() == line.size()) return;
+    if (split.head == u"iniver") {
+      file_.version = ParseInt(split.tail);
+    } else if (split.head == u"ID") {
+      file_.installId = split.tail;
+    } else if (split.head != u"Version") {
+      LoadOption(context_.options, split.head, split.tail);
+    }
+  }
+
+  void TakeJotlet(TextView line) {
+    if (LooksLikeRecord(line)) {
+      file_.jotlets.push_back(ParseEncodedJotlet(line, Blank(), context_.freshId));
+    } else {
+      file_.verbatim.emplace_back(line);
+    }
+  }
+
+  void TakeDeleted(TextView line) {
+    std::int32_t deletedTime = kNotSet;
+    if (line.size() > kDeletedBar && line[kDeletedBar] == u'|') {
+      const Split split = SplitAtFirst(line, u'|');
+      deletedTime = ParseInt(split.head);
+      line = split.tail;
+    }
+    file_.deleted.push_back(ParseEncodedJotlet(line, Blank(), context_.freshId));
+    file_.deleted.back().record.deletedTime = deletedTime;
+  }
+
+  void TakeStack(TextView line) {
+    StackRecord stack = ParseStackLine(line, 0);
+    if (stack.number < 1 || !stackNumbers_.insert(stack.number).second) {
+      // The stacks read so far hold their numbers; the search for a free one only ever goes up.
+      while (!stackNumbers_.insert(lowestFree_).second) ++lowestFree_;
+      stack.number = lowestFree_;
+    }
+    file_.stacks.push_back(std::move(stack));
+  }
+
+  // The record that a line starts from. Only options lines change the defaults, and they come first.
+  const JotletData& Blank() {
+    blank_.Reset(context_.options.ForRecords(), context_.now, {});
+    return blank_;
+  }
+
+  const DataFileContext& context_;
+  DataFile file_;
+  Section section_ = Section::kNone;
+  JotletData blank_;
+  std::set<std::int32_t> stackNumbers_;
+  std::int32_t lowestFree_ = 1;
+};
+
+}  // namespace
+
+DataFile ParseDataFile(TextView text, const DataFileContext& context) { return Parser(context).Parse(text); }
+
+std::int32_t NewStackNumber(std::span<const StackRecord> stacks) {
+  std::set<std::int32_t> taken;
+  for (const StackRecord& stack : stacks) taken.insert(stack.number);
+  std::int32_t number = 1;
+  while (taken.contains(number)) ++number;
+  return number;
+}
+
+Text ComposeDataFile(const DataFileView& view) {
+  Text text;
+  // A usual line is about 300 units; growing once instead of again and again is half of the cost.
+  text.reserve(256 + 320 * (view.jotlets.size() + view.deleted.size()));
+  text.append(u"[Options]\niniver=");
+  AppendInt(text, kDataFileVersion);
+  text.append(u"\nVersion=").append(kVersionText).append(u"\nID=").append(OneLine(view.installId)).append(u"\n\n");
+  if (!view.stacks.empty()) {
+    text.append(u"[Stacks]\n");
+    for (const StackRecord& stack : view.stacks) text.append(MakeStackLine(stack)).push_back(u'\n');
+    text.push_back(u'\n');
+  }
+  text.append(u"[Jotlets]\n");
+  for (const JotletData* record : view.jotlets) {
+    AppendJotletLine(text, *record, view.rolledHasAltPosition);
+    text.push_back(u'\n');
+  }
+  for (const Text& line : view.verbatim) text.append(line).push_back(u'\n');
+  text.append(u"\n[Deleted jotlets]\n");
+  for (const JotletData& record : view.deleted) {
+    if (record.deletedTime != kNotSet) {
+      AppendInt(text, record.deletedTime);
+      text.push_back(u'|');
+    }
+    AppendJotletLine(text, record, view.rolledHasAltPosition);
+    text.push_back(u'\n');
+  }
+  return text;
+}
+
+Text MakeEncodedJotlet(const JotletData& record, bool rolledHasAltPosition, TextView content) {
+  Text line = MakeJotletLine(record, rolledHasAltPosition);
+  if (content.empty()) return line;
+  line.append(u"<RTF>");
+  // Any line break becomes one mark; the reader gives every mark back as "\r\n".
+  for (std::size_t at = 0; at < content.size(); ++at) {
+    const char16_t unit = content[at];
+    if (unit == u'\r' && at + 1 < content.size() && content[at + 1] == u'\n') continue;
+    if (unit == u'\r' || unit == u'\n') {
+      line.append(kLineBreakMark);
+    } else if (unit != u'\0') {
+      line.push_back(unit);
+    }
+  }
+  return line;
+}
+
+FiledJotlet ParseEncodedJotlet(TextView line, const JotletData& blank, const FreshId& freshId) {
+  FiledJotlet jotlet;
+  const std::size_t marker = line.find(kContentMarker);
+  if (marker != TextView::npos) {
+    const std::size_t content = marker + kMarkerTag;
+    jotlet.inlineContent = ReplaceAll(line.substr(content), kLineBreakMark, u"\r\n");
+    line = line.substr(0, content);
+  }
+  jotlet.record = ParseJotletLine(line, blank, freshId);
+  return jotlet;
+}
+
+}  // namespace jotlets

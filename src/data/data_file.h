@@ -1,0 +1,76 @@
+// The data file "jotlets.ini" as a value: parsed from text, composed to text, no file and no window involved.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "base/clock.h"
+#include "base/text.h"
+#include "data/jotlet_data.h"
+#include "data/jotlet_line.h"
+#include "data/options.h"
+#include "data/stack_record.h"
+
+namespace jotlets {
+
+/// The newest version of the file format, and the one that is written.
+inline constexpr std::int32_t kDataFileVersion = 3;
+/// The program's version text.
+inline constexpr TextView kVersionText = u"Jotlets v8.0c";
+
+/// One note as the file has it. Older files held the content in the line, as rich text after "<RTF>".
+struct FiledJotlet {
+  JotletData record;
+  std::optional<Text> inlineContent;
+};
+
+struct DataFile {
+  std::int32_t version = kDataFileVersion;
+  /// At least one section header of ours was found: the text is a data file.
+  bool recognised = false;
+  /// The last record line has no end: the file was cut.
+  bool cut = false;
+  Text installId;
+  std::vector<Text> friendLines;  // of a [Friends] section, as they stand
+  std::vector<StackRecord> stacks;
+  std::vector<FiledJotlet> jotlets;  // in file order: desktop, attached and sleeping ones
+  std::vector<Text> verbatim;        // lines of [Jotlets] that are no records, to be written back as they are
+  std::vector<FiledJotlet> deleted;  // all of them; the caller applies `KeepDeleted`
+};
+
+/// What reading the file needs beside its text.
+struct DataFileContext {
+  Options& options;  // takes the settings of older files; gives the records their defaults
+  FreshId freshId;
+  std::int32_t now = 0;  // seconds since 1970 UTC: `created` of a record that does not say
+};
+
+/// Reads any text. Reading stops at a version above `kDataFileVersion`, which is then found in `version`.
+/// A stack number that an earlier stack has is replaced by a fresh one.
+DataFile ParseDataFile(TextView text, const DataFileContext& context);
+
+/// Lowest positive number that no stack of the list carries.
+std::int32_t NewStackNumber(std::span<const StackRecord> stacks);
+
+/// What the data file is composed from. The notes are borrowed from whoever holds them.
+struct DataFileView {
+  TextView installId;
+  std::span<const StackRecord> stacks;
+  std::vector<const JotletData*> jotlets;  // desktop, then attached, then sleeping
+  std::span<const Text> verbatim;
+  std::span<const JotletData> deleted;
+  bool rolledHasAltPosition = false;
+};
+
+Text ComposeDataFile(const DataFileView& view);
+
+/// A note as it travels in one line: the record line, and the marker "<RTF>" with the rich text behind it, line
+/// breaks written as "^M". `content` is empty for a note without a rich-text file.
+Text MakeEncodedJotlet(const JotletData& record, bool rolledHasAltPosition, TextView content);
+
+/// The inverse, for lines of older files and notes from other programs: the content, when the line holds
+/// "<RTF>{\rtf1", with "^M" turned into line breaks.
+FiledJotlet ParseEncodedJotlet(TextView line, const JotletData& blank, const FreshId& freshId);
+
+}  // namespace jotlets

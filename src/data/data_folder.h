@@ -1,0 +1,50 @@
+// Where the data folder is, what lies in it, and copying it as a whole.
+#pragma once
+
+#include <array>
+
+
+#include "base/files.h"
+#include "base/text.h"
+
+namespace jotlets {
+
+inline constexpr TextView kDataFileName = u"jotlets.ini";
+inline constexpr TextView kOptionsFileName = u"options.ini";
+inline constexpr TextView kFriendsFileName = u"friends.ini";
+inline constexpr TextView kExitCopyName = u"jotlets.bye";
+inline constexpr TextView kSafetyCopyName = u"jotlets.bak";
+inline constexpr TextView kStoreFileName = u"store.mdb";
+inline constexpr TextView kActivityLogName = u"activity.log";
+inline constexpr TextView kRtfFolder = u"rtf\\";
+inline constexpr TextView kImagesFolder = u"images\\";
+inline constexpr TextView kBackupsFolder = u"backups\\";
+inline constexpr TextView kDefaultRtfName = u"default.rtf";
+inline constexpr TextView kDefaultPngName = u"default.png";
+
+/// What is known about this machine and user when the data folder is looked for; folders with or without a
+/// separator at the end.
+struct DataFolderFacts {
+  Text registryPath;  // the value "Path" of "Software\Brask\jotlets", empty when there is none
+  Text profileFolder;
+  Text programFolder;
+  Text applicationDataFolder;
+};
+
+/// `path` with exactly one "\" at its end; an empty path stays empty.
+Text WithSeparator(TextView path);
+
+/// The data folder, ending in "\": the folder of the registry value, else the program's own, whichever first
+/// holds "jotlets.ini" or "store.mdb"; else "jotlets\" in the application-data folder. In the registry value
+/// "%PROFILE%" and the one character after it stand for the profile folder.
+Text FindDataFolder(const DataFolderFacts& facts, const Files& files);
+
+/// Creates the data folder's sub-folders.
+FileStatus MakeDataFolders(Files& files, TextView dataFolder);
+
+/// Copies the data set (every picture and rich text, the data, options and friends files, the store and what
+/// travels with them) from one data folder to another, creating it. Files that are not there are passed over;
+/// the first file that cannot be copied ends it.
+FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder);
+
+}  // namespace jotlets

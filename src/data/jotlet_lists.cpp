@@ -1,0 +1,55 @@
+#include "data/jotlet_lists.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace jotlets {
+
+std::vector<JotletData> JotletLists::Take(DataFile file) {
+  std::vector<JotletData> desktop;
+  for (FiledJotlet& jotlet : file.jotlets) {
+    auto& list = jotlet.record.sleeping ? sleeping : jotlet.record.IsAttached() ? attached : desktop;
+    list.push_back(std::move(jotlet.record));
+  }
+  for (FiledJotlet& jotlet : file.deleted) deleted.push_back(std::move(jotlet.record));
+  verbatim = std::move(file.verbatim);
+  stacks = std::move(file.stacks);
+  return desktop;
+}
+
+std::vector<JotletData> JotletLists::AddClosed(JotletData record, std::int32_t closedAt, std::int32_t keepDeleted) {
+  record.deletedTime = closedAt;
+  deleted.insert(deleted.begin(), std::move(record));
+  const auto most = static_cast<std::size_t>(std::max(keepDeleted, 0));
+  if (deleted.size() <= most) return {};
+  const auto firstDropped = deleted.begin() + static_cast<std::ptrdiff_t>(most);
+  std::vector<JotletData> dropped(std::make_move_iterator(firstDropped), std::make_move_iterator(deleted.end()));
+  deleted.erase(firstDropped, deleted.end());
+  return dropped;
+}
+
+std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desktop) const {
+  std::vector<NotesOfKind> kinds{{u"Desktop", std::move(desktop)}, {u"Attached", {}}, {u"Sleeping/recurring", {}}, {u"Closed", {}}};
+  for (const JotletData& record : attached) kinds[1].notes.push_back(&record);
+  for (const JotletData& record : sleeping) kinds[2].notes.push_back(&record);
+  for (const JotletData& record : deleted) kinds[3].notes.push_back(&record);
+  return kinds;
+}
+
+bool JotletLists::Holds(TextView id) const {
+  for (const auto* list : {&attached, &sleeping, &deleted}) {
+    if (std::any_of(list->begin(), list->end(), [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); })) {
+      return true;
+    }
+  }
+  return false;
+}
+
+std::vector<Text> IdsOf(const std::vector<JotletData>& records) {
+  std::vector<Text> ids;
+  ids.reserve(records.size());
+  for (const JotletData& record : records) ids.push_back(record.id);
+  return ids;
+}
+
+}  // namespace jotlets

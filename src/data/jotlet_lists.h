@@ -1,0 +1,42 @@
+// The notes that have no window, and the stacks: what the data file holds beside the open notes.
+#pragma once
+
+#include <vector>
+
+#include "data/data_file.h"
+#include "data/jotlet_data.h"
+#include "data/stack_record.h"
+
+namespace jotlets {
+
+/// The notes of one kind, as the content check walks them.
+struct NotesOfKind {
+  TextView kind;  // "Desktop", "Attached", "Sleeping/recurring", "Closed" or "Stored"
+  std::vector<const JotletData*> notes;
+};
+
+class JotletLists {
+ public:
+  std::vector<JotletData> attached;
+  std::vector<JotletData> sleeping;
+  std::vector<Text> verbatim;
+  std::vector<JotletData> deleted;  // closed notes, the latest first
+  std::vector<StackRecord> stacks;
+
+  /// Takes everything of a parsed data file but the notes that belong on the desktop, which are returned.
+  std::vector<JotletData> Take(DataFile file);
+
+  /// Adds a closed note in front. What falls off the end of `keepDeleted` notes is deleted for good and returned.
+  std::vector<JotletData> AddClosed(JotletData record, std::int32_t closedAt, std::int32_t keepDeleted);
+
+  /// All notes in the order of the content check, the open ones given.
+  std::vector<NotesOfKind> ByKind(std::vector<const JotletData*> desktop) const;
+
+  /// Whether any of the lists holds a note of this id, without regard to case.
+  bool Holds(TextView id) const;
+};
+
+/// The ids of a list, in its order.
+std::vector<Text> IdsOf(const std::vector<JotletData>& records);
+
+}  // namespace jotlets

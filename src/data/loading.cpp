@@ -1,0 +1,186 @@
+#include "data/loading.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_set>
+
+#include "data/data_folder.h"
+#include "data/rtf_bytes.h"
+#include "data/text_file.h"
+
+namespace jotlets {
+namespace {
+
+struct Reading {
+  DataFile file;
+  Options options;  // those of before, with what the file set
+  bool missing = false;
+  bool whole = false;  // read without any sign of damage
+};
+
+DataFileContext ContextFor(const LoadContext& context, Options& options) {
+  return {options, context.freshId, RecordTime(context.now.utc)};
+}
+
+Reading ReadDataFile(const LoadContext& context, const Text& path) {
+  Reading reading;
+  reading.options = context.options;
+  const FileContent content = context.files.Read(path);
+  reading.missing = content.state == FileContent::State::kMissing;
+  if (content.state == FileContent::State::kUnreadable) {
+    context.log.Write(kLogLifecycle, u"Unable to read '" + path + u"': " + content.reason);
+  }
+  if (content.state != FileContent::State::kRead) return reading;
+  const TextFile text = DecodeTextFile(content.bytes, context.ansi);
+  reading.file = ParseDataFile(text.text, ContextFor(context, reading.options));
+  reading.whole = reading.file.recognised && !text.damaged && !reading.file.cut;
+  return reading;
+}
+
+Text KeepDamagedFile(const LoadContext& context, const Text& path) {
+  const Text kept = NameForDamaged(context.files, path, context.now.local);
+  const FileStatus renamed = context.files.Rename(path, kept);
+  if (renamed) {
+    context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged, kept as '" + kept + u"'");
+    return kept;
+  }
+  context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged and could not be put aside: " + renamed.reason);
+  return {};
+}
+
+// The newer of the two copies is the one of the last exit, unless the program has been killed since; the hourly
+// copy is then newer. Their notes tell: the copy whose latest change is later wins.
+std::int32_t LatestChange(const DataFile& file) {
+  std::int32_t latest = 0;
+  for (const auto* list : {&file.jotlets, &file.deleted}) {
+    for (const FiledJotlet& jotlet : *list) {
+      latest = std::max({latest, jotlet.record.created, jotlet.record.modified, jotlet.record.deletedTime});
+    }
+  }
+  return latest;
+}
+
+void LoadCopyInstead(const LoadContext& context, const Text& folder, Reading& reading, LoadedData& loaded) {
+  Reading best;
+  for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
+    Reading copy = ReadDataFile(context, folder + Text(name));
+    if (!copy.file.recognised || copy.file.version > kDataFileVersion) continue;
+    const bool better = loaded.loadedInstead.empty() || (copy.whole && !best.whole) ||
+                        (copy.whole == best.whole && LatestChange(copy.file) > LatestChange(best.file));
+    if (!better) continue;
+    best = std::move(copy);
+    loaded.loadedInstead = name;
+  }
+  if (loaded.loadedInstead.empty()) return;
+  context.log.Write(kLogLifecycle, u"Loaded '" + folder + loaded.loadedInstead + u"' instead");
+  reading = std::move(best);
+}
+
+void WriteInlineContent(const LoadContext& context, const Text& folder, const FiledJotlet& jotlet) {
+  if (!jotlet.inlineContent) return;
+  const Text path = folder + Text(kRtfFolder) + jotlet.record.id + u".rtf";
+  const FileStatus written = context.files.Write(path, RtfBytes(*jotlet.inlineContent));
+  if (!written) context.log.Write(kLogLifecycle, u"Unable to write content file '" + path + u"': " + written.reason);
+}
+
+// Two notes with one id would write over each other's content: the later one gets an id and a copy of its own.
+void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile& file) {
+  std::unordered_set<Text> taken;
+  for (auto* list : {&file.jotlets, &file.deleted}) {
+    for (FiledJotlet& jotlet : *list) {
+      if (taken.insert(FoldCase(jotlet.record.id)).second) continue;
+      const Text sharedContent = folder + ContentPath(jotlet.record);
+      const Text sharedId = jotlet.record.id;
+      do {
+        jotlet.record.id = context.freshId();
+      } while (!taken.insert(FoldCase(jotlet.record.id)).second);
+      context.log.Write(kLogLifecycle, u"Two jotlets had the id '" + sharedId + u"', the second is now '" + jotlet.record.id + u"'");
+      if (jotlet.inlineContent || !context.files.Exists(sharedContent)) continue;
+      const FileStatus copied = context.files.Copy(sharedContent, folder + ContentPath(jotlet.record));
+      if (!copied) context.log.Write(kLogLifecycle, u"Unable to copy its content: " + copied.reason);
+    }
+  }
+}
+
+void KeepSome(std::vector<FiledJotlet>& deleted, std::int32_t keepDeleted) {
+  const auto most = static_cast<std::size_t>(std::max(keepDeleted, 0));
+  if (deleted.size() > most) deleted.resize(most);
+}
+
+using Stems = std::map<Text, Text>;  // folded stem to stem as it is written
+
+Stems ListStems(const Files& files, const Text& folder, TextView extension) {
+  Stems stems;
+  for (const Text& name : files.List(folder, extension)) {
+    const Text stem = name.substr(0, name.size() - extension.size());
+    stems.emplace(FoldCase(stem), stem);
+  }
+  return stems;
+}
+
+}  // namespace
+
+Text NameForDamaged(const Files& files, TextView path, const LocalTime& now) {
+  const Text dated = Text(path).append(u".damaged-").append(MinuteStamp(now));
+  Text name = dated;
+  for (int number = 2; files.Exists(name) && number < 1000; ++number) name = dated + u"-" + IntText(number);
+  return name;
+}
+
+LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
+  const Text folder(folderView);
+  const Text path = folder + Text(kDataFileName);
+  LoadedData loaded;
+  Reading reading = ReadDataFile(context, path);
+  if (reading.missing) return loaded;
+  if (reading.file.version <= kDataFileVersion && !reading.whole) {
+    loaded.damaged = true;
+    loaded.keptAs = KeepDamagedFile(context, path);
+    if (!reading.file.recognised) LoadCopyInstead(context, folder, reading, loaded);
+  }
+  if (reading.file.version > kDataFileVersion) {
+    context.log.Write(kLogDetail, u"Data file at " + path + u" is version " + IntText(reading.file.version) +
+                       u" but I only open version " + IntText(kDataFileVersion));
+    loaded.file = std::move(reading.file);
+    return loaded;
+  }
+  context.options = std::move(reading.options);
+  loaded.file = std::move(reading.file);
+  KeepSome(loaded.file.deleted, context.options.keepDeleted);
+  SeparateSharedIds(context, folder, loaded.file);
+  for (const auto* list : {&loaded.file.jotlets, &loaded.file.deleted}) {
+    for (const FiledJotlet& jotlet : *list) WriteInlineContent(context, folder, jotlet);
+  }
+  return loaded;
+}
+
+std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView, const std::vector<NotesOfKind>& kinds,
+                                      Log& log) {
+  const Text folder(folderView);
+  Stems images = ListStems(files, folder + Text(kImagesFolder), u".png");
+  Stems texts = ListStems(files, folder + Text(kRtfFolder), u".rtf");
+  // A stem is taken off its list once for all: two kinds may name the same file, and neither is then missing.
+  const Stems allImages = images;
+  const Stems allTexts = texts;
+  for (const NotesOfKind& kind : kinds) {
+    for (const JotletData* note : kind.notes) {
+      const Text stem = FoldCase(note->id);
+      (note->IsImage() ? images : texts).erase(stem);
+      if ((note->IsImage() ? allImages : allTexts).contains(stem)) continue;
+      const Text front = u"!!! " + Text(kind.kind) + u" '" + note->id;
+      if (note->IsImage()) {
+        log.Write(kLogLifecycle, front + u".png' content file not found");
+        continue;
+      }
+      log.Write(kLogLifecycle, front + u".rtf' content file not found, fixing with a placeholder file");
+      const FileStatus written = files.Write(folder + ContentPath(*note), kPlaceholderRtf);
+      if (!written) log.Write(kLogLifecycle, u"Unable to write the placeholder: " + written.reason);
+    }
+  }
+  std::vector<Orphan> orphans;
+  for (const auto& [folded, stem] : texts) orphans.push_back({stem, false});
+  for (const auto& [folded, stem] : images) orphans.push_back({stem, true});
+  return orphans;
+}
+
+}  // namespace jotlets

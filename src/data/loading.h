@@ -1,0 +1,65 @@
+// Reading the data folder's notes at start: the data file, what to do when it cannot be read, and the check that
+// every note has its content.
+#pragma once
+
+#include <vector>
+
+#include "base/clock.h"
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/log.h"
+#include "data/data_file.h"
+#include "data/jotlet_lists.h"
+
+namespace jotlets {
+
+/// Everything that reading the data folder needs from outside.
+struct LoadContext {
+  Files& files;
+  const CodePage& ansi;
+  Options& options;
+  FreshId freshId;
+  Moment now;
+  Log& log;
+};
+
+/// What the data folder holds, after `LoadJotlets`.
+struct LoadedData {
+  DataFile file;  // version above `kDataFileVersion`: nothing may be written, the program ends
+  /// A data file was there but could not be read as ours, or only in part.
+  bool damaged = false;
+  /// Where the damaged file is kept, empty when it could not be put aside: then it must not be replaced.
+  Text keptAs;
+  /// The file that was loaded in its place ("jotlets.bye", "jotlets.bak"), empty when there was none.
+  Text loadedInstead;
+  /// The data file is there but could not be put aside; a save would destroy it.
+  bool MustNotBeReplaced() const { return damaged && keptAs.empty(); }
+};
+
+/// Reads "jotlets.ini" of `folder`. A missing file loads nothing. One that cannot be read as ours is kept
+/// beside it under a dated name; what can be read of it is loaded, and when that is nothing the newest
+/// readable of "jotlets.bye" and "jotlets.bak". Content that older files hold in their lines is moved to content
+/// files, notes that share an id get content files of their own, and closed notes beyond `KeepDeleted` are left
+/// out. Failures are logged; the rest goes on.
+LoadedData LoadJotlets(const LoadContext& context, TextView folder);
+
+/// A dated name beside a damaged file that no file has yet: "<path>.damaged-<minute>". Renaming never replaces, so
+/// two damaged files cannot displace each other.
+Text NameForDamaged(const Files& files, TextView path, const LocalTime& now);
+
+/// A content file that no note claims.
+struct Orphan {
+  Text id;
+  bool isImage = false;
+  friend bool operator==(const Orphan&, const Orphan&) = default;
+};
+
+/// An empty rich text.
+inline constexpr std::string_view kPlaceholderRtf = "{\\rtf1\\ansi }";
+
+/// The content check: logs every note without its content file, writes a placeholder for a text note, and
+/// returns the content files that no note claims, sorted by id, texts before pictures.
+std::vector<Orphan> CheckContentFiles(Files& files, TextView folder, const std::vector<NotesOfKind>& kinds,
+                                      Log& log);
+
+}  // namespace jotlets

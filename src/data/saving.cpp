@@ -1,0 +1,31 @@
+#include "data/saving.h"
+
+#include "data/data_folder.h"
+#include "data/text_file.h"
+
+namespace jotlets {
+
+FileStatus SaveDataFile(Files& files, TextView path, const DataFileView& view) {
+  return files.Write(path, EncodeTextFile(ComposeDataFile(view)));
+}
+
+FileStatus SaveOptionsFile(Files& files, TextView path, const Options& options) {
+  return files.Write(path, EncodeTextFile(ComposeOptions(options)));
+}
+
+FileStatus MoveFriends(Files& files, TextView dataFolder, std::span<const Text> friendLines) {
+  const Text path = Text(dataFolder).append(kFriendsFileName);
+  if (friendLines.empty() || files.Exists(path)) return {};
+  Text text = u"[Friends]\n";
+  for (const Text& line : friendLines) text.append(line).push_back(u'\n');
+  return files.Write(path, EncodeTextFile(text));
+}
+
+bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options) {
+  const FileContent content = files.Read(path);
+  if (content.state != FileContent::State::kRead) return false;
+  LoadOptions(options, DecodeTextFile(content.bytes, ansi).text);
+  return true;
+}
+
+}  // namespace jotlets

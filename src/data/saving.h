@@ -1,0 +1,25 @@
+// Writing the data folder's files.
+#pragma once
+
+#include <span>
+
+#include "base/code_page.h"
+#include "base/files.h"
+#include "data/data_file.h"
+
+namespace jotlets {
+
+/// Writes a data file as a whole: after any failure or kill the old file stands.
+FileStatus SaveDataFile(Files& files, TextView path, const DataFileView& view);
+
+/// Writes the options file.
+FileStatus SaveOptionsFile(Files& files, TextView path, const Options& options);
+
+/// Writes the friends that an older data file held (its [Friends] lines) to "friends.ini" of the data folder,
+/// unless that file is there already.
+FileStatus MoveFriends(Files& files, TextView dataFolder, std::span<const Text> friendLines);
+
+/// Reads the options file over `options`; false when it could not be opened.
+bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options);
+
+}  // namespace jotlets
