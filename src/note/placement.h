@@ -1,0 +1,40 @@
+// Where a new note appears, and how one that lies off the screen comes back.
+#pragma once
+
+#include <span>
+
+#include "base/geometry.h"
+
+namespace jotlets {
+
+/// Where new notes appear without a position of their own.
+enum class Appear {
+  kPrimaryMonitor = 0,  // in the middle of it
+  kVirtualScreen = 1,   // in the middle of it, its origin deliberately not added
+  kAtCoords = 2,
+};
+
+struct PlacementSettings {
+  std::int32_t appear = 0;  // an `Appear`; any other number leaves the position as requested
+  Point coords;
+  bool preventOverlap = true;
+  Size newSize;  // of a note that is placed automatically
+  Size primaryScreen;
+  Size virtualScreen;
+};
+
+struct Placed {
+  Point position;
+  Size size;
+};
+
+/// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement. That
+/// takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as another
+/// note has exactly the same corner; partial overlaps are not avoided.
+Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings, std::span<const Point> corners);
+
+/// The place of a note that must be on the screen: only its top-left corner is looked at. `screen` is the
+/// virtual screen.
+Point RescuedPosition(Point position, const Rect& screen);
+
+}  // namespace jotlets

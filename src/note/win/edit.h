@@ -1,0 +1,43 @@
+// The rich-text editor of a note: a rich edit control, version 5.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "base/geometry.h"
+#include "base/text.h"
+
+namespace jotlets {
+
+class BEdit {
+ public:
+  static constexpr int kControlId = 100;
+
+  /// Creates the control inside `parent`; false when the rich-edit library is missing.
+  bool Create(HWND parent, const Rect& bounds);
+  HWND Handle() const { return edit_; }
+
+  /// Replaces the content; the change does not count as the user's. A damaged rich text gives what could be read.
+  void SetRtf(std::string_view rtf);
+  std::string Rtf() const;
+  void SetPlainText(TextView text);
+  /// The text without formatting, lines ended by "\r\n".
+  Text PlainText() const;
+  /// The first code units of the text, at most `most`, lines ended by "\r".
+  Text TextStart(std::int32_t most) const;
+
+  void SetBackground(Colour colour);
+  void SetReadOnly(bool readOnly);
+  void SetBounds(const Rect& bounds);
+  Point ScrollPosition() const;
+  void SetScrollPosition(Point position);
+  /// Inserts the clipboard at the caret.
+  void Paste();
+
+ private:
+  HWND edit_ = nullptr;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,33 @@
+// Decoded pictures, and the PNG reader and writer over libpng.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/geometry.h"
+
+namespace jotlets {
+
+/// Pixels top row first, without gaps: blue, green, red, alpha bytes, colours multiplied by alpha (the form that
+/// alpha blending of the platform takes).
+struct Picture {
+  Size size;
+  std::vector<std::uint8_t> pixels;  // width * height * 4
+};
+
+/// Pictures above this many pixels are refused: a small hostile file can claim any size.
+inline constexpr std::int64_t kMostPicturePixels = 64 * 1024 * 1024;
+
+/// Decodes a PNG; nothing when the bytes are no PNG, are damaged, or too large.
+std::optional<Picture> DecodePng(std::string_view bytes);
+
+/// Encodes a picture as a PNG; empty when that fails.
+std::string EncodePng(const Picture& picture);
+
+/// `size` made smaller, keeping its proportions, until it fits into `area`; at least 1 by 1.
+Size FittedSize(Size size, Size area);
+
+}  // namespace jotlets

@@ -1,0 +1,25 @@
+// A decoded picture as a bitmap that can be drawn.
+#pragma once
+
+#include <windows.h>
+
+#include "skin/picture.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+class PictureBitmap {
+ public:
+  /// Takes the pixels over into a bitmap; false when the system could not make one.
+  bool Load(const Picture& picture);
+  bool IsLoaded() const { return bitmap_ != nullptr; }
+
+  /// Draws the picture into the area from its top-left corner, made smaller to fit when it is larger.
+  void Draw(HDC dc, const Rect& area) const;
+
+ private:
+  UniqueBitmap bitmap_;
+  Size size_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,33 @@
+#include "ui/dialog.h"
+
+#include <exception>
+
+namespace jotlets {
+
+INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
+  return DialogBoxParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), owner, Procedure,
+                         reinterpret_cast<LPARAM>(this));
+}
+
+INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  try {
+    if (message == WM_INITDIALOG) {
+      auto* object = reinterpret_cast<Dialog*>(lParam);
+      SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+      object->dialog_ = dialog;
+      object->OnInit();
+      return TRUE;
+    }
+    auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    if (object == nullptr || message != WM_COMMAND) return FALSE;
+    const UINT control = LOWORD(wParam);
+    if (object->OnCommand(control, HIWORD(wParam))) return TRUE;
+    if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));
+    return TRUE;
+  } catch (const std::exception& error) {
+    OutputDebugStringA(error.what());
+    return FALSE;
+  }
+}
+
+}  // namespace jotlets

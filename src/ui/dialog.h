@@ -1,0 +1,36 @@
+// Base class of the program's dialogs.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class Dialog {
+ public:
+  virtual ~Dialog() = default;
+  Dialog(const Dialog&) = delete;
+  Dialog& operator=(const Dialog&) = delete;
+
+  /// Shows the dialog and waits until it ends; the answer is what `End` was given, -1 when it could not be shown.
+  INT_PTR Show(const Resources& resources, UINT id, HWND owner);
+
+ protected:
+  Dialog() = default;
+
+  virtual void OnInit() = 0;
+  /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
+  virtual bool OnCommand(UINT control, UINT notification) = 0;
+
+  HWND Handle() const { return dialog_; }
+  HWND Item(int control) const { return GetDlgItem(dialog_, control); }
+  void End(INT_PTR answer) { EndDialog(dialog_, answer); }
+
+ private:
+  static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+  HWND dialog_ = nullptr;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,61 @@
+#include "ui/resources.h"
+
+
+#include "base/win/wide.h"
+#include "ui/screen.h"
+
+namespace jotlets {
+namespace {
+
+Text StringOf(HMODULE module, UINT id) {
+  // With a size of 0 the system gives a pointer into the resource itself.
+  const wchar_t* text = nullptr;
+  const int length = LoadStringW(module, id, reinterpret_cast<wchar_t*>(&text), 0);
+  return length > 0 ? Text(FromWide(text, static_cast<std::size_t>(length))) : Text();
+}
+
+}  // namespace
+
+Resources::Resources() : program_(GetModuleHandleW(nullptr)) {
+  const Text path = ProgramFolder() + u"language80.dll";
+  translation_.reset(LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+}
+
+Text Resources::String(UINT id) const {
+  Text text;
+  if (translation_) text = StringOf(translation_.get(), id);
+  return text.empty() ? StringOf(program_, id) : text;
+}
+
+UniqueMenu Resources::Menu(UINT id) const {
+  HMENU menu = translation_ ? LoadMenuW(translation_.get(), MAKEINTRESOURCEW(id)) : nullptr;
+  if (menu == nullptr) menu = LoadMenuW(program_, MAKEINTRESOURCEW(id));
+  return UniqueMenu(menu);
+}
+
+UniqueAccelerators Resources::Accelerators(UINT id) const {
+  HACCEL keys = translation_ ? LoadAcceleratorsW(translation_.get(), MAKEINTRESOURCEW(id)) : nullptr;
+  if (keys == nullptr) keys = LoadAcceleratorsW(program_, MAKEINTRESOURCEW(id));
+  return UniqueAccelerators(keys);
+}
+
+UniqueIcon Resources::Icon(UINT id) const {
+  return UniqueIcon(static_cast<HICON>(LoadImageW(program_, MAKEINTRESOURCEW(id), IMAGE_ICON,
+                                                  GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0)));
+}
+
+std::string_view Resources::Bytes(UINT id) const {
+  const HRSRC found = FindResourceW(program_, MAKEINTRESOURCEW(id), reinterpret_cast<const wchar_t*>(RT_RCDATA));
+  if (found == nullptr) return {};
+  const HGLOBAL loaded = LoadResource(program_, found);
+  if (loaded == nullptr) return {};
+  return {static_cast<const char*>(LockResource(loaded)), SizeofResource(program_, found)};
+}
+
+HMODULE Resources::DialogModule(UINT id) const {
+  const bool translated =
+      translation_ && FindResourceW(translation_.get(), MAKEINTRESOURCEW(id), reinterpret_cast<const wchar_t*>(RT_DIALOG));
+  return translated ? translation_.get() : program_;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,39 @@
+// Texts, menus and dialogs: taken from the translation "language80.dll" when it is there, else from the program.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "base/text.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+struct FreeLibraryDeleter {
+  void operator()(HMODULE module) const { FreeLibrary(module); }
+};
+using UniqueModule = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeLibraryDeleter>;
+
+class Resources {
+ public:
+  /// Loads the translation beside the program as data; without one the program's own resources serve.
+  Resources();
+
+  /// A text of the string table; the program's own when the translation lacks it.
+  Text String(UINT id) const;
+  UniqueMenu Menu(UINT id) const;
+  UniqueAccelerators Accelerators(UINT id) const;
+  /// A small icon of the program, for the notification area and window classes.
+  UniqueIcon Icon(UINT id) const;
+  /// The bytes of a raw-data resource of the program.
+  std::string_view Bytes(UINT id) const;
+  /// The module that holds a dialog template: the translation, unless it lacks it.
+  HMODULE DialogModule(UINT id) const;
+
+ private:
+  UniqueModule translation_;
+  HMODULE program_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,20 @@
+// What the platform knows about screens, folders and this program.
+#pragma once
+
+#include "base/geometry.h"
+#include "base/text.h"
+
+namespace jotlets {
+
+/// The rectangle around all monitors.
+Rect VirtualScreen();
+Size PrimaryScreenSize();
+
+/// Full path of the program file, and its folder with "\" at the end.
+Text ProgramPath();
+Text ProgramFolder();
+
+/// Makes the process aware of each monitor's scale: version 2 of that where the system has it, else version 1.
+void EnableDpiAwareness();
+
+}  // namespace jotlets

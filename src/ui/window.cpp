@@ -1,0 +1,75 @@
+#include "ui/window.h"
+
+#include <exception>
+
+namespace jotlets {
+
+bool Window::RegisterWindowClass(const wchar_t* className, HICON icon, UINT classStyle) {
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.style = classStyle;
+  windowClass.lpfnWndProc = Procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hIcon = icon;
+  windowClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<const wchar_t*>(IDC_ARROW));
+  windowClass.lpszClassName = className;
+  return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+Window::~Window() { Destroy(); }
+
+bool Window::Create(const wchar_t* className, const wchar_t* title, const Rect& bounds, WindowStyle style, HWND owner) {
+  return CreateWindowExW(style.extended, className, title, style.style, bounds.left, bounds.top, bounds.Width(),
+                         bounds.Height(), owner, nullptr, GetModuleHandleW(nullptr), this) != nullptr;
+}
+
+void Window::Destroy() {
+  if (window_ == nullptr) return;
+  const HWND window = window_;
+  // Messages on the way down would reach an object that is half gone.
+  window_ = nullptr;
+  SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  DestroyWindow(window);
+}
+
+Rect Window::Bounds() const {
+  RECT bounds{};
+  GetWindowRect(window_, &bounds);
+  return FromRECT(bounds);
+}
+
+std::int32_t Window::Dpi() const { return static_cast<std::int32_t>(GetDpiForWindow(window_)); }
+
+LRESULT Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+  return DefWindowProcW(window_, message, wParam, lParam);
+}
+
+LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  if (message == WM_NCCREATE) {
+    auto* object = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    object->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
+  }
+  auto* object = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    object->window_ = nullptr;
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+  // What throws here is memory running out; an exception must not cross into the system, and the notes that are
+  // already safe matter more than this one message.
+  struct Depth {
+    int& depth;
+    explicit Depth(int& d) : depth(d) { ++depth; }
+    ~Depth() { --depth; }
+  } const inMessage(object->depth_);
+  try {
+    return object->OnMessage(message, wParam, lParam);
+  } catch (const std::exception& error) {
+    OutputDebugStringA(error.what());
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+}
+
+}  // namespace jotlets
