@@ -1,0 +1,73 @@
+#include "app/note_saver.h"
+
+#include <utility>
+
+#include "data/data_folder.h"
+#include "data/loading.h"
+#include "data/saving.h"
+
+namespace jotlets {
+
+void NoteSaver::SetFolder(TextView dataFolder, TextView installId) {
+  folder_ = dataFolder;
+  installId_ = installId;
+}
+
+Text NoteSaver::MainPath() const { return folder_ + Text(kDataFileName); }
+
+void NoteSaver::RemoveContentLater(const JotletData& record) { contentToRemove_.push_back(ContentPath(record)); }
+
+bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
+  log_.Write(kLogDetail, Text(u"SaveJotlets started for '").append(path).append(u"'"));
+  FileStatus status;
+  if (isMainSave) {
+    if (!PutUnreadFileAside()) return false;
+    status = open_.SaveContents(RecordTime(clock_.Now().utc));
+  }
+  DataFileView view;
+  view.installId = installId_;
+  view.stacks = lists_.stacks;
+  view.jotlets = open_.Records();
+  for (const auto* list : {&lists_.attached, &lists_.sleeping}) {
+    for (const JotletData& record : *list) view.jotlets.push_back(&record);
+  }
+  view.verbatim = lists_.verbatim;
+  view.deleted = lists_.deleted;
+  view.rolledHasAltPosition = options_.rolledHasAltPosition;
+  const FileStatus written = SaveDataFile(files_, path, view);
+  if (status) status = written;
+  if (!status) {
+    log_.Write(kLogLifecycle, Text(u"SaveJotlets failed for '").append(path).append(u"': ").append(status.reason));
+    return false;
+  }
+  if (isMainSave) {
+    dirty_ = false;
+    RemoveContents();
+  }
+  log_.Write(kLogDetail, u"SaveJotlets completed OK");
+  return true;
+}
+
+bool NoteSaver::SaveIfDirty() { return !IsDirty() || SaveJotlets(MainPath(), true); }
+
+bool NoteSaver::PutUnreadFileAside() {
+  if (!unreadFileInPlace_) return true;
+  if (files_.Exists(MainPath())) {
+    const Text kept = NameForDamaged(files_, MainPath(), clock_.Now().local);
+    if (const FileStatus renamed = files_.Rename(MainPath(), kept); !renamed) {
+      log_.Write(kLogLifecycle, u"The unread data file could not be put aside: " + renamed.reason);
+      return false;
+    }
+  }
+  unreadFileInPlace_ = false;
+  return true;
+}
+
+void NoteSaver::RemoveContents() {
+  for (const Text& path : std::exchange(contentToRemove_, {})) {
+    const FileStatus removed = files_.Remove(folder_ + path);
+    if (!removed) log_.Write(kLogLifecycle, u"Unable to remove '" + path + u"': " + removed.reason);
+  }
+}
+
+}  // namespace jotlets

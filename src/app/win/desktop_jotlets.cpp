@@ -1,0 +1,152 @@
+#include "app/win/desktop_jotlets.h"
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/placement.h"
+
+namespace jotlets {
+
+BJotlet* DesktopJotlets::Open(JotletData record) {
+  const Text id = record.id;
+  const FileContent content = files_.Read(folder_ + ContentPath(record));
+  auto jotlet = std::make_unique<BJotlet>(*this, std::move(record));
+  if (!jotlet->CreateWindowFor()) {
+    log_.Write(kLogLifecycle, u"No window for jotlet " + id + u": " + LastErrorText(u"CreateWindowEx"));
+    return nullptr;
+  }
+  if (content.state == FileContent::State::kRead) {
+    jotlet->LoadContent(content.bytes);
+  } else if (content.state == FileContent::State::kUnreadable) {
+    log_.Write(kLogLifecycle, u"Unable to read the content of jotlet " + id + u": " + content.reason);
+  }
+  jotlets_.push_back(std::move(jotlet));
+  BJotlet* opened = jotlets_.back().get();
+  byId_[FoldCase(id)] = opened;
+  return opened;
+}
+
+BJotlet* DesktopJotlets::Find(TextView id) {
+  const auto found = byId_.find(FoldCase(id));
+  return found == byId_.end() ? nullptr : found->second;
+}
+
+std::vector<Text> DesktopJotlets::Ids() const {
+  std::vector<Text> ids;
+  ids.reserve(jotlets_.size());
+  for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
+  return ids;
+}
+
+std::optional<JotletData> DesktopJotlets::Remove(TextView id, std::int32_t now) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return std::nullopt;
+  const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
+  if (!saved) log_.Write(kLogLifecycle, Text(u"Unable to save the content of jotlet ").append(id).append(u": ").append(saved.reason));
+  JotletData record = jotlet->Record();
+  byId_.erase(FoldCase(id));
+  const auto at = std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
+  removed_.push_back(std::move(*at));
+  jotlets_.erase(at);
+  jotlet->DestroyWindowNow();
+  owner_.PurgeSoon();
+  return record;
+}
+
+void DesktopJotlets::ShowAll() {
+  for (const auto& jotlet : jotlets_) {
+    if (!jotlet->StoredRecord().hidden) jotlet->Show();
+  }
+}
+
+void DesktopJotlets::SetAllHidden(bool hidden) {
+  for (const auto& jotlet : jotlets_) {
+    if (hidden) {
+      jotlet->Hide();
+    } else {
+      jotlet->Show();
+    }
+  }
+  owner_.SetDirty();
+}
+
+void DesktopJotlets::BringForward() {
+  for (const auto& jotlet : jotlets_) jotlet->BringForward();
+}
+
+bool DesktopJotlets::Rescue(const Rect& screen) {
+  bool any = false;
+  for (const auto& jotlet : jotlets_) {
+    const JotletData& record = jotlet->Record();
+    const Point from{record.x, record.y};
+    const Point to = RescuedPosition(from, screen);
+    if (from == to) continue;
+    jotlet->MoveTo(to);
+    log_.Write(kLogLifecycle, u"Saved jotlet " + record.id + u" from appearing off screen (moved from " +
+                                  IntText(from.x) + u"," + IntText(from.y) + u" to " + IntText(to.x) + u"," +
+                                  IntText(to.y) + u")");
+    any = true;
+  }
+  return any;
+}
+
+void DesktopJotlets::CloseAll() {
+  for (const Text& id : Ids()) {
+    owner_.NotifyListeners(u"501 closed desktop jotlet appExit", id);
+  }
+  byId_.clear();
+  for (auto& jotlet : jotlets_) {
+    jotlet->DestroyWindowNow();
+    removed_.push_back(std::move(jotlet));
+  }
+  jotlets_.clear();
+}
+
+void DesktopJotlets::Purge() {
+  std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
+  if (!removed_.empty()) owner_.PurgeSoon();
+}
+
+std::vector<const JotletData*> DesktopJotlets::Records() {
+  std::vector<const JotletData*> records;
+  records.reserve(jotlets_.size());
+  for (const auto& jotlet : jotlets_) records.push_back(&jotlet->Record());
+  return records;
+}
+
+bool DesktopJotlets::HasUnsavedContent() const {
+  return std::any_of(jotlets_.begin(), jotlets_.end(), [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
+}
+
+FileStatus DesktopJotlets::SaveContents(std::int32_t now) {
+  FileStatus first;
+  for (const auto& jotlet : jotlets_) {
+    const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
+    if (!saved && first) first = saved;
+  }
+  return first;
+}
+
+void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
+  owner_.NotifyListeners(u"509 desktop jotlet moved", jotlet.StoredRecord().id);
+}
+
+void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {
+  owner_.NotifyListeners(u"510 desktop jotlet sized", jotlet.StoredRecord().id);
+}
+
+void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
+  owner_.NotifyListeners(gained ? u"506 desktop jotlet focus" : u"507 desktop jotlet losefocus",
+                         jotlet.StoredRecord().id);
+}
+
+HFONT DesktopJotlets::TitleFont(std::int32_t dpi) {
+  UniqueFont& font = titleFonts_[dpi];
+  if (!font) {
+    font.reset(CreateFontW(-MulDiv(9, dpi, 72), 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                           CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+  }
+  return font.get();
+}
+
+}  // namespace jotlets

@@ -1,0 +1,83 @@
+// The open notes: their windows, in list order, found by id.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "app/note_saver.h"
+#include "note/win/jotlet.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+/// What the open notes tell their owner.
+class DesktopOwner {
+ public:
+  virtual ~DesktopOwner() = default;
+  virtual void SetDirty() = 0;
+  virtual void NotifyListeners(TextView eventText, TextView id) = 0;
+  /// The user wants the note closed.
+  virtual void OnCloseWanted(const Text& id) = 0;
+  virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
+  /// Notes wait to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
+  virtual void PurgeSoon() = 0;
+};
+
+class DesktopJotlets final : public JotletOwner, public OpenNotes {
+ public:
+  DesktopJotlets(DesktopOwner& owner, Files& files, Log& log) : owner_(owner), files_(files), log_(log) {}
+
+  void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
+
+  /// Opens a note window for a record with a place and a size, its content read from its content file, and puts
+  /// it at the end of the list, not yet shown. nullptr, with a log line, when the window could not be made.
+  BJotlet* Open(JotletData record);
+
+  BJotlet* Find(TextView id);
+  const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
+  std::vector<Text> Ids() const;
+
+  /// Takes a note off the desktop and returns its record; its unsaved content is written first. Nothing when
+  /// there is no such note.
+  std::optional<JotletData> Remove(TextView id, std::int32_t now);
+
+  /// Shows every note that is not hidden.
+  void ShowAll();
+  void SetAllHidden(bool hidden);
+  void BringForward();
+  /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
+  bool Rescue(const Rect& screen);
+  void CloseAll();
+
+  /// Throws removed notes away whose windows no longer serve a message.
+  void Purge();
+
+  std::vector<const JotletData*> Records() override;
+  bool HasUnsavedContent() const override;
+  FileStatus SaveContents(std::int32_t now) override;
+
+  void OnJotletChanged() override { owner_.SetDirty(); }
+  void OnJotletMoved(BJotlet& jotlet) override;
+  void OnJotletSized(BJotlet& jotlet) override;
+  void OnJotletFocus(BJotlet& jotlet, bool gained) override;
+  void OnJotletClose(BJotlet& jotlet) override { owner_.OnCloseWanted(jotlet.StoredRecord().id); }
+  void OnJotletMenu(BJotlet& jotlet, Point screen) override { owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen); }
+  HFONT TitleFont(std::int32_t dpi) override;
+
+ private:
+  DesktopOwner& owner_;
+  Files& files_;
+  Log& log_;
+  Text folder_;
+  std::vector<std::unique_ptr<BJotlet>> jotlets_;
+  std::unordered_map<Text, BJotlet*> byId_;  // by folded id
+  // A note may be removed while one of its messages is being served; it then waits here.
+  std::vector<std::unique_ptr<BJotlet>> removed_;
+  std::map<std::int32_t, UniqueFont> titleFonts_;
+};
+
+}  // namespace jotlets

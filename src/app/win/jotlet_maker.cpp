@@ -1,0 +1,116 @@
+#include "app/win/jotlet_maker.h"
+
+#include "app/win/system_facts.h"
+#include "data/data_folder.h"
+#include "data/loading.h"
+#include "note/placement.h"
+#include "skin/picture.h"
+#include "ui/screen.h"
+
+namespace jotlets {
+
+JotletMaker::JotletMaker(Files& files, const Clock& clock, Log& log, const Options& options, const JotletLists& lists,
+                         DesktopJotlets& desktop)
+    : files_(files),
+      clock_(clock),
+      log_(log),
+      options_(options),
+      lists_(lists),
+      desktop_(desktop),
+      ids_(InstanceNumber()) {}
+
+void JotletMaker::ProvideTemplates(std::string_view rtf) {
+  const Text rtfPath = folder_ + Text(kDefaultRtfName);
+  if (!files_.Exists(rtfPath)) files_.Write(rtfPath, rtf);
+  const Text pngPath = folder_ + Text(kDefaultPngName);
+  if (files_.Exists(pngPath)) return;
+  const Size size = Options().imageJotletDefaultSize;
+  const Picture white{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width * size.height) * 4, 255)};
+  files_.Write(pngPath, EncodePng(white));
+}
+
+Text JotletMaker::NewJotletId() {
+  JotletData probe;
+  JotletData probeImage;
+  probeImage.isImage = 1;
+  for (;;) {
+    probe.id = probeImage.id = ids_.Next(clock_.Now().local);
+    const bool taken = desktop_.Find(probe.id) != nullptr || lists_.Holds(probe.id) ||
+                       files_.Exists(folder_ + ContentPath(probe)) || files_.Exists(folder_ + ContentPath(probeImage));
+    if (!taken) return probe.id;
+  }
+}
+
+BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
+  JotletData record;
+  record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc), fresh.id.empty() ? NewJotletId() : fresh.id);
+  record.isImage = fresh.isImage ? 1 : 0;
+  record.title = fresh.title;
+  record.source = fresh.source;
+  if (fresh.colour) record.colour = *fresh.colour;
+  Place(record);
+  if (fresh.width > 0) record.width = fresh.width;
+  const Text id = record.id;
+  if (fresh.id.empty() && !ProvideContent(record)) return nullptr;
+  BJotlet* jotlet = desktop_.Open(std::move(record));
+  if (jotlet == nullptr) return nullptr;
+  if (!fresh.rtf.empty()) {
+    jotlet->SetRtf(fresh.rtf);
+  } else if (!fresh.text.empty()) {
+    jotlet->SetPlainText(fresh.text);
+  }
+  if (fresh.fromClipboard) jotlet->PasteClipboard();
+  jotlet->Show();
+  log_.Write(kLogDetail, u"Created (" + fresh.reason + u") " + id);
+  return jotlet;
+}
+
+BJotlet* JotletMaker::OpenLoaded(JotletData record) {
+  if (record.x == kNotSet || record.y == kNotSet) {
+    const Size size{record.width, record.height};
+    Place(record);
+    if (size.width > 0) record.width = size.width;
+    if (size.height > 0) record.height = size.height;
+  }
+  if (record.width <= 0) record.width = options_.defaultWidth;
+  if (record.height <= 0) record.height = options_.defaultHeight;
+  return desktop_.Open(std::move(record));
+}
+
+void JotletMaker::Place(JotletData& record) const {
+  PlacementSettings settings;
+  settings.appear = options_.newJotletsAppear;
+  settings.coords = options_.newJotletsCoords;
+  settings.preventOverlap = options_.preventOverlap == 1;
+  settings.newSize = record.IsImage() ? options_.imageJotletDefaultSize
+                                      : Size{options_.defaultWidth, options_.defaultHeight};
+  settings.primaryScreen = PrimaryScreenSize();
+  const Rect screen = VirtualScreen();
+  settings.virtualScreen = {screen.Width(), screen.Height()};
+  std::vector<Point> corners;
+  for (const auto& jotlet : desktop_.All()) {
+    const Rect bounds = jotlet->Bounds();
+    corners.push_back({bounds.left, bounds.top});
+  }
+  const Placed placed = PlaceNewJotlet({record.x, record.y}, {record.width, record.height}, settings, corners);
+  record.x = placed.position.x;
+  record.y = placed.position.y;
+  record.width = placed.size.width;
+  record.height = placed.size.height;
+}
+
+// A new note begins as a copy of the user's template, so that its content is on the disk from the first moment.
+bool JotletMaker::ProvideContent(const JotletData& record) {
+  const Text original = folder_ + Text(record.IsImage() ? kDefaultPngName : kDefaultRtfName);
+  const FileStatus copied = files_.Copy(original, folder_ + ContentPath(record));
+  if (copied) return true;
+  if (record.IsImage()) {
+    log_.Write(kLogLifecycle, u"No picture for a new jotlet: " + copied.reason);
+    return false;
+  }
+  const FileStatus written = files_.Write(folder_ + ContentPath(record), kPlaceholderRtf);
+  if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: " + written.reason);
+  return true;
+}
+
+}  // namespace jotlets

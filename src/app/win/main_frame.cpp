@@ -1,0 +1,434 @@
+#include "app/win/main_frame.h"
+
+#include <algorithm>
+
+#include "app/note_message.h"
+#include "app/win/data_location.h"
+#include "app/win/hot_keys.h"
+#include "app/win/main_menus.h"
+#include "app/win/orphan_dialog.h"
+#include "app/win/system_facts.h"
+#include "base/win/wide.h"
+#include "data/data_folder.h"
+#include "data/saving.h"
+#include "res/resource.h"
+#include "ui/screen.h"
+
+namespace jotlets {
+namespace {
+
+enum Timer : UINT_PTR {
+  kSaveTimer = 1224,
+  kFlashTimer = 1225,
+  kMinuteTimer = 1226,
+  kSecondTimer = 1227,
+  kAnimationTimer = 1228,
+  kOptionsTimer = 1229,
+};
+
+constexpr UINT kSaveDelay = 10000;
+constexpr UINT kFlashPeriod = 500;
+constexpr UINT kMinutePeriod = 60000;
+constexpr UINT kSecondPeriod = 1000;
+constexpr UINT kAnimationPeriod = 17;
+constexpr int kSafetyCopyMinutes = 60;
+
+enum PrivateMessage : UINT {
+  kTrayMessage = WM_APP + 1,
+  kPurgeMessage,
+  kCheckContentMessage,
+};
+
+}  // namespace
+
+CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue)
+    : resources_(resources),
+      instance_(instance),
+      rescue_(rescue),
+      accelerators_(resources.Accelerators(IDA_MAIN)),
+      log_(files_, clock_),
+      desktop_(*this, files_, log_),
+      saver_(files_, clock_, log_, options_, lists_, desktop_),
+      maker_(files_, clock_, log_, options_, lists_, desktop_),
+      commands_(*this, ansi_, log_),
+      tray_(resources, resources.String(IDS_TOOLTIP)) {}
+
+bool CMainFrame::Start() {
+  taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
+  if (!RegisterWindowClass(kMainWindowClass) || !Create(kMainWindowClass, WideLiteral(kVersionText), {}, {})) return false;
+  // The shell is less privileged than a program started as administrator; its broadcast must still come through.
+  ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
+  if (OnCreate()) return true;
+  exiting_ = true;
+  Destroy();
+  return false;
+}
+
+bool CMainFrame::OnCreate() {
+  for (const wchar_t* name : {kJotletClass, L"BraskJotletStack", L"BraskJotletNoteShadow", L"BraskJotletStackShadow"}) {
+    if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS)) Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
+  }
+  tray_.Add(Handle(), kTrayMessage);
+  commands_.SetWindow(Handle());
+  if (!FindDataFolder()) return false;
+  const bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
+  if (firstRun) ProvideFirstRun();
+  optionsUnread_ = !LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_) &&
+                   files_.Exists(folder_ + Text(kOptionsFileName));
+  log_.Open(folder_ + Text(kActivityLogName), options_.debug);
+  if (!firstRun && !LoadJotlets()) return false;
+  SaveOptions();
+  RegisterHotKeys(Handle(), options_, log_);
+  SetTimer(Handle(), kMinuteTimer, kMinutePeriod, nullptr);
+  SetTimer(Handle(), kSecondTimer, kSecondPeriod, nullptr);
+  SetTimer(Handle(), kAnimationTimer, kAnimationPeriod, nullptr);
+  SetDirty();
+  Log(kLogLifecycle, Text(u"Started Jotlets: '").append(kVersionText).append(u"'"));
+  ready_ = true;
+  // The check may ask the user; it waits until the program is up.
+  PostMessageW(Handle(), kCheckContentMessage, 0, 0);
+  return true;
+}
+
+bool CMainFrame::FindDataFolder() {
+  folder_ = jotlets::FindDataFolder(GatherDataFolderFacts(), files_);
+  const FileStatus made = MakeDataFolders(files_, folder_);
+  if (!made) {
+    Tell(IDS_SAVE_FAILED, folder_);
+    return false;
+  }
+  desktop_.SetFolder(folder_);
+  maker_.SetFolder(folder_);
+  return true;
+}
+
+// The templates of new notes and a note that says hello.
+void CMainFrame::ProvideFirstRun() {
+  maker_.ProvideTemplates(resources_.Bytes(IDR_DEFAULT_RTF));
+  installId_ = NewJotletId();
+  saver_.SetFolder(folder_, installId_);
+  NewJotlet welcome;
+  welcome.reason = u"welcome";
+  welcome.title = resources_.String(IDS_WELCOME_TITLE);
+  welcome.text = resources_.String(IDS_WELCOME_TEXT);
+  CreateJotlet(welcome);
+}
+
+bool CMainFrame::LoadJotlets() {
+  LoadedData loaded = jotlets::LoadJotlets(
+      {files_, ansi_, options_, [this] { return NewJotletId(); }, clock_.Now(), log_}, folder_);
+  if (loaded.file.version > kDataFileVersion) {
+    Tell(IDS_NEWER_VERSION, folder_ + Text(kDataFileName));
+    instance_.Release();
+    return false;
+  }
+  TakeLoaded(std::move(loaded));
+  return true;
+}
+
+void CMainFrame::TakeLoaded(LoadedData loaded) {
+  installId_ = loaded.file.installId.empty() ? NewJotletId() : loaded.file.installId;
+  saver_.SetFolder(folder_, installId_);
+  if (loaded.MustNotBeReplaced()) saver_.KeepUnreadFile();
+  const FileStatus friends = MoveFriends(files_, folder_, loaded.file.friendLines);
+  if (!friends) Log(kLogLifecycle, u"Unable to write the friends file: " + friends.reason);
+  if (loaded.damaged) TellOfDamage(loaded);
+  for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
+  if (rescue_) desktop_.Rescue(VirtualScreen());
+  if (options_.hidden == 1) {
+    ShowTrayIcon();
+  } else {
+    desktop_.ShowAll();
+  }
+}
+
+void CMainFrame::TellOfDamage(const LoadedData& loaded) {
+  Text text = loaded.keptAs.empty() ? resources_.String(IDS_DAMAGED_NOT_KEPT)
+                                    : ReplaceAll(resources_.String(IDS_DAMAGED_KEPT), u"%s", loaded.keptAs);
+  if (!loaded.loadedInstead.empty()) {
+    text += u"\n" + ReplaceAll(resources_.String(IDS_DAMAGED_INSTEAD), u"%s", loaded.loadedInstead);
+  }
+  tray_.Balloon(kVersionText, text);
+  SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
+}
+
+void CMainFrame::CheckContent() {
+  std::vector<Orphan> orphans = CheckContentFiles(files_, folder_, lists_.ByKind(desktop_.Records()), log_);
+  if (orphans.empty()) return;
+  BOrphanDlg dialog(std::move(orphans));
+  if (dialog.Show(resources_, IDD_ORPHANS, Handle()) != IDOK || exiting_) return;
+  for (const Orphan& orphan : dialog.Chosen()) {
+    NewJotlet adopted;
+    adopted.reason = u"adopting";
+    adopted.id = orphan.id;
+    adopted.isImage = orphan.isImage;
+    // Meanwhile a command may have made a note of this name.
+    if (FindJotlet(orphan.id) == nullptr) CreateJotlet(adopted);
+  }
+}
+
+LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COPYDATA:
+      return OnCopyData(reinterpret_cast<HWND>(wParam), reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+    case WM_TIMER: OnTimer(wParam); return 0;
+    case WM_HOTKEY: OnHotKey(static_cast<int>(wParam)); return 0;
+    case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
+    case kTrayMessage: OnTray(lParam); return 0;
+    case kPurgeMessage: desktop_.Purge(); return 0;
+    case kCheckContentMessage: CheckContent(); return 0;
+    case WM_CLOSE: ExitJotlets(u"close"); return 0;
+    case WM_QUERYENDSESSION: return TRUE;
+    case WM_ENDSESSION: OnEndSession(wParam != 0); return 0;
+    default: break;
+  }
+  if (message == taskbarCreated_ && message != 0) tray_.AddAgain();
+  return Default(message, wParam, lParam);
+}
+
+LRESULT CMainFrame::OnCopyData(HWND sender, const COPYDATASTRUCT* record) {
+  if (!ready_ || exiting_ || record == nullptr) return FALSE;
+  commands_.OnCopyData(sender, *record);
+  return TRUE;
+}
+
+void CMainFrame::OnTimer(UINT_PTR id) {
+  if (exiting_) return;
+  switch (id) {
+    case kSaveTimer:
+      KillTimer(Handle(), kSaveTimer);
+      SaveIfDirty();
+      break;
+    case kOptionsTimer:
+      KillTimer(Handle(), kOptionsTimer);
+      SaveOptions();
+      break;
+    case kMinuteTimer: OnMinute(); break;
+    case kSecondTimer: ++secondsRun_; break;
+    case kFlashTimer:
+      blankIcon_ = !blankIcon_;
+      ShowTrayIcon();
+      break;
+    default: break;
+  }
+}
+
+void CMainFrame::OnMinute() {
+  if (++minutes_ % kSafetyCopyMinutes == 0) SaveJotlets(folder_ + Text(kSafetyCopyName));
+}
+
+void CMainFrame::SetDirty() {
+  if (exiting_ || folder_.empty()) return;
+  saver_.SetDirty();
+  SetTimer(Handle(), kSaveTimer, kSaveDelay, nullptr);
+}
+
+void CMainFrame::SetOptionsDirty() {
+  optionsDirty_ = true;
+  SetTimer(Handle(), kOptionsTimer, kSaveDelay, nullptr);
+}
+
+bool CMainFrame::SaveJotlets() {
+  const bool saved = saver_.SaveJotlets(saver_.MainPath(), true);
+  if (saved) KillTimer(Handle(), kSaveTimer);
+  saveFailureTold_ = saveFailureTold_ && !saved;
+  return saved;
+}
+
+void CMainFrame::SaveIfDirty() {
+  if (saver_.SaveIfDirty()) {
+    saveFailureTold_ = false;
+    return;
+  }
+  // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause.
+  if (!saveFailureTold_) {
+    saveFailureTold_ = true;
+    Tell(IDS_SAVE_FAILED, saver_.MainPath());
+  }
+  SetDirty();
+}
+
+void CMainFrame::SaveOptions() {
+  optionsDirty_ = false;
+  if (optionsUnread_) return;
+  const Text path = folder_ + Text(kOptionsFileName);
+  Log(kLogDetail, u"SaveOptions started for '" + path + u"'");
+  const FileStatus saved = SaveOptionsFile(files_, path, options_);
+  Log(saved ? kLogDetail : kLogLifecycle, saved ? Text(u"SaveOptions completed OK") : u"SaveOptions failed: " + saved.reason);
+}
+
+Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
+  BJotlet* jotlet = maker_.Make(fresh);
+  if (jotlet == nullptr) return {};
+  const Text id = jotlet->StoredRecord().id;
+  SetDirty();
+  NotifyListeners(u"500 created desktop jotlet " + fresh.reason, id);
+  return id;
+}
+
+bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
+  const std::int32_t now = RecordTime(clock_.Now().utc);
+  std::optional<JotletData> record = desktop_.Remove(id, now);
+  if (!record) return false;
+  const Text closedId = record->id;
+  const std::vector<JotletData> dropped = lists_.AddClosed(std::move(*record), now, options_.keepDeleted);
+  for (const JotletData& gone : dropped) saver_.RemoveContentLater(gone);
+  SetDirty();
+  NotifyListeners(Text(u"501 closed desktop jotlet ").append(reason), closedId);
+  for (const JotletData& gone : dropped) NotifyListenersText(u"508 deleted closed jotlet " + gone.id);
+  return true;
+}
+
+bool CMainFrame::DeleteJotlet(TextView id, TextView reason) {
+  BJotlet* jotlet = FindJotlet(id);
+  if (jotlet == nullptr) return false;
+  NotifyListeners(Text(u"502 deleted desktop jotlet ").append(reason), Text(jotlet->StoredRecord().id));
+  // A listener may have deleted it from inside the event.
+  const std::optional<JotletData> record = desktop_.Remove(id, RecordTime(clock_.Now().utc));
+  if (!record) return false;
+  saver_.RemoveContentLater(*record);
+  SetDirty();
+  return true;
+}
+
+void CMainFrame::ImportNoteMessage(TextView text) {
+  const auto message = ParseNoteMessage(text);
+  if (!message) {
+    Log(kLogDetail, u"Ignored a message that is no note");
+    return;
+  }
+  NewJotlet fresh;
+  fresh.reason = u"import";
+  (message->isRtf ? fresh.rtf : fresh.text) = message->content;
+  fresh.title = message->title;
+  fresh.source = message->source;
+  fresh.colour = message->colour;
+  fresh.width = std::min(message->width, VirtualScreen().Width());
+  CreateJotlet(fresh);
+}
+
+void CMainFrame::ExitJotlets(TextView reason, bool silent) {
+  if (exiting_) return;
+  exiting_ = true;
+  ready_ = false;
+  UnregisterHotKeys(Handle());
+  if (optionsDirty_) SaveOptions();
+  if (!SaveJotlets() && !silent) Tell(IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
+  SaveJotlets(folder_ + Text(kExitCopyName));
+  desktop_.CloseAll();
+  NotifyListenersText(u"503 jotlets is exiting, so long");
+  tray_.Remove();
+  Log(kLogLifecycle, u"Jotlets closed. Ran for " + IntText(secondsRun_) + u" seconds (" + Text(reason) + u")");
+  PostQuitMessage(0);
+  Destroy();
+}
+
+void CMainFrame::OnEndSession(bool ending) {
+  if (ending) ExitJotlets(u"end of session", true);
+}
+
+void CMainFrame::OnHotKey(int id) {
+  // The first four and the last of the six; the fifth opens the manage window.
+  constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE, ID_RESCUE};
+  const int index = id - kFirstHotKey;
+  if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
+  if (kCommands[index] == 0) {
+    desktop_.BringForward();
+  } else {
+    OnCommand(kCommands[index]);
+  }
+}
+
+void CMainFrame::OnCommand(UINT command) {
+  if (exiting_ || !ready_) return;
+  switch (command) {
+    case ID_NEW_JOTLET:
+    case ID_NEW_FROM_CLIPBOARD: {
+      NewJotlet fresh;
+      fresh.reason = command == ID_NEW_JOTLET ? u"user" : u"clipboard";
+      fresh.isImage = command == ID_NEW_JOTLET && options_.defaultImage;
+      fresh.fromClipboard = command == ID_NEW_FROM_CLIPBOARD;
+      BJotlet* jotlet = FindJotlet(CreateJotlet(fresh));
+      if (jotlet != nullptr) jotlet->TakeFocus();
+      break;
+    }
+    case ID_RESCUE: RescueOffScreen(); break;
+    case ID_MOVE_DATA: MoveDataLocation(); break;
+    case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
+    case ID_EXIT_JOTLETS: ExitJotlets(u"user"); break;
+    default: break;
+  }
+}
+
+void CMainFrame::OnTray(LPARAM message) {
+  if (message == WM_RBUTTONUP) return ShowTrayMenu();
+  if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
+  if (KillTimer(Handle(), kFlashTimer)) {
+    blankIcon_ = false;
+    ShowTrayIcon();
+  }
+  const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
+  if (creates) {
+    OnCommand(ID_NEW_JOTLET);
+  } else if (message == WM_LBUTTONUP) {
+    desktop_.BringForward();
+  }
+}
+
+void CMainFrame::OnCloseWanted(const Text& id) { CloseJotlet(Text(id), u"user"); }
+
+void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
+
+void CMainFrame::ShowTrayMenu() { ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get()); }
+
+void CMainFrame::ShowJotletMenu(const Text& id, Point) {
+  // The menu runs a message loop of its own, in which anything may happen to the note.
+  const Text wanted = id;
+  const UINT command = ChooseFromMenu(Handle(), MakeJotletMenu(resources_).get());
+  if (command == ID_JOTLET_CLOSE) {
+    CloseJotlet(wanted, u"user");
+  } else if (command == ID_JOTLET_DELETE) {
+    DeleteJotlet(wanted, u"deleted");
+  } else if (command != 0) {
+    OnCommand(command);
+  }
+}
+
+void CMainFrame::ShowOrHideAll() {
+  options_.hidden = options_.hidden == 1 ? 0 : 1;
+  desktop_.SetAllHidden(options_.hidden == 1);
+  ShowTrayIcon();
+  SetOptionsDirty();
+}
+
+void CMainFrame::ShowTrayIcon() {
+  using Icon = CSystemTray::Icon;
+  tray_.Show(blankIcon_ ? Icon::kBlank : options_.hidden == 1 ? Icon::kHidden : Icon::kNormal);
+}
+
+void CMainFrame::RescueOffScreen() {
+  if (desktop_.Rescue(VirtualScreen())) SetDirty();
+}
+
+void CMainFrame::MoveDataLocation() {
+  const Text folder = ChooseDataFolder(Handle(), resources_, folder_);
+  if (folder.empty()) return;
+  // Everything that is in memory goes along.
+  SaveOptions();
+  const FileStatus moved = SaveJotlets() ? MoveData(files_, log_, folder_, folder)
+                                         : FileStatus::Failed(resources_.String(IDS_SAVE_FAILED));
+  if (!moved) {
+    Tell(IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
+    return;
+  }
+  exiting_ = true;
+  tray_.Remove();
+  instance_.Restart(log_);
+}
+
+int CMainFrame::Tell(UINT text, TextView value) {
+  const Text words = ReplaceAll(resources_.String(text), u"%s", value);
+  return MessageBoxW(Handle(), Wide(words), Wide(resources_.String(IDS_APP_TITLE)), MB_OK | MB_ICONWARNING);
+}
+
+}  // namespace jotlets

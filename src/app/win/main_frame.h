@@ -1,0 +1,126 @@
+// The hidden main window: it owns everything that lives longer than a note window, and forwards.
+#pragma once
+
+#include <windows.h>
+
+#include "app/activity_log.h"
+#include "app/note_saver.h"
+#include "app/win/command_endpoint.h"
+#include "app/win/desktop_jotlets.h"
+#include "app/win/jotlet_maker.h"
+#include "app/win/program_instance.h"
+#include "app/win/system_tray.h"
+#include "base/win/ansi_code_page.h"
+#include "base/win/disk_files.h"
+#include "base/win/system_clock.h"
+#include "data/jotlet_lists.h"
+#include "data/loading.h"
+#include "data/options.h"
+#include "ui/window.h"
+
+namespace jotlets {
+
+class CMainFrame final : public Window, public DesktopOwner {
+ public:
+  CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue);
+
+  /// Creates the window and brings the program up; false: it must not run (and nothing has been written).
+  bool Start();
+
+  void Log(int level, TextView text) { log_.Write(level, text); }
+
+  void SetDirty() override;
+  void SetOptionsDirty();
+  /// The main save, now.
+  bool SaveJotlets();
+  /// A copy of the data file to another path.
+  bool SaveJotlets(TextView path) { return saver_.SaveJotlets(path, false); }
+  /// The main save, when anything is dirty; the user is told when it fails.
+  void SaveIfDirty();
+
+  void NotifyListeners(TextView eventText, TextView id) override { commands_.Listeners().Notify(eventText, id); }
+  void NotifyListenersMany(TextView eventText, std::span<const Text> ids) {
+    commands_.Listeners().NotifyMany(eventText, ids);
+  }
+  void NotifyListenersText(TextView text) { commands_.Listeners().NotifyText(text); }
+
+  Text NewJotletId() { return maker_.NewJotletId(); }
+  BJotlet* FindJotlet(TextView id) { return desktop_.Find(id); }
+  /// Makes a new note and tells the listeners; its id, empty when that failed.
+  Text CreateJotlet(const NewJotlet& fresh);
+  /// Moves an open note to the closed ones.
+  bool CloseJotlet(TextView id, TextView reason);
+  /// Deletes an open note for good.
+  bool DeleteJotlet(TextView id, TextView reason);
+  void ImportNoteMessage(TextView message);
+
+  /// The shutdown, once, whatever the path that leads here.
+  void ExitJotlets(TextView reason, bool silent = false);
+
+  DesktopJotlets& Desktop() { return desktop_; }
+  const DesktopJotlets& Desktop() const { return desktop_; }
+  const JotletLists& Lists() const { return lists_; }
+  const Options& CurrentOptions() const { return options_; }
+  const Text& DataFolder() const { return folder_; }
+  const Text& InstallId() const { return installId_; }
+  HACCEL Accelerators() const { return accelerators_.get(); }
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  bool OnCreate();
+  bool FindDataFolder();
+  void ProvideFirstRun();
+  bool LoadJotlets();
+  void TakeLoaded(LoadedData loaded);
+  void TellOfDamage(const LoadedData& loaded);
+  void CheckContent();
+
+  LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
+  void OnTimer(UINT_PTR id);
+  void OnMinute();
+  void OnHotKey(int id);
+  void OnCommand(UINT command);
+  void OnTray(LPARAM message);
+  void OnEndSession(bool ending);
+
+  void OnCloseWanted(const Text& id) override;
+  void ShowJotletMenu(const Text& id, Point screen) override;
+  void PurgeSoon() override;
+
+  void ShowTrayMenu();
+  void ShowOrHideAll();
+  void ShowTrayIcon();
+  void RescueOffScreen();
+  void MoveDataLocation();
+  void SaveOptions();
+  int Tell(UINT text, TextView value);
+
+  const Resources& resources_;
+  ProgramInstance& instance_;
+  const bool rescue_;
+  UniqueAccelerators accelerators_;
+  DiskFiles files_;
+  SystemClock clock_;
+  AnsiCodePage ansi_;
+  ActivityLog log_;
+  Options options_;
+  JotletLists lists_;
+  DesktopJotlets desktop_;
+  NoteSaver saver_;
+  JotletMaker maker_;
+  CommandEndpoint commands_;
+  CSystemTray tray_;
+  Text folder_;
+  Text installId_;
+  UINT taskbarCreated_ = 0;
+  std::uint32_t secondsRun_ = 0;
+  int minutes_ = 0;
+  bool ready_ = false;     // the notes are loaded
+  bool exiting_ = false;   // the shutdown has begun
+  bool optionsDirty_ = false;
+  bool optionsUnread_ = false;  // the options file is there but could not be read: it is left alone
+  bool saveFailureTold_ = false;
+  bool blankIcon_ = false;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,18 @@
+// What the program asks Windows about this user: folders, the registry's data-folder value.
+#pragma once
+
+#include "base/files.h"
+#include "data/data_folder.h"
+
+namespace jotlets {
+
+DataFolderFacts GatherDataFolderFacts();
+
+/// Writes the data folder as the value "Path" of "Software\Brask\jotlets" of the current user; an empty one
+/// removes the value.
+FileStatus WriteRegistryPath(TextView folder);
+
+/// A number that tells this run of the program from others.
+std::uint32_t InstanceNumber();
+
+}  // namespace jotlets

@@ -1,0 +1,42 @@
+// The icon in the notification area: its pictures, its balloons, its return after the shell was restarted.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class CSystemTray {
+ public:
+  enum class Icon { kNormal, kBlank, kHidden };
+
+  /// Mouse messages of the icon come to `window` as `message`.
+  CSystemTray(const Resources& resources, Text tooltip);
+  ~CSystemTray() { Remove(); }
+  CSystemTray(const CSystemTray&) = delete;
+  CSystemTray& operator=(const CSystemTray&) = delete;
+
+  void Add(HWND window, UINT message);
+  /// Adds the icon again: the taskbar has been restarted, or was not there yet.
+  void AddAgain();
+  void Remove();
+
+  void Show(Icon icon);
+  /// A balloon at the icon; it does not wait for the user.
+  void Balloon(TextView title, TextView text);
+
+ private:
+  void Fill(NOTIFYICONDATAW& data, UINT flags) const;
+
+  UniqueIcon icons_[3];
+  Text tooltip_;
+  HWND window_ = nullptr;
+  UINT message_ = 0;
+  Icon shown_ = Icon::kNormal;
+  bool added_ = false;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,60 @@
+#include "app/win/system_tray_app.h"
+
+#include <windows.h>
+
+#include "app/note_file.h"
+#include "app/win/main_frame.h"
+#include "base/win/wide.h"
+#include "data/text_file.h"
+#include "res/resource.h"
+
+namespace jotlets {
+namespace {
+
+int RunMessageLoop(CMainFrame& frame) {
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (frame.Handle() != nullptr && TranslateAcceleratorW(frame.Handle(), frame.Accelerators(), &message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return static_cast<int>(message.wParam);
+}
+
+void Say(const Resources& resources, UINT text) {
+  MessageBoxW(nullptr, Wide(resources.String(text)), Wide(resources.String(IDS_APP_TITLE)), MB_OK);
+}
+
+}  // namespace
+
+int CSystemTrayApp::InitInstance(TextView commandLine) {
+  // Kept for the life of the process: the editors' window class lives in it.
+  if (LoadLibraryW(L"msftedit.dll") == nullptr) Say(resources_, IDS_NO_RICH_EDIT);
+  const StartRequest request = ParseCommandLine(commandLine);
+  switch (request.kind) {
+    case StartKind::kUsage: Say(resources_, IDS_USAGE); return 0;
+    case StartKind::kClose: return AskRunningInstanceToClose() ? 0 : 1;
+    case StartKind::kNoteFile: return SendNoteFile(request.noteFile);
+    case StartKind::kNormal:
+    case StartKind::kRescue: break;
+  }
+  if (!instance_.Claim()) {
+    SendToRunningInstance(u"api do bringforward");
+    return 0;
+  }
+  return RunProgram(request.kind == StartKind::kRescue);
+}
+
+int CSystemTrayApp::RunProgram(bool rescue) {
+  CMainFrame frame(resources_, instance_, rescue);
+  return frame.Start() ? RunMessageLoop(frame) : 0;
+}
+
+int CSystemTrayApp::SendNoteFile(TextView path) {
+  const FileContent content = DiskFiles().Read(path);
+  if (content.state != FileContent::State::kRead) return 1;
+  const AnsiCodePage ansi;
+  return SendToRunningInstance(NoteMessageFromFile(DecodeTextFile(content.bytes, ansi).text)) ? 0 : 1;
+}
+
+}  // namespace jotlets
