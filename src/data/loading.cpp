@@ -60,6 +60,10 @@ std::int32_t LatestChange(const DataFile& file) {
   return latest;
 }
 
+bool HoldsNothing(const DataFile& file) {
+  return file.jotlets.empty() && file.deleted.empty() && file.stacks.empty() && file.verbatim.empty();
+}
+
 void LoadCopyInstead(const LoadContext& context, const Text& folder, Reading& reading, LoadedData& loaded) {
   Reading best;
   for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
@@ -136,7 +140,8 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
   if (reading.file.version <= kDataFileVersion && !reading.whole) {
     loaded.damaged = true;
     loaded.keptAs = KeepDamagedFile(context, path);
-    if (!reading.file.recognised) LoadCopyInstead(context, folder, reading, loaded);
+    // Headers alone are no reason to pass a copy over: the rest of the file may be NULs.
+    if (HoldsNothing(reading.file)) LoadCopyInstead(context, folder, reading, loaded);
   }
   if (reading.file.version > kDataFileVersion) {
     context.log.Write(kLogDetail, u"Data file at " + path + u" is version " + IntText(reading.file.version) +

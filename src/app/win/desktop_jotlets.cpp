@@ -53,21 +53,22 @@ std::optional<JotletData> DesktopJotlets::Remove(TextView id, std::int32_t now) 
   return record;
 }
 
+// From the topmost down: each window then finds its place among shown ones. From the bottom
+// up, the system looks for that place past every window that is still hidden, which a thousand notes make felt.
 void DesktopJotlets::ShowAll() {
-  for (const auto& jotlet : jotlets_) {
-    if (!jotlet->StoredRecord().hidden) jotlet->Show();
+  for (auto jotlet = jotlets_.rbegin(); jotlet != jotlets_.rend(); ++jotlet) {
+    if (!(*jotlet)->StoredRecord().hidden) (*jotlet)->Show();
   }
 }
 
-void DesktopJotlets::SetAllHidden(bool hidden) {
-  for (const auto& jotlet : jotlets_) {
-    if (hidden) {
-      jotlet->Hide();
-    } else {
-      jotlet->Show();
-    }
-  }
+void DesktopJotlets::UnhideAll() {
+  for (const auto& jotlet : jotlets_) jotlet->Record().hidden = false;
+  ShowAll();
   owner_.SetDirty();
+}
+
+void DesktopJotlets::HideAll() {
+  for (const auto& jotlet : jotlets_) jotlet->Hide();
 }
 
 void DesktopJotlets::BringForward() {

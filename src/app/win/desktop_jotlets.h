@@ -47,7 +47,10 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
 
   /// Shows every note that is not hidden.
   void ShowAll();
-  void SetAllHidden(bool hidden);
+  /// Shows every note, the hidden ones too, which are then hidden no more.
+  void UnhideAll();
+  /// Takes every window off the screen; no note becomes a hidden one by that.
+  void HideAll();
   void BringForward();
   /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
   bool Rescue(const Rect& screen);

@@ -396,7 +396,11 @@ void CMainFrame::ShowJotletMenu(const Text& id, Point) {
 
 void CMainFrame::ShowOrHideAll() {
   options_.hidden = options_.hidden == 1 ? 0 : 1;
-  desktop_.SetAllHidden(options_.hidden == 1);
+  if (options_.hidden == 1) {
+    desktop_.HideAll();
+  } else {
+    desktop_.UnhideAll();
+  }
   ShowTrayIcon();
   SetOptionsDirty();
 }

@@ -47,23 +47,21 @@ void SetDefaultFont(HWND edit) {
 void StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, ReadBytes};
   const LRESULT events = SendMessageW(edit, EM_SETEVENTMASK, 0, 0);
-  SendMessageW(edit, WM_SETREDRAW, FALSE, 0);
   SendMessageW(edit, EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
   SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
-  SendMessageW(edit, WM_SETREDRAW, TRUE, 0);
   SendMessageW(edit, EM_SETEVENTMASK, 0, events);
-  InvalidateRect(edit, nullptr, TRUE);
 }
 
 }  // namespace
 
-bool BEdit::Create(HWND parent, const Rect& bounds) {
-  edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"",
-                          WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN, bounds.left,
-                          bounds.top, bounds.Width(), bounds.Height(), parent,
+bool BEdit::Create(HWND parent, const Rect& bounds, Colour background, bool readOnly) {
+  const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
+                      (readOnly ? ES_READONLY : 0u);
+  edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"", style, bounds.left, bounds.top, bounds.Width(), bounds.Height(), parent,
                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr), nullptr);
   if (edit_ == nullptr) return false;
   SetDefaultFont(edit_);
+  SetBackground(background);
   SendMessageW(edit_, EM_EXLIMITTEXT, 0, kLongestText);
   SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE);
   return true;
@@ -111,8 +109,6 @@ Text BEdit::TextStart(std::int32_t most) const {
 void BEdit::SetBackground(Colour colour) {
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(RGB(colour.r, colour.g, colour.b)));
 }
-
-void BEdit::SetReadOnly(bool readOnly) { SendMessageW(edit_, EM_SETREADONLY, readOnly ? TRUE : FALSE, 0); }
 
 void BEdit::SetBounds(const Rect& bounds) {
   SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), SWP_NOZORDER | SWP_NOACTIVATE);

@@ -16,7 +16,7 @@ class BEdit {
   static constexpr int kControlId = 100;
 
   /// Creates the control inside `parent`; false when the rich-edit library is missing.
-  bool Create(HWND parent, const Rect& bounds);
+  bool Create(HWND parent, const Rect& bounds, Colour background, bool readOnly);
   HWND Handle() const { return edit_; }
 
   /// Replaces the content; the change does not count as the user's. A damaged rich text gives what could be read.
@@ -29,7 +29,6 @@ class BEdit {
   Text TextStart(std::int32_t most) const;
 
   void SetBackground(Colour colour);
-  void SetReadOnly(bool readOnly);
   void SetBounds(const Rect& bounds);
   Point ScrollPosition() const;
   void SetScrollPosition(Point position);

@@ -52,13 +52,12 @@ bool BJotlet::CreateWindowFor() {
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
-  if (!Create(kJotletClass, L"", bounds, style)) return false;
+  shownTitle_ = ShownTitle(record_.title, {});
+  if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
   ApplyOpacity();
-  if (!record_.IsImage() && edit_.Create(Handle(), LayOutFrame(ClientSize(), Dpi()).content)) {
-    edit_.SetBackground(record_.colour);
-    edit_.SetReadOnly(record_.readOnly);
+  if (!record_.IsImage()) {
+    edit_.Create(Handle(), LayOutFrame(ClientSize(), Dpi()).content, record_.colour, record_.readOnly);
   }
-  TitleChanged();
   return true;
 }
 
@@ -69,20 +68,14 @@ void BJotlet::LoadContent(std::string_view bytes) {
     if (const auto picture = DecodePng(bytes)) picture_.Load(*picture);
   } else {
     edit_.SetRtf(bytes);
-    edit_.SetScrollPosition(record_.scroll);
+    if (record_.scroll != Point{}) edit_.SetScrollPosition(record_.scroll);
   }
   TitleChanged();
 }
 
-void BJotlet::Show() {
-  record_.hidden = false;
-  ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-}
+void BJotlet::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }
 
-void BJotlet::Hide() {
-  record_.hidden = true;
-  ShowWindow(Handle(), SW_HIDE);
-}
+void BJotlet::Hide() { ShowWindow(Handle(), SW_HIDE); }
 
 JotletData& BJotlet::Record() {
   // A minimised window has a place far off every screen.

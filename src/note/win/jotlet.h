@@ -28,6 +28,7 @@ class BJotlet final : public Window {
 
   /// Loads the content from its bytes: a rich text, or a PNG for a picture note.
   void LoadContent(std::string_view bytes);
+  /// Shows or hides the window; whether the note is a hidden one is another matter.
   void Show();
   void Hide();
 
