@@ -1,0 +1,21 @@
+# The libraries we call. On Debian GoogleTest comes as source and is built once per preset; elsewhere it is a package.
+find_package(ZLIB REQUIRED)
+find_package(PNG REQUIRED)
+
+if(JOTLETS_TESTS)
+  set(googletest_source /usr/src/googletest)
+  if(CMAKE_HOST_UNIX AND EXISTS ${googletest_source}/CMakeLists.txt)
+    set(INSTALL_GTEST OFF)
+    set(BUILD_GMOCK ON)
+    add_subdirectory(${googletest_source} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    foreach(target gtest gtest_main gmock gmock_main)
+      target_compile_options(${target} PRIVATE -w)
+    endforeach()
+  else()
+    find_package(GTest CONFIG REQUIRED)
+  endif()
+endif()
+
+if(JOTLETS_BENCH)
+  find_package(benchmark CONFIG REQUIRED)
+endif()
