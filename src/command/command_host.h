@@ -38,11 +38,11 @@ class CommandHost {
   virtual std::vector<Text> ClosedIds() const = 0;
   virtual std::vector<std::int32_t> StackNumbers() const = 0;
 
-  /// Creates an open note with this plain text and returns its id. Sends event 500.
+  /// Creates an open note with this plain text and returns its id, empty when that failed. Sends event 500.
   virtual Text CreateDesktop(TextView text) = 0;
-  /// Closes or deletes an open note; false when it is not there (any more). Deleting sends event 502 first,
-  /// closing sends 501 after the note has gone to the closed ones.
+  /// Closes an open note and sends event 501; false when its content could not be written and it stays open.
   virtual bool CloseDesktop(TextView id) = 0;
+  /// Sends event 502, then deletes an open note; false when it is not there (any more).
   virtual bool DeleteDesktop(TextView id) = 0;
   /// The text of a note's rich-text file as the note has it now, empty when there is none.
   virtual Text ContentForTransfer(const JotletData& record) = 0;

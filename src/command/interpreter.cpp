@@ -17,6 +17,10 @@ void NewJotlet(const CommandCall& call) {
   // Only what follows a blank is text: "do new jotletx" is the bare command, like all trailing text elsewhere.
   const bool hasText = !call.arguments.empty() && call.arguments.front() == u' ';
   const Text id = call.host.CreateDesktop(hasText ? call.arguments.substr(1) : TextView());
+  if (id.empty()) {
+    call.reply.SendLine(u"997 unable to create");
+    return;
+  }
   call.host.SaveNow();
   call.reply.Ok(u"created: " + id);
 }
@@ -65,7 +69,10 @@ void Deregister(const CommandCall& call) {
 void Ping(const CommandCall& call) { call.reply.Ok(call.reply.IsRegistered() ? u"pong, with events" : u"pong"); }
 
 void CloseJotlet(const CommandCall& call, TextView id) {
-  call.host.CloseDesktop(id);
+  if (!call.host.CloseDesktop(id)) {
+    call.reply.SendLine(u"995 problem saving");
+    return;
+  }
   call.host.SaveNow();
   call.reply.Ok(u"closed");
 }

@@ -12,9 +12,9 @@ namespace jotlets {
 namespace {
 
 struct Reading {
+  FileContent content;
   DataFile file;
   Options options;  // those of before, with what the file set
-  bool missing = false;
   bool whole = false;  // read without any sign of damage
 };
 
@@ -25,8 +25,8 @@ DataFileContext ContextFor(const LoadContext& context, Options& options) {
 Reading ReadDataFile(const LoadContext& context, const Text& path) {
   Reading reading;
   reading.options = context.options;
-  const FileContent content = context.files.Read(path);
-  reading.missing = content.state == FileContent::State::kMissing;
+  reading.content = context.files.Read(path);
+  const FileContent& content = reading.content;
   if (content.state == FileContent::State::kUnreadable) {
     context.log.Write(kLogLifecycle, u"Unable to read '" + path + u"': " + content.reason);
   }
@@ -37,14 +37,17 @@ Reading ReadDataFile(const LoadContext& context, const Text& path) {
   return reading;
 }
 
-Text KeepDamagedFile(const LoadContext& context, const Text& path) {
+// What was read is written under the new name; the file itself stays until the next save replaces it, so that a
+// kill in between leaves both. One that could not be read can only be renamed.
+Text KeepDamagedFile(const LoadContext& context, const Text& path, const FileContent& content) {
   const Text kept = NameForDamaged(context.files, path, context.now.local);
-  const FileStatus renamed = context.files.Rename(path, kept);
-  if (renamed) {
+  const FileStatus status = content.state == FileContent::State::kRead ? context.files.Write(kept, content.bytes)
+                                                                       : context.files.Rename(path, kept);
+  if (status) {
     context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged, kept as '" + kept + u"'");
     return kept;
   }
-  context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged and could not be put aside: " + renamed.reason);
+  context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged and could not be put aside: " + status.reason);
   return {};
 }
 
@@ -136,10 +139,10 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
   const Text path = folder + Text(kDataFileName);
   LoadedData loaded;
   Reading reading = ReadDataFile(context, path);
-  if (reading.missing) return loaded;
+  if (reading.content.state == FileContent::State::kMissing) return loaded;
   if (reading.file.version <= kDataFileVersion && !reading.whole) {
     loaded.damaged = true;
-    loaded.keptAs = KeepDamagedFile(context, path);
+    loaded.keptAs = KeepDamagedFile(context, path, reading.content);
     // Headers alone are no reason to pass a copy over: the rest of the file may be NULs.
     if (HoldsNothing(reading.file)) LoadCopyInstead(context, folder, reading, loaded);
   }

@@ -38,11 +38,20 @@ std::vector<Text> DesktopJotlets::Ids() const {
   return ids;
 }
 
-std::optional<JotletData> DesktopJotlets::Remove(TextView id, std::int32_t now) {
+bool DesktopJotlets::SaveContent(TextView id, std::int32_t now) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return false;
+  const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
+  if (!saved) {
+    log_.Write(kLogLifecycle,
+               Text(u"Unable to save the content of jotlet ").append(id).append(u": ").append(saved.reason));
+  }
+  return saved.ok;
+}
+
+std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return std::nullopt;
-  const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
-  if (!saved) log_.Write(kLogLifecycle, Text(u"Unable to save the content of jotlet ").append(id).append(u": ").append(saved.reason));
   JotletData record = jotlet->Record();
   byId_.erase(FoldCase(id));
   const auto at = std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });

@@ -41,9 +41,12 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
   std::vector<Text> Ids() const;
 
-  /// Takes a note off the desktop and returns its record; its unsaved content is written first. Nothing when
-  /// there is no such note.
-  std::optional<JotletData> Remove(TextView id, std::int32_t now);
+  /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such note.
+  bool SaveContent(TextView id, std::int32_t now);
+
+  /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is no
+  /// such note.
+  std::optional<JotletData> Remove(TextView id);
 
   /// Shows every note that is not hidden.
   void ShowAll();

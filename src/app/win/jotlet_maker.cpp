@@ -1,5 +1,7 @@
 #include "app/win/jotlet_maker.h"
 
+#include <algorithm>
+
 #include "app/win/system_facts.h"
 #include "data/data_folder.h"
 #include "data/loading.h"
@@ -8,6 +10,17 @@
 #include "ui/screen.h"
 
 namespace jotlets {
+
+NewJotlet FromNoteMessage(const NoteMessage& message) {
+  NewJotlet fresh;
+  fresh.reason = u"import";
+  (message.isRtf ? fresh.rtf : fresh.text) = message.content;
+  fresh.title = message.title;
+  fresh.source = message.source;
+  fresh.colour = message.colour;
+  fresh.width = std::min(message.width, VirtualScreen().Width());
+  return fresh;
+}
 
 JotletMaker::JotletMaker(Files& files, const Clock& clock, Log& log, const Options& options, const JotletLists& lists,
                          DesktopJotlets& desktop)

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "app/note_message.h"
 #include "app/win/desktop_jotlets.h"
 #include "base/clock.h"
 #include "data/jotlet_id.h"
@@ -24,6 +25,9 @@ struct NewJotlet {
   bool isImage = false;
   bool fromClipboard = false;
 };
+
+/// The note that a note message asks for.
+NewJotlet FromNoteMessage(const NoteMessage& message);
 
 class JotletMaker {
  public:

@@ -8,6 +8,7 @@
 #include "app/win/main_menus.h"
 #include "app/win/orphan_dialog.h"
 #include "app/win/system_facts.h"
+#include "app/win/user_messages.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "data/saving.h"
@@ -94,7 +95,7 @@ bool CMainFrame::FindDataFolder() {
   folder_ = jotlets::FindDataFolder(GatherDataFolderFacts(), files_);
   const FileStatus made = MakeDataFolders(files_, folder_);
   if (!made) {
-    Tell(IDS_SAVE_FAILED, folder_);
+    Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
     return false;
   }
   desktop_.SetFolder(folder_);
@@ -118,7 +119,7 @@ bool CMainFrame::LoadJotlets() {
   LoadedData loaded = jotlets::LoadJotlets(
       {files_, ansi_, options_, [this] { return NewJotletId(); }, clock_.Now(), log_}, folder_);
   if (loaded.file.version > kDataFileVersion) {
-    Tell(IDS_NEWER_VERSION, folder_ + Text(kDataFileName));
+    Tell(Handle(), resources_, IDS_NEWER_VERSION, folder_ + Text(kDataFileName));
     instance_.Release();
     return false;
   }
@@ -132,24 +133,17 @@ void CMainFrame::TakeLoaded(LoadedData loaded) {
   if (loaded.MustNotBeReplaced()) saver_.KeepUnreadFile();
   const FileStatus friends = MoveFriends(files_, folder_, loaded.file.friendLines);
   if (!friends) Log(kLogLifecycle, u"Unable to write the friends file: " + friends.reason);
-  if (loaded.damaged) TellOfDamage(loaded);
+  const bool damaged = loaded.damaged;
+  if (damaged) {
+    tray_.Balloon(kVersionText, DescribeDamage(resources_, loaded));
+    SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
+  }
   for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
+  // At once: until then every start would find the same damage and keep one more copy of it.
+  if (damaged) SaveJotlets();
   if (rescue_) desktop_.Rescue(VirtualScreen());
-  if (options_.hidden == 1) {
-    ShowTrayIcon();
-  } else {
-    desktop_.ShowAll();
-  }
-}
-
-void CMainFrame::TellOfDamage(const LoadedData& loaded) {
-  Text text = loaded.keptAs.empty() ? resources_.String(IDS_DAMAGED_NOT_KEPT)
-                                    : ReplaceAll(resources_.String(IDS_DAMAGED_KEPT), u"%s", loaded.keptAs);
-  if (!loaded.loadedInstead.empty()) {
-    text += u"\n" + ReplaceAll(resources_.String(IDS_DAMAGED_INSTEAD), u"%s", loaded.loadedInstead);
-  }
-  tray_.Balloon(kVersionText, text);
-  SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
+  tray_.ShowHidden(options_.hidden == 1);
+  if (options_.hidden != 1) desktop_.ShowAll();
 }
 
 void CMainFrame::CheckContent() {
@@ -205,10 +199,7 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       break;
     case kMinuteTimer: OnMinute(); break;
     case kSecondTimer: ++secondsRun_; break;
-    case kFlashTimer:
-      blankIcon_ = !blankIcon_;
-      ShowTrayIcon();
-      break;
+    case kFlashTimer: tray_.Flash(); break;
     default: break;
   }
 }
@@ -243,7 +234,7 @@ void CMainFrame::SaveIfDirty() {
   // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause.
   if (!saveFailureTold_) {
     saveFailureTold_ = true;
-    Tell(IDS_SAVE_FAILED, saver_.MainPath());
+    Tell(Handle(), resources_, IDS_SAVE_FAILED, saver_.MainPath());
   }
   SetDirty();
 }
@@ -268,7 +259,9 @@ Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
 
 bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
   const std::int32_t now = RecordTime(clock_.Now().utc);
-  std::optional<JotletData> record = desktop_.Remove(id, now);
+  // A note whose text could not be written stays open: closed, the text would be gone.
+  if (!desktop_.SaveContent(id, now)) return false;
+  std::optional<JotletData> record = desktop_.Remove(id);
   if (!record) return false;
   const Text closedId = record->id;
   const std::vector<JotletData> dropped = lists_.AddClosed(std::move(*record), now, options_.keepDeleted);
@@ -284,7 +277,7 @@ bool CMainFrame::DeleteJotlet(TextView id, TextView reason) {
   if (jotlet == nullptr) return false;
   NotifyListeners(Text(u"502 deleted desktop jotlet ").append(reason), Text(jotlet->StoredRecord().id));
   // A listener may have deleted it from inside the event.
-  const std::optional<JotletData> record = desktop_.Remove(id, RecordTime(clock_.Now().utc));
+  const std::optional<JotletData> record = desktop_.Remove(id);
   if (!record) return false;
   saver_.RemoveContentLater(*record);
   SetDirty();
@@ -297,14 +290,7 @@ void CMainFrame::ImportNoteMessage(TextView text) {
     Log(kLogDetail, u"Ignored a message that is no note");
     return;
   }
-  NewJotlet fresh;
-  fresh.reason = u"import";
-  (message->isRtf ? fresh.rtf : fresh.text) = message->content;
-  fresh.title = message->title;
-  fresh.source = message->source;
-  fresh.colour = message->colour;
-  fresh.width = std::min(message->width, VirtualScreen().Width());
-  CreateJotlet(fresh);
+  CreateJotlet(FromNoteMessage(*message));
 }
 
 void CMainFrame::ExitJotlets(TextView reason, bool silent) {
@@ -313,7 +299,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   ready_ = false;
   UnregisterHotKeys(Handle());
   if (optionsDirty_) SaveOptions();
-  if (!SaveJotlets() && !silent) Tell(IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
+  if (!SaveJotlets() && !silent) Tell(Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
   SaveJotlets(folder_ + Text(kExitCopyName));
   desktop_.CloseAll();
   NotifyListenersText(u"503 jotlets is exiting, so long");
@@ -363,10 +349,7 @@ void CMainFrame::OnCommand(UINT command) {
 void CMainFrame::OnTray(LPARAM message) {
   if (message == WM_RBUTTONUP) return ShowTrayMenu();
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
-  if (KillTimer(Handle(), kFlashTimer)) {
-    blankIcon_ = false;
-    ShowTrayIcon();
-  }
+  if (KillTimer(Handle(), kFlashTimer)) tray_.StopFlashing();
   const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
   if (creates) {
     OnCommand(ID_NEW_JOTLET);
@@ -375,7 +358,10 @@ void CMainFrame::OnTray(LPARAM message) {
   }
 }
 
-void CMainFrame::OnCloseWanted(const Text& id) { CloseJotlet(Text(id), u"user"); }
+void CMainFrame::OnCloseWanted(const Text& id) {
+  const Text wanted = id;
+  if (!CloseJotlet(wanted, u"user") && FindJotlet(wanted) != nullptr) Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
+}
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
@@ -386,10 +372,10 @@ void CMainFrame::ShowJotletMenu(const Text& id, Point) {
   const Text wanted = id;
   const UINT command = ChooseFromMenu(Handle(), MakeJotletMenu(resources_).get());
   if (command == ID_JOTLET_CLOSE) {
-    CloseJotlet(wanted, u"user");
-  } else if (command == ID_JOTLET_DELETE) {
+    OnCloseWanted(wanted);
+  } else if (command == ID_JOTLET_DELETE && Ask(Handle(), resources_, IDS_CONFIRM_DELETE)) {
     DeleteJotlet(wanted, u"deleted");
-  } else if (command != 0) {
+  } else if (command == ID_NEW_JOTLET) {
     OnCommand(command);
   }
 }
@@ -401,13 +387,8 @@ void CMainFrame::ShowOrHideAll() {
   } else {
     desktop_.UnhideAll();
   }
-  ShowTrayIcon();
+  tray_.ShowHidden(options_.hidden == 1);
   SetOptionsDirty();
-}
-
-void CMainFrame::ShowTrayIcon() {
-  using Icon = CSystemTray::Icon;
-  tray_.Show(blankIcon_ ? Icon::kBlank : options_.hidden == 1 ? Icon::kHidden : Icon::kNormal);
 }
 
 void CMainFrame::RescueOffScreen() {
@@ -420,19 +401,14 @@ void CMainFrame::MoveDataLocation() {
   // Everything that is in memory goes along.
   SaveOptions();
   const FileStatus moved = SaveJotlets() ? MoveData(files_, log_, folder_, folder)
-                                         : FileStatus::Failed(resources_.String(IDS_SAVE_FAILED));
+                                         : FileStatus::Failed(saver_.MainPath());
   if (!moved) {
-    Tell(IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
+    Tell(Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
     return;
   }
   exiting_ = true;
   tray_.Remove();
   instance_.Restart(log_);
-}
-
-int CMainFrame::Tell(UINT text, TextView value) {
-  const Text words = ReplaceAll(resources_.String(text), u"%s", value);
-  return MessageBoxW(Handle(), Wide(words), Wide(resources_.String(IDS_APP_TITLE)), MB_OK | MB_ICONWARNING);
 }
 
 }  // namespace jotlets

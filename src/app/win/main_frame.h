@@ -72,7 +72,6 @@ class CMainFrame final : public Window, public DesktopOwner {
   void ProvideFirstRun();
   bool LoadJotlets();
   void TakeLoaded(LoadedData loaded);
-  void TellOfDamage(const LoadedData& loaded);
   void CheckContent();
 
   LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
@@ -89,11 +88,9 @@ class CMainFrame final : public Window, public DesktopOwner {
 
   void ShowTrayMenu();
   void ShowOrHideAll();
-  void ShowTrayIcon();
   void RescueOffScreen();
   void MoveDataLocation();
   void SaveOptions();
-  int Tell(UINT text, TextView value);
 
   const Resources& resources_;
   ProgramInstance& instance_;
@@ -120,7 +117,6 @@ class CMainFrame final : public Window, public DesktopOwner {
   bool optionsDirty_ = false;
   bool optionsUnread_ = false;  // the options file is there but could not be read: it is left alone
   bool saveFailureTold_ = false;
-  bool blankIcon_ = false;
 };
 
 }  // namespace jotlets

@@ -20,7 +20,9 @@ void CopyCut(wchar_t (&to)[Size], TextView text) {
 }  // namespace
 
 CSystemTray::CSystemTray(const Resources& resources, Text tooltip)
-    : icons_{resources.Icon(IDI_JOTLETS), resources.Icon(IDI_JOTLETS_BLANK), resources.Icon(IDI_JOTLETS_HIDDEN)},
+    : normal_(resources.Icon(IDI_JOTLETS)),
+      blank_(resources.Icon(IDI_JOTLETS_BLANK)),
+      hiddenIcon_(resources.Icon(IDI_JOTLETS_HIDDEN)),
       tooltip_(std::move(tooltip)) {}
 
 void CSystemTray::Fill(NOTIFYICONDATAW& data, UINT flags) const {
@@ -29,7 +31,7 @@ void CSystemTray::Fill(NOTIFYICONDATAW& data, UINT flags) const {
   data.uID = kIconId;
   data.uFlags = flags;
   data.uCallbackMessage = message_;
-  data.hIcon = icons_[static_cast<int>(shown_)].get();
+  data.hIcon = (showsBlank_ ? blank_ : hidden_ ? hiddenIcon_ : normal_).get();
   CopyCut(data.szTip, tooltip_);
 }
 
@@ -55,8 +57,22 @@ void CSystemTray::Remove() {
   added_ = false;
 }
 
-void CSystemTray::Show(Icon icon) {
-  shown_ = icon;
+void CSystemTray::ShowHidden(bool hidden) {
+  hidden_ = hidden;
+  Update();
+}
+
+void CSystemTray::Flash() {
+  showsBlank_ = !showsBlank_;
+  Update();
+}
+
+void CSystemTray::StopFlashing() {
+  showsBlank_ = false;
+  Update();
+}
+
+void CSystemTray::Update() {
   if (!added_) return;
   NOTIFYICONDATAW data{};
   Fill(data, NIF_ICON);

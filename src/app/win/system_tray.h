@@ -11,8 +11,6 @@ namespace jotlets {
 
 class CSystemTray {
  public:
-  enum class Icon { kNormal, kBlank, kHidden };
-
   /// Mouse messages of the icon come to `window` as `message`.
   CSystemTray(const Resources& resources, Text tooltip);
   ~CSystemTray() { Remove(); }
@@ -24,18 +22,26 @@ class CSystemTray {
   void AddAgain();
   void Remove();
 
-  void Show(Icon icon);
+  /// Which icon stands for the notes: the usual one, or the one for hidden notes.
+  void ShowHidden(bool hidden);
+  /// Changes between the blank icon and the other one.
+  void Flash();
+  void StopFlashing();
   /// A balloon at the icon; it does not wait for the user.
   void Balloon(TextView title, TextView text);
 
  private:
   void Fill(NOTIFYICONDATAW& data, UINT flags) const;
+  void Update();
 
-  UniqueIcon icons_[3];
+  UniqueIcon normal_;
+  UniqueIcon blank_;
+  UniqueIcon hiddenIcon_;
   Text tooltip_;
   HWND window_ = nullptr;
   UINT message_ = 0;
-  Icon shown_ = Icon::kNormal;
+  bool hidden_ = false;
+  bool showsBlank_ = false;
   bool added_ = false;
 };
 
