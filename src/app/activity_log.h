@@ -10,12 +10,12 @@
 
 namespace jotlets {
 
-/// One entry: local time, a blank, the text on one line and cut to 1024 units and "...", a line feed. The last
-/// entry of a run ("Jotlets closed...") is followed by an empty line.
+/// One entry: local time, a blank, the text on one line and cut to 1024 units and "...", a line feed. The
+/// last entry of a run ("Jotlets closed...") is followed by an empty line.
 Text LogEntry(const LocalTime& time, TextView text);
 
-/// Writes entries whose level is at most the `Debug` option. What is logged before the data folder and the level
-/// are known is held, and written or dropped by `Open`. A log that cannot be written is no error.
+/// Writes entries whose level is at most the `Debug` option. What is logged before the data folder and the
+/// level are known is held, and written or dropped by `Open`. A log that cannot be written is no error.
 class ActivityLog final : public Log {
  public:
   ActivityLog(Files& files, const Clock& clock) : files_(files), clock_(clock) {}

@@ -40,7 +40,7 @@ Text NoteMessageFromFile(TextView fileText) {
   TextView line;
   TextView content;
   while (lines.Next(line)) {
-    if (TakeField(fields, line)) continue;
+    if (line.empty() || TakeField(fields, line)) continue;
     content = fileText.substr(static_cast<std::size_t>(line.data() - fileText.data()));
     break;
   }

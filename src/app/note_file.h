@@ -5,11 +5,11 @@
 
 namespace jotlets {
 
-/// The note message for a note file's text: lines "col:", "width:", "title:" or "Title:", "utitle:" or "uTitle:"
-/// and "Source:" give the note's fields, the first other line begins its content.
+/// The note message for a note file's text: lines "col:", "width:", "title:" or "Title:", "utitle:" or
+/// "uTitle:" and "Source:" give the note's fields, the first other line begins its content.
 ///
-/// The message is "#jotlet ", then "FORM=", "COL=", "W=%i\n", "SOURCE=", "UTITLE=", "TITLE=" with their values,
-/// a line each, and the content to the end: "RTF=" when it begins with "{\rtf1", else "TEXT=".
+/// The message is "#jotlet ", then "FORM=", "COL=", "W=%i\n", "SOURCE=", "UTITLE=", "TITLE=" with their
+/// values, a line each, and the content to the end: "RTF=" when it begins with "{\rtf1", else "TEXT=".
 Text NoteMessageFromFile(TextView fileText);
 
 }  // namespace jotlets

@@ -22,7 +22,8 @@ std::optional<NoteMessage> ParseNoteMessage(TextView text) {
   for (TextView line; lines.Next(line);) {
     const bool isRtf = line.starts_with(kRtfKey);
     if (isRtf || line.starts_with(kTextKey)) {
-      const auto at = static_cast<std::size_t>(line.data() - text.data()) + (isRtf ? kRtfKey : kTextKey).size();
+      const auto at =
+          static_cast<std::size_t>(line.data() - text.data()) + (isRtf ? kRtfKey : kTextKey).size();
       message.content = text.substr(at);
       message.isRtf = isRtf;
       return message;

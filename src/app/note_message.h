@@ -17,8 +17,8 @@ struct NoteMessage {
   bool isRtf = false;
 };
 
-/// Reads a note message (its "#jotlet " already taken off); nothing for a text that has no content field and so
-/// is no note message.
+/// Reads a note message (its "#jotlet " already taken off); nothing for a text that has no content field and
+/// so is no note message.
 std::optional<NoteMessage> ParseNoteMessage(TextView text);
 
 }  // namespace jotlets

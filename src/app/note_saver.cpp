@@ -15,7 +15,9 @@ void NoteSaver::SetFolder(TextView dataFolder, TextView installId) {
 
 Text NoteSaver::MainPath() const { return folder_ + Text(kDataFileName); }
 
-void NoteSaver::RemoveContentLater(const JotletData& record) { contentToRemove_.push_back(ContentPath(record)); }
+void NoteSaver::RemoveContentLater(const JotletData& record) {
+  contentToRemove_.push_back(ContentPath(record));
+}
 
 bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   log_.Write(kLogDetail, Text(u"SaveJotlets started for '").append(path).append(u"'"));
@@ -37,7 +39,8 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   const FileStatus written = SaveDataFile(files_, path, view);
   if (status) status = written;
   if (!status) {
-    log_.Write(kLogLifecycle, Text(u"SaveJotlets failed for '").append(path).append(u"': ").append(status.reason));
+    log_.Write(kLogLifecycle,
+               Text(u"SaveJotlets failed for '").append(path).append(u"': ").append(status.reason));
     return false;
   }
   if (isMainSave) {
@@ -53,7 +56,7 @@ bool NoteSaver::SaveIfDirty() { return !IsDirty() || SaveJotlets(MainPath(), tru
 bool NoteSaver::PutUnreadFileAside() {
   if (!unreadFileInPlace_) return true;
   if (files_.Exists(MainPath())) {
-    const Text kept = NameForDamaged(files_, MainPath(), clock_.Now().local);
+    const Text kept = DatedName(files_, MainPath(), kDamagedMark, clock_.Now().local);
     if (const FileStatus renamed = files_.Rename(MainPath(), kept); !renamed) {
       log_.Write(kLogLifecycle, u"The unread data file could not be put aside: " + renamed.reason);
       return false;

@@ -1,4 +1,5 @@
-// When and how the data file is written: the dirty flag, the order of content and data, and what follows a save.
+// When and how the data file is written: the dirty flag, the order of content and data, and what follows a
+// save.
 #pragma once
 
 #include <vector>
@@ -32,8 +33,8 @@ class NoteSaver {
   /// Where the data file lives and whose it is; before this nothing can be saved.
   void SetFolder(TextView dataFolder, TextView installId);
 
-  /// The data file there could not be read and not be put aside: saving tries again to put it aside first, and
-  /// fails as long as that fails.
+  /// The data file there could not be read and not be put aside: saving tries again to put it aside first,
+  /// and fails as long as that fails.
   void KeepUnreadFile() { unreadFileInPlace_ = true; }
 
   void SetDirty() { dirty_ = true; }

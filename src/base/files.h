@@ -35,8 +35,8 @@ class Files {
   /// All bytes of the file. A file too large to be held (over 1 GiB) is unreadable.
   virtual FileContent Read(TextView path) const = 0;
 
-  /// Replaces the file as a whole: the bytes go to a neighbour, are flushed to the disk, and take the place of
-  /// the old file in one step. Whatever happens meanwhile, the file is the old one or the new one.
+  /// Replaces the file as a whole: the bytes go to a neighbour, are flushed to the disk, and take the place
+  /// of the old file in one step. Whatever happens meanwhile, the file is the old one or the new one.
   virtual FileStatus Write(TextView path, std::string_view bytes) = 0;
 
   /// Appends to the file, creating it when missing. Not flushed to the disk.
@@ -54,7 +54,8 @@ class Files {
   /// Creates a folder and what lies above it; an existing one is no failure.
   virtual FileStatus MakeFolder(TextView path) = 0;
 
-  /// Names (not paths) of the files of `folder` (given with its "\" at the end) whose names end in `extension`
+  /// Names (not paths) of the files of `folder` (given with its "\" at the end) whose names end in
+  /// `extension`
   /// (".rtf", without regard to case), sorted.
   virtual std::vector<Text> List(TextView folder, TextView extension) const = 0;
 };

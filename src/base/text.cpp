@@ -35,7 +35,9 @@ constexpr bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; 
 constexpr bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
 
 void AppendUtf8(std::string& out, char32_t c) {
-  const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(static_cast<unsigned char>(byte))); };
+  const auto put = [&out](char32_t byte) {
+    out.push_back(static_cast<char>(static_cast<unsigned char>(byte)));
+  };
   if (c < 0x80) {
     put(c);
   } else if (c < 0x800) {
@@ -143,7 +145,8 @@ char16_t FoldCase(char16_t unit) {
   if (unit < 0xC0) return unit;
   if (in(0x00C0, 0x00DE)) return unit == 0x00D7 ? unit : shifted(32);
   if (in(0x0100, 0x0137) || in(0x014A, 0x0177)) return static_cast<char16_t>(unit | 1);
-  if (in(0x0139, 0x0148) || in(0x0179, 0x017E)) return static_cast<char16_t>((unit & 1) != 0 ? unit + 1 : unit);
+  if (in(0x0139, 0x0148) || in(0x0179, 0x017E))
+    return static_cast<char16_t>((unit & 1) != 0 ? unit + 1 : unit);
   if (in(0x0391, 0x03A9)) return unit == 0x03A2 ? unit : shifted(32);
   if (in(0x0400, 0x040F)) return shifted(80);
   if (in(0x0410, 0x042F)) return shifted(32);
@@ -156,22 +159,19 @@ Text FoldCase(TextView text) {
   return folded;
 }
 
-bool EqualIgnoreCase(TextView a, TextView b) {
-  return a.size() == b.size() && StartsWithIgnoreCase(a, b);
-}
+bool EqualIgnoreCase(TextView a, TextView b) { return a.size() == b.size() && StartsWithIgnoreCase(a, b); }
 
 bool StartsWithIgnoreCase(TextView text, TextView prefix) {
   if (text.size() < prefix.size()) return false;
-  return std::equal(prefix.begin(), prefix.end(), text.begin(), [](char16_t p, char16_t t) {
-    return p == t || FoldCase(p) == FoldCase(t);
-  });
+  return std::equal(prefix.begin(), prefix.end(), text.begin(),
+                    [](char16_t p, char16_t t) { return p == t || FoldCase(p) == FoldCase(t); });
 }
 
 std::size_t FindIgnoreCase(TextView text, TextView what) {
-  const auto found = std::search(text.begin(), text.end(), what.begin(), what.end(), [](char16_t a, char16_t b) {
-    return a == b || FoldCase(a) == FoldCase(b);
-  });
-  return found == text.end() && !what.empty() ? TextView::npos : static_cast<std::size_t>(found - text.begin());
+  const auto found = std::search(text.begin(), text.end(), what.begin(), what.end(),
+                                 [](char16_t a, char16_t b) { return a == b || FoldCase(a) == FoldCase(b); });
+  return found == text.end() && !what.empty() ? TextView::npos
+                                              : static_cast<std::size_t>(found - text.begin());
 }
 
 Text ReplaceAll(TextView text, TextView from, TextView to) {

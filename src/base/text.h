@@ -49,7 +49,8 @@ Text ReplaceAll(TextView text, TextView from, TextView to);
 /// `text` without the blanks (U+0020 only) at both ends.
 TextView TrimBlanks(TextView text);
 
-/// The part before the first `separator`, and the part after it; all of `text` and nothing when there is none.
+/// The part before the first `separator`, and the part after it; all of `text` and nothing when there is
+/// none.
 struct Split {
   TextView head;
   TextView tail;

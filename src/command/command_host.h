@@ -1,5 +1,5 @@
-// What the command language needs from the program, in the language's own words. The main window implements it;
-// tests run the whole interpreter on a fake.
+// What the command language needs from the program, in the language's own words. The main window implements
+// it; tests run the whole interpreter on a fake.
 #pragma once
 
 #include <vector>

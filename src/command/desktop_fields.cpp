@@ -41,7 +41,8 @@ Text ReadEncoded(CommandHost& host, DesktopJotlet& jotlet) {
 
 constexpr std::array kReaders = {
     FieldReader{u"title", [](CommandHost&, DesktopJotlet& jotlet) { return jotlet.Record().title; }},
-    FieldReader{u"utitle", [](CommandHost&, DesktopJotlet& jotlet) { return HexTitle(jotlet.Record().title); }},
+    FieldReader{u"utitle",
+                [](CommandHost&, DesktopJotlet& jotlet) { return HexTitle(jotlet.Record().title); }},
     FieldReader{u"colour", ReadColour},
     FieldReader{u"text", [](CommandHost&, DesktopJotlet& jotlet) { return jotlet.PlainText(); }},
     FieldReader{u"utext", [](CommandHost&, DesktopJotlet& jotlet) { return HexTitle(jotlet.PlainText()); }},
@@ -93,16 +94,12 @@ void WriteRtf(const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
 
 constexpr std::array kWriters = {
     FieldWriter{u"title", WriteTitle},
-    FieldWriter{u"utitle",
-                [](const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
-                  WriteTitle(call, jotlet, UnhexTitle(TrimBlanks(value)));
-                }},
+    FieldWriter{u"utitle", [](const CommandCall& call, DesktopJotlet& jotlet,
+                              TextView value) { WriteTitle(call, jotlet, UnhexTitle(TrimBlanks(value))); }},
     FieldWriter{u"colour", WriteColour},
     FieldWriter{u"text", WriteText},
-    FieldWriter{u"utext",
-                [](const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
-                  WriteText(call, jotlet, UnhexTitle(TrimBlanks(value)));
-                }},
+    FieldWriter{u"utext", [](const CommandCall& call, DesktopJotlet& jotlet,
+                             TextView value) { WriteText(call, jotlet, UnhexTitle(TrimBlanks(value))); }},
     FieldWriter{u"position", WritePosition},
     FieldWriter{u"rtf", WriteRtf},
 };

@@ -14,7 +14,8 @@ constexpr TextView kJotletNotFound = u"998 jotlet not found";
 void NotYet(const CommandCall& call) { call.reply.SendLine(kNotUnderstood); }
 
 void NewJotlet(const CommandCall& call) {
-  // Only what follows a blank is text: "do new jotletx" is the bare command, like all trailing text elsewhere.
+  // Only what follows a blank is text: "do new jotletx" is the bare command, like all trailing text
+  // elsewhere.
   const bool hasText = !call.arguments.empty() && call.arguments.front() == u' ';
   const Text id = call.host.CreateDesktop(hasText ? call.arguments.substr(1) : TextView());
   if (id.empty()) {
@@ -66,7 +67,9 @@ void Deregister(const CommandCall& call) {
   }
 }
 
-void Ping(const CommandCall& call) { call.reply.Ok(call.reply.IsRegistered() ? u"pong, with events" : u"pong"); }
+void Ping(const CommandCall& call) {
+  call.reply.Ok(call.reply.IsRegistered() ? u"pong, with events" : u"pong");
+}
 
 void CloseJotlet(const CommandCall& call, TextView id) {
   if (!call.host.CloseDesktop(id)) {
@@ -93,23 +96,21 @@ constexpr std::array kActions = {
     ActionRow{u"delete", DeleteJotlet},
 };
 
-// "<id> <word> <rest>": blanks around the whole and around the word do not count, blanks inside the rest do.
+// "<id> <rest>": blanks around the whole, and around the rest, do not count. For actions and fields to read
+// the rest is one word; for fields to change, see `SetDesktop`.
 struct Addressed {
   TextView id;
-  TextView word;
   TextView rest;
 };
 
 Addressed SplitAddressed(TextView arguments) {
-  const Split first = SplitAtFirst(TrimBlanks(arguments), u' ');
-  const std::size_t wordAt = first.tail.find_first_not_of(u' ');
-  const Split second = SplitAtFirst(wordAt == TextView::npos ? TextView() : first.tail.substr(wordAt), u' ');
-  return {first.head, second.head, second.tail};
+  const Split parts = SplitAtFirst(TrimBlanks(arguments), u' ');
+  return {parts.head, TrimBlanks(parts.tail)};
 }
 
 void DoDesktop(const CommandCall& call) {
   const Addressed to = SplitAddressed(call.arguments);
-  const ActionRow* action = FindRow(kActions, to.word);
+  const ActionRow* action = FindRow(kActions, to.rest);
   if (call.host.FindDesktop(to.id) == nullptr) {
     call.reply.SendLine(kJotletNotFound);
   } else if (action == nullptr) {
@@ -122,7 +123,7 @@ void DoDesktop(const CommandCall& call) {
 void GetDesktop(const CommandCall& call) {
   const Addressed to = SplitAddressed(call.arguments);
   DesktopJotlet* jotlet = call.host.FindDesktop(to.id);
-  const FieldReader* reader = FindFieldReader(to.word);
+  const FieldReader* reader = FindFieldReader(to.rest);
   if (jotlet == nullptr) {
     call.reply.SendLine(kJotletNotFound);
   } else if (reader == nullptr) {
@@ -132,16 +133,18 @@ void GetDesktop(const CommandCall& call) {
   }
 }
 
+// The value is all that follows the blank behind the field's name.
 void SetDesktop(const CommandCall& call) {
   const Addressed to = SplitAddressed(call.arguments);
+  const Split field = SplitAtFirst(to.rest, u' ');
   DesktopJotlet* jotlet = call.host.FindDesktop(to.id);
-  const FieldWriter* writer = FindFieldWriter(to.word);
+  const FieldWriter* writer = FindFieldWriter(field.head);
   if (jotlet == nullptr) {
     call.reply.SendLine(kJotletNotFound);
   } else if (writer == nullptr) {
     call.reply.SendLine(kNotUnderstood);
   } else {
-    writer->write(call, *jotlet, to.rest);
+    writer->write(call, *jotlet, field.tail);
   }
 }
 
@@ -150,8 +153,8 @@ struct CommandRow {
   void (*run)(const CommandCall& call);
 };
 
-// In matching order. A keyword is a prefix of the command, so a longer one stands before its own beginning. The
-// rows marked `NotYet` keep their place, so that no shorter keyword takes their commands.
+// In matching order. A keyword is a prefix of the command, so a longer one stands before its own beginning.
+// The rows marked `NotYet` keep their place, so that no shorter keyword takes their commands.
 constexpr std::array kCommands = {
     CommandRow{u"do new jotlet_paste_image", NotYet},
     CommandRow{u"do new jotlet_paste_plain", NotYet},
@@ -166,8 +169,10 @@ constexpr std::array kCommands = {
     CommandRow{u"get desktop ", GetDesktop},
     CommandRow{u"set desktop ", SetDesktop},
     CommandRow{u"get list desktop", [](const CommandCall& call) { ReplyList(call, call.host.DesktopIds()); }},
-    CommandRow{u"get list attached", [](const CommandCall& call) { ReplyList(call, call.host.AttachedIds()); }},
-    CommandRow{u"get list sleeping", [](const CommandCall& call) { ReplyList(call, call.host.SleepingIds()); }},
+    CommandRow{u"get list attached",
+               [](const CommandCall& call) { ReplyList(call, call.host.AttachedIds()); }},
+    CommandRow{u"get list sleeping",
+               [](const CommandCall& call) { ReplyList(call, call.host.SleepingIds()); }},
     CommandRow{u"get list closed", [](const CommandCall& call) { ReplyList(call, call.host.ClosedIds()); }},
     CommandRow{u"get list stacks", ListStacks},
     CommandRow{u"get version", [](const CommandCall& call) { call.reply.Value(kVersionText); }},
@@ -187,7 +192,8 @@ constexpr auto kKeywords = [] {
 }  // namespace
 
 void ExecuteApiCommand(CommandHost& host, const ApiReplyChannel& reply, Log& log, TextView command) {
-  if (log.Writes(kLogDetail)) log.Write(kLogDetail, Text(u"API command received: \"").append(command).append(u"\""));
+  if (log.Writes(kLogDetail))
+    log.Write(kLogDetail, Text(u"API command received: \"").append(command).append(u"\""));
   for (const CommandRow& row : kCommands) {
     if (!StartsWithIgnoreCase(command, row.keyword)) continue;
     row.run({host, reply, command.substr(row.keyword.size())});

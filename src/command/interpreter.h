@@ -24,7 +24,8 @@ struct Inbound {
   TextView text;  // without the prefix that told its kind
 };
 
-/// Tells commands ("api " in front), skin files (extension "jsk", unless policy fixes the skin) and note messages
+/// Tells commands ("api " in front), skin files (extension "jsk", unless policy fixes the skin) and note
+/// messages
 /// ("#jotlet " in front is taken off) apart.
 Inbound RouteInbound(TextView text, bool skinFixedByPolicy);
 

@@ -24,7 +24,8 @@ bool Listeners::Register(ClientWindow client) {
 }
 
 bool Listeners::Deregister(ClientWindow client) {
-  return std::erase_if(listeners_, [client](const Listener& listener) { return listener.client == client; }) > 0;
+  return std::erase_if(listeners_, [client](const Listener& listener) { return listener.client == client; }) >
+         0;
 }
 
 bool Listeners::IsRegistered(ClientWindow client) const {
@@ -32,7 +33,9 @@ bool Listeners::IsRegistered(ClientWindow client) const {
                      [client](const Listener& listener) { return listener.client == client; });
 }
 
-void Listeners::Notify(TextView eventText, TextView id) { NotifyText(Text(eventText).append(u" ").append(id)); }
+void Listeners::Notify(TextView eventText, TextView id) {
+  NotifyText(Text(eventText).append(u" ").append(id));
+}
 
 void Listeners::NotifyMany(TextView eventText, std::span<const Text> ids) {
   Text line = Text(eventText).append(u" ");

@@ -25,9 +25,9 @@ class LineTransport {
 
 /// The programs that get event lines, in the order in which they registered, each once.
 ///
-/// A client whose window is gone is dropped at the next event. One that hangs holds us up once for the bound of
-/// the transport and is then passed over: `kHungLimit` hung deliveries in a row drop it, so that a dead program
-/// cannot slow every later event down.
+/// A client whose window is gone is dropped at the next event. One that hangs holds us up once for the bound
+/// of the transport and is then passed over: `kHungLimit` hung deliveries in a row drop it, so that a dead
+/// program cannot slow every later event down.
 class Listeners {
  public:
   static constexpr int kHungLimit = 2;
@@ -59,7 +59,8 @@ class Listeners {
 /// Made for one command: sends its reply to its sender, with the tag that came with the command.
 class ApiReplyChannel {
  public:
-  ApiReplyChannel(LineTransport& transport, Listeners& listeners, Log& log, std::uintptr_t tag, ClientWindow client)
+  ApiReplyChannel(LineTransport& transport, Listeners& listeners, Log& log, std::uintptr_t tag,
+                  ClientWindow client)
       : transport_(transport), listeners_(listeners), log_(log), tag_(tag), client_(client) {}
 
   void SendLine(TextView line) const;

@@ -13,8 +13,16 @@ constexpr TextView kContentMarker = u"<RTF>{\\rtf1";
 constexpr std::size_t kMarkerTag = 5;  // of it, "<RTF>" belongs to the record line
 constexpr TextView kLineBreakMark = u"^M";
 
-// A deletion time is ten digits in front of a "|".
+// A deletion time is ten digits in front of a "|". Times before 2001, from a clock that was wrong, have
+// fewer: they are told by the record that follows at once.
 constexpr std::size_t kDeletedBar = 10;
+
+bool HasDeletionTime(TextView line) {
+  if (line.size() > kDeletedBar && line[kDeletedBar] == u'|') return true;
+  const std::size_t bar = line.find(u'|');
+  return bar != TextView::npos && bar > 0 && line.find_first_not_of(u"-0123456789") == bar &&
+         line.substr(bar + 1).starts_with(u'<');
+}
 
 enum class Section { kNone, kOptions, kFriends, kJotlets, kDeleted, kStacks };
 
@@ -29,12 +37,17 @@ constexpr std::array kSections = {
     SectionRow{u"[Stacks]", Section::kStacks},
 };
 
-// A line of [Jotlets] is a record when it is tagged, or when it begins as the colon-separated form does.
+bool IsNumber(TextView field) {
+  return !field.empty() && field.find_first_not_of(u"-0123456789") == TextView::npos;
+}
+
+// A line of [Jotlets] is a record when it is tagged, or when it begins as the colon-separated form does: with
+// two numbers, a colon behind each.
 bool LooksLikeRecord(TextView line) {
   if (line.front() == u'<') return true;
-  const TextView first = line.substr(0, line.find(u':'));
-  return first.size() < line.size() && !first.empty() &&
-         first.find_first_not_of(u"-0123456789") == TextView::npos;
+  const Split x = SplitAtFirst(line, u':');
+  const Split y = SplitAtFirst(x.tail, u':');
+  return IsNumber(x.head) && IsNumber(y.head) && y.head.size() < x.tail.size();
 }
 
 class Parser {
@@ -47,12 +60,19 @@ class Parser {
     while (file_.version <= kDataFileVersion && lines.Next(line)) {
       if (!line.empty()) TakeLine(line);
     }
-    file_.cut = !text.empty() && text.back() != u'\n' && InRecords() && FindIgnoreCase(line, u"<RTF>") == line.npos;
+    file_.cut = IsCut(text, line);
     return std::move(file_);
   }
 
  private:
-  bool InRecords() const { return section_ == Section::kJotlets || section_ == Section::kDeleted; }
+  // Our own files end in a whole line of their last section. A file made by hand may lack the last line feed,
+  // but not the end of a record.
+  bool IsCut(TextView text, TextView lastLine) const {
+    if (ours_ && section_ != Section::kDeleted) return true;
+    const bool inRecord =
+        section_ == Section::kDeleted || (section_ == Section::kJotlets && lastLine.starts_with(u'<'));
+    return inRecord && text.back() != u'\n' && FindIgnoreCase(lastLine, u"<RTF>") == TextView::npos;
+  }
 
   void TakeLine(TextView line) {
     for (const SectionRow& row : kSections) {
@@ -79,7 +99,9 @@ class Parser {
       file_.version = ParseInt(split.tail);
     } else if (split.head == u"ID") {
       file_.installId = split.tail;
-    } else if (split.head != u"Version") {
+    } else if (split.head == u"Version") {
+      ours_ = split.tail == kVersionText;
+    } else {
       LoadOption(context_.options, split.head, split.tail);
     }
   }
@@ -94,7 +116,7 @@ class Parser {
 
   void TakeDeleted(TextView line) {
     std::int32_t deletedTime = kNotSet;
-    if (line.size() > kDeletedBar && line[kDeletedBar] == u'|') {
+    if (HasDeletionTime(line)) {
       const Split split = SplitAtFirst(line, u'|');
       deletedTime = ParseInt(split.head);
       line = split.tail;
@@ -122,6 +144,7 @@ class Parser {
   const DataFileContext& context_;
   DataFile file_;
   Section section_ = Section::kNone;
+  bool ours_ = false;  // this version wrote the file
   JotletData blank_;
   std::set<std::int32_t> stackNumbers_;
   std::int32_t lowestFree_ = 1;
@@ -145,7 +168,11 @@ Text ComposeDataFile(const DataFileView& view) {
   text.reserve(256 + 320 * (view.jotlets.size() + view.deleted.size()));
   text.append(u"[Options]\niniver=");
   AppendInt(text, kDataFileVersion);
-  text.append(u"\nVersion=").append(kVersionText).append(u"\nID=").append(OneLine(view.installId)).append(u"\n\n");
+  text.append(u"\nVersion=")
+      .append(kVersionText)
+      .append(u"\nID=")
+      .append(OneLine(view.installId))
+      .append(u"\n\n");
   if (!view.stacks.empty()) {
     text.append(u"[Stacks]\n");
     for (const StackRecord& stack : view.stacks) text.append(MakeStackLine(stack)).push_back(u'\n');

@@ -29,7 +29,7 @@ struct DataFile {
   std::int32_t version = kDataFileVersion;
   /// At least one section header of ours was found: the text is a data file.
   bool recognised = false;
-  /// The last record line has no end: the file was cut.
+  /// The file ends before its end: it was cut.
   bool cut = false;
   Text installId;
   std::vector<Text> friendLines;  // of a [Friends] section, as they stand
@@ -65,8 +65,8 @@ struct DataFileView {
 
 Text ComposeDataFile(const DataFileView& view);
 
-/// A note as it travels in one line: the record line, and the marker "<RTF>" with the rich text behind it, line
-/// breaks written as "^M". `content` is empty for a note without a rich-text file.
+/// A note as it travels in one line: the record line, and the marker "<RTF>" with the rich text behind it,
+/// line breaks written as "^M". `content` is empty for a note without a rich-text file.
 Text MakeEncodedJotlet(const JotletData& record, bool rolledHasAltPosition, TextView content);
 
 /// The inverse, for lines of older files and notes from other programs: the content, when the line holds

@@ -5,9 +5,9 @@ namespace {
 
 constexpr TextView kProfileMark = u"%PROFILE%";
 
-constexpr std::array kDataSetFiles = {kDataFileName,          kOptionsFileName,    kFriendsFileName,
-                                      kStoreFileName,         TextView(u"categories.png"), kDefaultRtfName,
-                                      kDefaultPngName,        TextView(u"borders.png")};
+constexpr std::array kDataSetFiles = {
+    kDataFileName,   kOptionsFileName, kFriendsFileName,        kStoreFileName, TextView(u"categories.png"),
+    kDefaultRtfName, kDefaultPngName,  TextView(u"borders.png")};
 
 bool HoldsData(const Files& files, const Text& folder) {
   return !folder.empty() &&
@@ -55,8 +55,8 @@ FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder) {
   const Text from(fromFolder);
   const Text to(toFolder);
   if (FileStatus made = MakeDataFolders(files, to); !made) return made;
-  for (const auto& [folder, extension] : {std::pair(kImagesFolder, TextView(u".png")),
-                                          std::pair(kRtfFolder, TextView(u".rtf"))}) {
+  for (const auto& [folder, extension] :
+       {std::pair(kImagesFolder, TextView(u".png")), std::pair(kRtfFolder, TextView(u".rtf"))}) {
     if (FileStatus copied = CopyFolder(files, from + Text(folder), to + Text(folder), extension); !copied) {
       return copied;
     }

@@ -3,7 +3,6 @@
 
 #include <array>
 
-
 #include "base/files.h"
 #include "base/text.h"
 

@@ -1,4 +1,5 @@
-// The note record: every field of one note except its content, which lives in a content file named after the id.
+// The note record: every field of one note except its content, which lives in a content file named after the
+// id.
 #pragma once
 
 #include <cstdint>
@@ -21,8 +22,8 @@ struct RecordDefaults {
   bool user3 = false;
 };
 
-/// Positions and sizes are screen pixels, times are seconds since 1970-01-01 UTC. Fields stand in the order in
-/// which the record has always listed them; `jotlet_line.h` has their written forms.
+/// Positions and sizes are screen pixels, times are seconds since 1970-01-01 UTC. Fields stand in the order
+/// in which the record has always listed them; `jotlet_line.h` has their written forms.
 struct JotletData {
   std::int32_t x = kNotSet;
   std::int32_t y = kNotSet;

@@ -16,7 +16,8 @@ bool IsDeviceName(TextView name) {
   if (std::any_of(kDevices.begin(), kDevices.end(), [&](TextView d) { return EqualIgnoreCase(stem, d); })) {
     return true;
   }
-  if (stem.size() != 4 || !(StartsWithIgnoreCase(stem, u"COM") || StartsWithIgnoreCase(stem, u"LPT"))) return false;
+  if (stem.size() != 4 || !(StartsWithIgnoreCase(stem, u"COM") || StartsWithIgnoreCase(stem, u"LPT")))
+    return false;
   // Windows takes the superscript digits one to three for port numbers as well.
   return TextView(u"0123456789\u00B9\u00B2\u00B3").find(stem[3]) != TextView::npos;
 }

@@ -9,8 +9,9 @@
 
 namespace jotlets {
 
-/// Whether `text` can name a file inside a folder on every Windows file system: 1 to 200 units, no separators,
-/// wildcards or control characters, no reserved device name, no blank at either end and no full stop at the end.
+/// Whether `text` can name a file inside a folder on every Windows file system: 1 to 200 units, no
+/// separators, wildcards or control characters, no reserved device name, no blank at either end and no full
+/// stop at the end.
 bool IsPlainFileName(TextView text);
 
 /// Makes fresh note identities.
@@ -19,8 +20,8 @@ class IdSource {
   /// `instance` tells this run of the program from others.
   explicit IdSource(std::uint32_t instance) : instance_(instance) {}
 
-  /// Hour, minute, second, instance and a counter, each in upper-case hexadecimal without padding. The counter
-  /// goes up first; past 10000 it continues at 10, deliberately not at 0 or 1.
+  /// Hour, minute, second, instance and a counter, each in upper-case hexadecimal without padding. The
+  /// counter goes up first; past 10000 it continues at 10, deliberately not at 0 or 1.
   Text Next(const LocalTime& now);
 
  private:

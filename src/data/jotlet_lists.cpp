@@ -17,19 +17,22 @@ std::vector<JotletData> JotletLists::Take(DataFile file) {
   return desktop;
 }
 
-std::vector<JotletData> JotletLists::AddClosed(JotletData record, std::int32_t closedAt, std::int32_t keepDeleted) {
+std::vector<JotletData> JotletLists::AddClosed(JotletData record, std::int32_t closedAt,
+                                               std::int32_t keepDeleted) {
   record.deletedTime = closedAt;
   deleted.insert(deleted.begin(), std::move(record));
   const auto most = static_cast<std::size_t>(std::max(keepDeleted, 0));
   if (deleted.size() <= most) return {};
   const auto firstDropped = deleted.begin() + static_cast<std::ptrdiff_t>(most);
-  std::vector<JotletData> dropped(std::make_move_iterator(firstDropped), std::make_move_iterator(deleted.end()));
+  std::vector<JotletData> dropped(std::make_move_iterator(firstDropped),
+                                  std::make_move_iterator(deleted.end()));
   deleted.erase(firstDropped, deleted.end());
   return dropped;
 }
 
 std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desktop) const {
-  std::vector<NotesOfKind> kinds{{u"Desktop", std::move(desktop)}, {u"Attached", {}}, {u"Sleeping/recurring", {}}, {u"Closed", {}}};
+  std::vector<NotesOfKind> kinds{
+      {u"Desktop", std::move(desktop)}, {u"Attached", {}}, {u"Sleeping/recurring", {}}, {u"Closed", {}}};
   for (const JotletData& record : attached) kinds[1].notes.push_back(&record);
   for (const JotletData& record : sleeping) kinds[2].notes.push_back(&record);
   for (const JotletData& record : deleted) kinds[3].notes.push_back(&record);
@@ -38,7 +41,8 @@ std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desk
 
 bool JotletLists::Holds(TextView id) const {
   for (const auto* list : {&attached, &sleeping, &deleted}) {
-    if (std::any_of(list->begin(), list->end(), [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); })) {
+    if (std::any_of(list->begin(), list->end(),
+                    [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); })) {
       return true;
     }
   }

@@ -26,7 +26,8 @@ class JotletLists {
   /// Takes everything of a parsed data file but the notes that belong on the desktop, which are returned.
   std::vector<JotletData> Take(DataFile file);
 
-  /// Adds a closed note in front. What falls off the end of `keepDeleted` notes is deleted for good and returned.
+  /// Adds a closed note in front. What falls off the end of `keepDeleted` notes is deleted for good and
+  /// returned.
   std::vector<JotletData> AddClosed(JotletData record, std::int32_t closedAt, std::int32_t keepDeleted);
 
   /// All notes in the order of the content check, the open ones given.

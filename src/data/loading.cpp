@@ -11,10 +11,12 @@
 namespace jotlets {
 namespace {
 
+constexpr TextView kKeptMark = u".kept-";
+
 struct Reading {
   FileContent content;
   DataFile file;
-  Options options;  // those of before, with what the file set
+  Options options;     // those of before, with what the file set
   bool whole = false;  // read without any sign of damage
 };
 
@@ -37,22 +39,24 @@ Reading ReadDataFile(const LoadContext& context, const Text& path) {
   return reading;
 }
 
-// What was read is written under the new name; the file itself stays until the next save replaces it, so that a
-// kill in between leaves both. One that could not be read can only be renamed.
+// What was read is written under the new name; the file itself stays until the next save replaces it, so that
+// a kill in between leaves both. One that could not be read can only be renamed.
 Text KeepDamagedFile(const LoadContext& context, const Text& path, const FileContent& content) {
-  const Text kept = NameForDamaged(context.files, path, context.now.local);
-  const FileStatus status = content.state == FileContent::State::kRead ? context.files.Write(kept, content.bytes)
-                                                                       : context.files.Rename(path, kept);
+  const Text kept = DatedName(context.files, path, kDamagedMark, context.now.local);
+  const FileStatus status = content.state == FileContent::State::kRead
+                                ? context.files.Write(kept, content.bytes)
+                                : context.files.Rename(path, kept);
   if (status) {
     context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged, kept as '" + kept + u"'");
     return kept;
   }
-  context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged and could not be put aside: " + status.reason);
+  context.log.Write(kLogLifecycle,
+                    u"Data file '" + path + u"' is damaged and could not be put aside: " + status.reason);
   return {};
 }
 
-// The newer of the two copies is the one of the last exit, unless the program has been killed since; the hourly
-// copy is then newer. Their notes tell: the copy whose latest change is later wins.
+// The newer of the two copies is the one of the last exit, unless the program has been killed since; the
+// hourly copy is then newer. Their notes tell: the copy whose latest change is later wins.
 std::int32_t LatestChange(const DataFile& file) {
   std::int32_t latest = 0;
   for (const auto* list : {&file.jotlets, &file.deleted}) {
@@ -83,14 +87,34 @@ void LoadCopyInstead(const LoadContext& context, const Text& folder, Reading& re
   reading = std::move(best);
 }
 
-void WriteInlineContent(const LoadContext& context, const Text& folder, const FiledJotlet& jotlet) {
-  if (!jotlet.inlineContent) return;
-  const Text path = folder + Text(kRtfFolder) + jotlet.record.id + u".rtf";
-  const FileStatus written = context.files.Write(path, RtfBytes(*jotlet.inlineContent));
-  if (!written) context.log.Write(kLogLifecycle, u"Unable to write content file '" + path + u"': " + written.reason);
+// False when some content could not be written: the line in the data file is then the only place that has it.
+bool WriteInlineContents(const LoadContext& context, const Text& folder,
+                         const std::vector<FiledJotlet>& jotlets) {
+  bool all = true;
+  for (const FiledJotlet& jotlet : jotlets) {
+    if (!jotlet.inlineContent) continue;
+    const Text path = folder + Text(kRtfFolder) + jotlet.record.id + u".rtf";
+    const FileStatus written = context.files.Write(path, RtfBytes(*jotlet.inlineContent));
+    if (written) continue;
+    context.log.Write(kLogLifecycle, u"Unable to write content file '" + path + u"': " + written.reason);
+    all = false;
+  }
+  return all;
 }
 
-// Two notes with one id would write over each other's content: the later one gets an id and a copy of its own.
+// The copies are worth more than what could be read, and the next exit would write over them.
+void KeepCopies(const LoadContext& context, const Text& folder) {
+  for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
+    const Text path = folder + Text(name);
+    if (!context.files.Exists(path)) continue;
+    const FileStatus kept =
+        context.files.Copy(path, DatedName(context.files, path, kKeptMark, context.now.local));
+    if (!kept) context.log.Write(kLogLifecycle, u"Unable to keep '" + path + u"': " + kept.reason);
+  }
+}
+
+// Two notes with one id would write over each other's content: the later one gets an id and a copy of its
+// own.
 void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile& file) {
   std::unordered_set<Text> taken;
   for (auto* list : {&file.jotlets, &file.deleted}) {
@@ -101,7 +125,8 @@ void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile&
       do {
         jotlet.record.id = context.freshId();
       } while (!taken.insert(FoldCase(jotlet.record.id)).second);
-      context.log.Write(kLogLifecycle, u"Two jotlets had the id '" + sharedId + u"', the second is now '" + jotlet.record.id + u"'");
+      context.log.Write(kLogLifecycle, u"Two jotlets had the id '" + sharedId + u"', the second is now '" +
+                                           jotlet.record.id + u"'");
       if (jotlet.inlineContent || !context.files.Exists(sharedContent)) continue;
       const FileStatus copied = context.files.Copy(sharedContent, folder + ContentPath(jotlet.record));
       if (!copied) context.log.Write(kLogLifecycle, u"Unable to copy its content: " + copied.reason);
@@ -127,8 +152,8 @@ Stems ListStems(const Files& files, const Text& folder, TextView extension) {
 
 }  // namespace
 
-Text NameForDamaged(const Files& files, TextView path, const LocalTime& now) {
-  const Text dated = Text(path).append(u".damaged-").append(MinuteStamp(now));
+Text DatedName(const Files& files, TextView path, TextView word, const LocalTime& now) {
+  const Text dated = Text(path).append(word).append(MinuteStamp(now));
   Text name = dated;
   for (int number = 2; files.Exists(name) && number < 1000; ++number) name = dated + u"-" + IntText(number);
   return name;
@@ -139,16 +164,18 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
   const Text path = folder + Text(kDataFileName);
   LoadedData loaded;
   Reading reading = ReadDataFile(context, path);
-  if (reading.content.state == FileContent::State::kMissing) return loaded;
+  const FileContent content = std::move(reading.content);
+  if (content.state == FileContent::State::kMissing) return loaded;
   if (reading.file.version <= kDataFileVersion && !reading.whole) {
     loaded.damaged = true;
-    loaded.keptAs = KeepDamagedFile(context, path, reading.content);
+    loaded.keptAs = KeepDamagedFile(context, path, content);
+    KeepCopies(context, folder);
     // Headers alone are no reason to pass a copy over: the rest of the file may be NULs.
     if (HoldsNothing(reading.file)) LoadCopyInstead(context, folder, reading, loaded);
   }
   if (reading.file.version > kDataFileVersion) {
     context.log.Write(kLogDetail, u"Data file at " + path + u" is version " + IntText(reading.file.version) +
-                       u" but I only open version " + IntText(kDataFileVersion));
+                                      u" but I only open version " + IntText(kDataFileVersion));
     loaded.file = std::move(reading.file);
     return loaded;
   }
@@ -156,14 +183,17 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
   loaded.file = std::move(reading.file);
   KeepSome(loaded.file.deleted, context.options.keepDeleted);
   SeparateSharedIds(context, folder, loaded.file);
-  for (const auto* list : {&loaded.file.jotlets, &loaded.file.deleted}) {
-    for (const FiledJotlet& jotlet : *list) WriteInlineContent(context, folder, jotlet);
+  const bool jotletsWritten = WriteInlineContents(context, folder, loaded.file.jotlets);
+  const bool deletedWritten = WriteInlineContents(context, folder, loaded.file.deleted);
+  if (!(jotletsWritten && deletedWritten) && !loaded.damaged) {
+    loaded.damaged = true;
+    loaded.keptAs = KeepDamagedFile(context, path, content);
   }
   return loaded;
 }
 
-std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView, const std::vector<NotesOfKind>& kinds,
-                                      Log& log) {
+std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView,
+                                      const std::vector<NotesOfKind>& kinds, Log& log) {
   const Text folder(folderView);
   Stems images = ListStems(files, folder + Text(kImagesFolder), u".png");
   Stems texts = ListStems(files, folder + Text(kRtfFolder), u".rtf");

@@ -1,5 +1,5 @@
-// Reading the data folder's notes at start: the data file, what to do when it cannot be read, and the check that
-// every note has its content.
+// Reading the data folder's notes at start: the data file, what to do when it cannot be read, and the check
+// that every note has its content.
 #pragma once
 
 #include <vector>
@@ -38,14 +38,16 @@ struct LoadedData {
 
 /// Reads "jotlets.ini" of `folder`. A missing file loads nothing. One that cannot be read as ours is kept
 /// beside it under a dated name; what can be read of it is loaded, and when that is nothing the newest
-/// readable of "jotlets.bye" and "jotlets.bak". Content that older files hold in their lines is moved to content
-/// files, notes that share an id get content files of their own, and closed notes beyond `KeepDeleted` are left
-/// out. Failures are logged; the rest goes on.
+/// readable of "jotlets.bye" and "jotlets.bak". Content that older files hold in their lines is moved to
+/// content files, notes that share an id get content files of their own, and closed notes beyond
+/// `KeepDeleted` are left out. Failures are logged; the rest goes on.
 LoadedData LoadJotlets(const LoadContext& context, TextView folder);
 
-/// A dated name beside a damaged file that no file has yet: "<path>.damaged-<minute>". Renaming never replaces, so
-/// two damaged files cannot displace each other.
-Text NameForDamaged(const Files& files, TextView path, const LocalTime& now);
+inline constexpr TextView kDamagedMark = u".damaged-";
+
+/// A name beside a file that no file has yet: the path, a word and the minute, and a number when that is
+/// taken. Nothing is ever written over a name made this way, so two damaged files cannot displace each other.
+Text DatedName(const Files& files, TextView path, TextView word, const LocalTime& now);
 
 /// A content file that no note claims.
 struct Orphan {

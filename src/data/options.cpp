@@ -50,8 +50,8 @@ constexpr OptionRow PairRow(TextView key) {
           }};
 }
 
-// Four modifier digits (Windows key, Shift, Ctrl, Alt), then the key code. A value too short to hold a key code
-// is no hot key and changes nothing.
+// Four modifier digits (Windows key, Shift, Ctrl, Alt), then the key code. A value too short to hold a key
+// code is no hot key and changes nothing.
 template <std::size_t Index>
 constexpr OptionRow HookRow(TextView key) {
   return {key,

@@ -37,7 +37,8 @@ struct Options {
                                   {true, false, false, true, 'M'},
                                   {true, false, false, true, 'W'}}};
   std::int32_t preventOverlap = 1;
-  std::int32_t newJotletsAppear = 0;  // 0 middle of the primary monitor, 1 of the virtual screen, 2 at the coords
+  std::int32_t newJotletsAppear =
+      0;  // 0 middle of the primary monitor, 1 of the virtual screen, 2 at the coords
   Point newJotletsCoords;
   bool singleClickCreates = false;
   bool opaqueEdit = false;

@@ -26,10 +26,14 @@ struct TagRow {
 using S = StackRecord;
 
 constexpr std::array kTags = {
-    TagRow{u"<X>", Number<&S::x>},          TagRow{u"<Y>", Number<&S::y>},
-    TagRow{u"<W>", Number<&S::width>},      TagRow{u"<H>", Number<&S::height>},
-    TagRow{u"<ID>", Number<&S::number>},    TagRow{u"<COL>", Number<&S::colour>},
-    TagRow{u"<UNP>", Flag<&S::unp>},        TagRow{u"<ONTOP>", Flag<&S::onTop>},
+    TagRow{u"<X>", Number<&S::x>},
+    TagRow{u"<Y>", Number<&S::y>},
+    TagRow{u"<W>", Number<&S::width>},
+    TagRow{u"<H>", Number<&S::height>},
+    TagRow{u"<ID>", Number<&S::number>},
+    TagRow{u"<COL>", Number<&S::colour>},
+    TagRow{u"<UNP>", Flag<&S::unp>},
+    TagRow{u"<ONTOP>", Flag<&S::onTop>},
     TagRow{u"<KEEPCOL>", Flag<&S::keepColour>},
     TagRow{u"<TITLE>", [](S& stack, TextView value) { stack.title = value; }},
 };

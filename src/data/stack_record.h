@@ -21,12 +21,12 @@ struct StackRecord {
   friend bool operator==(const StackRecord&, const StackRecord&) = default;
 };
 
-/// The line of a stack, without its line break. The title is written as it stands: a "<" in it cuts it when the
-/// line is read again, deliberately; line breaks in it become blanks.
+/// The line of a stack, without its line break. The title is written as it stands: a "<" in it cuts it when
+/// the line is read again, deliberately; line breaks in it become blanks.
 Text MakeStackLine(const StackRecord& stack);
 
-/// Reads a stack line; what it lacks keeps its default, the number `freshNumber`. Never fails: a line that does
-/// not begin with "<" is a stack with all defaults.
+/// Reads a stack line; what it lacks keeps its default, the number `freshNumber`. Never fails: a line that
+/// does not begin with "<" is a stack with all defaults.
 StackRecord ParseStackLine(TextView line, std::int32_t freshNumber);
 
 }  // namespace jotlets

@@ -62,7 +62,7 @@ bool LineReader::Next(TextView& line) {
   const std::size_t end = rest_.find(u'\n');
   line = rest_.substr(0, end);
   rest_.remove_prefix(end == TextView::npos ? rest_.size() : end + 1);
-  if (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
+  while (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
   return true;
 }
 

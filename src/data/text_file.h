@@ -1,5 +1,5 @@
-// The bytes of our text files: written as UTF-16 little-endian with its mark, read in that form, as UTF-8 with
-// its mark, or in the system's ANSI code page.
+// The bytes of our text files: written as UTF-16 little-endian with its mark, read in that form, as UTF-8
+// with its mark, or in the system's ANSI code page.
 #pragma once
 
 #include <string>
@@ -23,7 +23,7 @@ TextFile DecodeTextFile(std::string_view bytes, const CodePage& ansi);
 /// FF FE, then `text` in UTF-16 little-endian.
 std::string EncodeTextFile(TextView text);
 
-/// Walks over the lines of a text: each without its line feed and without one carriage return before it.
+/// Walks over the lines of a text: each without its line feed and the carriage returns before it.
 class LineReader {
  public:
   explicit LineReader(TextView text) : rest_(text) {}

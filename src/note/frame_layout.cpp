@@ -18,9 +18,10 @@ int NearEdge(std::int32_t at, std::int32_t length, std::int32_t margin) {
 }
 
 // Row by row from the top left.
-constexpr FramePart kEdgeParts[3][3] = {{FramePart::kTopLeft, FramePart::kTop, FramePart::kTopRight},
-                                        {FramePart::kLeft, FramePart::kContent, FramePart::kRight},
-                                        {FramePart::kBottomLeft, FramePart::kBottom, FramePart::kBottomRight}};
+constexpr FramePart kEdgeParts[3][3] = {
+    {FramePart::kTopLeft, FramePart::kTop, FramePart::kTopRight},
+    {FramePart::kLeft, FramePart::kContent, FramePart::kRight},
+    {FramePart::kBottomLeft, FramePart::kBottom, FramePart::kBottomRight}};
 
 }  // namespace
 
@@ -30,7 +31,8 @@ FrameLayout LayOutFrame(Size window, std::int32_t dpi) {
   FrameLayout layout;
   layout.title = {0, 0, window.width, std::min(title, window.height)};
   layout.closeButton = {std::max(window.width - title, 0), 0, window.width, layout.title.bottom};
-  layout.content = {margin, title, std::max(window.width - margin, margin), std::max(window.height - margin, title)};
+  layout.content = {margin, title, std::max(window.width - margin, margin),
+                    std::max(window.height - margin, title)};
   return layout;
 }
 

@@ -52,11 +52,12 @@ FramePart HitTestFrame(Point at, Size window, std::int32_t dpi);
 /// The size a window takes when it is asked for `size`: never below the minimum.
 Size SafeSize(Size size, Size minimum);
 
-/// The window while an edge or corner is dragged by `offset`: the dragged edges follow the mouse, the opposite
-/// ones stay, and the size never falls below `minimum`.
+/// The window while an edge or corner is dragged by `offset`: the dragged edges follow the mouse, the
+/// opposite ones stay, and the size never falls below `minimum`.
 Rect SizedBounds(const Rect& start, FramePart part, Point offset, Size minimum);
 
-/// The title that a note shows: its own, or else the first line of its text that is not blank, at most 80 units.
+/// The title that a note shows: its own, or else the first line of its text that is not blank, at most 80
+/// units.
 Text ShownTitle(TextView title, TextView plainText);
 
 }  // namespace jotlets

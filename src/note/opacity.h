@@ -6,7 +6,8 @@
 
 namespace jotlets {
 
-/// Window alpha (0 to 255) of an opacity percentage; a percentage out of range counts as the nearest in range.
+/// Window alpha (0 to 255) of an opacity percentage; a percentage out of range counts as the nearest in
+/// range.
 constexpr std::uint8_t AlphaOfOpacity(std::int32_t percent) {
   if (percent == 0) return 255;
   return static_cast<std::uint8_t>(std::clamp<std::int32_t>(percent, 1, 100) * 255 / 100);

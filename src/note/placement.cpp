@@ -26,7 +26,8 @@ std::int32_t Rescued(std::int32_t at, std::int32_t from, std::int32_t to) {
 
 }  // namespace
 
-Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings, std::span<const Point> corners) {
+Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
+                      std::span<const Point> corners) {
   if (requested.x != kNotSet && requested.y != kNotSet) return {requested, size};
   Placed placed{requested, settings.newSize};
   switch (settings.appear) {

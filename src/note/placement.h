@@ -28,10 +28,11 @@ struct Placed {
   Size size;
 };
 
-/// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement. That
-/// takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as another
-/// note has exactly the same corner; partial overlaps are not avoided.
-Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings, std::span<const Point> corners);
+/// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement.
+/// That takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as
+/// another note has exactly the same corner; partial overlaps are not avoided.
+Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
+                      std::span<const Point> corners);
 
 /// The place of a note that must be on the screen: only its top-left corner is looked at. `screen` is the
 /// virtual screen.

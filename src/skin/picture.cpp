@@ -21,7 +21,8 @@ std::uint8_t Multiplied(std::uint8_t colour, std::uint8_t alpha) {
 }
 
 std::uint8_t Divided(std::uint8_t colour, std::uint8_t alpha) {
-  return alpha == 0 ? std::uint8_t{0} : static_cast<std::uint8_t>(std::min(255, (colour * 255 + alpha / 2) / alpha));
+  return alpha == 0 ? std::uint8_t{0}
+                    : static_cast<std::uint8_t>(std::min(255, (colour * 255 + alpha / 2) / alpha));
 }
 
 template <typename Change>
@@ -29,7 +30,8 @@ void ChangeColours(std::vector<std::uint8_t>& pixels, Change change) {
   for (std::size_t at = 0; at + 3 < pixels.size(); at += 4) {
     const std::uint8_t alpha = pixels[at + 3];
     if (alpha == 255) continue;
-    for (std::size_t colour = 0; colour < 3; ++colour) pixels[at + colour] = change(pixels[at + colour], alpha);
+    for (std::size_t colour = 0; colour < 3; ++colour)
+      pixels[at + colour] = change(pixels[at + colour], alpha);
   }
 }
 
@@ -59,7 +61,8 @@ std::string EncodePng(const Picture& picture) {
   png_alloc_size_t size = 0;
   if (png_image_write_to_memory(&png.image, nullptr, &size, 0, straight.data(), 0, nullptr) == 0) return {};
   std::string bytes(size, '\0');
-  if (png_image_write_to_memory(&png.image, bytes.data(), &size, 0, straight.data(), 0, nullptr) == 0) return {};
+  if (png_image_write_to_memory(&png.image, bytes.data(), &size, 0, straight.data(), 0, nullptr) == 0)
+    return {};
   bytes.resize(size);
   return bytes;
 }

@@ -11,8 +11,8 @@
 
 namespace jotlets {
 
-/// Pixels top row first, without gaps: blue, green, red, alpha bytes, colours multiplied by alpha (the form that
-/// alpha blending of the platform takes).
+/// Pixels top row first, without gaps: blue, green, red, alpha bytes, colours multiplied by alpha (the form
+/// that alpha blending of the platform takes).
 struct Picture {
   Size size;
   std::vector<std::uint8_t> pixels;  // width * height * 4

@@ -13,7 +13,8 @@ class Dialog {
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  /// Shows the dialog and waits until it ends; the answer is what `End` was given, -1 when it could not be shown.
+  /// Shows the dialog and waits until it ends; the answer is what `End` was given, -1 when it could not be
+  /// shown.
   INT_PTR Show(const Resources& resources, UINT id, HWND owner);
 
  protected:

@@ -1,6 +1,5 @@
 #include "ui/resources.h"
 
-
 #include "base/win/wide.h"
 #include "ui/screen.h"
 
@@ -18,7 +17,8 @@ Text StringOf(HMODULE module, UINT id) {
 
 Resources::Resources() : program_(GetModuleHandleW(nullptr)) {
   const Text path = ProgramFolder() + u"language80.dll";
-  translation_.reset(LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+  translation_.reset(
+      LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
 }
 
 Text Resources::String(UINT id) const {
@@ -40,12 +40,14 @@ UniqueAccelerators Resources::Accelerators(UINT id) const {
 }
 
 UniqueIcon Resources::Icon(UINT id) const {
-  return UniqueIcon(static_cast<HICON>(LoadImageW(program_, MAKEINTRESOURCEW(id), IMAGE_ICON,
-                                                  GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0)));
+  return UniqueIcon(
+      static_cast<HICON>(LoadImageW(program_, MAKEINTRESOURCEW(id), IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                                    GetSystemMetrics(SM_CYSMICON), 0)));
 }
 
 std::string_view Resources::Bytes(UINT id) const {
-  const HRSRC found = FindResourceW(program_, MAKEINTRESOURCEW(id), reinterpret_cast<const wchar_t*>(RT_RCDATA));
+  const HRSRC found =
+      FindResourceW(program_, MAKEINTRESOURCEW(id), reinterpret_cast<const wchar_t*>(RT_RCDATA));
   if (found == nullptr) return {};
   const HGLOBAL loaded = LoadResource(program_, found);
   if (loaded == nullptr) return {};
@@ -53,8 +55,8 @@ std::string_view Resources::Bytes(UINT id) const {
 }
 
 HMODULE Resources::DialogModule(UINT id) const {
-  const bool translated =
-      translation_ && FindResourceW(translation_.get(), MAKEINTRESOURCEW(id), reinterpret_cast<const wchar_t*>(RT_DIALOG));
+  const bool translated = translation_ && FindResourceW(translation_.get(), MAKEINTRESOURCEW(id),
+                                                        reinterpret_cast<const wchar_t*>(RT_DIALOG));
   return translated ? translation_.get() : program_;
 }
 

@@ -1,4 +1,5 @@
-// Texts, menus and dialogs: taken from the translation "language80.dll" when it is there, else from the program.
+// Texts, menus and dialogs: taken from the translation "language80.dll" when it is there, else from the
+// program.
 #pragma once
 
 #include <windows.h>

@@ -14,7 +14,8 @@ Size PrimaryScreenSize();
 Text ProgramPath();
 Text ProgramFolder();
 
-/// Makes the process aware of each monitor's scale: version 2 of that where the system has it, else version 1.
+/// Makes the process aware of each monitor's scale: version 2 of that where the system has it, else
+/// version 1.
 void EnableDpiAwareness();
 
 }  // namespace jotlets

@@ -18,9 +18,11 @@ bool Window::RegisterWindowClass(const wchar_t* className, HICON icon, UINT clas
 
 Window::~Window() { Destroy(); }
 
-bool Window::Create(const wchar_t* className, const wchar_t* title, const Rect& bounds, WindowStyle style, HWND owner) {
-  return CreateWindowExW(style.extended, className, title, style.style, bounds.left, bounds.top, bounds.Width(),
-                         bounds.Height(), owner, nullptr, GetModuleHandleW(nullptr), this) != nullptr;
+bool Window::Create(const wchar_t* className, const wchar_t* title, const Rect& bounds, WindowStyle style,
+                    HWND owner) {
+  return CreateWindowExW(style.extended, className, title, style.style, bounds.left, bounds.top,
+                         bounds.Width(), bounds.Height(), owner, nullptr, GetModuleHandleW(nullptr),
+                         this) != nullptr;
 }
 
 void Window::Destroy() {
@@ -57,8 +59,8 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
     object->window_ = nullptr;
     return DefWindowProcW(window, message, wParam, lParam);
   }
-  // What throws here is memory running out; an exception must not cross into the system, and the notes that are
-  // already safe matter more than this one message.
+  // What throws here is memory running out; an exception must not cross into the system, and the notes that
+  // are already safe matter more than this one message.
   struct Depth {
     int& depth;
     explicit Depth(int& d) : depth(d) { ++depth; }

@@ -14,7 +14,8 @@ struct WindowStyle {
 
 class Window {
  public:
-  /// Registers a window class served by `Window` objects; false when that failed. Registering again is no error.
+  /// Registers a window class served by `Window` objects; false when that failed. Registering again is no
+  /// error.
   static bool RegisterWindowClass(const wchar_t* className, HICON icon = nullptr, UINT classStyle = 0);
 
   virtual ~Window();
@@ -55,8 +56,8 @@ class Window {
 /// The Windows form of a rectangle, and back.
 inline RECT ToRECT(const Rect& r) { return {r.left, r.top, r.right, r.bottom}; }
 inline Rect FromRECT(const RECT& r) {
-  return {static_cast<std::int32_t>(r.left), static_cast<std::int32_t>(r.top), static_cast<std::int32_t>(r.right),
-          static_cast<std::int32_t>(r.bottom)};
+  return {static_cast<std::int32_t>(r.left), static_cast<std::int32_t>(r.top),
+          static_cast<std::int32_t>(r.right), static_cast<std::int32_t>(r.bottom)};
 }
 
 /// The point packed in a mouse message's lParam.

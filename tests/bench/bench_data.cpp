@@ -1,5 +1,6 @@
-// The data file at 100,000 notes (about 60 MB of UTF-16), and next to it what moving the same bytes costs: memory to
-// memory, and to and from the disk. The ratios tell how far parsing and composing are from the least possible.
+// The data file at 100,000 notes (about 60 MB of UTF-16), and next to it what moving the same bytes costs:
+// memory to memory, and to and from the disk. The ratios tell how far parsing and composing are from the
+// least possible.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

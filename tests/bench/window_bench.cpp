@@ -2,7 +2,8 @@
 // starting with many visible notes, memory per note, and a command's round trip.
 //
 //   window_bench               prints the figures; needs jotlets.exe beside it and a screen
-//   window_bench --bare N DIR  is the bare program: N layered pop-ups with a rich edit child each, the content read
+//   window_bench --bare N DIR  is the bare program: N layered pop-ups with a rich edit child each, the
+//   content read
 //                              from DIR, and a window that echoes copy-data
 #include <windows.h>
 
@@ -78,13 +79,13 @@ void RegisterBareClass(const wchar_t* name, WNDPROC procedure) {
 }
 
 void CreateBareNote(int number, const Text& folder) {
-  const HWND note =
-      CreateWindowExW(WS_EX_LAYERED | WS_EX_TOOLWINDOW, kBareClass, Wide(NoteId(number)), WS_POPUP | WS_CLIPCHILDREN,
-                      (number % 40) * 25, (number / 40) * 25, 232, 160, nullptr, nullptr, nullptr, nullptr);
+  const HWND note = CreateWindowExW(WS_EX_LAYERED | WS_EX_TOOLWINDOW, kBareClass, Wide(NoteId(number)),
+                                    WS_POPUP | WS_CLIPCHILDREN, (number % 40) * 25, (number / 40) * 25, 232,
+                                    160, nullptr, nullptr, nullptr, nullptr);
   SetLayeredWindowAttributes(note, 0, 255, LWA_ALPHA);
-  const HWND edit =
-      CreateWindowExW(0, MSFTEDIT_CLASS, L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 6, 24,
-                      220, 130, note, nullptr, nullptr, nullptr);
+  const HWND edit = CreateWindowExW(0, MSFTEDIT_CLASS, L"",
+                                    WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 6, 24,
+                                    220, 130, note, nullptr, nullptr, nullptr);
   const FileContent content = DiskFiles().Read(folder + u"rtf\\" + NoteId(number) + u".rtf");
   std::string_view rest = content.bytes;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, ReadBytes};
@@ -140,21 +141,23 @@ UniqueHandle Start(const Subject& subject) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, WideBuffer(commandLine), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) {
+  if (!CreateProcessW(nullptr, WideBuffer(commandLine), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &startup, &started)) {
     return nullptr;
   }
   CloseHandle(started.hThread);
   return UniqueHandle(started.hProcess);
 }
 
-// Until the endpoint answers and all windows are there; false after a minute. The windows are counted only when the
-// endpoint has answered: asking for them all the time would slow down what is measured.
+// Until the endpoint answers and all windows are there; false after a minute. The windows are counted only
+// when the endpoint has answered: asking for them all the time would slow down what is measured.
 bool WaitUntilUp(const Subject& subject, int notes) {
   const double limit = Seconds() + 60;
   while (Seconds() < limit) {
     const HWND endpoint = FindWindowW(subject.endpoint, nullptr);
     DWORD_PTR answer = 0;
-    if (endpoint != nullptr && SendMessageTimeoutW(endpoint, WM_NULL, 0, 0, SMTO_NORMAL, 60000, &answer) != 0 &&
+    if (endpoint != nullptr &&
+        SendMessageTimeoutW(endpoint, WM_NULL, 0, 0, SMTO_NORMAL, 60000, &answer) != 0 &&
         VisibleWindows(subject.noteClass) == notes) {
       return true;
     }
@@ -242,7 +245,8 @@ Text MakeDataFolder(int notes) {
     record.title = u"Note " + IntText(i);
     view.jotlets.push_back(&record);
     files.Write(folder + ContentPath(record),
-                "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} line\\par third\\par}");
+                "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} "
+                "line\\par third\\par}");
   }
   files.Write(folder + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
   return folder;
@@ -254,13 +258,14 @@ void UseDataFolder(const Text& folder) {
 }
 
 void Print(const char* what, double ours, double bare, double scale, const char* unit, double aim) {
-  std::printf("%-28s jotlets %9.2f %s   bare %9.2f %s   ratio %.2f (aim: at most %.1f)\n", what, ours * scale, unit,
-              bare * scale, unit, ours / bare, aim);
+  std::printf("%-28s jotlets %9.2f %s   bare %9.2f %s   ratio %.2f (aim: at most %.1f)\n", what, ours * scale,
+              unit, bare * scale, unit, ours / bare, aim);
 }
 
 int RunBench() {
   RegisterBareClass(L"BenchReply", ReplyProcedure);
-  const HWND self = CreateWindowExW(0, L"BenchReply", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+  const HWND self =
+      CreateWindowExW(0, L"BenchReply", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
   Figures ours[2];
   Figures bare[2];
   const int sizes[2] = {10, kNotes};
@@ -268,7 +273,8 @@ int RunBench() {
     const Text folder = MakeDataFolder(sizes[which]);
     UseDataFolder(folder);
     const Subject program{"jotlets", u"\"" + ProgramFolder() + u"jotlets.exe\"", kNoteClass, kMainClass};
-    const Subject bareProgram{"bare", u"\"" + ProgramPath() + u"\" --bare " + IntText(sizes[which]) + u" " + folder,
+    const Subject bareProgram{"bare",
+                              u"\"" + ProgramPath() + u"\" --bare " + IntText(sizes[which]) + u" " + folder,
                               kBareClass, kEchoClass};
     for (int round = 0; round < kRounds; ++round) {
       if (!Measure(program, sizes[which], self, ours[which])) return 1;
@@ -279,7 +285,7 @@ int RunBench() {
   Print("start with 1000 notes", Median(ours[1].start), Median(bare[1].start), 1000, "ms", 1.3);
   Print("do ping, 10 notes", Median(ours[0].ping), Median(bare[0].ping), 1e6, "us", 1.2);
   Print("do ping, 1000 notes", Median(ours[1].ping), Median(bare[1].ping), 1e6, "us", 1.2);
-  const auto perNote = [&sizes](const Figures (&figures)[2]) {
+  const auto perNote = [&sizes](const Figures(&figures)[2]) {
     return (Median(figures[1].memory) - Median(figures[0].memory)) / (sizes[1] - sizes[0]);
   };
   Print("memory per visible note", perNote(ours), perNote(bare), 1.0 / 1024, "KB", 1.2);

@@ -13,7 +13,8 @@ void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
   const Inbound inbound = RouteInbound(text, false);
   switch (inbound.kind) {
     case InboundKind::kCommand: {
-      const ApiReplyChannel reply(transport_, listeners_, log_, record.dwData, reinterpret_cast<ClientWindow>(sender));
+      const ApiReplyChannel reply(transport_, listeners_, log_, record.dwData,
+                                  reinterpret_cast<ClientWindow>(sender));
       ExecuteApiCommand(*this, reply, log_, inbound.text);
       break;
     }

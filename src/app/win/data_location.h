@@ -13,8 +13,8 @@ namespace jotlets {
 Text ChooseDataFolder(HWND owner, const Resources& resources, TextView present);
 
 /// Points the registry value at the new folder and copies the data set there. A folder that holds a data file
-/// already is refused, and after a failed copy the registry value is as before: the data never seems lost. When
-/// it went well, the program is to be started anew.
+/// already is refused, and after a failed copy the registry value is as before: the data never seems lost.
+/// When it went well, the program is to be started anew.
 FileStatus MoveData(Files& files, Log& log, TextView fromFolder, TextView toFolder);
 
 }  // namespace jotlets

@@ -54,7 +54,8 @@ std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
   if (jotlet == nullptr) return std::nullopt;
   JotletData record = jotlet->Record();
   byId_.erase(FoldCase(id));
-  const auto at = std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
+  const auto at =
+      std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
   removed_.push_back(std::move(*at));
   jotlets_.erase(at);
   jotlet->DestroyWindowNow();
@@ -63,7 +64,8 @@ std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
 }
 
 // From the topmost down: each window then finds its place among shown ones. From the bottom
-// up, the system looks for that place past every window that is still hidden, which a thousand notes make felt.
+// up, the system looks for that place past every window that is still hidden, which a thousand notes make
+// felt.
 void DesktopJotlets::ShowAll() {
   for (auto jotlet = jotlets_.rbegin(); jotlet != jotlets_.rend(); ++jotlet) {
     if (!(*jotlet)->StoredRecord().hidden) (*jotlet)->Show();
@@ -125,7 +127,8 @@ std::vector<const JotletData*> DesktopJotlets::Records() {
 }
 
 bool DesktopJotlets::HasUnsavedContent() const {
-  return std::any_of(jotlets_.begin(), jotlets_.end(), [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
+  return std::any_of(jotlets_.begin(), jotlets_.end(),
+                     [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
 }
 
 FileStatus DesktopJotlets::SaveContents(std::int32_t now) {
@@ -153,8 +156,8 @@ void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
 HFONT DesktopJotlets::TitleFont(std::int32_t dpi) {
   UniqueFont& font = titleFonts_[dpi];
   if (!font) {
-    font.reset(CreateFontW(-MulDiv(9, dpi, 72), 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
-                           CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+    font.reset(CreateFontW(-MulDiv(9, dpi, 72), 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0,
+                           0, CLEARTYPE_QUALITY, 0, L"Segoe UI"));
   }
   return font.get();
 }

@@ -33,19 +33,21 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 
-  /// Opens a note window for a record with a place and a size, its content read from its content file, and puts
-  /// it at the end of the list, not yet shown. nullptr, with a log line, when the window could not be made.
+  /// Opens a note window for a record with a place and a size, its content read from its content file, and
+  /// puts it at the end of the list, not yet shown. nullptr, with a log line, when the window could not be
+  /// made.
   BJotlet* Open(JotletData record);
 
   BJotlet* Find(TextView id);
   const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
   std::vector<Text> Ids() const;
 
-  /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such note.
+  /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such
+  /// note.
   bool SaveContent(TextView id, std::int32_t now);
 
-  /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is no
-  /// such note.
+  /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is
+  /// no such note.
   std::optional<JotletData> Remove(TextView id);
 
   /// Shows every note that is not hidden.
@@ -71,7 +73,9 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletSized(BJotlet& jotlet) override;
   void OnJotletFocus(BJotlet& jotlet, bool gained) override;
   void OnJotletClose(BJotlet& jotlet) override { owner_.OnCloseWanted(jotlet.StoredRecord().id); }
-  void OnJotletMenu(BJotlet& jotlet, Point screen) override { owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen); }
+  void OnJotletMenu(BJotlet& jotlet, Point screen) override {
+    owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
+  }
   HFONT TitleFont(std::int32_t dpi) override;
 
  private:

@@ -22,8 +22,8 @@ NewJotlet FromNoteMessage(const NoteMessage& message) {
   return fresh;
 }
 
-JotletMaker::JotletMaker(Files& files, const Clock& clock, Log& log, const Options& options, const JotletLists& lists,
-                         DesktopJotlets& desktop)
+JotletMaker::JotletMaker(Files& files, const Clock& clock, Log& log, const Options& options,
+                         const JotletLists& lists, DesktopJotlets& desktop)
     : files_(files),
       clock_(clock),
       log_(log),
@@ -38,7 +38,8 @@ void JotletMaker::ProvideTemplates(std::string_view rtf) {
   const Text pngPath = folder_ + Text(kDefaultPngName);
   if (files_.Exists(pngPath)) return;
   const Size size = Options().imageJotletDefaultSize;
-  const Picture white{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width * size.height) * 4, 255)};
+  const Picture white{size,
+                      std::vector<std::uint8_t>(static_cast<std::size_t>(size.width * size.height) * 4, 255)};
   files_.Write(pngPath, EncodePng(white));
 }
 
@@ -49,14 +50,16 @@ Text JotletMaker::NewJotletId() {
   for (;;) {
     probe.id = probeImage.id = ids_.Next(clock_.Now().local);
     const bool taken = desktop_.Find(probe.id) != nullptr || lists_.Holds(probe.id) ||
-                       files_.Exists(folder_ + ContentPath(probe)) || files_.Exists(folder_ + ContentPath(probeImage));
+                       files_.Exists(folder_ + ContentPath(probe)) ||
+                       files_.Exists(folder_ + ContentPath(probeImage));
     if (!taken) return probe.id;
   }
 }
 
 BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   JotletData record;
-  record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc), fresh.id.empty() ? NewJotletId() : fresh.id);
+  record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc),
+               fresh.id.empty() ? NewJotletId() : fresh.id);
   record.isImage = fresh.isImage ? 1 : 0;
   record.title = fresh.title;
   record.source = fresh.source;
@@ -105,14 +108,16 @@ void JotletMaker::Place(JotletData& record) const {
     const Rect bounds = jotlet->Bounds();
     corners.push_back({bounds.left, bounds.top});
   }
-  const Placed placed = PlaceNewJotlet({record.x, record.y}, {record.width, record.height}, settings, corners);
+  const Placed placed =
+      PlaceNewJotlet({record.x, record.y}, {record.width, record.height}, settings, corners);
   record.x = placed.position.x;
   record.y = placed.position.y;
   record.width = placed.size.width;
   record.height = placed.size.height;
 }
 
-// A new note begins as a copy of the user's template, so that its content is on the disk from the first moment.
+// A new note begins as a copy of the user's template, so that its content is on the disk from the first
+// moment.
 bool JotletMaker::ProvideContent(const JotletData& record) {
   const Text original = folder_ + Text(record.IsImage() ? kDefaultPngName : kDefaultRtfName);
   const FileStatus copied = files_.Copy(original, folder_ + ContentPath(record));

@@ -56,8 +56,10 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
 
 bool CMainFrame::Start() {
   taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
-  if (!RegisterWindowClass(kMainWindowClass) || !Create(kMainWindowClass, WideLiteral(kVersionText), {}, {})) return false;
-  // The shell is less privileged than a program started as administrator; its broadcast must still come through.
+  if (!RegisterWindowClass(kMainWindowClass) || !Create(kMainWindowClass, WideLiteral(kVersionText), {}, {}))
+    return false;
+  // The shell is less privileged than a program started as administrator; its broadcast must still come
+  // through.
   ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
   if (OnCreate()) return true;
   exiting_ = true;
@@ -66,8 +68,10 @@ bool CMainFrame::Start() {
 }
 
 bool CMainFrame::OnCreate() {
-  for (const wchar_t* name : {kJotletClass, L"BraskJotletStack", L"BraskJotletNoteShadow", L"BraskJotletStackShadow"}) {
-    if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS)) Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
+  for (const wchar_t* name :
+       {kJotletClass, L"BraskJotletStack", L"BraskJotletNoteShadow", L"BraskJotletStackShadow"}) {
+    if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS))
+      Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
   }
   tray_.Add(Handle(), kTrayMessage);
   commands_.SetWindow(Handle());
@@ -245,7 +249,8 @@ void CMainFrame::SaveOptions() {
   const Text path = folder_ + Text(kOptionsFileName);
   Log(kLogDetail, u"SaveOptions started for '" + path + u"'");
   const FileStatus saved = SaveOptionsFile(files_, path, options_);
-  Log(saved ? kLogDetail : kLogLifecycle, saved ? Text(u"SaveOptions completed OK") : u"SaveOptions failed: " + saved.reason);
+  Log(saved ? kLogDetail : kLogLifecycle,
+      saved ? Text(u"SaveOptions completed OK") : u"SaveOptions failed: " + saved.reason);
 }
 
 Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
@@ -304,7 +309,8 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   desktop_.CloseAll();
   NotifyListenersText(u"503 jotlets is exiting, so long");
   tray_.Remove();
-  Log(kLogLifecycle, u"Jotlets closed. Ran for " + IntText(secondsRun_) + u" seconds (" + Text(reason) + u")");
+  Log(kLogLifecycle,
+      u"Jotlets closed. Ran for " + IntText(secondsRun_) + u" seconds (" + Text(reason) + u")");
   PostQuitMessage(0);
   Destroy();
 }
@@ -315,7 +321,8 @@ void CMainFrame::OnEndSession(bool ending) {
 
 void CMainFrame::OnHotKey(int id) {
   // The first four and the last of the six; the fifth opens the manage window.
-  constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE, ID_RESCUE};
+  constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE,
+                                ID_RESCUE};
   const int index = id - kFirstHotKey;
   if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
   if (kCommands[index] == 0) {
@@ -360,12 +367,15 @@ void CMainFrame::OnTray(LPARAM message) {
 
 void CMainFrame::OnCloseWanted(const Text& id) {
   const Text wanted = id;
-  if (!CloseJotlet(wanted, u"user") && FindJotlet(wanted) != nullptr) Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
+  if (!CloseJotlet(wanted, u"user") && FindJotlet(wanted) != nullptr)
+    Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
 }
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
-void CMainFrame::ShowTrayMenu() { ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get()); }
+void CMainFrame::ShowTrayMenu() {
+  ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
+}
 
 void CMainFrame::ShowJotletMenu(const Text& id, Point) {
   // The menu runs a message loop of its own, in which anything may happen to the note.
@@ -400,8 +410,8 @@ void CMainFrame::MoveDataLocation() {
   if (folder.empty()) return;
   // Everything that is in memory goes along.
   SaveOptions();
-  const FileStatus moved = SaveJotlets() ? MoveData(files_, log_, folder_, folder)
-                                         : FileStatus::Failed(saver_.MainPath());
+  const FileStatus moved =
+      SaveJotlets() ? MoveData(files_, log_, folder_, folder) : FileStatus::Failed(saver_.MainPath());
   if (!moved) {
     Tell(Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
     return;

@@ -38,7 +38,9 @@ class CMainFrame final : public Window, public DesktopOwner {
   /// The main save, when anything is dirty; the user is told when it fails.
   void SaveIfDirty();
 
-  void NotifyListeners(TextView eventText, TextView id) override { commands_.Listeners().Notify(eventText, id); }
+  void NotifyListeners(TextView eventText, TextView id) override {
+    commands_.Listeners().Notify(eventText, id);
+  }
   void NotifyListenersMany(TextView eventText, std::span<const Text> ids) {
     commands_.Listeners().NotifyMany(eventText, ids);
   }
@@ -112,8 +114,8 @@ class CMainFrame final : public Window, public DesktopOwner {
   UINT taskbarCreated_ = 0;
   std::uint32_t secondsRun_ = 0;
   int minutes_ = 0;
-  bool ready_ = false;     // the notes are loaded
-  bool exiting_ = false;   // the shutdown has begun
+  bool ready_ = false;    // the notes are loaded
+  bool exiting_ = false;  // the shutdown has begun
   bool optionsDirty_ = false;
   bool optionsUnread_ = false;  // the options file is there but could not be read: it is left alone
   bool saveFailureTold_ = false;

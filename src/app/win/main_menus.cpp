@@ -6,7 +6,8 @@
 namespace jotlets {
 namespace {
 
-constexpr UINT kNotYet[] = {ID_IMPORT, ID_MANAGE, ID_FRIENDS, ID_OPTIONS, ID_BACKUP, ID_RESTORE, ID_HELP_JOTLETS};
+constexpr UINT kNotYet[] = {ID_IMPORT, ID_MANAGE,  ID_FRIENDS,     ID_OPTIONS,
+                            ID_BACKUP, ID_RESTORE, ID_HELP_JOTLETS};
 
 UINT Track(HWND owner, HMENU menu, UINT flags) {
   POINT at{};
@@ -14,7 +15,8 @@ UINT Track(HWND owner, HMENU menu, UINT flags) {
   // Without the first call the menu stays when the user clicks elsewhere, without the second the next one
   // closes at once.
   SetForegroundWindow(owner);
-  const BOOL chosen = TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON | flags, at.x, at.y, 0, owner, nullptr);
+  const BOOL chosen =
+      TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON | flags, at.x, at.y, 0, owner, nullptr);
   PostMessageW(owner, WM_NULL, 0, 0);
   return static_cast<UINT>(chosen);
 }

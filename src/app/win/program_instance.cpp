@@ -39,7 +39,8 @@ void ProgramInstance::Restart(Log& log) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION started{};
-  if (CreateProcessW(nullptr, WideBuffer(program), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) {
+  if (CreateProcessW(nullptr, WideBuffer(program), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                     &started)) {
     const UniqueHandle process(started.hProcess);
     const UniqueHandle thread(started.hThread);
   } else {

@@ -1,8 +1,8 @@
 // The single instance of the program in this session, and starting the program anew.
 #pragma once
 
-#include "base/text.h"
 #include "base/log.h"
+#include "base/text.h"
 #include "base/win/unique_handle.h"
 
 namespace jotlets {

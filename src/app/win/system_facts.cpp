@@ -23,7 +23,8 @@ Text ShellFolder(int folder) {
 Text RegistryPath() {
   Text path(MAX_PATH, u'\0');
   auto bytes = static_cast<DWORD>(path.size() * sizeof(wchar_t));
-  if (RegGetValueW(HKEY_CURRENT_USER, kRegistryKey, kPathValue, RRF_RT_REG_SZ, nullptr, path.data(), &bytes) != 0) {
+  if (RegGetValueW(HKEY_CURRENT_USER, kRegistryKey, kPathValue, RRF_RT_REG_SZ, nullptr, path.data(),
+                   &bytes) != 0) {
     return {};
   }
   path.resize(path.find(u'\0') == Text::npos ? path.size() : path.find(u'\0'));
@@ -42,9 +43,8 @@ FileStatus WriteRegistryPath(TextView folder) {
     RegDeleteKeyValueW(HKEY_CURRENT_USER, kRegistryKey, kPathValue);
     return {};
   }
-  const LSTATUS status =
-      RegSetKeyValueW(HKEY_CURRENT_USER, kRegistryKey, kPathValue, REG_SZ, value.c_str(),
-                      static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+  const LSTATUS status = RegSetKeyValueW(HKEY_CURRENT_USER, kRegistryKey, kPathValue, REG_SZ, value.c_str(),
+                                         static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
   if (status == ERROR_SUCCESS) return {};
   return FileStatus::Failed(LastErrorText(u"RegSetKeyValue", static_cast<DWORD>(status)));
 }

@@ -14,7 +14,8 @@ namespace {
 int RunMessageLoop(CMainFrame& frame) {
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (frame.Handle() != nullptr && TranslateAcceleratorW(frame.Handle(), frame.Accelerators(), &message)) continue;
+    if (frame.Handle() != nullptr && TranslateAcceleratorW(frame.Handle(), frame.Accelerators(), &message))
+      continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

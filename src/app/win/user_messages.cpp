@@ -21,8 +21,9 @@ bool Ask(HWND owner, const Resources& resources, UINT question) {
 }
 
 Text DescribeDamage(const Resources& resources, const LoadedData& loaded) {
-  Text text = loaded.MustNotBeReplaced() ? resources.String(IDS_DAMAGED_NOT_KEPT)
-                                         : ReplaceAll(resources.String(IDS_DAMAGED_KEPT), u"%s", loaded.keptAs);
+  Text text = loaded.MustNotBeReplaced()
+                  ? resources.String(IDS_DAMAGED_NOT_KEPT)
+                  : ReplaceAll(resources.String(IDS_DAMAGED_KEPT), u"%s", loaded.keptAs);
   if (!loaded.loadedInstead.empty()) {
     text += u"\n" + ReplaceAll(resources.String(IDS_DAMAGED_INSTEAD), u"%s", loaded.loadedInstead);
   }

@@ -22,7 +22,9 @@ FileContent Unreadable(TextView call) {
   return {FileContent::State::kUnreadable, {}, LastErrorText(call, error)};
 }
 
-FileStatus Outcome(bool ok, TextView call) { return ok ? FileStatus{} : FileStatus::Failed(LastErrorText(call)); }
+FileStatus Outcome(bool ok, TextView call) {
+  return ok ? FileStatus{} : FileStatus::Failed(LastErrorText(call));
+}
 
 FileStatus WriteAll(HANDLE file, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -35,8 +37,8 @@ FileStatus WriteAll(HANDLE file, std::string_view bytes) {
 }
 
 FileStatus WriteFlushed(const Text& path, std::string_view bytes) {
-  const UniqueHandle file =
-      OwnHandle(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const UniqueHandle file = OwnHandle(
+      CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return Outcome(false, u"CreateFile");
   if (FileStatus written = WriteAll(file.get(), bytes); !written) return written;
   return Outcome(FlushFileBuffers(file.get()) != 0, u"FlushFileBuffers");
@@ -49,8 +51,9 @@ bool DiskFiles::Exists(TextView path) const {
 }
 
 FileContent DiskFiles::Read(TextView path) const {
-  const UniqueHandle file = OwnHandle(CreateFileW(Wide(Text(path)), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                                  nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const UniqueHandle file =
+      OwnHandle(CreateFileW(Wide(Text(path)), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file) return Unreadable(u"CreateFile");
   LARGE_INTEGER size{};
   if (!GetFileSizeEx(file.get(), &size)) return Unreadable(u"GetFileSizeEx");
@@ -61,7 +64,8 @@ FileContent DiskFiles::Read(TextView path) const {
   while (have < content.bytes.size()) {
     DWORD got = 0;
     const auto part = static_cast<DWORD>(std::min<std::size_t>(content.bytes.size() - have, kChunk));
-    if (!ReadFile(file.get(), content.bytes.data() + have, part, &got, nullptr)) return Unreadable(u"ReadFile");
+    if (!ReadFile(file.get(), content.bytes.data() + have, part, &got, nullptr))
+      return Unreadable(u"ReadFile");
     if (got == 0) break;
     have += got;
   }
@@ -81,16 +85,17 @@ FileStatus DiskFiles::Write(TextView path, std::string_view bytes) {
   FileStatus status = WriteFlushed(neighbour, bytes);
   if (status) {
     status = Outcome(
-        MoveFileExW(Wide(neighbour), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0, u"MoveFileEx");
+        MoveFileExW(Wide(neighbour), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0,
+        u"MoveFileEx");
   }
   if (!status) DeleteFileW(Wide(neighbour));
   return status;
 }
 
 FileStatus DiskFiles::Append(TextView path, std::string_view bytes) {
-  const UniqueHandle file =
-      OwnHandle(CreateFileW(Wide(Text(path)), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                            nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const UniqueHandle file = OwnHandle(CreateFileW(Wide(Text(path)), FILE_APPEND_DATA,
+                                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return Outcome(false, u"CreateFile");
   return WriteAll(file.get(), bytes);
 }

@@ -32,7 +32,8 @@ LocalTime SystemClock::ToLocal(std::int64_t utc) const {
   const FILETIME time{static_cast<DWORD>(ticks & 0xFFFFFFFF), static_cast<DWORD>(ticks >> 32)};
   SYSTEMTIME universal{};
   SYSTEMTIME local{};
-  if (!FileTimeToSystemTime(&time, &universal) || !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) {
+  if (!FileTimeToSystemTime(&time, &universal) ||
+      !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) {
     return {};
   }
   return LocalTimeOf(local);

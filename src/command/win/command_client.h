@@ -22,8 +22,8 @@ class CommandClient final : public Window {
   /// Creates the hidden window that replies and events come to; false when the system could not.
   bool Open();
 
-  /// Sends one command ("do ping", without a prefix) and waits for its reply. `kNotRunning`: no program runs, or
-  /// it is still loading. `kNotCarried`: the code page of the interface lacks a character of the command.
+  /// Sends one command ("do ping", without a prefix) and waits for its reply. `kNotRunning`: no program runs,
+  /// or it is still loading. `kNotCarried`: the code page of the interface lacks a character of the command.
   Result Send(TextView command);
 
   /// Sends bytes as they are, and waits until they are taken; for payloads that are no commands.

@@ -11,8 +11,9 @@ namespace jotlets {
 /// The text of a copy-data record: its first `cbData` characters, ended by the first NUL among them.
 Text TextOfCopyData(const COPYDATASTRUCT& record, const CodePage& ansi);
 
-/// Sends lines as copy-data in the name of a window, and waits for the client for a bounded time. Messages that
-/// other programs send us meanwhile are served, so that a client may send a command from inside an event.
+/// Sends lines as copy-data in the name of a window, and waits for the client for a bounded time. Messages
+/// that other programs send us meanwhile are served, so that a client may send a command from inside an
+/// event.
 class CopyDataTransport final : public LineTransport {
  public:
   static constexpr UINT kMostMilliseconds = 2000;

@@ -1,6 +1,7 @@
 // jotletctl: sends commands to the running program and prints the replies.
 //
-//   jotletctl do new jotlet Hello    one command; exit code 0 for a reply 000 or 001, 1 for any other, 2 when no
+//   jotletctl do new jotlet Hello    one command; exit code 0 for a reply 000 or 001, 1 for any other, 2 when
+//   no
 //                                    program runs, 3 for a command that cannot be sent
 //   jotletctl                        one command a line from standard input; the exit code of the worst
 //   jotletctl --listen               registers and prints events as they come, until stopped
@@ -38,11 +39,14 @@ int Execute(CommandClient& client, TextView command) {
     case CommandClient::Outcome::kReplied:
       PrintLine(stdout, result.reply);
       return result.reply.starts_with(u"000") || result.reply.starts_with(u"001") ? kDone : kRefused;
-    case CommandClient::Outcome::kNotRunning: PrintLine(stderr, u"jotletctl: Jotlets is not running"); return kNotRunning;
+    case CommandClient::Outcome::kNotRunning:
+      PrintLine(stderr, u"jotletctl: Jotlets is not running");
+      return kNotRunning;
     case CommandClient::Outcome::kNoReply: PrintLine(stderr, u"jotletctl: no reply"); return kNotRunning;
     case CommandClient::Outcome::kNotCarried:
-      PrintLine(stderr, u"jotletctl: the command holds characters that the command interface cannot carry; "
-                        u"\"set desktop <id> utext\" and \"utitle\" take any text in hex form");
+      PrintLine(stderr,
+                u"jotletctl: the command holds characters that the command interface cannot carry; "
+                u"\"set desktop <id> utext\" and \"utitle\" take any text in hex form");
       return kNotSent;
   }
   return kNotSent;
@@ -58,14 +62,14 @@ int ExecuteLines(CommandClient& client) {
 }
 
 int Listen(CommandClient& client) {
-  bool exiting = false;
-  client.OnEvent([&exiting](TextView line) {
+  client.OnEvent([](TextView line) {
     PrintLine(stdout, line);
-    exiting = exiting || line.starts_with(u"503");
+    // Events are served inside GetMessage, which would go on waiting.
+    if (line.starts_with(u"503")) PostQuitMessage(0);
   });
   const int registered = Execute(client, u"do register");
   MSG message{};
-  while (registered == kDone && !exiting && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+  while (registered == kDone && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   return registered;
 }
 

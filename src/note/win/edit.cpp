@@ -25,7 +25,8 @@ DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got
 
 DWORD CALLBACK WriteBytes(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* taken) noexcept {
   try {
-    reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(count));
+    reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer),
+                                                   static_cast<std::size_t>(count));
   } catch (const std::bad_alloc&) {
     return 1;
   }
@@ -57,8 +58,9 @@ void StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
 bool BEdit::Create(HWND parent, const Rect& bounds, Colour background, bool readOnly) {
   const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
                       (readOnly ? ES_READONLY : 0u);
-  edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"", style, bounds.left, bounds.top, bounds.Width(), bounds.Height(), parent,
-                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr), nullptr);
+  edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"", style, bounds.left, bounds.top, bounds.Width(),
+                          bounds.Height(), parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)),
+                          GetModuleHandleW(nullptr), nullptr);
   if (edit_ == nullptr) return false;
   SetDefaultFont(edit_);
   SetBackground(background);
@@ -92,8 +94,8 @@ Text BEdit::PlainText() const {
   how.cb = static_cast<DWORD>(text.size() * 2);
   how.flags = GT_USECRLF;
   how.codepage = 1200;
-  const LRESULT got =
-      SendMessageW(edit_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(text.data()));
+  const LRESULT got = SendMessageW(edit_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how),
+                                   reinterpret_cast<LPARAM>(text.data()));
   text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(got, 0, units)));
   return text;
 }
@@ -111,7 +113,8 @@ void BEdit::SetBackground(Colour colour) {
 }
 
 void BEdit::SetBounds(const Rect& bounds) {
-  SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Point BEdit::ScrollPosition() const {

@@ -15,7 +15,9 @@ namespace {
 constexpr std::int32_t kTitleSearch = 256;
 
 COLORREF Shade(Colour colour, int percent) {
-  const auto part = [percent](int value) { return static_cast<BYTE>(std::clamp(value * percent / 100, 0, 255)); };
+  const auto part = [percent](int value) {
+    return static_cast<BYTE>(std::clamp(value * percent / 100, 0, 255));
+  };
   return RGB(part(colour.r), part(colour.g), part(colour.b));
 }
 
@@ -61,7 +63,9 @@ bool BJotlet::CreateWindowFor() {
   return true;
 }
 
-void BJotlet::ApplyOpacity() { SetLayeredWindowAttributes(Handle(), 0, AlphaOfOpacity(record_.transparency), LWA_ALPHA); }
+void BJotlet::ApplyOpacity() {
+  SetLayeredWindowAttributes(Handle(), 0, AlphaOfOpacity(record_.transparency), LWA_ALPHA);
+}
 
 void BJotlet::LoadContent(std::string_view bytes) {
   if (record_.IsImage()) {
@@ -146,7 +150,8 @@ void BJotlet::PasteClipboard() {
 
 void BJotlet::BringForward() {
   if (record_.hidden) return;
-  SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void BJotlet::TakeFocus() {
@@ -158,7 +163,8 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: return OnPaint();
-    case WM_SETCURSOR: return LOWORD(lParam) == HTCLIENT ? OnSetCursor(lParam) : Default(message, wParam, lParam);
+    case WM_SETCURSOR:
+      return LOWORD(lParam) == HTCLIENT ? OnSetCursor(lParam) : Default(message, wParam, lParam);
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
     case WM_MOUSEMOVE: OnMouseMove(); return 0;
@@ -183,8 +189,8 @@ LRESULT BJotlet::OnPaint() {
   const Selected selected(memory.get(), buffer.get());
   PaintFrame(memory.get(), size);
   const RECT& part = paint.rcPaint;
-  BitBlt(dc, part.left, part.top, part.right - part.left, part.bottom - part.top, memory.get(), part.left, part.top,
-         SRCCOPY);
+  BitBlt(dc, part.left, part.top, part.right - part.left, part.bottom - part.top, memory.get(), part.left,
+         part.top, SRCCOPY);
   EndPaint(Handle(), &paint);
   return 0;
 }
@@ -255,12 +261,14 @@ void BJotlet::OnMouseMove() {
   const Point offset{mouse.x - dragStart_.x, mouse.y - dragStart_.y};
   Rect bounds = dragBounds_;
   if (drag_ == Drag::kMoving) {
-    bounds = {bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x, bounds.bottom + offset.y};
+    bounds = {bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x,
+              bounds.bottom + offset.y};
   } else {
     bounds = SizedBounds(dragBounds_, dragPart_, offset, kMinimumNoteSize);
   }
   if (bounds == Bounds()) return;
-  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void BJotlet::OnButtonUp(Point at) {
@@ -307,7 +315,8 @@ void BJotlet::OnContextMenu(Point at) {
 
 void BJotlet::OnDpiChanged(const RECT& suggested) {
   const Rect bounds = FromRECT(suggested);
-  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Size BJotlet::ClientSize() const {

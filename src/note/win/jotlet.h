@@ -1,4 +1,5 @@
-// A note on the desktop: a borderless window with a plain frame, holding its record and its editor or picture.
+// A note on the desktop: a borderless window with a plain frame, holding its record and its editor or
+// picture.
 #pragma once
 
 #include <string_view>

@@ -1,0 +1,284 @@
+// The outside of the rules, in memory: files whose changes can be made to fail, a log that can be read back,
+// a code page without surprises, clients that hang or go away, and a program for the command language to act
+// on.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/clock.h"
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/log.h"
+#include "base/text.h"
+#include "command/command_host.h"
+#include "command/interpreter.h"
+#include "command/reply_channel.h"
+#include "data/jotlet_line.h"
+
+namespace jotlets {
+
+/// "FRESH1", "FRESH2", ...
+inline FreshId CountingIds() {
+  return [count = std::make_shared<int>(0)] { return u"FRESH" + IntText(++*count); };
+}
+
+/// The same numbers in every run and on every system.
+class Random {
+ public:
+  explicit Random(unsigned seed) : engine_(seed) {}
+  unsigned Below(std::size_t end) { return static_cast<unsigned>(engine_() % end); }
+  /// Fewer than `end` of these units.
+  Text Pick(TextView units, unsigned end) {
+    Text text;
+    for (unsigned length = Below(end); length > 0; --length) text.push_back(units[Below(units.size())]);
+    return text;
+  }
+
+ private:
+  std::mt19937 engine_;
+};
+
+class Latin1 final : public CodePage {
+ public:
+  Text Decode(std::string_view bytes) const override { return FromAscii(bytes); }
+  std::string Encode(TextView text) const override {
+    std::string bytes;
+    for (const char16_t unit : text) bytes.push_back(unit < 0x100 ? static_cast<char>(unit) : '?');
+    return bytes;
+  }
+};
+
+class FakeLog final : public Log {
+ public:
+  int highest = kLogDetail;
+  std::vector<Text> lines;
+
+  bool Writes(int level) const override { return level <= highest; }
+  void Write(int level, TextView text) override {
+    if (Writes(level)) lines.emplace_back(text);
+  }
+  bool Holds(TextView part) const {
+    return std::any_of(lines.begin(), lines.end(), [part](const Text& l) { return l.find(part) != l.npos; });
+  }
+};
+
+class FakeClock final : public Clock {
+ public:
+  Moment now{1'795'000'000, {2026, 11, 21, 9, 5, 7}};
+  Moment Now() const override { return now; }
+  LocalTime ToLocal(std::int64_t) const override { return now.local; }
+};
+
+/// Paths are the same without regard to case, as on Windows.
+class FakeFiles final : public Files {
+ public:
+  std::set<Text> unreadable;     // folded paths
+  std::set<Text> unchangeable;   // folded paths: every change that touches one fails
+  int changesUntilFailure = -1;  // counts down to the one change that fails
+
+  void Put(TextView path, std::string bytes) { files_[FoldCase(path)] = {Text(path), std::move(bytes)}; }
+  std::string Get(TextView path) const {
+    const auto found = files_.find(FoldCase(path));
+    return found == files_.end() ? "(missing)" : found->second.second;
+  }
+  std::vector<Text> Paths() const {
+    std::vector<Text> paths;
+    for (const auto& [folded, file] : files_) paths.push_back(file.first);
+    return paths;
+  }
+  /// Whether some file, whatever its name, has these bytes.
+  bool Keeps(std::string_view bytes) const {
+    return std::any_of(files_.begin(), files_.end(),
+                       [bytes](const auto& f) { return f.second.second == bytes; });
+  }
+
+  bool Exists(TextView path) const override { return files_.contains(FoldCase(path)); }
+  FileContent Read(TextView path) const override {
+    if (unreadable.contains(FoldCase(path))) return {FileContent::State::kUnreadable, {}, u"locked"};
+    if (!Exists(path)) return {};
+    return {FileContent::State::kRead, Get(path), {}};
+  }
+  FileStatus Write(TextView path, std::string_view bytes) override {
+    return Change(path, [&] { Put(path, std::string(bytes)); });
+  }
+  FileStatus Append(TextView path, std::string_view bytes) override {
+    return Change(path, [&] { Put(path, (Exists(path) ? Get(path) : "") + std::string(bytes)); });
+  }
+  FileStatus Copy(TextView from, TextView to) override {
+    if (!Exists(from)) return FileStatus::Failed(u"no such file");
+    return Change(to, [&] { Put(to, Get(from)); });
+  }
+  FileStatus Rename(TextView from, TextView to) override {
+    if (!Exists(from) || Exists(to) || unchangeable.contains(FoldCase(to)))
+      return FileStatus::Failed(u"rename");
+    return Change(from, [&] {
+      Put(to, Get(from));
+      files_.erase(FoldCase(from));
+    });
+  }
+  FileStatus Remove(TextView path) override {
+    return Change(path, [&] { files_.erase(FoldCase(path)); });
+  }
+  FileStatus MakeFolder(TextView path) override {
+    return Change(path, [] {});
+  }
+  std::vector<Text> List(TextView folder, TextView extension) const override {
+    std::vector<Text> names;
+    for (const auto& [folded, file] : files_) {
+      const TextView path = file.first;
+      if (!StartsWithIgnoreCase(path, folder)) continue;
+      const TextView name = path.substr(folder.size());
+      if (name.find(u'\\') != TextView::npos || name.size() < extension.size()) continue;
+      if (EqualIgnoreCase(name.substr(name.size() - extension.size()), extension)) names.emplace_back(name);
+    }
+    return names;
+  }
+
+ private:
+  template <typename Effect>
+  FileStatus Change(TextView path, Effect effect) {
+    if (unchangeable.contains(FoldCase(path)) || changesUntilFailure-- == 0)
+      return FileStatus::Failed(u"disk full");
+    effect();
+    return {};
+  }
+
+  std::map<Text, std::pair<Text, std::string>> files_;  // folded path to path and bytes
+};
+
+class FakeTransport final : public LineTransport {
+ public:
+  struct Sent {
+    ClientWindow client;
+    std::uintptr_t tag;
+    Text line;
+    friend bool operator==(const Sent&, const Sent&) = default;
+  };
+  std::vector<Sent> sent;
+  std::set<ClientWindow> gone;
+  std::set<ClientWindow> hung;
+  std::set<ClientWindow> dying;                        // there when asked, gone when sent to
+  std::function<void(ClientWindow, TextView)> onSend;  // what a client does inside its window procedure
+
+  Delivery Send(ClientWindow client, std::uintptr_t tag, TextView line) override {
+    sent.push_back({client, tag, Text(line)});
+    if (onSend) onSend(client, line);
+    if (hung.contains(client)) return Delivery::kHung;
+    return gone.contains(client) || dying.contains(client) ? Delivery::kGone : Delivery::kDelivered;
+  }
+  bool Exists(ClientWindow client) const override { return !gone.contains(client); }
+};
+
+class FakeJotlet final : public DesktopJotlet {
+ public:
+  JotletData record;
+  Text text;
+
+  JotletData& Record() override { return record; }
+  Text PlainText() override { return text; }
+  Text Rtf() override { return record.IsImage() ? Text() : u"{\\rtf1 " + text + u"}"; }
+  void SetTitle(TextView title) override { record.title = title; }
+  void SetColour(Colour colour) override { record.colour = colour; }
+  bool SetPlainText(TextView plain) override {
+    if (!record.IsImage()) text = plain;
+    return !record.IsImage();
+  }
+  bool SetRtf(TextView rtf) override { return SetPlainText(rtf); }
+  void MoveTo(Point position) override { record.x = position.x, record.y = position.y; }
+};
+
+/// A program without windows. `journal` holds saves and lines sent in the order in which they happened.
+class FakeProgram final : public CommandHost {
+ private:
+  static auto Has(TextView id) {
+    return [id](const std::unique_ptr<FakeJotlet>& note) { return EqualIgnoreCase(note->record.id, id); };
+  }
+
+ public:
+  static constexpr ClientWindow kClient = 7;
+  static constexpr std::uintptr_t kTag = 42;
+
+  FakeLog log;
+  FakeTransport transport;
+  Listeners listeners{transport, log};
+  std::vector<std::unique_ptr<FakeJotlet>> notes;
+  std::vector<Text> attached, sleeping, closed, journal;
+  std::vector<std::int32_t> stacks;
+  bool works = true;  // creating, closing and saving
+  int saves = 0, broughtForward = 0, created = 0;
+
+  FakeProgram() {
+    transport.onSend = [this](ClientWindow, TextView line) { journal.emplace_back(line); };
+  }
+  FakeJotlet& Add(TextView id) {
+    notes.push_back(std::make_unique<FakeJotlet>());
+    notes.back()->record.id = id;
+    return *notes.back();
+  }
+  void Execute(TextView command, ClientWindow client = kClient) {
+    ExecuteApiCommand(*this, ApiReplyChannel(transport, listeners, log, kTag, client), log, command);
+  }
+  /// The lines that a client got in answer to a command, joined by "|": a command has exactly one.
+  Text Reply(TextView command, ClientWindow client = kClient) {
+    const std::size_t before = transport.sent.size();
+    Execute(command, client);
+    Text replies;
+    for (std::size_t i = before; i < transport.sent.size(); ++i) {
+      const auto& sent = transport.sent[i];
+      if (sent.client == client && sent.tag == kTag)
+        replies.append(replies.empty() ? u"" : u"|").append(sent.line);
+    }
+    return replies;
+  }
+
+  DesktopJotlet* FindDesktop(TextView id) override {
+    const auto found = std::find_if(notes.begin(), notes.end(), Has(id));
+    return found == notes.end() ? nullptr : found->get();
+  }
+  std::vector<Text> DesktopIds() const override {
+    std::vector<Text> ids;
+    for (const auto& note : notes) ids.push_back(note->record.id);
+    return ids;
+  }
+  std::vector<Text> AttachedIds() const override { return attached; }
+  std::vector<Text> SleepingIds() const override { return sleeping; }
+  std::vector<Text> ClosedIds() const override { return closed; }
+  std::vector<std::int32_t> StackNumbers() const override { return stacks; }
+  Text CreateDesktop(TextView text) override {
+    if (!works) return {};
+    const Text id = u"NEW" + IntText(++created);
+    Add(id).text = text;
+    listeners.Notify(u"500 created desktop jotlet api", id);
+    return id;
+  }
+  bool CloseDesktop(TextView id) override {
+    if (!works || std::erase_if(notes, Has(id)) == 0) return false;
+    listeners.Notify(u"501 closed desktop jotlet api", id);
+    return true;
+  }
+  bool DeleteDesktop(TextView id) override {
+    listeners.Notify(u"502 deleted desktop jotlet api", id);
+    return std::erase_if(notes, Has(id)) > 0;
+  }
+  Text ContentForTransfer(const JotletData&) override { return u"{\\rtf1 a\r\nb}"; }
+  bool SaveNow() override {
+    ++saves;
+    journal.emplace_back(u"save");
+    return works;
+  }
+  void BringForward() override { ++broughtForward; }
+  void NotifyMoved(TextView id) override { listeners.Notify(u"509 desktop jotlet moved", id); }
+  bool RolledHasAltPosition() const override { return false; }
+  Text DataPath() const override { return u"C:\\data\\"; }
+  Text UniqueId() const override { return u"INSTALL"; }
+};
+
+}  // namespace jotlets

@@ -1,0 +1,107 @@
+#include "app/note_saver.h"
+
+#include <gtest/gtest.h>
+
+#include "data/text_file.h"
+#include "fakes.h"
+
+namespace jotlets {
+namespace {
+
+class FakeOpenNotes final : public OpenNotes {
+ public:
+  std::vector<JotletData> notes;
+  bool unsaved = false;
+  FileStatus contents;
+
+  std::vector<const JotletData*> Records() override {
+    std::vector<const JotletData*> records;
+    for (const JotletData& note : notes) records.push_back(&note);
+    return records;
+  }
+  bool HasUnsavedContent() const override { return unsaved; }
+  FileStatus SaveContents(std::int32_t) override { return contents; }
+};
+
+JotletData Note(TextView id) {
+  JotletData record;
+  record.id = id;
+  return record;
+}
+
+class Saving : public testing::Test {
+ protected:
+  Saving() { saver.SetFolder(u"D:\\", u"ME"); }
+  // The ids in the data file, in its order.
+  Text Saved(TextView path = u"D:\\jotlets.ini") const {
+    Options ignored;
+    const Text text = DecodeTextFile(files.Get(path), Latin1()).text;
+    const DataFile file = ParseDataFile(text, {ignored, CountingIds(), 0});
+    Text ids;
+    for (const FiledJotlet& jotlet : file.jotlets) ids.append(jotlet.record.id).append(u" ");
+    return ids;
+  }
+
+  FakeFiles files;
+  FakeClock clock;
+  FakeLog log;
+  Options options;
+  JotletLists lists;
+  FakeOpenNotes open;
+  NoteSaver saver{files, clock, log, options, lists, open};
+};
+
+TEST_F(Saving, WritesOpenThenAttachedThenSleepingNotes) {
+  lists.sleeping = {Note(u"C")};
+  lists.attached = {Note(u"B")};
+  open.notes = {Note(u"A")};
+  EXPECT_TRUE(saver.SaveIfDirty());
+  EXPECT_TRUE(files.Paths().empty());
+  saver.SetDirty();
+  EXPECT_TRUE(saver.SaveIfDirty() && !saver.IsDirty());
+  EXPECT_EQ(Saved(), u"A B C ");
+  EXPECT_EQ(log.lines,
+            (std::vector<Text>{u"SaveJotlets started for 'D:\\jotlets.ini'", u"SaveJotlets completed OK"}));
+  open.unsaved = true;
+  EXPECT_TRUE(saver.IsDirty());
+}
+
+TEST_F(Saving, ACopyLeavesTheDirtyFlagAndTheContentToRemove) {
+  files.Put(u"D:\\rtf\\X.rtf", "");
+  saver.SetDirty();
+  saver.RemoveContentLater(Note(u"X"));
+  EXPECT_TRUE(saver.SaveJotlets(u"D:\\jotlets.bye", false));
+  EXPECT_TRUE(saver.IsDirty() && files.Exists(u"D:\\rtf\\X.rtf") && !files.Exists(u"D:\\jotlets.ini"));
+  EXPECT_TRUE(saver.SaveIfDirty() && !files.Exists(u"D:\\rtf\\X.rtf"));
+}
+
+TEST_F(Saving, AFailureKeepsEverythingForTheNextTime) {
+  files.Put(u"D:\\rtf\\X.rtf", "");
+  saver.RemoveContentLater(Note(u"X"));
+  saver.SetDirty();
+  files.changesUntilFailure = 0;
+  EXPECT_FALSE(saver.SaveIfDirty());
+  open.contents = FileStatus::Failed(u"no room");
+  EXPECT_FALSE(saver.SaveIfDirty());
+  EXPECT_TRUE(saver.IsDirty() && files.Exists(u"D:\\rtf\\X.rtf") && log.Holds(u"disk full") &&
+              log.Holds(u"no room"));
+  open.contents = {};
+  EXPECT_TRUE(saver.SaveIfDirty() && !saver.IsDirty() && !files.Exists(u"D:\\rtf\\X.rtf"));
+  files.Put(u"D:\\rtf\\X.rtf", "");  // a later note of that id keeps its content
+  EXPECT_TRUE(saver.SaveJotlets(saver.MainPath(), true) && files.Exists(u"D:\\rtf\\X.rtf"));
+}
+
+TEST_F(Saving, AFileThatWasNotReadIsPutAsideBeforeItIsReplaced) {
+  files.Put(u"D:\\jotlets.ini", "unread");
+  files.unchangeable.insert(u"d:\\jotlets.ini");
+  saver.KeepUnreadFile();
+  EXPECT_FALSE(saver.SaveJotlets(saver.MainPath(), true));
+  EXPECT_EQ(files.Get(u"D:\\jotlets.ini"), "unread");
+  files.unchangeable.clear();
+  EXPECT_TRUE(saver.SaveJotlets(saver.MainPath(), true) && saver.SaveJotlets(saver.MainPath(), true));
+  EXPECT_TRUE(files.Keeps("unread") && Saved().empty() && files.Get(u"D:\\jotlets.ini") != "unread");
+  EXPECT_EQ(files.Paths().size(), 2u);
+}
+
+}  // namespace
+}  // namespace jotlets
