@@ -44,6 +44,19 @@ FileStatus WriteFlushed(const Text& path, std::string_view bytes) {
   return Outcome(FlushFileBuffers(file.get()) != 0, u"FlushFileBuffers");
 }
 
+// A file cannot be replaced while a virus scanner or a backup looks at it, which is soon over.
+FileStatus PutInPlace(const Text& from, const Text& to) {
+  constexpr int kTries = 10;
+  constexpr DWORD kPauseMilliseconds = 20;
+  for (int tried = 1;; ++tried) {
+    if (MoveFileExW(Wide(from), Wide(to), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return {};
+    const DWORD error = GetLastError();
+    const bool inUse = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!inUse || tried == kTries) return FileStatus::Failed(LastErrorText(u"MoveFileEx", error));
+    Sleep(kPauseMilliseconds);
+  }
+}
+
 }  // namespace
 
 bool DiskFiles::Exists(TextView path) const {
@@ -83,11 +96,7 @@ FileStatus DiskFiles::Write(TextView path, std::string_view bytes) {
     return FileStatus::Failed(u"the file is read-only");
   }
   FileStatus status = WriteFlushed(neighbour, bytes);
-  if (status) {
-    status = Outcome(
-        MoveFileExW(Wide(neighbour), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0,
-        u"MoveFileEx");
-  }
+  if (status) status = PutInPlace(neighbour, target);
   if (!status) DeleteFileW(Wide(neighbour));
   return status;
 }

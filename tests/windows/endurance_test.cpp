@@ -1,0 +1,125 @@
+// Being killed at any moment, and many notes.
+#include <algorithm>
+#include <map>
+#include <random>
+#include <set>
+#include <thread>
+
+#include "base/win/wide.h"
+#include "note/win/jotlet.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+class KillTest : public WindowTest {
+ protected:
+  static constexpr int kRounds = 25;
+
+  // One command that changes notes; false when no reply came.
+  bool ChangeSomething(const Text& text) {
+    if (notes_.size() < 4 || Below(4) == 0) {
+      const Text reply = Reply(u"do new jotlet " + text);
+      if (!reply.starts_with(u"000 OK created: ")) return false;
+      notes_[reply.substr(16)] = {text};
+      return true;
+    }
+    const auto note = std::next(notes_.begin(), static_cast<std::ptrdiff_t>(Below(notes_.size())));
+    const Text id = note->first;
+    if (Below(4) == 0) {
+      // Without a reply it may be there or not.
+      notes_.erase(note);
+      return Reply(u"do desktop " + id + u" delete") == u"000 OK deleted";
+    }
+    note->second.insert(text);
+    if (Reply(u"set desktop " + id + u" text " + text) != u"000 OK text set") return false;
+    note->second = {text};
+    return true;
+  }
+
+  void ExpectAllThere() {
+    const std::vector<Text> ids = List(u"desktop");
+    for (auto& [id, texts] : notes_) {
+      ASSERT_EQ(std::count(ids.begin(), ids.end(), id), 1) << ToUtf8(id);
+      const Text text = TextOf(id);
+      EXPECT_TRUE(texts.contains(text)) << ToUtf8(id) << ": " << ToUtf8(text);
+      texts = {text};
+    }
+  }
+
+  unsigned Below(std::size_t end) { return static_cast<unsigned>(random_() % end); }
+
+  std::mt19937 random_{20261121};
+  std::map<Text, std::set<Text>> notes_;  // id to what its text may be
+};
+
+TEST_F(KillTest, NothingThatWasRepliedIsLost) {
+  WriteData({}, kDataFileName, u"Debug=1");
+  ULONGLONG milliseconds = 0;
+  unsigned commands = 0;
+  for (int round = 0; round < kRounds && !HasFailure(); ++round) {
+    SCOPED_TRACE(round);
+    ASSERT_TRUE(StartProgram());
+    ExpectAllThere();
+    const auto change = [&] {
+      return ChangeSomething(u"text " + IntText(++commands) + Text(Below(3000), u'.'));
+    };
+    const ULONGLONG start = GetTickCount64();
+    for (unsigned i = Below(3); i <= 3; ++i) ASSERT_TRUE(change());
+    milliseconds += GetTickCount64() - start;
+    // The only sleep here: the kill comes at any moment of the next two commands or so, however long they
+    // take.
+    std::thread killer([this, delay = Below(2 * milliseconds / commands + 2)] {
+      Sleep(delay);
+      program_->Strike();
+    });
+    while (change()) continue;
+    killer.join();
+    program_->Kill();
+  }
+  for (const Text& name : FilesBelow(folder_)) EXPECT_EQ(name.find(u"damaged"), Text::npos) << ToUtf8(name);
+  EXPECT_EQ(Log().find("content file not found"), std::string::npos);
+}
+
+TEST_F(WindowTest, AFileThatAnotherProgramLooksAtIsReplacedWhenThatIsOver) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}));
+  const Text path = folder_ + Text(kDataFileName);
+  const auto look = [&path] {
+    return OwnHandle(
+        CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  };
+  UniqueHandle looking = look();
+  ASSERT_TRUE(looking);
+  std::thread letGo([&] {
+    WaitUntil([&] { return !Read(path + u".new").empty(); });
+    looking.reset();
+  });
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+  letGo.join();
+  looking = look();
+  const std::string before = Read(path);
+  EXPECT_EQ(Reply(u"do saveini"), u"995 problem saving");
+  EXPECT_EQ(Read(path), before);
+  looking.reset();
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+}
+
+TEST_F(WindowTest, AThousandNotesWork) {
+  std::vector<JotletData> records;
+  std::vector<Text> ids;
+  for (int i = 0; i < 1000; ++i) {
+    ids.push_back(u"N" + IntText(i));
+    records.push_back(NoteRecord(ids.back(), {i % 40 * 30, i / 40 * 30}));
+  }
+  ASSERT_TRUE(StartProgramWith(records));
+  EXPECT_EQ(List(u"desktop"), ids);
+  EXPECT_EQ(WindowsOfClass(kJotletClass).size(), 1000u);
+  EXPECT_EQ(TextOf(u"N999"), u"N999");
+  EXPECT_EQ(Close(), 0u);
+  const DataFile saved = ParseData();
+  ASSERT_EQ(saved.jotlets.size(), records.size());
+  for (std::size_t i = 0; i < records.size(); ++i) EXPECT_EQ(saved.jotlets[i].record, records[i]);
+}
+
+}  // namespace
+}  // namespace jotlets

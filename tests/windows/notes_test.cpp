@@ -1,0 +1,211 @@
+// Notes on the screen, used by a person, and what is found of them at the next start.
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+
+#include "base/win/ansi_code_page.h"
+#include "data/text_file.h"
+#include "note/frame_layout.h"
+#include "note/win/jotlet.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+using Records = std::map<Text, JotletData>;
+
+Records ById(const std::vector<FiledJotlet>& jotlets) {
+  Records records;
+  for (const FiledJotlet& jotlet : jotlets) records[jotlet.record.id] = jotlet.record;
+  return records;
+}
+
+Rect PlaceOf(const JotletData& record) {
+  return {record.x, record.y, record.x + record.width, record.y + record.height};
+}
+
+class DemoTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    constexpr auto kAll = std::filesystem::copy_options::recursive;
+    std::filesystem::remove_all(std::filesystem::path(folder_));
+    std::filesystem::copy(L"..\\demo", std::filesystem::path(folder_), kAll);
+    Write(folder_ + Text(kOptionsFileName), EncodeTextFile(u"[Options]\nDebug=1\n"));
+    ASSERT_EQ(ParseData().jotlets.size(), 13u) << "the demonstration folder";
+  }
+
+  std::map<Text, Text> Texts() {
+    std::map<Text, Text> texts;
+    for (const Text& id : List(u"desktop")) texts[id] = TextOf(id);
+    return texts;
+  }
+
+  static void ExpectOnScreen(const Records& records) {
+    const auto text = [](const Rect& r) {
+      return ToUtf8(IntText(r.left) + u"," + IntText(r.top) + u" " + IntText(r.Width()) + u"x" +
+                    IntText(r.Height()));
+    };
+    std::multiset<std::string> places, shown;
+    for (const auto& [id, record] : records) {
+      if (!record.sleeping && !record.IsAttached()) places.insert(text(PlaceOf(record)));
+    }
+    for (const HWND note : WindowsOfClass(kJotletClass)) {
+      if (IsWindowVisible(note)) shown.insert(text(BoundsOf(note)));
+    }
+    EXPECT_EQ(shown, places);
+  }
+};
+
+TEST_F(DemoTest, WhatAPersonChangesIsSavedByItselfAndThereAgainAtTheNextStart) {
+  const Text path = folder_ + Text(kDataFileName);
+  const DataFile before = ParseData();
+  const std::string bytesBefore = Read(path);
+  Records expected = ById(before.jotlets);
+  ASSERT_TRUE(StartProgram());
+  ExpectOnScreen(expected);
+  EXPECT_EQ(Value(u"get list sleeping"), u"DEMO10,DEMO11,");
+  EXPECT_EQ(Value(u"get list attached"), u"DEMO12,");
+  EXPECT_EQ(Value(u"get list stacks"), u"1,2,");
+  const Text oldText = TextOf(u"DEMO01");
+  EXPECT_NE(oldText.find(u"green for what is done"), Text::npos);
+
+  const Text typed = u"Typed: d\u00E9j\u00E0 \u20AC \u6F22 \U0001F600!";
+  const HWND welcome = NoteTitled(u"Welcome");
+  ASSERT_TRUE(ClickIntoText(welcome));
+  PressKeys({VK_CONTROL, VK_END});
+  TypeText(typed);
+  EXPECT_TRUE(WaitUntil([&] { return ShownText(welcome).ends_with(typed); })) << ToUtf8(ShownText(welcome));
+
+  const HWND dragged = NoteTitled(u"Shopping");
+  ASSERT_TRUE(Drag(dragged, {BoundsOf(dragged).left + 60, BoundsOf(dragged).top + 12}, {700, 520}));
+  expected[u"DEMO02"].x += 700;
+  expected[u"DEMO02"].y += 520;
+  EXPECT_EQ(BoundsOf(dragged), PlaceOf(expected[u"DEMO02"]));
+
+  const HWND sized = NoteTitled(u"Another colour");
+  ASSERT_TRUE(Drag(sized, {BoundsOf(sized).right - 2, BoundsOf(sized).bottom - 2}, {100, 40}));
+  expected[u"DEMO08"].width += 100;
+  expected[u"DEMO08"].height += 40;
+  EXPECT_EQ(BoundsOf(sized), PlaceOf(expected[u"DEMO08"]));
+
+  const HWND closed = NoteTitled(u"In a stack");
+  const Rect last = BoundsOf(closed);
+  const Rect button = LayOutFrame({last.Width(), last.Height()}, 96).closeButton;
+  const ULONGLONG lastChange = GetTickCount64();
+  ASSERT_TRUE(ClickUntil(
+      [closed] { return !IsWindow(closed); },
+      {last.left + (button.left + button.right) / 2, last.top + (button.top + button.bottom) / 2}));
+
+  // One save, ten seconds after the last change, with everything in it.
+  ASSERT_TRUE(WaitUntil([&] { return Read(path) != bytesBefore; }, 20000)) << Log();
+  EXPECT_GE(GetTickCount64() - lastChange, 9000u);
+  const DataFile saved = ParseData();
+  Records records = ById(saved.jotlets);
+  EXPECT_GT(records[u"DEMO01"].modified, expected[u"DEMO01"].modified);
+  expected[u"DEMO01"].modified = records[u"DEMO01"].modified;
+  expected[u"DEMO01"].scroll = records[u"DEMO01"].scroll;
+  JotletData closedRecord = expected.extract(u"DEMO13").mapped();
+  EXPECT_EQ(records, expected);
+  ASSERT_EQ(saved.deleted.size(), before.deleted.size() + 1);
+  closedRecord.deletedTime = saved.deleted[0].record.deletedTime;
+  EXPECT_GT(closedRecord.deletedTime, records[u"DEMO02"].modified);
+  EXPECT_EQ(saved.deleted[0].record, closedRecord);
+  EXPECT_EQ(saved.stacks, before.stacks);
+  EXPECT_EQ(saved.installId, u"DEMO");
+
+  // Killed, not closed: what counts is what the program has saved by itself.
+  const auto texts = Texts();
+  EXPECT_EQ(texts.at(u"DEMO01"), oldText + typed);
+  program_->Kill();
+  ASSERT_TRUE(StartProgram());
+  ExpectOnScreen(records);
+  EXPECT_EQ(Texts(), texts);
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+  const DataFile again = ParseData();
+  EXPECT_EQ(ById(again.jotlets), records);
+  EXPECT_EQ(ById(again.deleted), ById(saved.deleted));
+  EXPECT_EQ(again.stacks, saved.stacks);
+}
+
+TEST_F(DemoTest, EveryEncodingOfTheDataFileLoadsAlike) {
+  DataFile file = ParseData();
+  file.jotlets[0].record.source = u"Gr\u00FC\u00DFe aus K\u00F6ln";
+  DataFileView view;
+  std::vector<JotletData> deleted;
+  for (const FiledJotlet& jotlet : file.jotlets) view.jotlets.push_back(&jotlet.record);
+  for (const FiledJotlet& jotlet : file.deleted) deleted.push_back(jotlet.record);
+  view.deleted = deleted;
+  view.stacks = file.stacks;
+  const Text text = ComposeDataFile(view);
+  for (const std::string& bytes :
+       {EncodeTextFile(text), "\xEF\xBB\xBF" + ToUtf8(text), AnsiCodePage().Encode(text)}) {
+    SCOPED_TRACE(bytes.substr(0, 12));
+    Write(folder_ + Text(kDataFileName), bytes);
+    ASSERT_TRUE(StartProgram());
+    ExpectOnScreen(ById(file.jotlets));
+    EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+    EXPECT_TRUE(Read(folder_ + Text(kDataFileName)).starts_with("\xFF\xFE"));
+    const DataFile saved = ParseData();
+    EXPECT_EQ(ById(saved.jotlets), ById(file.jotlets));
+    EXPECT_EQ(ById(saved.deleted), ById(file.deleted));
+    EXPECT_EQ(saved.stacks, file.stacks);
+    program_->Kill();
+  }
+}
+
+class KeysTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"Debug=1"));
+  }
+
+  // Presses keys that create a note with the focus, types into it and gives its id.
+  Text CreateBy(std::initializer_list<WORD> keys, const Text& typed) {
+    const auto before = WindowsOfClass(kJotletClass);
+    HWND fresh = nullptr;
+    PressKeys(keys);
+    EXPECT_TRUE(WaitUntil([&] {
+      fresh = GetForegroundWindow();
+      const auto now = WindowsOfClass(kJotletClass);
+      return now.size() == before.size() + 1 && fresh == now[0];
+    }));
+    TypeText(typed);
+    EXPECT_TRUE(WaitUntil([&] { return ShownText(fresh) == typed; })) << ToUtf8(ShownText(fresh));
+    return List(u"desktop").back();
+  }
+};
+
+TEST_F(KeysTest, NotesAreCreatedAndTheProgramEndedWithTheKeyboard) {
+  std::vector<Text> events;
+  client_.OnEvent([&](TextView line) { events.emplace_back(line); });
+  EXPECT_EQ(Reply(u"do register"), u"000 OK will send events your way");
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  const Text id = CreateBy({VK_CONTROL, 'N'}, u"Fresh");
+  PressKeys({VK_MENU, VK_F4});
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+  ASSERT_FALSE(events.empty());
+  EXPECT_EQ(events.front(), u"506 desktop jotlet focus AA01");
+  EXPECT_EQ(events.back(), u"503 jotlets is exiting, so long");
+  EXPECT_EQ(std::count(events.begin(), events.end(), u"500 created desktop jotlet user " + id), 1);
+
+  EXPECT_EQ(ById(ParseData(kExitCopyName).jotlets), ById(ParseData().jotlets));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(id), u"Fresh");
+}
+
+TEST_F(KeysTest, HotKeysCreateNotesAndATakenOneDoesNoHarm) {
+  const Text id = CreateBy({VK_LWIN, VK_MENU, 'S'}, u"Hot");
+  EXPECT_EQ(Close(), 0u);
+  ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_WIN | MOD_ALT, 'S'));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_NE(Log().find("Hot key 10: "), std::string::npos);
+  EXPECT_EQ(TextOf(id), u"Hot");
+  CreateBy({VK_LWIN, VK_MENU, VK_SHIFT, 'S'}, u"Clip");
+  UnregisterHotKey(nullptr, 1);
+}
+
+}  // namespace
+}  // namespace jotlets

@@ -1,0 +1,227 @@
+// Starting and ending, in every way there is.
+#include <shellapi.h>
+
+#include <filesystem>
+
+#include "app/win/program_instance.h"
+#include "base/win/wide.h"
+#include "data/text_file.h"
+#include "note/win/jotlet.h"
+#include "ui/screen.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+bool IsAbove(HWND upper, HWND lower) {
+  HWND window = upper;
+  while (window != nullptr && window != lower) window = GetWindow(window, GW_HWNDNEXT);
+  return window == lower;
+}
+
+class StartupTest : public WindowTest {
+ protected:
+  static std::optional<DWORD> RunToEnd(const Text& arguments) {
+    return Process(ProgramFile(), arguments).WaitForEnd();
+  }
+};
+
+TEST_F(StartupTest, ASecondStartBringsTheNotesForwardAndEnds) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}));
+  const HWND note = NoteTitled(u"One");
+  const HWND cover = CreateWindowExW(WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 290, 290, 300,
+                                     300, nullptr, nullptr, nullptr, nullptr);
+  SetWindowPos(cover, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  ASSERT_TRUE(IsAbove(cover, note));
+  EXPECT_EQ(RunToEnd(u"-rescue"), 0u);
+  EXPECT_TRUE(WaitUntil([&] { return IsAbove(note, cover); }));
+  EXPECT_EQ(RunToEnd(u""), 0u);
+  DestroyWindow(cover);
+  EXPECT_EQ(WindowsOfClass(kMainWindowClass).size(), 1u);
+  EXPECT_EQ(WindowsOfClass(kJotletClass).size(), 1u);
+
+  EXPECT_EQ(RunToEnd(u"-close"), 0u);
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+}
+
+TEST_F(StartupTest, TheUsageTextIsShownAndNothingElse) {
+  const Process process(ProgramFile(), u"-?");
+  EXPECT_EQ(AnswerBox(process),
+            u"jotlets.exe command line options:\n\n-close: closes existing instance of Jotlets\n"
+            u"jotlet.jtl: opens filename, and sends\n                 to existing Jotlets instance");
+  EXPECT_EQ(process.WaitForEnd(), 0u);
+  EXPECT_EQ(FilesBelow(scratch_), std::vector<Text>());
+}
+
+TEST_F(StartupTest, RescueBringsNotesBackOnTheScreen) {
+  ASSERT_TRUE(
+      StartProgramWith({NoteRecord(u"AA01", {5000, 4000}, u"Lost"), NoteRecord(u"AA02", {-900, 300}, u"Left"),
+                        NoteRecord(u"AA03", {200, 210}, u"Here")}));
+  EXPECT_EQ(Value(u"get desktop AA01 position"), u"5000,4000");
+  program_->Kill();
+  ASSERT_TRUE(StartProgram(u"-rescue"));
+  for (const Text title : {u"Lost", u"Left"}) {
+    const Rect note = BoundsOf(NoteTitled(title));
+    EXPECT_TRUE(VirtualScreen().Contains({note.left, note.top})) << ToUtf8(title);
+  }
+  EXPECT_EQ(Value(u"get desktop AA03 position"), u"200,210");
+}
+
+TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Value(u"get datapath"), ApplicationFolder());
+  EXPECT_NE(ShownText(NoteTitled(u"Welcome to Jotlets")).find(u"stays on your desktop"), Text::npos);
+  EXPECT_EQ(Close(), 0u);
+  for (const Text name : {u"default.rtf", u"default.png", u"options.ini", u"jotlets.ini", u"jotlets.bye"}) {
+    EXPECT_FALSE(Read(ApplicationFolder() + name).empty()) << ToUtf8(name);
+  }
+  EXPECT_EQ(FilesBelow(scratch_), std::vector<Text>());
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(List(u"desktop").size(), 1u) << "it is no first run any more";
+}
+
+TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWritten) {
+  const Text path = folder_ + Text(kDataFileName);
+  const std::string before = EncodeTextFile(u"[Options]\niniver=4\n[Jotlets]\n<X>10<Y>10<ID>AA01<RTF>\n");
+  Write(path, before);
+  const Process process(ProgramFile(), u"");
+  EXPECT_EQ(
+      AnswerBox(process),
+      u"You need a newer version of Jotlets to load the data file below. Jotlets will now close.\n\n" + path);
+  EXPECT_EQ(process.WaitForEnd(), 0u);
+  EXPECT_EQ(FilesBelow(folder_), std::vector<Text>{Text(kDataFileName)});
+  EXPECT_EQ(Read(path), before);
+}
+
+TEST_F(StartupTest, ANoteFileBecomesANote) {
+  const Text path = scratch_ + u"a note.jtl";
+  Write(path, "title:Shopping\ncol:65535\nwidth:300\nSource:a shop\nMilk\r\nBread");
+  ASSERT_TRUE(StartProgramWith({}));
+  EXPECT_EQ(RunToEnd(u"\"" + path + u"\""), 0u);
+  const std::vector<Text> ids = List(u"desktop");
+  ASSERT_EQ(ids.size(), 1u);
+  EXPECT_EQ(TextOf(ids[0]), u"Milk\r\nBread");
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+  const JotletData record = ParseData().jotlets.at(0).record;
+  EXPECT_EQ(record.title, u"Shopping");
+  EXPECT_EQ(record.source, u"a shop");
+  EXPECT_EQ(record.width, 300);
+  EXPECT_EQ(record.colour, (Colour{255, 255, 0}));
+}
+
+TEST_F(StartupTest, ADamagedDataFileIsKeptAndTheExitCopyLoaded) {
+  WriteData({NoteRecord(u"AA01", {300, 300}, u"Good")}, kExitCopyName);
+  const std::string damaged(4096, '\0');
+  Write(folder_ + Text(kDataFileName), damaged);
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Value(u"get desktop AA01 title"), u"Good");
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+  EXPECT_EQ(ParseData().jotlets.at(0).record.title, u"Good");
+  std::vector<Text> kept = FilesBelow(folder_);
+  std::erase_if(kept, [](const Text& name) { return !name.starts_with(u"jotlets.ini."); });
+  ASSERT_EQ(kept.size(), 1u);
+  EXPECT_EQ(Read(folder_ + kept[0]), damaged);
+}
+
+TEST_F(StartupTest, ContentWithoutANoteMayBeAdopted) {
+  Write(folder_ + u"rtf\\LOST.rtf", "{\\rtf1\\ansi Found again}");
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300})}));
+  EXPECT_TRUE(AnswerBox(*program_).starts_with(u"These content files belong to no Jotlet."));
+  EXPECT_TRUE(WaitUntil([this] { return List(u"desktop") == std::vector<Text>{u"AA01", u"LOST"}; }));
+  EXPECT_EQ(TextOf(u"LOST"), u"Found again");
+  EXPECT_EQ(Close(), 0u);
+
+  // Commands are answered and the program can be ended while the question is open.
+  Write(folder_ + u"rtf\\OTHER.rtf", "{\\rtf1\\ansi Not asked for}");
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(WaitUntil([this] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
+  EXPECT_EQ(Reply(u"do ping"), u"000 OK pong");
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_EQ(ParseData().jotlets.size(), 2u);
+}
+
+TEST_F(StartupTest, TheTrayIconComesBackWithTheTaskbar) {
+  ASSERT_TRUE(StartProgramWith({}));
+  NOTIFYICONDATAW icon{};
+  icon.cbSize = sizeof icon;
+  icon.hWnd = MainWindow();
+  icon.uID = 1;
+  ASSERT_TRUE(Shell_NotifyIconW(NIM_DELETE, &icon)) << "it was not there";
+  ASSERT_FALSE(Shell_NotifyIconW(NIM_MODIFY, &icon));
+  SendNotifyMessageW(HWND_BROADCAST, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  EXPECT_TRUE(WaitUntil([&] { return Shell_NotifyIconW(NIM_MODIFY, &icon) != 0; }));
+  EXPECT_EQ(Reply(u"do ping"), u"000 OK pong");
+}
+
+TEST_F(StartupTest, TheEndOfTheSessionSavesEverything) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}));
+  const HWND note = NoteTitled(u"One");
+  ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, VK_END});
+  TypeText(u" and more");
+  ASSERT_TRUE(WaitUntil([&] { return ShownText(note) == u"AA01 and more"; }));
+
+  const auto ask = [](UINT message, WPARAM ending) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(MainWindow(), message, ending, 0, SMTO_NORMAL, kPatience, &answer);
+    return answer;
+  };
+  EXPECT_EQ(ask(WM_QUERYENDSESSION, 0), 1u);
+  ask(WM_ENDSESSION, FALSE);
+  EXPECT_EQ(Reply(u"do ping"), u"000 OK pong") << "another program has refused, and the session goes on";
+  ask(WM_ENDSESSION, TRUE);
+  // The system ends the process as soon as that has been answered.
+  program_->Kill();
+  EXPECT_EQ(ParseData(kExitCopyName).jotlets.size(), 1u);
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(u"AA01"), u"AA01 and more");
+}
+
+// What the shell sends when the tray icon is clicked.
+constexpr UINT kTrayMessage = WM_APP + 1;
+
+// Texts and menus of a translation beside the program.
+class TranslationTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    translated_ = scratch_ + u"jotlets.exe";
+    const auto copy = [](const Text& from, const Text& to) {
+      std::filesystem::copy_file(std::filesystem::path(from), std::filesystem::path(to));
+    };
+    copy(ProgramFile(), translated_);
+    copy(ProgramFolder() + u"translation\\language80.dll", scratch_ + u"language80.dll");
+  }
+
+  bool MenuIsOpen() const {
+    const auto menus = WindowsOfClass(L"#32768", program_->Id());
+    return !menus.empty() && IsWindowVisible(menus[0]);
+  }
+
+  Text translated_;
+};
+
+TEST_F(TranslationTest, TextsComeFromItAndFromTheProgramWhereItLacksThem) {
+  EXPECT_EQ(AnswerBox(Process(translated_, u"-?")),
+            u"Aufruf von jotlets.exe:\n\n-close: schlie\u00DFt das laufende Programm");
+  Write(folder_ + Text(kDataFileName), EncodeTextFile(u"[Options]\niniver=4\n"));
+  EXPECT_TRUE(AnswerBox(Process(translated_, u"")).starts_with(u"You need a newer version of Jotlets"));
+}
+
+TEST_F(TranslationTest, MenusAndTheWelcomeNoteAreTranslated) {
+  ASSERT_TRUE(StartProgram(u"", translated_));
+  const HWND note = NoteTitled(u"Willkommen bei Jotlets");
+  EXPECT_EQ(ShownText(note), u"Dies ist ein Jotlet, ein kleiner Zettel f\u00FCr den Schreibtisch.");
+  const Point title{BoundsOf(note).left + 40, BoundsOf(note).top + 12};
+  ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, title, true));
+  PressKeys({'L'});
+  EXPECT_TRUE(WaitUntil([note] { return !IsWindow(note); })) << "no entry for the key of \"Sch&ließen\"";
+
+  PostMessageW(MainWindow(), kTrayMessage, 0, WM_RBUTTONUP);
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  PressKeys({'B'});
+  EXPECT_EQ(program_->WaitForEnd(), 0u) << "no entry for the key of \"&Beenden\"";
+}
+
+}  // namespace
+}  // namespace jotlets

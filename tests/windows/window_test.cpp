@@ -1,0 +1,145 @@
+#include "window_test.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "app/win/program_instance.h"
+#include "app/win/system_facts.h"
+#include "base/win/disk_files.h"
+#include "base/win/wide.h"
+#include "data/text_file.h"
+#include "note/win/jotlet.h"
+#include "ui/screen.h"
+
+namespace jotlets {
+namespace fs = std::filesystem;
+
+void PrintTo(const JotletData& record, std::ostream* out) {
+  *out << ToUtf8(MakeJotletLine(record, true)) << " scroll x " << record.scroll.x << " deleted "
+       << record.deletedTime;
+}
+
+JotletData NoteRecord(TextView id, Point place, TextView title) {
+  JotletData record;
+  record.Reset({}, 1763700000, Text(id));
+  record.x = place.x;
+  record.y = place.y;
+  record.width = 220;
+  record.height = 140;
+  record.title = title;
+  return record;
+}
+
+void WindowTest::SetUp() {
+  ASSERT_EQ(MainWindow(), nullptr) << "another program runs";
+  scratch_ = (fs::temp_directory_path() / "jotlets-window-test").u16string() + u"\\";
+  folder_ = scratch_ + u"data\\";
+  fs::remove_all(fs::path(scratch_));
+  fs::remove_all(fs::path(ApplicationFolder()));
+  DiskFiles files;
+  ASSERT_TRUE(MakeDataFolders(files, folder_));
+  ASSERT_TRUE(WriteRegistryPath(folder_));
+  ASSERT_TRUE(client_.Open());
+}
+
+void WindowTest::TearDown() {
+  program_->Kill();
+  WriteRegistryPath({});
+  std::error_code ignored;
+  fs::remove_all(fs::path(scratch_), ignored);
+  fs::remove_all(fs::path(ApplicationFolder()), ignored);
+}
+
+Text WindowTest::ApplicationFolder() {
+  return WithSeparator(GatherDataFolderFacts().applicationDataFolder) + u"jotlets\\";
+}
+
+void WindowTest::Write(const Text& path, std::string_view bytes) {
+  std::ofstream file(fs::path(path), std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  ASSERT_TRUE(file.flush()) << ToUtf8(path);
+}
+
+std::string WindowTest::Read(const Text& path) {
+  // Shared in every way, so that looking at a file never gets in the way of the one who writes it.
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const UniqueHandle file =
+      OwnHandle(CreateFileW(Wide(path), GENERIC_READ, kShared, nullptr, OPEN_EXISTING, 0, nullptr));
+  std::string bytes(file ? GetFileSize(file.get(), nullptr) : 0, '\0');
+  DWORD got = 0;
+  if (file) ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
+  return bytes.substr(0, got);
+}
+
+std::vector<Text> WindowTest::FilesBelow(const Text& folder) {
+  std::vector<Text> found;
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(folder))) {
+    if (entry.is_regular_file()) found.push_back(entry.path().u16string().substr(folder.size()));
+  }
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+void WindowTest::WriteData(const std::vector<JotletData>& open, TextView name, TextView options) {
+  DataFileView view;
+  view.installId = u"TEST";
+  for (const JotletData& record : open) {
+    view.jotlets.push_back(&record);
+    Write(folder_ + ContentPath(record), "{\\rtf1\\ansi " + ToUtf8(record.id) + "}");
+  }
+  Write(folder_ + Text(name), EncodeTextFile(ComposeDataFile(view)));
+  Write(folder_ + Text(kOptionsFileName), EncodeTextFile(u"[Options]\n" + Text(options) + u"\n"));
+}
+
+DataFile WindowTest::ParseData(TextView name) const {
+  Options options;
+  const TextFile text = DecodeTextFile(Read(folder_ + Text(name)), AnsiCodePage());
+  EXPECT_FALSE(text.damaged);
+  return ParseDataFile(text.text, {options, [] { return Text(u"FRESH"); }, 0});
+}
+
+Text WindowTest::ProgramFile() { return ProgramFolder() + u"jotlets.exe"; }
+
+bool WindowTest::StartProgram(const Text& arguments, const Text& file) {
+  program_ = std::make_unique<Process>(file, arguments);
+  return WaitUntil([this] { return Reply(u"do ping").starts_with(u"000") || !program_->Running(); }) &&
+         program_->Running();
+}
+
+std::optional<DWORD> WindowTest::Close() {
+  PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
+  return program_->WaitForEnd();
+}
+
+Text WindowTest::ReplyTo(CommandClient& client, TextView command) {
+  const CommandClient::Result result = client.Send(command);
+  return result.outcome == CommandClient::Outcome::kReplied ? result.reply : u"(no reply)";
+}
+
+Text WindowTest::Value(TextView command, TextView status) {
+  const Text reply = Reply(command);
+  EXPECT_TRUE(reply.starts_with(status)) << ToUtf8(command) << ": " << ToUtf8(reply);
+  return reply.starts_with(status) ? reply.substr(status.size()) : Text();
+}
+
+std::vector<Text> WindowTest::List(TextView list) {
+  const Text all = Value(Text(u"get list ").append(list));
+  std::vector<Text> ids;
+  for (Split split{{}, all}; !split.tail.empty(); ids.emplace_back(split.head))
+    split = SplitAtFirst(split.tail, u',');
+  return ids;
+}
+
+HWND WindowTest::MainWindow() { return FindWindowW(kMainWindowClass, nullptr); }
+
+HWND WindowTest::NoteTitled(const Text& title) {
+  HWND note = nullptr;
+  EXPECT_TRUE(WaitUntil([&] {
+    note = FindWindowW(kJotletClass, Wide(title));
+    return note != nullptr && IsWindowVisible(note);
+  })) << ToUtf8(title);
+  return note;
+}
+
+}  // namespace jotlets
