@@ -235,12 +235,12 @@ void CMainFrame::SaveIfDirty() {
     saveFailureTold_ = false;
     return;
   }
-  // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause.
-  if (!saveFailureTold_) {
-    saveFailureTold_ = true;
-    Tell(Handle(), resources_, IDS_SAVE_FAILED, saver_.MainPath());
-  }
+  // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause. The next
+  // try does not wait for the box to be answered.
   SetDirty();
+  if (saveFailureTold_) return;
+  saveFailureTold_ = true;
+  Tell(Handle(), resources_, IDS_SAVE_FAILED, saver_.MainPath());
 }
 
 void CMainFrame::SaveOptions() {
