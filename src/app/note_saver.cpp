@@ -24,7 +24,7 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   FileStatus status;
   if (isMainSave) {
     if (!PutUnreadFileAside()) return false;
-    status = open_.SaveContents(RecordTime(clock_.Now().utc));
+    status = open_.SaveContents(clock_.Now());
   }
   DataFileView view;
   view.installId = installId_;
@@ -57,8 +57,8 @@ bool NoteSaver::PutUnreadFileAside() {
   if (!unreadFileInPlace_) return true;
   if (files_.Exists(MainPath())) {
     const Text kept = DatedName(files_, MainPath(), kDamagedMark, clock_.Now().local);
-    if (const FileStatus renamed = files_.Rename(MainPath(), kept); !renamed) {
-      log_.Write(kLogLifecycle, u"The unread data file could not be put aside: " + renamed.reason);
+    if (const FileStatus copied = files_.Copy(MainPath(), kept); !copied) {
+      log_.Write(kLogLifecycle, u"The unread data file could not be kept: " + copied.reason);
       return false;
     }
   }

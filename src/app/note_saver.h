@@ -21,7 +21,7 @@ class OpenNotes {
   virtual bool HasUnsavedContent() const = 0;
   /// Writes the content files of the notes whose content has changed; the first failure is returned, the rest
   /// is written all the same.
-  virtual FileStatus SaveContents(std::int32_t now) = 0;
+  virtual FileStatus SaveContents(const Moment& now) = 0;
 };
 
 class NoteSaver {

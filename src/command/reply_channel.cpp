@@ -68,7 +68,7 @@ void Listeners::NotifyText(TextView text) {
 }
 
 void ApiReplyChannel::SendLine(TextView line) const {
-  if (client_ == 0) return;
+  if (client_ == 0 || !transport_.Exists(client_)) return;
   LogSending(log_, line);
   transport_.Send(client_, tag_, line);
 }

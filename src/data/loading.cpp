@@ -39,13 +39,12 @@ Reading ReadDataFile(const LoadContext& context, const Text& path) {
   return reading;
 }
 
-// What was read is written under the new name; the file itself stays until the next save replaces it, so that
-// a kill in between leaves both. One that could not be read can only be renamed.
+// The file itself stays until the next save replaces it, so that a kill in between leaves both.
 Text KeepDamagedFile(const LoadContext& context, const Text& path, const FileContent& content) {
   const Text kept = DatedName(context.files, path, kDamagedMark, context.now.local);
   const FileStatus status = content.state == FileContent::State::kRead
                                 ? context.files.Write(kept, content.bytes)
-                                : context.files.Rename(path, kept);
+                                : context.files.Copy(path, kept);
   if (status) {
     context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged, kept as '" + kept + u"'");
     return kept;
@@ -205,6 +204,9 @@ std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView,
       const Text stem = FoldCase(note->id);
       (note->IsImage() ? images : texts).erase(stem);
       if ((note->IsImage() ? allImages : allTexts).contains(stem)) continue;
+      // The file system knows more letter pairs than we do, and a listing may have failed: what is there is
+      // there.
+      if (files.Exists(folder + ContentPath(*note))) continue;
       const Text front = u"!!! " + Text(kind.kind) + u" '" + note->id;
       if (note->IsImage()) {
         log.Write(kLogLifecycle, front + u".png' content file not found");

@@ -114,6 +114,7 @@ class FakeFiles final : public Files {
   }
   FileStatus Copy(TextView from, TextView to) override {
     if (!Exists(from)) return FileStatus::Failed(u"no such file");
+    if (unreadable.contains(FoldCase(from))) return FileStatus::Failed(u"locked");
     return Change(to, [&] { Put(to, Get(from)); });
   }
   FileStatus Rename(TextView from, TextView to) override {

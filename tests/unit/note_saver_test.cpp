@@ -20,7 +20,7 @@ class FakeOpenNotes final : public OpenNotes {
     return records;
   }
   bool HasUnsavedContent() const override { return unsaved; }
-  FileStatus SaveContents(std::int32_t) override { return contents; }
+  FileStatus SaveContents(const Moment&) override { return contents; }
 };
 
 JotletData Note(TextView id) {

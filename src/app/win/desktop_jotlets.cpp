@@ -19,6 +19,7 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
     jotlet->LoadContent(content.bytes);
   } else if (content.state == FileContent::State::kUnreadable) {
     log_.Write(kLogLifecycle, u"Unable to read the content of jotlet " + id + u": " + content.reason);
+    jotlet->KeepOldContent();
   }
   jotlets_.push_back(std::move(jotlet));
   BJotlet* opened = jotlets_.back().get();
@@ -38,7 +39,7 @@ std::vector<Text> DesktopJotlets::Ids() const {
   return ids;
 }
 
-bool DesktopJotlets::SaveContent(TextView id, std::int32_t now) {
+bool DesktopJotlets::SaveContent(TextView id, const Moment& now) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return false;
   const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
@@ -116,7 +117,6 @@ void DesktopJotlets::CloseAll() {
 
 void DesktopJotlets::Purge() {
   std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
-  if (!removed_.empty()) owner_.PurgeSoon();
 }
 
 std::vector<const JotletData*> DesktopJotlets::Records() {
@@ -131,7 +131,7 @@ bool DesktopJotlets::HasUnsavedContent() const {
                      [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
 }
 
-FileStatus DesktopJotlets::SaveContents(std::int32_t now) {
+FileStatus DesktopJotlets::SaveContents(const Moment& now) {
   FileStatus first;
   for (const auto& jotlet : jotlets_) {
     const FileStatus saved = jotlet->SaveContent(files_, folder_, now);

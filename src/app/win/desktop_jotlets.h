@@ -23,7 +23,7 @@ class DesktopOwner {
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
-  /// Notes wait to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
+  /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
 };
 
@@ -44,7 +44,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
 
   /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such
   /// note.
-  bool SaveContent(TextView id, std::int32_t now);
+  bool SaveContent(TextView id, const Moment& now);
 
   /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is
   /// no such note.
@@ -61,12 +61,13 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   bool Rescue(const Rect& screen);
   void CloseAll();
 
-  /// Throws removed notes away whose windows no longer serve a message.
+  /// Throws removed notes away whose windows no longer serve a message; the others wait for the next call,
+  /// which may take as long as a menu of theirs is open.
   void Purge();
 
   std::vector<const JotletData*> Records() override;
   bool HasUnsavedContent() const override;
-  FileStatus SaveContents(std::int32_t now) override;
+  FileStatus SaveContents(const Moment& now) override;
 
   void OnJotletChanged() override { owner_.SetDirty(); }
   void OnJotletMoved(BJotlet& jotlet) override;

@@ -5,11 +5,26 @@
 #include "app/win/system_facts.h"
 #include "data/data_folder.h"
 #include "data/loading.h"
+#include "note/frame_layout.h"
 #include "note/placement.h"
 #include "skin/picture.h"
 #include "ui/screen.h"
 
 namespace jotlets {
+
+namespace {
+
+// Larger than any screen, smaller than what the system's coordinates can hold.
+constexpr std::int32_t kLongestSide = 30000;
+
+// A note too small to be taken hold of could only be mended in the file.
+void KeepSizeUsable(JotletData& record) {
+  const Size size = SafeSize({record.width, record.height}, kMinimumNoteSize);
+  record.width = std::min(size.width, kLongestSide);
+  record.height = std::min(size.height, kLongestSide);
+}
+
+}  // namespace
 
 NewJotlet FromNoteMessage(const NoteMessage& message) {
   NewJotlet fresh;
@@ -56,6 +71,19 @@ Text JotletMaker::NewJotletId() {
   }
 }
 
+Text JotletMaker::AdoptableId(const Orphan& orphan) {
+  if (IsPlainFileName(orphan.id)) return orphan.id;
+  JotletData named;
+  named.isImage = orphan.isImage ? 1 : 0;
+  named.id = orphan.id;
+  const Text from = folder_ + ContentPath(named);
+  named.id = NewJotletId();
+  const FileStatus moved = files_.Rename(from, folder_ + ContentPath(named));
+  if (moved) return named.id;
+  log_.Write(kLogLifecycle, u"Unable to adopt '" + from + u"': " + moved.reason);
+  return {};
+}
+
 BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   JotletData record;
   record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc),
@@ -66,6 +94,7 @@ BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   if (fresh.colour) record.colour = *fresh.colour;
   Place(record);
   if (fresh.width > 0) record.width = fresh.width;
+  KeepSizeUsable(record);
   const Text id = record.id;
   if (fresh.id.empty() && !ProvideContent(record)) return nullptr;
   BJotlet* jotlet = desktop_.Open(std::move(record));
@@ -90,6 +119,7 @@ BJotlet* JotletMaker::OpenLoaded(JotletData record) {
   }
   if (record.width <= 0) record.width = options_.defaultWidth;
   if (record.height <= 0) record.height = options_.defaultHeight;
+  KeepSizeUsable(record);
   return desktop_.Open(std::move(record));
 }
 

@@ -8,6 +8,7 @@
 #include "base/clock.h"
 #include "data/jotlet_id.h"
 #include "data/jotlet_lists.h"
+#include "data/loading.h"
 #include "data/options.h"
 
 namespace jotlets {
@@ -41,6 +42,10 @@ class JotletMaker {
 
   /// A fresh identity that no note and no content file has.
   Text NewJotletId();
+
+  /// The id under which an orphaned content file can become a note: its own, or, when that cannot be an id, a
+  /// fresh one to which the file is moved. Empty when that failed.
+  Text AdoptableId(const Orphan& orphan);
 
   /// Opens a new note, placed by the options, and shows it; nullptr when its window could not be made.
   BJotlet* Make(const NewJotlet& fresh);

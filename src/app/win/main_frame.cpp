@@ -1,6 +1,6 @@
 #include "app/win/main_frame.h"
 
-#include <algorithm>
+#include <limits>
 
 #include "app/note_message.h"
 #include "app/win/data_location.h"
@@ -80,6 +80,8 @@ bool CMainFrame::OnCreate() {
   if (firstRun) ProvideFirstRun();
   optionsUnread_ = !LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_) &&
                    files_.Exists(folder_ + Text(kOptionsFileName));
+  // How many closed notes to keep is then not known: none is dropped.
+  if (optionsUnread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();
   log_.Open(folder_ + Text(kActivityLogName), options_.debug);
   if (!firstRun && !LoadJotlets()) return false;
   SaveOptions();
@@ -158,10 +160,10 @@ void CMainFrame::CheckContent() {
   for (const Orphan& orphan : dialog.Chosen()) {
     NewJotlet adopted;
     adopted.reason = u"adopting";
-    adopted.id = orphan.id;
+    adopted.id = maker_.AdoptableId(orphan);
     adopted.isImage = orphan.isImage;
     // Meanwhile a command may have made a note of this name.
-    if (FindJotlet(orphan.id) == nullptr) CreateJotlet(adopted);
+    if (!adopted.id.empty() && FindJotlet(adopted.id) == nullptr) CreateJotlet(adopted);
   }
 }
 
@@ -202,7 +204,10 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       SaveOptions();
       break;
     case kMinuteTimer: OnMinute(); break;
-    case kSecondTimer: ++secondsRun_; break;
+    case kSecondTimer:
+      ++secondsRun_;
+      desktop_.Purge();
+      break;
     case kFlashTimer: tray_.Flash(); break;
     default: break;
   }
@@ -224,6 +229,8 @@ void CMainFrame::SetOptionsDirty() {
 }
 
 bool CMainFrame::SaveJotlets() {
+  // A command may still be under way when the session ends inside one of its events.
+  if (notesGone_) return false;
   const bool saved = saver_.SaveJotlets(saver_.MainPath(), true);
   if (saved) KillTimer(Handle(), kSaveTimer);
   saveFailureTold_ = saveFailureTold_ && !saved;
@@ -235,8 +242,8 @@ void CMainFrame::SaveIfDirty() {
     saveFailureTold_ = false;
     return;
   }
-  // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause. The next
-  // try does not wait for the box to be answered.
+  // Told once, tried again until it works: a box every ten seconds would not let the user mend the cause. The
+  // next try does not wait for the box to be answered.
   SetDirty();
   if (saveFailureTold_) return;
   saveFailureTold_ = true;
@@ -265,7 +272,7 @@ Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
 bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
   const std::int32_t now = RecordTime(clock_.Now().utc);
   // A note whose text could not be written stays open: closed, the text would be gone.
-  if (!desktop_.SaveContent(id, now)) return false;
+  if (!desktop_.SaveContent(id, clock_.Now())) return false;
   std::optional<JotletData> record = desktop_.Remove(id);
   if (!record) return false;
   const Text closedId = record->id;
@@ -306,6 +313,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   if (optionsDirty_) SaveOptions();
   if (!SaveJotlets() && !silent) Tell(Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
   SaveJotlets(folder_ + Text(kExitCopyName));
+  notesGone_ = true;
   desktop_.CloseAll();
   NotifyListenersText(u"503 jotlets is exiting, so long");
   tray_.Remove();
@@ -407,7 +415,7 @@ void CMainFrame::RescueOffScreen() {
 
 void CMainFrame::MoveDataLocation() {
   const Text folder = ChooseDataFolder(Handle(), resources_, folder_);
-  if (folder.empty()) return;
+  if (folder.empty() || exiting_) return;
   // Everything that is in memory goes along.
   SaveOptions();
   const FileStatus moved =

@@ -34,7 +34,7 @@ class CMainFrame final : public Window, public DesktopOwner {
   /// The main save, now.
   bool SaveJotlets();
   /// A copy of the data file to another path.
-  bool SaveJotlets(TextView path) { return saver_.SaveJotlets(path, false); }
+  bool SaveJotlets(TextView path) { return !notesGone_ && saver_.SaveJotlets(path, false); }
   /// The main save, when anything is dirty; the user is told when it fails.
   void SaveIfDirty();
 
@@ -114,8 +114,9 @@ class CMainFrame final : public Window, public DesktopOwner {
   UINT taskbarCreated_ = 0;
   std::uint32_t secondsRun_ = 0;
   int minutes_ = 0;
-  bool ready_ = false;    // the notes are loaded
-  bool exiting_ = false;  // the shutdown has begun
+  bool ready_ = false;      // the notes are loaded
+  bool exiting_ = false;    // the shutdown has begun
+  bool notesGone_ = false;  // the notes have been saved for the last time and closed
   bool optionsDirty_ = false;
   bool optionsUnread_ = false;  // the options file is there but could not be read: it is left alone
   bool saveFailureTold_ = false;

@@ -57,9 +57,17 @@ bool SendToRunningInstance(TextView text) {
   COPYDATASTRUCT record{0, static_cast<DWORD>(bytes.size()), const_cast<char*>(bytes.data())};
   // The user has just started us, so we may pass the right to come to the front on.
   AllowSetForegroundWindow(ASFW_ANY);
-  DWORD_PTR answer = 0;
-  return SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG,
-                             kAnswerMilliseconds, &answer) != 0;
+  // An instance that is still loading does not take it yet.
+  for (DWORD waited = 0; waited < kFindMilliseconds; waited += kPauseMilliseconds) {
+    DWORD_PTR taken = 0;
+    if (SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG,
+                            kAnswerMilliseconds, &taken) == 0) {
+      return false;
+    }
+    if (taken != 0) return true;
+    Sleep(kPauseMilliseconds);
+  }
+  return false;
 }
 
 bool AskRunningInstanceToClose() {

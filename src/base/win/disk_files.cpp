@@ -26,6 +26,20 @@ FileStatus Outcome(bool ok, TextView call) {
   return ok ? FileStatus{} : FileStatus::Failed(LastErrorText(call));
 }
 
+// Another program that writes to the file may be done in a moment; a note that could not be read would be
+// worse than the pause.
+UniqueHandle OpenForReading(const Text& path) {
+  constexpr int kTries = 20;
+  constexpr DWORD kPauseMilliseconds = 50;
+  constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  for (int tried = 1;; ++tried) {
+    UniqueHandle file = OwnHandle(CreateFileW(Wide(path), GENERIC_READ, kShare, nullptr, OPEN_EXISTING,
+                                              FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (file || GetLastError() != ERROR_SHARING_VIOLATION || tried == kTries) return file;
+    Sleep(kPauseMilliseconds);
+  }
+}
+
 FileStatus WriteAll(HANDLE file, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD written = 0;
@@ -64,9 +78,7 @@ bool DiskFiles::Exists(TextView path) const {
 }
 
 FileContent DiskFiles::Read(TextView path) const {
-  const UniqueHandle file =
-      OwnHandle(CreateFileW(Wide(Text(path)), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                            OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const UniqueHandle file = OpenForReading(Text(path));
   if (!file) return Unreadable(u"CreateFile");
   LARGE_INTEGER size{};
   if (!GetFileSizeEx(file.get(), &size)) return Unreadable(u"GetFileSizeEx");

@@ -18,6 +18,8 @@ bool IsEvent(TextView line) { return line.size() >= 3 && line[0] == u'5'; }
 
 bool CommandClient::Open() { return RegisterWindowClass(kClientClass) && Create(kClientClass, L"", {}, {}); }
 
+bool CommandClient::IsServerThere() { return FindWindowW(kServerClass, nullptr) != nullptr; }
+
 bool CommandClient::SendBytes(const void* bytes, DWORD count, bool withSender, ULONG_PTR tag) {
   const HWND server = FindWindowW(kServerClass, nullptr);
   if (server == nullptr) return false;
@@ -33,7 +35,9 @@ CommandClient::Result CommandClient::Send(TextView command) {
   if (!ansi_.Carries(command)) return {Outcome::kNotCarried, {}};
   const std::string bytes = "api " + ansi_.Encode(command);
   reply_.reset();
-  if (!SendBytes(bytes.data(), static_cast<DWORD>(bytes.size()), true)) return {Outcome::kNotRunning, {}};
+  if (!SendBytes(bytes.data(), static_cast<DWORD>(bytes.size()), true)) {
+    return {IsServerThere() ? Outcome::kNotTaken : Outcome::kNotRunning, {}};
+  }
   if (!reply_) return {Outcome::kNoReply, {}};
   return {Outcome::kReplied, *reply_};
 }

@@ -13,7 +13,7 @@ namespace jotlets {
 
 class CommandClient final : public Window {
  public:
-  enum class Outcome { kReplied, kNotRunning, kNoReply, kNotCarried };
+  enum class Outcome { kReplied, kNotRunning, kNotTaken, kNoReply, kNotCarried };
   struct Result {
     Outcome outcome = Outcome::kNotRunning;
     Text reply;
@@ -22,8 +22,12 @@ class CommandClient final : public Window {
   /// Creates the hidden window that replies and events come to; false when the system could not.
   bool Open();
 
-  /// Sends one command ("do ping", without a prefix) and waits for its reply. `kNotRunning`: no program runs,
-  /// or it is still loading. `kNotCarried`: the code page of the interface lacks a character of the command.
+  /// Whether the program runs.
+  static bool IsServerThere();
+
+  /// Sends one command ("do ping", without a prefix) and waits for its reply. `kNotRunning`: no program runs.
+  /// `kNotTaken`: it runs but did not take the command, as while it is loading. `kNotCarried`: the code page
+  /// of the interface lacks a character of the command.
   Result Send(TextView command);
 
   /// Sends bytes as they are, and waits until they are taken; for payloads that are no commands.

@@ -27,6 +27,9 @@ Delivery CopyDataTransport::Send(ClientWindow client, std::uintptr_t tag, TextVi
   return Exists(client) ? Delivery::kHung : Delivery::kGone;
 }
 
-bool CopyDataTransport::Exists(ClientWindow client) const { return IsWindow(WindowOf(client)) != 0; }
+bool CopyDataTransport::Exists(ClientWindow client) const {
+  // A sender that names the broadcast handle would have every window of the desktop get its reply.
+  return WindowOf(client) != HWND_BROADCAST && IsWindow(WindowOf(client)) != 0;
+}
 
 }  // namespace jotlets

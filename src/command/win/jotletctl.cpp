@@ -19,6 +19,8 @@
 namespace jotlets {
 namespace {
 
+constexpr UINT kLookMilliseconds = 1000;
+
 enum ExitCode { kDone = 0, kRefused = 1, kNotRunning = 2, kNotSent = 3 };
 
 constexpr char kUsage[] =
@@ -42,6 +44,10 @@ int Execute(CommandClient& client, TextView command) {
     case CommandClient::Outcome::kNotRunning:
       PrintLine(stderr, u"jotletctl: Jotlets is not running");
       return kNotRunning;
+    case CommandClient::Outcome::kNotTaken:
+      PrintLine(stderr,
+                u"jotletctl: Jotlets did not take the command: it is starting or ending, or it is too long");
+      return kNotSent;
     case CommandClient::Outcome::kNoReply: PrintLine(stderr, u"jotletctl: no reply"); return kNotRunning;
     case CommandClient::Outcome::kNotCarried:
       PrintLine(stderr,
@@ -68,8 +74,12 @@ int Listen(CommandClient& client) {
     if (line.starts_with(u"503")) PostQuitMessage(0);
   });
   const int registered = Execute(client, u"do register");
+  // A program that was killed says no farewell.
+  SetTimer(client.Handle(), 1, kLookMilliseconds, nullptr);
   MSG message{};
-  while (registered == kDone && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+  while (registered == kDone && CommandClient::IsServerThere() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    DispatchMessageW(&message);
+  }
   return registered;
 }
 

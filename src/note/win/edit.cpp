@@ -45,12 +45,13 @@ void SetDefaultFont(HWND edit) {
   SendMessageW(edit, EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
 }
 
-void StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
+bool StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, ReadBytes};
   const LRESULT events = SendMessageW(edit, EM_SETEVENTMASK, 0, 0);
   SendMessageW(edit, EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
   SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
   SendMessageW(edit, EM_SETEVENTMASK, 0, events);
+  return stream.dwError == 0;
 }
 
 }  // namespace
@@ -69,7 +70,7 @@ bool BEdit::Create(HWND parent, const Rect& bounds, Colour background, bool read
   return true;
 }
 
-void BEdit::SetRtf(std::string_view rtf) { StreamIn(edit_, SF_RTF, rtf); }
+bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(edit_, SF_RTF, rtf); }
 
 std::string BEdit::Rtf() const {
   std::string rtf;

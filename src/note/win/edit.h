@@ -19,9 +19,9 @@ class BEdit {
   bool Create(HWND parent, const Rect& bounds, Colour background, bool readOnly);
   HWND Handle() const { return edit_; }
 
-  /// Replaces the content; the change does not count as the user's. A damaged rich text gives what could be
-  /// read.
-  void SetRtf(std::string_view rtf);
+  /// Replaces the content; the change does not count as the user's. False for a damaged rich text, of which
+  /// what could be read is shown.
+  bool SetRtf(std::string_view rtf);
   std::string Rtf() const;
   void SetPlainText(TextView text);
   /// The text without formatting, lines ended by "\r\n".

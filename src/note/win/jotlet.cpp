@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "data/loading.h"
 #include "data/rtf_bytes.h"
 #include "note/opacity.h"
 
@@ -71,7 +72,12 @@ void BJotlet::LoadContent(std::string_view bytes) {
   if (record_.IsImage()) {
     if (const auto picture = DecodePng(bytes)) picture_.Load(*picture);
   } else {
-    edit_.SetRtf(bytes);
+    if (!bytes.empty() && !bytes.starts_with("{\\rtf")) {
+      edit_.SetPlainText(FromUtf8(bytes));
+      KeepOldContent();
+    } else if (!edit_.SetRtf(bytes)) {
+      KeepOldContent();
+    }
     if (record_.scroll != Point{}) edit_.SetScrollPosition(record_.scroll);
   }
   TitleChanged();
@@ -94,13 +100,19 @@ JotletData& BJotlet::Record() {
   return record_;
 }
 
-FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, std::int32_t now) {
+FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment& now) {
   if (!contentChanged_ || record_.IsImage() || Handle() == nullptr) return {};
+  const Text path = Text(dataFolder) + ContentPath(record_);
+  if (keepOldContent_ && files.Exists(path)) {
+    const FileStatus kept = files.Copy(path, DatedName(files, path, kDamagedMark, now.local));
+    if (!kept) return kept;
+  }
+  keepOldContent_ = false;
   // Taken back first: typing that arrives while the file is written must count as a change again.
   contentChanged_ = false;
-  const FileStatus written = files.Write(Text(dataFolder) + ContentPath(record_), edit_.Rtf());
+  const FileStatus written = files.Write(path, edit_.Rtf());
   if (written) {
-    record_.modified = now;
+    record_.modified = RecordTime(now.utc);
   } else {
     contentChanged_ = true;
   }
@@ -166,7 +178,8 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETCURSOR:
       return LOWORD(lParam) == HTCLIENT ? OnSetCursor(lParam) : Default(message, wParam, lParam);
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
-    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: OnButtonDown(PointOf(lParam)); return 0;
     case WM_MOUSEMOVE: OnMouseMove(); return 0;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;

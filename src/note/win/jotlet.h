@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/clock.h"
 #include "base/files.h"
 #include "data/jotlet_data.h"
 #include "note/frame_layout.h"
@@ -27,8 +28,11 @@ class BJotlet final : public Window {
   /// Takes the window away, for good.
   void DestroyWindowNow() { Destroy(); }
 
-  /// Loads the content from its bytes: a rich text, or a PNG for a picture note.
+  /// Loads the content from its bytes: a rich text, or a PNG for a picture note. A rich-text file that holds
+  /// something else is shown as the plain text that it is.
   void LoadContent(std::string_view bytes);
+  /// The content file is there but was not read whole: it is kept under another name before it is replaced.
+  void KeepOldContent() { keepOldContent_ = true; }
   /// Shows or hides the window; whether the note is a hidden one is another matter.
   void Show();
   void Hide();
@@ -40,7 +44,7 @@ class BJotlet final : public Window {
 
   bool HasUnsavedContent() const { return contentChanged_; }
   /// Writes the content file when the content has changed since; after a failure it still counts as changed.
-  FileStatus SaveContent(Files& files, TextView dataFolder, std::int32_t now);
+  FileStatus SaveContent(Files& files, TextView dataFolder, const Moment& now);
 
   Text PlainText() const;
   Text Rtf() const;
@@ -82,6 +86,7 @@ class BJotlet final : public Window {
   PictureBitmap picture_;
   Text shownTitle_;
   bool contentChanged_ = false;
+  bool keepOldContent_ = false;
   bool hasFocus_ = false;
   Drag drag_ = Drag::kIdle;
   FramePart dragPart_ = FramePart::kContent;
