@@ -131,8 +131,10 @@ class FakeFiles final : public Files {
   FileStatus MakeFolder(TextView path) override {
     return Change(path, [] {});
   }
+  bool listsNothing = false;  // as when the folder cannot be looked into
   std::vector<Text> List(TextView folder, TextView extension) const override {
     std::vector<Text> names;
+    if (listsNothing) return names;
     for (const auto& [folded, file] : files_) {
       const TextView path = file.first;
       if (!StartsWithIgnoreCase(path, folder)) continue;

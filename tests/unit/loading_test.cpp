@@ -209,6 +209,14 @@ TEST_F(ContentCheck, MissingTextsGetAPlaceholderAndMissingPicturesALine) {
   EXPECT_FALSE(files.Exists(u"C:\\data\\images\\P.png"));
 }
 
+TEST_F(ContentCheck, ContentThatIsThereIsNotReplacedWhateverTheListingSays) {
+  PutContent({u"rtf\\A.rtf"});
+  files.listsNothing = true;
+  Check({{u"Desktop", {Note(u"A")}}});
+  EXPECT_EQ(Content(u"A"), "content of rtf\\A.rtf");
+  EXPECT_TRUE(log.lines.empty());
+}
+
 TEST_F(ContentCheck, FilesThatNoNoteClaimsAreOrphans) {
   PutContent({u"rtf\\Z.rtf", u"rtf\\b.rtf", u"rtf\\A.rtf", u"rtf\\MINE.rtf", u"rtf\\note.txt",
               u"images\\MINE.png", u"images\\P.PNG", u"images\\Q.png"});

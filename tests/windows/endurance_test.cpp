@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "base/win/wide.h"
+#include "data/loading.h"
 #include "note/win/jotlet.h"
 #include "window_test.h"
 
@@ -102,6 +103,20 @@ TEST_F(WindowTest, AFileThatAnotherProgramLooksAtIsReplacedWhenThatIsOver) {
   EXPECT_EQ(Read(path), before);
   looking.reset();
   EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+}
+
+TEST_F(WindowTest, ContentThatIsNoRichTextIsShownAndKeptWhenTheNoteIsChanged) {
+  WriteData({NoteRecord(u"PLAIN", {50, 50})});
+  Write(folder_ + u"rtf\\PLAIN.rtf", "just words");
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(u"PLAIN"), u"just words");
+  EXPECT_EQ(Reply(u"set desktop PLAIN text changed"), u"000 OK text set");
+  EXPECT_EQ(Reply(u"set desktop PLAIN text again"), u"000 OK text set");
+  std::vector<std::string> kept;
+  for (const Text& path : FilesBelow(folder_)) {
+    if (path.find(kDamagedMark) != Text::npos) kept.push_back(Read(folder_ + path));
+  }
+  EXPECT_EQ(kept, std::vector<std::string>{"just words"});
 }
 
 TEST_F(WindowTest, AThousandNotesWork) {
