@@ -30,6 +30,9 @@ class Clock {
   virtual Moment Now() const = 0;
   /// Local time of an instant (seconds since 1970 UTC).
   virtual LocalTime ToLocal(std::int64_t utc) const = 0;
+  /// The instant (seconds since 1970 UTC) of a local time; of the two in the hour that autumn repeats,
+  /// either.
+  virtual std::int64_t ToUtc(const LocalTime& local) const = 0;
 };
 
 /// `utc` as the signed 32-bit seconds that records hold; saturates in 2038.

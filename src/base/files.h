@@ -2,6 +2,7 @@
 // reaches the disk; tests use one in memory whose writes can be made to fail.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,9 @@ class Files {
 
   virtual bool Exists(TextView path) const = 0;
 
+  /// Bytes of the file, 0 for a missing one.
+  virtual std::uint64_t Size(TextView path) const = 0;
+
   /// All bytes of the file. A file too large to be held (over 1 GiB) is unreadable.
   virtual FileContent Read(TextView path) const = 0;
 
@@ -45,7 +49,7 @@ class Files {
   /// Copies one file, replacing the target.
   virtual FileStatus Copy(TextView from, TextView to) = 0;
 
-  /// Renames one file within a volume; never replaces.
+  /// Renames one file or folder within a volume; never replaces.
   virtual FileStatus Rename(TextView from, TextView to) = 0;
 
   /// Removes one file; a missing one is no failure.
@@ -53,6 +57,12 @@ class Files {
 
   /// Creates a folder and what lies above it; an existing one is no failure.
   virtual FileStatus MakeFolder(TextView path) = 0;
+
+  /// Names of the folders inside `folder` (given with its "\" at the end), sorted.
+  virtual std::vector<Text> ListFolders(TextView folder) const = 0;
+
+  /// Removes a folder with all its files and folders; a missing one is no failure.
+  virtual FileStatus RemoveFolder(TextView folder) = 0;
 
   /// Names (not paths) of the files of `folder` (given with its "\" at the end) whose names end in
   /// `extension`

@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "data/options_file.h"
 #include "data/text_file.h"
 
 namespace jotlets {

@@ -5,9 +5,10 @@ namespace {
 
 constexpr TextView kProfileMark = u"%PROFILE%";
 
-constexpr std::array kDataSetFiles = {
-    kDataFileName,   kOptionsFileName, kFriendsFileName,        kStoreFileName, TextView(u"categories.png"),
-    kDefaultRtfName, kDefaultPngName,  TextView(u"borders.png")};
+// In the order in which a restore puts them back.
+constexpr std::array kDataSetFiles = {kDataFileName,    kStoreFileName,          TextView(u"categories.png"),
+                                      kOptionsFileName, kFriendsFileName,        kDefaultRtfName,
+                                      kDefaultPngName,  TextView(u"borders.png")};
 
 bool HoldsData(const Files& files, const Text& folder) {
   return !folder.empty() &&
@@ -18,13 +19,6 @@ Text ExpandProfile(Text path, TextView profileFolder) {
   const std::size_t mark = path.find(kProfileMark);
   if (mark != Text::npos) path.replace(mark, kProfileMark.size() + 1, WithSeparator(profileFolder));
   return path;
-}
-
-FileStatus CopyFolder(Files& files, const Text& from, const Text& to, TextView extension) {
-  for (const Text& name : files.List(from, extension)) {
-    if (FileStatus copied = files.Copy(from + name, to + name); !copied) return copied;
-  }
-  return {};
 }
 
 }  // namespace
@@ -43,28 +37,38 @@ Text FindDataFolder(const DataFolderFacts& facts, const Files& files) {
   return WithSeparator(facts.applicationDataFolder) + u"jotlets\\";
 }
 
-FileStatus MakeDataFolders(Files& files, TextView dataFolder) {
-  FileStatus status = files.MakeFolder(dataFolder);
-  for (const TextView folder : {kRtfFolder, kImagesFolder, kBackupsFolder}) {
-    if (status) status = files.MakeFolder(Text(dataFolder).append(folder));
+std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder) {
+  std::vector<Text> paths;
+  for (const auto& [folder, extension] : kContentFolders) {
+    for (const Text& name : files.List(Text(dataFolder).append(folder), extension)) {
+      paths.push_back(Text(folder) + name);
+    }
+  }
+  for (const TextView name : kDataSetFiles) {
+    if (files.Exists(Text(dataFolder).append(name))) paths.emplace_back(name);
+  }
+  return paths;
+}
+
+FileStatus MakeContentFolders(Files& files, TextView folder) {
+  FileStatus status = files.MakeFolder(folder);
+  for (const ContentFolder& content : kContentFolders) {
+    if (status) status = files.MakeFolder(Text(folder).append(content.folder));
   }
   return status;
 }
 
+FileStatus MakeDataFolders(Files& files, TextView dataFolder) {
+  FileStatus status = MakeContentFolders(files, dataFolder);
+  if (status) status = files.MakeFolder(Text(dataFolder).append(kBackupsFolder));
+  return status;
+}
+
 FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder) {
-  const Text from(fromFolder);
-  const Text to(toFolder);
-  if (FileStatus made = MakeDataFolders(files, to); !made) return made;
-  for (const auto& [folder, extension] :
-       {std::pair(kImagesFolder, TextView(u".png")), std::pair(kRtfFolder, TextView(u".rtf"))}) {
-    if (FileStatus copied = CopyFolder(files, from + Text(folder), to + Text(folder), extension); !copied) {
+  if (FileStatus made = MakeDataFolders(files, toFolder); !made) return made;
+  for (const Text& path : DataSetFiles(files, fromFolder)) {
+    if (FileStatus copied = files.Copy(Text(fromFolder) + path, Text(toFolder) + path); !copied)
       return copied;
-    }
-  }
-  for (const TextView name : kDataSetFiles) {
-    const Text source = from + Text(name);
-    if (!files.Exists(source)) continue;
-    if (FileStatus copied = files.Copy(source, to + Text(name)); !copied) return copied;
   }
   return {};
 }

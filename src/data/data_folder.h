@@ -38,12 +38,26 @@ Text WithSeparator(TextView path);
 /// "%PROFILE%" and the one character after it stand for the profile folder.
 Text FindDataFolder(const DataFolderFacts& facts, const Files& files);
 
+/// The folders of content files, and the extension of the files in each.
+struct ContentFolder {
+  TextView folder;
+  TextView extension;
+};
+inline constexpr std::array<ContentFolder, 2> kContentFolders = {
+    {{kImagesFolder, u".png"}, {kRtfFolder, u".rtf"}}};
+
+/// The files of the data set that are there, as paths inside the data folder: every picture and rich text,
+/// the data, options and friends files, the store and what travels with them.
+std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder);
+
+/// Creates a folder with the folders of content files.
+FileStatus MakeContentFolders(Files& files, TextView folder);
+
 /// Creates the data folder's sub-folders.
 FileStatus MakeDataFolders(Files& files, TextView dataFolder);
 
-/// Copies the data set (every picture and rich text, the data, options and friends files, the store and what
-/// travels with them) from one data folder to another, creating it. Files that are not there are passed over;
-/// the first file that cannot be copied ends it.
+/// Copies the data set from one data folder to another, creating it; the first file that cannot be copied
+/// ends it.
 FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder);
 
 }  // namespace jotlets

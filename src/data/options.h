@@ -1,4 +1,4 @@
-// The user's settings and their file form: "options.ini", one "key=value" line each, driven by one table.
+// The user's settings: their values and defaults. `options_file.h` has their written form.
 #pragma once
 
 #include <array>
@@ -22,11 +22,33 @@ struct HotKey {
   friend bool operator==(const HotKey&, const HotKey&) = default;
 };
 
-/// The settings that this version acts on. Lines of the file that it does not know are kept in `others` and
-/// written back after the known ones, so that no setting of another version is lost.
+/// Two texts that one option holds, joined by a vertical bar when written.
+struct TextPair {
+  Text first;
+  Text second;
+  friend bool operator==(const TextPair&, const TextPair&) = default;
+};
+
+/// A text and a number, joined by a comma when written.
+struct TextAndNumber {
+  Text text;
+  std::int32_t number = 0;
+  friend bool operator==(const TextAndNumber&, const TextAndNumber&) = default;
+};
+
+/// A colour option as one number: red in the low byte, then green, then blue.
+constexpr std::int32_t ColourNumber(int red, int green, int blue) {
+  return red | (green << 8) | (blue << 16);
+}
+
+/// Every setting, in the order of the file. Numbers that serve as switches are on when they are 1. What each
+/// of them does is told in the table of `options_file.cpp`, from which the reference page is made.
 struct Options {
-  std::int32_t debug = 0;         // highest activity-log level that is written
-  std::int32_t keepDeleted = 32;  // how many closed notes are kept
+  Text transferFile = u"a:\\transfer.ini";
+  bool confirmClosure = false;
+  std::int32_t debug = 0;
+  Text signature;
+  std::int32_t keepDeleted = 32;
   std::int32_t makeAllVisible = 1;
   std::int32_t useHooks = 1;
   // Windows + Alt with Shift and Ctrl as further modifiers: nothing on a stock Windows uses these.
@@ -36,35 +58,103 @@ struct Options {
                                   {true, true, true, true, 'S'},
                                   {true, false, false, true, 'M'},
                                   {true, false, false, true, 'W'}}};
+  TextAndNumber alarm;
+  std::int32_t soundAlarmOnWake = 0;
+  std::int32_t aotDefault = 1;
+  Text alarmAlarm;
+  std::int32_t loopAlarm = 0;
+  std::int32_t jiggleAlarm = 1;
+  std::int32_t flashAlarm = 1;
+  std::int32_t soundAlarm = 0;
+  std::int32_t snoozeMinutes = 5;
+  std::int32_t preventDuplicates = 1;
   std::int32_t preventOverlap = 1;
-  std::int32_t newJotletsAppear =
-      0;  // 0 middle of the primary monitor, 1 of the virtual screen, 2 at the coords
-  Point newJotletsCoords;
+  std::int32_t newJotletsAppear = 0;
+  std::array<std::int32_t, 2> newJotletsCoords = {0, 0};
+  Text skin;
   bool singleClickCreates = false;
   bool opaqueEdit = false;
+  std::int32_t titlebar = 0;
   std::int32_t hidden = 0;
   std::int32_t defaultWidth = 232;
   std::int32_t defaultHeight = 405;
+  std::array<std::int32_t, 3> snap = {1, 10, 2};
+  std::int32_t newJotletAction = 0;
+  std::array<std::int32_t, 2> sleepValues = {1, 1};
+  std::int32_t allowFixedSizing = 0;
+  bool noRtlKeys = false;
+  bool rtl = false;
   bool user1 = false;
   bool user2 = false;
   bool user3 = false;
+  bool attachShowSystemWindows = false;
+  bool allowTransparentBackgrounds = false;
+  bool dontFadeToTransparent = false;
   bool defaultImage = false;
-  Size imageJotletDefaultSize{320, 240};
+  bool lockingFreezes = false;
+  std::int32_t animationSpeed = 30;
+  std::int32_t syncPeriod = 60;
+  bool alternateGetPixel = false;
+  bool takeBackups = true;
+  Text backupDir;
+  std::int32_t backupPeriod = 24;
+  std::int32_t keepBackups = 7;
+  std::array<std::int32_t, 2> imageJotletDefaultSize = {320, 240};
   bool rolledHasAltPosition = false;
+  bool shadows = false;
+  std::int32_t bulletIndent = 300;
+  TextPair google;
+  Text fontMru;
+  std::array<std::int32_t, 4> manageWindow = {100, 100, 800, 500};
+  std::array<std::int32_t, 4> manageWidths = {260, 90, 120, 120};
+  std::int32_t manageSorted = 0;
+  std::int32_t manageWindowVisible = 0;
+  std::int32_t manageWindowSearchWhat = 15;
+  bool manageWindowMax = false;
+  bool networking = false;
+  std::int32_t netPort = 52673;
+  bool useDns = false;
+  bool useSignature = false;
+  Text sound;
+  std::array<std::int32_t, 2> statistics = {0, 0};
+  std::int32_t networkTimeout = 3;
+  std::int32_t balloonOnSecret = 1;
+  std::int32_t balloonPreview = 0;
+  std::int32_t preventOverlapNetwork = 1;
+  std::int32_t newJotletsAppearNetwork = 0;
+  std::array<std::int32_t, 2> newJotletsCoordsNetwork = {0, 0};
+  Text serverIp;
+  std::int32_t useEmail = 0;
+  Text smtpServer;
+  bool mailSignature = false;
+  std::int32_t askBeforeMailing = 1;
+  Text emailAddress;
+  bool openBeforeSend = false;
+  bool attachSti = true;
+  std::int32_t sortOrder = 0;
+  std::array<std::int32_t, 2> inStyle = {0, 0};
+  bool closeOnSend = false;
+  bool allSecret = false;
+  bool sendSecret = false;
+  std::array<std::int32_t, 3> penColour = {0, 0, 0};
+  std::int32_t penWidth = 3;
+  std::int32_t sizeType = 1;
+  std::int32_t keepAspect = 1;
+  std::int32_t textSize = 20;
+  std::int32_t imageUndo = 5;
+  std::array<std::int32_t, 5> hilites = {ColourNumber(254, 255, 68), ColourNumber(254, 65, 255),
+                                         ColourNumber(250, 200, 1), ColourNumber(63, 254, 60),
+                                         ColourNumber(64, 253, 252)};
+  bool greenRectSs = false;
+  std::vector<Text> styles;
 
+  /// Lines of the file that this version does not know, written back after the known ones.
   std::vector<std::pair<Text, Text>> others;
 
   RecordDefaults ForRecords() const { return {defaultWidth, user1, user2, user3}; }
+  Point NewJotletsCorner() const { return {newJotletsCoords[0], newJotletsCoords[1]}; }
+  Size ImageJotletSize() const { return {imageJotletDefaultSize[0], imageJotletDefaultSize[1]}; }
   friend bool operator==(const Options&, const Options&) = default;
 };
-
-/// Takes one key and value; keys match exactly, values convert as far as they can.
-void LoadOption(Options& options, TextView key, TextView value);
-
-/// Reads the text of an options file: "[Options]" and empty lines are skipped, lines without "=" too.
-void LoadOptions(Options& options, TextView text);
-
-/// The text of the options file.
-Text ComposeOptions(const Options& options);
 
 }  // namespace jotlets

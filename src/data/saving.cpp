@@ -1,6 +1,7 @@
 #include "data/saving.h"
 
 #include "data/data_folder.h"
+#include "data/options_file.h"
 #include "data/text_file.h"
 
 namespace jotlets {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <functional>
 
 #include "base/win/unique_handle.h"
 #include "base/win/wide.h"
@@ -71,10 +72,31 @@ FileStatus PutInPlace(const Text& from, const Text& to) {
   }
 }
 
+std::vector<Text> ListEntries(TextView folder,
+                              const std::function<bool(TextView name, bool isFolder)>& wanted) {
+  std::vector<Text> names;
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(Wide(Text(folder).append(u"*")), &found);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do {
+    const TextView name = FromWide(found.cFileName);
+    if (wanted(name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) names.emplace_back(name);
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 }  // namespace
 
 bool DiskFiles::Exists(TextView path) const {
   return GetFileAttributesW(Wide(Text(path))) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::uint64_t DiskFiles::Size(TextView path) const {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!GetFileAttributesExW(Wide(Text(path)), GetFileExInfoStandard, &data)) return 0;
+  return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
 FileContent DiskFiles::Read(TextView path) const {
@@ -150,22 +172,33 @@ FileStatus DiskFiles::MakeFolder(TextView path) {
 }
 
 std::vector<Text> DiskFiles::List(TextView folder, TextView extension) const {
-  std::vector<Text> names;
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(Wide(Text(folder).append(u"*")), &found);
-  if (search == INVALID_HANDLE_VALUE) return names;
-  do {
-    const TextView name = FromWide(found.cFileName);
-    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    // Patterns of the system match short names too (".rtfold"), so the extension is compared here.
-    if (!isFolder && name.size() > extension.size() &&
-        EqualIgnoreCase(name.substr(name.size() - extension.size()), extension)) {
-      names.emplace_back(name);
-    }
-  } while (FindNextFileW(search, &found));
-  FindClose(search);
-  std::sort(names.begin(), names.end());
-  return names;
+  // Patterns of the system match short names too (".rtfold"), so the extension is compared here.
+  return ListEntries(folder, [extension](TextView name, bool isFolder) {
+    return !isFolder && name.size() > extension.size() &&
+           EqualIgnoreCase(name.substr(name.size() - extension.size()), extension);
+  });
+}
+
+std::vector<Text> DiskFiles::ListFolders(TextView folder) const {
+  return ListEntries(folder,
+                     [](TextView name, bool isFolder) { return isFolder && name != u"." && name != u".."; });
+}
+
+FileStatus DiskFiles::RemoveFolder(TextView folder) {
+  const Text path = Text(folder) + (folder.ends_with(u"\\") ? u"" : u"\\");
+  for (const Text& inner : ListFolders(path)) {
+    // A link to a folder elsewhere is removed, not followed.
+    const DWORD attributes = GetFileAttributesW(Wide(path + inner));
+    const bool isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    const FileStatus removed = isLink ? Outcome(RemoveDirectoryW(Wide(path + inner)) != 0, u"RemoveDirectory")
+                                      : RemoveFolder(path + inner);
+    if (!removed) return removed;
+  }
+  for (const Text& name : ListEntries(path, [](TextView, bool isFolder) { return !isFolder; })) {
+    if (FileStatus removed = Remove(path + name); !removed) return removed;
+  }
+  if (RemoveDirectoryW(Wide(path)) || IsMissing(GetLastError())) return {};
+  return Outcome(false, u"RemoveDirectory");
 }
 
 }  // namespace jotlets

@@ -39,4 +39,16 @@ LocalTime SystemClock::ToLocal(std::int64_t utc) const {
   return LocalTimeOf(local);
 }
 
+std::int64_t SystemClock::ToUtc(const LocalTime& local) const {
+  const auto word = [](int value) { return static_cast<WORD>(value); };
+  const SYSTEMTIME time{word(local.year),   word(local.month),  0, word(local.day), word(local.hour),
+                        word(local.minute), word(local.second), 0};
+  SYSTEMTIME universal{};
+  FILETIME file{};
+  if (!TzSpecificLocalTimeToSystemTime(nullptr, &time, &universal) ||
+      !SystemTimeToFileTime(&universal, &file))
+    return 0;
+  return SecondsOf(file);
+}
+
 }  // namespace jotlets
