@@ -10,7 +10,7 @@ CommandEndpoint::CommandEndpoint(CMainFrame& frame, const CodePage& ansi, Log& l
 void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
   // The payload is the sender's memory; all that follows works on a copy.
   const Text text = TextOfCopyData(record, ansi_);
-  const Inbound inbound = RouteInbound(text, false);
+  const Inbound inbound = RouteInbound(text, frame_.IsSkinFixedByPolicy());
   switch (inbound.kind) {
     case InboundKind::kCommand: {
       const ApiReplyChannel reply(transport_, listeners_, log_, record.dwData,

@@ -16,8 +16,8 @@ struct FreeTaskMemory {
 
 }  // namespace
 
-Text ChooseDataFolder(HWND owner, const Resources& resources, TextView present) {
-  const Text title = resources.String(IDS_MOVE_CHOOSE);
+Text ChooseDataFolder(HWND owner, const Resources& resources, UINT question, TextView present) {
+  const Text title = resources.String(question);
   BROWSEINFOW how{};
   how.hwndOwner = owner;
   how.lpszTitle = Wide(title);

@@ -52,7 +52,7 @@ void JotletMaker::ProvideTemplates(std::string_view rtf) {
   if (!files_.Exists(rtfPath)) files_.Write(rtfPath, rtf);
   const Text pngPath = folder_ + Text(kDefaultPngName);
   if (files_.Exists(pngPath)) return;
-  const Size size = Options().imageJotletDefaultSize;
+  const Size size = Options().ImageJotletSize();
   const Picture white{size,
                       std::vector<std::uint8_t>(static_cast<std::size_t>(size.width * size.height) * 4, 255)};
   files_.Write(pngPath, EncodePng(white));
@@ -126,10 +126,10 @@ BJotlet* JotletMaker::OpenLoaded(JotletData record) {
 void JotletMaker::Place(JotletData& record) const {
   PlacementSettings settings;
   settings.appear = options_.newJotletsAppear;
-  settings.coords = options_.newJotletsCoords;
+  settings.coords = options_.NewJotletsCorner();
   settings.preventOverlap = options_.preventOverlap == 1;
-  settings.newSize = record.IsImage() ? options_.imageJotletDefaultSize
-                                      : Size{options_.defaultWidth, options_.defaultHeight};
+  settings.newSize =
+      record.IsImage() ? options_.ImageJotletSize() : Size{options_.defaultWidth, options_.defaultHeight};
   settings.primaryScreen = PrimaryScreenSize();
   const Rect screen = VirtualScreen();
   settings.virtualScreen = {screen.Width(), screen.Height()};

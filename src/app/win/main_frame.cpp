@@ -7,6 +7,8 @@
 #include "app/win/hot_keys.h"
 #include "app/win/main_menus.h"
 #include "app/win/orphan_dialog.h"
+#include "app/win/registry_policy.h"
+#include "app/win/restore_dialog.h"
 #include "app/win/system_facts.h"
 #include "app/win/user_messages.h"
 #include "base/win/wide.h"
@@ -25,6 +27,7 @@ enum Timer : UINT_PTR {
   kSecondTimer = 1227,
   kAnimationTimer = 1228,
   kOptionsTimer = 1229,
+  kBackupTimer = 1230,  // only while a backup is under way
 };
 
 constexpr UINT kSaveDelay = 10000;
@@ -33,6 +36,9 @@ constexpr UINT kMinutePeriod = 60000;
 constexpr UINT kSecondPeriod = 1000;
 constexpr UINT kAnimationPeriod = 17;
 constexpr int kSafetyCopyMinutes = 60;
+// A backup goes on in slices that nobody notices.
+constexpr UINT kBackupPeriod = 20;
+constexpr ULONGLONG kBackupSliceMilliseconds = 10;
 
 enum PrivateMessage : UINT {
   kTrayMessage = WM_APP + 1,
@@ -51,6 +57,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       desktop_(*this, files_, log_),
       saver_(files_, clock_, log_, options_, lists_, desktop_),
       maker_(files_, clock_, log_, options_, lists_, desktop_),
+      backups_(files_, ansi_, clock_, log_, options_),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)) {}
 
@@ -75,17 +82,21 @@ bool CMainFrame::OnCreate() {
   }
   tray_.Add(Handle(), kTrayMessage);
   commands_.SetWindow(Handle());
+  policy_ = ReadPolicy(RegistryPolicy(), log_);
   if (!FindDataFolder()) return false;
-  const bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
+  bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
+  if (firstRun && OfferBackups()) firstRun = false;
   if (firstRun) ProvideFirstRun();
   optionsUnread_ = !LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_) &&
                    files_.Exists(folder_ + Text(kOptionsFileName));
   // How many closed notes to keep is then not known: none is dropped.
   if (optionsUnread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();
   log_.Open(folder_ + Text(kActivityLogName), options_.debug);
+  backups_.Open(folder_);
   if (!firstRun && !LoadJotlets()) return false;
   SaveOptions();
   RegisterHotKeys(Handle(), options_, log_);
+  CheckBackup();
   SetTimer(Handle(), kMinuteTimer, kMinutePeriod, nullptr);
   SetTimer(Handle(), kSecondTimer, kSecondPeriod, nullptr);
   SetTimer(Handle(), kAnimationTimer, kAnimationPeriod, nullptr);
@@ -209,12 +220,14 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       desktop_.Purge();
       break;
     case kFlashTimer: tray_.Flash(); break;
+    case kBackupTimer: StepBackup(); break;
     default: break;
   }
 }
 
 void CMainFrame::OnMinute() {
   if (++minutes_ % kSafetyCopyMinutes == 0) SaveJotlets(folder_ + Text(kSafetyCopyName));
+  CheckBackup();
 }
 
 void CMainFrame::SetDirty() {
@@ -310,6 +323,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   exiting_ = true;
   ready_ = false;
   UnregisterHotKeys(Handle());
+  backups_.Abandon();
   if (optionsDirty_) SaveOptions();
   if (!SaveJotlets() && !silent) Tell(Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
   SaveJotlets(folder_ + Text(kExitCopyName));
@@ -355,6 +369,8 @@ void CMainFrame::OnCommand(UINT command) {
     }
     case ID_RESCUE: RescueOffScreen(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
+    case ID_BACKUP: TakeManualBackup(); break;
+    case ID_RESTORE: ChooseRestore(); break;
     case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
     case ID_EXIT_JOTLETS: ExitJotlets(u"user"); break;
     default: break;
@@ -413,8 +429,65 @@ void CMainFrame::RescueOffScreen() {
   if (desktop_.Rescue(VirtualScreen())) SetDirty();
 }
 
+void CMainFrame::CheckBackup() {
+  if (backups_.BeginIfDue([this] { SaveIfDirty(); }))
+    SetTimer(Handle(), kBackupTimer, kBackupPeriod, nullptr);
+}
+
+void CMainFrame::StepBackup() {
+  const ULONGLONG begun = GetTickCount64();
+  BackupJob::State state = BackupJob::State::kRunning;
+  while (state == BackupJob::State::kRunning && GetTickCount64() - begun < kBackupSliceMilliseconds) {
+    state = backups_.Step(1);
+  }
+  if (state == BackupJob::State::kRunning) return;
+  KillTimer(Handle(), kBackupTimer);
+  if (state == BackupJob::State::kFailed) tray_.Balloon(kVersionText, resources_.String(IDS_BACKUP_FAILED));
+}
+
+void CMainFrame::TakeManualBackup() {
+  const Text folder = ChooseDataFolder(Handle(), resources_, IDS_BACKUP_CHOOSE, folder_);
+  if (folder.empty() || exiting_) return;
+  SaveJotlets();
+  const FileStatus taken = backups_.TakeBackupInto(folder);
+  Tell(Handle(), resources_, taken ? IDS_BACKUP_TAKEN : IDS_BACKUP_NOT_TAKEN, taken ? folder : taken.reason);
+}
+
+void CMainFrame::ChooseRestore() {
+  const Text name = ChooseBackup(Handle(), resources_, IDS_RESTORE_ANY, backups_);
+  if (!name.empty() && !exiting_) RestoreFrom(name);
+}
+
+void CMainFrame::RestoreFrom(const Text& name) {
+  Log(kLogLifecycle, u"Restoring from: \"" + backups_.BackupsFolder() + name + u"\"");
+  NotifyListenersText(u"503 jotlets is exiting for a restore");
+  if (optionsDirty_) SaveOptions();
+  const FileStatus restored =
+      saver_.SaveIfDirty() ? backups_.Restore(name) : FileStatus::Failed(saver_.MainPath());
+  if (!restored) {
+    Tell(Handle(), resources_, IDS_RESTORE_FAILED, restored.reason);
+    return;
+  }
+  exiting_ = true;
+  tray_.Remove();
+  instance_.Restart(log_);
+}
+
+// A data folder without its data file, but with backups, has lost something.
+bool CMainFrame::OfferBackups() {
+  // The options may name another place for the backups.
+  LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_);
+  backups_.Open(folder_);
+  if (!backups_.HasAny()) return false;
+  const Text name = ChooseBackup(Handle(), resources_, IDS_RESTORE_FIRST_RUN, backups_);
+  if (name.empty()) return false;
+  const FileStatus restored = backups_.PutBack(name);
+  if (!restored) Tell(Handle(), resources_, IDS_RESTORE_FAILED, restored.reason);
+  return restored.ok;
+}
+
 void CMainFrame::MoveDataLocation() {
-  const Text folder = ChooseDataFolder(Handle(), resources_, folder_);
+  const Text folder = ChooseDataFolder(Handle(), resources_, IDS_MOVE_CHOOSE, folder_);
   if (folder.empty() || exiting_) return;
   // Everything that is in memory goes along.
   SaveOptions();

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "app/activity_log.h"
+#include "app/backup_keeper.h"
 #include "app/note_saver.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
@@ -16,6 +17,7 @@
 #include "data/jotlet_lists.h"
 #include "data/loading.h"
 #include "data/options.h"
+#include "data/policy.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -62,7 +64,11 @@ class CMainFrame final : public Window, public DesktopOwner {
   DesktopJotlets& Desktop() { return desktop_; }
   const DesktopJotlets& Desktop() const { return desktop_; }
   const JotletLists& Lists() const { return lists_; }
+  /// The user's options.
   const Options& CurrentOptions() const { return options_; }
+  /// The options that hold, the administrator's policy counted in.
+  Options EffectiveOptions() const { return WithPolicy(options_, policy_); }
+  bool IsSkinFixedByPolicy() const { return policy_.skinFile.has_value(); }
   const Text& DataFolder() const { return folder_; }
   const Text& InstallId() const { return installId_; }
   HACCEL Accelerators() const { return accelerators_.get(); }
@@ -91,6 +97,12 @@ class CMainFrame final : public Window, public DesktopOwner {
   void ShowTrayMenu();
   void ShowOrHideAll();
   void RescueOffScreen();
+  void CheckBackup();
+  void StepBackup();
+  void TakeManualBackup();
+  void ChooseRestore();
+  void RestoreFrom(const Text& name);
+  bool OfferBackups();
   void MoveDataLocation();
   void SaveOptions();
 
@@ -103,10 +115,12 @@ class CMainFrame final : public Window, public DesktopOwner {
   AnsiCodePage ansi_;
   ActivityLog log_;
   Options options_;
+  Policy policy_;
   JotletLists lists_;
   DesktopJotlets desktop_;
   NoteSaver saver_;
   JotletMaker maker_;
+  BackupKeeper backups_;
   CommandEndpoint commands_;
   CSystemTray tray_;
   Text folder_;

@@ -6,8 +6,7 @@
 namespace jotlets {
 namespace {
 
-constexpr UINT kNotYet[] = {ID_IMPORT, ID_MANAGE,  ID_FRIENDS,     ID_OPTIONS,
-                            ID_BACKUP, ID_RESTORE, ID_HELP_JOTLETS};
+constexpr UINT kNotYet[] = {ID_IMPORT, ID_MANAGE, ID_FRIENDS, ID_OPTIONS, ID_HELP_JOTLETS};
 
 UINT Track(HWND owner, HMENU menu, UINT flags) {
   POINT at{};

@@ -1,0 +1,200 @@
+#include "app/backup.h"
+
+#include <algorithm>
+#include <array>
+
+#include "data/data_file.h"
+#include "data/data_folder.h"
+#include "data/text_file.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::size_t kNameLength = 12;
+constexpr std::int64_t kSecondsPerHour = 3600;
+constexpr TextView kPartial = u".partial";
+
+std::optional<DataFile> ReadWhole(const Files& files, const CodePage& ansi, const Text& folder) {
+  const FileContent content = files.Read(folder + Text(kDataFileName));
+  if (content.state != FileContent::State::kRead) return std::nullopt;
+  const TextFile text = DecodeTextFile(content.bytes, ansi);
+  Options options;
+  DataFile file = ParseDataFile(text.text, {options, [] { return Text(u"unnamed"); }, 0});
+  if (!file.recognised || text.damaged || file.cut) return std::nullopt;
+  return file;
+}
+
+Text InFolder(TextView backupsFolder, TextView name) {
+  return Text(backupsFolder).append(name).append(u"\\");
+}
+
+bool IsBackup(const Files& files, const CodePage& ansi, TextView backupsFolder, TextView name) {
+  return BackupTime(name) && ReadWhole(files, ansi, InFolder(backupsFolder, name));
+}
+
+LocalTime NextMinute(LocalTime t) {
+  constexpr std::array kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool leap = t.month == 2 && t.year % 4 == 0 && (t.year % 100 != 0 || t.year % 400 == 0);
+  if (++t.minute < 60) return t;
+  t.minute = 0;
+  if (++t.hour < 24) return t;
+  t.hour = 0;
+  if (++t.day <= kDays[static_cast<std::size_t>(t.month - 1)] + (leap ? 1 : 0)) return t;
+  t.day = 1;
+  if (++t.month <= 12) return t;
+  t.month = 1;
+  ++t.year;
+  return t;
+}
+
+// What a program that was killed during a backup left.
+void RemovePartial(Files& files, TextView backupsFolder) {
+  for (const Text& name : files.ListFolders(backupsFolder)) {
+    if (name.ends_with(kPartial) && BackupTime(TextView(name).substr(0, name.size() - kPartial.size()))) {
+      files.RemoveFolder(Text(backupsFolder) + name);
+    }
+  }
+}
+
+FileStatus RemoveContent(Files& files, const Text& dataFolder) {
+  for (const auto& [folder, extension] : kContentFolders) {
+    const Text path = dataFolder + Text(folder);
+    for (const Text& name : files.List(path, extension)) {
+      if (FileStatus removed = files.Remove(path + name); !removed) return removed;
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+std::optional<LocalTime> BackupTime(TextView name) {
+  if (name.size() != kNameLength || name.find_first_not_of(u"0123456789") != TextView::npos)
+    return std::nullopt;
+  const auto part = [name](std::size_t at, std::size_t count) { return ParseInt(name.substr(at, count)); };
+  const LocalTime time{part(0, 4), part(4, 2), part(6, 2), part(8, 2), part(10, 2), 0};
+  const bool valid = time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 &&
+                     time.hour < 24 && time.minute < 60;
+  return valid ? std::optional(time) : std::nullopt;
+}
+
+bool HasReadableData(const Files& files, const CodePage& ansi, TextView folder) {
+  return ReadWhole(files, ansi, Text(folder)).has_value();
+}
+
+std::vector<Text> ListBackups(const Files& files, const CodePage& ansi, TextView backupsFolder) {
+  std::vector<Text> names = files.ListFolders(backupsFolder);
+  std::erase_if(names, [&](const Text& name) { return !IsBackup(files, ansi, backupsFolder, name); });
+  return names;
+}
+
+Backup DescribeBackup(const Files& files, const CodePage& ansi, TextView backupsFolder, TextView name) {
+  Backup backup;
+  backup.name = name;
+  backup.taken = BackupTime(name).value_or(LocalTime{});
+  const Text folder = InFolder(backupsFolder, name);
+  if (const auto file = ReadWhole(files, ansi, folder)) backup.notes = file->jotlets.size();
+  for (const Text& path : DataSetFiles(files, folder)) backup.bytes += files.Size(folder + path);
+  return backup;
+}
+
+bool IsBackupDue(std::int64_t now, std::optional<std::int64_t> last, std::int32_t periodHours) {
+  // Several backups in one minute are named minutes ahead; farther ahead, the clock has been set back.
+  if (!last || *last > now + kSecondsPerHour) return true;
+  return now > *last + std::max(periodHours, 1) * kSecondsPerHour;
+}
+
+Text FreeBackupName(const Files& files, TextView backupsFolder, LocalTime now) {
+  Text name = MinuteStamp(now);
+  while (files.Exists(Text(backupsFolder) + name)) {
+    now = NextMinute(now);
+    name = MinuteStamp(now);
+  }
+  return name;
+}
+
+BackupJob::BackupJob(Files& files, const CodePage& ansi, TextView fromFolder, TextView toFolder)
+    : files_(files), ansi_(ansi), from_(fromFolder), to_(toFolder), partial_(to_ + Text(kPartial)) {}
+
+BackupJob::State BackupJob::Step(std::size_t mostFiles) {
+  if (state_ != State::kRunning) return state_;
+  if (!begun_) {
+    begun_ = true;
+    names_ = DataSetFiles(files_, from_);
+    // What an interrupted backup left.
+    files_.RemoveFolder(partial_);
+    if (FileStatus made = MakeContentFolders(files_, partial_ + u"\\"); !made) return Fail(made.reason);
+  }
+  for (std::size_t count = 0; next_ < names_.size() && count < mostFiles; ++count, ++next_) {
+    if (!CopyOne(names_[next_])) return state_;
+  }
+  return next_ < names_.size() ? state_ : Complete();
+}
+
+BackupJob::State BackupJob::Finish() {
+  while (state_ == State::kRunning) Step(1000);
+  return state_;
+}
+
+BackupJob::State BackupJob::Fail(Text reason) {
+  reason_ = std::move(reason);
+  files_.RemoveFolder(partial_);
+  return state_ = State::kFailed;
+}
+
+// Notes go on changing while the backup is taken: a file that has gone meanwhile is passed over, and one that
+// has changed between copying and comparing is copied again.
+bool BackupJob::CopyOne(const Text& name) {
+  constexpr int kTries = 3;
+  const Text target = partial_ + u"\\" + name;
+  for (int attempt = 0; attempt < kTries; ++attempt) {
+    const FileStatus copied = files_.Copy(from_ + name, target);
+    const FileContent source = files_.Read(from_ + name);
+    if (source.state == FileContent::State::kMissing) {
+      files_.Remove(target);
+      return true;
+    }
+    if (!copied) {
+      Fail(name + u": " + copied.reason);
+      return false;
+    }
+    const FileContent copy = files_.Read(target);
+    const bool bothRead =
+        source.state == FileContent::State::kRead && copy.state == FileContent::State::kRead;
+    if (bothRead && copy.bytes == source.bytes) return true;
+  }
+  Fail(name + u": the copy differs");
+  return false;
+}
+
+BackupJob::State BackupJob::Complete() {
+  // A data folder that has no data file yet makes a backup that nothing could be restored from.
+  if (!ReadWhole(files_, ansi_, partial_ + u"\\"))
+    return Fail(Text(kDataFileName) + u": cannot be read back");
+  if (FileStatus renamed = files_.Rename(partial_, to_); !renamed) return Fail(renamed.reason);
+  return state_ = State::kDone;
+}
+
+void PruneBackups(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
+                  TextView justTaken) {
+  RemovePartial(files, backupsFolder);
+  std::vector<Text> names = ListBackups(files, ansi, backupsFolder);
+  const auto most = static_cast<std::size_t>(std::max(keep, 1));
+  std::size_t left = names.size();
+  for (const Text& name : names) {
+    if (left <= most) return;
+    if (name == justTaken) continue;
+    log.Write(kLogDetail, u"Removing backup directory:" + name);
+    const FileStatus removed = files.RemoveFolder(Text(backupsFolder) + name);
+    if (!removed) log.Write(kLogLifecycle, u"Unable to remove backup " + name + u": " + removed.reason);
+    --left;
+  }
+}
+
+FileStatus RestoreBackup(Files& files, const CodePage& ansi, TextView backupFolder, TextView dataFolder) {
+  if (!ReadWhole(files, ansi, Text(backupFolder))) return FileStatus::Failed(u"the backup cannot be read");
+  if (FileStatus removed = RemoveContent(files, Text(dataFolder)); !removed) return removed;
+  return CopyDataSet(files, backupFolder, dataFolder);
+}
+
+}  // namespace jotlets

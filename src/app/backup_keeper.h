@@ -1,0 +1,65 @@
+// Automatic backups: remembers the last one, takes the next when it is due, a little at a time, and prunes.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "app/backup.h"
+#include "data/options.h"
+
+namespace jotlets {
+
+class BackupKeeper {
+ public:
+  BackupKeeper(Files& files, const CodePage& ansi, const Clock& clock, Log& log, const Options& options)
+      : files_(files), ansi_(ansi), clock_(clock), log_(log), options_(options) {}
+
+  /// Looks for the newest backup of a data folder and logs it. Call it when the options are known: one of
+  /// them may name another place for the backups.
+  void Open(TextView dataFolder);
+
+  /// Where the backups are, with "\" at the end.
+  const Text& BackupsFolder() const { return backups_; }
+
+  /// Begins an automatic backup when they are on, one is due and none is under way; `save` is called first,
+  /// to write what has changed. Whether one has begun.
+  bool BeginIfDue(const std::function<void()>& save);
+
+  bool IsRunning() const { return job_.has_value(); }
+  /// Goes on with the backup under way. When it is done, old ones are pruned; when it fails, the next try is
+  /// an hour later.
+  BackupJob::State Step(std::size_t mostFiles);
+
+  /// Gives the backup under way up; what it has copied is removed.
+  void Abandon();
+
+  /// Takes a backup of the present state now and waits for it: into a folder of its own in `folder` (with its
+  /// "\" at the end).
+  FileStatus TakeBackupInto(TextView folder);
+
+  /// All backups, newest first.
+  std::vector<Backup> Describe() const;
+  bool HasAny() const { return hasAny_; }
+
+  /// Puts a backup in the place of the data folder's files.
+  FileStatus PutBack(TextView name);
+  /// The same, after the present state, already saved, has become a backup too, so that it can be undone (a
+  /// damaged one is kept as "<name>.damaged" in the folder of the backups). When it fails half-way, the
+  /// present state is put back.
+  FileStatus Restore(TextView name);
+
+ private:
+  Files& files_;
+  const CodePage& ansi_;
+  const Clock& clock_;
+  Log& log_;
+  const Options& options_;
+  Text data_;
+  Text backups_;
+  std::optional<std::int64_t> last_;  // seconds since 1970 UTC
+  bool hasAny_ = false;
+  std::int64_t notBefore_ = 0;  // after a failure
+  std::optional<BackupJob> job_;
+};
+
+}  // namespace jotlets

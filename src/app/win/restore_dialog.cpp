@@ -1,0 +1,71 @@
+#include "app/win/restore_dialog.h"
+
+#include "app/win/user_messages.h"
+#include "base/win/wide.h"
+#include "res/resource.h"
+
+namespace jotlets {
+namespace {
+
+constexpr int kTabStops[] = {90, 145};  // dialog units: the number of notes and the size
+
+// The user's own form of date and time.
+Text ShownTime(const LocalTime& t) {
+  const auto word = [](int value) { return static_cast<WORD>(value); };
+  const SYSTEMTIME time{word(t.year), word(t.month), 0, word(t.day), word(t.hour), word(t.minute), 0, 0};
+  wchar_t date[80] = {};
+  wchar_t clock[80] = {};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, date, 80, nullptr);
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, clock, 80);
+  return Text(FromWide(date)) + u" " + Text(FromWide(clock));
+}
+
+Text ShownSize(std::uint64_t bytes) {
+  constexpr std::uint64_t kKilo = 1024;
+  if (bytes < 10 * kKilo * kKilo)
+    return IntText(static_cast<std::int64_t>((bytes + kKilo - 1) / kKilo)) + u" KB";
+  return IntText(static_cast<std::int64_t>(bytes / kKilo / kKilo)) + u" MB";
+}
+
+}  // namespace
+
+Text ChooseBackup(HWND owner, const Resources& resources, UINT question, const BackupKeeper& backups) {
+  std::vector<Backup> there = backups.Describe();
+  if (there.empty()) {
+    Tell(owner, resources, IDS_NO_BACKUPS, backups.BackupsFolder());
+    return {};
+  }
+  return BRestoreDlg(resources, question, std::move(there)).Choose(owner);
+}
+
+Text BRestoreDlg::Choose(HWND owner) {
+  return Show(resources_, IDD_RESTORE, owner) == IDOK ? chosen_ : Text();
+}
+
+Text BRestoreDlg::Line(const Backup& backup) const {
+  const Text notes = ReplaceAll(resources_.String(IDS_BACKUP_NOTES), u"%i",
+                                IntText(static_cast<std::int64_t>(backup.notes)));
+  return ShownTime(backup.taken) + u"\t" + notes + u"\t" + ShownSize(backup.bytes);
+}
+
+void BRestoreDlg::OnInit() {
+  SetDlgItemTextW(Handle(), IDC_RESTORE_TEXT, Wide(resources_.String(text_)));
+  const HWND list = Item(IDC_RESTORE_LIST);
+  SendMessageW(list, LB_SETTABSTOPS, std::size(kTabStops), reinterpret_cast<LPARAM>(kTabStops));
+  for (const Backup& backup : backups_) {
+    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Line(backup))));
+  }
+  SendMessageW(list, LB_SETCURSEL, 0, 0);
+}
+
+bool BRestoreDlg::OnCommand(UINT control, UINT notification) {
+  const bool doubleClick = control == IDC_RESTORE_LIST && notification == LBN_DBLCLK;
+  if (control != IDOK && !doubleClick) return false;
+  const LRESULT at = SendMessageW(Item(IDC_RESTORE_LIST), LB_GETCURSEL, 0, 0);
+  if (at >= 0 && at < static_cast<LRESULT>(backups_.size()))
+    chosen_ = backups_[static_cast<std::size_t>(at)].name;
+  End(IDOK);
+  return true;
+}
+
+}  // namespace jotlets
