@@ -35,6 +35,20 @@ TEST_F(ActivityLogFile, HoldsWhatComesBeforeItIsOpened) {
   EXPECT_EQ(files.Get(u"activity.log"), "2026-11-21 09:05.07 first\n2026-11-21 09:05.08 \xC3\xBC\n");
 }
 
+TEST_F(ActivityLogFile, HoldsWhatItsLevelLetsThroughOnceAndNotWithoutEnd) {
+  for (int i = 0; i < 5000; ++i) log.Write(i == 0 ? 3 : 1, u"held");
+  log.Open(u"activity.log", 1);
+  const std::string written = files.Get(u"activity.log");
+  EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 999);
+  log.Open(u"activity.log", 3);
+  EXPECT_EQ(files.Get(u"activity.log"), written);
+  ActivityLog off(files, clock);
+  off.Write(1, u"dropped");
+  off.Open(u"off.log", 0);
+  off.Open(u"off.log", 3);
+  EXPECT_FALSE(files.Exists(u"off.log"));
+}
+
 TEST_F(ActivityLogFile, WritesUpToItsLevelBehindWhatIsThere) {
   files.Put(u"activity.log", "old\n");
   log.Open(u"activity.log", 0);

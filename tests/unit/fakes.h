@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -70,19 +71,41 @@ class FakeLog final : public Log {
   }
 };
 
+/// Moved by hand; local time is UTC.
 class FakeClock final : public Clock {
  public:
-  Moment now{1'795'000'000, {2026, 11, 21, 9, 5, 7}};
+  Moment now{1'795'251'907, {2026, 11, 21, 9, 5, 7}};
+  void Move(std::int64_t seconds) {
+    now.utc += seconds;
+    now.local = ToLocal(now.utc);
+  }
   Moment Now() const override { return now; }
-  LocalTime ToLocal(std::int64_t) const override { return now.local; }
+  LocalTime ToLocal(std::int64_t utc) const override {
+    const std::chrono::sys_seconds time{std::chrono::seconds(utc)};
+    const auto midnight = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date(midnight);
+    const auto seconds = static_cast<int>((time - midnight).count());
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            seconds / 3600,
+            seconds / 60 % 60,
+            seconds % 60};
+  }
+  std::int64_t ToUtc(const LocalTime& t) const override {
+    const std::chrono::sys_days day = std::chrono::year(t.year) / t.month / t.day;
+    return std::chrono::sys_seconds(day).time_since_epoch().count() + t.hour * 3600 + t.minute * 60 +
+           t.second;
+  }
 };
 
 /// Paths are the same without regard to case, as on Windows.
 class FakeFiles final : public Files {
  public:
-  std::set<Text> unreadable;     // folded paths
-  std::set<Text> unchangeable;   // folded paths: every change that touches one fails
-  int changesUntilFailure = -1;  // counts down to the one change that fails
+  std::set<Text> unreadable;                // folded paths
+  std::set<Text> unchangeable;              // folded paths: every change that touches one fails
+  int changesUntilFailure = -1;             // counts down to the one change that fails
+  std::function<void(TextView to)> onCopy;  // what happens between a copy and the next call
 
   void Put(TextView path, std::string bytes) { files_[FoldCase(path)] = {Text(path), std::move(bytes)}; }
   std::string Get(TextView path) const {
@@ -100,36 +123,64 @@ class FakeFiles final : public Files {
                        [bytes](const auto& f) { return f.second.second == bytes; });
   }
 
-  bool Exists(TextView path) const override { return files_.contains(FoldCase(path)); }
+  bool Exists(TextView path) const override {
+    const Text folder = WithoutSeparator(path);
+    return files_.contains(folder) || folders_.contains(folder) ||
+           std::any_of(files_.begin(), files_.end(),
+                       [&](const auto& f) { return IsInside(f.first, folder); });
+  }
+  std::uint64_t Size(TextView path) const override { return IsFile(path) ? Get(path).size() : 0; }
   FileContent Read(TextView path) const override {
     if (unreadable.contains(FoldCase(path))) return {FileContent::State::kUnreadable, {}, u"locked"};
-    if (!Exists(path)) return {};
+    if (!IsFile(path)) return {};
     return {FileContent::State::kRead, Get(path), {}};
   }
   FileStatus Write(TextView path, std::string_view bytes) override {
     return Change(path, [&] { Put(path, std::string(bytes)); });
   }
   FileStatus Append(TextView path, std::string_view bytes) override {
-    return Change(path, [&] { Put(path, (Exists(path) ? Get(path) : "") + std::string(bytes)); });
+    return Change(path, [&] { Put(path, (IsFile(path) ? Get(path) : "") + std::string(bytes)); });
   }
   FileStatus Copy(TextView from, TextView to) override {
-    if (!Exists(from)) return FileStatus::Failed(u"no such file");
+    if (!IsFile(from)) return FileStatus::Failed(u"no such file");
     if (unreadable.contains(FoldCase(from))) return FileStatus::Failed(u"locked");
-    return Change(to, [&] { Put(to, Get(from)); });
+    const FileStatus status = Change(to, [&] { Put(to, Get(from)); });
+    if (onCopy) onCopy(to);
+    return status;
   }
   FileStatus Rename(TextView from, TextView to) override {
     if (!Exists(from) || Exists(to) || unchangeable.contains(FoldCase(to)))
       return FileStatus::Failed(u"rename");
     return Change(from, [&] {
-      Put(to, Get(from));
-      files_.erase(FoldCase(from));
+      const Text folder = WithoutSeparator(from);
+      std::map<Text, std::pair<Text, std::string>> moved;
+      for (const auto& [folded, file] : files_) {
+        if (folded == folder || IsInside(folded, folder)) moved[folded] = file;
+      }
+      RemoveTree(folder);
+      for (const auto& [folded, file] : moved) Put(Text(to) + file.first.substr(folder.size()), file.second);
     });
   }
   FileStatus Remove(TextView path) override {
     return Change(path, [&] { files_.erase(FoldCase(path)); });
   }
   FileStatus MakeFolder(TextView path) override {
-    return Change(path, [] {});
+    return Change(path, [&] { folders_.insert(WithoutSeparator(path)); });
+  }
+  std::vector<Text> ListFolders(TextView folder) const override {
+    std::set<Text> names;
+    const auto add = [&](TextView path, bool isFolder) {
+      if (!StartsWithIgnoreCase(path, folder)) return;
+      const Split rest = SplitAtFirst(path.substr(folder.size()), u'\\');
+      if (isFolder || rest.head.size() + folder.size() < path.size()) names.emplace(rest.head);
+    };
+    for (const Text& made : folders_) add(made, true);
+    for (const auto& [folded, file] : files_) add(file.first, false);
+    return {names.begin(), names.end()};
+  }
+  FileStatus RemoveFolder(TextView folder) override {
+    if (!Exists(folder)) return {};
+    return Change(folder, [&] { RemoveTree(WithoutSeparator(folder)); });
   }
   bool listsNothing = false;  // as when the folder cannot be looked into
   std::vector<Text> List(TextView folder, TextView extension) const override {
@@ -154,7 +205,20 @@ class FakeFiles final : public Files {
     return {};
   }
 
+  bool IsFile(TextView path) const { return files_.contains(FoldCase(path)); }
+  static Text WithoutSeparator(TextView path) {
+    return FoldCase(path.substr(0, path.find_last_not_of(u'\\') + 1));
+  }
+  static bool IsInside(const Text& folded, const Text& folder) {
+    return folded.size() > folder.size() && folded[folder.size()] == u'\\' && folded.starts_with(folder);
+  }
+  void RemoveTree(const Text& folder) {
+    std::erase_if(files_, [&](const auto& f) { return f.first == folder || IsInside(f.first, folder); });
+    std::erase_if(folders_, [&](const Text& f) { return f == folder || IsInside(f, folder); });
+  }
+
   std::map<Text, std::pair<Text, std::string>> files_;  // folded path to path and bytes
+  std::set<Text> folders_;                              // folded paths of those that were made
 };
 
 class FakeTransport final : public LineTransport {

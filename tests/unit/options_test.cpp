@@ -1,12 +1,19 @@
-#include "data/options.h"
+#include "data/options_file.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <fstream>
+#include <iterator>
+
 #include "data/saving.h"
+#include "data/text_file.h"
 #include "fakes.h"
 
 namespace jotlets {
 namespace {
+
+using O = Options;
 
 Options Read(TextView text) {
   Options options;
@@ -14,16 +21,116 @@ Options Read(TextView text) {
   return options;
 }
 
-TEST(Options, AreWrittenWithTheirDefaultsAndFlagsOnlyWhenOn) {
-  const Text text = ComposeOptions(Options());
-  for (const TextView line : {u"Debug=0", u"KeepDeleted=32", u"MakeAllVisible=1", u"UseHooks=1",
-                              u"PreventOverlap=1", u"NewJotletsAppear=0", u"NewJotletsCoords=0,0",
-                              u"Hidden=0", u"DefaultWidth=232", u"DefaultHeight=405"}) {
+std::string FileBytes(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// One line for every option and none at its default, as the writer orders and forms them.
+Text EveryKey() { return FromUtf8(FileBytes("fuzz/corpus/options/every-key")); }
+
+std::vector<Text> Lines(TextView text) {
+  std::vector<Text> lines;
+  LineReader reader(text);
+  for (TextView line; reader.Next(line);) lines.emplace_back(line);
+  return lines;
+}
+
+TEST(Options, HaveTheirKeysOrderAndForms) {
+  const Options options = Read(EveryKey());
+  EXPECT_EQ(ToUtf8(ComposeOptions(options)), ToUtf8(EveryKey()));
+  EXPECT_TRUE(options.others.empty());
+  EXPECT_EQ(Lines(EveryKey()).size(), 1u + 103u + 3u);  // the heading, the options and three styles
+  for (const Text& line : Lines(ComposeOptions(Options()))) {
+    EXPECT_TRUE(line == u"[Options]" || EveryKey().find(u"\n" + line + u"\n") == Text::npos) << ToUtf8(line);
+  }
+}
+
+TEST(Options, OfLikeNamesAreNotMistakenForEachOther) {
+  const Options o = Read(EveryKey());
+  EXPECT_EQ(
+      (std::vector{o.loopAlarm, o.jiggleAlarm, o.flashAlarm, o.soundAlarm, o.soundAlarmOnWake, o.aotDefault}),
+      (std::vector{1, 0, 0, 1, 1, 0}));
+  EXPECT_EQ(
+      (std::vector{o.defaultWidth, o.defaultHeight, o.backupPeriod, o.keepBackups, o.keepDeleted,
+                   o.newJotletsAppear, o.newJotletsAppearNetwork, o.sortOrder, o.textSize, o.snoozeMinutes}),
+      (std::vector{210, 211, 19, 20, 5, 2, 38, 42, 50, 6}));
+  EXPECT_EQ(o.newJotletsCoordsNetwork, (std::array{39, 40}));
+  EXPECT_EQ(o.sleepValues, (std::array{15, 16}));
+  EXPECT_EQ(o.hilites, (std::array{52, 53, 54, 55, 56}));
+  EXPECT_TRUE(o.alarm == (TextAndNumber{u"ding, dong.wav", 4}) && o.alarmAlarm == u"alarm.wav");
+  EXPECT_TRUE(o.google == (TextPair{u"first", u"second"}) && o.sound == u"bell.wav");
+  for (std::size_t i = 0; i < o.hooks.size(); ++i) {
+    const bool all = i == 5;
+    EXPECT_TRUE(o.hooks[i] == (HotKey{i == 1 || all, i == 2 || all, i == 3 || all, i == 4 || all,
+                                      static_cast<std::int32_t>(112 + i)}))
+        << i;
+  }
+  // Each flag alone: nothing else in the file changes.
+  const std::size_t plain = Lines(ComposeOptions(Options())).size();
+  for (bool Options::*flag : {&O::confirmClosure, &O::user1, &O::user2, &O::user3, &O::networking, &O::useDns,
+                              &O::useSignature, &O::mailSignature, &O::allSecret, &O::sendSecret}) {
+    Options one;
+    one.*flag = true;
+    EXPECT_EQ(Lines(ComposeOptions(one)).size(), plain + 1);
+  }
+  EXPECT_TRUE(Read(u"User2=1").user2 && Read(u"Use DNS=1").useDns && Read(u"SendSecret=1").sendSecret);
+  EXPECT_TRUE(Read(u"Networking=1").networking && Read(u"Confirm closure=1").confirmClosure);
+}
+
+TEST(Options, HaveTheirDefaults) {
+  const Text text = u"\n" + ComposeOptions(Options());
+  for (const TextView line : {u"Transfer file=a:\\transfer.ini",
+                              u"Debug=0",
+                              u"KeepDeleted=32",
+                              u"MakeAllVisible=1",
+                              u"UseHooks=1",
+                              u"SoundAlarmOnWake=0",
+                              u"AOTdefault=1",
+                              u"SoundAlarm=0",
+                              u"FlashAlarm=1",
+                              u"JiggleAlarm=1",
+                              u"LoopAlarm=0",
+                              u"SnoozeMinutes=5",
+                              u"PreventDuplicates=1",
+                              u"PreventOverlap=1",
+                              u"NewJotletsAppear=0",
+                              u"NewJotletsCoords=0,0",
+                              u"NewJotletsAppearNetwork=0",
+                              u"NewJotletsCoordsNetwork=0,0",
+                              u"Titlebar=0",
+                              u"Hidden=0",
+                              u"NewJotletAction=0",
+                              u"Sort order=0",
+                              u"DefaultWidth=232",
+                              u"DefaultHeight=405",
+                              u"Snap=1,10,2",
+                              u"AnimationSpeed=30",
+                              u"SyncPeriod=60",
+                              u"BackupPeriod=24",
+                              u"KeepBackups=7",
+                              u"BulletIndent=300",
+                              u"ManageWindowSearchWhat=15",
+                              u"NetPort=52673",
+                              u"Network timeout=3",
+                              u"BalloonOnSecret=1",
+                              u"BalloonPreview=0",
+                              u"Text size=20",
+                              u"Keep aspect=1",
+                              u"Size type=1",
+                              u"ImageUndo=5",
+                              u"Hilite01=4521982",
+                              u"Hilite02=16728574",
+                              u"Hilite03=116986",
+                              u"Hilite04=3997247",
+                              u"Hilite05=16579904"}) {
     EXPECT_NE(text.find(Text(u"\n").append(line).append(u"\n")), Text::npos) << ToUtf8(line);
   }
-  for (const TextView flag : {u"SingleClickCreates", u"OpaqueEdit", u"User", u"DefaultImage", u"RolledHas"}) {
-    EXPECT_EQ(text.find(flag), Text::npos) << ToUtf8(flag);
-  }
+  Text keys;
+  for (const HotKey& hook : Options().hooks) keys.push_back(static_cast<char16_t>(hook.key));
+  EXPECT_EQ(keys, u"SSSSMW");
+  EXPECT_TRUE(Options().takeBackups && Options().attachSti);
   EXPECT_TRUE(Read(text) == Options());
 }
 
@@ -36,33 +143,78 @@ TEST(Options, AreReadByTheFormInWhichTheyAreWritten) {
   EXPECT_EQ(options.debug, 3);
   EXPECT_EQ(options.keepDeleted, 0);
   EXPECT_TRUE(!options.user1 && options.user2 && !options.user3 && !options.opaqueEdit);
-  EXPECT_TRUE(options.newJotletsCoords == (Point{5, -6}));
-  EXPECT_TRUE(options.imageJotletDefaultSize == (Size{9, 0}));
+  EXPECT_TRUE(options.NewJotletsCorner() == (Point{5, -6}));
+  EXPECT_TRUE(options.ImageJotletSize() == (Size{9, 0}));
   EXPECT_TRUE(options.hooks[0] == (HotKey{true, false, true, false, 121}));
   EXPECT_TRUE(options.hooks[1] == Options().hooks[1]);
-  EXPECT_EQ(options.defaultWidth, 0x7FFFFFFF);
+  EXPECT_EQ(options.defaultWidth, 32000);
 }
 
-TEST(Options, ComeBackAsTheyWereWritten) {
-  Options options;
-  options.debug = 3, options.keepDeleted = 5, options.makeAllVisible = 0, options.useHooks = 0;
-  for (std::size_t i = 0; i < options.hooks.size(); ++i) {
-    options.hooks[i] = {(i & 1) != 0, (i & 2) != 0, (i & 4) != 0, i == 3, static_cast<std::int32_t>(100 + i)};
+TEST(Options, FlagsAreWhatTheirLineSays) {
+  for (const TextView on : {u"1", u" 1x", u"+1"}) {
+    EXPECT_TRUE(Read(Text(u"RTL=").append(on)).rtl && Read(Text(u"AttachSTI=").append(on)).attachSti);
   }
-  options.preventOverlap = 0, options.newJotletsAppear = 2, options.newJotletsCoords = {-1, 2};
-  options.singleClickCreates = options.opaqueEdit = options.user1 = options.user2 = options.user3 = true;
-  options.defaultImage = options.rolledHasAltPosition = true;
-  options.hidden = 1, options.defaultWidth = 11, options.defaultHeight = 12,
-  options.imageJotletDefaultSize = {13, 14};
-  options.others = {
-      {u"Signature", u"a=b \u20ac"}, {u"TakeBackups", u"0"}, {u"Confirm closure", u"1"}, {u"Empty", u""}};
-  EXPECT_TRUE(Read(ComposeOptions(options)) == options);
+  for (const TextView off : {u"0", u"", u"yes", u"-0"}) {
+    EXPECT_FALSE(Read(Text(u"RTL=").append(off)).rtl || Read(Text(u"TakeBackups=").append(off)).takeBackups);
+  }
+}
+
+TEST(Options, OutOfRangeOrMalformedAreHarmless) {
+  const Options options = Read(
+      u"KeepDeleted=x\nDebug=-1\nNetPort=99999\nUseHooks=7\nKeepBackups=-3\nBackupPeriod=0\nSnap=,,5,6\n"
+      u"ManageWindow=\nStatistics=x|-\nAlarm=only\nHilite01=#\nSnoozeMinutes=99999999999999999999\n");
+  EXPECT_EQ(
+      (std::vector{options.keepDeleted, options.debug, options.netPort, options.useHooks, options.keepBackups,
+                   options.backupPeriod, options.hilites[0], options.snoozeMinutes}),
+      (std::vector{0, -1, 65535, 1, 1, 0, 0, 100000}));
+  EXPECT_EQ(options.snap, (std::array{0, 0, 5}));
+  EXPECT_EQ(options.manageWindow, (std::array{0, 0, 0, 0}));
+  EXPECT_EQ(options.statistics, (std::array{0, 0}));
+  EXPECT_TRUE(options.alarm == (TextAndNumber{u"only", 0}));
+}
+
+TEST(Options, ComeBackAsTheyWereWrittenInAnyOrder) {
+  Random random(3);
+  const std::vector<Text> keys = Lines(EveryKey());
+  for (int round = 0; round < 200; ++round) {
+    Options options;
+    for (std::size_t i = 1; i < keys.size(); ++i) {
+      if (random.Below(3) == 0) continue;
+      LoadOption(options, SplitAtFirst(keys[i], u'=').head,
+                 random.Pick(u"0011234567891,-|= x\u20ac\xD800", 12));
+    }
+    LoadOption(options, u"Later" + IntText(round % 5), random.Pick(u"=|[]x ", 5));
+    std::vector<Text> lines = Lines(ComposeOptions(options));
+    for (std::size_t i = lines.size() - 1; i > 0; --i) std::swap(lines[i], lines[random.Below(i + 1)]);
+    Text shuffled;
+    for (const Text& line : lines) shuffled.append(line).append(u"\r\n\r\n");
+    EXPECT_TRUE(Read(shuffled) == options) << round;
+  }
+}
+
+TEST(Options, StylesAreKeptByTheirNumber) {
+  Options options = Read(u"Style02=c\nStyle00=a\nStyle2=no\nStyle100=no\nStylexx=no\nstyle01=no\n");
+  EXPECT_EQ(options.styles, (std::vector<Text>{u"a", u"", u"c"}));
+  EXPECT_EQ(options.others.size(), 4u);
+  options.styles.resize(11, u"t");
+  EXPECT_NE(ComposeOptions(options).find(u"\nStyle09=t\nStyle10=t\n"), Text::npos);
+  EXPECT_EQ(Read(u"Style99=z").styles.size(), 100u);
+}
+
+TEST(Options, OfAHugeForeignFileAreReadInBoundedTime) {
+  Text text;
+  for (int i = 0; i < 300'000; ++i) text.append(u"key" + IntText(i) + u"=\n");
+  EXPECT_LE(Read(text).others.size(), 1000u);
+}
+
+TEST(OptionsPage, IsTheOneInTheDocuments) {
+  EXPECT_EQ(FileBytes("../docs/options.md"), ToUtf8(OptionsPage()));
 }
 
 TEST(Options, UnknownOnesAreKeptOnceAndCannotBreakTheirLine) {
   Options options = Read(u"[Options]\nZ=1\nDebug=2\nA=x=y\nZ=2\nz=3\n");
   EXPECT_EQ(options.others, (std::vector<std::pair<Text, Text>>{{u"Z", u"2"}, {u"A", u"x=y"}, {u"z", u"3"}}));
-  options.others = {{u"Signature", u"Ann\r\nDebug=3"}};
+  options.others = {{u"Greeting", u"Ann\r\nDebug=3"}};
   EXPECT_EQ(Read(ComposeOptions(options)).debug, 2);
 }
 
@@ -70,7 +222,7 @@ TEST(OptionsFile, IsReadInAnyEncodingAndKeptWhenASaveFails) {
   FakeFiles files;
   Options options;
   EXPECT_FALSE(LoadOptionsFile(files, Latin1(), u"o", options));
-  files.Put(u"o", "[Options]\r\nDebug=3\r\nSignature=\xFC\r\n");
+  files.Put(u"o", "[Options]\r\nDebug=3\r\nGreeting=\xFC\r\n");
   EXPECT_TRUE(LoadOptionsFile(files, Latin1(), u"o", options));
   EXPECT_EQ(options.debug, 3);
   EXPECT_EQ(options.others[0].second, u"\u00fc");
