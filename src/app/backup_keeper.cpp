@@ -13,14 +13,20 @@ void BackupKeeper::Open(TextView dataFolder) {
   data_ = dataFolder;
   backups_ = options_.backupDir.empty() ? data_ + Text(kBackupsFolder) : WithSeparator(options_.backupDir);
   last_.reset();
-  std::vector<Text> names = ListBackups(files_, ansi_, backups_);
-  hasAny_ = !names.empty();
+  hasAny_ = false;
   // Names from before the clock was set back say nothing about when the last one was taken.
   const std::int64_t latest = clock_.Now().utc + kRetrySeconds;
-  while (!names.empty() && clock_.ToUtc(*BackupTime(names.back())) > latest) names.pop_back();
-  if (names.empty()) return;
-  log_.Write(kLogLifecycle, u"Most recent backup is: " + names.back());
-  last_ = clock_.ToUtc(*BackupTime(names.back()));
+  // The newest first, and no further than the first that serves: this stands between the start and the notes.
+  const std::vector<Text> names = files_.ListFolders(backups_);
+  for (auto name = names.rbegin(); name != names.rend() && !last_; ++name) {
+    const std::optional<LocalTime> taken = BackupTime(*name);
+    if (!taken || !HasReadableData(files_, ansi_, backups_ + *name + u"\\")) continue;
+    hasAny_ = true;
+    const std::int64_t utc = clock_.ToUtc(*taken);
+    if (utc > latest) continue;
+    log_.Write(kLogLifecycle, u"Most recent backup is: " + *name);
+    last_ = utc;
+  }
 }
 
 bool BackupKeeper::BeginIfDue(const std::function<void()>& save) {
