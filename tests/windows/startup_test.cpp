@@ -93,6 +93,17 @@ TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWritten) {
   EXPECT_EQ(Read(path), before);
 }
 
+TEST_F(StartupTest, BeingClosedWhileABoxOfTheStartIsOpenWritesNothing) {
+  Write(folder_ + Text(kDataFileName), EncodeTextFile(u"[Options]\niniver=4\n"));
+  Write(folder_ + Text(kExitCopyName), "copy");
+  const Process process(ProgramFile(), u"");
+  ASSERT_TRUE(WaitUntil([] { return FindWindowW(L"#32770", nullptr) != nullptr; }));
+  PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(process.WaitForEnd(), 0u);
+  EXPECT_EQ(FilesBelow(folder_), (std::vector<Text>{Text(kExitCopyName), Text(kDataFileName)}));
+  EXPECT_EQ(Read(folder_ + Text(kExitCopyName)), "copy");
+}
+
 TEST_F(StartupTest, ANoteFileBecomesANote) {
   const Text path = scratch_ + u"a note.jtl";
   Write(path, "title:Shopping\ncol:65535\nwidth:300\nSource:a shop\nMilk\r\nBread");

@@ -86,6 +86,7 @@ bool CMainFrame::OnCreate() {
   if (!FindDataFolder()) return false;
   bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
   if (firstRun && OfferBackups()) firstRun = false;
+  if (exiting_) return false;
   if (firstRun) ProvideFirstRun();
   optionsUnread_ = !LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_) &&
                    files_.Exists(folder_ + Text(kOptionsFileName));
@@ -321,6 +322,12 @@ void CMainFrame::ImportNoteMessage(TextView text) {
 void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   if (exiting_) return;
   exiting_ = true;
+  if (!ready_) {
+    // Asked to end while a box of the start is open: nothing is loaded, and nothing may be saved.
+    notesGone_ = true;
+    PostQuitMessage(0);
+    return;
+  }
   ready_ = false;
   UnregisterHotKeys(Handle());
   backups_.Abandon();
