@@ -29,8 +29,7 @@ void ActivityLog::Open(TextView path, int highestLevel) {
 
 bool ActivityLog::Writes(int level) const { return path_.empty() || level <= highestLevel_; }
 
-void ActivityLog::Write(int level, TextView text) {
-  if (!Writes(level)) return;
+void ActivityLog::WriteEntry(int level, TextView text) {
   Text entry = LogEntry(clock_.Now().local, text);
   if (!path_.empty()) {
     files_.Append(path_, ToUtf8(entry));

@@ -23,9 +23,10 @@ class ActivityLog final : public Log {
   void Open(TextView path, int highestLevel);
 
   bool Writes(int level) const override;
-  void Write(int level, TextView text) override;
 
  private:
+  void WriteEntry(int level, TextView text) override;
+
   Files& files_;
   const Clock& clock_;
   Text path_;  // empty until `Open`

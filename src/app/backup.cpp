@@ -47,23 +47,9 @@ LocalTime NextMinute(LocalTime t) {
   return t;
 }
 
-// What a program that was killed during a backup left.
-void RemovePartial(Files& files, TextView backupsFolder) {
-  for (const Text& name : files.ListFolders(backupsFolder)) {
-    if (name.ends_with(kPartial) && BackupTime(TextView(name).substr(0, name.size() - kPartial.size()))) {
-      files.RemoveFolder(Text(backupsFolder) + name);
-    }
-  }
-}
-
-FileStatus RemoveContent(Files& files, const Text& dataFolder) {
-  for (const auto& [folder, extension] : kContentFolders) {
-    const Text path = dataFolder + Text(folder);
-    for (const Text& name : files.List(path, extension)) {
-      if (FileStatus removed = files.Remove(path + name); !removed) return removed;
-    }
-  }
-  return {};
+// What a program that was killed during a backup or a removal left.
+bool IsPartial(TextView name) {
+  return name.ends_with(kPartial) && BackupTime(name.substr(0, name.size() - kPartial.size()));
 }
 
 }  // namespace
@@ -106,17 +92,24 @@ bool IsBackupDue(std::int64_t now, std::optional<std::int64_t> last, std::int32_
 
 Text FreeBackupName(const Files& files, TextView backupsFolder, LocalTime now) {
   Text name = MinuteStamp(now);
-  while (files.Exists(Text(backupsFolder) + name)) {
+  const auto taken = [&](TextView mark) { return files.Exists(Text(backupsFolder) + name + Text(mark)); };
+  while (taken({}) || taken(kDamagedBackup)) {
     now = NextMinute(now);
     name = MinuteStamp(now);
   }
   return name;
 }
 
-BackupJob::BackupJob(Files& files, const CodePage& ansi, TextView fromFolder, TextView toFolder)
-    : files_(files), ansi_(ansi), from_(fromFolder), to_(toFolder), partial_(to_ + Text(kPartial)) {}
+BackupJob::BackupJob(Files& files, const CodePage& ansi, TextView fromFolder, TextView toFolder,
+                     Demand demand)
+    : files_(files),
+      ansi_(ansi),
+      from_(fromFolder),
+      to_(toFolder),
+      partial_(to_ + Text(kPartial)),
+      demand_(demand) {}
 
-BackupJob::State BackupJob::Step(std::size_t mostFiles) {
+Job::State BackupJob::Step(std::size_t mostFiles) {
   if (state_ != State::kRunning) return state_;
   if (!begun_) {
     begun_ = true;
@@ -131,12 +124,7 @@ BackupJob::State BackupJob::Step(std::size_t mostFiles) {
   return next_ < names_.size() ? state_ : Complete();
 }
 
-BackupJob::State BackupJob::Finish() {
-  while (state_ == State::kRunning) Step(1000);
-  return state_;
-}
-
-BackupJob::State BackupJob::Fail(Text reason) {
+Job::State BackupJob::Fail(Text reason) {
   reason_ = std::move(reason);
   files_.RemoveFolder(partial_);
   return state_ = State::kFailed;
@@ -167,34 +155,69 @@ bool BackupJob::CopyOne(const Text& name) {
   return false;
 }
 
-BackupJob::State BackupJob::Complete() {
+Job::State BackupJob::Complete() {
   // A data folder that has no data file yet makes a backup that nothing could be restored from.
-  if (!ReadWhole(files_, ansi_, partial_ + u"\\"))
+  if (demand_ == Demand::kReadable && !ReadWhole(files_, ansi_, partial_ + u"\\"))
     return Fail(Text(kDataFileName) + u": cannot be read back");
   if (FileStatus renamed = files_.Rename(partial_, to_); !renamed) return Fail(renamed.reason);
   return state_ = State::kDone;
 }
 
-void PruneBackups(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
-                  TextView justTaken) {
-  RemovePartial(files, backupsFolder);
-  std::vector<Text> names = ListBackups(files, ansi, backupsFolder);
-  const auto most = static_cast<std::size_t>(std::max(keep, 1));
-  std::size_t left = names.size();
-  for (const Text& name : names) {
-    if (left <= most) return;
-    if (name == justTaken) continue;
-    log.Write(kLogDetail, u"Removing backup directory:" + name);
-    const FileStatus removed = files.RemoveFolder(Text(backupsFolder) + name);
-    if (!removed) log.Write(kLogLifecycle, u"Unable to remove backup " + name + u": " + removed.reason);
-    --left;
-  }
+PruneJob::PruneJob(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
+                   TextView justTaken)
+    : files_(files),
+      ansi_(ansi),
+      log_(log),
+      backups_(backupsFolder),
+      keep_(static_cast<std::size_t>(std::max(keep, 1))),
+      justTaken_(justTaken),
+      names_(files.ListFolders(backupsFolder)) {
+  std::erase_if(names_, [](const Text& name) { return !BackupTime(name) && !IsPartial(name); });
+  std::reverse(names_.begin(), names_.end());
+  // It stays, and takes one of the places.
+  if (std::erase(names_, justTaken_) > 0) kept_ = 1;
 }
 
-FileStatus RestoreBackup(Files& files, const CodePage& ansi, TextView backupFolder, TextView dataFolder) {
-  if (!ReadWhole(files, ansi, Text(backupFolder))) return FileStatus::Failed(u"the backup cannot be read");
-  if (FileStatus removed = RemoveContent(files, Text(dataFolder)); !removed) return removed;
-  return CopyDataSet(files, backupFolder, dataFolder);
+Job::State PruneJob::Step(std::size_t mostFiles) {
+  for (std::size_t count = 0; count < mostFiles; ++count) {
+    if (!goes_.empty()) {
+      RemoveOne();
+    } else if (next_ < names_.size()) {
+      LookAt(names_[next_++]);
+    } else {
+      return State::kDone;
+    }
+  }
+  return State::kRunning;
+}
+
+void PruneJob::LookAt(const Text& name) {
+  if (IsPartial(name)) return BeginRemoval(name);
+  if (!IsBackup(files_, ansi_, backups_, name)) return;
+  if (kept_ < keep_) {
+    ++kept_;
+    return;
+  }
+  log_.Write(kLogDetail, u"Removing backup directory:", name);
+  const FileStatus renamed = files_.Rename(backups_ + name, backups_ + name + Text(kPartial));
+  if (renamed) return BeginRemoval(name + Text(kPartial));
+  log_.Write(kLogLifecycle, u"Unable to remove backup ", name, u": ", renamed.reason);
+}
+
+void PruneJob::BeginRemoval(const Text& name) {
+  goes_ = backups_ + name;
+  for (const Text& path : DataSetFiles(files_, goes_ + u"\\")) goingFiles_.push_back(goes_ + u"\\" + path);
+}
+
+void PruneJob::RemoveOne() {
+  if (!goingFiles_.empty()) {
+    files_.Remove(goingFiles_.back());
+    return goingFiles_.pop_back();
+  }
+  // With whatever else somebody put into it.
+  const FileStatus removed = files_.RemoveFolder(goes_);
+  if (!removed) log_.Write(kLogLifecycle, u"Unable to remove backup ", goes_, u": ", removed.reason);
+  goes_.clear();
 }
 
 }  // namespace jotlets

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/job.h"
 #include "base/clock.h"
 #include "base/code_page.h"
 #include "base/files.h"
@@ -40,6 +41,9 @@ Backup DescribeBackup(const Files& files, const CodePage& ansi, TextView backups
 /// not count.
 bool IsBackupDue(std::int64_t now, std::optional<std::int64_t> last, std::int32_t periodHours);
 
+/// What is put behind a backup's name when the data file in it cannot be read: kept, but no backup.
+inline constexpr TextView kDamagedBackup = u".damaged";
+
 /// A name for a backup taken now that no folder has yet: of two in one minute the second is named for the
 /// next.
 Text FreeBackupName(const Files& files, TextView backupsFolder, LocalTime now);
@@ -47,23 +51,22 @@ Text FreeBackupName(const Files& files, TextView backupsFolder, LocalTime now);
 /// Copies the data set into a folder, some files at a time. The copy grows under another name
 /// ("<folder>.partial") and gets its own when every file has been read back and found equal, so that a
 /// half-copied folder never looks like a backup.
-class BackupJob {
+class BackupJob final : public Job {
  public:
-  enum class State { kRunning, kDone, kFailed };
+  /// Whether the data file in the copy must be one that can be read. A damaged one is still worth keeping.
+  enum class Demand { kReadable, kAsItIs };
 
-  /// `fromFolder` ends in "\", `toFolder` does not.
-  BackupJob(Files& files, const CodePage& ansi, TextView fromFolder, TextView toFolder);
+  /// `fromFolder` ends in "\\", `toFolder` does not.
+  BackupJob(Files& files, const CodePage& ansi, TextView fromFolder, TextView toFolder,
+            Demand demand = Demand::kReadable);
 
-  /// Goes on with at most `mostFiles` files.
-  State Step(std::size_t mostFiles);
-  /// Does all that is left.
-  State Finish();
+  State Step(std::size_t mostFiles) override;
   /// Removes what has been copied.
   void Abandon() { Fail(u"given up"); }
 
   const Text& Folder() const { return to_; }
-  /// Why it failed.
-  const Text& Reason() const { return reason_; }
+  const Text& Reason() const override { return reason_; }
+  int Percent() const override { return PercentOf(next_, names_.size()); }
 
  private:
   State Fail(Text reason);
@@ -75,6 +78,7 @@ class BackupJob {
   Text from_;
   Text to_;
   Text partial_;
+  Demand demand_;
   std::vector<Text> names_;  // paths inside the data folder
   std::size_t next_ = 0;
   bool begun_ = false;
@@ -84,12 +88,35 @@ class BackupJob {
 
 /// Removes the oldest backups until at most `keep` (at least 1) are left; each is logged. Backups that cannot
 /// be read do not count and stay, and so does `justTaken`, whatever its name says. Half-copied folders go: no
-/// job may be running.
-void PruneBackups(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
-                  TextView justTaken);
+/// `BackupJob` may be running. A backup loses its name before it loses its files: one that is half removed
+/// when the program ends is never taken for a whole one.
+class PruneJob final : public Job {
+ public:
+  PruneJob(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
+           TextView justTaken);
 
-/// Puts a backup back: removes every content file of the data folder and copies the backup over it. A backup
-/// that cannot be read is refused before anything is touched.
-FileStatus RestoreBackup(Files& files, const CodePage& ansi, TextView backupFolder, TextView dataFolder);
+  /// Also counts each backup that is looked at as a file.
+  State Step(std::size_t mostFiles) override;
+  const Text& Reason() const override { return reason_; }
+  int Percent() const override { return PercentOf(next_, names_.size()); }
+
+ private:
+  void LookAt(const Text& name);
+  void BeginRemoval(const Text& name);
+  void RemoveOne();
+
+  Files& files_;
+  const CodePage& ansi_;
+  Log& log_;
+  Text backups_;
+  std::size_t keep_;
+  Text justTaken_;
+  std::vector<Text> names_;  // newest first
+  std::size_t next_ = 0;
+  std::size_t kept_ = 0;
+  Text goes_;                     // the folder that is being removed, empty for none
+  std::vector<Text> goingFiles_;  // what it still holds, as full paths
+  Text reason_;
+};
 
 }  // namespace jotlets

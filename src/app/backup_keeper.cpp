@@ -24,7 +24,7 @@ void BackupKeeper::Open(TextView dataFolder) {
     hasAny_ = true;
     const std::int64_t utc = clock_.ToUtc(*taken);
     if (utc > latest) continue;
-    log_.Write(kLogLifecycle, u"Most recent backup is: " + *name);
+    log_.Write(kLogLifecycle, u"Most recent backup is: ", *name);
     last_ = utc;
   }
 }
@@ -42,63 +42,42 @@ bool BackupKeeper::BeginIfDue(const std::function<void()>& save) {
   return true;
 }
 
-BackupJob::State BackupKeeper::Step(std::size_t mostFiles) {
-  if (!job_) return BackupJob::State::kDone;
-  const BackupJob::State state = job_->Step(mostFiles);
-  if (state == BackupJob::State::kDone) {
-    last_ = clock_.Now().utc;
-    PruneBackups(files_, ansi_, log_, backups_, options_.keepBackups, job_->Folder().substr(backups_.size()));
-  } else if (state == BackupJob::State::kFailed) {
-    notBefore_ = clock_.Now().utc + kRetrySeconds;
-    log_.Write(kLogLifecycle, u"The backup failed: " + job_->Reason());
+Job::State BackupKeeper::Step(std::size_t mostFiles) {
+  if (pruning_) {
+    const Job::State state = pruning_->Step(mostFiles);
+    if (state != Job::State::kRunning) pruning_.reset();
+    return state;
   }
-  if (state != BackupJob::State::kRunning) job_.reset();
+  if (!job_) return Job::State::kDone;
+  Job::State state = job_->Step(mostFiles);
+  if (state == Job::State::kDone) {
+    last_ = clock_.Now().utc;
+    const Text name = job_->Folder().substr(backups_.size());
+    pruning_.emplace(files_, ansi_, log_, backups_, options_.keepBackups, name);
+    job_.reset();
+    state = Job::State::kRunning;
+  } else if (state == Job::State::kFailed) {
+    notBefore_ = clock_.Now().utc + kRetrySeconds;
+    log_.Write(kLogLifecycle, u"The backup failed: ", job_->Reason());
+    job_.reset();
+  }
   return state;
 }
 
 void BackupKeeper::Abandon() {
   if (job_) job_->Abandon();
   job_.reset();
+  pruning_.reset();
 }
 
-FileStatus BackupKeeper::TakeBackupInto(TextView folder) {
-  // Both would grow under the same name.
+BackupJob BackupKeeper::ManualBackup(TextView folder) {
   Abandon();
-  if (FileStatus made = files_.MakeFolder(folder); !made) return made;
-  BackupJob job(files_, ansi_, data_, Text(folder) + FreeBackupName(files_, folder, clock_.Now().local));
-  if (job.Finish() == BackupJob::State::kDone) return {};
-  return FileStatus::Failed(job.Reason());
+  return {files_, ansi_, data_, Text(folder) + FreeBackupName(files_, folder, clock_.Now().local)};
 }
 
-FileStatus BackupKeeper::PutBack(TextView name) {
-  const FileStatus put = RestoreBackup(files_, ansi_, Text(backups_).append(name).append(u"\\"), data_);
-  if (!put) log_.Write(kLogLifecycle, u"Not restored: " + put.reason);
-  return put;
-}
-
-FileStatus BackupKeeper::Restore(TextView name) {
+RestoreJob BackupKeeper::Restore(TextView name) {
   Abandon();
-  const Text present = FreeBackupName(files_, backups_, clock_.Now().local);
-  const Text damaged = backups_ + present + u".damaged";
-  const bool readable = HasReadableData(files_, ansi_, data_);
-  FileStatus kept;
-  if (readable) {
-    BackupJob job(files_, ansi_, data_, backups_ + present);
-    if (job.Finish() != BackupJob::State::kDone) kept = FileStatus::Failed(job.Reason());
-  } else {
-    // A damaged data file, the very reason to restore, makes no backup; what is left is kept as it is.
-    kept = CopyDataSet(files_, data_, damaged + u"\\");
-    if (!kept) files_.RemoveFolder(damaged);
-  }
-  if (!kept) {
-    log_.Write(kLogLifecycle, u"Not restored, the present state could not be kept: " + kept.reason);
-    return kept;
-  }
-  const FileStatus put = PutBack(name);
-  // Half a restore would be neither the old state nor the new one.
-  if (!put && readable) PutBack(present);
-  if (!put && !readable) CopyDataSet(files_, damaged + u"\\", data_);
-  return put;
+  return {files_, ansi_, data_, backups_, name, FreeBackupName(files_, backups_, clock_.Now().local)};
 }
 
 std::vector<Backup> BackupKeeper::Describe() const {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/backup.h"
+#include "app/restore_job.h"
 #include "data/options.h"
 
 namespace jotlets {
@@ -25,28 +26,24 @@ class BackupKeeper {
   /// to write what has changed. Whether one has begun.
   bool BeginIfDue(const std::function<void()>& save);
 
-  bool IsRunning() const { return job_.has_value(); }
+  bool IsRunning() const { return job_ || pruning_; }
   /// Goes on with the backup under way. When it is done, old ones are pruned; when it fails, the next try is
   /// an hour later.
-  BackupJob::State Step(std::size_t mostFiles);
+  Job::State Step(std::size_t mostFiles);
 
   /// Gives the backup under way up; what it has copied is removed.
   void Abandon();
 
-  /// Takes a backup of the present state now and waits for it: into a folder of its own in `folder` (with its
-  /// "\" at the end).
-  FileStatus TakeBackupInto(TextView folder);
+  /// A backup of the present state, already saved, into a folder of its own in `folder` (with its "\\" at the
+  /// end). The one under way is given up: both would grow under the same name.
+  BackupJob ManualBackup(TextView folder);
 
   /// All backups, newest first.
   std::vector<Backup> Describe() const;
   bool HasAny() const { return hasAny_; }
 
-  /// Puts a backup in the place of the data folder's files.
-  FileStatus PutBack(TextView name);
-  /// The same, after the present state, already saved, has become a backup too, so that it can be undone (a
-  /// damaged one is kept as "<name>.damaged" in the folder of the backups). When it fails half-way, the
-  /// present state is put back.
-  FileStatus Restore(TextView name);
+  /// Puts a backup in the place of the data folder's files; the present state has been saved.
+  RestoreJob Restore(TextView name);
 
  private:
   Files& files_;
@@ -60,6 +57,7 @@ class BackupKeeper {
   bool hasAny_ = false;
   std::int64_t notBefore_ = 0;  // after a failure
   std::optional<BackupJob> job_;
+  std::optional<PruneJob> pruning_;
 };
 
 }  // namespace jotlets

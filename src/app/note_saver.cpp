@@ -20,7 +20,7 @@ void NoteSaver::RemoveContentLater(const JotletData& record) {
 }
 
 bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
-  log_.Write(kLogDetail, Text(u"SaveJotlets started for '").append(path).append(u"'"));
+  log_.Write(kLogDetail, u"SaveJotlets started for '", path, u"'");
   FileStatus status;
   if (isMainSave) {
     if (!PutUnreadFileAside()) return false;
@@ -39,8 +39,7 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   const FileStatus written = SaveDataFile(files_, path, view);
   if (status) status = written;
   if (!status) {
-    log_.Write(kLogLifecycle,
-               Text(u"SaveJotlets failed for '").append(path).append(u"': ").append(status.reason));
+    log_.Write(kLogLifecycle, u"SaveJotlets failed for '", path, u"': ", status.reason);
     return false;
   }
   if (isMainSave) {
@@ -58,7 +57,7 @@ bool NoteSaver::PutUnreadFileAside() {
   if (files_.Exists(MainPath())) {
     const Text kept = DatedName(files_, MainPath(), kDamagedMark, clock_.Now().local);
     if (const FileStatus copied = files_.Copy(MainPath(), kept); !copied) {
-      log_.Write(kLogLifecycle, u"The unread data file could not be kept: " + copied.reason);
+      log_.Write(kLogLifecycle, u"The unread data file could not be kept: ", copied.reason);
       return false;
     }
   }
@@ -69,7 +68,7 @@ bool NoteSaver::PutUnreadFileAside() {
 void NoteSaver::RemoveContents() {
   for (const Text& path : std::exchange(contentToRemove_, {})) {
     const FileStatus removed = files_.Remove(folder_ + path);
-    if (!removed) log_.Write(kLogLifecycle, u"Unable to remove '" + path + u"': " + removed.reason);
+    if (!removed) log_.Write(kLogLifecycle, u"Unable to remove '", path, u"': ", removed.reason);
   }
 }
 

@@ -46,7 +46,7 @@ class Files {
   /// Appends to the file, creating it when missing. Not flushed to the disk.
   virtual FileStatus Append(TextView path, std::string_view bytes) = 0;
 
-  /// Copies one file, replacing the target.
+  /// Copies one file; the target is replaced in one step. Not flushed to the disk.
   virtual FileStatus Copy(TextView from, TextView to) = 0;
 
   /// Renames one file or folder within a volume; never replaces.

@@ -192,8 +192,7 @@ constexpr auto kKeywords = [] {
 }  // namespace
 
 void ExecuteApiCommand(CommandHost& host, const ApiReplyChannel& reply, Log& log, TextView command) {
-  if (log.Writes(kLogDetail))
-    log.Write(kLogDetail, Text(u"API command received: \"").append(command).append(u"\""));
+  log.Write(kLogDetail, u"API command received: \"", command, u"\"");
   for (const CommandRow& row : kCommands) {
     if (!StartsWithIgnoreCase(command, row.keyword)) continue;
     row.run({host, reply, command.substr(row.keyword.size())});

@@ -5,9 +5,7 @@
 namespace jotlets {
 namespace {
 
-void LogSending(Log& log, TextView line) {
-  if (log.Writes(kLogDetail)) log.Write(kLogDetail, Text(u"API sending: \"").append(line).append(u"\""));
-}
+void LogSending(Log& log, TextView line) { log.Write(kLogDetail, u"API sending: \"", line, u"\""); }
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "data/data_folder.h"
+#include "data/options_file.h"
 #include "data/rtf_bytes.h"
 #include "data/text_file.h"
 
@@ -30,7 +31,7 @@ Reading ReadDataFile(const LoadContext& context, const Text& path) {
   reading.content = context.files.Read(path);
   const FileContent& content = reading.content;
   if (content.state == FileContent::State::kUnreadable) {
-    context.log.Write(kLogLifecycle, u"Unable to read '" + path + u"': " + content.reason);
+    context.log.Write(kLogLifecycle, u"Unable to read '", path, u"': ", content.reason);
   }
   if (content.state != FileContent::State::kRead) return reading;
   const TextFile text = DecodeTextFile(content.bytes, context.ansi);
@@ -46,11 +47,11 @@ Text KeepDamagedFile(const LoadContext& context, const Text& path, const FileCon
                                 ? context.files.Write(kept, content.bytes)
                                 : context.files.Copy(path, kept);
   if (status) {
-    context.log.Write(kLogLifecycle, u"Data file '" + path + u"' is damaged, kept as '" + kept + u"'");
+    context.log.Write(kLogLifecycle, u"Data file '", path, u"' is damaged, kept as '", kept, u"'");
     return kept;
   }
-  context.log.Write(kLogLifecycle,
-                    u"Data file '" + path + u"' is damaged and could not be put aside: " + status.reason);
+  context.log.Write(kLogLifecycle, u"Data file '", path, u"' is damaged and could not be put aside: ",
+                    status.reason);
   return {};
 }
 
@@ -82,7 +83,7 @@ void LoadCopyInstead(const LoadContext& context, const Text& folder, Reading& re
     loaded.loadedInstead = name;
   }
   if (loaded.loadedInstead.empty()) return;
-  context.log.Write(kLogLifecycle, u"Loaded '" + folder + loaded.loadedInstead + u"' instead");
+  context.log.Write(kLogLifecycle, u"Loaded '", folder, loaded.loadedInstead, u"' instead");
   reading = std::move(best);
 }
 
@@ -95,7 +96,7 @@ bool WriteInlineContents(const LoadContext& context, const Text& folder,
     const Text path = folder + Text(kRtfFolder) + jotlet.record.id + u".rtf";
     const FileStatus written = context.files.Write(path, RtfBytes(*jotlet.inlineContent));
     if (written) continue;
-    context.log.Write(kLogLifecycle, u"Unable to write content file '" + path + u"': " + written.reason);
+    context.log.Write(kLogLifecycle, u"Unable to write content file '", path, u"': ", written.reason);
     all = false;
   }
   return all;
@@ -108,7 +109,7 @@ void KeepCopies(const LoadContext& context, const Text& folder) {
     if (!context.files.Exists(path)) continue;
     const FileStatus kept =
         context.files.Copy(path, DatedName(context.files, path, kKeptMark, context.now.local));
-    if (!kept) context.log.Write(kLogLifecycle, u"Unable to keep '" + path + u"': " + kept.reason);
+    if (!kept) context.log.Write(kLogLifecycle, u"Unable to keep '", path, u"': ", kept.reason);
   }
 }
 
@@ -124,11 +125,11 @@ void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile&
       do {
         jotlet.record.id = context.freshId();
       } while (!taken.insert(FoldCase(jotlet.record.id)).second);
-      context.log.Write(kLogLifecycle, u"Two jotlets had the id '" + sharedId + u"', the second is now '" +
-                                           jotlet.record.id + u"'");
+      context.log.Write(kLogLifecycle, u"Two jotlets had the id '", sharedId, u"', the second is now '",
+                        jotlet.record.id, u"'");
       if (jotlet.inlineContent || !context.files.Exists(sharedContent)) continue;
       const FileStatus copied = context.files.Copy(sharedContent, folder + ContentPath(jotlet.record));
-      if (!copied) context.log.Write(kLogLifecycle, u"Unable to copy its content: " + copied.reason);
+      if (!copied) context.log.Write(kLogLifecycle, u"Unable to copy its content: ", copied.reason);
     }
   }
 }
@@ -150,6 +151,29 @@ Stems ListStems(const Files& files, const Text& folder, TextView extension) {
 }
 
 }  // namespace
+
+bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options) {
+  const FileContent content = files.Read(path);
+  if (content.state != FileContent::State::kRead) return false;
+  LoadOptions(options, DecodeTextFile(content.bytes, ansi).text);
+  return true;
+}
+
+bool LoadOptionsToReplace(Files& files, const CodePage& ansi, Log& log, const LocalTime& now, TextView path,
+                          Options& options) {
+  const FileContent content = files.Read(path);
+  if (content.state == FileContent::State::kUnreadable)
+    log.Write(kLogLifecycle, u"Unable to read '", path, u"': ", content.reason);
+  if (content.state != FileContent::State::kRead) return content.state == FileContent::State::kMissing;
+  const TextFile text = DecodeTextFile(content.bytes, ansi);
+  LoadOptions(options, text.text);
+  if (!text.damaged) return true;
+  const Text kept = DatedName(files, path, kDamagedMark, now);
+  const FileStatus status = files.Write(kept, content.bytes);
+  log.Write(kLogLifecycle, u"Options file '", path, u"' is damaged, ",
+            status ? u"kept as '" : u"not kept as '", kept, u"'");
+  return status.ok;
+}
 
 Text DatedName(const Files& files, TextView path, TextView word, const LocalTime& now) {
   const Text dated = Text(path).append(word).append(MinuteStamp(now));
@@ -173,8 +197,8 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
     if (HoldsNothing(reading.file)) LoadCopyInstead(context, folder, reading, loaded);
   }
   if (reading.file.version > kDataFileVersion) {
-    context.log.Write(kLogDetail, u"Data file at " + path + u" is version " + IntText(reading.file.version) +
-                                      u" but I only open version " + IntText(kDataFileVersion));
+    context.log.Write(kLogDetail, u"Data file at ", path, u" is version ", reading.file.version,
+                      u" but I only open version ", kDataFileVersion);
     loaded.file = std::move(reading.file);
     return loaded;
   }
@@ -209,12 +233,12 @@ std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView,
       if (files.Exists(folder + ContentPath(*note))) continue;
       const Text front = u"!!! " + Text(kind.kind) + u" '" + note->id;
       if (note->IsImage()) {
-        log.Write(kLogLifecycle, front + u".png' content file not found");
+        log.Write(kLogLifecycle, front, u".png' content file not found");
         continue;
       }
-      log.Write(kLogLifecycle, front + u".rtf' content file not found, fixing with a placeholder file");
+      log.Write(kLogLifecycle, front, u".rtf' content file not found, fixing with a placeholder file");
       const FileStatus written = files.Write(folder + ContentPath(*note), kPlaceholderRtf);
-      if (!written) log.Write(kLogLifecycle, u"Unable to write the placeholder: " + written.reason);
+      if (!written) log.Write(kLogLifecycle, u"Unable to write the placeholder: ", written.reason);
     }
   }
   std::vector<Orphan> orphans;

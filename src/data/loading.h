@@ -43,6 +43,15 @@ struct LoadedData {
 /// `KeepDeleted` are left out. Failures are logged; the rest goes on.
 LoadedData LoadJotlets(const LoadContext& context, TextView folder);
 
+/// Reads the options file into `options`; those it does not name stay as they are. False: there is none, or
+/// it could not be read.
+bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options);
+
+/// The same, for a program that will write the file anew: one that is damaged, so that options may be lost,
+/// is kept beside it first. Whether the file may be replaced; a missing one may.
+bool LoadOptionsToReplace(Files& files, const CodePage& ansi, Log& log, const LocalTime& now, TextView path,
+                          Options& options);
+
 inline constexpr TextView kDamagedMark = u".damaged-";
 
 /// A name beside a file that no file has yet: the path, a word and the minute, and a number when that is

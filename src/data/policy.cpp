@@ -8,9 +8,7 @@ namespace {
 
 using Value = PolicySource::Value;
 
-void LogLine(Log& log, TextView front, TextView value) {
-  log.Write(kLogLifecycle, Text(front).append(value));
-}
+void LogLine(Log& log, TextView front, TextView value) { log.Write(kLogLifecycle, front, value); }
 
 // Takes one value of the right type; what it says to the log is part of it.
 struct PolicyRow {
@@ -30,6 +28,15 @@ void TakeNumber(Policy& policy, const Value& value, Log& log, TextView front) {
   constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
   policy.*Member = static_cast<std::int32_t>(value.number > kMost ? kMost : value.number);
   LogLine(log, front, IntText(value.number));
+}
+
+void TakePort(Policy& policy, const Value& value, Log& log) {
+  constexpr std::uint32_t kLastPort = 65535;
+  if (value.number < 1 || value.number > kLastPort) {
+    log.Write(kLogLifecycle, u"GPO ignored, no port: ", value.number);
+  } else {
+    TakeNumber<&Policy::port>(policy, value, log, u"GPO port ");
+  }
 }
 
 template <auto Member>
@@ -53,8 +60,7 @@ constexpr std::array kRows = {
     PolicyRow{
         u"UseNetworking", kNumber,
         [](P& p, const Value& v, Log& log) { TakeYesNo<&P::useNetworking>(p, v, log, u"GPO network:"); }},
-    PolicyRow{u"Port", kNumber,
-              [](P& p, const Value& v, Log& log) { TakeNumber<&P::port>(p, v, log, u"GPO port "); }},
+    PolicyRow{u"Port", kNumber, [](P& p, const Value& v, Log& log) { TakePort(p, v, log); }},
     PolicyRow{u"LogAllNetworking", kNumber,
               [](P& p, const Value& v, Log& log) {
                 TakeYesNo<&P::logAllNetworking>(p, v, log, u"GPO logalltoserver: ");

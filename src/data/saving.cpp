@@ -22,11 +22,4 @@ FileStatus MoveFriends(Files& files, TextView dataFolder, std::span<const Text> 
   return files.Write(path, EncodeTextFile(text));
 }
 
-bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options) {
-  const FileContent content = files.Read(path);
-  if (content.state != FileContent::State::kRead) return false;
-  LoadOptions(options, DecodeTextFile(content.bytes, ansi).text);
-  return true;
-}
-
 }  // namespace jotlets

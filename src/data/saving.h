@@ -19,7 +19,4 @@ FileStatus SaveOptionsFile(Files& files, TextView path, const Options& options);
 /// unless that file is there already.
 FileStatus MoveFriends(Files& files, TextView dataFolder, std::span<const Text> friendLines);
 
-/// Reads the options file over `options`; false when it could not be opened.
-bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options);
-
 }  // namespace jotlets

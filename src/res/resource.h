@@ -12,6 +12,7 @@
 #define IDA_MAIN 110
 #define IDD_ORPHANS 120
 #define IDD_RESTORE 121
+#define IDD_JOB 122
 
 // Commands of the program, in the order of the tray menu.
 #define ID_NEW_JOTLET 1000
@@ -35,6 +36,8 @@
 #define IDC_ORPHAN_LIST 1200
 #define IDC_RESTORE_TEXT 1201
 #define IDC_RESTORE_LIST 1202
+#define IDC_JOB_TEXT 1203
+#define IDC_JOB_PROGRESS 1204
 
 #define IDS_USAGE 2000
 #define IDS_NO_RICH_EDIT 2001
@@ -62,3 +65,5 @@
 #define IDS_RESTORE_ANY 2023
 #define IDS_RESTORE_FIRST_RUN 2024
 #define IDS_RESTORE_FAILED 2025
+#define IDS_BACKUP_RUNS 2026
+#define IDS_RESTORE_RUNS 2027

@@ -19,7 +19,9 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       return TRUE;
     }
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (object == nullptr || message != WM_COMMAND) return FALSE;
+    if (object == nullptr) return FALSE;
+    if (message == WM_TIMER) object->OnTimer();
+    if (message != WM_COMMAND) return FALSE;
     const UINT control = LOWORD(wParam);
     if (object->OnCommand(control, HIWORD(wParam))) return TRUE;
     if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));

@@ -23,6 +23,7 @@ class Dialog {
   virtual void OnInit() = 0;
   /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
   virtual bool OnCommand(UINT control, UINT notification) = 0;
+  virtual void OnTimer() {}
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/backup_keeper.h"
+#include "app/restore_job.h"
 #include "fakes.h"
 
 namespace jotlets {
@@ -34,6 +35,12 @@ class BackupFolder : public testing::Test {
   BackupJob Job(TextView name = u"202611210905") {
     return {files, ansi, u"D:\\", Text(kBackups).append(name)};
   }
+  void Prune(std::int32_t keep, TextView justTaken) {
+    PruneJob job(files, ansi, log, kBackups, keep, justTaken);
+    while (job.Step(1) == Job::State::kRunning) {
+    }
+  }
+  RestoreJob Restoring(TextView name) { return {files, ansi, u"D:\\", kBackups, name, u"202612240000"}; }
   Text Folders() const { return Joined(files.ListFolders(kBackups)); }
   Text Backups() const { return Joined(ListBackups(files, ansi, kBackups)); }
   static Text Joined(const std::vector<Text>& names) {
@@ -98,11 +105,11 @@ TEST_F(BackupFolder, GrowsUnderAnotherNameUntilItIsWhole) {
   files.Put(u"D:\\backups\\202611210905.partial\\rtf\\left.rtf", "of a killed program");
   BackupJob job = Job();
   for (int file = 0; file < 4; ++file) {
-    EXPECT_EQ(job.Step(1), BackupJob::State::kRunning);
+    EXPECT_EQ(job.Step(1), Job::State::kRunning);
     EXPECT_EQ(Folders(), u"202611210905.partial ");
     EXPECT_EQ(Backups(), u"");
   }
-  EXPECT_EQ(job.Step(1), BackupJob::State::kDone);
+  EXPECT_EQ(job.Step(1), Job::State::kDone);
   EXPECT_EQ(Folders(), u"202611210905 ");
   for (const TextView path :
        {u"jotlets.ini", u"options.ini", u"rtf\\A.rtf", u"rtf\\B.rtf", u"images\\C.png"}) {
@@ -118,13 +125,13 @@ TEST_F(BackupFolder, LeavesNothingAndHarmsNothingWhenAnyStepFails) {
     PutBackup(u"202611200905");
     files.changesUntilFailure = step;
     BackupJob job = Job();
-    const BackupJob::State state = job.Finish();
+    const Job::State state = job.Finish();
     files.changesUntilFailure = -1;
-    if (state == BackupJob::State::kDone) break;
+    if (state == Job::State::kDone) break;
     ++failures;
     EXPECT_EQ(Folders(), u"202611200905 ") << step;
     EXPECT_NE(job.Reason(), u"");
-    EXPECT_EQ(job.Step(1), BackupJob::State::kFailed);
+    EXPECT_EQ(job.Step(1), Job::State::kFailed);
   }
   EXPECT_EQ(failures, 9);  // three folders, five files, the rename
 }
@@ -135,7 +142,7 @@ TEST_F(BackupFolder, FollowsNotesThatChangeOrGoMeanwhile) {
     if (to.ends_with(u"B.rtf") && files.Get(u"D:\\rtf\\B.rtf") == "bb") files.Put(u"D:\\rtf\\B.rtf", "b2");
     if (to.ends_with(u"C.png")) files.Remove(u"D:\\rtf\\A.rtf");
   };
-  EXPECT_EQ(Job().Finish(), BackupJob::State::kDone);
+  EXPECT_EQ(Job().Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\backups\\202611210905\\rtf\\B.rtf"), "b2");
   EXPECT_FALSE(files.Exists(u"D:\\backups\\202611210905\\rtf\\A.rtf"));
 }
@@ -145,17 +152,17 @@ TEST_F(BackupFolder, IsRefusedWhenACopyDiffersOrCannotBeCompared) {
     if (to.ends_with(u"B.rtf")) files.Put(to, "b");
   };
   BackupJob differs = Job();
-  EXPECT_EQ(differs.Finish(), BackupJob::State::kFailed);
+  EXPECT_EQ(differs.Finish(), Job::State::kFailed);
   EXPECT_EQ(differs.Reason(), u"rtf\\B.rtf: the copy differs");
   files.Put(u"D:\\rtf\\B.rtf", "");
   files.onCopy = [this](TextView to) {
     if (to.ends_with(u"B.rtf")) files.unreadable = {u"d:\\rtf\\b.rtf"};
   };
-  EXPECT_EQ(Job().Finish(), BackupJob::State::kFailed);
+  EXPECT_EQ(Job().Finish(), Job::State::kFailed);
   files.unreadable.clear();
   files.onCopy = nullptr;
   files.Put(u"D:\\jotlets.ini", "junk");
-  EXPECT_EQ(Job().Finish(), BackupJob::State::kFailed);
+  EXPECT_EQ(Job().Finish(), Job::State::kFailed);
   EXPECT_EQ(Folders(), u"");
 }
 
@@ -166,25 +173,25 @@ TEST_F(BackupFolder, IsPrunedFromTheOldest) {
   PutBackup(u"202611010000", "unreadable");
   PutBackup(u"202611160000.partial");
   PutBackup(u"mine.partial");
-  PruneBackups(files, ansi, log, kBackups, 3, u"202611200000");
+  Prune(3, u"202611200000");
   EXPECT_EQ(Folders(), u"202611010000 202611180000 202611190000 202611200000 mine.partial old ");
   EXPECT_EQ(log.lines, std::vector<Text>{u"Removing backup directory:202611170000"});
-  PruneBackups(files, ansi, log, kBackups, 2, u"202611180000");
+  Prune(2, u"202611180000");
   EXPECT_EQ(Backups(), u"202611180000 202611200000 ") << "what was just taken stays, whatever its name";
-  PruneBackups(files, ansi, log, kBackups, -4, u"202611180000");
+  Prune(-4, u"202611180000");
   EXPECT_EQ(Backups(), u"202611180000 ");
 }
 
 TEST_F(BackupFolder, ThatCannotBeRemovedIsLoggedAndCostsNoOther) {
   for (const TextView name : {u"202611170000", u"202611180000", u"202611190000"}) PutBackup(name);
   files.unchangeable.insert(u"d:\\backups\\202611170000");
-  PruneBackups(files, ansi, log, kBackups, 2, u"202611190000");
+  Prune(2, u"202611190000");
   EXPECT_EQ(Backups(), u"202611170000 202611180000 202611190000 ");
   EXPECT_TRUE(log.Holds(u"Unable to remove backup 202611170000"));
 }
 
 TEST_F(BackupFolder, IsPutBackContentsFirst) {
-  EXPECT_EQ(Job().Finish(), BackupJob::State::kDone);
+  EXPECT_EQ(Job().Finish(), Job::State::kDone);
   for (const TextView name :
        {u"friends.ini", u"store.mdb", u"categories.png", u"default.rtf", u"default.png", u"borders.png"})
     files.Put(Text(u"D:\\backups\\202611210905\\").append(name), "backup");
@@ -195,12 +202,13 @@ TEST_F(BackupFolder, IsPutBackContentsFirst) {
   files.Put(u"D:\\activity.log", "log");
   files.Remove(u"D:\\rtf\\B.rtf");
   Text order;
-  files.onCopy = [&](TextView to) { order.append(to.substr(3)).push_back(u' '); };
-  EXPECT_TRUE(RestoreBackup(files, ansi, u"D:\\backups\\202611210905\\", u"D:\\"));
-  EXPECT_EQ(
-      order,
-      u"images\\C.png rtf\\A.rtf rtf\\B.rtf jotlets.ini store.mdb categories.png options.ini friends.ini "
-      u"default.rtf default.png borders.png ");
+  files.onCopy = [&](TextView to) {
+    if (!to.starts_with(kBackups)) order.append(to.substr(3)).push_back(u' ');
+  };
+  EXPECT_EQ(Restoring(u"202611210905").Finish(), Job::State::kDone);
+  EXPECT_EQ(order,
+            u"images\\C.png rtf\\A.rtf rtf\\B.rtf store.mdb categories.png options.ini friends.ini "
+            u"default.rtf default.png borders.png ");
   EXPECT_EQ(files.Get(u"D:\\jotlets.ini"), kData);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf") + files.Get(u"D:\\rtf\\B.rtf"), "abb");
   EXPECT_FALSE(files.Exists(u"D:\\rtf\\new.rtf") || files.Exists(u"D:\\images\\new.png"));
@@ -211,7 +219,7 @@ TEST_F(BackupFolder, ThatCannotBeReadIsRefusedBeforeAnythingIsTouched) {
   PutBackup(u"202611170000", "[Jotlets]\n<ID>A");
   const std::vector<Text> before = files.Paths();
   files.changesUntilFailure = 0;
-  EXPECT_FALSE(RestoreBackup(files, ansi, u"D:\\backups\\202611170000\\", u"D:\\"));
+  EXPECT_EQ(Restoring(u"202611170000").Finish(), Job::State::kFailed);
   EXPECT_EQ(files.changesUntilFailure, 0);
   EXPECT_EQ(files.Paths(), before);
 }
@@ -222,12 +230,12 @@ class Keeper : public BackupFolder {
   int saves = 0;
 
   // What the program does every minute.
-  BackupJob::State Minute() {
+  Job::State Minute() {
     keeper.BeginIfDue([this] { ++saves; });
     while (keeper.IsRunning()) {
-      if (const auto state = keeper.Step(2); state != BackupJob::State::kRunning) return state;
+      if (const auto state = keeper.Step(2); state != Job::State::kRunning) return state;
     }
-    return BackupJob::State::kRunning;
+    return Job::State::kRunning;
   }
   void Minutes(int count) {
     for (; count > 0; --count, clock.Move(60)) Minute();
@@ -259,9 +267,9 @@ TEST_F(Keeper, KnowsTheLastBackupAfterAStart) {
   keeper.Open(u"D:\\");
   EXPECT_EQ(log.lines, std::vector<Text>{u"Most recent backup is: 202611202000"});
   clock.now.utc = clock.ToUtc({2026, 11, 21, 20, 0, 0});
-  EXPECT_EQ(Minute(), BackupJob::State::kRunning);
+  EXPECT_EQ(Minute(), Job::State::kRunning);
   clock.Move(1);
-  EXPECT_EQ(Minute(), BackupJob::State::kDone);
+  EXPECT_EQ(Minute(), Job::State::kDone);
   keeper.Open(u"E:\\");
   EXPECT_FALSE(keeper.HasAny());
 }
@@ -276,21 +284,21 @@ TEST_F(Keeper, IsNotHeldUpByAClockThatWasSetBack) {
   // A failure just before the clock is set back must not wait until its old time comes again.
   clock.Move(24 * kHour);
   files.changesUntilFailure = 4;
-  EXPECT_EQ(Minute(), BackupJob::State::kFailed);
+  EXPECT_EQ(Minute(), Job::State::kFailed);
   clock.Move(-365 * 24 * kHour);
-  EXPECT_EQ(Minute(), BackupJob::State::kDone);
+  EXPECT_EQ(Minute(), Job::State::kDone);
 }
 
 TEST_F(Keeper, TriesAgainAnHourAfterAFailure) {
   keeper.Open(u"D:\\");
   files.changesUntilFailure = 3;
-  EXPECT_EQ(Minute(), BackupJob::State::kFailed);
+  EXPECT_EQ(Minute(), Job::State::kFailed);
   EXPECT_TRUE(log.Holds(u"The backup failed: "));
   EXPECT_EQ(Folders(), u"");
   clock.Move(kHour - 1);
-  EXPECT_EQ(Minute(), BackupJob::State::kRunning);
+  EXPECT_EQ(Minute(), Job::State::kRunning);
   clock.Move(1);
-  EXPECT_EQ(Minute(), BackupJob::State::kDone);
+  EXPECT_EQ(Minute(), Job::State::kDone);
 }
 
 TEST_F(Keeper, GoesWhereTheOptionSaysAndCanBeGivenUp) {
@@ -302,32 +310,32 @@ TEST_F(Keeper, GoesWhereTheOptionSaysAndCanBeGivenUp) {
   keeper.Abandon();
   EXPECT_FALSE(keeper.IsRunning());
   EXPECT_EQ(Joined(files.ListFolders(u"E:\\kept\\")), u"");
-  EXPECT_TRUE(keeper.TakeBackupInto(u"E:\\kept\\"));
-  EXPECT_TRUE(keeper.TakeBackupInto(u"E:\\kept\\"));
+  EXPECT_EQ(keeper.ManualBackup(u"E:\\kept\\").Finish(), Job::State::kDone);
+  EXPECT_EQ(keeper.ManualBackup(u"E:\\kept\\").Finish(), Job::State::kDone);
   ASSERT_EQ(keeper.Describe().size(), 2u);
   EXPECT_EQ(keeper.Describe()[0].name, u"202611210906");
 }
 
 TEST_F(Keeper, RestoresSoThatItCanBeUndone) {
   keeper.Open(u"D:\\");
-  EXPECT_TRUE(keeper.TakeBackupInto(kBackups));
+  EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
   files.Put(u"D:\\rtf\\A.rtf", "newer");
-  EXPECT_TRUE(keeper.Restore(u"202611210905"));
+  EXPECT_EQ(keeper.Restore(u"202611210905").Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "a");
-  EXPECT_TRUE(keeper.Restore(u"202611210906"));
+  EXPECT_EQ(keeper.Restore(u"202611210906").Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "newer");
-  EXPECT_FALSE(keeper.Restore(u"202611210101"));
+  EXPECT_EQ(keeper.Restore(u"202611210101").Finish(), Job::State::kFailed);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "newer");
 }
 
 TEST_F(Keeper, PutsThePresentBackWhenARestoreFailsHalfWay) {
   keeper.Open(u"D:\\");
-  EXPECT_TRUE(keeper.TakeBackupInto(kBackups));
+  EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
   files.Put(u"D:\\rtf\\A.rtf", "newer");
   bool ended = false;
   for (int step = 0; !ended && step < 60; ++step) {
     files.changesUntilFailure = step;
-    ended = bool{keeper.Restore(u"202611210905")};
+    ended = keeper.Restore(u"202611210905").Finish() == Job::State::kDone;
     files.changesUntilFailure = -1;
     const std::string texts = files.Get(u"D:\\rtf\\A.rtf") + files.Get(u"D:\\rtf\\B.rtf");
     EXPECT_EQ(texts, ended ? "abb" : "newerbb") << step;
@@ -337,9 +345,9 @@ TEST_F(Keeper, PutsThePresentBackWhenARestoreFailsHalfWay) {
 
 TEST_F(Keeper, RestoresOverADamagedDataFileAndKeepsWhatWasLeft) {
   keeper.Open(u"D:\\");
-  EXPECT_TRUE(keeper.TakeBackupInto(kBackups));
+  EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
   files.Put(u"D:\\jotlets.ini", "[Jotlets]\n<ID>A");
-  EXPECT_TRUE(keeper.Restore(u"202611210905"));
+  EXPECT_EQ(keeper.Restore(u"202611210905").Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\jotlets.ini"), kData);
   EXPECT_TRUE(files.Keeps("[Jotlets]\n<ID>A"));
   EXPECT_EQ(keeper.Describe().size(), 1u) << "what cannot be read is no backup";

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "data/loading.h"
 #include "data/saving.h"
 #include "data/text_file.h"
 #include "fakes.h"
@@ -232,6 +233,25 @@ TEST(OptionsFile, IsReadInAnyEncodingAndKeptWhenASaveFails) {
   EXPECT_TRUE(SaveOptionsFile(files, u"p", options));
   Options saved;
   EXPECT_TRUE(LoadOptionsFile(files, Latin1(), u"p", saved) && saved == options);
+}
+
+TEST(OptionsFile, IsKeptBesideWhenItIsDamagedAndIsToBeReplaced) {
+  FakeFiles files;
+  FakeLog log;
+  Options options;
+  const auto mayReplace = [&] {
+    return LoadOptionsToReplace(files, Latin1(), log, LocalTime{2026, 11, 21, 9, 5, 0}, u"o", options);
+  };
+  EXPECT_TRUE(mayReplace()) << "there is none";
+  const std::string half("[Options]\nDebug=3\n\0\0\0", 21);
+  files.Put(u"o", half);
+  EXPECT_TRUE(mayReplace());
+  EXPECT_EQ(options.debug, 3);
+  EXPECT_EQ(files.Get(u"o.damaged-202611210905"), half);
+  files.changesUntilFailure = 0;
+  EXPECT_FALSE(mayReplace()) << "it could not be kept";
+  files.unreadable.insert(u"o");
+  EXPECT_FALSE(mayReplace());
 }
 
 }  // namespace

@@ -72,6 +72,17 @@ TEST_F(PolicyKey, MeansYesOnlyByOne) {
   }
 }
 
+TEST_F(PolicyKey, TakesNoPortThatIsNone) {
+  for (const std::uint32_t number : {0u, 65536u, 0xFFFFFFFFu}) {
+    key.values = {{u"Port", Number(number)}};
+    EXPECT_TRUE(Holding() == user);
+    EXPECT_TRUE(log.Holds(u"GPO ignored, no port: "));
+    log.lines.clear();
+  }
+  key.values = {{u"Port", Number(65535)}};
+  EXPECT_EQ(Holding().netPort, 65535);
+}
+
 TEST_F(PolicyKey, OfAnotherTypeIsIgnoredWithALogLine) {
   for (const TextView name : PolicyValueNames()) {
     const bool text = name == u"ServerName" || name == u"SkinFile" || name == u"SMTPServerName";

@@ -203,8 +203,9 @@ TEST_F(WindowTest, IdsFromOutsideNeverBecomePaths) {
   for (const Text& id : hostile) {
     lines += u"<X>0100<Y>0100<WIDTH>200<HEIGHT>100<ID>" + id + u"<TRANSPARENCY>0<RTF>{\\rtf1\\ansi evil}\n";
   }
-  Write(folder_ + Text(kDataFileName), EncodeTextFile(u"[Options]\niniver=3\nID=TEST\n\n[Jotlets]\n" + lines +
-                                                      u"\n[Deleted jotlets]\n" + lines));
+  Write(folder_ + Text(kDataFileName),
+        EncodeTextFile(u"[Options]\niniver=3\nID=TEST\nTakeBackups=0\n\n[Jotlets]\n" + lines +
+                       u"\n[Deleted jotlets]\n" + lines));
   ASSERT_TRUE(StartProgram());
   std::vector<Text> allowed = {u"data\\jotlets.ini", u"data\\options.ini"};
   for (const TextView list : {u"desktop", u"closed"}) {

@@ -19,7 +19,7 @@ void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
       break;
     }
     case InboundKind::kSkinFile:
-      log_.Write(kLogDetail, u"Skin files are not taken yet: " + Text(inbound.text));
+      log_.Write(kLogDetail, u"Skin files are not taken yet: ", inbound.text);
       break;
     case InboundKind::kNoteMessage: frame_.ImportNoteMessage(inbound.text); break;
   }

@@ -12,13 +12,13 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
   const FileContent content = files_.Read(folder_ + ContentPath(record));
   auto jotlet = std::make_unique<BJotlet>(*this, std::move(record));
   if (!jotlet->CreateWindowFor()) {
-    log_.Write(kLogLifecycle, u"No window for jotlet " + id + u": " + LastErrorText(u"CreateWindowEx"));
+    log_.Write(kLogLifecycle, u"No window for jotlet ", id, u": ", LastErrorText(u"CreateWindowEx"));
     return nullptr;
   }
   if (content.state == FileContent::State::kRead) {
     jotlet->LoadContent(content.bytes);
   } else if (content.state == FileContent::State::kUnreadable) {
-    log_.Write(kLogLifecycle, u"Unable to read the content of jotlet " + id + u": " + content.reason);
+    log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
     jotlet->KeepOldContent();
   }
   jotlets_.push_back(std::move(jotlet));
@@ -44,8 +44,7 @@ bool DesktopJotlets::SaveContent(TextView id, const Moment& now) {
   if (jotlet == nullptr) return false;
   const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
   if (!saved) {
-    log_.Write(kLogLifecycle,
-               Text(u"Unable to save the content of jotlet ").append(id).append(u": ").append(saved.reason));
+    log_.Write(kLogLifecycle, u"Unable to save the content of jotlet ", id, u": ", saved.reason);
   }
   return saved.ok;
 }
@@ -95,12 +94,15 @@ bool DesktopJotlets::Rescue(const Rect& screen) {
     const Point to = RescuedPosition(from, screen);
     if (from == to) continue;
     jotlet->MoveTo(to);
-    log_.Write(kLogLifecycle, u"Saved jotlet " + record.id + u" from appearing off screen (moved from " +
-                                  IntText(from.x) + u"," + IntText(from.y) + u" to " + IntText(to.x) + u"," +
-                                  IntText(to.y) + u")");
+    log_.Write(kLogLifecycle, u"Saved jotlet ", record.id, u" from appearing off screen (moved from ", from.x,
+               u",", from.y, u" to ", to.x, u",", to.y, u")");
     any = true;
   }
   return any;
+}
+
+void DesktopJotlets::Enable(bool enabled) {
+  for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
 }
 
 void DesktopJotlets::CloseAll() {

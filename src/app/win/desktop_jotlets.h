@@ -60,6 +60,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
   bool Rescue(const Rect& screen);
   void CloseAll();
+  /// Whether notes take the mouse and the keyboard.
+  void Enable(bool enabled);
 
   /// Throws removed notes away whose windows no longer serve a message; the others wait for the next call,
   /// which may take as long as a menu of theirs is open.

@@ -19,7 +19,7 @@ void RegisterHotKeys(HWND window, const Options& options, Log& log) {
     if (hook.key <= 0 || hook.key > 0xFE) continue;
     const int id = kFirstHotKey + static_cast<int>(i);
     if (!RegisterHotKey(window, id, ModifierMask(hook), static_cast<UINT>(hook.key))) {
-      log.Write(kLogLifecycle, u"Hot key " + IntText(id) + u": " + LastErrorText(u"RegisterHotKey"));
+      log.Write(kLogLifecycle, u"Hot key ", id, u": ", LastErrorText(u"RegisterHotKey"));
     }
   }
 }

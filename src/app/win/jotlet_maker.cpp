@@ -80,7 +80,7 @@ Text JotletMaker::AdoptableId(const Orphan& orphan) {
   named.id = NewJotletId();
   const FileStatus moved = files_.Rename(from, folder_ + ContentPath(named));
   if (moved) return named.id;
-  log_.Write(kLogLifecycle, u"Unable to adopt '" + from + u"': " + moved.reason);
+  log_.Write(kLogLifecycle, u"Unable to adopt '", from, u"': ", moved.reason);
   return {};
 }
 
@@ -106,7 +106,7 @@ BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   }
   if (fresh.fromClipboard) jotlet->PasteClipboard();
   jotlet->Show();
-  log_.Write(kLogDetail, u"Created (" + fresh.reason + u") " + id);
+  log_.Write(kLogDetail, u"Created (", fresh.reason, u") ", id);
   return jotlet;
 }
 
@@ -153,11 +153,11 @@ bool JotletMaker::ProvideContent(const JotletData& record) {
   const FileStatus copied = files_.Copy(original, folder_ + ContentPath(record));
   if (copied) return true;
   if (record.IsImage()) {
-    log_.Write(kLogLifecycle, u"No picture for a new jotlet: " + copied.reason);
+    log_.Write(kLogLifecycle, u"No picture for a new jotlet: ", copied.reason);
     return false;
   }
   const FileStatus written = files_.Write(folder_ + ContentPath(record), kPlaceholderRtf);
-  if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: " + written.reason);
+  if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: ", written.reason);
   return true;
 }
 

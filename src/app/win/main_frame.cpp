@@ -8,7 +8,6 @@
 #include "app/win/main_menus.h"
 #include "app/win/orphan_dialog.h"
 #include "app/win/registry_policy.h"
-#include "app/win/restore_dialog.h"
 #include "app/win/system_facts.h"
 #include "app/win/user_messages.h"
 #include "base/win/wide.h"
@@ -36,9 +35,7 @@ constexpr UINT kMinutePeriod = 60000;
 constexpr UINT kSecondPeriod = 1000;
 constexpr UINT kAnimationPeriod = 17;
 constexpr int kSafetyCopyMinutes = 60;
-// A backup goes on in slices that nobody notices.
 constexpr UINT kBackupPeriod = 20;
-constexpr ULONGLONG kBackupSliceMilliseconds = 10;
 
 enum PrivateMessage : UINT {
   kTrayMessage = WM_APP + 1,
@@ -57,9 +54,11 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       desktop_(*this, files_, log_),
       saver_(files_, clock_, log_, options_, lists_, desktop_),
       maker_(files_, clock_, log_, options_, lists_, desktop_),
-      backups_(files_, ansi_, clock_, log_, options_),
       commands_(*this, ansi_, log_),
-      tray_(resources, resources.String(IDS_TOOLTIP)) {}
+      tray_(resources, resources.String(IDS_TOOLTIP)),
+      backups_(*this, resources, files_, ansi_, clock_, log_, options_, tray_) {}
+
+CMainFrame::~CMainFrame() = default;
 
 bool CMainFrame::Start() {
   taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
@@ -88,10 +87,7 @@ bool CMainFrame::OnCreate() {
   if (firstRun && OfferBackups()) firstRun = false;
   if (exiting_) return false;
   if (firstRun) ProvideFirstRun();
-  optionsUnread_ = !LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_) &&
-                   files_.Exists(folder_ + Text(kOptionsFileName));
-  // How many closed notes to keep is then not known: none is dropped.
-  if (optionsUnread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();
+  LoadOptions();
   log_.Open(folder_ + Text(kActivityLogName), options_.debug);
   backups_.Open(folder_);
   if (!firstRun && !LoadJotlets()) return false;
@@ -102,7 +98,7 @@ bool CMainFrame::OnCreate() {
   SetTimer(Handle(), kSecondTimer, kSecondPeriod, nullptr);
   SetTimer(Handle(), kAnimationTimer, kAnimationPeriod, nullptr);
   SetDirty();
-  Log(kLogLifecycle, Text(u"Started Jotlets: '").append(kVersionText).append(u"'"));
+  Log(kLogLifecycle, u"Started Jotlets: '", kVersionText, u"'");
   ready_ = true;
   // The check may ask the user; it waits until the program is up.
   PostMessageW(Handle(), kCheckContentMessage, 0, 0);
@@ -150,7 +146,7 @@ void CMainFrame::TakeLoaded(LoadedData loaded) {
   saver_.SetFolder(folder_, installId_);
   if (loaded.MustNotBeReplaced()) saver_.KeepUnreadFile();
   const FileStatus friends = MoveFriends(files_, folder_, loaded.file.friendLines);
-  if (!friends) Log(kLogLifecycle, u"Unable to write the friends file: " + friends.reason);
+  if (!friends) Log(kLogLifecycle, u"Unable to write the friends file: ", friends.reason);
   const bool damaged = loaded.damaged;
   if (damaged) {
     tray_.Balloon(kVersionText, DescribeDamage(resources_, loaded));
@@ -221,7 +217,9 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       desktop_.Purge();
       break;
     case kFlashTimer: tray_.Flash(); break;
-    case kBackupTimer: StepBackup(); break;
+    case kBackupTimer:
+      if (!backups_.Step()) KillTimer(Handle(), kBackupTimer);
+      break;
     default: break;
   }
 }
@@ -264,14 +262,24 @@ void CMainFrame::SaveIfDirty() {
   Tell(Handle(), resources_, IDS_SAVE_FAILED, saver_.MainPath());
 }
 
+void CMainFrame::LoadOptions() {
+  const Text path = folder_ + Text(kOptionsFileName);
+  optionsUnread_ = !LoadOptionsToReplace(files_, ansi_, log_, clock_.Now().local, path, options_);
+  // How many closed notes to keep is then not known: none is dropped.
+  if (optionsUnread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();
+}
+
 void CMainFrame::SaveOptions() {
   optionsDirty_ = false;
   if (optionsUnread_) return;
   const Text path = folder_ + Text(kOptionsFileName);
-  Log(kLogDetail, u"SaveOptions started for '" + path + u"'");
+  Log(kLogDetail, u"SaveOptions started for '", path, u"'");
   const FileStatus saved = SaveOptionsFile(files_, path, options_);
-  Log(saved ? kLogDetail : kLogLifecycle,
-      saved ? Text(u"SaveOptions completed OK") : u"SaveOptions failed: " + saved.reason);
+  if (saved) {
+    Log(kLogDetail, u"SaveOptions completed OK");
+  } else {
+    Log(kLogLifecycle, u"SaveOptions failed: ", saved.reason);
+  }
 }
 
 Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
@@ -338,8 +346,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   desktop_.CloseAll();
   NotifyListenersText(u"503 jotlets is exiting, so long");
   tray_.Remove();
-  Log(kLogLifecycle,
-      u"Jotlets closed. Ran for " + IntText(secondsRun_) + u" seconds (" + Text(reason) + u")");
+  Log(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
   PostQuitMessage(0);
   Destroy();
 }
@@ -376,8 +383,8 @@ void CMainFrame::OnCommand(UINT command) {
     }
     case ID_RESCUE: RescueOffScreen(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
-    case ID_BACKUP: TakeManualBackup(); break;
-    case ID_RESTORE: ChooseRestore(); break;
+    case ID_BACKUP: backups_.TakeManualBackup(); break;
+    case ID_RESTORE: backups_.ChooseRestore(); break;
     case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
     case ID_EXIT_JOTLETS: ExitJotlets(u"user"); break;
     default: break;
@@ -437,47 +444,21 @@ void CMainFrame::RescueOffScreen() {
 }
 
 void CMainFrame::CheckBackup() {
-  if (backups_.BeginIfDue([this] { SaveIfDirty(); }))
-    SetTimer(Handle(), kBackupTimer, kBackupPeriod, nullptr);
+  if (backups_.BeginIfDue()) SetTimer(Handle(), kBackupTimer, kBackupPeriod, nullptr);
 }
 
-void CMainFrame::StepBackup() {
-  const ULONGLONG begun = GetTickCount64();
-  BackupJob::State state = BackupJob::State::kRunning;
-  while (state == BackupJob::State::kRunning && GetTickCount64() - begun < kBackupSliceMilliseconds) {
-    state = backups_.Step(1);
-  }
-  if (state == BackupJob::State::kRunning) return;
-  KillTimer(Handle(), kBackupTimer);
-  if (state == BackupJob::State::kFailed) tray_.Balloon(kVersionText, resources_.String(IDS_BACKUP_FAILED));
-}
-
-void CMainFrame::TakeManualBackup() {
-  const Text folder = ChooseDataFolder(Handle(), resources_, IDS_BACKUP_CHOOSE, folder_);
-  if (folder.empty() || exiting_) return;
-  SaveJotlets();
-  const FileStatus taken = backups_.TakeBackupInto(folder);
-  Tell(Handle(), resources_, taken ? IDS_BACKUP_TAKEN : IDS_BACKUP_NOT_TAKEN, taken ? folder : taken.reason);
-}
-
-void CMainFrame::ChooseRestore() {
-  const Text name = ChooseBackup(Handle(), resources_, IDS_RESTORE_ANY, backups_);
-  if (!name.empty() && !exiting_) RestoreFrom(name);
-}
-
-void CMainFrame::RestoreFrom(const Text& name) {
-  Log(kLogLifecycle, u"Restoring from: \"" + backups_.BackupsFolder() + name + u"\"");
-  NotifyListenersText(u"503 jotlets is exiting for a restore");
+bool CMainFrame::SaveForBackup() {
   if (optionsDirty_) SaveOptions();
-  const FileStatus restored =
-      saver_.SaveIfDirty() ? backups_.Restore(name) : FileStatus::Failed(saver_.MainPath());
-  if (!restored) {
-    Tell(Handle(), resources_, IDS_RESTORE_FAILED, restored.reason);
-    return;
-  }
-  exiting_ = true;
-  tray_.Remove();
-  instance_.Restart(log_);
+  const bool saved = saver_.SaveIfDirty();
+  if (!saved) SetDirty();
+  return saved;
+}
+
+// While the files are being replaced, what is on the screen must neither change nor be written.
+void CMainFrame::HoldStill(bool still) {
+  if (still) NotifyListenersText(u"503 jotlets is exiting for a restore");
+  exiting_ = still;
+  desktop_.Enable(!still);
 }
 
 // A data folder without its data file, but with backups, has lost something.
@@ -485,12 +466,7 @@ bool CMainFrame::OfferBackups() {
   // The options may name another place for the backups.
   LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_);
   backups_.Open(folder_);
-  if (!backups_.HasAny()) return false;
-  const Text name = ChooseBackup(Handle(), resources_, IDS_RESTORE_FIRST_RUN, backups_);
-  if (name.empty()) return false;
-  const FileStatus restored = backups_.PutBack(name);
-  if (!restored) Tell(Handle(), resources_, IDS_RESTORE_FAILED, restored.reason);
-  return restored.ok;
+  return backups_.OfferAtFirstRun();
 }
 
 void CMainFrame::MoveDataLocation() {
@@ -504,6 +480,11 @@ void CMainFrame::MoveDataLocation() {
     Tell(Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
     return;
   }
+  Restart();
+}
+
+// The data has been replaced or moved: a new start of the program loads it.
+void CMainFrame::Restart() {
   exiting_ = true;
   tray_.Remove();
   instance_.Restart(log_);

@@ -4,8 +4,8 @@
 #include <windows.h>
 
 #include "app/activity_log.h"
-#include "app/backup_keeper.h"
 #include "app/note_saver.h"
+#include "app/win/backup_commands.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
 #include "app/win/jotlet_maker.h"
@@ -22,14 +22,18 @@
 
 namespace jotlets {
 
-class CMainFrame final : public Window, public DesktopOwner {
+class CMainFrame final : public Window, public DesktopOwner, public BackupOwner {
  public:
   CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue);
+  ~CMainFrame() override;
 
   /// Creates the window and brings the program up; false: it must not run (and nothing has been written).
   bool Start();
 
-  void Log(int level, TextView text) { log_.Write(level, text); }
+  template <typename... Parts>
+  void Log(int level, const Parts&... parts) {
+    log_.Write(level, parts...);
+  }
 
   void SetDirty() override;
   void SetOptionsDirty();
@@ -94,16 +98,19 @@ class CMainFrame final : public Window, public DesktopOwner {
   void ShowJotletMenu(const Text& id, Point screen) override;
   void PurgeSoon() override;
 
+  HWND BackupWindow() const override { return Handle(); }
+  bool SaveForBackup() override;
+  void HoldStill(bool still) override;
+  void RestartAfterRestore() override { Restart(); }
+
   void ShowTrayMenu();
   void ShowOrHideAll();
   void RescueOffScreen();
   void CheckBackup();
-  void StepBackup();
-  void TakeManualBackup();
-  void ChooseRestore();
-  void RestoreFrom(const Text& name);
   bool OfferBackups();
   void MoveDataLocation();
+  void Restart();
+  void LoadOptions();
   void SaveOptions();
 
   const Resources& resources_;
@@ -120,9 +127,9 @@ class CMainFrame final : public Window, public DesktopOwner {
   DesktopJotlets desktop_;
   NoteSaver saver_;
   JotletMaker maker_;
-  BackupKeeper backups_;
   CommandEndpoint commands_;
   CSystemTray tray_;
+  BackupCommands backups_;
   Text folder_;
   Text installId_;
   UINT taskbarCreated_ = 0;

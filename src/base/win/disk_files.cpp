@@ -144,7 +144,12 @@ FileStatus DiskFiles::Append(TextView path, std::string_view bytes) {
 }
 
 FileStatus DiskFiles::Copy(TextView from, TextView to) {
-  return Outcome(CopyFileW(Wide(Text(from)), Wide(Text(to)), FALSE) != 0, u"CopyFile");
+  const Text target(to);
+  const Text neighbour = target + Text(kNeighbour);
+  FileStatus status = Outcome(CopyFileW(Wide(Text(from)), Wide(neighbour), FALSE) != 0, u"CopyFile");
+  if (status) status = PutInPlace(neighbour, target);
+  if (!status) DeleteFileW(Wide(neighbour));
+  return status;
 }
 
 FileStatus DiskFiles::Rename(TextView from, TextView to) {

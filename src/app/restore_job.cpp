@@ -1,0 +1,82 @@
+#include "app/restore_job.h"
+
+#include "data/data_folder.h"
+
+namespace jotlets {
+
+RestoreJob::RestoreJob(Files& files, const CodePage& ansi, TextView dataFolder, TextView backupsFolder,
+                       TextView name, TextView presentName)
+    : files_(files), data_(dataFolder), from_(Text(backupsFolder).append(name).append(u"\\")) {
+  if (!HasReadableData(files, ansi, from_)) {
+    Fail(u"the backup cannot be read");
+  } else if (!DataSetFiles(files, data_).empty()) {
+    const bool readable = HasReadableData(files, ansi, data_);
+    const Text kept = Text(backupsFolder).append(presentName).append(readable ? TextView() : kDamagedBackup);
+    keeping_.emplace(files, ansi, data_, kept,
+                     readable ? BackupJob::Demand::kReadable : BackupJob::Demand::kAsItIs);
+  }
+}
+
+int RestoreJob::Percent() const {
+  if (keeping_) return keeping_->Percent() / 2;
+  return 50 + PercentOf(removed_ + copied_, removals_.size() + names_.size()) / 2;
+}
+
+Job::State RestoreJob::Step(std::size_t mostFiles) {
+  if (state_ != State::kRunning) return state_;
+  if (keeping_ && !StepKeeping(mostFiles)) return state_;
+  if (!begun_) Begin(from_);
+  for (std::size_t count = 0; count < mostFiles; ++count) {
+    FileStatus status;
+    if (removed_ < removals_.size()) {
+      status = files_.Remove(removals_[removed_++]);
+    } else if (copied_ < names_.size()) {
+      status = PutOne(names_[copied_++]);
+    } else {
+      return state_ = goingBack_ ? State::kFailed : State::kDone;
+    }
+    // On the way back, as much as possible is put back.
+    if (!status && !goingBack_) return Fail(status.reason);
+  }
+  return state_;
+}
+
+// Whether the present state is safe.
+bool RestoreJob::StepKeeping(std::size_t mostFiles) {
+  const State kept = keeping_->Step(mostFiles);
+  if (kept == State::kFailed) Fail(u"the present state could not be kept: " + keeping_->Reason());
+  if (kept != State::kDone) return false;
+  keptFolder_ = keeping_->Folder() + u"\\";
+  keeping_.reset();
+  return true;
+}
+
+void RestoreJob::Begin(Text fromFolder) {
+  begun_ = true;
+  from_ = std::move(fromFolder);
+  names_ = DataSetFiles(files_, from_);
+  removals_.clear();
+  removed_ = copied_ = 0;
+  for (const auto& [folder, extension] : kContentFolders) {
+    const Text path = data_ + Text(folder);
+    for (const Text& name : files_.List(path, extension)) removals_.push_back(path + name);
+  }
+}
+
+// The data file is what makes everything else known: it is flushed to the disk and replaced in one step.
+FileStatus RestoreJob::PutOne(const Text& path) {
+  if (path != kDataFileName) return files_.Copy(from_ + path, data_ + path);
+  const FileContent content = files_.Read(from_ + path);
+  if (content.state != FileContent::State::kRead) return FileStatus::Failed(path + u": cannot be read");
+  return files_.Write(data_ + path, content.bytes);
+}
+
+Job::State RestoreJob::Fail(Text reason) {
+  if (reason_.empty()) reason_ = std::move(reason);
+  if (!begun_ || goingBack_ || keptFolder_.empty()) return state_ = State::kFailed;
+  goingBack_ = true;
+  Begin(keptFolder_);
+  return state_;
+}
+
+}  // namespace jotlets
