@@ -14,12 +14,6 @@ constexpr MarkerRow kPrefixes[] = {{u"m", CoordinateMarker::kMiddle},
                                    {u"br", CoordinateMarker::kBottomRight},
                                    {u"sc", CoordinateMarker::kCentre}};
 
-TextView TrimWhite(TextView text) {
-  const std::size_t first = text.find_first_not_of(u" \t");
-  if (first == TextView::npos) return {};
-  return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
-}
-
 std::int32_t Bounded(std::int64_t value) {
   return static_cast<std::int32_t>(
       std::clamp<std::int64_t>(value, -kFarthestCoordinate, kFarthestCoordinate));
@@ -49,7 +43,7 @@ bool IsLength(Coordinate extent) { return extent.marker == CoordinateMarker::kNo
 }  // namespace
 
 Coordinate ParseCoordinate(TextView text) {
-  text = TrimWhite(text);
+  text = TrimBlanks(text);
   if (text.ends_with(u'%')) return {CoordinateMarker::kPercent, ParseInt(text)};
   for (const MarkerRow& row : kPrefixes) {
     if (StartsWithIgnoreCase(text, row.prefix)) return {row.marker, ParseInt(text.substr(row.prefix.size()))};
