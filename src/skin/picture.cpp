@@ -37,19 +37,21 @@ void ChangeColours(std::vector<std::uint8_t>& pixels, Change change) {
 
 }  // namespace
 
-std::optional<Picture> DecodePng(std::string_view bytes) {
+std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels) {
   PngImage png;
   if (png_image_begin_read_from_memory(&png.image, bytes.data(), bytes.size()) == 0) return std::nullopt;
   const auto count = static_cast<std::int64_t>(png.image.width) * static_cast<std::int64_t>(png.image.height);
-  if (count <= 0 || count > kMostPicturePixels) return std::nullopt;
+  if (count <= 0 || count > mostPixels) return std::nullopt;
   png.image.format = PNG_FORMAT_BGRA;
   Picture picture;
   picture.size = {static_cast<std::int32_t>(png.image.width), static_cast<std::int32_t>(png.image.height)};
   picture.pixels.resize(static_cast<std::size_t>(count) * 4);
   if (png_image_finish_read(&png.image, nullptr, picture.pixels.data(), 0, nullptr) == 0) return std::nullopt;
-  ChangeColours(picture.pixels, Multiplied);
+  MultiplyByAlpha(picture.pixels);
   return picture;
 }
+
+void MultiplyByAlpha(std::vector<std::uint8_t>& pixels) { ChangeColours(pixels, Multiplied); }
 
 std::string EncodePng(const Picture& picture) {
   std::vector<std::uint8_t> straight = picture.pixels;
