@@ -18,6 +18,7 @@ inline constexpr TextView kActivityLogName = u"activity.log";
 inline constexpr TextView kRtfFolder = u"rtf\\";
 inline constexpr TextView kImagesFolder = u"images\\";
 inline constexpr TextView kBackupsFolder = u"backups\\";
+inline constexpr TextView kSkinsFolder = u"skins\\";
 inline constexpr TextView kDefaultRtfName = u"default.rtf";
 inline constexpr TextView kDefaultPngName = u"default.png";
 

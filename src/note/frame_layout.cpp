@@ -7,10 +7,6 @@ namespace {
 
 constexpr std::size_t kLongestShownTitle = 80;
 
-std::int32_t Scaled(std::int32_t length, std::int32_t dpi) {
-  return static_cast<std::int32_t>(static_cast<std::int64_t>(length) * std::max(dpi, 96) / 96);
-}
-
 // -1 near the low edge, 1 near the high edge, 0 between.
 int NearEdge(std::int32_t at, std::int32_t length, std::int32_t margin) {
   if (at < margin) return -1;
@@ -20,21 +16,10 @@ int NearEdge(std::int32_t at, std::int32_t length, std::int32_t margin) {
 // Row by row from the top left.
 constexpr FramePart kEdgeParts[3][3] = {
     {FramePart::kTopLeft, FramePart::kTop, FramePart::kTopRight},
-    {FramePart::kLeft, FramePart::kContent, FramePart::kRight},
+    {FramePart::kLeft, FramePart::kMove, FramePart::kRight},
     {FramePart::kBottomLeft, FramePart::kBottom, FramePart::kBottomRight}};
 
 }  // namespace
-
-FrameLayout LayOutFrame(Size window, std::int32_t dpi) {
-  const std::int32_t title = Scaled(kTitleHeight, dpi);
-  const std::int32_t margin = Scaled(kContentMargin, dpi);
-  FrameLayout layout;
-  layout.title = {0, 0, window.width, std::min(title, window.height)};
-  layout.closeButton = {std::max(window.width - title, 0), 0, window.width, layout.title.bottom};
-  layout.content = {margin, title, std::max(window.width - margin, margin),
-                    std::max(window.height - margin, title)};
-  return layout;
-}
 
 DraggedEdges EdgesOf(FramePart part) {
   for (int vertical = -1; vertical <= 1; ++vertical) {
@@ -45,20 +30,14 @@ DraggedEdges EdgesOf(FramePart part) {
   return {};
 }
 
-FramePart HitTestFrame(Point at, Size window, std::int32_t dpi) {
-  const std::int32_t margin = Scaled(kResizeMargin, dpi);
-  int horizontal = NearEdge(at.x, window.width, margin);
-  int vertical = NearEdge(at.y, window.height, margin);
-  if (horizontal != 0 || vertical != 0) {
-    // Along an edge, the stretch near its end takes both directions: corners are easier to hit.
-    const std::int32_t corner = Scaled(kCornerMargin, dpi);
-    if (horizontal == 0) horizontal = NearEdge(at.x, window.width, corner);
-    if (vertical == 0) vertical = NearEdge(at.y, window.height, corner);
-    return kEdgeParts[vertical + 1][horizontal + 1];
-  }
-  const FrameLayout layout = LayOutFrame(window, dpi);
-  if (layout.closeButton.Contains(at)) return FramePart::kClose;
-  return layout.title.Contains(at) ? FramePart::kTitle : FramePart::kContent;
+FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled) {
+  if (content.Contains(at)) return FramePart::kContent;
+  int horizontal = NearEdge(at.x, window.width, kResizeMargin);
+  int vertical = rolled ? 0 : NearEdge(at.y, window.height, kResizeMargin);
+  // Along an edge, the stretch near its end takes both directions: corners are easier to hit.
+  if (vertical != 0 && horizontal == 0) horizontal = NearEdge(at.x, window.width, kCornerMargin);
+  if (horizontal != 0 && vertical == 0 && !rolled) vertical = NearEdge(at.y, window.height, kCornerMargin);
+  return kEdgeParts[vertical + 1][horizontal + 1];
 }
 
 Size SafeSize(Size size, Size minimum) {

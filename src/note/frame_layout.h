@@ -1,4 +1,4 @@
-// The plain frame of a note window: a one-pixel border, a title bar with a close button, the content below.
+// The frame of a note window as the mouse meets it: moving, sizing from edges and corners.
 #pragma once
 
 #include <cstdint>
@@ -8,27 +8,16 @@
 
 namespace jotlets {
 
-/// Lengths at 96 dots per inch; scaled by the window's own resolution.
-inline constexpr std::int32_t kTitleHeight = 24;
+/// Widths in pixels at which an edge is taken hold of, and the stretch of it near a corner that takes both.
 inline constexpr std::int32_t kResizeMargin = 5;
 inline constexpr std::int32_t kCornerMargin = 12;
-inline constexpr std::int32_t kContentMargin = 6;
-inline constexpr Size kMinimumNoteSize{80, 40};
+/// No skin makes a note smaller than can be taken hold of.
+inline constexpr Size kMinimumNoteSize{40, 16};
 
-/// The parts of a note window of one size, in client pixels.
-struct FrameLayout {
-  Rect title;  // the drag area, the close button not counted out
-  Rect closeButton;
-  Rect content;
-};
-
-/// `dpi` 96 is the scale of the constants.
-FrameLayout LayOutFrame(Size window, std::int32_t dpi);
-
+/// The parts of a note window that the mouse takes hold of; skins say where the content lies.
 enum class FramePart {
   kContent,
-  kTitle,
-  kClose,
+  kMove,
   kLeft,
   kRight,
   kTop,
@@ -43,11 +32,13 @@ enum class FramePart {
 struct DraggedEdges {
   int horizontal = 0;
   int vertical = 0;
+  friend bool operator==(const DraggedEdges&, const DraggedEdges&) = default;
 };
 DraggedEdges EdgesOf(FramePart part);
 
-/// What lies under a point of the window.
-FramePart HitTestFrame(Point at, Size window, std::int32_t dpi);
+/// What lies under a point of the window, whose text area is `content`. The text goes before the edges, which
+/// a skin may make as narrow as it likes. A note that is rolled up is sized in its width alone.
+FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled);
 
 /// The size a window takes when it is asked for `size`: never below the minimum.
 Size SafeSize(Size size, Size minimum);

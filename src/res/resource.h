@@ -6,6 +6,10 @@
 #define IDI_JOTLETS_HIDDEN 3
 
 #define IDR_DEFAULT_RTF 10
+#define IDR_SKIN_TEXT 11
+#define IDR_SKIN_SHEET 12
+#define IDR_STACK_TEXT 13
+#define IDR_STACK_SHEET 14
 
 #define IDM_TRAY 100
 #define IDM_JOTLET 101

@@ -29,7 +29,7 @@ std::int32_t Resolve(Coordinate coordinate, std::int64_t length, std::int64_t th
     case CoordinateMarker::kTopLeft: return Bounded(value + thumbNear);
     case CoordinateMarker::kBottomRight: return Bounded(value + thumbFar);
     case CoordinateMarker::kCentre: return Bounded(value + thumbNear + (thumbFar - thumbNear) / 2);
-    case CoordinateMarker::kNone: break;
+    case CoordinateMarker::kPlain: break;
   }
   return Bounded(value < 0 ? value + length : value);
 }
@@ -38,7 +38,7 @@ Rect RectOf(Point corner, std::int64_t right, std::int64_t bottom) {
   return {corner.x, corner.y, std::max(corner.x, Bounded(right)), std::max(corner.y, Bounded(bottom))};
 }
 
-bool IsLength(Coordinate extent) { return extent.marker == CoordinateMarker::kNone && extent.value >= 0; }
+bool IsLength(Coordinate extent) { return extent.marker == CoordinateMarker::kPlain && extent.value >= 0; }
 
 }  // namespace
 
@@ -48,7 +48,7 @@ Coordinate ParseCoordinate(TextView text) {
   for (const MarkerRow& row : kPrefixes) {
     if (StartsWithIgnoreCase(text, row.prefix)) return {row.marker, ParseInt(text.substr(row.prefix.size()))};
   }
-  return {CoordinateMarker::kNone, ParseInt(text)};
+  return {CoordinateMarker::kPlain, ParseInt(text)};
 }
 
 std::int32_t ResolveX(Coordinate x, const CoordinateSpace& space) {

@@ -11,7 +11,7 @@ namespace jotlets {
 
 /// What a number of a skin is counted from.
 enum class CoordinateMarker : std::uint8_t {
-  kNone,         // the window's left or top; the right or bottom when negative
+  kPlain,         // the window's left or top; the right or bottom when negative
   kPercent,      // "50%": percent of the window
   kMiddle,       // "m-10": the window's middle
   kTopLeft,      // "tl2": the scroll thumb's left or top
@@ -20,7 +20,7 @@ enum class CoordinateMarker : std::uint8_t {
 };
 
 struct Coordinate {
-  CoordinateMarker marker = CoordinateMarker::kNone;
+  CoordinateMarker marker = CoordinateMarker::kPlain;
   std::int32_t value = 0;
   friend bool operator==(const Coordinate&, const Coordinate&) = default;
 };

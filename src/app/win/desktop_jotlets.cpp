@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "note/placement.h"
 
@@ -155,13 +156,19 @@ void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
                          jotlet.StoredRecord().id);
 }
 
-HFONT DesktopJotlets::TitleFont(std::int32_t dpi) {
-  UniqueFont& font = titleFonts_[dpi];
-  if (!font) {
-    font.reset(CreateFontW(-MulDiv(9, dpi, 72), 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0,
-                           0, CLEARTYPE_QUALITY, 0, L"Segoe UI"));
-  }
-  return font.get();
+Text DesktopJotlets::ShownTime(std::int32_t utc) {
+  return jotlets::ShownTime(utc == 0 ? clock_.Now().local : clock_.ToLocal(utc));
+}
+
+bool DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
+  log_.Write(kLogDetail, u"Setting skin:", name);
+  jotlet.SetSkin(name);
+  // The built-in skin has no file: shown for a name, it stands in for one that could not be loaded.
+  return name.empty() || !jotlet.Skin().path.empty();
+}
+
+void DesktopJotlets::RefreshSkins() {
+  for (const auto& jotlet : jotlets_) jotlet->RefreshSkin();
 }
 
 }  // namespace jotlets

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "app/note_saver.h"
+#include "app/win/program_skins.h"
+#include "base/clock.h"
 #include "note/win/jotlet.h"
 #include "ui/handle.h"
 
@@ -22,6 +23,7 @@ class DesktopOwner {
   virtual void NotifyListeners(TextView eventText, TextView id) = 0;
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
+  virtual Text StackName(std::int32_t number) const = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
@@ -29,7 +31,8 @@ class DesktopOwner {
 
 class DesktopJotlets final : public JotletOwner, public OpenNotes {
  public:
-  DesktopJotlets(DesktopOwner& owner, Files& files, Log& log) : owner_(owner), files_(files), log_(log) {}
+  DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, ProgramSkins& skins)
+      : owner_(owner), files_(files), clock_(clock), log_(log), skins_(skins) {}
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 
@@ -79,18 +82,27 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletMenu(BJotlet& jotlet, Point screen) override {
     owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }
-  HFONT TitleFont(std::int32_t dpi) override;
+  std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
+  SkinRenderer& Renderer() override { return skins_.Renderer(); }
+  Text ShownTime(std::int32_t utc) override;
+  Text StackName(std::int32_t number) override { return owner_.StackName(number); }
+
+  /// Shows a note in a skin and logs it, and whether the skin could be loaded.
+  bool SetSkin(BJotlet& jotlet, TextView name);
+  /// Every note takes its skin anew.
+  void RefreshSkins();
 
  private:
   DesktopOwner& owner_;
   Files& files_;
+  const Clock& clock_;
   Log& log_;
+  ProgramSkins& skins_;
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;
   std::unordered_map<Text, BJotlet*> byId_;  // by folded id
   // A note may be removed while one of its messages is being served; it then waits here.
   std::vector<std::unique_ptr<BJotlet>> removed_;
-  std::map<std::int32_t, UniqueFont> titleFonts_;
 };
 
 }  // namespace jotlets

@@ -51,7 +51,8 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       rescue_(rescue),
       accelerators_(resources.Accelerators(IDA_MAIN)),
       log_(files_, clock_),
-      desktop_(*this, files_, log_),
+      skins_(resources, files_, ansi_, log_),
+      desktop_(*this, files_, clock_, log_, skins_),
       saver_(files_, clock_, log_, options_, lists_, desktop_),
       maker_(files_, clock_, log_, options_, lists_, desktop_),
       commands_(*this, ansi_, log_),
@@ -83,11 +84,13 @@ bool CMainFrame::OnCreate() {
   commands_.SetWindow(Handle());
   policy_ = ReadPolicy(RegistryPolicy(), log_);
   if (!FindDataFolder()) return false;
+  skins_.Open(folder_);
   bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
   if (firstRun && OfferBackups()) firstRun = false;
   if (exiting_) return false;
-  if (firstRun) ProvideFirstRun();
   LoadOptions();
+  skins_.SetDefault(EffectiveOptions().skin);
+  if (firstRun) ProvideFirstRun();
   log_.Open(folder_ + Text(kActivityLogName), options_.debug);
   backups_.Open(folder_);
   if (!firstRun && !LoadJotlets()) return false;
@@ -407,6 +410,13 @@ void CMainFrame::OnCloseWanted(const Text& id) {
   const Text wanted = id;
   if (!CloseJotlet(wanted, u"user") && FindJotlet(wanted) != nullptr)
     Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
+}
+
+Text CMainFrame::StackName(std::int32_t number) const {
+  for (const StackRecord& stack : lists_.stacks) {
+    if (stack.number == number) return stack.title;
+  }
+  return {};
 }
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }

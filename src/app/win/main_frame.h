@@ -95,6 +95,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void OnEndSession(bool ending);
 
   void OnCloseWanted(const Text& id) override;
+  Text StackName(std::int32_t number) const override;
   void ShowJotletMenu(const Text& id, Point screen) override;
   void PurgeSoon() override;
 
@@ -124,6 +125,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   Options options_;
   Policy policy_;
   JotletLists lists_;
+  ProgramSkins skins_;
   DesktopJotlets desktop_;
   NoteSaver saver_;
   JotletMaker maker_;

@@ -1,6 +1,7 @@
 #include "app/win/restore_dialog.h"
 
 #include "app/win/user_messages.h"
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
 
@@ -8,17 +9,6 @@ namespace jotlets {
 namespace {
 
 constexpr int kTabStops[] = {90, 145};  // dialog units: the number of notes and the size
-
-// The user's own form of date and time.
-Text ShownTime(const LocalTime& t) {
-  const auto word = [](int value) { return static_cast<WORD>(value); };
-  const SYSTEMTIME time{word(t.year), word(t.month), 0, word(t.day), word(t.hour), word(t.minute), 0, 0};
-  wchar_t date[80] = {};
-  wchar_t clock[80] = {};
-  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, date, 80, nullptr);
-  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, clock, 80);
-  return Text(FromWide(date)) + u" " + Text(FromWide(clock));
-}
 
 Text ShownSize(std::uint64_t bytes) {
   constexpr std::uint64_t kKilo = 1024;

@@ -1,11 +1,13 @@
 #include "note/win/edit.h"
 
+#include <commctrl.h>
 #include <richedit.h>
 
 #include <algorithm>
 #include <cstring>
 
 #include "base/win/wide.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -51,23 +53,91 @@ bool StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
   SendMessageW(edit, EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
   SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
   SendMessageW(edit, EM_SETEVENTMASK, 0, events);
+  SendMessageW(edit, EM_REQUESTRESIZE, 0, 0);
   return stream.dwError == 0;
 }
 
 }  // namespace
 
-bool BEdit::Create(HWND parent, const Rect& bounds, Colour background, bool readOnly) {
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
-                      (readOnly ? ES_READONLY : 0u);
+BEdit::~BEdit() {
+  if (edit_ != nullptr) RemoveWindowSubclass(edit_, Watch, 0);
+}
+
+bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatcher& watcher) {
+  const DWORD style = WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
+                      (look.scrollbar ? WS_VSCROLL : 0u) | (look.readOnly ? ES_READONLY : 0u);
   edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"", style, bounds.left, bounds.top, bounds.Width(),
                           bounds.Height(), parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)),
                           GetModuleHandleW(nullptr), nullptr);
   if (edit_ == nullptr) return false;
+  watcher_ = &watcher;
+  look_ = look;
+  SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
   SetDefaultFont(edit_);
-  SetBackground(background);
+  SetBackground(look.background);
   SendMessageW(edit_, EM_EXLIMITTEXT, 0, kLongestText);
-  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE);
+  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_REQUESTRESIZE);
   return true;
+}
+
+void BEdit::Recreate(const Look& look) {
+  const HWND former = edit_;
+  const HWND parent = GetParent(former);
+  const bool focus = GetFocus() == former;
+  RECT bounds{};
+  GetWindowRect(former, &bounds);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
+  const std::string rtf = Rtf();
+  const Point scroll = ScrollPosition();
+  RemoveWindowSubclass(former, Watch, 0);
+  if (!Create(parent, FromRECT(bounds), look, *watcher_)) {
+    edit_ = former;
+    SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
+    return;
+  }
+  SetRtf(rtf);
+  SetScrollPosition(scroll);
+  if (focus) SetFocus(edit_);
+  DestroyWindow(former);
+}
+
+LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                              DWORD_PTR object) noexcept {
+  auto& self = *reinterpret_cast<BEdit*>(object);
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(edit, Watch, 0);
+    self.edit_ = nullptr;
+    return DefSubclassProc(edit, message, wParam, lParam);
+  }
+  const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
+  try {
+    if (message == WM_PAINT) self.watcher_->OnEditScrolled();
+    if (message == WM_MOUSEMOVE && !self.trackingMouse_) {
+      TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, edit, 0};
+      self.trackingMouse_ = TrackMouseEvent(&track) != 0;
+      self.watcher_->OnEditMouse();
+    } else if (message == WM_MOUSELEAVE) {
+      self.trackingMouse_ = false;
+      self.watcher_->OnEditMouse();
+    }
+  } catch (const std::bad_alloc&) {
+    OutputDebugStringW(L"out of memory");
+  }
+  return result;
+}
+
+void BEdit::OnNotify(const NMHDR& header) {
+  if (header.code != EN_REQUESTRESIZE) return;
+  const RECT& wanted = reinterpret_cast<const REQRESIZE&>(header).rc;
+  textHeight_ = static_cast<std::int32_t>(wanted.bottom - wanted.top);
+  watcher_->OnEditScrolled();
+}
+
+void BEdit::Show(bool shown) { ShowWindow(edit_, shown ? SW_SHOWNA : SW_HIDE); }
+
+void BEdit::SetReadOnly(bool readOnly) {
+  look_.readOnly = readOnly;
+  SendMessageW(edit_, EM_SETREADONLY, readOnly, 0);
 }
 
 bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(edit_, SF_RTF, rtf); }
@@ -110,12 +180,14 @@ Text BEdit::TextStart(std::int32_t most) const {
 }
 
 void BEdit::SetBackground(Colour colour) {
+  look_.background = colour;
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(RGB(colour.r, colour.g, colour.b)));
 }
 
 void BEdit::SetBounds(const Rect& bounds) {
   SetWindowPos(edit_, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);
+  SendMessageW(edit_, EM_REQUESTRESIZE, 0, 0);
 }
 
 Point BEdit::ScrollPosition() const {

@@ -8,31 +8,14 @@
 #include "data/loading.h"
 #include "data/rtf_bytes.h"
 #include "note/opacity.h"
+#include "note/win/note_words.h"
 
 namespace jotlets {
 namespace {
 
 // How far into the text the first line that can serve as a title is looked for.
 constexpr std::int32_t kTitleSearch = 256;
-
-COLORREF Shade(Colour colour, int percent) {
-  const auto part = [percent](int value) {
-    return static_cast<BYTE>(std::clamp(value * percent / 100, 0, 255));
-  };
-  return RGB(part(colour.r), part(colour.g), part(colour.b));
-}
-
-// Black or white, whichever is read better on the colour (weights of perceived brightness).
-COLORREF ReadableOn(Colour colour) {
-  const int brightness = (colour.r * 299 + colour.g * 587 + colour.b * 114) / 1000;
-  return brightness >= 128 ? RGB(40, 40, 40) : RGB(245, 245, 245);
-}
-
-void Fill(HDC dc, const Rect& area, COLORREF colour) {
-  const RECT rect = ToRECT(area);
-  SetDCBrushColor(dc, colour);
-  FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
+constexpr std::int32_t kScrollStep = 16;  // pixels, of one click on a scroll button
 
 LPCWSTR CursorOf(FramePart part) {
   const DraggedEdges edges = EdgesOf(part);
@@ -51,21 +34,61 @@ Point MousePosition() {
 }  // namespace
 
 bool BJotlet::CreateWindowFor() {
-  const Rect bounds{record_.x, record_.y, record_.x + record_.width, record_.y + record_.height};
+  skin_ = owner_.SkinOf(record_.skin);
+  const bool rolled = record_.rolled && skin_->data.rolledHeight > 0;
+  const std::int32_t height = rolled ? skin_->data.rolledHeight : record_.height;
+  const Rect bounds{record_.x, record_.y, record_.x + record_.width, record_.y + height};
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
   if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
-  ApplyOpacity();
-  if (!record_.IsImage()) {
-    edit_.Create(Handle(), LayOutFrame(ClientSize(), Dpi()).content, record_.colour, record_.readOnly);
-  }
+  if (!record_.IsImage()) edit_.Create(Handle(), {}, EditLook(), *this);
+  ApplySkin();
   return true;
 }
 
+BEdit::Look BJotlet::EditLook() const {
+  return {PaperColour(skin_->data, record_.colour), record_.readOnly, !skin_->data.useScrollbar};
+}
+
+// Everything that follows from the skin anew.
+void BJotlet::ApplySkin() {
+  tooltip_.Forget();
+  ApplyOpacity();
+  if (edit_.Handle() != nullptr) {
+    const BEdit::Look look = EditLook();
+    if (edit_.MadeWith().scrollbar != look.scrollbar) edit_.Recreate(look);
+    edit_.SetBackground(look.background);
+  }
+  OnSize();
+}
+
+void BJotlet::SetSkin(TextView name) {
+  record_.skin = name;
+  RefreshSkin();
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::RefreshSkin() {
+  const JotletData& before = Record();
+  skin_ = owner_.SkinOf(record_.skin);
+  const std::int32_t rolledHeight = skin_->data.rolledHeight;
+  const Size least = SmallestSize();
+  const bool rolled = before.rolled && rolledHeight > 0;
+  SetWindowPos(Handle(), nullptr, 0, 0, std::max(before.width, least.width),
+               rolled ? rolledHeight : std::max(before.height, least.height),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  ApplySkin();
+}
+
+Size BJotlet::SmallestSize() const { return SafeSize(MinimumSize(skin_->data), kMinimumNoteSize); }
+
 void BJotlet::ApplyOpacity() {
-  SetLayeredWindowAttributes(Handle(), 0, AlphaOfOpacity(record_.transparency), LWA_ALPHA);
+  const std::optional<Colour>& key = skin_->data.transparent;
+  SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0,
+                             AlphaOfOpacity(record_.transparency),
+                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
 }
 
 void BJotlet::LoadContent(std::string_view bytes) {
@@ -94,7 +117,8 @@ JotletData& BJotlet::Record() {
     record_.x = bounds.left;
     record_.y = bounds.top;
     record_.width = bounds.Width();
-    record_.height = bounds.Height();
+    // Rolled up, it keeps the height that it will unroll to.
+    if (!view_.rolled) record_.height = bounds.Height();
     if (!record_.IsImage()) record_.scroll = edit_.ScrollPosition();
   }
   return record_;
@@ -131,9 +155,52 @@ void BJotlet::SetTitle(TextView title) {
 
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
-  edit_.SetBackground(colour);
-  InvalidateRect(Handle(), nullptr, FALSE);
+  if (edit_.Handle() != nullptr) edit_.SetBackground(PaperColour(skin_->data, colour));
+  UpdateView();
   owner_.OnJotletChanged();
+}
+
+void BJotlet::SetRolled(bool rolled) {
+  if (record_.rolled == rolled) return;
+  Record();
+  record_.rolled = rolled;
+  const std::int32_t rolledHeight = skin_->data.rolledHeight;
+  const std::int32_t height = rolled && rolledHeight > 0 ? rolledHeight : record_.height;
+  // Known before the window is sized, so that its new height is not taken for the unrolled one.
+  view_.rolled = rolled && rolledHeight > 0;
+  SetWindowPos(Handle(), nullptr, 0, 0, record_.width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  OnSize();
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::SetOnTop(bool onTop) {
+  record_.onTop = onTop;
+  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  UpdateView();
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::SetReadOnly(bool readOnly) {
+  record_.readOnly = readOnly;
+  if (edit_.Handle() != nullptr) edit_.SetReadOnly(readOnly);
+  UpdateView();
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::DoAction(ActionCode action, Point) {
+  const std::int32_t page = Scrolled().page;
+  switch (action) {
+    case kActionClose: owner_.OnJotletClose(*this); break;
+    case kActionOnTop: SetOnTop(!record_.onTop); break;
+    case kActionRoll: SetRolled(!record_.rolled); break;
+    case kActionLock: SetReadOnly(!record_.readOnly); break;
+    case kActionScrollUp: ScrollBy(-kScrollStep); break;
+    case kActionScrollDown: ScrollBy(kScrollStep); break;
+    case kActionPageUp: ScrollBy(-page); break;
+    case kActionPageDown: ScrollBy(page); break;
+    default: break;
+  }
 }
 
 bool BJotlet::SetPlainText(TextView text) {
@@ -176,11 +243,18 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: return OnPaint();
     case WM_SETCURSOR:
-      return LOWORD(lParam) == HTCLIENT ? OnSetCursor(lParam) : Default(message, wParam, lParam);
+      if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != Handle()) break;
+      return OnSetCursor();
+    case WM_NOTIFY: {
+      const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+      if (header.hwndFrom != nullptr && header.hwndFrom == edit_.Handle()) edit_.OnNotify(header);
+      return 0;
+    }
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: OnButtonDown(PointOf(lParam)); return 0;
-    case WM_MOUSEMOVE: OnMouseMove(); return 0;
+    case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
+    case WM_MOUSELEAVE: OnMouseLeave(); return 0;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_RBUTTONUP: OnContextMenu(PointOf(lParam)); return 0;
@@ -189,60 +263,33 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS: OnFocus(false); return 0;
     case WM_CLOSE: owner_.OnJotletClose(*this); return 0;
     case WM_DPICHANGED: OnDpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
-    default: return Default(message, wParam, lParam);
+    default: break;
   }
+  return Default(message, wParam, lParam);
 }
 
 LRESULT BJotlet::OnPaint() {
   PAINTSTRUCT paint{};
   const HDC dc = BeginPaint(Handle(), &paint);
-  const Size size = ClientSize();
-  const UniqueDc memory(CreateCompatibleDC(dc));
-  const UniqueBitmap buffer(CreateCompatibleBitmap(dc, std::max(size.width, 1), std::max(size.height, 1)));
-  const Selected selected(memory.get(), buffer.get());
-  PaintFrame(memory.get(), size);
-  const RECT& part = paint.rcPaint;
-  BitBlt(dc, part.left, part.top, part.right - part.left, part.bottom - part.top, memory.get(), part.left,
-         part.top, SRCCOPY);
+  const NoteWords words(owner_, record_, shownTitle_, view_.window);
+  PictureInlay inlay;
+  if (picture_.IsLoaded()) inlay = {&picture_, TextArea(skin_->data, view_)};
+  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, inlay);
   EndPaint(Handle(), &paint);
   return 0;
 }
 
-void BJotlet::PaintFrame(HDC dc, Size size) {
-  const FrameLayout layout = LayOutFrame(size, Dpi());
-  Fill(dc, {0, 0, size.width, size.height}, Shade(record_.colour, 72));
-  Fill(dc, {1, 1, size.width - 1, size.height - 1}, Shade(record_.colour, 100));
-  PaintTitle(dc, layout);
-  picture_.Draw(dc, layout.content);
+FramePart BJotlet::PartAt(Point at) const {
+  return HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled);
 }
 
-void BJotlet::PaintTitle(HDC dc, const FrameLayout& layout) {
-  const COLORREF ink = ReadableOn(record_.colour);
-  Rect bar = layout.title;
-  bar = {bar.left + 1, bar.top + 1, bar.right - 1, bar.bottom};
-  Fill(dc, bar, Shade(record_.colour, hasFocus_ ? 84 : 93));
-  const Selected font(dc, owner_.TitleFont(Dpi()));
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, ink);
-  RECT text{layout.content.left, bar.top, layout.closeButton.left, bar.bottom};
-  DrawTextW(dc, Wide(shownTitle_), static_cast<int>(shownTitle_.size()), &text,
-            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
-  const Rect& button = layout.closeButton;
-  const std::int32_t inset = button.Height() * 3 / 8;
-  const UniquePen pen(CreatePen(PS_SOLID, std::max(Dpi() / 96, 1), ink));
-  const Selected penSelected(dc, pen.get());
-  MoveToEx(dc, button.left + inset, button.top + inset, nullptr);
-  LineTo(dc, button.right - inset + 1, button.bottom - inset + 1);
-  MoveToEx(dc, button.left + inset, button.bottom - inset, nullptr);
-  LineTo(dc, button.right - inset + 1, button.top + inset - 1);
-}
-
-LRESULT BJotlet::OnSetCursor(LPARAM) {
+LRESULT BJotlet::OnSetCursor() {
   POINT at{};
   GetCursorPos(&at);
   ScreenToClient(Handle(), &at);
   const Point point{static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
-  SetCursor(LoadCursorW(nullptr, CursorOf(HitTestFrame(point, ClientSize(), Dpi()))));
+  const bool button = ButtonAt(skin_->data, view_, point) != kNoElement;
+  SetCursor(LoadCursorW(nullptr, button ? IDC_ARROW : CursorOf(PartAt(point))));
   return TRUE;
 }
 
@@ -255,46 +302,106 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
 }
 
 void BJotlet::OnButtonDown(Point at) {
-  SetFocus(record_.IsImage() ? Handle() : edit_.Handle());
-  dragPart_ = HitTestFrame(at, ClientSize(), Dpi());
-  if (dragPart_ == FramePart::kContent) return;
-  SetCapture(Handle());
-  if (dragPart_ == FramePart::kClose) {
-    closePressed_ = true;
-    return;
-  }
-  drag_ = dragPart_ == FramePart::kTitle ? Drag::kMoving : Drag::kSizing;
+  SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
+  pressedButton_ = ButtonAt(skin_->data, view_, at);
+  dragPart_ = PartAt(at);
   dragStart_ = MousePosition();
   dragBounds_ = Bounds();
+  if (pressedButton_ != kNoElement) {
+    drag_ = Drag::kButton;
+  } else if (BeginScrolling(at)) {
+    drag_ = Drag::kThumb;
+  } else if (dragPart_ == FramePart::kContent && !record_.IsImage()) {
+    return;
+  } else {
+    drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
+  }
+  SetCapture(Handle());
 }
 
-void BJotlet::OnMouseMove() {
-  if (drag_ == Drag::kIdle) return;
+// A press on the track beside the thumb turns a page.
+bool BJotlet::BeginScrolling(Point at) {
+  if (!view_.states.Has(SkinState::kScrollbarRequired)) return false;
+  if (!ScrollTrack(skin_->data, view_.window).Contains(at)) return false;
+  if (at.y < view_.thumb.top) ScrollBy(-Scrolled().page);
+  if (at.y >= view_.thumb.bottom) ScrollBy(Scrolled().page);
+  dragBounds_ = view_.thumb;
+  return true;
+}
+
+void BJotlet::OnMouseMove(Point at) {
+  if (!trackingMouse_) {
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+    trackingMouse_ = TrackMouseEvent(&track) != 0;
+  }
+  mouseOver_ = true;
+  hotButton_ = ButtonAt(skin_->data, view_, at);
+  UpdateView();
+  OfferTooltip(at);
   const Point mouse = MousePosition();
   const Point offset{mouse.x - dragStart_.x, mouse.y - dragStart_.y};
-  Rect bounds = dragBounds_;
-  if (drag_ == Drag::kMoving) {
-    bounds = {bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x,
-              bounds.bottom + offset.y};
-  } else {
-    bounds = SizedBounds(dragBounds_, dragPart_, offset, kMinimumNoteSize);
+  switch (drag_) {
+    case Drag::kIdle:
+    case Drag::kButton: break;
+    case Drag::kThumb:
+      edit_.SetScrollPosition(
+          {edit_.ScrollPosition().x,
+           ScrollPositionAt(dragBounds_.top + offset.y, ScrollTrack(skin_->data, view_.window),
+                            skin_->data.minimumThumbTrackHeight, Scrolled())});
+      break;
+    case Drag::kMoving:
+      Place({dragBounds_.left + offset.x, dragBounds_.top + offset.y, dragBounds_.right + offset.x,
+             dragBounds_.bottom + offset.y});
+      break;
+    case Drag::kSizing: {
+      Size least = SmallestSize();
+      // Its height is not the user's to change while it is rolled up.
+      if (view_.rolled) least.height = dragBounds_.Height();
+      Place(SizedBounds(dragBounds_, dragPart_, offset, least));
+      break;
+    }
   }
+}
+
+void BJotlet::Place(const Rect& bounds) {
   if (bounds == Bounds()) return;
   SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void BJotlet::OfferTooltip(Point at) {
+  const SkinData& skin = skin_->data;
+  if (!skin.titleTooltip || !skin.titlebar || shownTitle_.empty()) return;
+  const Rect area = ResolveCorners(*skin.titlebar, {view_.window, {}});
+  if (area.Contains(at)) tooltip_.Offer(Handle(), skin, area, shownTitle_);
+}
+
+void BJotlet::OnMouseLeave() {
+  trackingMouse_ = false;
+  hotButton_ = kNoElement;
+  OnEditMouse();
+}
+
+// The mouse leaves the frame when it comes over the editor, but is still over the note.
+void BJotlet::OnEditMouse() {
+  const Point mouse = MousePosition();
+  const HWND under = WindowFromPoint({mouse.x, mouse.y});
+  mouseOver_ = under != nullptr && (under == Handle() || under == edit_.Handle());
+  UpdateView();
+}
+
 void BJotlet::OnButtonUp(Point at) {
-  const bool close = closePressed_ && HitTestFrame(at, ClientSize(), Dpi()) == FramePart::kClose;
+  const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
   ReleaseCapture();
-  if (close) owner_.OnJotletClose(*this);
+  if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
+    DoAction(skin_->data.elements[button].action, at);
 }
 
 // Also reached when the capture is taken away in the middle of a drag.
 void BJotlet::EndDrag() {
-  closePressed_ = false;
   const Drag ended = std::exchange(drag_, Drag::kIdle);
-  if (ended == Drag::kIdle || Bounds() == dragBounds_) return;
+  const bool placed = ended == Drag::kMoving || ended == Drag::kSizing;
+  if (!placed || Bounds() == dragBounds_) return;
   owner_.OnJotletChanged();
   if (ended == Drag::kMoving) {
     owner_.OnJotletMoved(*this);
@@ -304,38 +411,119 @@ void BJotlet::EndDrag() {
 }
 
 void BJotlet::OnSize() {
-  if (edit_.Handle() != nullptr) edit_.SetBounds(LayOutFrame(ClientSize(), Dpi()).content);
+  UpdateView();
+  if (edit_.Handle() != nullptr) {
+    edit_.Show(!view_.rolled);
+    if (!view_.rolled) edit_.SetBounds(TextArea(skin_->data, view_));
+  }
+  UpdateView();
+  ApplyRegion();
   InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void BJotlet::ApplyRegion() {
+  const HRGN region = MakeSkinRegion(skin_->data, view_.window);
+  // The window takes the region over.
+  if (region != nullptr || hasRegion_) SetWindowRgn(Handle(), region, TRUE);
+  hasRegion_ = region != nullptr;
 }
 
 void BJotlet::OnFocus(bool gained) {
   // The editor tells of its own focus; the frame only passes the focus on to it.
-  if (gained && edit_.Handle() != nullptr && GetFocus() == Handle()) {
+  if (gained && edit_.Handle() != nullptr && !view_.rolled && GetFocus() == Handle()) {
     SetFocus(edit_.Handle());
     return;
   }
   if (hasFocus_ == gained) return;
   hasFocus_ = gained;
-  InvalidateRect(Handle(), nullptr, FALSE);
+  UpdateView();
   owner_.OnJotletFocus(*this, gained);
 }
 
 void BJotlet::OnContextMenu(Point at) {
-  if (HitTestFrame(at, ClientSize(), Dpi()) != FramePart::kContent || record_.IsImage()) {
-    owner_.OnJotletMenu(*this, MousePosition());
-  }
+  if (PartAt(at) != FramePart::kContent || record_.IsImage()) owner_.OnJotletMenu(*this, MousePosition());
 }
 
-void BJotlet::OnDpiChanged(const RECT& suggested) {
-  const Rect bounds = FromRECT(suggested);
-  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
+void BJotlet::OnDpiChanged(const RECT& suggested) { Place(FromRECT(suggested)); }
 
 Size BJotlet::ClientSize() const {
   RECT client{};
   GetClientRect(Handle(), &client);
   return {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
+}
+
+ScrollState BJotlet::Scrolled() const {
+  if (edit_.Handle() == nullptr) return {};
+  return {edit_.ScrollPosition().y, TextArea(skin_->data, view_).Height(), edit_.TextHeight()};
+}
+
+void BJotlet::ScrollBy(std::int32_t pixels) {
+  const ScrollState scroll = Scrolled();
+  const std::int32_t last = std::max(scroll.range - scroll.page, 0);
+  edit_.SetScrollPosition({edit_.ScrollPosition().x, std::clamp(scroll.position + pixels, 0, last)});
+  UpdateView();
+}
+
+void BJotlet::OnEditScrolled() {
+  // Without a scroll bar of the skin's own, nothing that it shows follows the text.
+  if (skin_->data.useScrollbar && Handle() != nullptr) UpdateView();
+}
+
+SkinStates BJotlet::States() const {
+  SkinStates states;
+  states.Set(SkinState::kOnTop, record_.onTop);
+  states.Set(SkinState::kReadOnly, record_.readOnly);
+  states.Set(SkinState::kAlarm, record_.alarm > 0);
+  states.Set(SkinState::kAttached, record_.IsAttached());
+  states.Set(SkinState::kTransmit, !record_.lastSend.empty());
+  states.Set(SkinState::kInStack, record_.stack >= 0);
+  states.Set(SkinState::kSleeping, record_.sleeping);
+  states.Set(SkinState::kRecurring, record_.recurring);
+  states.Set(SkinState::kGhost, record_.ghost);
+  states.Set(SkinState::kTitle, !shownTitle_.empty());
+  states.Set(SkinState::kImage, record_.IsImage());
+  states.Set(SkinState::kStang, record_.stang);
+  states.Set(SkinState::kUser1, record_.user1);
+  states.Set(SkinState::kUser2, record_.user2);
+  states.Set(SkinState::kUser3, record_.user3);
+  return states;
+}
+
+void BJotlet::UpdateView() {
+  const SkinData& skin = skin_->data;
+  const SkinView before = view_;
+  view_.window = ClientSize();
+  view_.colour = record_.colour;
+  view_.rolled = record_.rolled && skin.rolledHeight > 0;
+  view_.focus = hasFocus_;
+  view_.mouseOver = mouseOver_;
+  view_.hotButton = hotButton_;
+  view_.states = States();
+  view_.thumb = {};
+  if (IsScrollbarRequired(skin, view_, Scrolled())) {
+    view_.states.Set(SkinState::kScrollbarRequired, true);
+    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, Scrolled());
+  }
+  if (view_ != before) Invalidate(before);
+}
+
+// What changes most often, the button under the mouse and the thumb, changes little of the window.
+void BJotlet::Invalidate(const SkinView& before) {
+  SkinView rest = before;
+  rest.hotButton = view_.hotButton;
+  rest.thumb = view_.thumb;
+  if (rest != view_) {
+    InvalidateRect(Handle(), nullptr, FALSE);
+    return;
+  }
+  for (const std::size_t button : {before.hotButton, view_.hotButton}) {
+    if (button >= skin_->data.elements.size()) continue;
+    const RECT area = ToRECT(ElementRect(skin_->data.elements[button], view_));
+    InvalidateRect(Handle(), &area, FALSE);
+  }
+  if (before.thumb == view_.thumb) return;
+  const RECT beside{TextArea(skin_->data, view_).right, 0, view_.window.width, view_.window.height};
+  InvalidateRect(Handle(), &beside, FALSE);
 }
 
 void BJotlet::ContentChanged() {

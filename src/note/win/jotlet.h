@@ -1,5 +1,4 @@
-// A note on the desktop: a borderless window with a plain frame, holding its record and its editor or
-// picture.
+// A note on the desktop: a borderless window drawn by its skin, holding its record and its editor or picture.
 #pragma once
 
 #include <string_view>
@@ -11,6 +10,8 @@
 #include "note/frame_layout.h"
 #include "note/win/edit.h"
 #include "note/win/jotlet_owner.h"
+#include "note/win/title_tooltip.h"
+#include "skin/skin_layout.h"
 #include "skin/win/picture_bitmap.h"
 #include "ui/window.h"
 
@@ -18,7 +19,7 @@ namespace jotlets {
 
 inline constexpr wchar_t kJotletClass[] = L"BraskJotletNote";
 
-class BJotlet final : public Window {
+class BJotlet final : public Window, private EditWatcher {
  public:
   /// `record` has a place and a size; `owner` outlives the note.
   BJotlet(JotletOwner& owner, JotletData record) : owner_(owner), record_(std::move(record)) {}
@@ -50,6 +51,17 @@ class BJotlet final : public Window {
   Text Rtf() const;
   void SetTitle(TextView title);
   void SetColour(Colour colour);
+  /// Shows the note in the skin of a name, empty for the default one.
+  void SetSkin(TextView name);
+  /// Takes its skin anew, after the default one or the files have changed.
+  void RefreshSkin();
+  const LoadedSkin& Skin() const { return *skin_; }
+  void SetRolled(bool rolled);
+  void SetOnTop(bool onTop);
+  void SetReadOnly(bool readOnly);
+  /// Carries out the command of an action code; `at` is the place of the click in client pixels. Codes that
+  /// are no command of a note do nothing.
+  void DoAction(ActionCode action, Point at);
   bool SetPlainText(TextView text);
   bool SetRtf(TextView rtf);
   void MoveTo(Point position);
@@ -58,41 +70,62 @@ class BJotlet final : public Window {
   void TakeFocus();
 
  private:
-  enum class Drag { kIdle, kMoving, kSizing };
+  enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnPaint();
-  LRESULT OnSetCursor(LPARAM lParam);
+  LRESULT OnSetCursor();
   LRESULT OnControl(UINT control, UINT notification);
   void OnButtonDown(Point at);
-  void OnMouseMove();
+  void OnMouseMove(Point at);
+  void OnMouseLeave();
+  void Place(const Rect& bounds);
+  void OfferTooltip(Point at);
   void OnButtonUp(Point at);
   void EndDrag();
   void OnSize();
   void OnFocus(bool gained);
   void OnContextMenu(Point at);
   void OnDpiChanged(const RECT& suggested);
+  void OnEditScrolled() override;
+  void OnEditMouse() override;
 
   Size ClientSize() const;
-  void PaintFrame(HDC dc, Size size);
-  void PaintTitle(HDC dc, const FrameLayout& layout);
+  Size SmallestSize() const;
+  BEdit::Look EditLook() const;
+  FramePart PartAt(Point at) const;
+  bool BeginScrolling(Point at);
+  void ScrollBy(std::int32_t pixels);
+  ScrollState Scrolled() const;
+  SkinStates States() const;
+  void UpdateView();
+  void Invalidate(const SkinView& before);
+  void ApplySkin();
+  void ApplyRegion();
   void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();
 
   JotletOwner& owner_;
   JotletData record_;
+  std::shared_ptr<const LoadedSkin> skin_;
+  SkinView view_;
   BEdit edit_;
   PictureBitmap picture_;
+  TitleTooltip tooltip_;
   Text shownTitle_;
   bool contentChanged_ = false;
   bool keepOldContent_ = false;
   bool hasFocus_ = false;
+  bool hasRegion_ = false;
+  bool mouseOver_ = false;
+  bool trackingMouse_ = false;
+  std::size_t hotButton_ = kNoElement;
   Drag drag_ = Drag::kIdle;
   FramePart dragPart_ = FramePart::kContent;
-  bool closePressed_ = false;
+  std::size_t pressedButton_ = kNoElement;
   Point dragStart_;  // mouse position on the screen at the press
-  Rect dragBounds_;  // the window at the press
+  Rect dragBounds_;  // the window at the press, or the thumb in client pixels
 };
 
 }  // namespace jotlets

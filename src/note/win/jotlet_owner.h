@@ -3,7 +3,11 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "base/geometry.h"
+#include "note/actions.h"
+#include "skin/win/skin_renderer.h"
 
 namespace jotlets {
 
@@ -22,8 +26,13 @@ class JotletOwner {
   virtual void OnJotletClose(BJotlet& jotlet) = 0;
   virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
 
-  /// The font of title bars at a resolution; the owner keeps it.
-  virtual HFONT TitleFont(std::int32_t dpi) = 0;
+  /// The skin of a name, or the default one for an empty name; never null.
+  virtual std::shared_ptr<const LoadedSkin> SkinOf(TextView name) = 0;
+  virtual SkinRenderer& Renderer() = 0;
+  /// A time in the user's own form, from seconds since 1970 UTC; now for 0.
+  virtual Text ShownTime(std::int32_t utc) = 0;
+  /// The name of a stack, empty for none.
+  virtual Text StackName(std::int32_t number) = 0;
 };
 
 }  // namespace jotlets

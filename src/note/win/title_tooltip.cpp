@@ -1,0 +1,55 @@
+#include "note/win/title_tooltip.h"
+
+#include <commctrl.h>
+
+#include "base/win/wide.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kDefaultPoints = 8;
+
+TOOLINFOW ToolOf(HWND window, const Rect& area, Text& title) {
+  TOOLINFOW tool{};
+  // The size of the oldest form, which every version of the control takes.
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.uFlags = TTF_SUBCLASS;
+  tool.hwnd = window;
+  tool.rect = ToRECT(area);
+  tool.lpszText = WideBuffer(title);
+  return tool;
+}
+
+}  // namespace
+
+void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title) {
+  if (tooltip_ == nullptr) {
+    tooltip_ =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0,
+                        0, 0, 0, window, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (tooltip_ == nullptr) return;
+    title_ = title;
+    TOOLINFOW tool = ToolOf(window, area, title_);
+    SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    const std::int32_t points = skin.tooltipFontSize > 0 ? skin.tooltipFontSize : kDefaultPoints;
+    font_.reset(CreateFontW(-MulDiv(points, static_cast<int>(GetDpiForWindow(window)), 72), 0, 0, 0,
+                            FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0,
+                            skin.tooltipFontName.empty() ? L"Segoe UI" : Wide(skin.tooltipFontName)));
+    SendMessageW(tooltip_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+    return;
+  }
+  if (title == title_) return;
+  title_ = title;
+  TOOLINFOW tool = ToolOf(window, area, title_);
+  SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tooltip_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void TitleTooltip::Forget() {
+  if (tooltip_ != nullptr) DestroyWindow(tooltip_);
+  tooltip_ = nullptr;
+  font_.reset();
+}
+
+}  // namespace jotlets

@@ -1,0 +1,28 @@
+// Shows a note's title beside the mouse while it rests on the title bar.
+#pragma once
+
+#include <windows.h>
+
+#include "skin/skin_data.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+class TitleTooltip {
+ public:
+  /// Provides for a tooltip over `area` of the window. Cheap until the first call: most notes never need one.
+  void Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title);
+  /// The skin has changed: the next `Offer` makes a new one.
+  void Forget();
+  ~TitleTooltip() { Forget(); }
+  TitleTooltip() = default;
+  TitleTooltip(const TitleTooltip&) = delete;
+  TitleTooltip& operator=(const TitleTooltip&) = delete;
+
+ private:
+  HWND tooltip_ = nullptr;
+  UniqueFont font_;
+  Text title_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,26 @@
+// Draws the elements of a skin on to a canvas, in their order. Texts are set by somebody who has fonts.
+#pragma once
+
+#include "skin/canvas.h"
+#include "skin/skin_data.h"
+#include "skin/skin_view.h"
+
+namespace jotlets {
+
+class SkinTextSetter {
+ public:
+  virtual ~SkinTextSetter() = default;
+  /// Sets `words` into `area` in the font, colour, case and alignment of the element, cut with an ellipsis.
+  virtual void SetText(const SkinElement& element, const Rect& area, const Text& words) = 0;
+};
+
+/// The paper and then every element that shows. Strips and tile areas take the tint of the note's colour;
+/// buttons, indicators and texts keep their own.
+void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view,
+              const SkinWords& words, SkinTextSetter& texts);
+
+/// The note's colour as it is drawn: one that the skin's colour key would make see-through is changed by a
+/// hair.
+Colour PaperColour(const SkinData& skin, Colour colour);
+
+}  // namespace jotlets

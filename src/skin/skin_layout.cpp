@@ -1,0 +1,88 @@
+#include "skin/skin_layout.h"
+
+#include <algorithm>
+
+namespace jotlets {
+namespace {
+
+CoordinateSpace SpaceOf(const SkinView& view) { return {view.window, view.thumb}; }
+
+bool Wants(std::optional<bool> wanted, bool state) { return !wanted || *wanted == state; }
+
+bool HoldsCondition(const SkinElement& element, const SkinView& view) {
+  if (element.condition.empty()) return true;
+  const std::optional<SkinState> state = SkinStateFromName(element.condition);
+  const std::int32_t value = state && view.states.Has(*state) ? 1 : 0;
+  return value == element.conditionValue;
+}
+
+std::int32_t ThumbHeight(const Rect& track, std::int32_t minimumHeight, const ScrollState& scroll) {
+  const auto seen = static_cast<std::int32_t>(std::int64_t{track.Height()} * std::max(scroll.page, 0) /
+                                              std::max(scroll.range, 1));
+  return std::clamp(seen, std::min(minimumHeight, track.Height()), track.Height());
+}
+
+}  // namespace
+
+Rect ElementRect(const SkinElement& element, const SkinView& view) {
+  const CoordinateSpace space = SpaceOf(view);
+  if (element.topLeft && element.bottomRight)
+    return ResolveCorners({*element.topLeft, *element.bottomRight}, space);
+  if (element.extent) return ResolvePlaceAndExtent(element.place, *element.extent, space);
+  return ResolvePlaceAndSize(element.place, element.size.value_or(Size{}), space);
+}
+
+bool IsShown(const SkinElement& element, const SkinView& view) {
+  const bool hiddenHere = view.rolled ? element.rolled == false : element.normal == false;
+  return !hiddenHere && Wants(element.focus, view.focus) && Wants(element.mouseOver, view.mouseOver) &&
+         element.drawBounds.Hold(view.window) && HoldsCondition(element, view);
+}
+
+std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at) {
+  for (std::size_t index = skin.elements.size(); index-- > 0;) {
+    const SkinElement& element = skin.elements[index];
+    if (element.kind == ElementKind::kButton && IsShown(element, view) &&
+        ElementRect(element, view).Contains(at))
+      return index;
+  }
+  return kNoElement;
+}
+
+Rect TextArea(const SkinData& skin, const SkinView& view) {
+  if (view.rolled) return {};
+  Rect area{skin.left, skin.top, view.window.width - skin.right, view.window.height - skin.bottom};
+  area.right = std::max(area.right, area.left);
+  area.bottom = std::max(area.bottom, area.top);
+  return area;
+}
+
+Size MinimumSize(const SkinData& skin) { return {skin.minimumWidth, skin.minimumHeight}; }
+
+bool IsScrollbarRequired(const SkinData& skin, const SkinView& view, const ScrollState& scroll) {
+  return skin.useScrollbar && skin.scrollbar && !view.rolled && skin.scrollbarDrawBounds.Hold(view.window) &&
+         scroll.page > 0 && scroll.range > scroll.page;
+}
+
+Rect ScrollTrack(const SkinData& skin, Size window) {
+  if (!skin.scrollbar) return {};
+  return ResolveTrack(*skin.scrollbar, {window, {}});
+}
+
+Rect ScrollThumb(const Rect& track, std::int32_t minimumHeight, const ScrollState& scroll) {
+  const std::int32_t height = ThumbHeight(track, minimumHeight, scroll);
+  const std::int64_t way = track.Height() - height;
+  const std::int64_t most = std::max(scroll.range - scroll.page, 1);
+  const std::int64_t at = std::clamp<std::int64_t>(scroll.position, 0, most);
+  const std::int32_t top = track.top + static_cast<std::int32_t>((way * at + most / 2) / most);
+  return {track.left, top, track.right, top + height};
+}
+
+std::int32_t ScrollPositionAt(std::int32_t thumbTop, const Rect& track, std::int32_t minimumHeight,
+                              const ScrollState& scroll) {
+  const std::int64_t way = track.Height() - ThumbHeight(track, minimumHeight, scroll);
+  if (way <= 0) return 0;
+  const std::int64_t at = std::clamp<std::int64_t>(std::int64_t{thumbTop} - track.top, 0, way);
+  return static_cast<std::int32_t>(at * std::max(scroll.range - scroll.page, 0) / way);
+}
+
+}  // namespace jotlets

@@ -1,0 +1,50 @@
+// Where a skin's parts lie in a window of some size, which of them show, and what is under the mouse.
+#pragma once
+
+#include "note/actions.h"
+#include "skin/skin_data.h"
+#include "skin/skin_view.h"
+
+namespace jotlets {
+
+/// The element's rectangle in client pixels; it may reach out of the window.
+Rect ElementRect(const SkinElement& element, const SkinView& view);
+
+/// Whether the element shows: its draw bounds hold, the window is in the states that it names, and its
+/// condition has its value. A condition of an unknown name counts as 0. `normal=0` hides it while the note is
+/// not rolled up, `rolled=0` while it is; `focus` and `mouseover` ask for the state they give.
+bool IsShown(const SkinElement& element, const SkinView& view);
+
+/// The uppermost button shown under a point, by its place among the elements; `kNoElement` for none.
+std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at);
+
+/// The text area: what the widths of the frame leave. Empty while the note is rolled up.
+Rect TextArea(const SkinData& skin, const SkinView& view);
+
+/// The window's smallest size.
+Size MinimumSize(const SkinData& skin);
+
+/// How far a text is scrolled, in pixels.
+struct ScrollState {
+  std::int32_t position = 0;
+  std::int32_t page = 0;   // height that is seen
+  std::int32_t range = 0;  // height of all of it
+  friend bool operator==(const ScrollState&, const ScrollState&) = default;
+};
+
+/// Whether the skin draws its scroll bar: it has one, the window's size is within its bounds, and the text is
+/// higher than what is seen of it.
+bool IsScrollbarRequired(const SkinData& skin, const SkinView& view, const ScrollState& scroll);
+
+/// The track of the skin's scroll bar; empty when it has none.
+Rect ScrollTrack(const SkinData& skin, Size window);
+
+/// The thumb on its track: as high, for the track, as the part of the text that is seen, but never less than
+/// `minimumHeight` (nor more than the track).
+Rect ScrollThumb(const Rect& track, std::int32_t minimumHeight, const ScrollState& scroll);
+
+/// The scroll position that puts the thumb's top as close to `thumbTop` as possible.
+std::int32_t ScrollPositionAt(std::int32_t thumbTop, const Rect& track, std::int32_t minimumHeight,
+                              const ScrollState& scroll);
+
+}  // namespace jotlets

@@ -1,0 +1,80 @@
+// What a skin shows of its window: facts that the window collects, and nothing that only it can ask.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "base/geometry.h"
+#include "base/text.h"
+
+namespace jotlets {
+
+/// The states of a window that indicators show and conditions ask for.
+enum class SkinState : std::uint8_t {
+  kOnTop,
+  kReadOnly,
+  kAlarm,
+  kAttached,
+  kTransmit,
+  kEmail,
+  kInStack,
+  kSleeping,
+  kRecurring,
+  kGhost,
+  kTitle,
+  kImage,
+  kStang,
+  kUser1,
+  kUser2,
+  kUser3,
+  kScrollbarRequired,
+};
+
+/// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
+/// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3" and
+/// "scrollbarrequired".
+std::optional<SkinState> SkinStateFromName(TextView name);
+
+/// A set of states.
+class SkinStates {
+ public:
+  void Set(SkinState state, bool on) {
+    const std::uint32_t bit = std::uint32_t{1} << static_cast<unsigned>(state);
+    bits_ = on ? bits_ | bit : bits_ & ~bit;
+  }
+  bool Has(SkinState state) const { return (bits_ >> static_cast<unsigned>(state) & 1) != 0; }
+  friend bool operator==(const SkinStates&, const SkinStates&) = default;
+
+ private:
+  std::uint32_t bits_ = 0;
+};
+
+inline constexpr std::size_t kNoElement = static_cast<std::size_t>(-1);
+
+/// One window as its skin sees it.
+struct SkinView {
+  Size window;
+  Colour colour;  // of the note: its paper, and the tint of strips and tile areas
+  bool rolled = false;
+  bool focus = false;
+  bool mouseOver = false;
+  std::size_t hotButton = kNoElement;  // the button under the mouse, by its place among the elements
+  SkinStates states;
+  Rect thumb;  // of the scroll bar
+  friend bool operator==(const SkinView&, const SkinView&) = default;
+};
+
+/// The words that a window puts in the place of placeholders.
+class SkinWords {
+ public:
+  virtual ~SkinWords() = default;
+  /// The words for a placeholder, whose name comes without its percent signs and in upper case; nothing for
+  /// an unknown one, which then stays as it is written.
+  virtual std::optional<Text> Find(TextView placeholder) const = 0;
+};
+
+/// `text` with its placeholders ("%TITLE%", in any case) replaced.
+Text ExpandPlaceholders(TextView text, const SkinWords& words);
+
+}  // namespace jotlets

@@ -1,0 +1,142 @@
+#include "skin/win/skin_renderer.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "base/win/wide.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kGrowth = 64;  // windows are sized a pixel at a time, the buffer is not
+constexpr std::int32_t kPointsPerInch = 72;
+constexpr std::int32_t kPixelsPerInch = 96;  // a skin's pixels and points keep their proportion
+constexpr std::int32_t kDefaultPoint = 8;
+constexpr std::size_t kMostFonts = 64;
+
+// Values of `setcase`.
+enum CaseOfText : std::int32_t { kUpper = 1, kLower = 2, kTitle = 3 };
+
+Text InCase(const Text& words, std::int32_t setCase) {
+  const DWORD how = setCase == kUpper   ? LCMAP_UPPERCASE
+                    : setCase == kLower ? LCMAP_LOWERCASE
+                    : setCase == kTitle ? LCMAP_TITLECASE
+                                        : 0u;
+  if (how == 0 || words.empty()) return words;
+  const int count = static_cast<int>(words.size());
+  const auto map = [&](wchar_t* to, int room) {
+    return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, how | LCMAP_LINGUISTIC_CASING, Wide(words), count, to,
+                         room, nullptr, nullptr, 0);
+  };
+  Text changed(static_cast<std::size_t>(std::max(map(nullptr, 0), 0)), u'\0');
+  if (changed.empty() || map(WideBuffer(changed), static_cast<int>(changed.size())) == 0) return words;
+  return changed;
+}
+
+UINT AlignmentOf(TextAlignment alignment) {
+  if (alignment == TextAlignment::kRight) return DT_RIGHT;
+  return alignment == TextAlignment::kMiddle ? DT_CENTER : DT_LEFT;
+}
+
+COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
+
+}  // namespace
+
+class SkinRenderer::TextSetter final : public SkinTextSetter {
+ public:
+  TextSetter(SkinRenderer& renderer, Colour paper) : renderer_(renderer), paper_(paper) {}
+
+  void SetText(const SkinElement& element, const Rect& area, const Text& words) override {
+    if (words.empty() || area.Width() <= 0 || area.Height() <= 0) return;
+    const HDC dc = renderer_.memory_.get();
+    const Selected font(dc, renderer_.FontOf(element));
+    SetTextColor(dc, ToCOLORREF(element.colour));
+    SetBkMode(dc, element.format.transparent ? TRANSPARENT : OPAQUE);
+    SetBkColor(dc, ToCOLORREF(paper_));
+    const Text shown = InCase(words, element.setCase);
+    RECT rect = ToRECT(area);
+    DrawTextW(dc, Wide(shown), static_cast<int>(shown.size()), &rect,
+              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX | AlignmentOf(element.alignment));
+    // The next element is drawn past the system, on the same pixels.
+    GdiFlush();
+  }
+
+ private:
+  SkinRenderer& renderer_;
+  Colour paper_;
+};
+
+void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, const SkinView& view,
+                         const SkinWords& words, const PictureInlay& inlay) {
+  if (view.window.width <= 0 || view.window.height <= 0 || !Provide(screen, view.window)) return;
+  const Selected selected(memory_.get(), bitmap_.get());
+  GdiFlush();
+  Canvas canvas(pixels_, view.window, static_cast<std::size_t>(size_.width) * 4);
+  canvas.SetClip(part);
+  TextSetter texts(*this, PaperColour(skin.data, view.colour));
+  DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
+  if (inlay.picture != nullptr) inlay.picture->Draw(memory_.get(), inlay.area);
+  BitBlt(screen, part.left, part.top, part.Width(), part.Height(), memory_.get(), part.left, part.top,
+         SRCCOPY);
+}
+
+bool SkinRenderer::Provide(HDC screen, Size size) {
+  if (bitmap_ && size.width <= size_.width && size.height <= size_.height) return true;
+  const auto grown = [](std::int32_t have, std::int32_t wanted) {
+    return std::max(have, (wanted + kGrowth - 1) / kGrowth * kGrowth);
+  };
+  const Size wanted{grown(size_.width, size.width), grown(size_.height, size.height)};
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = wanted.width;
+  info.bmiHeader.biHeight = -wanted.height;  // top row first
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* pixels = nullptr;
+  UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+  if (!memory_) memory_.reset(CreateCompatibleDC(screen));
+  if (!bitmap || !memory_) return false;
+  bitmap_ = std::move(bitmap);
+  pixels_ = static_cast<std::uint8_t*>(pixels);
+  size_ = wanted;
+  return true;
+}
+
+HFONT SkinRenderer::FontOf(const SkinElement& element) {
+  const TextFormat& format = element.format;
+  const std::int32_t point = element.point > 0 ? element.point : kDefaultPoint;
+  // Skins that are tried out one after another leave fonts behind.
+  if (fonts_.size() > kMostFonts) fonts_.clear();
+  UniqueFont& font = fonts_[{element.font, point, format.bold, format.italic, format.underline, format.noAa}];
+  if (!font) {
+    LOGFONTW logical{};
+    logical.lfHeight = -MulDiv(point, kPixelsPerInch, kPointsPerInch);
+    logical.lfWeight = format.bold ? FW_BOLD : FW_NORMAL;
+    logical.lfItalic = format.italic;
+    logical.lfUnderline = format.underline;
+    logical.lfCharSet = DEFAULT_CHARSET;
+    logical.lfQuality = format.noAa ? NONANTIALIASED_QUALITY : CLEARTYPE_QUALITY;
+    wcsncpy(logical.lfFaceName, element.font.empty() ? L"Segoe UI" : Wide(element.font), LF_FACESIZE - 1);
+    font.reset(CreateFontIndirectW(&logical));
+  }
+  return font.get();
+}
+
+HRGN MakeSkinRegion(const SkinData& skin, Size window) {
+  const CoordinateSpace space{window, {}};
+  if (skin.region.size() == 1) {
+    const std::int32_t diameter = 2 * std::clamp(skin.region[0].value, 0, kLongestLength);
+    if (diameter == 0) return nullptr;
+    // The system leaves the last column and row of a rounded rectangle out.
+    return CreateRoundRectRgn(0, 0, window.width + 1, window.height + 1, diameter, diameter);
+  }
+  if (skin.region.size() < 6 || skin.region.size() % 2 != 0) return nullptr;
+  std::vector<POINT> points;
+  for (std::size_t at = 0; at < skin.region.size(); at += 2)
+    points.push_back({ResolveX(skin.region[at], space), ResolveY(skin.region[at + 1], space)});
+  return CreatePolygonRgn(points.data(), static_cast<int>(points.size()), WINDING);
+}
+
+}  // namespace jotlets
