@@ -17,6 +17,7 @@
 #define IDD_ORPHANS 120
 #define IDD_RESTORE 121
 #define IDD_JOB 122
+#define IDD_SKIN 123
 
 // Commands of the program, in the order of the tray menu.
 #define ID_NEW_JOTLET 1000
@@ -36,12 +37,20 @@
 // Commands of one note.
 #define ID_JOTLET_CLOSE 1100
 #define ID_JOTLET_DELETE 1101
+#define ID_JOTLET_SKIN 1102
+#define ID_JOTLET_ROLL 1103
+#define ID_JOTLET_ON_TOP 1104
+#define ID_JOTLET_LOCK 1105
 
 #define IDC_ORPHAN_LIST 1200
 #define IDC_RESTORE_TEXT 1201
 #define IDC_RESTORE_LIST 1202
 #define IDC_JOB_TEXT 1203
 #define IDC_JOB_PROGRESS 1204
+#define IDC_SKIN_LIST 1205
+#define IDC_SKIN_PREVIEW 1206
+#define IDC_SKIN_ABOUT 1207
+#define IDC_SKIN_DEFAULT 1208
 
 #define IDS_USAGE 2000
 #define IDS_NO_RICH_EDIT 2001
@@ -71,3 +80,6 @@
 #define IDS_RESTORE_FAILED 2025
 #define IDS_BACKUP_RUNS 2026
 #define IDS_RESTORE_RUNS 2027
+#define IDS_SKIN_BUILT_IN 2028
+#define IDS_SKIN_UNREADABLE 2029
+#define IDS_SKIN_SAMPLE 2030

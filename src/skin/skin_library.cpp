@@ -24,7 +24,7 @@ std::shared_ptr<const LoadedSkin> SkinLibrary::Get(TextView name, bool forStack)
     known_[key] = {skin, false};
     return skin;
   }
-  folder_.log.Write(kLogLifecycle, u"Failed to set skin:" + Text(name));
+  folder_.log.Write(kLogLifecycle, u"Failed to set skin:", name);
   known_[key] = {{}, true};
   return GetBuiltIn(builtIn);
 }

@@ -24,6 +24,8 @@ class Dialog {
   /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
   virtual bool OnCommand(UINT control, UINT notification) = 0;
   virtual void OnTimer() {}
+  /// A control that the dialog draws itself.
+  virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }

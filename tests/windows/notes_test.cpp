@@ -6,7 +6,6 @@
 
 #include "base/win/ansi_code_page.h"
 #include "data/text_file.h"
-#include "note/frame_layout.h"
 #include "note/win/jotlet.h"
 #include "window_test.h"
 
@@ -94,13 +93,11 @@ TEST_F(DemoTest, WhatAPersonChangesIsSavedByItselfAndThereAgainAtTheNextStart) {
   const Rect last = BoundsOf(closed);
   const ULONGLONG lastChange = GetTickCount64();
   ASSERT_TRUE(ClickUntil(
-      [closed] {
-    return !IsWindow(closed); },
-{last.right - 10, last.top + 10});
+      [closed] { return !IsWindow(closed); },
+      {last.right - 10, last.top + 10}));
 
   // One save, ten seconds after the last change, with everything in it.
-  ASSERT_TRUE(WaitUntil([&] {
-    return Read(path) != bytesBefore; }, 20000)) << Log();
+  ASSERT_TRUE(WaitUntil([&] { return Read(path) != bytesBefore; }, 20000)) << Log();
   EXPECT_GE(GetTickCount64() - lastChange, 9000u);
   const DataFile saved = ParseData();
   Records records = ById(saved.jotlets);

@@ -18,9 +18,7 @@ void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
       ExecuteApiCommand(*this, reply, log_, inbound.text);
       break;
     }
-    case InboundKind::kSkinFile:
-      log_.Write(kLogDetail, u"Skin files are not taken yet: ", inbound.text);
-      break;
+    case InboundKind::kSkinFile: frame_.SetDefaultSkin(inbound.text); break;
     case InboundKind::kNoteMessage: frame_.ImportNoteMessage(inbound.text); break;
   }
 }

@@ -163,8 +163,7 @@ Text DesktopJotlets::ShownTime(std::int32_t utc) {
 bool DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
   log_.Write(kLogDetail, u"Setting skin:", name);
   jotlet.SetSkin(name);
-  // The built-in skin has no file: shown for a name, it stands in for one that could not be loaded.
-  return name.empty() || !jotlet.Skin().path.empty();
+  return name.empty() || EqualIgnoreCase(name, jotlet.Skin().data.skinName) || !jotlet.Skin().path.empty();
 }
 
 void DesktopJotlets::RefreshSkins() {

@@ -24,6 +24,8 @@ class DesktopOwner {
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
   virtual Text StackName(std::int32_t number) const = 0;
+  /// The user wants to choose a skin for the note.
+  virtual void ChooseSkin(const Text& id) = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
@@ -79,6 +81,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletSized(BJotlet& jotlet) override;
   void OnJotletFocus(BJotlet& jotlet, bool gained) override;
   void OnJotletClose(BJotlet& jotlet) override { owner_.OnCloseWanted(jotlet.StoredRecord().id); }
+  void OnJotletSkin(BJotlet& jotlet) override { owner_.ChooseSkin(jotlet.StoredRecord().id); }
   void OnJotletMenu(BJotlet& jotlet, Point screen) override {
     owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }

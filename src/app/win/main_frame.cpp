@@ -8,6 +8,7 @@
 #include "app/win/main_menus.h"
 #include "app/win/orphan_dialog.h"
 #include "app/win/registry_policy.h"
+#include "app/win/skin_dialog.h"
 #include "app/win/system_facts.h"
 #include "app/win/user_messages.h"
 #include "base/win/wide.h"
@@ -330,6 +331,36 @@ void CMainFrame::ImportNoteMessage(TextView text) {
   CreateJotlet(FromNoteMessage(*message));
 }
 
+bool CMainFrame::SetDefaultSkin(TextView path) {
+  if (IsSkinFixedByPolicy()) return false;
+  const std::optional<Text> name = skins_.Install(files_, path);
+  if (name) UseDefaultSkin(*name);
+  return name.has_value();
+}
+
+void CMainFrame::UseDefaultSkin(const Text& name) {
+  Log(kLogDetail, u"Setting skin:", name);
+  options_.skin = name;
+  skins_.SetDefault(name);
+  desktop_.RefreshSkins();
+  SetOptionsDirty();
+}
+
+void CMainFrame::ChooseSkin(const Text& id) {
+  const Text wanted = id;
+  BJotlet* jotlet = FindJotlet(wanted);
+  if (jotlet == nullptr || IsSkinFixedByPolicy()) return;
+  const JotletData& record = jotlet->StoredRecord();
+  const Text now = record.skin.empty() ? options_.skin : record.skin;
+  const std::optional<SkinChoice> choice =
+      BSkinDlg(resources_, skins_, now, record.colour).Choose(jotlet->Handle());
+  // The note may be gone, or the program ending, when the dialog is.
+  jotlet = FindJotlet(wanted);
+  if (!choice || exiting_ || jotlet == nullptr) return;
+  if (choice->asDefault) UseDefaultSkin(choice->name);
+  desktop_.SetSkin(*jotlet, choice->asDefault ? TextView() : TextView(choice->name));
+}
+
 void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   if (exiting_) return;
   exiting_ = true;
@@ -425,16 +456,25 @@ void CMainFrame::ShowTrayMenu() {
   ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
 }
 
+JotletMenu CMainFrame::JotletMenuState(TextView id) {
+  const BJotlet* jotlet = FindJotlet(id);
+  if (jotlet == nullptr) return {};
+  const JotletData& record = jotlet->StoredRecord();
+  return {record.rolled, record.onTop, record.readOnly, !IsSkinFixedByPolicy()};
+}
+
 void CMainFrame::ShowJotletMenu(const Text& id, Point) {
   // The menu runs a message loop of its own, in which anything may happen to the note.
   const Text wanted = id;
-  const UINT command = ChooseFromMenu(Handle(), MakeJotletMenu(resources_).get());
+  const UINT command = ChooseFromMenu(Handle(), MakeJotletMenu(resources_, JotletMenuState(wanted)).get());
   if (command == ID_JOTLET_CLOSE) {
     OnCloseWanted(wanted);
   } else if (command == ID_JOTLET_DELETE && Ask(Handle(), resources_, IDS_CONFIRM_DELETE)) {
     DeleteJotlet(wanted, u"deleted");
   } else if (command == ID_NEW_JOTLET) {
     OnCommand(command);
+  } else if (BJotlet* jotlet = FindJotlet(wanted)) {
+    jotlet->DoAction(ActionOf(command), {});
   }
 }
 

@@ -9,6 +9,7 @@
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
 #include "app/win/jotlet_maker.h"
+#include "app/win/main_menus.h"
 #include "app/win/program_instance.h"
 #include "app/win/system_tray.h"
 #include "base/win/ansi_code_page.h"
@@ -61,6 +62,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   /// Deletes an open note for good.
   bool DeleteJotlet(TextView id, TextView reason);
   void ImportNoteMessage(TextView message);
+  /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
+  bool SetDefaultSkin(TextView path);
 
   /// The shutdown, once, whatever the path that leads here.
   void ExitJotlets(TextView reason, bool silent = false);
@@ -96,6 +99,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
 
   void OnCloseWanted(const Text& id) override;
   Text StackName(std::int32_t number) const override;
+  void ChooseSkin(const Text& id) override;
   void ShowJotletMenu(const Text& id, Point screen) override;
   void PurgeSoon() override;
 
@@ -104,6 +108,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void HoldStill(bool still) override;
   void RestartAfterRestore() override { Restart(); }
 
+  void UseDefaultSkin(const Text& name);
+  JotletMenu JotletMenuState(TextView id);
   void ShowTrayMenu();
   void ShowOrHideAll();
   void RescueOffScreen();

@@ -30,7 +30,27 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden) {
   return menu;
 }
 
-UniqueMenu MakeJotletMenu(const Resources& resources) { return resources.Menu(IDM_JOTLET); }
+UniqueMenu MakeJotletMenu(const Resources& resources, const JotletMenu& state) {
+  UniqueMenu menu = resources.Menu(IDM_JOTLET);
+  const auto check = [&menu](UINT command, bool on) {
+    CheckMenuItem(menu.get(), command, MF_BYCOMMAND | (on ? MF_CHECKED : MF_UNCHECKED));
+  };
+  check(ID_JOTLET_ROLL, state.rolled);
+  check(ID_JOTLET_ON_TOP, state.onTop);
+  check(ID_JOTLET_LOCK, state.readOnly);
+  if (!state.maySetSkin) EnableMenuItem(menu.get(), ID_JOTLET_SKIN, MF_BYCOMMAND | MF_GRAYED);
+  return menu;
+}
+
+ActionCode ActionOf(UINT command) {
+  switch (command) {
+    case ID_JOTLET_ROLL: return kActionRoll;
+    case ID_JOTLET_ON_TOP: return kActionOnTop;
+    case ID_JOTLET_LOCK: return kActionLock;
+    case ID_JOTLET_SKIN: return kActionSetSkin;
+    default: return kActionNone;
+  }
+}
 
 void ShowPopupMenu(HWND owner, HMENU menu) { Track(owner, menu, 0); }
 

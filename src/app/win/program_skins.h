@@ -21,28 +21,36 @@ class ProgramSkins {
 
   /// The data folder is known: its skins are found in "skins\\".
   void Open(TextView dataFolder);
-  /// The skin of notes that name none; empty for the built-in one.
-  void SetDefault(TextView name) { default_ = name; }
+  /// The skin of notes that name none: a name in the skins folder, a full path, or empty for the built-in
+  /// one.
+  void SetDefault(TextView nameOrPath);
 
-  /// The skin of a note: the one it names, or the default.
-  std::shared_ptr<const LoadedSkin> OfNote(TextView name) {
-    return library_->Get(name.empty() ? TextView(default_) : name, false);
-  }
+  /// The skin of a note: the one it names, or the default. The name that the built-in skin gives itself asks
+  /// for that one. A note names no paths: its record may come from anywhere.
+  std::shared_ptr<const LoadedSkin> OfNote(TextView name);
+  /// Copies a package or a loose skin, given by its full path, into the skins folder, unless it lies there
+  /// already, and replaces one of its name. Its name; nothing when it is no skin or could not be copied,
+  /// which is logged.
+  std::optional<Text> Install(Files& files, TextView path);
+  /// The file of the default skin; empty for the built-in one.
+  Text DefaultPath() { return OfNote({})->path; }
+
   std::shared_ptr<const LoadedSkin> OfStack(TextView name) { return library_->Get(name, true); }
 
   SkinLibrary& Library() { return *library_; }
   SkinRenderer& Renderer() { return renderer_; }
   const Text& Folder() const { return folder_; }
-  /// Where skins are read from, for one that lies elsewhere.
-  SkinFolder Reading() const { return {files_, ansi_, log_, folder_}; }
 
  private:
+  SkinFolder Reading() const { return {files_, ansi_, log_, folder_}; }
+
   const Resources& resources_;
   const Files& files_;
   const CodePage& ansi_;
   Log& log_;
   Text folder_;
   Text default_;
+  std::shared_ptr<const LoadedSkin> defaultFile_;  // when the default is given by its path
   std::optional<SkinLibrary> library_;
   SkinRenderer renderer_;
 };

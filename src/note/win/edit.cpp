@@ -66,8 +66,9 @@ BEdit::~BEdit() {
 bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatcher& watcher) {
   const DWORD style = WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN |
                       (look.scrollbar ? WS_VSCROLL : 0u) | (look.readOnly ? ES_READONLY : 0u);
-  edit_ = CreateWindowExW(0, MSFTEDIT_CLASS, L"", style, bounds.left, bounds.top, bounds.Width(),
-                          bounds.Height(), parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)),
+  edit_ = CreateWindowExW(look.seeThrough ? WS_EX_TRANSPARENT : 0u, MSFTEDIT_CLASS, L"", style, bounds.left,
+                          bounds.top, bounds.Width(), bounds.Height(), parent,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)),
                           GetModuleHandleW(nullptr), nullptr);
   if (edit_ == nullptr) return false;
   watcher_ = &watcher;

@@ -33,7 +33,8 @@ class BEdit {
   struct Look {
     Colour background;
     bool readOnly = false;
-    bool scrollbar = true;  // shows a scroll bar of its own
+    bool scrollbar = true;    // shows a scroll bar of its own
+    bool seeThrough = false;  // the parent draws its background
   };
 
   /// Creates the control inside `parent`; false when the rich-edit library is missing. `watcher` lives as

@@ -49,16 +49,22 @@ bool BJotlet::CreateWindowFor() {
 }
 
 BEdit::Look BJotlet::EditLook() const {
-  return {PaperColour(skin_->data, record_.colour), record_.readOnly, !skin_->data.useScrollbar};
+  return {PaperColour(skin_->data, record_.colour), record_.readOnly, !skin_->data.useScrollbar,
+          skin_->data.drawOnRtfBg};
 }
 
 // Everything that follows from the skin anew.
 void BJotlet::ApplySkin() {
+  // What the skin draws under the text must not be clipped away there.
+  const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_STYLE);
+  SetWindowLongPtrW(Handle(), GWL_STYLE,
+                    skin_->data.drawOnRtfBg ? style & ~WS_CLIPCHILDREN : style | WS_CLIPCHILDREN);
   tooltip_.Forget();
   ApplyOpacity();
   if (edit_.Handle() != nullptr) {
     const BEdit::Look look = EditLook();
-    if (edit_.MadeWith().scrollbar != look.scrollbar) edit_.Recreate(look);
+    const BEdit::Look& made = edit_.MadeWith();
+    if (made.scrollbar != look.scrollbar || made.seeThrough != look.seeThrough) edit_.Recreate(look);
     edit_.SetBackground(look.background);
   }
   OnSize();
@@ -199,6 +205,8 @@ void BJotlet::DoAction(ActionCode action, Point) {
     case kActionScrollDown: ScrollBy(kScrollStep); break;
     case kActionPageUp: ScrollBy(-page); break;
     case kActionPageDown: ScrollBy(page); break;
+    case kActionSetSkin:
+    case kActionDefaultSkin: owner_.OnJotletSkin(*this); break;
     default: break;
   }
 }

@@ -24,6 +24,8 @@ class JotletOwner {
   virtual void OnJotletSized(BJotlet& jotlet) = 0;
   virtual void OnJotletFocus(BJotlet& jotlet, bool gained) = 0;
   virtual void OnJotletClose(BJotlet& jotlet) = 0;
+  /// The user wants to choose its skin.
+  virtual void OnJotletSkin(BJotlet& jotlet) = 0;
   virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
 
   /// The skin of a name, or the default one for an empty name; never null.
