@@ -1,6 +1,11 @@
 #include "skin/picture.h"
 
 #include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <limits>
+
+#include "skin/bmp_picture.h"
 
 namespace jotlets {
 namespace {
@@ -68,6 +73,100 @@ TEST(EncodePng, IsReadBack) {
   EXPECT_EQ(read->size, picture.size);
   EXPECT_EQ(read->pixels, picture.pixels);
   EXPECT_EQ(EncodePng({}), "");
+}
+
+// A BMP with a 40-byte header; `table` is what stands between it and the pixels.
+std::string Bmp(std::int32_t width, std::int32_t height, int bits, std::string_view table,
+                std::string_view pixels, int compression = 0) {
+  std::string bytes = "BM";
+  const auto put = [&bytes](std::int64_t value, int length) {
+    for (int i = 0; i < length; ++i) bytes.push_back(static_cast<char>(i < 8 ? value >> 8 * i : 0));
+  };
+  put(0, 8);
+  put(54 + static_cast<std::int64_t>(table.size()), 4);
+  put(40, 4), put(width, 4), put(height, 4), put(1, 2), put(bits, 2), put(compression, 4), put(0, 20);
+  return bytes.append(table).append(pixels);
+}
+
+const std::string kTwoColours = FromHex("0302010032649600");
+const std::string kMaskTable = FromHex("000000FF0000FF0000FF0000");
+
+// 524,288 pixels wide, of one bit.
+std::string WideBlackPng(int height) {
+  const auto big = [](std::size_t value) {
+    return std::string{static_cast<char>(value >> 24), static_cast<char>(value >> 16),
+                       static_cast<char>(value >> 8), static_cast<char>(value)};
+  };
+  const auto chunk = [&big](const std::string& named) {
+    return big(named.size() - 4) + named +
+           big(crc32(0, reinterpret_cast<const Bytef*>(named.data()), static_cast<uInt>(named.size())));
+  };
+  const std::string rows(static_cast<std::size_t>(height) * ((1 << 16) + 1), '\0');
+  auto length = compressBound(static_cast<uLong>(rows.size()));
+  std::string packed(length, '\0');
+  EXPECT_EQ(compress(reinterpret_cast<Bytef*>(packed.data()), &length,
+                     reinterpret_cast<const Bytef*>(rows.data()), static_cast<uLong>(rows.size())),
+            Z_OK);
+  return kAlpha.substr(0, 8) +
+         chunk("IHDR" + big(1 << 19) + big(static_cast<std::size_t>(height)) + FromHex("0100000000")) +
+         chunk("IDAT" + packed.substr(0, length)) + chunk("IEND");
+}
+
+TEST(DecodeBmp, UnderstandsEveryDepth) {
+  const Pixels one{3, 2, 1, 255}, other{50, 100, 150, 255};
+  const struct {
+    std::string bytes;
+    std::vector<Pixels> pixels;  // 2 x 2, top row first
+  } kCases[] = {
+      // The bottom row comes first; rows are filled up to four bytes, but for the last.
+      {Bmp(2, 2, 1, kTwoColours, FromHex("8000000040")), {one, other, other, one}},
+      {Bmp(2, -2, 1, kTwoColours, FromHex("8000000040")), {other, one, one, other}},
+      {Bmp(2, 2, 4, kTwoColours, FromHex("100000000F")), {one, {0, 0, 0, 255}, other, one}},
+      {Bmp(2, 2, 8, kTwoColours, FromHex("010000000001")), {one, other, other, one}},
+      {Bmp(2, 2, 24, "", FromHex("0A0B0C3264960000030201030201")), {one, one, {10, 11, 12, 255}, other}},
+      // No alpha anywhere means opaque.
+      {Bmp(2, 2, 32, "", FromHex("03020100326496000302010003020100")), {one, one, one, other}},
+      {Bmp(2, 2, 32, "", FromHex("646464800302010000000000326496FF")),
+       {{0, 0, 0, 0}, other, {50, 50, 50, 128}, {0, 0, 0, 0}}},
+      {Bmp(2, 2, 32, kMaskTable, FromHex("FF030201003264960003020100030201"), 3), {one, one, one, other}},
+  };
+  for (const auto& c : kCases) {
+    const auto picture = DecodePicture(c.bytes);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->size, (Size{2, 2}));
+    Pixels expected;
+    for (const Pixels& pixel : c.pixels) expected.insert(expected.end(), pixel.begin(), pixel.end());
+    EXPECT_EQ(picture->pixels, expected);
+    for (std::size_t length = 0; length < c.bytes.size(); ++length)
+      EXPECT_FALSE(DecodePicture(c.bytes.substr(0, length))) << length;
+  }
+  const auto old = DecodePicture(FromHex("424D00000000000000001D0000000C0000000100010001001800030201"));
+  EXPECT_FALSE(old);  // its pixels would begin behind their place
+  const auto core = DecodePicture(FromHex("424D00000000000000001A0000000C0000000100010001001800030201"));
+  ASSERT_TRUE(core);
+  EXPECT_EQ(core->pixels, one);
+  const auto corePalette =
+      DecodePicture(FromHex("424D0000000000000000200000000C00000001000100010001000000000302018000"));
+  ASSERT_TRUE(corePalette);
+  EXPECT_EQ(corePalette->pixels, one);
+}
+
+TEST(DecodePicture, RefusesSheetsItCannotReadOrThatAreTooLarge) {
+  const std::string row(1 << 19, '\0');
+  EXPECT_TRUE(DecodePicture(Bmp(1 << 22, 1, 1, kTwoColours, row)));
+  std::string rows;
+  for (int i = 0; i < 5; ++i) rows += row;
+  EXPECT_FALSE(DecodePicture(Bmp(1 << 22, 5, 1, kTwoColours, rows)));
+  EXPECT_FALSE(DecodePicture(Bmp(2, 2, 8, kTwoColours, FromHex("0100000000010000"), 1)));
+  EXPECT_FALSE(DecodePicture(Bmp(1, 1, 16, "", FromHex("00000000"))));
+  const std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  for (const Size wrong :
+       {Size{0, 1}, {1, 0}, {-1, 1}, {least, 1}, {1, least}, {-(least + 1), 1}, {1, -(least + 1)}})
+    EXPECT_FALSE(DecodePicture(Bmp(wrong.width, wrong.height, 24, "", FromHex("00000000"))));
+  EXPECT_TRUE(DecodePng(EncodePng({{2, 1}, Pixels(8)}), 2));
+  EXPECT_FALSE(DecodePng(EncodePng({{2, 1}, Pixels(8)}), 1));
+  EXPECT_TRUE(DecodePicture(WideBlackPng(1)));
+  EXPECT_FALSE(DecodePicture(WideBlackPng(33)));
 }
 
 }  // namespace
