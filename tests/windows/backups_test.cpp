@@ -155,8 +155,11 @@ TEST_F(BackupsTest, ADamagedFolderComesBackWholeAndTheDamageIsKept) {
 }
 
 TEST_F(BackupsTest, OneTakenByHandHoldsWhatIsOnTheScreen) {
-  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300})}, u"TakeBackups=0"));
-  EXPECT_EQ(Reply(u"set desktop AA01 text not saved yet"), u"000 OK text set");
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"TakeBackups=0"));
+  const HWND note = NoteTitled(u"One");
+  ASSERT_TRUE(ClickIntoText(note));
+  TypeText(u"typed");
+  ASSERT_TRUE(WaitUntil([&] { return ShownText(note).find(u"typed") != Text::npos; }));
   ChooseInTrayMenu({'B'});
   // The folder that it begins with, the desktop: not every picker takes a path that is typed.
   EXPECT_EQ(AnswerBox(*program_), u"Choose a folder for the backup:");
@@ -166,7 +169,7 @@ TEST_F(BackupsTest, OneTakenByHandHoldsWhatIsOnTheScreen) {
   const Text folder = said.substr(kSaid.size());
   EXPECT_TRUE(BackupTime(folder.substr(folder.rfind(u'\\') + 1)));
   EXPECT_TRUE(HasReadableData(files_, AnsiCodePage(), folder + u"\\"));
-  EXPECT_NE(Read(folder + u"\\rtf\\AA01.rtf").find("not saved yet"), std::string::npos);
+  EXPECT_NE(Read(folder + u"\\rtf\\AA01.rtf").find("typed"), std::string::npos);
   EXPECT_EQ(FilesBelow(folder + u"\\").size(), 3u);
   EXPECT_TRUE(files_.RemoveFolder(folder));
   EXPECT_EQ(Reply(u"do ping"), u"000 OK pong");
