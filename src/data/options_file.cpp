@@ -263,7 +263,9 @@ constexpr std::array kOptions = {
     Number<&O::syncPeriod>(u"SyncPeriod", u"Minutes between server synchronisations.", {1, 100000}),
     OnFlag<&O::alternateGetPixel>(u"AlternateGetPixel", u"Another way to sample pixels of skins."),
     OffFlag<&O::takeBackups>(u"TakeBackups", u"Automatic backups."),
-    Words<&O::backupDir>(u"BackupDir", u"Folder of the backups; empty: \"backups\" in the data folder."),
+    Words<&O::backupDir>(
+        u"BackupDir",
+        u"Folder of the backups, also as a path inside the data folder; empty: \"backups\" there."),
     Number<&O::backupPeriod>(u"BackupPeriod", u"Hours between automatic backups.", {1, 100000}),
     Number<&O::keepBackups>(u"KeepBackups", u"How many backups are kept.", {1, 100000}),
     Numbers<&O::imageJotletDefaultSize>(u"ImageJotletDefaultSize",

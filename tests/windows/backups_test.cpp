@@ -154,6 +154,20 @@ TEST_F(BackupsTest, ADamagedFolderComesBackWholeAndTheDamageIsKept) {
   expectRestored();
 }
 
+TEST_F(BackupsTest, AStartFinishesARestoreThatWasKilled) {
+  PutBackup(u"202001010000");
+  Write(backups_ + u"202001010000\\rtf\\AA09.rtf", "{\\rtf1\\ansi of old}");
+  WriteData({NoteRecord(u"AA01", {300, 300})}, kDataFileName, u"Debug=1");
+  Write(folder_ + u"restore.ini", EncodeTextFile(backups_ + u"202001010000\\"));
+  fs::remove(fs::path(folder_ + u"rtf\\AA01.rtf"));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(List(u"desktop"), std::vector<Text>{u"AA09"});
+  EXPECT_EQ(TextOf(u"AA09"), u"of old");
+  ASSERT_GE(Kept().size(), 2u);
+  EXPECT_TRUE(Kept()[1].ends_with(kDamagedBackup)) << ToUtf8(Kept()[1]);
+  EXPECT_FALSE(files_.Exists(folder_ + u"restore.ini"));
+}
+
 TEST_F(BackupsTest, OneTakenByHandHoldsWhatIsOnTheScreen) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"TakeBackups=0"));
   const HWND note = NoteTitled(u"One");
