@@ -1,6 +1,7 @@
 // Backups, restore, options, policy and log as they meet a person and what is on the disk.
 #include <algorithm>
 #include <filesystem>
+#include <map>
 
 #include "app/backup.h"
 #include "app/win/program_instance.h"
@@ -152,6 +153,18 @@ TEST_F(BackupsTest, ADamagedFolderComesBackWholeAndTheDamageIsKept) {
   ASSERT_NO_FATAL_FAILURE(Choose(2));
   ASSERT_TRUE(WaitUntil([this] { return Reply(u"do ping").starts_with(u"000"); }));
   expectRestored();
+}
+
+TEST_F(BackupsTest, FilesOfAnySizeAreComparedToTheirLastByte) {
+  const std::string large(700000, 'x');
+  const Text path = scratch_ + u"one";
+  Write(path, large);
+  for (const auto& [other, same] : std::map<std::string, bool>{
+           {large, true}, {large + "x", false}, {large.substr(1), false}, {large.substr(1) + "y", false}}) {
+    Write(scratch_ + u"other", other);
+    EXPECT_EQ(files_.SameContent(path, scratch_ + u"other"), same) << other.size();
+  }
+  EXPECT_FALSE(files_.SameContent(path, scratch_ + u"missing"));
 }
 
 TEST_F(BackupsTest, AStartFinishesARestoreThatWasKilled) {
