@@ -121,7 +121,19 @@ Job::State BackupJob::Step(std::size_t mostFiles) {
   for (std::size_t count = 0; next_ < names_.size() && count < mostFiles; ++count, ++next_) {
     if (!CopyOne(names_[next_])) return state_;
   }
+  if (next_ == names_.size() && !addedNew_) AddNewFiles();
   return next_ < names_.size() ? state_ : Complete();
+}
+
+// The data file is copied after the contents, and saved now and then meanwhile: it may name notes whose
+// content is younger than our list. Once is enough, since it is not copied again.
+void BackupJob::AddNewFiles() {
+  addedNew_ = true;
+  std::vector<Text> now = DataSetFiles(files_, from_);
+  std::sort(names_.begin(), names_.end());
+  std::erase_if(now,
+                [this](const Text& name) { return std::binary_search(names_.begin(), names_.end(), name); });
+  names_.insert(names_.end(), now.begin(), now.end());
 }
 
 Job::State BackupJob::Fail(Text reason) {
@@ -137,8 +149,7 @@ bool BackupJob::CopyOne(const Text& name) {
   const Text target = partial_ + u"\\" + name;
   for (int attempt = 0; attempt < kTries; ++attempt) {
     const FileStatus copied = files_.Copy(from_ + name, target);
-    const FileContent source = files_.Read(from_ + name);
-    if (source.state == FileContent::State::kMissing) {
+    if (!files_.Exists(from_ + name)) {
       files_.Remove(target);
       return true;
     }
@@ -146,10 +157,7 @@ bool BackupJob::CopyOne(const Text& name) {
       Fail(name + u": " + copied.reason);
       return false;
     }
-    const FileContent copy = files_.Read(target);
-    const bool bothRead =
-        source.state == FileContent::State::kRead && copy.state == FileContent::State::kRead;
-    if (bothRead && copy.bytes == source.bytes) return true;
+    if (files_.SameContent(from_ + name, target)) return true;
   }
   Fail(name + u": the copy differs");
   return false;

@@ -71,6 +71,7 @@ class BackupJob final : public Job {
  private:
   State Fail(Text reason);
   bool CopyOne(const Text& name);
+  void AddNewFiles();
   State Complete();
 
   Files& files_;
@@ -82,6 +83,7 @@ class BackupJob final : public Job {
   std::vector<Text> names_;  // paths inside the data folder
   std::size_t next_ = 0;
   bool begun_ = false;
+  bool addedNew_ = false;
   State state_ = State::kRunning;
   Text reason_;
 };

@@ -11,7 +11,9 @@ constexpr std::int64_t kRetrySeconds = 3600;
 
 void BackupKeeper::Open(TextView dataFolder) {
   data_ = dataFolder;
-  backups_ = options_.backupDir.empty() ? data_ + Text(kBackupsFolder) : WithSeparator(options_.backupDir);
+  backups_ = options_.backupDir.empty() ? Text(kBackupsFolder) : WithSeparator(options_.backupDir);
+  // The current folder is whatever the program happened to be started from.
+  if (!IsFullPath(backups_)) backups_.insert(0, data_);
   last_.reset();
   hasAny_ = false;
   // Names from before the clock was set back say nothing about when the last one was taken.
@@ -73,6 +75,13 @@ void BackupKeeper::Abandon() {
 BackupJob BackupKeeper::ManualBackup(TextView folder) {
   Abandon();
   return {files_, ansi_, data_, Text(folder) + FreeBackupName(files_, folder, clock_.Now().local)};
+}
+
+std::optional<RestoreJob> BackupKeeper::InterruptedRestore() {
+  const Text from = RestoreUnderWay(files_, ansi_, data_);
+  if (from.empty()) return std::nullopt;
+  const Text kept = backups_ + FreeBackupName(files_, backups_, clock_.Now().local);
+  return RestoreJob::Finishing(files_, ansi_, data_, from, kept);
 }
 
 RestoreJob BackupKeeper::Restore(TextView name) {

@@ -42,6 +42,9 @@ class BackupKeeper {
   std::vector<Backup> Describe() const;
   bool HasAny() const { return hasAny_; }
 
+  /// What is left of a restore that the end of the program cut short; to be done before anything is loaded.
+  std::optional<RestoreJob> InterruptedRestore();
+
   /// Puts a backup in the place of the data folder's files; the present state has been saved.
   RestoreJob Restore(TextView name);
 

@@ -1,8 +1,18 @@
 #include "app/restore_job.h"
 
 #include "data/data_folder.h"
+#include "data/text_file.h"
 
 namespace jotlets {
+namespace {
+
+constexpr TextView kUnderWayName = u"restore.ini";
+
+}  // namespace
+
+Text RestoreUnderWay(const Files& files, const CodePage& ansi, TextView dataFolder) {
+  return DecodeTextFile(files.Read(Text(dataFolder).append(kUnderWayName)).bytes, ansi).text;
+}
 
 RestoreJob::RestoreJob(Files& files, const CodePage& ansi, TextView dataFolder, TextView backupsFolder,
                        TextView name, TextView presentName)
@@ -17,6 +27,20 @@ RestoreJob::RestoreJob(Files& files, const CodePage& ansi, TextView dataFolder, 
   }
 }
 
+RestoreJob RestoreJob::Finishing(Files& files, const CodePage& ansi, TextView dataFolder, TextView fromFolder,
+                                 TextView keptFolder) {
+  RestoreJob job(files, dataFolder, fromFolder);
+  // On a medium that is not there any more it has no files.
+  if (DataSetFiles(files, fromFolder).empty()) {
+    job.reason_ = fromFolder;
+    job.End(State::kFailed);
+  } else {
+    const Text kept = Text(keptFolder).append(kDamagedBackup);
+    job.keeping_.emplace(files, ansi, dataFolder, kept, BackupJob::Demand::kAsItIs);
+  }
+  return job;
+}
+
 int RestoreJob::Percent() const {
   if (keeping_) return keeping_->Percent() / 2;
   return 50 + PercentOf(removed_ + copied_, removals_.size() + names_.size()) / 2;
@@ -25,7 +49,9 @@ int RestoreJob::Percent() const {
 Job::State RestoreJob::Step(std::size_t mostFiles) {
   if (state_ != State::kRunning) return state_;
   if (keeping_ && !StepKeeping(mostFiles)) return state_;
-  if (!begun_) Begin(from_);
+  if (!begun_) {
+    if (const FileStatus begun = Begin(from_); !begun) return Fail(begun.reason);
+  }
   for (std::size_t count = 0; count < mostFiles; ++count) {
     FileStatus status;
     if (removed_ < removals_.size()) {
@@ -33,7 +59,7 @@ Job::State RestoreJob::Step(std::size_t mostFiles) {
     } else if (copied_ < names_.size()) {
       status = PutOne(names_[copied_++]);
     } else {
-      return state_ = goingBack_ ? State::kFailed : State::kDone;
+      return End(goingBack_ ? State::kFailed : State::kDone);
     }
     // On the way back, as much as possible is put back.
     if (!status && !goingBack_) return Fail(status.reason);
@@ -51,7 +77,7 @@ bool RestoreJob::StepKeeping(std::size_t mostFiles) {
   return true;
 }
 
-void RestoreJob::Begin(Text fromFolder) {
+FileStatus RestoreJob::Begin(Text fromFolder) {
   begun_ = true;
   from_ = std::move(fromFolder);
   names_ = DataSetFiles(files_, from_);
@@ -61,6 +87,13 @@ void RestoreJob::Begin(Text fromFolder) {
     const Text path = data_ + Text(folder);
     for (const Text& name : files_.List(path, extension)) removals_.push_back(path + name);
   }
+  return files_.Write(data_ + Text(kUnderWayName), EncodeTextFile(from_));
+}
+
+Job::State RestoreJob::End(State state) {
+  const Text underWay = data_ + Text(kUnderWayName);
+  if (!files_.Remove(underWay)) files_.Write(underWay, {});
+  return state_ = state;
 }
 
 // The data file is what makes everything else known: it is flushed to the disk and replaced in one step.
@@ -73,7 +106,8 @@ FileStatus RestoreJob::PutOne(const Text& path) {
 
 Job::State RestoreJob::Fail(Text reason) {
   if (reason_.empty()) reason_ = std::move(reason);
-  if (!begun_ || goingBack_ || keptFolder_.empty()) return state_ = State::kFailed;
+  if (!begun_) return state_ = State::kFailed;
+  if (goingBack_ || keptFolder_.empty()) return End(State::kFailed);
   goingBack_ = true;
   Begin(keptFolder_);
   return state_;

@@ -39,6 +39,9 @@ class Files {
   /// All bytes of the file. A file too large to be held (over 1 GiB) is unreadable.
   virtual FileContent Read(TextView path) const = 0;
 
+  /// Whether both files can be read and have the same bytes, however large they are.
+  virtual bool SameContent(TextView path, TextView other) const = 0;
+
   /// Replaces the file as a whole: the bytes go to a neighbour, are flushed to the disk, and take the place
   /// of the old file in one step. Whatever happens meanwhile, the file is the old one or the new one.
   virtual FileStatus Write(TextView path, std::string_view bytes) = 0;

@@ -29,6 +29,13 @@ Text WithSeparator(TextView path) {
   return folder;
 }
 
+bool IsFullPath(TextView path) {
+  const auto separates = [path](std::size_t at) {
+    return path.size() > at && (path[at] == u'\\' || path[at] == u'/');
+  };
+  return (separates(0) && separates(1)) || (path.size() > 1 && path[1] == u':' && separates(2));
+}
+
 Text FindDataFolder(const DataFolderFacts& facts, const Files& files) {
   Text folder = WithSeparator(ExpandProfile(facts.registryPath, facts.profileFolder));
   if (HoldsData(files, folder)) return folder;

@@ -34,6 +34,9 @@ struct DataFolderFacts {
 /// `path` with exactly one "\" at its end; an empty path stays empty.
 Text WithSeparator(TextView path);
 
+/// Whether a path names a folder whatever the current folder and drive are.
+bool IsFullPath(TextView path);
+
 /// The data folder, ending in "\": the folder of the registry value, else the program's own, whichever first
 /// holds "jotlets.ini" or "store.mdb"; else "jotlets\" in the application-data folder. In the registry value
 /// "%PROFILE%" and the one character after it stand for the profile folder.

@@ -167,7 +167,8 @@ bool LoadOptionsToReplace(Files& files, const CodePage& ansi, Log& log, const Lo
   if (content.state != FileContent::State::kRead) return content.state == FileContent::State::kMissing;
   const TextFile text = DecodeTextFile(content.bytes, ansi);
   LoadOptions(options, text.text);
-  if (!text.damaged) return true;
+  // A file with so many unknown lines is somebody else's: writing it anew would cut it short.
+  if (!text.damaged && options.others.size() < kMostUnknownOptions) return true;
   const Text kept = DatedName(files, path, kDamagedMark, now);
   const FileStatus status = files.Write(kept, content.bytes);
   log.Write(kLogLifecycle, u"Options file '", path, u"' is damaged, ",

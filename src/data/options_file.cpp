@@ -263,7 +263,9 @@ constexpr std::array kOptions = {
     Number<&O::syncPeriod>(u"SyncPeriod", u"Minutes between server synchronisations.", {1, 100000}),
     OnFlag<&O::alternateGetPixel>(u"AlternateGetPixel", u"Another way to sample pixels of skins."),
     OffFlag<&O::takeBackups>(u"TakeBackups", u"Automatic backups."),
-    Words<&O::backupDir>(u"BackupDir", u"Folder of the backups; empty: \"backups\" in the data folder."),
+    Words<&O::backupDir>(
+        u"BackupDir",
+        u"Folder of the backups, also as a path inside the data folder; empty: \"backups\" there."),
     Number<&O::backupPeriod>(u"BackupPeriod", u"Hours between automatic backups.", {1, 100000}),
     Number<&O::keepBackups>(u"KeepBackups", u"How many backups are kept.", {1, 100000}),
     Numbers<&O::imageJotletDefaultSize>(u"ImageJotletDefaultSize",
@@ -345,16 +347,12 @@ Text StyleKey(std::size_t number) {
   return key;
 }
 
-// More than any version of ours writes; a foreign file must not cost a search through all of its lines for
-// each.
-constexpr std::size_t kMostUnknown = 1000;
-
 void KeepUnknown(Options& options, TextView key, TextView value) {
   const auto known = std::find_if(options.others.begin(), options.others.end(),
                                   [key](const auto& other) { return other.first == key; });
   if (known != options.others.end()) {
     known->second = value;
-  } else if (options.others.size() < kMostUnknown) {
+  } else if (options.others.size() < kMostUnknownOptions) {
     options.others.emplace_back(key, value);
   }
 }

@@ -140,11 +140,13 @@ TEST_F(BackupFolder, FollowsNotesThatChangeOrGoMeanwhile) {
   files.onCopy = [this](TextView to) {
     if (to.ends_with(u"A.rtf")) files.Remove(u"D:\\rtf\\A.rtf");
     if (to.ends_with(u"B.rtf") && files.Get(u"D:\\rtf\\B.rtf") == "bb") files.Put(u"D:\\rtf\\B.rtf", "b2");
-    if (to.ends_with(u"C.png")) files.Remove(u"D:\\rtf\\A.rtf");
+    if (to.ends_with(u"B.rtf")) files.Put(u"D:\\rtf\\D.rtf", "d"), files.Put(u"D:\\images\\A.png", "e");
   };
   EXPECT_EQ(Job().Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\backups\\202611210905\\rtf\\B.rtf"), "b2");
   EXPECT_FALSE(files.Exists(u"D:\\backups\\202611210905\\rtf\\A.rtf"));
+  EXPECT_EQ(files.Get(u"D:\\backups\\202611210905\\rtf\\D.rtf"), "d") << "the data file may name it";
+  EXPECT_EQ(files.Get(u"D:\\backups\\202611210905\\images\\A.png"), "e");
 }
 
 TEST_F(BackupFolder, IsRefusedWhenACopyDiffersOrCannotBeCompared) {
@@ -316,6 +318,17 @@ TEST_F(Keeper, GoesWhereTheOptionSaysAndCanBeGivenUp) {
   EXPECT_EQ(keeper.Describe()[0].name, u"202611210906");
 }
 
+TEST_F(Keeper, FindsARelativeFolderInTheDataFolder) {
+  for (const auto& [option, folder] : std::map<Text, Text>{{u"", u"D:\\backups\\"},
+                                                           {u"kept/here", u"D:\\kept/here\\"},
+                                                           {u"E:/kept", u"E:/kept\\"},
+                                                           {u"\\\\server\\kept", u"\\\\server\\kept\\"}}) {
+    options.backupDir = option;
+    keeper.Open(u"D:\\");
+    EXPECT_EQ(keeper.BackupsFolder(), folder);
+  }
+}
+
 TEST_F(Keeper, RestoresSoThatItCanBeUndone) {
   keeper.Open(u"D:\\");
   EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
@@ -341,6 +354,36 @@ TEST_F(Keeper, PutsThePresentBackWhenARestoreFailsHalfWay) {
     EXPECT_EQ(texts, ended ? "abb" : "newerbb") << step;
   }
   EXPECT_TRUE(ended);
+}
+
+TEST_F(Keeper, FinishesARestoreThatWasKilledAtAnyMoment) {
+  keeper.Open(u"D:\\");
+  EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
+  const auto texts = [this] { return files.Get(u"D:\\rtf\\A.rtf") + files.Get(u"D:\\rtf\\B.rtf"); };
+  int finished = 0;
+  bool ended = false;
+  for (int kill = 1; !ended && kill < 60; ++kill) {
+    files.Put(u"D:\\rtf\\A.rtf", "newer");
+    RestoreJob job = keeper.Restore(u"202611210905");
+    for (int step = 0; step < kill && !ended; ++step) ended = job.Step(1) == Job::State::kDone;
+    if (std::optional<RestoreJob> rest = keeper.InterruptedRestore()) {
+      ++finished;
+      EXPECT_EQ(rest->Finish(), Job::State::kDone) << kill;
+      EXPECT_EQ(texts(), "abb") << kill;
+    }
+    EXPECT_EQ(texts(), ended || finished > 0 ? "abb" : "newerbb") << kill;
+    EXPECT_FALSE(keeper.InterruptedRestore()) << kill;
+  }
+  EXPECT_TRUE(ended);
+  EXPECT_GE(finished, 7);  // three removals, five copies, all but the last
+}
+
+TEST_F(Keeper, LeavesARestoreWhoseBackupIsGone) {
+  keeper.Open(u"D:\\");
+  files.Put(u"D:\\restore.ini", "E:\\unplugged\\202611210905\\");
+  EXPECT_EQ(keeper.InterruptedRestore()->Finish(), Job::State::kFailed);
+  EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "a");
+  EXPECT_FALSE(keeper.InterruptedRestore()) << "it is told once";
 }
 
 TEST_F(Keeper, RestoresOverADamagedDataFileAndKeepsWhatWasLeft) {

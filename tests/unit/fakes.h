@@ -133,6 +133,11 @@ class FakeFiles final : public Files {
     if (!IsFile(path)) return {};
     return {FileContent::State::kRead, Get(path), {}};
   }
+  bool SameContent(TextView path, TextView other) const override {
+    const FileContent a = Read(path);
+    const FileContent b = Read(other);
+    return a.state == FileContent::State::kRead && b.state == a.state && a.bytes == b.bytes;
+  }
   FileStatus Write(TextView path, std::string_view bytes) override {
     return Change(path, [&] { Put(path, std::string(bytes)); });
   }

@@ -250,6 +250,12 @@ TEST(OptionsFile, IsKeptBesideWhenItIsDamagedAndIsToBeReplaced) {
   EXPECT_EQ(files.Get(u"o.damaged-202611210905"), half);
   files.changesUntilFailure = 0;
   EXPECT_FALSE(mayReplace()) << "it could not be kept";
+  std::string foreign;
+  for (int line = 0; line <= 1000; ++line) foreign += "key" + std::to_string(line) + "=\n";
+  files.changesUntilFailure = -1;
+  files.Put(u"o", foreign);
+  EXPECT_TRUE(mayReplace());
+  EXPECT_TRUE(files.Keeps(foreign) && files.Paths().size() == 3);
   files.unreadable.insert(u"o");
   EXPECT_FALSE(mayReplace());
 }

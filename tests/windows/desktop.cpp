@@ -86,6 +86,9 @@ Process::Process(const Text& program, const Text& arguments, const Text& input, 
   }
 }
 
+Process::Process(DWORD id)
+    : handle_(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE | PROCESS_QUERY_INFORMATION, FALSE, id)) {}
+
 std::optional<DWORD> Process::WaitForEnd() const {
   DWORD code = 0;
   if (!handle_ || !WaitUntil([this] { return !Running(); })) return std::nullopt;

@@ -28,6 +28,8 @@ class Process {
   Process() = default;
   /// `input` and `output` are files to read from and write to, when not empty.
   Process(const Text& program, const Text& arguments, const Text& input = {}, const Text& output = {});
+  /// A program that is running already.
+  explicit Process(DWORD id);
   Process(Process&&) = default;
   ~Process() { Kill(); }
 

@@ -91,10 +91,20 @@ void BackupCommands::RestoreFrom(const Text& name) {
 
 bool BackupCommands::OfferAtFirstRun() {
   if (!keeper_.HasAny()) return false;
-  const HWND window = owner_.BackupWindow();
-  const Text name = ChooseBackup(window, resources_, IDS_RESTORE_FIRST_RUN, keeper_);
+  const Text name = ChooseBackup(owner_.BackupWindow(), resources_, IDS_RESTORE_FIRST_RUN, keeper_);
   if (name.empty()) return false;
-  RestoreJob job = keeper_.Restore(name);
+  return PutBackAtStart(keeper_.Restore(name));
+}
+
+void BackupCommands::FinishInterruptedRestore() {
+  std::optional<RestoreJob> job = keeper_.InterruptedRestore();
+  if (!job) return;
+  log_.Write(kLogLifecycle, u"Finishing a restore that was interrupted");
+  PutBackAtStart(std::move(*job));
+}
+
+bool BackupCommands::PutBackAtStart(RestoreJob job) {
+  const HWND window = owner_.BackupWindow();
   if (RunJob(window, resources_, IDS_RESTORE_RUNS, job, false) == Job::State::kDone) return true;
   log_.Write(kLogLifecycle, u"Not restored: ", job.Reason());
   Tell(window, resources_, IDS_RESTORE_FAILED, job.Reason());

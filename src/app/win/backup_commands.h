@@ -46,8 +46,11 @@ class BackupCommands {
   void ChooseRestore();
   /// Offers the backups, when there are any, to a start that found no data file. Whether one was put back.
   bool OfferAtFirstRun();
+  /// Finishes a restore that the end of the program has cut short.
+  void FinishInterruptedRestore();
 
  private:
+  bool PutBackAtStart(RestoreJob job);
   void RestoreFrom(const Text& name);
 
   BackupOwner& owner_;

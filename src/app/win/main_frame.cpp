@@ -86,8 +86,16 @@ bool CMainFrame::OnCreate() {
   policy_ = ReadPolicy(RegistryPolicy(), log_);
   if (!FindDataFolder()) return false;
   skins_.Open(folder_);
+  if (!RestoreUnderWay(files_, ansi_, folder_).empty()) {
+    OpenBackups();
+    backups_.FinishInterruptedRestore();
+  }
+  if (exiting_) return false;
   bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
-  if (firstRun && OfferBackups()) firstRun = false;
+  if (firstRun) {
+    OpenBackups();
+    firstRun = !backups_.OfferAtFirstRun();
+  }
   if (exiting_) return false;
   LoadOptions();
   skins_.SetDefault(EffectiveOptions().skin);
@@ -511,12 +519,10 @@ void CMainFrame::HoldStill(bool still) {
   desktop_.Enable(!still);
 }
 
-// A data folder without its data file, but with backups, has lost something.
-bool CMainFrame::OfferBackups() {
-  // The options may name another place for the backups.
+// For a start that needs the backups before it may load: the options may name another place for them.
+void CMainFrame::OpenBackups() {
   LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_);
   backups_.Open(folder_);
-  return backups_.OfferAtFirstRun();
 }
 
 void CMainFrame::MoveDataLocation() {

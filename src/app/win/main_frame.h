@@ -114,7 +114,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void ShowOrHideAll();
   void RescueOffScreen();
   void CheckBackup();
-  bool OfferBackups();
+  void OpenBackups();
   void MoveDataLocation();
   void Restart();
   void LoadOptions();

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 
 #include "base/win/unique_handle.h"
@@ -39,6 +40,11 @@ UniqueHandle OpenForReading(const Text& path) {
     if (file || GetLastError() != ERROR_SHARING_VIOLATION || tried == kTries) return file;
     Sleep(kPauseMilliseconds);
   }
+}
+
+// As many bytes as fit and are left; false when they cannot be read.
+bool ReadPart(HANDLE file, std::string& part, DWORD& got) {
+  return ReadFile(file, part.data(), static_cast<DWORD>(part.size()), &got, nullptr) != 0;
 }
 
 FileStatus WriteAll(HANDLE file, std::string_view bytes) {
@@ -119,6 +125,22 @@ FileContent DiskFiles::Read(TextView path) const {
   content.bytes.resize(have);
   content.state = FileContent::State::kRead;
   return content;
+}
+
+bool DiskFiles::SameContent(TextView path, TextView other) const {
+  constexpr std::size_t kPart = 1 << 18;
+  const UniqueHandle first = OpenForReading(Text(path));
+  const UniqueHandle second = OpenForReading(Text(other));
+  if (!first || !second) return false;
+  std::string ours(kPart, '\0');
+  std::string theirs(kPart, '\0');
+  for (;;) {
+    DWORD count = 0;
+    DWORD theirCount = 0;
+    if (!ReadPart(first.get(), ours, count) || !ReadPart(second.get(), theirs, theirCount)) return false;
+    if (count != theirCount || std::memcmp(ours.data(), theirs.data(), count) != 0) return false;
+    if (count == 0) return true;
+  }
 }
 
 FileStatus DiskFiles::Write(TextView path, std::string_view bytes) {

@@ -10,6 +10,7 @@ class DiskFiles final : public Files {
   bool Exists(TextView path) const override;
   std::uint64_t Size(TextView path) const override;
   FileContent Read(TextView path) const override;
+  bool SameContent(TextView path, TextView other) const override;
   FileStatus Write(TextView path, std::string_view bytes) override;
   FileStatus Append(TextView path, std::string_view bytes) override;
   FileStatus Copy(TextView from, TextView to) override;
