@@ -11,11 +11,12 @@ enum class StartKind {
   kUsage,     // show the usage text and end
   kClose,     // ask the running instance to close and end
   kNoteFile,  // send a note file to the running instance and end
+  kSkinFile,  // make a skin package (".jsk") the default skin of the running instance and end
 };
 
 struct StartRequest {
   StartKind kind = StartKind::kNormal;
-  Text noteFile;  // without quotes
+  Text file;  // without quotes
 };
 
 /// Reads the command line behind the program's name. "-rescue" may stand anywhere in it.

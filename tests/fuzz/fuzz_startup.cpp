@@ -10,7 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view bytes = Bytes(data + 1, size - 1);
   const Text input = (data[0] & 1) != 0 ? Units(bytes) : FromUtf8(bytes);
   const StartRequest request = ParseCommandLine(input);
-  Check((request.kind == StartKind::kNoteFile) == !request.noteFile.empty());
+  Check((request.kind == StartKind::kNoteFile || request.kind == StartKind::kSkinFile) ==
+        !request.file.empty());
 
   const Text message = NoteMessageFromFile(input);
   const Inbound inbound = RouteInbound(message, true);

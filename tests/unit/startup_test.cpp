@@ -19,12 +19,13 @@ TEST(CommandLine, TellsTheKindOfStart) {
   EXPECT_EQ(Kind(u"-close"), StartKind::kClose);
   EXPECT_EQ(Kind(u"-closed.jtl"), StartKind::kNoteFile);
   EXPECT_EQ(Kind(u"what?"), StartKind::kNoteFile);
+  EXPECT_TRUE(Kind(u"\"C:\\a b.JSK\"") == StartKind::kSkinFile && Kind(u"jsk") == StartKind::kNoteFile);
 }
 
 TEST(CommandLine, ANoteFileIsGivenWithOrWithoutQuotes) {
-  EXPECT_EQ(ParseCommandLine(u" C:\\my notes\\a.jtl ").noteFile, u"C:\\my notes\\a.jtl");
-  EXPECT_EQ(ParseCommandLine(u"\"C:\\my notes\\a.jtl\"").noteFile, u"C:\\my notes\\a.jtl");
-  EXPECT_EQ(ParseCommandLine(u"\"").noteFile, u"\"");
+  EXPECT_EQ(ParseCommandLine(u" C:\\my notes\\a.jtl ").file, u"C:\\my notes\\a.jtl");
+  EXPECT_EQ(ParseCommandLine(u"\"C:\\my notes\\a.jtl\"").file, u"C:\\my notes\\a.jtl");
+  EXPECT_EQ(ParseCommandLine(u"\"").file, u"\"");
 }
 
 TEST(NoteFile, BecomesANoteMessage) {

@@ -18,7 +18,7 @@ void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
       ExecuteApiCommand(*this, reply, log_, inbound.text);
       break;
     }
-    case InboundKind::kSkinFile: frame_.SetDefaultSkin(inbound.text); break;
+    case InboundKind::kSkinFile: frame_.OpenSkinFile(inbound.text); break;
     case InboundKind::kNoteMessage: frame_.ImportNoteMessage(inbound.text); break;
   }
 }

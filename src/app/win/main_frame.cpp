@@ -346,6 +346,11 @@ bool CMainFrame::SetDefaultSkin(TextView path) {
   return name.has_value();
 }
 
+void CMainFrame::OpenSkinFile(TextView path) {
+  if (SetDefaultSkin(path)) return;
+  tray_.Balloon(kVersionText, ReplaceAll(resources_.String(IDS_SKIN_UNREADABLE), u"%s", path));
+}
+
 void CMainFrame::UseDefaultSkin(const Text& name) {
   Log(kLogDetail, u"Setting skin:", name);
   options_.skin = name;

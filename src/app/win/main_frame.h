@@ -64,6 +64,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void ImportNoteMessage(TextView message);
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefaultSkin(TextView path);
+  /// The same for a file that the user has opened, who is told when it is no skin.
+  void OpenSkinFile(TextView path);
 
   /// The shutdown, once, whatever the path that leads here.
   void ExitJotlets(TextView reason, bool silent = false);

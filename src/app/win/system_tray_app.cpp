@@ -22,6 +22,15 @@ int RunMessageLoop(CMainFrame& frame) {
   return static_cast<int>(message.wParam);
 }
 
+// The running instance has a current folder of its own.
+Text FullPath(const Text& path) {
+  Text full(32768, u'\0');
+  const DWORD length =
+      GetFullPathNameW(Wide(path), static_cast<DWORD>(full.size()), WideBuffer(full), nullptr);
+  full.resize(length < full.size() ? length : 0);
+  return full;
+}
+
 void Say(const Resources& resources, UINT text) {
   MessageBoxW(nullptr, Wide(resources.String(text)), Wide(resources.String(IDS_APP_TITLE)), MB_OK);
 }
@@ -35,7 +44,8 @@ int CSystemTrayApp::InitInstance(TextView commandLine) {
   switch (request.kind) {
     case StartKind::kUsage: Say(resources_, IDS_USAGE); return 0;
     case StartKind::kClose: return AskRunningInstanceToClose() ? 0 : 1;
-    case StartKind::kNoteFile: return SendNoteFile(request.noteFile);
+    case StartKind::kNoteFile: return SendNoteFile(request.file);
+    case StartKind::kSkinFile: return SendToRunningInstance(FullPath(request.file)) ? 0 : 1;
     case StartKind::kNormal:
     case StartKind::kRescue: break;
   }
