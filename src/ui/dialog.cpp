@@ -9,6 +9,15 @@ INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
                          reinterpret_cast<LPARAM>(this));
 }
 
+Text Dialog::ItemText(int control) const {
+  const HWND item = Item(control);
+  Text text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, u'\0');
+  const int length =
+      GetWindowTextW(item, reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
 INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   try {
     if (message == WM_INITDIALOG) {

@@ -29,6 +29,8 @@ class Dialog {
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }
+  /// The text of a control.
+  Text ItemText(int control) const;
   void End(INT_PTR answer) { EndDialog(dialog_, answer); }
 
  private:

@@ -87,6 +87,19 @@ void DesktopJotlets::BringForward() {
   for (const auto& jotlet : jotlets_) jotlet->BringForward();
 }
 
+void DesktopJotlets::HideOthers(const BJotlet& shown) {
+  for (const auto& jotlet : jotlets_) {
+    if (jotlet.get() != &shown) jotlet->SetHidden(true);
+  }
+}
+
+BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
+  const HWND root = GetAncestor(window, GA_ROOT);
+  const auto at = std::find_if(jotlets_.begin(), jotlets_.end(),
+                               [root](const auto& jotlet) { return jotlet->Handle() == root; });
+  return at == jotlets_.end() ? nullptr : at->get();
+}
+
 bool DesktopJotlets::Rescue(const Rect& screen) {
   bool any = false;
   for (const auto& jotlet : jotlets_) {

@@ -24,8 +24,8 @@ class DesktopOwner {
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
   virtual Text StackName(std::int32_t number) const = 0;
-  /// The user wants to choose a skin for the note.
-  virtual void ChooseSkin(const Text& id) = 0;
+  virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
+  virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
@@ -62,6 +62,10 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// Takes every window off the screen; no note becomes a hidden one by that.
   void HideAll();
   void BringForward();
+  /// Hides every note but one.
+  void HideOthers(const BJotlet& jotlet);
+  /// The note whose window this is, or is inside of; nullptr for other windows.
+  BJotlet* FindWindowOwner(HWND window);
   /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
   bool Rescue(const Rect& screen);
   void CloseAll();
@@ -81,7 +85,12 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletSized(BJotlet& jotlet) override;
   void OnJotletFocus(BJotlet& jotlet, bool gained) override;
   void OnJotletClose(BJotlet& jotlet) override { owner_.OnCloseWanted(jotlet.StoredRecord().id); }
-  void OnJotletSkin(BJotlet& jotlet) override { owner_.ChooseSkin(jotlet.StoredRecord().id); }
+  bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
+    return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
+  }
+  bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
+    return owner_.IsActionEnabled(jotlet, action);
+  }
   void OnJotletMenu(BJotlet& jotlet, Point screen) override {
     owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }

@@ -8,12 +8,13 @@
 #include "app/win/main_menus.h"
 #include "app/win/orphan_dialog.h"
 #include "app/win/registry_policy.h"
-#include "app/win/skin_dialog.h"
+#include "app/win/system_choosers.h"
 #include "app/win/system_facts.h"
 #include "app/win/user_messages.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "data/saving.h"
+#include "note/shortcuts.h"
 #include "res/resource.h"
 #include "ui/screen.h"
 
@@ -58,7 +59,8 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       maker_(files_, clock_, log_, options_, lists_, desktop_),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
-      backups_(*this, resources, files_, ansi_, clock_, log_, options_, tray_) {}
+      backups_(*this, resources, files_, ansi_, clock_, log_, options_, tray_),
+      actions_(*this, resources) {}
 
 CMainFrame::~CMainFrame() = default;
 
@@ -359,19 +361,14 @@ void CMainFrame::UseDefaultSkin(const Text& name) {
   SetOptionsDirty();
 }
 
-void CMainFrame::ChooseSkin(const Text& id) {
-  const Text wanted = id;
-  BJotlet* jotlet = FindJotlet(wanted);
-  if (jotlet == nullptr || IsSkinFixedByPolicy()) return;
-  const JotletData& record = jotlet->StoredRecord();
-  const Text now = record.skin.empty() ? options_.skin : record.skin;
-  const std::optional<SkinChoice> choice =
-      BSkinDlg(resources_, skins_, now, record.colour).Choose(jotlet->Handle());
-  // The note may be gone, or the program ending, when the dialog is.
-  jotlet = FindJotlet(wanted);
-  if (!choice || exiting_ || jotlet == nullptr) return;
-  if (choice->asDefault) UseDefaultSkin(choice->name);
-  desktop_.SetSkin(*jotlet, choice->asDefault ? TextView() : TextView(choice->name));
+void CMainFrame::ImportFile(TextView path) {
+  Text reason;
+  const std::optional<NewJotlet> fresh = NoteFromFile(files_, ansi_, path, reason);
+  if (fresh) {
+    CreateJotlet(*fresh);
+  } else {
+    Tell(Handle(), resources_, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
+  }
 }
 
 void CMainFrame::ExitJotlets(TextView reason, bool silent) {
@@ -428,6 +425,10 @@ void CMainFrame::OnCommand(UINT command) {
       if (jotlet != nullptr) jotlet->TakeFocus();
       break;
     }
+    case ID_IMPORT:
+      if (const Text path = ChooseFileToOpen(Handle(), resources_.String(IDS_FILTER_IMPORT)); !path.empty())
+        ImportFile(path);
+      break;
     case ID_RESCUE: RescueOffScreen(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: backups_.TakeManualBackup(); break;
@@ -469,26 +470,15 @@ void CMainFrame::ShowTrayMenu() {
   ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
 }
 
-JotletMenu CMainFrame::JotletMenuState(TextView id) {
-  const BJotlet* jotlet = FindJotlet(id);
-  if (jotlet == nullptr) return {};
-  const JotletData& record = jotlet->StoredRecord();
-  return {record.rolled, record.onTop, record.readOnly, !IsSkinFixedByPolicy()};
-}
-
-void CMainFrame::ShowJotletMenu(const Text& id, Point) {
-  // The menu runs a message loop of its own, in which anything may happen to the note.
-  const Text wanted = id;
-  const UINT command = ChooseFromMenu(Handle(), MakeJotletMenu(resources_, JotletMenuState(wanted)).get());
-  if (command == ID_JOTLET_CLOSE) {
-    OnCloseWanted(wanted);
-  } else if (command == ID_JOTLET_DELETE && Ask(Handle(), resources_, IDS_CONFIRM_DELETE)) {
-    DeleteJotlet(wanted, u"deleted");
-  } else if (command == ID_NEW_JOTLET) {
-    OnCommand(command);
-  } else if (BJotlet* jotlet = FindJotlet(wanted)) {
-    jotlet->DoAction(ActionOf(command), {});
-  }
+bool CMainFrame::TranslateKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  const auto held = [](int key) { return GetKeyState(key) < 0; };
+  const ActionCode action = ActionFromKey(
+      {static_cast<std::uint16_t>(message.wParam), held(VK_CONTROL), held(VK_SHIFT), held(VK_MENU)});
+  // A dialog of ours may be open over the notes; its keys are its own.
+  BJotlet* jotlet = action == kActionNone || exiting_ ? nullptr : desktop_.FindWindowOwner(message.hwnd);
+  if (jotlet == nullptr) return false;
+  return jotlet->DoAction(action, {});
 }
 
 void CMainFrame::ShowOrHideAll() {

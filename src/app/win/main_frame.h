@@ -8,8 +8,9 @@
 #include "app/win/backup_commands.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
+#include "app/win/file_exchange.h"
+#include "app/win/jotlet_actions.h"
 #include "app/win/jotlet_maker.h"
-#include "app/win/main_menus.h"
 #include "app/win/program_instance.h"
 #include "app/win/system_tray.h"
 #include "base/win/ansi_code_page.h"
@@ -66,12 +67,28 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool SetDefaultSkin(TextView path);
   /// The same for a file that the user has opened, who is told when it is no skin.
   void OpenSkinFile(TextView path);
+  void UseDefaultSkin(const Text& name);
+
+  /// Closes a note for the user, who is told when that is not possible.
+  void OnCloseWanted(const Text& id) override;
+  /// Carries out a command of the tray menu.
+  void OnCommand(UINT command);
+  /// Compares the content files with the notes; the user may adopt what belongs to none.
+  void CheckContent();
+  /// Makes a note of a file; the user is told when that fails.
+  void ImportFile(TextView path);
+  FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
+    return WriteNoteCopy(files_, jotlet, folder_, path);
+  }
+  /// Carries out the command of a key pressed in a note; false when it is none.
+  bool TranslateKey(const MSG& message);
 
   /// The shutdown, once, whatever the path that leads here.
   void ExitJotlets(TextView reason, bool silent = false);
 
   DesktopJotlets& Desktop() { return desktop_; }
   const DesktopJotlets& Desktop() const { return desktop_; }
+  ProgramSkins& Skins() { return skins_; }
   const JotletLists& Lists() const { return lists_; }
   /// The user's options.
   const Options& CurrentOptions() const { return options_; }
@@ -89,20 +106,20 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void ProvideFirstRun();
   bool LoadJotlets();
   void TakeLoaded(LoadedData loaded);
-  void CheckContent();
 
   LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
   void OnTimer(UINT_PTR id);
   void OnMinute();
   void OnHotKey(int id);
-  void OnCommand(UINT command);
   void OnTray(LPARAM message);
   void OnEndSession(bool ending);
 
-  void OnCloseWanted(const Text& id) override;
   Text StackName(std::int32_t number) const override;
-  void ChooseSkin(const Text& id) override;
-  void ShowJotletMenu(const Text& id, Point screen) override;
+  void ShowJotletMenu(const Text& id, Point) override { actions_.ShowMenu(id, false); }
+  bool DoJotletAction(const Text& id, ActionCode action) override { return actions_.Do(id, action); }
+  bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
+    return StateOf(action, actions_.FactsOf(jotlet)).enabled;
+  }
   void PurgeSoon() override;
 
   HWND BackupWindow() const override { return Handle(); }
@@ -110,8 +127,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void HoldStill(bool still) override;
   void RestartAfterRestore() override { Restart(); }
 
-  void UseDefaultSkin(const Text& name);
-  JotletMenu JotletMenuState(TextView id);
   void ShowTrayMenu();
   void ShowOrHideAll();
   void RescueOffScreen();
@@ -140,6 +155,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   CommandEndpoint commands_;
   CSystemTray tray_;
   BackupCommands backups_;
+  JotletActions actions_;
   Text folder_;
   Text installId_;
   UINT taskbarCreated_ = 0;

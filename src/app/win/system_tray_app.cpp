@@ -16,6 +16,7 @@ int RunMessageLoop(CMainFrame& frame) {
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (frame.Handle() != nullptr && TranslateAcceleratorW(frame.Handle(), frame.Accelerators(), &message))
       continue;
+    if (frame.Handle() != nullptr && frame.TranslateKey(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

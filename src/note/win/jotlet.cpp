@@ -15,7 +15,6 @@ namespace {
 
 // How far into the text the first line that can serve as a title is looked for.
 constexpr std::int32_t kTitleSearch = 256;
-constexpr std::int32_t kScrollStep = 16;  // pixels, of one click on a scroll button
 
 LPCWSTR CursorOf(FramePart part) {
   const DraggedEdges edges = EdgesOf(part);
@@ -166,51 +165,6 @@ void BJotlet::SetColour(Colour colour) {
   owner_.OnJotletChanged();
 }
 
-void BJotlet::SetRolled(bool rolled) {
-  if (record_.rolled == rolled) return;
-  Record();
-  record_.rolled = rolled;
-  const std::int32_t rolledHeight = skin_->data.rolledHeight;
-  const std::int32_t height = rolled && rolledHeight > 0 ? rolledHeight : record_.height;
-  // Known before the window is sized, so that its new height is not taken for the unrolled one.
-  view_.rolled = rolled && rolledHeight > 0;
-  SetWindowPos(Handle(), nullptr, 0, 0, record_.width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  OnSize();
-  owner_.OnJotletChanged();
-}
-
-void BJotlet::SetOnTop(bool onTop) {
-  record_.onTop = onTop;
-  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  UpdateView();
-  owner_.OnJotletChanged();
-}
-
-void BJotlet::SetReadOnly(bool readOnly) {
-  record_.readOnly = readOnly;
-  if (edit_.Handle() != nullptr) edit_.SetReadOnly(readOnly);
-  UpdateView();
-  owner_.OnJotletChanged();
-}
-
-void BJotlet::DoAction(ActionCode action, Point) {
-  const std::int32_t page = Scrolled().page;
-  switch (action) {
-    case kActionClose: owner_.OnJotletClose(*this); break;
-    case kActionOnTop: SetOnTop(!record_.onTop); break;
-    case kActionRoll: SetRolled(!record_.rolled); break;
-    case kActionLock: SetReadOnly(!record_.readOnly); break;
-    case kActionScrollUp: ScrollBy(-kScrollStep); break;
-    case kActionScrollDown: ScrollBy(kScrollStep); break;
-    case kActionPageUp: ScrollBy(-page); break;
-    case kActionPageDown: ScrollBy(page); break;
-    case kActionSetSkin:
-    case kActionDefaultSkin: owner_.OnJotletSkin(*this); break;
-    default: break;
-  }
-}
-
 bool BJotlet::SetPlainText(TextView text) {
   if (record_.IsImage()) return false;
   edit_.SetPlainText(text);
@@ -227,6 +181,12 @@ bool BJotlet::SetRtf(TextView rtf) {
 
 void BJotlet::MoveTo(Point position) {
   SetWindowPos(Handle(), nullptr, position.x, position.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::SetSizeSafe(Size size) {
+  const Size safe = SafeSize(size, SmallestSize());
+  SetWindowPos(Handle(), nullptr, 0, 0, safe.width, safe.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   owner_.OnJotletChanged();
 }
 
@@ -265,7 +225,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSELEAVE: OnMouseLeave(); return 0;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
-    case WM_RBUTTONUP: OnContextMenu(PointOf(lParam)); return 0;
+    case WM_RBUTTONUP: OnContextMenu(); return 0;
     case WM_SIZE: OnSize(); return 0;
     case WM_SETFOCUS: OnFocus(true); return 0;
     case WM_KILLFOCUS: OnFocus(false); return 0;
@@ -448,9 +408,7 @@ void BJotlet::OnFocus(bool gained) {
   owner_.OnJotletFocus(*this, gained);
 }
 
-void BJotlet::OnContextMenu(Point at) {
-  if (PartAt(at) != FramePart::kContent || record_.IsImage()) owner_.OnJotletMenu(*this, MousePosition());
-}
+void BJotlet::OnContextMenu() { owner_.OnJotletMenu(*this, MousePosition()); }
 
 void BJotlet::OnDpiChanged(const RECT& suggested) { Place(FromRECT(suggested)); }
 

@@ -59,17 +59,30 @@ class BJotlet final : public Window, private EditWatcher {
   void SetRolled(bool rolled);
   void SetOnTop(bool onTop);
   void SetReadOnly(bool readOnly);
-  /// Carries out the command of an action code; `at` is the place of the click in client pixels. Codes that
-  /// are no command of a note do nothing.
-  void DoAction(ActionCode action, Point at);
+  /// A hidden note keeps its window, but does not show it.
+  void SetHidden(bool hidden);
+  void SetGhost(bool ghost);
+  /// The percentage of opacity that remains, 0 for all of it.
+  void SetTransparency(std::int32_t percent);
+  void SetUserString(TextView words);
+  /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
+  void TakeProperties(const JotletData& wanted);
+  /// Carries out the command of an action code, unless it cannot be carried out now; `at` is the place of the
+  /// click in client pixels. False for a code that is no command of a note. The note may be gone when the
+  /// call returns.
+  bool DoAction(ActionCode action, Point at);
   bool SetPlainText(TextView text);
   bool SetRtf(TextView rtf);
   void MoveTo(Point position);
+  /// Takes a size, but never below the smallest of the skin.
+  void SetSizeSafe(Size size);
   void PasteClipboard();
   void BringForward();
   void TakeFocus();
 
  private:
+  struct ActionRow;
+  static const ActionRow kActions[];
   enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -85,7 +98,7 @@ class BJotlet final : public Window, private EditWatcher {
   void EndDrag();
   void OnSize();
   void OnFocus(bool gained);
-  void OnContextMenu(Point at);
+  void OnContextMenu();
   void OnDpiChanged(const RECT& suggested);
   void OnEditScrolled() override;
   void OnEditMouse() override;
@@ -102,6 +115,7 @@ class BJotlet final : public Window, private EditWatcher {
   void Invalidate(const SkinView& before);
   void ApplySkin();
   void ApplyRegion();
+  void Toggle(bool& flag);
   void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();

@@ -24,8 +24,11 @@ class JotletOwner {
   virtual void OnJotletSized(BJotlet& jotlet) = 0;
   virtual void OnJotletFocus(BJotlet& jotlet, bool gained) = 0;
   virtual void OnJotletClose(BJotlet& jotlet) = 0;
-  /// The user wants to choose its skin.
-  virtual void OnJotletSkin(BJotlet& jotlet) = 0;
+  /// A command that is not the note's own affair; false when it is none. The note may be gone when the call
+  /// returns.
+  virtual bool OnJotletAction(BJotlet& jotlet, ActionCode action) = 0;
+  /// Whether a command can be carried out now.
+  virtual bool IsActionEnabled(BJotlet& jotlet, ActionCode action) = 0;
   virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
 
   /// The skin of a name, or the default one for an empty name; never null.

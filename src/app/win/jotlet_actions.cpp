@@ -1,0 +1,191 @@
+#include "app/win/jotlet_actions.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+
+#include "app/win/action_menu.h"
+#include "app/win/main_frame.h"
+#include "app/win/properties_dialog.h"
+#include "app/win/skin_dialog.h"
+#include "app/win/system_choosers.h"
+#include "app/win/text_dialog.h"
+#include "app/win/user_messages.h"
+#include "base/win/wide.h"
+#include "data/data_folder.h"
+#include "res/resource.h"
+
+namespace jotlets {
+
+struct JotletActions::Row {
+  ActionCode action;
+  void (JotletActions::*run)(BJotlet& jotlet);
+};
+
+const JotletActions::Row JotletActions::kRows[] = {
+    {kActionClose, &JotletActions::Close},
+    {kActionDelete, &JotletActions::Delete},
+    {kActionNewJotlet, &JotletActions::NewJotlet},
+    {kActionNewFromClipboard, &JotletActions::NewFromClipboard},
+    {kActionEditTitle, &JotletActions::EditTitle},
+    {kActionEditUserString1, &JotletActions::EditUserString},
+    {kActionColour, &JotletActions::ChooseColour},
+    {kActionSetSkin, &JotletActions::ChooseSkin},
+    {kActionDefaultSkin, &JotletActions::ChooseSkin},
+    {kActionSave, &JotletActions::Save},
+    {kActionCopyToFile, &JotletActions::CopyToFile},
+    {kActionMoveToFile, &JotletActions::MoveToFile},
+    {kActionImportFromFile, &JotletActions::ImportFromFile},
+    {kActionOpenLog, &JotletActions::OpenLog},
+    {kActionOpenIni, &JotletActions::OpenIni},
+    {kActionSolo, &JotletActions::Solo},
+    {kActionOpenJotletContext, &JotletActions::JotletMenu},
+    {kActionOpenTextContext, &JotletActions::TextMenu},
+    {kActionRescue, &JotletActions::Rescue},
+    {kActionHideAll, &JotletActions::HideAll},
+    {kActionExitApp, &JotletActions::ExitApp},
+    {kActionBackup, &JotletActions::Backup},
+    {kActionOrphanCheck, &JotletActions::OrphanCheck},
+    {kActionProperties, &JotletActions::Properties},
+};
+
+bool JotletActions::Do(const Text& id, ActionCode action) {
+  BJotlet* jotlet = frame_.FindJotlet(id);
+  const auto row =
+      std::find_if(std::begin(kRows), std::end(kRows), [action](const Row& r) { return r.action == action; });
+  if (jotlet == nullptr || row == std::end(kRows)) return false;
+  (this->*row->run)(*jotlet);
+  return true;
+}
+
+ActionFacts JotletActions::FactsOf(const BJotlet& jotlet) const {
+  const JotletData& record = jotlet.StoredRecord();
+  ActionFacts facts;
+  facts.image = record.IsImage();
+  facts.readOnly = record.readOnly;
+  facts.rolled = record.rolled;
+  facts.onTop = record.onTop;
+  facts.stang = record.stang;
+  facts.user1 = record.user1;
+  facts.user2 = record.user2;
+  facts.user3 = record.user3;
+  facts.transparency = record.transparency;
+  facts.skinFixed = frame_.IsSkinFixedByPolicy();
+  return facts;
+}
+
+void JotletActions::ShowMenu(const Text& id, bool ofText) {
+  BJotlet* jotlet = frame_.FindJotlet(id);
+  if (jotlet == nullptr) return;
+  // The menu runs a message loop of its own, in which anything may happen to the note.
+  const Text wanted = id;
+  const ActionMenu menu(resources_, ofText ? kTextMenu : kJotletMenu, FactsOf(*jotlet));
+  const ActionCode chosen = menu.Choose(jotlet->Handle());
+  jotlet = frame_.FindJotlet(wanted);
+  if (jotlet != nullptr && chosen != kActionNone) jotlet->DoAction(chosen, {});
+}
+
+void JotletActions::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet.StoredRecord().id, false); }
+void JotletActions::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet.StoredRecord().id, true); }
+
+void JotletActions::Close(BJotlet& jotlet) { frame_.OnCloseWanted(jotlet.StoredRecord().id); }
+
+void JotletActions::Delete(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  if (Ask(jotlet.Handle(), resources_, IDS_CONFIRM_DELETE)) frame_.DeleteJotlet(id, u"deleted");
+}
+
+void JotletActions::NewJotlet(BJotlet&) { frame_.OnCommand(ID_NEW_JOTLET); }
+void JotletActions::NewFromClipboard(BJotlet&) { frame_.OnCommand(ID_NEW_FROM_CLIPBOARD); }
+void JotletActions::Rescue(BJotlet&) { frame_.OnCommand(ID_RESCUE); }
+void JotletActions::HideAll(BJotlet&) { frame_.OnCommand(ID_SHOW_OR_HIDE); }
+void JotletActions::ExitApp(BJotlet&) { frame_.OnCommand(ID_EXIT_JOTLETS); }
+void JotletActions::Backup(BJotlet&) { frame_.OnCommand(ID_BACKUP); }
+void JotletActions::OrphanCheck(BJotlet&) { frame_.CheckContent(); }
+
+void JotletActions::EditTitle(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto title = BTextDlg(resources_, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
+  // A dialog lets everything else go on: the note may be gone when it ends. So below.
+  BJotlet* there = frame_.FindJotlet(id);
+  if (title && there != nullptr) there->SetTitle(*title);
+}
+
+void JotletActions::EditUserString(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto words =
+      BTextDlg(resources_, IDS_EDIT_USER_STRING, jotlet.StoredRecord().userString1).Ask(jotlet.Handle());
+  BJotlet* there = frame_.FindJotlet(id);
+  if (words && there != nullptr) there->SetUserString(*words);
+}
+
+void JotletActions::ChooseColour(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
+  BJotlet* there = frame_.FindJotlet(id);
+  if (colour && there != nullptr) there->SetColour(*colour);
+}
+
+void JotletActions::ChooseSkin(BJotlet& jotlet) {
+  if (frame_.IsSkinFixedByPolicy()) return;
+  const Text id = jotlet.StoredRecord().id;
+  const JotletData& record = jotlet.StoredRecord();
+  const Text now = record.skin.empty() ? frame_.CurrentOptions().skin : record.skin;
+  const std::optional<SkinChoice> choice =
+      BSkinDlg(resources_, frame_.Skins(), now, record.colour).Choose(jotlet.Handle());
+  BJotlet* there = frame_.FindJotlet(id);
+  if (!choice || there == nullptr) return;
+  if (choice->asDefault) frame_.UseDefaultSkin(choice->name);
+  frame_.Desktop().SetSkin(*there, choice->asDefault ? TextView() : TextView(choice->name));
+}
+
+void JotletActions::Save(BJotlet&) { frame_.SaveIfDirty(); }
+
+bool JotletActions::SaveToFile(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const bool image = jotlet.StoredRecord().IsImage();
+  const Text filter = resources_.String(image ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT);
+  const Text path = ChooseFileToSave(jotlet.Handle(), filter, image ? u"png" : u"rtf", {});
+  BJotlet* there = frame_.FindJotlet(id);
+  if (path.empty() || there == nullptr) return false;
+  const FileStatus written = frame_.WriteCopy(*there, path);
+  if (!written) Tell(there->Handle(), resources_, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
+  return written.ok;
+}
+
+void JotletActions::CopyToFile(BJotlet& jotlet) { SaveToFile(jotlet); }
+
+// Closed, not deleted: the file may not hold all that the note was.
+void JotletActions::MoveToFile(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  if (SaveToFile(jotlet)) frame_.CloseJotlet(id, u"movedToFile");
+}
+
+void JotletActions::ImportFromFile(BJotlet& jotlet) {
+  const Text path = ChooseFileToOpen(jotlet.Handle(), resources_.String(IDS_FILTER_IMPORT));
+  if (!path.empty()) frame_.ImportFile(path);
+}
+
+void JotletActions::OpenDocument(BJotlet& jotlet, TextView name) {
+  const Text path = frame_.DataFolder() + Text(name);
+  const auto result = reinterpret_cast<INT_PTR>(ShellExecuteW(
+      jotlet.Handle(), L"open", L"notepad.exe", Wide(u"\"" + path + u"\""), nullptr, SW_SHOWNORMAL));
+  constexpr INT_PTR kLastError = 32;  // of those that stand for failures
+  if (result <= kLastError) frame_.Log(kLogLifecycle, u"Unable to open '", path, u"'");
+}
+
+void JotletActions::OpenLog(BJotlet& jotlet) { OpenDocument(jotlet, kActivityLogName); }
+void JotletActions::OpenIni(BJotlet& jotlet) { OpenDocument(jotlet, kDataFileName); }
+
+void JotletActions::Solo(BJotlet& jotlet) { frame_.Desktop().HideOthers(jotlet); }
+
+void JotletActions::Properties(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  BPropertiesDlg dialog(resources_, jotlet.Record(),
+                        [this](std::int32_t utc) { return frame_.Desktop().ShownTime(utc); });
+  if (!dialog.Edit(jotlet.Handle())) return;
+  BJotlet* there = frame_.FindJotlet(id);
+  if (there != nullptr) there->TakeProperties(dialog.Record());
+}
+
+}  // namespace jotlets

@@ -1,0 +1,63 @@
+// The note commands that reach beyond the note: dialogs, files, other notes, the program.
+#pragma once
+
+#include <windows.h>
+
+#include "note/action_state.h"
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class BJotlet;
+class CMainFrame;
+
+class JotletActions {
+ public:
+  JotletActions(CMainFrame& frame, const Resources& resources) : frame_(frame), resources_(resources) {}
+
+  /// Carries out one command for the note with this id; false for commands that are none of these.
+  bool Do(const Text& id, ActionCode action);
+
+  /// What the rule of the commands' states asks of a note.
+  ActionFacts FactsOf(const BJotlet& jotlet) const;
+
+  /// Shows the menu of a note, or that of its text, and carries out what is chosen.
+  void ShowMenu(const Text& id, bool ofText);
+
+ private:
+  struct Row;
+  static const Row kRows[];
+
+  void Close(BJotlet& jotlet);
+  void Delete(BJotlet& jotlet);
+  void NewJotlet(BJotlet& jotlet);
+  void NewFromClipboard(BJotlet& jotlet);
+  void EditTitle(BJotlet& jotlet);
+  void EditUserString(BJotlet& jotlet);
+  void ChooseColour(BJotlet& jotlet);
+  void ChooseSkin(BJotlet& jotlet);
+  void Save(BJotlet& jotlet);
+  void CopyToFile(BJotlet& jotlet);
+  void MoveToFile(BJotlet& jotlet);
+  void ImportFromFile(BJotlet& jotlet);
+  void OpenLog(BJotlet& jotlet);
+  void OpenIni(BJotlet& jotlet);
+  void Solo(BJotlet& jotlet);
+  void JotletMenu(BJotlet& jotlet);
+  void TextMenu(BJotlet& jotlet);
+  void Rescue(BJotlet& jotlet);
+  void HideAll(BJotlet& jotlet);
+  void ExitApp(BJotlet& jotlet);
+  void Backup(BJotlet& jotlet);
+  void OrphanCheck(BJotlet& jotlet);
+  void Properties(BJotlet& jotlet);
+
+  /// Saves a note's content into a file that the user chooses; whether it was written.
+  bool SaveToFile(BJotlet& jotlet);
+  void OpenDocument(BJotlet& jotlet, TextView name);
+
+  CMainFrame& frame_;
+  const Resources& resources_;
+};
+
+}  // namespace jotlets

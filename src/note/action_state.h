@@ -1,0 +1,38 @@
+// Which commands a note can carry out now, and which of them show a check mark. Menus and keys ask the same
+// rule.
+#pragma once
+
+#include <optional>
+
+#include "note/actions.h"
+
+namespace jotlets {
+
+/// What the rule needs to know of a note.
+struct ActionFacts {
+  bool image = false;
+  bool readOnly = false;
+  bool rolled = false;
+  bool onTop = false;
+  bool stang = false;
+  bool user1 = false;
+  bool user2 = false;
+  bool user3 = false;
+  std::int32_t transparency = 0;  // as the record has it
+  bool skinFixed = false;         // by policy
+};
+
+struct ActionState {
+  bool enabled = true;
+  bool checked = false;
+};
+
+/// Commands of features that are not there yet are never enabled, nor are those that have no effect in a
+/// note.
+ActionState StateOf(ActionCode action, const ActionFacts& facts);
+
+/// The opacity that a command from "transparentopaque" to "transparent10pc" stores, in percent; nothing for
+/// other commands. The names tell what is taken away: "transparent10pc" stores 90.
+std::optional<std::int32_t> OpacityOf(ActionCode action);
+
+}  // namespace jotlets

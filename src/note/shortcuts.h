@@ -1,0 +1,27 @@
+// The keys of the note commands: one table that the keyboard and the menus share.
+#pragma once
+
+#include <cstdint>
+
+#include "base/text.h"
+#include "note/actions.h"
+
+namespace jotlets {
+
+/// A key with its modifiers. Keys are virtual-key codes of the platform, which for letters and digits are
+/// their ASCII codes.
+struct Shortcut {
+  std::uint16_t key = 0;
+  bool ctrl = false;
+  bool shift = false;
+  bool alt = false;
+  friend bool operator==(const Shortcut&, const Shortcut&) = default;
+};
+
+/// The command of a key in a note; none for keys that belong to the text.
+ActionCode ActionFromKey(const Shortcut& pressed);
+
+/// How menus show the key of a command ("Ctrl+Shift+F", "F2"); empty for a command without one.
+Text ShortcutText(ActionCode action);
+
+}  // namespace jotlets
