@@ -296,7 +296,7 @@ TEST_F(PolicyTest, WinsOverTheOptionsAndLeavesThemAlone) {
   constexpr TextView kOptions = u"Debug=3\nSkin=mine\nNetworking=1\nNetPort=1234\nSMTPServer=mail";
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300})}, kOptions));
   ASSERT_TRUE(sendSkin());
-  EXPECT_EQ(Logged("a.jsk"), 1u) << "without a policy a skin is the user's to choose";
+  EXPECT_EQ(Logged("Failed to set skin:C:\\a.jsk"), 1u) << "without a policy a skin is the user's to choose";
   EXPECT_EQ(Logged("GPO"), 0u);
   EXPECT_EQ(Close(), 0u);
   const std::string options = Read(folder_ + Text(kOptionsFileName));
@@ -308,7 +308,7 @@ TEST_F(PolicyTest, WinsOverTheOptionsAndLeavesThemAlone) {
   Fix(L"SMTPServerName", 7);
   ASSERT_TRUE(StartProgram());
   ASSERT_TRUE(sendSkin());
-  EXPECT_EQ(Logged("a.jsk"), 1u) << "the skin is fixed";
+  EXPECT_EQ(Logged("Failed to set skin:C:\\a.jsk"), 1u) << "the skin is fixed";
   EXPECT_EQ(Logged("GPO network:no\n"), 1u);
   EXPECT_EQ(Logged("GPO port 8080\n"), 1u);
   EXPECT_EQ(Logged("GPO ignored, a value of the wrong type: UseDNS\n"), 1u);

@@ -225,8 +225,8 @@ TEST_F(TranslationTest, MenusAndTheWelcomeNoteAreTranslated) {
   EXPECT_EQ(ShownText(note), u"Dies ist ein Jotlet, ein kleiner Zettel f\u00FCr den Schreibtisch.");
   const Point title{BoundsOf(note).left + 40, BoundsOf(note).top + 12};
   ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, title, true));
-  PressKeys({'L'});
-  EXPECT_TRUE(WaitUntil([note] { return !IsWindow(note); })) << "no entry for the key of \"Sch&ließen\"";
+  PressKeys({'Z'});
+  EXPECT_TRUE(WaitUntil([note] { return !IsWindow(note); })) << "no entry for the key of \"&Zumachen\"";
 
   PostMessageW(MainWindow(), kTrayMessage, 0, WM_RBUTTONUP);
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));

@@ -4,7 +4,7 @@
 
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
-#include "note/placement.h"
+#include "note/win/monitor_setup.h"
 
 namespace jotlets {
 
@@ -24,6 +24,8 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
   }
   jotlets_.push_back(std::move(jotlet));
   BJotlet* opened = jotlets_.back().get();
+  if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
+  ShowOnScreens(*opened);
   byId_[FoldCase(id)] = opened;
   return opened;
 }
@@ -103,16 +105,72 @@ BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
 bool DesktopJotlets::Rescue(const Rect& screen) {
   bool any = false;
   for (const auto& jotlet : jotlets_) {
-    const JotletData& record = jotlet->Record();
-    const Point from{record.x, record.y};
-    const Point to = RescuedPosition(from, screen);
-    if (from == to) continue;
-    jotlet->MoveTo(to);
-    log_.Write(kLogLifecycle, u"Saved jotlet ", record.id, u" from appearing off screen (moved from ", from.x,
-               u",", from.y, u" to ", to.x, u",", to.y, u")");
+    const Rect from = jotlet->Bounds();
+    if (!jotlet->Rescue(screen)) continue;
+    LogRescue(*jotlet, from);
     any = true;
   }
   return any;
+}
+
+void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
+  const Rect to = jotlet.Bounds();
+  log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id, u" from appearing off screen (moved from ",
+             from.left, u",", from.top, u" to ", to.left, u",", to.top, u")");
+}
+
+void DesktopJotlets::FollowMonitors() {
+  MonitorSetup now = ReadMonitors();
+  if (now == screens_) return;
+  screens_ = std::move(now);
+  for (const auto& jotlet : jotlets_) ShowOnScreens(*jotlet);
+}
+
+void DesktopJotlets::ShowOnScreens(BJotlet& jotlet) {
+  const Rect from = jotlet.Bounds();
+  if (jotlet.ShowOnScreens(screens_)) LogRescue(jotlet, from);
+}
+
+void DesktopJotlets::Animate() {
+  if (!animating_) return;
+  animating_ = false;
+  // The end of a move may take the note away.
+  for (const Text& id : Ids()) {
+    BJotlet* jotlet = Find(id);
+    if (jotlet != nullptr && jotlet->TickAnimation()) animating_ = true;
+  }
+}
+
+void DesktopJotlets::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
+  if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
+  if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
+}
+
+std::vector<BJotlet*> DesktopJotlets::GroupOf(BJotlet& jotlet) {
+  std::vector<BJotlet*> group = {&jotlet};
+  if (!jotlet.IsSelected()) return group;
+  for (const auto& other : jotlets_) {
+    if (other.get() != &jotlet && other->IsSelected()) group.push_back(other.get());
+  }
+  return group;
+}
+
+void DesktopJotlets::OnJotletPressed(BJotlet& jotlet, bool ctrl) {
+  if (ctrl) return jotlet.SetSelected(!jotlet.IsSelected());
+  if (jotlet.IsSelected()) return;
+  for (const auto& other : jotlets_) {
+    if (other->IsSelected()) other->SetSelected(false);
+  }
+}
+
+std::vector<Rect> DesktopJotlets::WindowsToSnapTo(const BJotlet& jotlet) {
+  std::vector<Rect> windows;
+  for (const auto& other : jotlets_) {
+    // What moves along is nothing to snap to.
+    const bool along = jotlet.IsSelected() && other->IsSelected();
+    if (other.get() != &jotlet && !along && !other->StoredRecord().hidden) windows.push_back(other->Bounds());
+  }
+  return windows;
 }
 
 void DesktopJotlets::Enable(bool enabled) {

@@ -24,6 +24,8 @@ class DesktopOwner {
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
   virtual Text StackName(std::int32_t number) const = 0;
+  /// An animated move has ended that closes or deletes its note.
+  virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
   virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
   virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
@@ -33,8 +35,9 @@ class DesktopOwner {
 
 class DesktopJotlets final : public JotletOwner, public OpenNotes {
  public:
-  DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, ProgramSkins& skins)
-      : owner_(owner), files_(files), clock_(clock), log_(log), skins_(skins) {}
+  DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, const Options& options,
+                 ProgramSkins& skins)
+      : owner_(owner), files_(files), clock_(clock), log_(log), options_(options), skins_(skins) {}
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 
@@ -68,6 +71,11 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   BJotlet* FindWindowOwner(HWND window);
   /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
   bool Rescue(const Rect& screen);
+  /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
+  /// changed. What a note's record says stays as the user chose it.
+  void FollowMonitors();
+  /// One step of all animated moves.
+  void Animate();
   void CloseAll();
   /// Whether notes take the mouse and the keyboard.
   void Enable(bool enabled);
@@ -94,6 +102,13 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletMenu(BJotlet& jotlet, Point screen) override {
     owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }
+  const Options& NoteOptions() const override { return options_; }
+  std::vector<BJotlet*> GroupOf(BJotlet& jotlet) override;
+  void OnJotletPressed(BJotlet& jotlet, bool ctrl) override;
+  std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
+  const MonitorSetup& Screens() override { return screens_; }
+  void OnAnimationBegun() override { animating_ = true; }
+  void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
   std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
   SkinRenderer& Renderer() override { return skins_.Renderer(); }
   Text ShownTime(std::int32_t utc) override;
@@ -105,11 +120,17 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void RefreshSkins();
 
  private:
+  void LogRescue(const BJotlet& jotlet, const Rect& from);
+  void ShowOnScreens(BJotlet& jotlet);
+
   DesktopOwner& owner_;
   Files& files_;
   const Clock& clock_;
   Log& log_;
+  const Options& options_;
   ProgramSkins& skins_;
+  MonitorSetup screens_;
+  bool animating_ = false;  // some note may be moving
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;
   std::unordered_map<Text, BJotlet*> byId_;  // by folded id

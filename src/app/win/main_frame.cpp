@@ -54,7 +54,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       accelerators_(resources.Accelerators(IDA_MAIN)),
       log_(files_, clock_),
       skins_(resources, files_, ansi_, log_),
-      desktop_(*this, files_, clock_, log_, skins_),
+      desktop_(*this, files_, clock_, log_, options_, skins_),
       saver_(files_, clock_, log_, options_, lists_, desktop_),
       maker_(files_, clock_, log_, options_, lists_, desktop_),
       commands_(*this, ansi_, log_),
@@ -199,6 +199,10 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kTrayMessage: OnTray(lParam); return 0;
     case kPurgeMessage: desktop_.Purge(); return 0;
     case kCheckContentMessage: CheckContent(); return 0;
+    case WM_DISPLAYCHANGE:
+    case WM_SETTINGCHANGE:
+      if (ready_) desktop_.FollowMonitors();
+      break;
     case WM_CLOSE: ExitJotlets(u"close"); return 0;
     case WM_QUERYENDSESSION: return TRUE;
     case WM_ENDSESSION: OnEndSession(wParam != 0); return 0;
@@ -229,8 +233,11 @@ void CMainFrame::OnTimer(UINT_PTR id) {
     case kSecondTimer:
       ++secondsRun_;
       desktop_.Purge();
+      // Not every change of the monitors is announced.
+      desktop_.FollowMonitors();
       break;
     case kFlashTimer: tray_.Flash(); break;
+    case kAnimationTimer: desktop_.Animate(); break;
     case kBackupTimer:
       if (!backups_.Step()) KillTimer(Handle(), kBackupTimer);
       break;
@@ -368,6 +375,14 @@ void CMainFrame::ImportFile(TextView path) {
     CreateJotlet(*fresh);
   } else {
     Tell(Handle(), resources_, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
+  }
+}
+
+void CMainFrame::OnAnimationClosed(const Text& id, bool deletes) {
+  if (deletes) {
+    DeleteJotlet(id, u"endOfTrans");
+  } else {
+    CloseJotlet(id, u"endOfTrans");
   }
 }
 

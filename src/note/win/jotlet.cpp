@@ -8,6 +8,7 @@
 #include "data/loading.h"
 #include "data/rtf_bytes.h"
 #include "note/opacity.h"
+#include "note/placement.h"
 #include "note/win/note_words.h"
 
 namespace jotlets {
@@ -15,6 +16,7 @@ namespace {
 
 // How far into the text the first line that can serve as a title is looked for.
 constexpr std::int32_t kTitleSearch = 256;
+constexpr UINT_PTR kFadeTimer = 1226;
 
 LPCWSTR CursorOf(FramePart part) {
   const DraggedEdges edges = EdgesOf(part);
@@ -34,15 +36,14 @@ Point MousePosition() {
 
 bool BJotlet::CreateWindowFor() {
   skin_ = owner_.SkinOf(record_.skin);
-  const bool rolled = record_.rolled && skin_->data.rolledHeight > 0;
-  const std::int32_t height = rolled ? skin_->data.rolledHeight : record_.height;
-  const Rect bounds{record_.x, record_.y, record_.x + record_.width, record_.y + height};
+  const Rect bounds = BoundsFor(record_, Rolling());
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
   if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
   if (!record_.IsImage()) edit_.Create(Handle(), {}, EditLook(), *this);
+  place_ = NotePlace(bounds, Dpi());
   ApplySkin();
   return true;
 }
@@ -76,23 +77,32 @@ void BJotlet::SetSkin(TextView name) {
 }
 
 void BJotlet::RefreshSkin() {
-  const JotletData& before = Record();
+  Record();
   skin_ = owner_.SkinOf(record_.skin);
-  const std::int32_t rolledHeight = skin_->data.rolledHeight;
+  const Rect bounds = BoundsFor(record_, Rolling());
   const Size least = SmallestSize();
-  const bool rolled = before.rolled && rolledHeight > 0;
-  SetWindowPos(Handle(), nullptr, 0, 0, std::max(before.width, least.width),
-               rolled ? rolledHeight : std::max(before.height, least.height),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const bool rolled = IsShownRolled(record_, Rolling());
+  const Size size{std::max(bounds.Width(), least.width),
+                  rolled ? bounds.Height() : std::max(bounds.Height(), least.height)};
+  Place({bounds.left, bounds.top, bounds.left + size.width, bounds.top + size.height});
   ApplySkin();
+}
+
+RollSettings BJotlet::Rolling() const {
+  return {skin_->data.rolledHeight, owner_.NoteOptions().rolledHasAltPosition};
 }
 
 Size BJotlet::SmallestSize() const { return SafeSize(MinimumSize(skin_->data), kMinimumNoteSize); }
 
 void BJotlet::ApplyOpacity() {
+  ApplyAlpha(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_
+                 ? 0
+                 : record_.transparency);
+}
+
+void BJotlet::ApplyAlpha(std::int32_t percent) {
   const std::optional<Colour>& key = skin_->data.transparent;
-  SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0,
-                             AlphaOfOpacity(record_.transparency),
+  SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0, AlphaOfOpacity(percent),
                              key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
 }
 
@@ -116,17 +126,33 @@ void BJotlet::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }
 void BJotlet::Hide() { ShowWindow(Handle(), SW_HIDE); }
 
 JotletData& BJotlet::Record() {
-  // A minimised window has a place far off every screen.
-  if (Handle() != nullptr && !IsIconic(Handle())) {
-    const Rect bounds = Bounds();
-    record_.x = bounds.left;
-    record_.y = bounds.top;
-    record_.width = bounds.Width();
-    // Rolled up, it keeps the height that it will unroll to.
-    if (!view_.rolled) record_.height = bounds.Height();
-    if (!record_.IsImage()) record_.scroll = edit_.ScrollPosition();
-  }
+  SyncPlace();
+  if (Handle() != nullptr && !record_.IsImage()) record_.scroll = edit_.ScrollPosition();
   return record_;
+}
+
+// Where the window is counts as the user's choice, unless it is where a rescue or a scale has put it. A
+// minimised window has a place far off every screen, and an animated one is on its way.
+void BJotlet::SyncPlace() {
+  if (Handle() == nullptr || IsIconic(Handle()) || animation_.running) return;
+  const Rect bounds = Bounds();
+  if (bounds != place_.Shown()) place_.Choose(bounds);
+  TakeBounds(record_, place_.Chosen(), Rolling());
+}
+
+bool BJotlet::ShowOnScreens(const MonitorSetup& screens) {
+  SyncPlace();
+  if (!place_.MonitorsChanged(screens)) return false;
+  Place(place_.Shown());
+  return true;
+}
+
+bool BJotlet::Rescue(const Rect& screen) {
+  const Rect bounds = Bounds();
+  const Point to = RescuedPosition({bounds.left, bounds.top}, screen);
+  if (to == Point{bounds.left, bounds.top}) return false;
+  MoveTo(to);
+  return true;
 }
 
 FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment& now) {
@@ -219,8 +245,8 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     }
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK: OnButtonDown(PointOf(lParam)); return 0;
+    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
+    case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
     case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
     case WM_MOUSELEAVE: OnMouseLeave(); return 0;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
@@ -229,8 +255,11 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE: OnSize(); return 0;
     case WM_SETFOCUS: OnFocus(true); return 0;
     case WM_KILLFOCUS: OnFocus(false); return 0;
+    case WM_TIMER:
+      if (wParam == kFadeTimer) FadeStep();
+      return 0;
     case WM_CLOSE: owner_.OnJotletClose(*this); return 0;
-    case WM_DPICHANGED: OnDpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_DPICHANGED: OnDpiChanged(HIWORD(wParam)); return 0;
     default: break;
   }
   return Default(message, wParam, lParam);
@@ -270,6 +299,7 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
 }
 
 void BJotlet::OnButtonDown(Point at) {
+  const bool ctrl = GetKeyState(VK_CONTROL) < 0;
   SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
   pressedButton_ = ButtonAt(skin_->data, view_, at);
   dragPart_ = PartAt(at);
@@ -282,9 +312,21 @@ void BJotlet::OnButtonDown(Point at) {
   } else if (dragPart_ == FramePart::kContent && !record_.IsImage()) {
     return;
   } else {
+    owner_.OnJotletPressed(*this, ctrl);
+    // A locked note can be frozen to its place.
+    if (record_.readOnly && owner_.NoteOptions().lockingFreezes) return;
     drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
+    snapWindows_ = owner_.WindowsToSnapTo(*this);
   }
   SetCapture(Handle());
+}
+
+// On the title bar it rolls the note up; elsewhere it is a second press.
+void BJotlet::OnDoubleClick(Point at) {
+  const auto& titlebar = skin_->data.titlebar;
+  const bool onTitle = titlebar && ResolveCorners(*titlebar, {view_.window, {}}).Contains(at) &&
+                       ButtonAt(skin_->data, view_, at) == kNoElement;
+  if (!onTitle || !DoAction(kActionRoll, at)) OnButtonDown(at);
 }
 
 // A press on the track beside the thumb turns a page.
@@ -318,17 +360,35 @@ void BJotlet::OnMouseMove(Point at) {
                             skin_->data.minimumThumbTrackHeight, Scrolled())});
       break;
     case Drag::kMoving:
-      Place({dragBounds_.left + offset.x, dragBounds_.top + offset.y, dragBounds_.right + offset.x,
-             dragBounds_.bottom + offset.y});
-      break;
-    case Drag::kSizing: {
-      Size least = SmallestSize();
-      // Its height is not the user's to change while it is rolled up.
-      if (view_.rolled) least.height = dragBounds_.Height();
-      Place(SizedBounds(dragBounds_, dragPart_, offset, least));
-      break;
-    }
+    case Drag::kSizing: DragTo(offset); break;
   }
+}
+
+void BJotlet::DragTo(Point offset) {
+  const bool alt = GetKeyState(VK_MENU) < 0;
+  const SnapSettings snap = SnapSettingsFrom(owner_.NoteOptions());
+  const SnapTargets targets{snapWindows_, owner_.Screens().monitors.Rects()};
+  if (drag_ == Drag::kMoving) {
+    const Rect moved{dragBounds_.left + offset.x, dragBounds_.top + offset.y, dragBounds_.right + offset.x,
+                     dragBounds_.bottom + offset.y};
+    const Rect before = Bounds();
+    const Rect snapped = SnappedMove(moved, snap, alt, targets);
+    const Point by{snapped.left - before.left, snapped.top - before.top};
+    if (by == Point{}) return;
+    for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(by);
+    return;
+  }
+  Size least = SmallestSize();
+  // Its height is not the user's to change while it is rolled up.
+  if (view_.rolled) least.height = dragBounds_.Height();
+  const Rect sized = SnappedSizing(SizedBounds(dragBounds_, dragPart_, offset, least), EdgesOf(dragPart_), snap,
+                                   alt, targets);
+  Place(SafeBounds(sized, EdgesOf(dragPart_), least));
+}
+
+void BJotlet::MoveBy(Point offset) {
+  const Rect bounds = Bounds();
+  Place({bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x, bounds.bottom + offset.y});
 }
 
 void BJotlet::Place(const Rect& bounds) {
@@ -404,13 +464,42 @@ void BJotlet::OnFocus(bool gained) {
   }
   if (hasFocus_ == gained) return;
   hasFocus_ = gained;
+  if (gained) {
+    KillTimer(Handle(), kFadeTimer);
+    ApplyOpacity();
+  } else {
+    BeginFade();
+  }
   UpdateView();
   owner_.OnJotletFocus(*this, gained);
 }
 
+void BJotlet::BeginFade() {
+  const Options& options = owner_.NoteOptions();
+  const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, options.dontFadeToTransparent);
+  if (loss == FocusLoss::kReturnsAtOnce) ApplyAlpha(record_.transparency);
+  if (loss != FocusLoss::kFades) return;
+  fadeStep_ = 0;
+  SetTimer(Handle(), kFadeTimer, kFadePeriod, nullptr);
+}
+
+void BJotlet::FadeStep() {
+  const auto opacity = FadeOpacity(++fadeStep_, record_.transparency);
+  if (opacity) {
+    ApplyAlpha(*opacity);
+  } else {
+    KillTimer(Handle(), kFadeTimer);
+  }
+}
+
 void BJotlet::OnContextMenu() { owner_.OnJotletMenu(*this, MousePosition()); }
 
-void BJotlet::OnDpiChanged(const RECT& suggested) { Place(FromRECT(suggested)); }
+// The place that the system suggests is passed over: computed from sizes that were rounded before, it would
+// creep with every change.
+void BJotlet::OnDpiChanged(std::int32_t dpi) {
+  SyncPlace();
+  if (place_.ScaleChanged(dpi)) Place(place_.Shown());
+}
 
 Size BJotlet::ClientSize() const {
   RECT client{};
@@ -461,7 +550,8 @@ void BJotlet::UpdateView() {
   view_.window = ClientSize();
   view_.colour = record_.colour;
   view_.rolled = record_.rolled && skin.rolledHeight > 0;
-  view_.focus = hasFocus_;
+  // A note that is selected with others looks like the one that has the focus.
+  view_.focus = hasFocus_ || selected_;
   view_.mouseOver = mouseOver_;
   view_.hotButton = hotButton_;
   view_.states = States();

@@ -7,7 +7,11 @@
 #include "base/clock.h"
 #include "base/files.h"
 #include "data/jotlet_data.h"
+#include "note/animation.h"
 #include "note/frame_layout.h"
+#include "note/note_place.h"
+#include "note/rolled.h"
+#include "note/snapping.h"
 #include "note/win/edit.h"
 #include "note/win/jotlet_owner.h"
 #include "note/win/title_tooltip.h"
@@ -64,6 +68,21 @@ class BJotlet final : public Window, private EditWatcher {
   void SetGhost(bool ghost);
   /// The percentage of opacity that remains, 0 for all of it.
   void SetTransparency(std::int32_t percent);
+  /// Slides out at the nearest edge of the screen and is then hidden.
+  void GoAway();
+  /// One of several notes that are selected together.
+  void SetSelected(bool selected);
+  bool IsSelected() const { return selected_; }
+
+  /// The monitors are (now) these; the note is shown where it can be seen. True when that moved it.
+  bool ShowOnScreens(const MonitorSetup& screens);
+  /// Brings the note back on to the screen for good; true when it was off it.
+  bool Rescue(const Rect& screen);
+
+  /// Begins an animated move; ignored while one is running.
+  void StartAnimation(Point from, Point to, AnimationKind kind);
+  /// One step of it; whether it goes on. The note may be gone when it does not.
+  bool TickAnimation();
   void SetUserString(TextView words);
   /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
   void TakeProperties(const JotletData& wanted);
@@ -90,16 +109,24 @@ class BJotlet final : public Window, private EditWatcher {
   LRESULT OnSetCursor();
   LRESULT OnControl(UINT control, UINT notification);
   void OnButtonDown(Point at);
+  void OnDoubleClick(Point at);
+  void DragTo(Point offset);
   void OnMouseMove(Point at);
   void OnMouseLeave();
   void Place(const Rect& bounds);
+  void MoveBy(Point offset);
+  void SyncPlace();
+  RollSettings Rolling() const;
+  void ApplyAlpha(std::int32_t percent);
+  void BeginFade();
+  void FadeStep();
   void OfferTooltip(Point at);
   void OnButtonUp(Point at);
   void EndDrag();
   void OnSize();
   void OnFocus(bool gained);
   void OnContextMenu();
-  void OnDpiChanged(const RECT& suggested);
+  void OnDpiChanged(std::int32_t dpi);
   void OnEditScrolled() override;
   void OnEditMouse() override;
 
@@ -115,7 +142,7 @@ class BJotlet final : public Window, private EditWatcher {
   void Invalidate(const SkinView& before);
   void ApplySkin();
   void ApplyRegion();
-  void Toggle(bool& flag);
+  void Mark(bool JotletData::*flag, bool on);
   void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();
@@ -127,11 +154,15 @@ class BJotlet final : public Window, private EditWatcher {
   BEdit edit_;
   PictureBitmap picture_;
   TitleTooltip tooltip_;
+  NotePlace place_{Rect{}};
+  Animation animation_;
+  std::int32_t fadeStep_ = 0;
   Text shownTitle_;
   bool contentChanged_ = false;
   bool keepOldContent_ = false;
   bool hasFocus_ = false;
   bool hasRegion_ = false;
+  bool selected_ = false;
   bool mouseOver_ = false;
   bool trackingMouse_ = false;
   std::size_t hotButton_ = kNoElement;
@@ -140,6 +171,7 @@ class BJotlet final : public Window, private EditWatcher {
   std::size_t pressedButton_ = kNoElement;
   Point dragStart_;  // mouse position on the screen at the press
   Rect dragBounds_;  // the window at the press, or the thumb in client pixels
+  std::vector<Rect> snapWindows_;  // at the press
 };
 
 }  // namespace jotlets

@@ -2,24 +2,25 @@
 #include <algorithm>
 
 #include "note/action_state.h"
+#include "note/opacity.h"
 #include "note/win/jotlet.h"
 
 namespace jotlets {
 namespace {
 
+constexpr UINT_PTR kFadeTimer = 1226;
 constexpr std::int32_t kScrollStep = 16;  // pixels, of one click on a scroll button
 
 }  // namespace
 
 void BJotlet::SetRolled(bool rolled) {
   if (record_.rolled == rolled) return;
-  Record();
+  SyncPlace();
   record_.rolled = rolled;
-  const std::int32_t rolledHeight = skin_->data.rolledHeight;
-  const std::int32_t height = rolled && rolledHeight > 0 ? rolledHeight : record_.height;
-  // Known before the window is sized, so that its new height is not taken for the unrolled one.
-  view_.rolled = rolled && rolledHeight > 0;
-  SetWindowPos(Handle(), nullptr, 0, 0, record_.width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const Rect bounds = BoundsFor(record_, Rolling());
+  // Known before the window is placed, so that its new height is not taken for the unrolled one.
+  place_ = NotePlace(bounds, Dpi());
+  Place(bounds);
   OnSize();
   owner_.OnJotletChanged();
 }
@@ -64,8 +65,44 @@ void BJotlet::SetGhost(bool ghost) {
 
 void BJotlet::SetTransparency(std::int32_t percent) {
   record_.transparency = percent;
-  ApplyOpacity();
+  // While it has the focus, a note that is opaque for editing stays so until it loses it.
+  const bool later = percent != 0 && hasFocus_ && owner_.NoteOptions().opaqueEdit;
+  if (!later) {
+    KillTimer(Handle(), kFadeTimer);
+    ApplyAlpha(percent);
+  }
   owner_.OnJotletChanged();
+}
+
+void BJotlet::SetSelected(bool selected) {
+  selected_ = selected;
+  UpdateView();
+}
+
+void BJotlet::GoAway() {
+  const Rect screen = owner_.Screens().virtualScreen;
+  const Rect bounds = Bounds();
+  const bool left = bounds.left - screen.left < screen.right - bounds.right;
+  StartAnimation({bounds.left, bounds.top}, {left ? screen.left - bounds.Width() : screen.right, bounds.top},
+                 AnimationKind::kHide);
+}
+
+void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
+  SyncPlace();
+  if (animation_.Start(from, to, kind)) owner_.OnAnimationBegun();
+}
+
+bool BJotlet::TickAnimation() {
+  const auto frame = animation_.Tick(owner_.NoteOptions().animationSpeed);
+  if (!frame) return false;
+  // Hidden before it is put back to where it was, so that nobody sees it jump.
+  if (frame->finished && animation_.kind == AnimationKind::kHide) SetHidden(true);
+  SetWindowPos(Handle(), nullptr, frame->position.x, frame->position.y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (!frame->finished) return true;
+  owner_.OnJotletChanged();
+  owner_.OnAnimationEnded(*this, animation_.kind);
+  return false;
 }
 
 void BJotlet::SetUserString(TextView words) {
@@ -94,25 +131,26 @@ void BJotlet::TakeProperties(const JotletData& wanted) {
 struct BJotlet::ActionRow {
   ActionCode first;
   ActionCode last;  // the same, or the last of a family
-  void (*run)(BJotlet& jotlet, ActionCode action);
+  bool JotletData::*flag;  // what the command turns round; nullptr for none
+  void (*run)(BJotlet& jotlet, ActionCode action, bool on);
 };
 
 // What is not here is asked of the owner.
 const BJotlet::ActionRow BJotlet::kActions[] = {
-    {kActionOnTop, kActionOnTop, [](BJotlet& j, ActionCode) { j.SetOnTop(!j.record_.onTop); }},
-    {kActionRoll, kActionRoll, [](BJotlet& j, ActionCode) { j.SetRolled(!j.record_.rolled); }},
-    {kActionLock, kActionLock, [](BJotlet& j, ActionCode) { j.SetReadOnly(!j.record_.readOnly); }},
-    {kActionGoAway, kActionGoAway, [](BJotlet& j, ActionCode) { j.SetHidden(true); }},
-    {kActionScrollUp, kActionScrollUp, [](BJotlet& j, ActionCode) { j.ScrollBy(-kScrollStep); }},
-    {kActionScrollDown, kActionScrollDown, [](BJotlet& j, ActionCode) { j.ScrollBy(kScrollStep); }},
-    {kActionPageUp, kActionPageUp, [](BJotlet& j, ActionCode) { j.ScrollBy(-j.Scrolled().page); }},
-    {kActionPageDown, kActionPageDown, [](BJotlet& j, ActionCode) { j.ScrollBy(j.Scrolled().page); }},
-    {kActionUser1, kActionUser1, [](BJotlet& j, ActionCode) { j.Toggle(j.record_.user1); }},
-    {kActionUser2, kActionUser2, [](BJotlet& j, ActionCode) { j.Toggle(j.record_.user2); }},
-    {kActionUser3, kActionUser3, [](BJotlet& j, ActionCode) { j.Toggle(j.record_.user3); }},
-    {kActionStang, kActionStang, [](BJotlet& j, ActionCode) { j.Toggle(j.record_.stang); }},
-    {kActionTransparentOpaque, kActionTransparent10pc,
-     [](BJotlet& j, ActionCode action) { j.SetTransparency(OpacityOf(action).value_or(0)); }},
+    {kActionOnTop, kActionOnTop, &JotletData::onTop, [](BJotlet& j, ActionCode, bool on) { j.SetOnTop(on); }},
+    {kActionRoll, kActionRoll, &JotletData::rolled, [](BJotlet& j, ActionCode, bool on) { j.SetRolled(on); }},
+    {kActionLock, kActionLock, &JotletData::readOnly, [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
+    {kActionGoAway, kActionGoAway, nullptr, [](BJotlet& j, ActionCode, bool) { j.GoAway(); }},
+    {kActionScrollUp, kActionScrollUp, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-kScrollStep); }},
+    {kActionScrollDown, kActionScrollDown, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(kScrollStep); }},
+    {kActionPageUp, kActionPageUp, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-j.Scrolled().page); }},
+    {kActionPageDown, kActionPageDown, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(j.Scrolled().page); }},
+    {kActionUser1, kActionUser1, &JotletData::user1, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},
+    {kActionUser2, kActionUser2, &JotletData::user2, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user2, on); }},
+    {kActionUser3, kActionUser3, &JotletData::user3, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user3, on); }},
+    {kActionStang, kActionStang, &JotletData::stang, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::stang, on); }},
+    {kActionTransparentOpaque, kActionTransparent10pc, nullptr,
+     [](BJotlet& j, ActionCode action, bool) { j.SetTransparency(OpacityOf(action).value_or(0)); }},
 };
 
 bool BJotlet::DoAction(ActionCode action, Point) {
@@ -121,12 +159,14 @@ bool BJotlet::DoAction(ActionCode action, Point) {
     return action >= r.first && action <= r.last;
   });
   if (row == std::end(kActions)) return owner_.OnJotletAction(*this, action);
-  row->run(*this, action);
+  // All notes of a selection take the state that this one takes.
+  const bool on = row->flag != nullptr && !(record_.*row->flag);
+  for (BJotlet* jotlet : owner_.GroupOf(*this)) row->run(*jotlet, action, on);
   return true;
 }
 
-void BJotlet::Toggle(bool& flag) {
-  flag = !flag;
+void BJotlet::Mark(bool JotletData::*flag, bool on) {
+  record_.*flag = on;
   UpdateView();
   owner_.OnJotletChanged();
 }

@@ -4,9 +4,13 @@
 #include <windows.h>
 
 #include <memory>
+#include <vector>
 
 #include "base/geometry.h"
+#include "data/options.h"
 #include "note/actions.h"
+#include "note/animation.h"
+#include "note/monitors.h"
 #include "skin/win/skin_renderer.h"
 
 namespace jotlets {
@@ -30,6 +34,19 @@ class JotletOwner {
   /// Whether a command can be carried out now.
   virtual bool IsActionEnabled(BJotlet& jotlet, ActionCode action) = 0;
   virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
+
+  virtual const Options& NoteOptions() const = 0;
+  /// The notes that are selected together with this one, itself included.
+  virtual std::vector<BJotlet*> GroupOf(BJotlet& jotlet) = 0;
+  /// The mouse was pressed on the note's frame; with Ctrl it joins or leaves the selection.
+  virtual void OnJotletPressed(BJotlet& jotlet, bool ctrl) = 0;
+  /// The other windows that this one snaps to: the shown notes in list order, then the stacks.
+  virtual std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) = 0;
+  virtual const MonitorSetup& Screens() = 0;
+  /// An animated move has begun: `BJotlet::TickAnimation` is to be called until it says no more.
+  virtual void OnAnimationBegun() = 0;
+  /// An animated move that ends the note has ended.
+  virtual void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) = 0;
 
   /// The skin of a name, or the default one for an empty name; never null.
   virtual std::shared_ptr<const LoadedSkin> SkinOf(TextView name) = 0;

@@ -1,0 +1,10 @@
+// The monitors of this moment.
+#pragma once
+
+#include "note/monitors.h"
+
+namespace jotlets {
+
+MonitorSetup ReadMonitors();
+
+}  // namespace jotlets
