@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "fakes.h"
 #include "note/animation.h"
 #include "note/opacity.h"
 #include "note/rolled.h"
+#include "note/text_style.h"
 
 namespace jotlets {
 namespace {
@@ -119,6 +121,43 @@ TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{11, 21, 311, 46}));
   note.altY = kNotSet, note.altWidth = kNotSet;  // a record that was cut off
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 21, 1000, 46}));
+}
+
+constexpr TextView kStyle = u"-12|0|0|0|400|0|0|0|0|3|2|1|34|Tahoma|0|0|0|255|0|0";
+
+TEST(TextStyle, HasTwentyFieldsInTheirOrder) {
+  const TextStyle tahoma = ParseTextStyle(kStyle);
+  EXPECT_TRUE(tahoma.height == -12 && tahoma.weight == 400 && tahoma.outPrecision == 3);
+  EXPECT_TRUE(tahoma.faceName == u"Tahoma" && tahoma.colour == Colour{} && tahoma.others[0] == 255);
+  constexpr TextView kEach = u"1|2|3|4|5|6|7|8|9|10|11|12|13|A face|14|15|16|17|18|19";
+  for (const TextView text : {kStyle, kEach}) EXPECT_EQ(ComposeTextStyle(ParseTextStyle(text)), text);
+  const TextStyle each = ParseTextStyle(kEach);
+  EXPECT_TRUE(each.orientation == 4 && each.italic == 6 && each.charSet == 9 && each.pitchAndFamily == 13);
+  EXPECT_TRUE(each.colour == (Colour{14, 15, 16}) && each.others == (std::array{17, 18, 19}));
+}
+
+TEST(TextStyle, MakesSomethingOfAnyText) {
+  EXPECT_TRUE(!ParseTextStyle(u"").IsSet() && ParseTextStyle(u"") == TextStyle());
+  const TextStyle odd = ParseTextStyle(u"-9999999999|||x|9999|-1|300|||||||Cour\nier|-5|999|7||1|2|3|4");
+  EXPECT_EQ(ComposeTextStyle(odd), u"-32767|0|0|0|1000|0|255|0|0|0|0|0|0|Courier|0|255|7|0|1|2");
+  TextStyle named;
+  named.faceName = u"a|b\r" + Text(50, u'x');
+  EXPECT_EQ(ParseTextStyle(ComposeTextStyle(named)).faceName, u"ab" + Text(29, u'x'));
+  Random random(1);
+  for (int i = 0; i < 2000; ++i) {
+    const TextStyle style = ParseTextStyle(random.Pick(u"0129-|||x\n", 60));
+    EXPECT_EQ(ParseTextStyle(ComposeTextStyle(style)), style);
+  }
+}
+
+TEST(TextStyle, IsKeptUnderTenNumbers) {
+  Options options;
+  EXPECT_FALSE(SavedTextStyle(options, 0).IsSet());
+  SaveTextStyle(options, 9, ParseTextStyle(kStyle));
+  SaveTextStyle(options, 10, ParseTextStyle(kStyle));
+  EXPECT_EQ(options.styles.size(), 10u);
+  EXPECT_TRUE(options.styles[9] == kStyle && SavedTextStyle(options, 9) == ParseTextStyle(kStyle));
+  EXPECT_FALSE(SavedTextStyle(options, 8).IsSet());
 }
 
 }  // namespace
