@@ -1,9 +1,18 @@
-// Points, sizes and rectangles in screen pixels; right and bottom lie one past the last pixel.
+// Points, sizes and rectangles in screen pixels; right and bottom lie one past the last pixel. Numbers from
+// files reach the limits of the type: sums are made in 64 bits and end at these limits.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace jotlets {
+
+/// `value`, or the nearest number that 32 bits hold.
+constexpr std::int32_t Saturated(std::int64_t value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
 
 struct Point {
   std::int32_t x = 0;
@@ -23,11 +32,18 @@ struct Rect {
   std::int32_t right = 0;
   std::int32_t bottom = 0;
 
-  std::int32_t Width() const { return right - left; }
-  std::int32_t Height() const { return bottom - top; }
+  std::int32_t Width() const { return Saturated(std::int64_t{right} - left); }
+  std::int32_t Height() const { return Saturated(std::int64_t{bottom} - top); }
+  Point TopLeft() const { return {left, top}; }
   bool Contains(Point p) const { return p.x >= left && p.x < right && p.y >= top && p.y < bottom; }
   friend bool operator==(const Rect&, const Rect&) = default;
 };
+
+/// The rectangle of a place and a size.
+constexpr Rect RectAt(Point topLeft, Size size) {
+  return {topLeft.x, topLeft.y, Saturated(std::int64_t{topLeft.x} + size.width),
+          Saturated(std::int64_t{topLeft.y} + size.height)};
+}
 
 /// Three bytes of colour, 0 to 255 each.
 struct Colour {

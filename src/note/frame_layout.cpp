@@ -44,14 +44,33 @@ Size SafeSize(Size size, Size minimum) {
   return {std::max(size.width, minimum.width), std::max(size.height, minimum.height)};
 }
 
+Rect DraggedBounds(const Rect& bounds, DraggedEdges dragged, Point offset) {
+  const auto moved = [](std::int32_t edge, std::int32_t by) { return Saturated(std::int64_t{edge} + by); };
+  Rect result = bounds;
+  if (dragged.horizontal < 0) result.left = moved(bounds.left, offset.x);
+  if (dragged.horizontal > 0) result.right = moved(bounds.right, offset.x);
+  if (dragged.vertical < 0) result.top = moved(bounds.top, offset.y);
+  if (dragged.vertical > 0) result.bottom = moved(bounds.bottom, offset.y);
+  return result;
+}
+
+Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum) {
+  const Size size = SafeSize({bounds.Width(), bounds.Height()}, minimum);
+  Rect result = RectAt(bounds.TopLeft(), size);
+  if (dragged.horizontal < 0) {
+    result.right = bounds.right;
+    result.left = Saturated(std::int64_t{bounds.right} - size.width);
+  }
+  if (dragged.vertical < 0) {
+    result.bottom = bounds.bottom;
+    result.top = Saturated(std::int64_t{bounds.bottom} - size.height);
+  }
+  return result;
+}
+
 Rect SizedBounds(const Rect& start, FramePart part, Point offset, Size minimum) {
-  const DraggedEdges edges = EdgesOf(part);
-  Rect bounds = start;
-  if (edges.horizontal < 0) bounds.left = std::min(start.left + offset.x, start.right - minimum.width);
-  if (edges.horizontal > 0) bounds.right = std::max(start.right + offset.x, start.left + minimum.width);
-  if (edges.vertical < 0) bounds.top = std::min(start.top + offset.y, start.bottom - minimum.height);
-  if (edges.vertical > 0) bounds.bottom = std::max(start.bottom + offset.y, start.top + minimum.height);
-  return bounds;
+  const DraggedEdges dragged = EdgesOf(part);
+  return SafeBounds(DraggedBounds(start, dragged, offset), dragged, minimum);
 }
 
 Text ShownTitle(TextView title, TextView plainText) {

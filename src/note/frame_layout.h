@@ -43,6 +43,12 @@ FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled);
 /// The size a window takes when it is asked for `size`: never below the minimum.
 Size SafeSize(Size size, Size minimum);
 
+/// `bounds` with its `dragged` edges moved by `offset`; the other edges stay.
+Rect DraggedBounds(const Rect& bounds, DraggedEdges dragged, Point offset);
+
+/// `bounds` brought up to `minimum`, which the dragged edges give way for.
+Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum);
+
 /// The window while an edge or corner is dragged by `offset`: the dragged edges follow the mouse, the
 /// opposite ones stay, and the size never falls below `minimum`.
 Rect SizedBounds(const Rect& start, FramePart part, Point offset, Size minimum);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 namespace jotlets {
 
@@ -12,5 +13,31 @@ constexpr std::uint8_t AlphaOfOpacity(std::int32_t percent) {
   if (percent == 0) return 255;
   return static_cast<std::uint8_t>(std::clamp<std::int32_t>(percent, 1, 100) * 255 / 100);
 }
+
+/// The fade from opaque to a note's own opacity takes a step every `kFadePeriod` milliseconds.
+inline constexpr std::int32_t kFadePeriod = 20;
+inline constexpr std::int32_t kFadeSteps = 50;
+
+/// The opacity at a step, counted from 1, of the fade to `target` percent; nothing from step 50 on, which
+/// ends the fade. That is deliberately one step short: what was set at step 49 stays, 51 for a note of 50.
+std::optional<std::int32_t> FadeOpacity(std::int32_t step, std::int32_t target);
+
+/// Whether a note is shown opaque while it has the keyboard focus.
+constexpr bool IsOpaqueInFocus(std::int32_t percent, bool opaqueEdit) { return opaqueEdit && percent != 0; }
+
+/// What the opacity of a note does when it loses the focus.
+enum class FocusLoss { kStays, kReturnsAtOnce, kFades };
+FocusLoss OnFocusLoss(std::int32_t percent, bool opaqueEdit, bool dontFade);
+
+/// What the window of a note takes on when it becomes a ghost, which lets the mouse through, or ceases to be
+/// one.
+struct GhostLook {
+  bool clickThrough = false;
+  std::uint8_t alpha = 255;
+  friend bool operator==(const GhostLook&, const GhostLook&) = default;
+};
+
+/// Nothing when the note is in that state already.
+std::optional<GhostLook> SwitchGhost(bool isGhost, bool on, std::int32_t percent);
 
 }  // namespace jotlets

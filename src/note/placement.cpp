@@ -1,7 +1,7 @@
 #include "note/placement.h"
 
-#include <set>
-#include <utility>
+#include <algorithm>
+#include <vector>
 
 #include "data/jotlet_data.h"
 
@@ -9,8 +9,6 @@ namespace jotlets {
 namespace {
 
 constexpr std::int32_t kStep = 16;
-// No screen reaches here; it ends the search before positions from a damaged file overflow.
-constexpr std::int32_t kFarthest = 1 << 30;
 constexpr std::int32_t kNearMargin = 8;
 constexpr std::int32_t kFarMargin = 128;
 
@@ -19,12 +17,46 @@ Point Centred(Size note, Size screen) {
   return {screen.width / 2 - note.width / 2, screen.height / 2 - note.height / 2};
 }
 
+// The far edge is tested second, also for what the near edge has just moved: that matters on a screen
+// smaller than the margin.
 std::int32_t Rescued(std::int32_t at, std::int32_t from, std::int32_t to) {
-  if (at < from) return from + kNearMargin;
-  return at > to ? to - kFarMargin : at;
+  if (at < from) at = Saturated(std::int64_t{from} + kNearMargin);
+  if (at > to) at = Saturated(std::int64_t{to} - kFarMargin);
+  return at;
+}
+
+// The first place down the diagonal from `from` where no corner is, which walking the notes anew after every
+// step would find too. Each corner is looked at once: thousands may lie on one another.
+Point FreeCorner(Point from, std::span<const Point> corners) {
+  std::vector<std::int64_t> taken;
+  for (const Point corner : corners) {
+    const std::int64_t along = std::int64_t{corner.x} - from.x;
+    if (along >= 0 && along % kStep == 0 && along == std::int64_t{corner.y} - from.y) taken.push_back(along);
+  }
+  std::sort(taken.begin(), taken.end());
+  std::int64_t free = 0;
+  for (const std::int64_t along : taken) {
+    if (along > free) break;
+    free = along + kStep;
+  }
+  return {Saturated(from.x + free), Saturated(from.y + free)};
 }
 
 }  // namespace
+
+PlacementSettings PlacementFrom(const Options& options, NoteOrigin origin, bool isImage, Size primaryScreen,
+                                Size virtualScreen) {
+  const bool fromFriend = origin == NoteOrigin::kFriend;
+  const auto& friendCoords = options.newJotletsCoordsNetwork;
+  PlacementSettings settings;
+  settings.appear = fromFriend ? options.newJotletsAppearNetwork : options.newJotletsAppear;
+  settings.coords = fromFriend ? Point{friendCoords[0], friendCoords[1]} : options.NewJotletsCorner();
+  settings.preventOverlap = (fromFriend ? options.preventOverlapNetwork : options.preventOverlap) == 1;
+  settings.newSize = isImage ? options.ImageJotletSize() : Size{options.defaultWidth, options.defaultHeight};
+  settings.primaryScreen = primaryScreen;
+  settings.virtualScreen = virtualScreen;
+  return settings;
+}
 
 Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
                       std::span<const Point> corners) {
@@ -40,14 +72,7 @@ Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& setti
     case static_cast<int>(Appear::kAtCoords): placed.position = settings.coords; break;
     default: break;
   }
-  if (!settings.preventOverlap) return placed;
-  std::set<std::pair<std::int32_t, std::int32_t>> taken;
-  for (const Point corner : corners) taken.emplace(corner.x, corner.y);
-  while (taken.contains({placed.position.x, placed.position.y}) && placed.position.x < kFarthest &&
-         placed.position.y < kFarthest) {
-    placed.position.x += kStep;
-    placed.position.y += kStep;
-  }
+  if (settings.preventOverlap) placed.position = FreeCorner(placed.position, corners);
   return placed;
 }
 

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "base/geometry.h"
+#include "data/options.h"
 
 namespace jotlets {
 
@@ -23,6 +24,13 @@ struct PlacementSettings {
   Size virtualScreen;
 };
 
+/// Notes that friends send are placed by options of their own.
+enum class NoteOrigin { kUser, kFriend };
+
+/// The settings for a new note, text or picture, from the options and the sizes of the screens.
+PlacementSettings PlacementFrom(const Options& options, NoteOrigin origin, bool isImage, Size primaryScreen,
+                                Size virtualScreen);
+
 struct Placed {
   Point position;
   Size size;
@@ -30,7 +38,7 @@ struct Placed {
 
 /// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement.
 /// That takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as
-/// another note has exactly the same corner; partial overlaps are not avoided.
+/// one of `corners`, the top-left corners of all notes, is exactly there; partial overlaps are not avoided.
 Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
                       std::span<const Point> corners);
 

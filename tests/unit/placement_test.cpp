@@ -2,70 +2,155 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <vector>
 
 #include "data/jotlet_data.h"
-#include "note/opacity.h"
+#include "note/note_place.h"
 
 namespace jotlets {
 namespace {
 
 constexpr Point kAnywhere{kNotSet, kNotSet};
+constexpr std::int32_t kMost = 0x7FFFFFFF;
+constexpr std::int32_t kLeast = -kMost - 1;
 
 PlacementSettings Settings(std::int32_t appear) {
   return {appear, {30, 40}, true, {201, 101}, {1920, 1080}, {3840, 1081}};
 }
 
-Point Place(Point requested, const PlacementSettings& settings, const std::vector<Point>& corners = {}) {
-  return PlaceNewJotlet(requested, {50, 60}, settings, corners).position;
+Placed Place(Point requested, const PlacementSettings& settings, const std::vector<Point>& corners = {}) {
+  return PlaceNewJotlet(requested, {50, 60}, settings, corners);
 }
 
-TEST(Placement, IsInTheMiddleOrAtTheCoordinates) {
-  EXPECT_EQ(Place(kAnywhere, Settings(0)), (Point{960 - 100, 540 - 50}));
-  EXPECT_EQ(Place(kAnywhere, Settings(1)), (Point{1920 - 100, 540 - 50}));
-  EXPECT_EQ(Place(kAnywhere, Settings(2)), (Point{30, 40}));
-  EXPECT_EQ(Place({kNotSet, 5}, Settings(3)), (Point{kNotSet, 5}));
-}
-
-TEST(Placement, ARequestIsUsedUnchangedWithItsSize) {
-  const std::vector<Point> corners = {{7, 8}};
-  const Placed placed = PlaceNewJotlet({7, 8}, {50, 60}, Settings(0), corners);
-  EXPECT_TRUE(placed.position == (Point{7, 8}) && placed.size == (Size{50, 60}));
+TEST(Placement, IsAsRequestedInTheMiddleOrAtTheCoordinates) {
+  EXPECT_EQ(Place(kAnywhere, Settings(0)).position, (Point{960 - 100, 540 - 50}));
+  // Whatever the origin of the virtual screen.
+  EXPECT_EQ(Place(kAnywhere, {1, {}, true, {200, 200}, {9, 9}, {3840, 1080}}).position, (Point{1820, 440}));
+  EXPECT_EQ(Place({kNotSet, 5}, Settings(3)).position, (Point{kNotSet, 5}));
   for (const Point half : {Point{kNotSet, 5}, Point{5, kNotSet}}) {
-    const Placed automatic = PlaceNewJotlet(half, {50, 60}, Settings(2), {});
+    const Placed automatic = Place(half, Settings(2));
     EXPECT_TRUE(automatic.position == (Point{30, 40}) && automatic.size == (Size{201, 101}));
   }
+  const Placed asked = Place({7, 8}, Settings(0), {{7, 8}});
+  EXPECT_TRUE(asked.position == (Point{7, 8}) && asked.size == (Size{50, 60}));
 }
 
 TEST(Placement, StepsOffIdenticalCornersOnly) {
-  PlacementSettings settings = Settings(2);
-  EXPECT_EQ(Place(kAnywhere, settings, {{35, 40}, {30, 41}}), (Point{30, 40}));
-  // The note that is in the way after the first step stands earlier in the list.
-  EXPECT_EQ(Place(kAnywhere, settings, {{46, 56}, {30, 40}}), (Point{62, 72}));
+  PlacementSettings settings = Settings(0);
+  std::vector<Point> notes = {
+      {860 + 5, 490}, {860 + 8, 490 + 8}, {860 - 32, 490 - 32}, {860, 490 + 16}, {860 + 160, 490 + 160}};
+  for (const std::int32_t step : {0, 16, 32}) {
+    notes.insert(notes.begin(), Place(kAnywhere, settings, notes).position);
+    EXPECT_EQ(notes.front(), (Point{860 + step, 490 + step}));
+  }
   settings.preventOverlap = false;
-  EXPECT_EQ(Place(kAnywhere, settings, {{30, 40}}), (Point{30, 40}));
-  settings.preventOverlap = true, settings.coords = {0x7FFFFFFF, 0x7FFFFFFF};
-  EXPECT_EQ(Place(kAnywhere, settings, {settings.coords}), settings.coords);
+  EXPECT_EQ(Place(kAnywhere, settings, notes).position, (Point{860, 490}));
+  settings = Settings(2), settings.coords = {kMost, kMost - 20};
+  EXPECT_EQ(Place(kAnywhere, settings, {settings.coords}).position, (Point{kMost, kMost - 4}));
+  notes.assign(10000, Point{30, 40});
+  for (std::int32_t i = 10000; i > 0; --i) notes.push_back({30 + 16 * i, 40 + 16 * i});
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Place(kAnywhere, Settings(2), notes).position, (Point{30 + 160016, 40 + 160016}));
+  // It takes 4 ms; walking the notes again for each step takes seconds.
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+}
+
+TEST(Placement, OfNotesFromFriendsHasOptionsOfItsOwn) {
+  Options options;
+  options.newJotletsAppearNetwork = 2, options.newJotletsCoordsNetwork = {-7, 9};
+  options.preventOverlapNetwork = 0;
+  const PlacementSettings own = PlacementFrom(options, NoteOrigin::kUser, false, {1, 2}, {3, 4});
+  EXPECT_TRUE(own.appear == 0 && own.coords == Point{} && own.preventOverlap);
+  EXPECT_TRUE(own.newSize == (Size{232, 405}) && own.virtualScreen == (Size{3, 4}));
+  const PlacementSettings sent = PlacementFrom(options, NoteOrigin::kFriend, true, {1, 2}, {3, 4});
+  EXPECT_TRUE(sent.appear == 2 && sent.coords == (Point{-7, 9}) && !sent.preventOverlap);
 }
 
 TEST(Rescue, MovesWhatLiesBeyondTheScreenAndNothingElse) {
   const Rect screen{-1920, -10, 1920, 1080};
   EXPECT_EQ(RescuedPosition({-5000, 0}, screen), (Point{-1912, 0}));
-  EXPECT_EQ(RescuedPosition({1921, 0}, screen), (Point{1792, 0}));
-  EXPECT_EQ(RescuedPosition({0, -11}, screen), (Point{0, -2}));
-  EXPECT_EQ(RescuedPosition({0, 0x7FFFFFFF}, screen), (Point{0, 952}));
-  for (const Point inside : {Point{-1920, -10}, Point{1920, 1080}, Point{1919, 0}}) {
-    EXPECT_EQ(RescuedPosition(inside, screen), inside);
-  }
+  EXPECT_EQ(RescuedPosition({1921, -11}, screen), (Point{1792, -2}));
+  EXPECT_EQ(RescuedPosition({0, kMost}, screen), (Point{0, 952}));
+  for (const Point in : {screen.TopLeft(), Point{1920, 1080}}) EXPECT_EQ(RescuedPosition(in, screen), in);
+  // What the near edge has moved past the far one is moved again.
+  EXPECT_EQ(RescuedPosition({-1, 0}, {0, 0, 5, 5}), (Point{5 - 128, 0}));
+  EXPECT_EQ(RescuedPosition({kLeast, kMost}, {kMost, kLeast, kMost, kLeast}), (Point{kMost, kLeast}));
 }
 
-TEST(Opacity, IsWhatRemainsAndNothingMeansAll) {
-  EXPECT_EQ(AlphaOfOpacity(0), 255);
-  EXPECT_EQ(AlphaOfOpacity(10), 25);
-  EXPECT_EQ(AlphaOfOpacity(30), 76);
-  EXPECT_EQ(AlphaOfOpacity(100), 255);
-  EXPECT_EQ(AlphaOfOpacity(0x7FFFFFFF), 255);
-  EXPECT_GT(AlphaOfOpacity(-5), 0);  // a note that cannot be seen cannot be helped
+// The second monitor is to the right, lower by 200 and less high.
+MonitorSetup Screens(int monitors) {
+  MonitorSetup screens{{0, 0, monitors == 2 ? 3200 : 1920, 1080}, {}};
+  screens.monitors.Add({0, 0, 1920, 1040}, {0, 0, 1920, 1080});
+  if (monitors == 2) screens.monitors.Add({1920, 200, 3200, 960}, {1920, 200, 3200, 1000});
+  return screens;
+}
+
+TEST(Monitors, AreThirtyThreeAtMostWithTwoRectanglesEach) {
+  MonitorList monitors;
+  for (std::int32_t i = 0; i < 33; ++i) EXPECT_TRUE(monitors.Add({i, 0, i, 1}, {i, 0, i, 2}));
+  EXPECT_FALSE(monitors.Add({}, {}));
+  ASSERT_EQ(monitors.Rects().size(), 66u);
+  EXPECT_TRUE(monitors.Rects()[64] == (Rect{32, 0, 32, 1}) && monitors.Rects()[65] == (Rect{32, 0, 32, 2}));
+}
+
+TEST(ShownPlace, IsTheChosenOneWhileItsCornerIsOnAMonitor) {
+  const auto shown = [](Point at) { return ShownPlace(RectAt(at, {300, 200}), Screens(2)).TopLeft(); };
+  for (const Point on : {Point{1919, 1079}, Point{3199, 999}, Point{0, 1050}}) EXPECT_EQ(shown(on), on);
+  EXPECT_EQ(shown({-5, 1090}), (Point{8, 952}));
+  // No monitor is there, but a part of the note can be seen and taken hold of.
+  EXPECT_EQ(shown({2500, 50}), (Point{2500, 50}));
+  // In the virtual screen, but on no monitor: above the second one, below it, at its very edge.
+  EXPECT_EQ(shown({2500, 0}), (Point{2500, 208}));
+  EXPECT_EQ(shown({2500, 1010}), (Point{2500, 999 - 128}));
+  EXPECT_EQ(shown({3200, 300}), (Point{3199 - 128, 300}));
+  EXPECT_EQ(ShownPlace({kLeast, kLeast, kMost, kMost}, Screens(1)).TopLeft(), (Point{8, 8}));
+  const MonitorSetup inDoubt{{0, 0, 5, 5}, Screens(1).monitors};  // then the monitors are believed
+  EXPECT_EQ(ShownPlace({90, 90, 99, 99}, inDoubt), (Rect{90, 90, 99, 99}));
+  EXPECT_EQ(ShownPlace({kMost, kMost, kMost, kMost}, {}).TopLeft(), (Point{-128, -128}));
+}
+
+TEST(NotePlace, NotesReturnWithTheirMonitor) {
+  const Rect chosen = RectAt({2500, 300}, {300, 200});
+  NotePlace place(chosen);
+  EXPECT_FALSE(place.MonitorsChanged(Screens(2)));
+  EXPECT_TRUE(place.MonitorsChanged(Screens(1)));
+  EXPECT_TRUE(place.Shown() == RectAt({1920 - 128, 300}, {300, 200}) && place.Chosen() == chosen);
+  // Saved now and loaded again, it is shown on the screen, and goes home all the same.
+  NotePlace loaded(place.Chosen());
+  loaded.MonitorsChanged(Screens(1));
+  EXPECT_TRUE(loaded == place && loaded.MonitorsChanged(Screens(2)));
+  EXPECT_TRUE(loaded.Shown() == chosen && loaded.Chosen() == chosen);
+  // But not when the user has put it somewhere else in the meantime.
+  const Rect dragged = RectAt({50, 60}, {300, 200});
+  place.Choose(dragged);
+  EXPECT_FALSE(place.MonitorsChanged(Screens(2)));
+  EXPECT_TRUE(place.Shown() == dragged && place.Chosen() == dragged);
+}
+
+TEST(NotePlace, DoesNotCreepWhenTheScaleChanges) {
+  NotePlace place(RectAt({100, 100}, {333, 77}), 120);
+  for (const std::int32_t dpi : {96, 168, 96, 144, 96}) {
+    EXPECT_TRUE(place.ScaleChanged(dpi));
+    // Dragging it at every scale does not make the rounded size the user's own.
+    place.Choose(RectAt({dpi, 10}, {place.Shown().Width(), place.Shown().Height()}));
+  }
+  EXPECT_EQ(place.Chosen(), RectAt({96, 10}, {266, 62}));
+  place.ScaleChanged(120);
+  EXPECT_EQ(place.Chosen(), RectAt({96, 10}, {333, 77}));
+  // A size that the user gives is the one to start from.
+  place.Choose(RectAt({96, 10}, {301, 77}));
+  place.ScaleChanged(60), place.ScaleChanged(120);
+  EXPECT_EQ(place.Shown(), RectAt({96, 10}, {301, 77}));
+}
+
+TEST(NotePlace, OfAMonitorThatIsAwayIsNotScaled) {
+  const Rect chosen = RectAt({2500, 300}, {300, 200});
+  NotePlace place(chosen, 144);
+  place.MonitorsChanged(Screens(1)), place.ScaleChanged(96);
+  EXPECT_TRUE(place.Shown() == RectAt({1792, 300}, {200, 133}) && place.Chosen() == chosen);
+  place.MonitorsChanged(Screens(2)), place.ScaleChanged(144);
+  EXPECT_TRUE(place.Shown() == chosen && place.Chosen() == chosen);
 }
 
 }  // namespace

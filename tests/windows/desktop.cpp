@@ -134,6 +134,17 @@ Text TextOfWindow(HWND window) {
 
 Text ShownText(HWND note) { return TextOfWindow(GetDlgItem(note, BEdit::kControlId)); }
 
+void HoldKey(WORD key, bool down) {
+  const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+  if (GetProcAddress(system, "wine_get_version") == nullptr)
+    return SendKey(key, static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)), down ? 0u : KEYEVENTF_KEYUP);
+  // Wine takes the modifiers from the X server whenever the mouse moves: there, the key must be a real one.
+  const Text name = key == VK_CONTROL ? u"ctrl" : key == VK_SHIFT ? u"shift" : u"alt";
+  Process(u"C:\\windows\\system32\\start.exe",
+          Text(u"/wait /unix /usr/bin/xdotool ") + (down ? u"keydown " : u"keyup ") + name)
+      .WaitForEnd();
+}
+
 void PressKeys(std::initializer_list<WORD> keys) {
   const auto scan = [](WORD key) { return static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)); };
   for (const WORD key : keys) SendKey(key, scan(key), 0);

@@ -57,6 +57,8 @@ Text ShownText(HWND note);
 /// `TypeText` types, through the system's own input queue to whatever has the focus.
 void PressKeys(std::initializer_list<WORD> keys);
 void TypeText(TextView text);
+/// Holds Ctrl, Shift or Alt while the mouse is used, until it is let go.
+void HoldKey(WORD key, bool down);
 /// Clicks, and waits for what that does.
 bool ClickUntil(const std::function<bool()>& condition, Point at, bool right = false);
 /// Presses the left button on `window` at `from`, moves by `offset` in a few steps and lets go.

@@ -92,9 +92,7 @@ TEST_F(DemoTest, WhatAPersonChangesIsSavedByItselfAndThereAgainAtTheNextStart) {
   const HWND closed = NoteTitled(u"In a stack");
   const Rect last = BoundsOf(closed);
   const ULONGLONG lastChange = GetTickCount64();
-  ASSERT_TRUE(ClickUntil(
-      [closed] { return !IsWindow(closed); },
-      {last.right - 10, last.top + 10}));
+  ASSERT_TRUE(ClickUntil([closed] { return !IsWindow(closed); }, {last.right - 10, last.top + 10}));
 
   // One save, ten seconds after the last change, with everything in it.
   ASSERT_TRUE(WaitUntil([&] { return Read(path) != bytesBefore; }, 20000)) << Log();

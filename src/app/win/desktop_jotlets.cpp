@@ -115,8 +115,9 @@ bool DesktopJotlets::Rescue(const Rect& screen) {
 
 void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
   const Rect to = jotlet.Bounds();
-  log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id, u" from appearing off screen (moved from ",
-             from.left, u",", from.top, u" to ", to.left, u",", to.top, u")");
+  log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
+             u" from appearing off screen (moved from ", from.left, u",", from.top, u" to ", to.left, u",",
+             to.top, u")");
 }
 
 void DesktopJotlets::FollowMonitors() {

@@ -124,15 +124,9 @@ BJotlet* JotletMaker::OpenLoaded(JotletData record) {
 }
 
 void JotletMaker::Place(JotletData& record) const {
-  PlacementSettings settings;
-  settings.appear = options_.newJotletsAppear;
-  settings.coords = options_.NewJotletsCorner();
-  settings.preventOverlap = options_.preventOverlap == 1;
-  settings.newSize =
-      record.IsImage() ? options_.ImageJotletSize() : Size{options_.defaultWidth, options_.defaultHeight};
-  settings.primaryScreen = PrimaryScreenSize();
   const Rect screen = VirtualScreen();
-  settings.virtualScreen = {screen.Width(), screen.Height()};
+  const PlacementSettings settings = PlacementFrom(options_, NoteOrigin::kUser, record.IsImage(),
+                                                   PrimaryScreenSize(), {screen.Width(), screen.Height()});
   std::vector<Point> corners;
   for (const auto& jotlet : desktop_.All()) {
     const Rect bounds = jotlet->Bounds();

@@ -26,6 +26,9 @@ LPCWSTR CursorOf(FramePart part) {
   return edges.horizontal == edges.vertical ? IDC_SIZENWSE : IDC_SIZENESW;
 }
 
+// As the keyboard is now: the state that a thread is told of lags behind while another window has the focus.
+bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
+
 Point MousePosition() {
   POINT at{};
   GetCursorPos(&at);
@@ -299,7 +302,7 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
 }
 
 void BJotlet::OnButtonDown(Point at) {
-  const bool ctrl = GetKeyState(VK_CONTROL) < 0;
+  const bool ctrl = IsHeld(VK_CONTROL);
   SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
   pressedButton_ = ButtonAt(skin_->data, view_, at);
   dragPart_ = PartAt(at);
@@ -365,7 +368,7 @@ void BJotlet::OnMouseMove(Point at) {
 }
 
 void BJotlet::DragTo(Point offset) {
-  const bool alt = GetKeyState(VK_MENU) < 0;
+  const bool alt = IsHeld(VK_MENU);
   const SnapSettings snap = SnapSettingsFrom(owner_.NoteOptions());
   const SnapTargets targets{snapWindows_, owner_.Screens().monitors.Rects()};
   if (drag_ == Drag::kMoving) {
@@ -381,9 +384,9 @@ void BJotlet::DragTo(Point offset) {
   Size least = SmallestSize();
   // Its height is not the user's to change while it is rolled up.
   if (view_.rolled) least.height = dragBounds_.Height();
-  const Rect sized = SnappedSizing(SizedBounds(dragBounds_, dragPart_, offset, least), EdgesOf(dragPart_), snap,
-                                   alt, targets);
-  Place(SafeBounds(sized, EdgesOf(dragPart_), least));
+  const DraggedEdges edges = EdgesOf(dragPart_);
+  const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
+  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, least));
 }
 
 void BJotlet::MoveBy(Point offset) {

@@ -169,8 +169,8 @@ class BJotlet final : public Window, private EditWatcher {
   Drag drag_ = Drag::kIdle;
   FramePart dragPart_ = FramePart::kContent;
   std::size_t pressedButton_ = kNoElement;
-  Point dragStart_;  // mouse position on the screen at the press
-  Rect dragBounds_;  // the window at the press, or the thumb in client pixels
+  Point dragStart_;                // mouse position on the screen at the press
+  Rect dragBounds_;                // the window at the press, or the thumb in client pixels
   std::vector<Rect> snapWindows_;  // at the press
 };
 

@@ -130,7 +130,7 @@ void BJotlet::TakeProperties(const JotletData& wanted) {
 
 struct BJotlet::ActionRow {
   ActionCode first;
-  ActionCode last;  // the same, or the last of a family
+  ActionCode last;         // the same, or the last of a family
   bool JotletData::*flag;  // what the command turns round; nullptr for none
   void (*run)(BJotlet& jotlet, ActionCode action, bool on);
 };
@@ -139,16 +139,25 @@ struct BJotlet::ActionRow {
 const BJotlet::ActionRow BJotlet::kActions[] = {
     {kActionOnTop, kActionOnTop, &JotletData::onTop, [](BJotlet& j, ActionCode, bool on) { j.SetOnTop(on); }},
     {kActionRoll, kActionRoll, &JotletData::rolled, [](BJotlet& j, ActionCode, bool on) { j.SetRolled(on); }},
-    {kActionLock, kActionLock, &JotletData::readOnly, [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
+    {kActionLock, kActionLock, &JotletData::readOnly,
+     [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
     {kActionGoAway, kActionGoAway, nullptr, [](BJotlet& j, ActionCode, bool) { j.GoAway(); }},
-    {kActionScrollUp, kActionScrollUp, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-kScrollStep); }},
-    {kActionScrollDown, kActionScrollDown, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(kScrollStep); }},
-    {kActionPageUp, kActionPageUp, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-j.Scrolled().page); }},
-    {kActionPageDown, kActionPageDown, nullptr, [](BJotlet& j, ActionCode, bool) { j.ScrollBy(j.Scrolled().page); }},
-    {kActionUser1, kActionUser1, &JotletData::user1, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},
-    {kActionUser2, kActionUser2, &JotletData::user2, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user2, on); }},
-    {kActionUser3, kActionUser3, &JotletData::user3, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user3, on); }},
-    {kActionStang, kActionStang, &JotletData::stang, [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::stang, on); }},
+    {kActionScrollUp, kActionScrollUp, nullptr,
+     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-kScrollStep); }},
+    {kActionScrollDown, kActionScrollDown, nullptr,
+     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(kScrollStep); }},
+    {kActionPageUp, kActionPageUp, nullptr,
+     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-j.Scrolled().page); }},
+    {kActionPageDown, kActionPageDown, nullptr,
+     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(j.Scrolled().page); }},
+    {kActionUser1, kActionUser1, &JotletData::user1,
+     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},
+    {kActionUser2, kActionUser2, &JotletData::user2,
+     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user2, on); }},
+    {kActionUser3, kActionUser3, &JotletData::user3,
+     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user3, on); }},
+    {kActionStang, kActionStang, &JotletData::stang,
+     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::stang, on); }},
     {kActionTransparentOpaque, kActionTransparent10pc, nullptr,
      [](BJotlet& j, ActionCode action, bool) { j.SetTransparency(OpacityOf(action).value_or(0)); }},
 };

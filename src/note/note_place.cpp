@@ -1,0 +1,53 @@
+#include "note/note_place.h"
+
+#include <algorithm>
+
+namespace jotlets {
+namespace {
+
+// Scales that no system has come from errors and must not blow a note up.
+constexpr std::int32_t kLeastDpi = 24;
+constexpr std::int32_t kMostDpi = 2400;
+
+std::int32_t Usable(std::int32_t dpi) { return std::clamp(dpi, kLeastDpi, kMostDpi); }
+
+Size SizeOf(const Rect& bounds) { return {bounds.Width(), bounds.Height()}; }
+
+// To the nearest pixel.
+std::int32_t Scaled(std::int32_t length, std::int32_t from, std::int32_t to) {
+  return Saturated((2 * std::int64_t{length} * to + from) / (2 * std::int64_t{from}));
+}
+
+}  // namespace
+
+NotePlace::NotePlace(const Rect& chosen, std::int32_t dpi)
+    : chosen_(chosen), shown_(chosen), dpi_(Usable(dpi)), givenSize_(SizeOf(chosen)), givenDpi_(dpi_) {}
+
+Size NotePlace::ScaledSize() const {
+  return {Scaled(givenSize_.width, givenDpi_, dpi_), Scaled(givenSize_.height, givenDpi_, dpi_)};
+}
+
+bool NotePlace::MonitorsChanged(const MonitorSetup& screens) {
+  const Rect before = shown_;
+  shown_ = RectAt(ShownPlace(chosen_, screens).TopLeft(), ScaledSize());
+  return shown_ != before;
+}
+
+bool NotePlace::ScaleChanged(std::int32_t dpi) {
+  const Rect before = shown_;
+  const bool atChosenPlace = shown_.TopLeft() == chosen_.TopLeft();
+  dpi_ = Usable(dpi);
+  shown_ = RectAt(shown_.TopLeft(), ScaledSize());
+  if (atChosenPlace) chosen_ = shown_;
+  return shown_ != before;
+}
+
+void NotePlace::Choose(const Rect& bounds) {
+  if (SizeOf(bounds) != SizeOf(shown_)) {
+    givenSize_ = SizeOf(bounds);
+    givenDpi_ = dpi_;
+  }
+  chosen_ = shown_ = bounds;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,21 @@
+#include "note/opacity.h"
+
+namespace jotlets {
+
+std::optional<std::int32_t> FadeOpacity(std::int32_t step, std::int32_t target) {
+  if (step >= kFadeSteps) return std::nullopt;
+  const std::int32_t way = 100 - std::clamp<std::int32_t>(target, 1, 100);
+  return (100 * kFadeSteps - std::max(step, 0) * way) / kFadeSteps;
+}
+
+FocusLoss OnFocusLoss(std::int32_t percent, bool opaqueEdit, bool dontFade) {
+  if (!IsOpaqueInFocus(percent, opaqueEdit)) return FocusLoss::kStays;
+  return dontFade ? FocusLoss::kReturnsAtOnce : FocusLoss::kFades;
+}
+
+std::optional<GhostLook> SwitchGhost(bool isGhost, bool on, std::int32_t percent) {
+  if (isGhost == on) return std::nullopt;
+  return GhostLook{on, AlphaOfOpacity(percent)};
+}
+
+}  // namespace jotlets

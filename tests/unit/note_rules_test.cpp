@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include "fakes.h"
+#include "note/animation.h"
+#include "note/opacity.h"
+#include "note/rolled.h"
+#include "note/text_style.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kMost = 0x7FFFFFFF;
+
+TEST(Opacity, IsWhatRemainsAndNothingMeansAll) {
+  EXPECT_TRUE(AlphaOfOpacity(0) == 255 && AlphaOfOpacity(100) == 255 && AlphaOfOpacity(kMost) == 255);
+  EXPECT_TRUE(AlphaOfOpacity(10) == 25 && AlphaOfOpacity(30) == 76);
+  EXPECT_GT(AlphaOfOpacity(-5), 0);  // a note that cannot be seen cannot be helped
+}
+
+TEST(Opacity, FadesInFiftyStepsOfWhichTheLastIsLeftOut) {
+  EXPECT_EQ(FadeOpacity(1, 30), 98);
+  EXPECT_TRUE(FadeOpacity(49, 30) == 31 && FadeOpacity(49, 50) == 51 && !FadeOpacity(50, 30));
+  // As in floating point, for every opacity; never 0, which would be opaque.
+  for (std::int32_t target = 1; target <= 100; ++target) {
+    for (std::int32_t step = 1; step < kFadeSteps; ++step) {
+      EXPECT_EQ(FadeOpacity(step, target), static_cast<std::int32_t>(100 - step * ((100 - target) / 50.0)));
+    }
+    EXPECT_GT(FadeOpacity(49, target), 0);
+  }
+}
+
+TEST(Opacity, GivesWayToTheFocusAndGhostsAreSwitchedOnce) {
+  EXPECT_TRUE(IsOpaqueInFocus(30, true) && !IsOpaqueInFocus(30, false) && !IsOpaqueInFocus(0, true));
+  EXPECT_EQ(OnFocusLoss(30, true, false), FocusLoss::kFades);
+  EXPECT_EQ(OnFocusLoss(30, true, true), FocusLoss::kReturnsAtOnce);
+  for (const std::int32_t percent : {0, 30})
+    EXPECT_EQ(OnFocusLoss(percent, percent == 0, false), FocusLoss::kStays);
+  EXPECT_EQ(SwitchGhost(false, true, 30), (GhostLook{true, 76}));
+  EXPECT_EQ(SwitchGhost(true, true, 30), std::nullopt);
+  EXPECT_EQ(SwitchGhost(true, false, 0), (GhostLook{false, 255}));
+}
+
+TEST(Animation, FollowsItsTimingCurve) {
+  EXPECT_EQ(AnimationProgress(0), 0);
+  EXPECT_NEAR(AnimationProgress(1.0 / 30), 0.0021310788990474266, 1e-15);
+  EXPECT_NEAR(AnimationProgress(7.0 / 30), 0.11210956483206724, 1e-15);
+  EXPECT_NEAR(AnimationProgress(29.0 / 30), 0.9978689211009526, 1e-15);
+  Animation move;
+  ASSERT_TRUE(move.Start({0, 1000}, {1000, 0}, AnimationKind::kMove));
+  EXPECT_FALSE(move.Start({5, 5}, {6, 6}, AnimationKind::kClose));
+  for (std::int32_t step = 0; step < 30; ++step) {
+    const AnimationFrame frame = move.Tick(30).value();
+    EXPECT_FALSE(frame.finished);
+    EXPECT_EQ(frame.position.x, static_cast<std::int32_t>(1000 * AnimationProgress(step / 30.0)));
+    EXPECT_EQ(frame.position.y, 1000 - frame.position.x);
+  }
+  EXPECT_EQ(move.Tick(30), (AnimationFrame{{1000, 0}, true}));
+  EXPECT_EQ(move.Tick(30), std::nullopt);
+}
+
+TEST(Animation, EndsWhereItsKindSays) {
+  for (const AnimationKind kind : {AnimationKind::kMove, AnimationKind::kClose, AnimationKind::kDelete}) {
+    Animation off;
+    off.Start({1, 2}, {30, 40}, kind);
+    EXPECT_EQ(off.Tick(0), (AnimationFrame{{30, 40}, true}));
+  }
+  Animation hide;
+  hide.Start({1, 2}, {30, 40}, AnimationKind::kHide);
+  hide.Tick(30), hide.Tick(30);
+  EXPECT_EQ(hide.FinishNow(), (AnimationFrame{{1, 2}, true}));
+  EXPECT_TRUE(hide.FinishNow() == std::nullopt && hide.Start({}, {}, AnimationKind::kMove));
+  Animation far;
+  far.Start({-kMost - 1, kMost}, {kMost, -kMost - 1}, AnimationKind::kMove);
+  int ticks = 0;
+  for (; !far.Tick(kMost).value().finished; ++ticks) EXPECT_LT(ticks, kMostAnimationSteps);
+}
+
+constexpr RollSettings kRolls{25, false};
+constexpr RollSettings kRollsAside{25, true};
+
+JotletData Note() {
+  JotletData note;
+  note.x = 10, note.y = 20, note.width = 300, note.height = 400;
+  return note;
+}
+
+TEST(Rolled, HeightIsTheUnrolledOne) {
+  JotletData note = Note();
+  EXPECT_EQ(GetJotletHeight(note, 77, kRolls), 77);
+  note.rolled = true;
+  EXPECT_EQ(GetJotletHeight(note, 25, kRolls), 400);
+  EXPECT_EQ(GetJotletHeight(note, 77, {0, false}), 77);  // a skin without a rolled form
+  note.height = -1;
+  EXPECT_EQ(GetJotletHeight(note, 25, kRolls), std::nullopt);
+  EXPECT_EQ(HeightFromContent(100, 12, 22), 134);
+  EXPECT_EQ(HeightFromContent(kMost, kMost, kMost), kMost);
+}
+
+TEST(Rolled, ItStaysWhereItIsAndKeepsItsHeight) {
+  JotletData note = Note();
+  TakeBounds(note, {50, 60, 250, 160}, kRolls);
+  note.rolled = true;
+  EXPECT_EQ(BoundsFor(note, kRolls), (Rect{50, 60, 250, 85}));
+  TakeBounds(note, {1, 2, 91, 27}, kRolls);
+  EXPECT_EQ(BoundsFor(note, {0, false}), (Rect{1, 2, 91, 102}));
+  note.rolled = false;
+  EXPECT_EQ(BoundsFor(note, kRolls), (Rect{1, 2, 91, 102}));
+  EXPECT_TRUE(note.altX == kNotSet && note.altY == kNotSet && note.altWidth == kNotSet);
+}
+
+TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
+  JotletData note = Note();
+  note.rolled = true;
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{10, 20, 310, 45}));
+  TakeBounds(note, {700, 5, 790, 30}, kRollsAside);
+  note.rolled = false;
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{10, 20, 310, 420}));
+  TakeBounds(note, {11, 21, 311, 421}, kRollsAside);
+  note.rolled = true;
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 5, 790, 30}));
+  EXPECT_EQ(BoundsFor(note, kRolls), (Rect{11, 21, 311, 46}));
+  note.altY = kNotSet, note.altWidth = kNotSet;  // a record that was cut off
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 21, 1000, 46}));
+}
+
+constexpr TextView kStyle = u"-12|0|0|0|400|0|0|0|0|3|2|1|34|Tahoma|0|0|0|255|0|0";
+
+TEST(TextStyle, HasTwentyFieldsInTheirOrder) {
+  const TextStyle tahoma = ParseTextStyle(kStyle);
+  EXPECT_TRUE(tahoma.height == -12 && tahoma.weight == 400 && tahoma.outPrecision == 3);
+  EXPECT_TRUE(tahoma.faceName == u"Tahoma" && tahoma.colour == Colour{} && tahoma.others[0] == 255);
+  constexpr TextView kEach = u"1|2|3|4|5|6|7|8|9|10|11|12|13|A face|14|15|16|17|18|19";
+  for (const TextView text : {kStyle, kEach}) EXPECT_EQ(ComposeTextStyle(ParseTextStyle(text)), text);
+  const TextStyle each = ParseTextStyle(kEach);
+  EXPECT_TRUE(each.orientation == 4 && each.italic == 6 && each.charSet == 9 && each.pitchAndFamily == 13);
+  EXPECT_TRUE(each.colour == (Colour{14, 15, 16}) && each.others == (std::array{17, 18, 19}));
+}
+
+TEST(TextStyle, MakesSomethingOfAnyText) {
+  EXPECT_TRUE(!ParseTextStyle(u"").IsSet() && ParseTextStyle(u"") == TextStyle());
+  const TextStyle odd = ParseTextStyle(u"-9999999999|||x|9999|-1|300|||||||Cour\nier|-5|999|7||1|2|3|4");
+  EXPECT_EQ(ComposeTextStyle(odd), u"-32767|0|0|0|1000|0|255|0|0|0|0|0|0|Courier|0|255|7|0|1|2");
+  TextStyle named;
+  named.faceName = u"a|b\r" + Text(50, u'x');
+  EXPECT_EQ(ParseTextStyle(ComposeTextStyle(named)).faceName, u"ab" + Text(29, u'x'));
+  Random random(1);
+  for (int i = 0; i < 2000; ++i) {
+    const TextStyle style = ParseTextStyle(random.Pick(u"0129-|||x\n", 60));
+    EXPECT_EQ(ParseTextStyle(ComposeTextStyle(style)), style);
+  }
+}
+
+TEST(TextStyle, IsKeptUnderTenNumbers) {
+  Options options;
+  EXPECT_FALSE(SavedTextStyle(options, 0).IsSet());
+  SaveTextStyle(options, 9, ParseTextStyle(kStyle));
+  SaveTextStyle(options, 10, ParseTextStyle(kStyle));
+  EXPECT_EQ(options.styles.size(), 10u);
+  EXPECT_TRUE(options.styles[9] == kStyle && SavedTextStyle(options, 9) == ParseTextStyle(kStyle));
+  EXPECT_FALSE(SavedTextStyle(options, 8).IsSet());
+}
+
+}  // namespace
+}  // namespace jotlets

@@ -1,0 +1,148 @@
+// Moving, sizing, rolling, locking and fading of notes, by mouse and keys, read from the windows themselves.
+#include <windows.h>
+
+#include "data/data_folder.h"
+#include "desktop.h"
+#include "note/win/jotlet.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+constexpr TextView kSnapping = u"Debug=3\nSnap=1,10,2\nTakeBackups=0";
+
+class NoteWindowTest : public WindowTest {
+ protected:
+  static Point Title(HWND note) { return {BoundsOf(note).left + 60, BoundsOf(note).top + 9}; }
+  static BYTE AlphaOf(HWND note) {
+    BYTE alpha = 0;
+    GetLayeredWindowAttributes(note, nullptr, &alpha, nullptr);
+    return alpha;
+  }
+  static LONG_PTR ExtendedStyle(HWND note) { return GetWindowLongPtrW(note, GWL_EXSTYLE); }
+  static bool Turns(HWND note, const Rect& bounds) {
+    return WaitUntil([&] { return BoundsOf(note) == bounds; }, 3000);
+  }
+  JotletData Saved(TextView id) {
+    Reply(u"do saveini");
+    for (const auto& line : ParseData().jotlets) {
+      if (line.record.id == id) return line.record;
+    }
+    return {};
+  }
+};
+
+TEST_F(NoteWindowTest, SnapsToItsNeighbourUnlessAltIsHeld) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"AA01", {300, 200}, u"Above"), NoteRecord(u"AA02", {340, 500}, u"Below")}, kSnapping));
+  const HWND below = NoteTitled(u"Below");
+  // Its top would lie 7 below the other one's bottom, its left 5 beside: both are caught.
+  ASSERT_TRUE(Drag(below, Title(below), {-35, -153}));
+  EXPECT_TRUE(Turns(below, {300, 342, 520, 482}));
+  HoldKey(VK_MENU, true);
+  Drag(below, Title(below), {3, 3});
+  HoldKey(VK_MENU, false);
+  EXPECT_TRUE(Turns(below, {303, 345, 523, 485})) << BoundsOf(below).left << "," << BoundsOf(below).top;
+  // The right edge is caught by the other one's, and the record has what the window shows.
+  ASSERT_TRUE(Drag(below, {BoundsOf(below).right - 2, BoundsOf(below).top + 60}, {-6, 0}));
+  EXPECT_TRUE(Turns(below, {303, 345, 520, 485})) << BoundsOf(below).right;
+  EXPECT_EQ(Saved(u"AA02").width, 217);
+}
+
+TEST_F(NoteWindowTest, StopsAtTheSmallestSizeOfItsSkin) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Small")}, kSnapping));
+  const HWND note = NoteTitled(u"Small");
+  ASSERT_TRUE(Drag(note, {BoundsOf(note).right - 2, BoundsOf(note).bottom - 2}, {-200, -130}));
+  EXPECT_TRUE(Turns(note, {300, 200, 450, 245}));
+}
+
+TEST_F(NoteWindowTest, MovesWithTheNotesThatAreSelectedAndCommandsReachThemAll) {
+  ASSERT_TRUE(
+      StartProgramWith({NoteRecord(u"AA01", {100, 100}, u"One"), NoteRecord(u"AA02", {400, 100}, u"Two"),
+                        NoteRecord(u"AA03", {700, 100}, u"Three")},
+                       u"Debug=3\nSnap=0,10,2\nTakeBackups=0"));
+  const HWND one = NoteTitled(u"One");
+  const HWND two = NoteTitled(u"Two");
+  for (const HWND note : {one, two}) {
+    HoldKey(VK_CONTROL, true);
+    Drag(note, Title(note), {0, 0});
+    HoldKey(VK_CONTROL, false);
+  }
+  ASSERT_TRUE(Drag(two, Title(two), {30, 50}));
+  EXPECT_TRUE(Turns(one, {130, 150, 350, 290}));
+  EXPECT_TRUE(Turns(two, {430, 150, 650, 290}));
+  EXPECT_EQ(BoundsOf(NoteTitled(u"Three")).left, 700);
+  PressKeys({VK_CONTROL, VK_SHIFT, 'T'});
+  EXPECT_TRUE(WaitUntil([&] { return (ExtendedStyle(one) & ExtendedStyle(two) & WS_EX_TOPMOST) != 0; }));
+  EXPECT_EQ(ExtendedStyle(NoteTitled(u"Three")) & WS_EX_TOPMOST, 0);
+  EXPECT_TRUE(Saved(u"AA01").onTop && Saved(u"AA02").onTop && !Saved(u"AA03").onTop);
+}
+
+TEST_F(NoteWindowTest, RollsUpToItsTitleAndKeepsItsHeight) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Rolled")}, kSnapping));
+  const HWND note = NoteTitled(u"Rolled");
+  ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, VK_SHIFT, 'U'});
+  EXPECT_TRUE(Turns(note, {300, 200, 520, 219}));
+  EXPECT_TRUE(Saved(u"AA01").rolled && Saved(u"AA01").height == 140);
+  ASSERT_TRUE(Drag(note, Title(note), {50, 60}));
+  program_->Kill();
+  ASSERT_TRUE(StartProgram());
+  // Saved by the command before, not by the drag after it.
+  const HWND again = NoteTitled(u"Rolled");
+  EXPECT_EQ(BoundsOf(again), (Rect{300, 200, 520, 219}));
+  for (int click = 0; click < 2; ++click) Drag(again, Title(again), {0, 0});
+  EXPECT_TRUE(Turns(again, {300, 200, 520, 340})) << "a double click on the title";
+}
+
+TEST_F(NoteWindowTest, IsOpaqueWhileItIsEditedAndFadesAfterwards) {
+  JotletData record = NoteRecord(u"AA01", {300, 200}, u"Faint");
+  record.transparency = 50;
+  ASSERT_TRUE(StartProgramWith({record, NoteRecord(u"AA02", {700, 200}, u"Other")},
+                               u"Debug=3\nOpaqueEdit=1\nTakeBackups=0"));
+  const HWND note = NoteTitled(u"Faint");
+  EXPECT_EQ(AlphaOf(note), 127);
+  ASSERT_TRUE(ClickIntoText(note));
+  EXPECT_TRUE(WaitUntil([&] { return AlphaOf(note) == 255; }));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Other")));
+  // One step short of its own opacity: 51 percent.
+  EXPECT_TRUE(WaitUntil([&] { return AlphaOf(note) == 51 * 255 / 100; })) << int{AlphaOf(note)};
+  EXPECT_EQ(Saved(u"AA01").transparency, 50);
+}
+
+TEST_F(NoteWindowTest, GoesAwayAndIsBackWhereItWas) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Away")}, kSnapping));
+  const HWND note = NoteTitled(u"Away");
+  ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, 'H'});
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(note); }));
+  EXPECT_TRUE(Turns(note, {300, 200, 520, 340}));
+  const JotletData saved = Saved(u"AA01");
+  EXPECT_TRUE(saved.hidden && saved.x == 300 && saved.y == 200);
+}
+
+TEST_F(NoteWindowTest, OffTheScreenIsShownOnItButItsRecordStays) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {-5000, 200}, u"Far")}, kSnapping));
+  EXPECT_EQ(BoundsOf(NoteTitled(u"Far")).left, 8);
+  EXPECT_NE(Log().find("Saved jotlet AA01 from appearing off screen (moved from -5000,200 to 8,200)"),
+            std::string::npos);
+  EXPECT_EQ(Saved(u"AA01").x, -5000);
+}
+
+TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Locked")}, kSnapping));
+  const HWND note = NoteTitled(u"Locked");
+  ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, VK_SHIFT, 'K'});
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").readOnly; }));
+  TypeText(u"x");
+  PressKeys({VK_F2});
+  ASSERT_TRUE(WaitUntil([&] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
+  TypeText(u"Renamed");
+  PressKeys({VK_RETURN});
+  EXPECT_NE(NoteTitled(u"Renamed"), nullptr);
+  EXPECT_EQ(TextOf(u"AA01"), u"AA01");
+}
+
+}  // namespace
+}  // namespace jotlets
