@@ -1,6 +1,7 @@
 #include "skin/skin_drawing.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "skin/skin_layout.h"
 
@@ -9,32 +10,38 @@ namespace {
 
 constexpr std::int32_t kTileStretched = 1;
 
+constexpr auto kBeyondSheets = static_cast<std::int32_t>(kMostPicturePixels);
+static_assert(kMostPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
+              std::numeric_limits<std::int32_t>::max());
+
 // Draws one skin for one view.
 class SkinPainter {
  public:
   SkinPainter(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view)
-      : canvas_(canvas), skin_(skin), sheet_(sheet), view_(view) {}
+      : canvas_(canvas), skin_(skin), sheet_(sheet), tint_(PaperColour(skin, view.colour)) {}
+
+  void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, tint_); }
 
   void Strip(const SkinElement& element, const Rect& area) {
     const bool horizontal = element.kind == ElementKind::kHstrip;
     if (element.stripType == kStripFromPicture && element.source.picture) {
       const Size size = horizontal ? Size{element.width, area.Height()} : Size{area.Width(), element.height};
-      return TilePart(canvas_, PartOf(element, element.source, size, view_.colour), area);
+      return TilePart(canvas_, PartOf(element, element.source, size, tint_), area);
     }
     const std::uint8_t alpha = element.alpha.value_or(kOpaque);
     if (element.solidColour) {
-      canvas_.Fill(area, Tinted(*element.solidColour, view_.colour), alpha);
+      canvas_.Fill(area, Tinted(*element.solidColour, tint_), alpha);
     } else if (element.startColour || element.endColour) {
       const Colour from = element.startColour.value_or(element.endColour.value_or(Colour{}));
       const Colour to = element.endColour.value_or(from);
-      canvas_.FillGradient(area, Tinted(from, view_.colour), Tinted(to, view_.colour), horizontal, alpha);
+      canvas_.FillGradient(area, Tinted(from, tint_), Tinted(to, tint_), horizontal, alpha);
     }
   }
 
   void TileArea(const SkinElement& element, const Rect& area) {
     if (!element.source.picture) return;
     const Size size = element.size.value_or(Size{element.width, element.height});
-    const SheetPart part = PartOf(element, element.source, size, view_.colour);
+    const SheetPart part = PartOf(element, element.source, size, tint_);
     if (element.tileType == kTileStretched) return StretchPart(canvas_, part, area);
     TilePart(canvas_, part, area);
   }
@@ -48,9 +55,9 @@ class SkinPainter {
  private:
   SheetPart PartOf(const SkinElement& element, const SheetPlace& place, Size size,
                    std::optional<Colour> tint) const {
-    // Far outside any sheet is as good as outside, and its far corner can be counted.
-    const Point at{std::clamp(place.picture->x, -kFarthestCoordinate, kFarthestCoordinate),
-                   std::clamp(place.picture->y, -kFarthestCoordinate, kFarthestCoordinate)};
+    // Beyond the largest sheet is as good as outside, and the far corner can be counted for every length.
+    const Point at{std::clamp(place.picture->x, -kFarthestCoordinate, kBeyondSheets),
+                   std::clamp(place.picture->y, -kFarthestCoordinate, kBeyondSheets)};
     return {sheet_,     {at.x, at.y, at.x + size.width, at.y + size.height},
             place.mask, element.alpha.value_or(kOpaque),
             tint,       skin_.transparent};
@@ -59,7 +66,7 @@ class SkinPainter {
   Canvas& canvas_;
   const SkinData& skin_;
   const Picture& sheet_;
-  const SkinView& view_;
+  const Colour tint_;
 };
 
 const SheetPlace& IndicatorPicture(const SkinElement& element, const SkinView& view) {
@@ -71,8 +78,8 @@ const SheetPlace& IndicatorPicture(const SkinElement& element, const SkinView& v
 
 void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view,
               const SkinWords& words, SkinTextSetter& texts) {
-  canvas.Fill({0, 0, view.window.width, view.window.height}, PaperColour(skin, view.colour));
   SkinPainter painter(canvas, skin, sheet, view);
+  painter.Paper(view.window);
   for (std::size_t index = 0; index < skin.elements.size(); ++index) {
     const SkinElement& element = skin.elements[index];
     if (!IsShown(element, view)) continue;

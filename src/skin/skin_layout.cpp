@@ -1,6 +1,7 @@
 #include "skin/skin_layout.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace jotlets {
 namespace {
@@ -16,10 +17,17 @@ bool HoldsCondition(const SkinElement& element, const SkinView& view) {
   return value == element.conditionValue;
 }
 
+// How far the text can be scrolled.
+std::int64_t LastPosition(const ScrollState& scroll) {
+  return std::max<std::int64_t>(std::int64_t{scroll.range} - scroll.page, 0);
+}
+
 std::int32_t ThumbHeight(const Rect& track, std::int32_t minimumHeight, const ScrollState& scroll) {
-  const auto seen = static_cast<std::int32_t>(std::int64_t{track.Height()} * std::max(scroll.page, 0) /
-                                              std::max(scroll.range, 1));
-  return std::clamp(seen, std::min(minimumHeight, track.Height()), track.Height());
+  if (LastPosition(scroll) == 0) return track.Height();
+  const std::int64_t seen =
+      std::int64_t{track.Height()} * std::max(scroll.page, 0) / std::max(scroll.range, 1);
+  return static_cast<std::int32_t>(
+      std::clamp<std::int64_t>(seen, std::min(minimumHeight, track.Height()), track.Height()));
 }
 
 }  // namespace
@@ -71,9 +79,9 @@ Rect ScrollTrack(const SkinData& skin, Size window) {
 Rect ScrollThumb(const Rect& track, std::int32_t minimumHeight, const ScrollState& scroll) {
   const std::int32_t height = ThumbHeight(track, minimumHeight, scroll);
   const std::int64_t way = track.Height() - height;
-  const std::int64_t most = std::max(scroll.range - scroll.page, 1);
-  const std::int64_t at = std::clamp<std::int64_t>(scroll.position, 0, most);
-  const std::int32_t top = track.top + static_cast<std::int32_t>((way * at + most / 2) / most);
+  const std::int64_t last = std::max<std::int64_t>(LastPosition(scroll), 1);
+  const std::int64_t at = std::clamp<std::int64_t>(scroll.position, 0, last);
+  const std::int32_t top = track.top + static_cast<std::int32_t>((way * at + last / 2) / last);
   return {track.left, top, track.right, top + height};
 }
 
@@ -82,7 +90,9 @@ std::int32_t ScrollPositionAt(std::int32_t thumbTop, const Rect& track, std::int
   const std::int64_t way = track.Height() - ThumbHeight(track, minimumHeight, scroll);
   if (way <= 0) return 0;
   const std::int64_t at = std::clamp<std::int64_t>(std::int64_t{thumbTop} - track.top, 0, way);
-  return static_cast<std::int32_t>(at * std::max(scroll.range - scroll.page, 0) / way);
+  const std::int64_t position = (at * LastPosition(scroll) + way / 2) / way;
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(position, std::numeric_limits<std::int32_t>::max()));
 }
 
 }  // namespace jotlets
