@@ -40,12 +40,12 @@ TEST_F(NoteWindowTest, SnapsToItsNeighbourUnlessAltIsHeld) {
   ASSERT_TRUE(Drag(below, Title(below), {-35, -153}));
   EXPECT_TRUE(Turns(below, {300, 342, 520, 482}));
   HoldKey(VK_MENU, true);
-  Drag(below, Title(below), {3, 3});
+  Drag(below, Title(below), {3, -1});
   HoldKey(VK_MENU, false);
-  EXPECT_TRUE(Turns(below, {303, 345, 523, 485})) << BoundsOf(below).left << "," << BoundsOf(below).top;
+  EXPECT_TRUE(Turns(below, {303, 341, 523, 481})) << BoundsOf(below).left << "," << BoundsOf(below).top;
   // The right edge is caught by the other one's, and the record has what the window shows.
   ASSERT_TRUE(Drag(below, {BoundsOf(below).right - 2, BoundsOf(below).top + 60}, {-6, 0}));
-  EXPECT_TRUE(Turns(below, {303, 345, 520, 485})) << BoundsOf(below).right;
+  EXPECT_TRUE(Turns(below, {303, 341, 520, 481})) << BoundsOf(below).right;
   EXPECT_EQ(Saved(u"AA02").width, 217);
 }
 

@@ -109,6 +109,14 @@ void BJotlet::ApplyAlpha(std::int32_t percent) {
                              key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
 }
 
+void BJotlet::FollowWithShadow() {
+  const bool wanted = owner_.NoteOptions().shadows;
+  if (!wanted && shadow_.Handle() == nullptr) return;
+  BYTE alpha = 255;
+  GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
+  shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), alpha);
+}
+
 void BJotlet::LoadContent(std::string_view bytes) {
   if (record_.IsImage()) {
     if (const auto picture = DecodePng(bytes)) picture_.Load(*picture);
@@ -255,6 +263,12 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_RBUTTONUP: OnContextMenu(); return 0;
+    case WM_WINDOWPOSCHANGED: {
+      // The default turns it into WM_SIZE.
+      const LRESULT result = Default(message, wParam, lParam);
+      FollowWithShadow();
+      return result;
+    }
     case WM_SIZE: OnSize(); return 0;
     case WM_SETFOCUS: OnFocus(true); return 0;
     case WM_KILLFOCUS: OnFocus(false); return 0;

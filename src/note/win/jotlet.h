@@ -14,6 +14,7 @@
 #include "note/snapping.h"
 #include "note/win/edit.h"
 #include "note/win/jotlet_owner.h"
+#include "note/win/note_shadow.h"
 #include "note/win/title_tooltip.h"
 #include "skin/skin_layout.h"
 #include "skin/win/picture_bitmap.h"
@@ -31,7 +32,10 @@ class BJotlet final : public Window, private EditWatcher {
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
   /// Takes the window away, for good.
-  void DestroyWindowNow() { Destroy(); }
+  void DestroyWindowNow() {
+    shadow_.Close();
+    Destroy();
+  }
 
   /// Loads the content from its bytes: a rich text, or a PNG for a picture note. A rich-text file that holds
   /// something else is shown as the plain text that it is.
@@ -118,6 +122,7 @@ class BJotlet final : public Window, private EditWatcher {
   void SyncPlace();
   RollSettings Rolling() const;
   void ApplyAlpha(std::int32_t percent);
+  void FollowWithShadow();
   void BeginFade();
   void FadeStep();
   void OfferTooltip(Point at);
@@ -154,6 +159,7 @@ class BJotlet final : public Window, private EditWatcher {
   BEdit edit_;
   PictureBitmap picture_;
   TitleTooltip tooltip_;
+  NoteShadow shadow_;
   NotePlace place_{Rect{}};
   Animation animation_;
   std::int32_t fadeStep_ = 0;

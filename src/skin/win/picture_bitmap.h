@@ -12,6 +12,7 @@ class PictureBitmap {
  public:
   /// Takes the pixels over into a bitmap; false when the system could not make one.
   bool Load(const Picture& picture);
+  HBITMAP Handle() const { return bitmap_.get(); }
   bool IsLoaded() const { return bitmap_ != nullptr; }
 
   /// Draws the picture into the area from its top-left corner, made smaller to fit when it is larger.

@@ -1,0 +1,28 @@
+// The shadow window of a note: a window of its own, right below the note's, that lets the mouse through.
+#pragma once
+
+#include "ui/window.h"
+
+namespace jotlets {
+
+inline constexpr wchar_t kNoteShadowClass[] = L"BraskJotletNoteShadow";
+
+class NoteShadow final : public Window {
+ public:
+  /// Brings the shadow to where the note is, `darkness` being the note's own alpha; away with it when the
+  /// note is not to be seen.
+  void Follow(HWND note, bool shown, BYTE darkness);
+  /// Takes the shadow away for good.
+  void Close() { Destroy(); }
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    return Default(message, wParam, lParam);
+  }
+  bool DrawShape(const Rect& bounds, BYTE darkness);
+
+  Size drawn_;
+  BYTE drawnDarkness_ = 0;
+};
+
+}  // namespace jotlets
