@@ -7,6 +7,8 @@
 #include <cstring>
 
 #include "base/win/wide.h"
+#include "data/rtf_text.h"
+#include "note/link_text.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -15,6 +17,16 @@ namespace {
 constexpr LONG kTwipsPerPoint = 20;
 constexpr LONG kDefaultPoints = 10;
 constexpr WPARAM kLongestText = 64 * 1024 * 1024;
+constexpr std::size_t kLongestBeginning = 64 * 1024;  // code units
+constexpr LONG kLongestLink = 4096;
+
+bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+UINT RichTextFormat() { return RegisterClipboardFormatW(L"Rich Text Format"); }
+
+UINT PreferredFormat() {
+  return IsClipboardFormatAvailable(RichTextFormat()) != 0 ? RichTextFormat() : CF_UNICODETEXT;
+}
 
 DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got) noexcept {
   auto& rest = *reinterpret_cast<std::string_view*>(cookie);
@@ -36,31 +48,15 @@ DWORD CALLBACK WriteBytes(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* tak
   return 0;
 }
 
-// The control's own default is a bold system font in some implementations.
-void SetDefaultFont(HWND edit) {
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof format;
-  format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_CHARSET;
-  format.yHeight = kDefaultPoints * kTwipsPerPoint;
-  format.bCharSet = DEFAULT_CHARSET;
-  wcscpy(format.szFaceName, L"Segoe UI");
-  SendMessageW(edit, EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
-}
-
-bool StreamIn(HWND edit, WPARAM format, std::string_view bytes) {
-  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, ReadBytes};
-  const LRESULT events = SendMessageW(edit, EM_SETEVENTMASK, 0, 0);
-  SendMessageW(edit, EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
-  SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
-  SendMessageW(edit, EM_SETEVENTMASK, 0, events);
-  SendMessageW(edit, EM_REQUESTRESIZE, 0, 0);
-  return stream.dwError == 0;
-}
-
 }  // namespace
 
 BEdit::~BEdit() {
-  if (edit_ != nullptr) RemoveWindowSubclass(edit_, Watch, 0);
+  if (edit_ != nullptr) LetGo(edit_);
+}
+
+void BEdit::LetGo(HWND edit) {
+  RemoveWindowSubclass(edit, Watch, 0);
+  if (objects_) objects_->StopDrops(edit);
 }
 
 bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatcher& watcher) {
@@ -74,15 +70,33 @@ bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatche
   watcher_ = &watcher;
   look_ = look;
   SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
-  SetDefaultFont(edit_);
+  objects_ = EditObjects::Guard(edit_);
   SetBackground(look.background);
   SendMessageW(edit_, EM_EXLIMITTEXT, 0, kLongestText);
-  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_REQUESTRESIZE);
+  SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
+  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_REQUESTRESIZE | ENM_LINK);
   return true;
+}
+
+// The control's own default is a bold system font in some implementations.
+void BEdit::SetDefaultFormat() {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_CHARSET | CFM_COLOR;
+  format.yHeight = kDefaultPoints * kTwipsPerPoint;
+  format.bCharSet = DEFAULT_CHARSET;
+  if (HasLightInk()) {
+    format.crTextColor = RGB(kLightInk.r, kLightInk.g, kLightInk.b);
+  } else {
+    format.dwEffects = CFE_AUTOCOLOR;
+  }
+  wcscpy(format.szFaceName, L"Segoe UI");
+  SendMessageW(edit_, EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
 }
 
 void BEdit::Recreate(const Look& look) {
   const HWND former = edit_;
+  const bool beginningOnly = beginningOnly_;
   const HWND parent = GetParent(former);
   const bool focus = GetFocus() == former;
   RECT bounds{};
@@ -90,13 +104,16 @@ void BEdit::Recreate(const Look& look) {
   MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
   const std::string rtf = Rtf();
   const Point scroll = ScrollPosition();
-  RemoveWindowSubclass(former, Watch, 0);
+  LetGo(former);
   if (!Create(parent, FromRECT(bounds), look, *watcher_)) {
     edit_ = former;
     SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
+    objects_->TakeDrops(edit_);
     return;
   }
   SetRtf(rtf);
+  beginningOnly_ = beginningOnly;
+  SetReadOnly(look.readOnly);
   SetScrollPosition(scroll);
   if (focus) SetFocus(edit_);
   DestroyWindow(former);
@@ -105,11 +122,15 @@ void BEdit::Recreate(const Look& look) {
 LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                               DWORD_PTR object) noexcept {
   auto& self = *reinterpret_cast<BEdit*>(object);
+  if (message == WM_DESTROY && self.objects_) self.objects_->StopDrops(edit);
   if (message == WM_NCDESTROY) {
     RemoveWindowSubclass(edit, Watch, 0);
     self.edit_ = nullptr;
     return DefSubclassProc(edit, message, wParam, lParam);
   }
+  // The control's own way of pasting takes pictures as well.
+  if (message == WM_PASTE) return self.Paste(), 0;
+  if (message == WM_KEYDOWN && self.OnKey(wParam)) return 0;
   const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
   try {
     if (message == WM_PAINT) self.watcher_->OnEditScrolled();
@@ -127,7 +148,32 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
   return result;
 }
 
+// Serves the keys that paste.
+bool BEdit::OnKey(WPARAM key) {
+  if (IsDown(VK_MENU)) return false;
+  const bool control = IsDown(VK_CONTROL);
+  const bool shift = IsDown(VK_SHIFT);
+  if (key == 'V' && control) {
+    PasteFormat(shift ? CF_UNICODETEXT : PreferredFormat());
+    return true;
+  }
+  if (key != VK_INSERT || !shift || control) return false;
+  Paste();
+  return true;
+}
+
+// A plain click puts the caret into a text that can be changed.
+void BEdit::OnLink(const ENLINK& link) {
+  if (link.msg != WM_LBUTTONUP) return;
+  const CHARRANGE selection = Selection();
+  if (selection.cpMin != selection.cpMax || link.chrg.cpMax - link.chrg.cpMin > kLongestLink) return;
+  if (!IsReadOnly() && (link.wParam & MK_CONTROL) == 0) return;
+  const Text target = LinkTarget(TextBetween(link.chrg));
+  if (!target.empty()) OpenLink(target);
+}
+
 void BEdit::OnNotify(const NMHDR& header) {
+  if (header.code == EN_LINK) OnLink(reinterpret_cast<const ENLINK&>(header));
   if (header.code != EN_REQUESTRESIZE) return;
   const RECT& wanted = reinterpret_cast<const REQRESIZE&>(header).rc;
   textHeight_ = static_cast<std::int32_t>(wanted.bottom - wanted.top);
@@ -138,10 +184,30 @@ void BEdit::Show(bool shown) { ShowWindow(edit_, shown ? SW_SHOWNA : SW_HIDE); }
 
 void BEdit::SetReadOnly(bool readOnly) {
   look_.readOnly = readOnly;
-  SendMessageW(edit_, EM_SETREADONLY, readOnly, 0);
+  SendMessageW(edit_, EM_SETREADONLY, IsReadOnly(), 0);
 }
 
-bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(edit_, SF_RTF, rtf); }
+bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
+  if (edit_ == nullptr) return false;
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, ReadBytes};
+  objects_->ForgetRefused();
+  const LRESULT events = SendMessageW(edit_, EM_SETEVENTMASK, 0, 0);
+  SendMessageW(edit_, EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
+  SendMessageW(edit_, EM_EMPTYUNDOBUFFER, 0, 0);
+  SendMessageW(edit_, EM_SETEVENTMASK, 0, events);
+  SendMessageW(edit_, EM_REQUESTRESIZE, 0, 0);
+  beginningOnly_ = false;
+  SetReadOnly(look_.readOnly);
+  return stream.dwError == 0 && !objects_->HasRefused();
+}
+
+bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(SF_RTF, rtf); }
+
+void BEdit::LoadBeginning(std::string_view rtf, TextView notice) {
+  SetPlainText(Text(notice) + u"\r\n" + RtfTextStart(rtf, kLongestBeginning));
+  beginningOnly_ = true;
+  SetReadOnly(look_.readOnly);
+}
 
 std::string BEdit::Rtf() const {
   std::string rtf;
@@ -154,7 +220,7 @@ std::string BEdit::Rtf() const {
 
 void BEdit::SetPlainText(TextView text) {
   // Streamed, because setting a text would take one that begins with "{\rtf" for rich text.
-  StreamIn(edit_, SF_TEXT | SF_UNICODE, {reinterpret_cast<const char*>(text.data()), text.size() * 2});
+  StreamIn(SF_TEXT | SF_UNICODE, {reinterpret_cast<const char*>(text.data()), text.size() * 2});
 }
 
 Text BEdit::PlainText() const {
@@ -180,8 +246,35 @@ Text BEdit::TextStart(std::int32_t most) const {
   return text;
 }
 
+LONG BEdit::Length() const {
+  const GETTEXTLENGTHEX length{GTL_DEFAULT, 1200};
+  return static_cast<LONG>(SendMessageW(edit_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0));
+}
+
+Text BEdit::TextBetween(CHARRANGE range) const {
+  range.cpMax = std::min(range.cpMax, Length());
+  if (range.cpMin < 0 || range.cpMin >= range.cpMax) return {};
+  const auto units = static_cast<std::size_t>(range.cpMax - range.cpMin);
+  Text text(units + 1, u'\0');
+  TEXTRANGEW wanted{range, WideBuffer(text)};
+  const LRESULT got = SendMessageW(edit_, EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&wanted));
+  text.resize(std::min(units, static_cast<std::size_t>(std::max<LRESULT>(got, 0))));
+  return text;
+}
+
+CHARRANGE BEdit::Selection() const {
+  CHARRANGE range{};
+  SendMessageW(edit_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+  // All of the text selected counts the end of the last paragraph too, of which nothing can be seen.
+  const LONG length = Length();
+  return {std::min(range.cpMin, length), std::min(range.cpMax, length)};
+}
+
+void BEdit::Select(CHARRANGE range) { SendMessageW(edit_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range)); }
+
 void BEdit::SetBackground(Colour colour) {
   look_.background = colour;
+  SetDefaultFormat();
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(RGB(colour.r, colour.g, colour.b)));
 }
 
@@ -202,6 +295,33 @@ void BEdit::SetScrollPosition(Point position) {
   SendMessageW(edit_, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&to));
 }
 
-void BEdit::Paste() { SendMessageW(edit_, WM_PASTE, 0, 0); }
+void BEdit::ScrollBy(std::int32_t pixels) {
+  const Point at = ScrollPosition();
+  SetScrollPosition({at.x, std::clamp(at.y + pixels, 0, std::max(textHeight_ - PageHeight(), 0))});
+}
+
+std::int32_t BEdit::PageHeight() const {
+  RECT client{};
+  GetClientRect(edit_, &client);
+  return static_cast<std::int32_t>(client.bottom);
+}
+
+bool BEdit::CanPaste() const {
+  return !IsReadOnly() && (IsClipboardFormatAvailable(CF_UNICODETEXT) != 0 ||
+                           IsClipboardFormatAvailable(RichTextFormat()) != 0);
+}
+
+void BEdit::PasteFormat(UINT format) {
+  if (!IsReadOnly()) SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
+}
+
+void BEdit::Paste() { PasteFormat(PreferredFormat()); }
+
+void BEdit::PastePlain() { PasteFormat(CF_UNICODETEXT); }
+
+void BEdit::TellChanged() {
+  SendMessageW(GetParent(edit_), WM_COMMAND, MAKEWPARAM(kControlId, EN_CHANGE),
+               reinterpret_cast<LPARAM>(edit_));
+}
 
 }  // namespace jotlets

@@ -3,11 +3,15 @@
 
 #include <windows.h>
 
+#include <richedit.h>
+
 #include <string>
 #include <string_view>
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "note/edit_facts.h"
+#include "note/win/edit_objects.h"
 
 namespace jotlets {
 
@@ -19,11 +23,15 @@ class EditWatcher {
   virtual void OnEditScrolled() = 0;
   /// The mouse has come over the editor, or has left it.
   virtual void OnEditMouse() = 0;
+  /// The user wants a link opened; `target` is an address that may be handed to the system.
+  virtual void OnEditLink([[maybe_unused]] const Text& target) {}
 };
 
 class BEdit {
  public:
   static constexpr int kControlId = 100;
+  /// Rich texts of more bytes than this take the control too long: `LoadBeginning` shows them.
+  static constexpr std::size_t kLargestRtf = 4 * 1024 * 1024;
 
   BEdit() = default;
   ~BEdit();
@@ -45,38 +53,74 @@ class BEdit {
   const Look& MadeWith() const { return look_; }
   HWND Handle() const { return edit_; }
 
-  /// Replaces the content; the change does not count as the user's. False for a damaged rich text, of which
-  /// what could be read is shown.
+  /// Replaces the content; the change does not count as the user's. False for a rich text that is damaged or
+  /// holds objects, of which only the rest is shown.
   bool SetRtf(std::string_view rtf);
   std::string Rtf() const;
+  /// Shows the words of the beginning of a large rich text below a line that says so, read-only until there
+  /// is another content. What is shown must not be saved in its place.
+  void LoadBeginning(std::string_view rtf, TextView notice);
+  bool ShowsBeginning() const { return beginningOnly_; }
   void SetPlainText(TextView text);
   /// The text without formatting, lines ended by "\r\n".
   Text PlainText() const;
   /// The first code units of the text, at most `most`, lines ended by "\r".
   Text TextStart(std::int32_t most) const;
+  /// The code units of a range, bounded by the end of the text, lines ended by "\r".
+  Text TextBetween(CHARRANGE range) const;
+  /// The number of code units, line ends as one.
+  LONG Length() const;
+  /// Lies within the text.
+  CHARRANGE Selection() const;
+  void Select(CHARRANGE range);
+  /// What holds for the selection now; `highlights` tell which back colour is which.
+  EditFacts Facts(const HighlightColours& highlights) const;
 
+  /// The colour of the paper. Text that has no format yet is black or nearly white on it, whichever can be
+  /// read.
   void SetBackground(Colour colour);
+  bool HasLightInk() const { return IsDarkPaper(look_.background); }
   void SetBounds(const Rect& bounds);
   void Show(bool shown);
   void SetReadOnly(bool readOnly);
+  bool IsReadOnly() const { return look_.readOnly || beginningOnly_; }
   Point ScrollPosition() const;
   void SetScrollPosition(Point position);
+  /// Scrolls within the text, down for positive pixels.
+  void ScrollBy(std::int32_t pixels);
+  std::int32_t PageHeight() const;
   /// The height of the whole text in pixels, as far as the control has told it (see `OnNotify`).
   std::int32_t TextHeight() const { return textHeight_; }
   /// Serves a WM_NOTIFY that the control sent to its parent.
   void OnNotify(const NMHDR& header);
-  /// Inserts the clipboard at the caret.
+  /// Puts the clipboard in the place of the selection: its rich text, or else its plain text. Pictures and
+  /// objects are not taken, and a read-only editor takes nothing.
   void Paste();
+  void PastePlain();
+  bool CanPaste() const;
+  /// Tells the parent of a change that the control itself says nothing about.
+  void TellChanged();
+  /// Has the watcher open an address.
+  void OpenLink(const Text& target) { watcher_->OnEditLink(target); }
 
  private:
   static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                 DWORD_PTR object) noexcept;
 
+  bool OnKey(WPARAM key);
+  void OnLink(const ENLINK& link);
+  void SetDefaultFormat();
+  bool StreamIn(WPARAM format, std::string_view bytes);
+  void PasteFormat(UINT format);
+  void LetGo(HWND edit);
+
   HWND edit_ = nullptr;
   EditWatcher* watcher_ = nullptr;
+  ComPointer<EditObjects> objects_;
   Look look_;
   std::int32_t textHeight_ = 0;
   bool trackingMouse_ = false;
+  bool beginningOnly_ = false;
 };
 
 }  // namespace jotlets

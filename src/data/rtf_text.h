@@ -1,0 +1,15 @@
+// The words of a rich text without the control that shows it: for files too large to be opened.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+/// The beginning of a rich text as plain text of at most `most` code units, lines ended by "\r\n". Reads no
+/// further than it has to. Any bytes give some text; 8-bit characters are taken for Latin-1.
+Text RtfTextStart(std::string_view rtf, std::size_t most);
+
+}  // namespace jotlets

@@ -1,0 +1,70 @@
+#include "note/win/edit_text.h"
+
+#include <commdlg.h>
+#include <richedit.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/link_text.h"
+
+namespace jotlets {
+namespace {
+
+constexpr LONG kLinkSearch = 4096;
+
+bool IsEmpty(const CHARRANGE& range) { return range.cpMin == range.cpMax; }
+
+bool FindFrom(BEdit& edit, LONG first, const Text& what, WPARAM how) {
+  FINDTEXTEXW find{{first, -1}, Wide(what), {}};
+  if (SendMessageW(edit.Handle(), EM_FINDTEXTEXW, how, reinterpret_cast<LPARAM>(&find)) < 0) return false;
+  edit.Select(find.chrgText);
+  SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
+  return true;
+}
+
+}  // namespace
+
+void Undo(BEdit& edit) { SendMessageW(edit.Handle(), EM_UNDO, 0, 0); }
+void Redo(BEdit& edit) { SendMessageW(edit.Handle(), EM_REDO, 0, 0); }
+void Cut(BEdit& edit) { SendMessageW(edit.Handle(), WM_CUT, 0, 0); }
+void Clear(BEdit& edit) { SendMessageW(edit.Handle(), WM_CLEAR, 0, 0); }
+void SelectAll(BEdit& edit) { edit.Select({0, -1}); }
+
+void Copy(BEdit& edit) {
+  // Copying nothing would empty the clipboard.
+  if (!IsEmpty(edit.Selection())) SendMessageW(edit.Handle(), WM_COPY, 0, 0);
+}
+
+void InsertText(BEdit& edit, TextView text) {
+  SendMessageW(edit.Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(Text(text))));
+}
+
+bool FindNextText(BEdit& edit, TextView what, bool matchCase) {
+  if (what.empty()) return false;
+  const Text wanted(what);
+  const WPARAM how = FR_DOWN | (matchCase ? FR_MATCHCASE : 0);
+  return FindFrom(edit, edit.Selection().cpMax, wanted, how) || FindFrom(edit, 0, wanted, how);
+}
+
+bool OpenSelectedLink(BEdit& edit) {
+  const LONG at = edit.Selection().cpMin;
+  const LONG first = std::max(at - kLinkSearch, 0l);
+  const Text around = edit.TextBetween({first, at + kLinkSearch});
+  const Text target = LinkTarget(WordAt(around, static_cast<std::size_t>(at - first)));
+  if (target.empty()) return false;
+  edit.OpenLink(target);
+  return true;
+}
+
+bool OpenOrMakeLink(BEdit& edit) {
+  if (OpenSelectedLink(edit)) return true;
+  const CHARRANGE selection = edit.Selection();
+  if (edit.IsReadOnly() || IsEmpty(selection) || selection.cpMax - selection.cpMin > kLinkSearch)
+    return false;
+  const Text link = LinkFromText(edit.TextBetween(selection));
+  if (!link.empty()) InsertText(edit, link);
+  return !link.empty();
+}
+
+}  // namespace jotlets

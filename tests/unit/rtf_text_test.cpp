@@ -1,0 +1,30 @@
+#include "data/rtf_text.h"
+
+#include <gtest/gtest.h>
+
+namespace jotlets {
+namespace {
+
+constexpr std::size_t kAll = 1000;
+
+TEST(RtfText, KeepsTheWordsAndNothingElse) {
+  EXPECT_EQ(
+      RtfTextStart("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1;}{\\*\\generator x{y}z;}\r\n"
+                   "\\pard\\b Bold\\b0  not\\par{\\field{\\*\\fldinst HYPERLINK \"h\"}{\\fldrslt shown}}"
+                   "\\tab\\'e9\\{\\~\\bullet{\\pict\\bin4 }}}}ab}end}",
+                   kAll),
+      u"Bold not\r\nshown\t\u00E9{\u00A0\u2022end");
+  EXPECT_EQ(RtfTextStart("{\\rtf1\\uc2\\u8364 ??a\\u-10179?\\'3f\\u-8704 ??\\uc0\\u97 b{\\uc1\\u99}d", kAll),
+            u"\u20ACa\U0001F600abcd");
+}
+
+TEST(RtfText, StopsWhereItIsToldAndAtAnyEnd) {
+  EXPECT_EQ(RtfTextStart("{\\rtf1 abcdef}", 3), u"abc");
+  EXPECT_EQ(RtfTextStart("{\\rtf1 ab\\par}", 3), u"ab\r");
+  for (const char* broken : {"{\\rtf1 a\\", "{\\rtf1 a\\'", "{\\rtf1 a\\u", "}}{\\rtf1 a{\\*",
+                             "a\\bin99999999999 b", "a{\\pict\\bin-5 b"})
+    EXPECT_EQ(RtfTextStart(broken, kAll), u"a") << broken;
+}
+
+}  // namespace
+}  // namespace jotlets

@@ -1,0 +1,410 @@
+// The editor in this process: what its commands make of real text in a real control, read back from it.
+#include "note/win/edit.h"
+
+#include <gtest/gtest.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "base/win/wide.h"
+#include "note/win/edit_actions.h"
+#include "note/win/edit_drop.h"
+#include "note/win/edit_format.h"
+#include "note/win/edit_text.h"
+
+namespace jotlets {
+namespace {
+
+constexpr Colour kPaper{255, 255, 200};
+constexpr Colour kNight{20, 20, 60};
+constexpr HighlightColours kColours = {
+    {{255, 255, 0}, {255, 0, 255}, {255, 160, 0}, {0, 255, 0}, {0, 255, 255}}};
+
+int changes = 0;
+BEdit* shown = nullptr;
+
+LRESULT CALLBACK Parent(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE) ++changes;
+  if (message == WM_NOTIFY) shown->OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+class EditorTest : public ::testing::Test, private EditWatcher {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
+    ASSERT_NE(LoadLibraryW(L"msftedit.dll"), nullptr);
+    WNDCLASSW parent{};
+    parent.lpfnWndProc = Parent;
+    parent.lpszClassName = L"EditorTestParent";
+    RegisterClassW(&parent);
+    window_ = CreateWindowW(L"EditorTestParent", L"", WS_POPUP | WS_VISIBLE, 100, 100, 300, 80, nullptr,
+                            nullptr, nullptr, nullptr);
+    shown = &edit_;
+    ASSERT_TRUE(edit_.Create(window_, {0, 0, 300, 80}, {kPaper, false, true, false}, *this));
+    changes = 0;
+  }
+  void TearDown() override {
+    DestroyWindow(window_);
+    OleUninitialize();
+  }
+  void OnEditScrolled() override {}
+  void OnEditMouse() override {}
+  void OnEditLink(const Text& target) override { opened_ = target; }
+
+  bool Do(ActionCode action) { return DoEditAction(edit_, action, context_); }
+  void Select(LONG first, LONG last) { edit_.Select({first, last}); }
+  CHARFORMAT2W At(LONG position) {
+    Select(position, position + 1);
+    return CharacterFormat(edit_);
+  }
+  EditFacts Facts() const { return edit_.Facts(kColours); }
+  std::vector<LONG> Points(LONG length) {
+    std::vector<LONG> points;
+    for (LONG i = 0; i < length; ++i) points.push_back(At(i).yHeight / 20);
+    return points;
+  }
+  void Click(LONG position, WPARAM keys) {
+    POINTL at{};
+    SendMessageW(edit_.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&at), position);
+    const LPARAM where = MAKELPARAM(at.x + 2, at.y + 4);
+    SendMessageW(edit_.Handle(), WM_LBUTTONDOWN, keys | MK_LBUTTON, where);
+    SendMessageW(edit_.Handle(), WM_LBUTTONUP, keys, where);
+  }
+  void PressWithControl(WPARAM key, bool shift) {
+    BYTE none[256] = {};
+    BYTE down[256] = {};
+    down[VK_CONTROL] = 0x80;
+    down[VK_SHIFT] = shift ? 0x80 : 0;
+    SetKeyboardState(down);
+    SendMessageW(edit_.Handle(), WM_KEYDOWN, key, 0);
+    SetKeyboardState(none);
+  }
+  void SetClipboard(UINT format, const void* bytes, std::size_t size) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), bytes, size);
+    GlobalUnlock(memory);
+    ASSERT_TRUE(OpenClipboard(window_) && EmptyClipboard());
+    SetClipboardData(format, memory);
+    CloseClipboard();
+  }
+  LONG Objects() {
+    IRichEditOle* ole = nullptr;
+    SendMessageW(edit_.Handle(), EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(&ole));
+    const ComPointer<IRichEditOle> owned(ole);
+    return ole == nullptr ? -1 : ole->GetObjectCount();
+  }
+
+  HWND window_ = nullptr;
+  BEdit edit_;
+  Text opened_;
+  std::optional<LiftedFormat> lifted_;
+  std::vector<FontStyle> styles_ = {{}, {u"Courier New", 125, false, true, true, false, {200, 0, 10}, 0}};
+  EditContext context_{[] { return Text(u"7 May"); }, styles_, 480, kColours, lifted_, u"BEE", false};
+};
+
+TEST_F(EditorTest, EffectsGoOverTheWholeOfAMixedSelection) {
+  edit_.SetPlainText(u"one two");
+  for (const auto& [action, bit] :
+       std::initializer_list<std::pair<ActionCode, DWORD>>{{kActionBold, CFE_BOLD},
+                                                           {kActionItalic, CFE_ITALIC},
+                                                           {kActionUnderline, CFE_UNDERLINE},
+                                                           {kActionStrikethrough, CFE_STRIKEOUT}}) {
+    Select(0, 3);
+    changes = 0;
+    Do(action);
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(At(0).dwEffects & bit);
+    EXPECT_FALSE(At(5).dwEffects & bit);
+    Select(0, 7);
+    Do(action);
+    EXPECT_TRUE(At(0).dwEffects & At(5).dwEffects & bit);
+    Select(0, 7);
+    Do(action);
+    EXPECT_FALSE((At(0).dwEffects | At(5).dwEffects) & bit);
+    Do(kActionUndo);
+    EXPECT_TRUE(At(5).dwEffects & bit);
+  }
+  Select(0, 0);
+  changes = 0;
+  Do(kActionBold);
+  EXPECT_EQ(changes, 0) << "nothing selected, nothing changed";
+}
+
+TEST_F(EditorTest, SizesStepRunByRunAlongTheListAndStopAtItsEnds) {
+  edit_.SetRtf("{\\rtf1\\fs20 aa\\fs40 b\\fs21 cc\\fs144 d\\fs12 e}");
+  Select(1, 7);
+  Do(kActionLarger);
+  EXPECT_EQ(edit_.Selection().cpMin, 1);
+  EXPECT_EQ(edit_.Selection().cpMax, 7);
+  EXPECT_EQ(Points(7), (std::vector<LONG>{10, 11, 24, 11, 11, 72, 8}));
+  Select(0, 7);
+  Do(kActionSmaller);
+  Select(0, 7);
+  Do(kActionSmaller);
+  EXPECT_EQ(Points(7), (std::vector<LONG>{8, 9, 18, 9, 9, 36, 8}));
+}
+
+TEST_F(EditorTest, FontsComeFromTheDialogsTermsAndFromSavedStyles) {
+  edit_.SetPlainText(u"styled text");
+  Select(0, 6);
+  Do(kActionApplyStyle1);
+  EXPECT_EQ(CurrentFont(edit_), styles_[1]);
+  EXPECT_EQ(FromLogFont(ToLogFont(styles_[1]), 125, styles_[1].colour), styles_[1]);
+  const std::string before = edit_.Rtf();
+  EXPECT_TRUE(Do(kActionApplyStyle9)) << "not saved, so there is nothing to apply";
+  EXPECT_EQ(edit_.Rtf(), before);
+  const Text longest(40, u'x');
+  SetFont(edit_, {.face = longest, .points10 = 90, .colour = {}});
+  EXPECT_EQ(CurrentFont(edit_).face, longest.substr(0, 31));
+  SetTextColour(edit_, {1, 2, 3});
+  EXPECT_EQ(At(0).crTextColor, RGB(1, 2, 3));
+  EXPECT_EQ(At(8).dwEffects & CFE_AUTOCOLOR, CFE_AUTOCOLOR);
+}
+
+TEST_F(EditorTest, ParagraphsAreAlignedTurnedAndListed) {
+  edit_.SetPlainText(u"a\r\nb\r\nc");
+  Select(2, 2);
+  Do(kActionCenter);
+  EXPECT_EQ(Facts().alignment, Alignment::kCenter);
+  Do(kActionRtl);
+  EXPECT_TRUE(Facts().rtl);
+  EXPECT_EQ(Facts().alignment, Alignment::kRight);
+  Select(0, 3);
+  EXPECT_EQ(Facts().alignment, std::nullopt);
+  Do(kActionLtr);
+  EXPECT_FALSE(Facts().rtl);
+  EXPECT_EQ(Facts().alignment, Alignment::kLeft);
+
+  const auto list = [&](ActionCode action, Bullets bullets) {
+    Select(2, 2);
+    Do(action);
+    const PARAFORMAT2 format = ParagraphFormat(edit_);
+    EXPECT_EQ(Facts().bullets, bullets);
+    EXPECT_EQ(format.dxStartIndent, 0);
+    const LONG indent = action == kActionBulletsNone ? 0 : 480;
+    EXPECT_EQ(format.dxOffset, indent);
+    EXPECT_EQ(format.wNumberingTab, indent);
+  };
+  list(kActionBulletsNormal, Bullets::kNormal);
+  list(kActionBulletsNumbers, Bullets::kNumbers);
+  list(kActionBulletsLetters, Bullets::kLetters);
+  Select(0, 3);
+  EXPECT_EQ(Facts().bullets, std::nullopt);
+  list(kActionBulletsNone, Bullets::kNoBullets);
+}
+
+TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
+  constexpr COLORREF kInk = RGB(240, 240, 240);
+  edit_.SetPlainText(u"plain");
+  edit_.SetBackground(kNight);
+  EXPECT_EQ(At(0).crTextColor, kInk);
+  edit_.SetRtf("{\\rtf1{\\colortbl;\\red0\\green0\\blue200;}a\\cf1 b}");
+  EXPECT_EQ(At(0).crTextColor, kInk);
+  EXPECT_EQ(At(1).crTextColor, RGB(0, 0, 200));
+  Select(0, 1);
+  Do(kActionHiliteOrange);
+  EXPECT_EQ(Facts().highlight, Highlight::kOrange);
+  EXPECT_EQ(At(0).crBackColor, RGB(255, 160, 0));
+  EXPECT_EQ(At(0).crTextColor, RGB(0, 0, 0));
+  Do(kActionHiliteNone);
+  EXPECT_EQ(Facts().highlight, Highlight::kNoHighlight);
+  EXPECT_EQ(At(0).crTextColor, kInk);
+  Select(1, 2);
+  Do(kActionHiliteBlue);
+  EXPECT_EQ(At(1).crTextColor, RGB(0, 0, 200));
+  edit_.SetBackground(kPaper);
+  edit_.SetPlainText(u"plain");
+  EXPECT_EQ(At(0).dwEffects & CFE_AUTOCOLOR, CFE_AUTOCOLOR);
+}
+
+TEST_F(EditorTest, AFormatIsLiftedAndApplied) {
+  edit_.SetRtf("{\\rtf1\\qc\\b\\fs40 X\\b0 Y\\par\\pard\\ql\\i\\fs20 to}");
+  Do(kActionApplyFormat);
+  Select(0, 2);
+  Do(kActionLiftFormat);
+  ASSERT_TRUE(lifted_);
+  Select(3, 5);
+  Do(kActionApplyFormat);
+  EXPECT_EQ(At(3).yHeight, 400);
+  EXPECT_FALSE(At(3).dwEffects & (CFE_ITALIC | CFE_BOLD)) << "bold was mixed and is not lifted";
+  EXPECT_EQ(Facts().alignment, Alignment::kCenter);
+}
+
+TEST_F(EditorTest, FindingGoesRoundAndScrolls) {
+  Text text = u"Bee\r\n";
+  for (int i = 0; i < 40; ++i) text += u"line\r\n";
+  edit_.SetPlainText(text + u"a bee");
+  Select(0, 0);
+  const auto found = [&] { return edit_.Selection().cpMin; };
+  Do(kActionFindTextAgain);
+  EXPECT_EQ(found(), 0);
+  Do(kActionFindTextAgain);
+  EXPECT_GT(found(), 200);
+  EXPECT_GT(edit_.ScrollPosition().y, 100);
+  Do(kActionFindTextAgain);
+  EXPECT_EQ(found(), 0);
+  EXPECT_TRUE(FindNextText(edit_, u"bee", true));
+  EXPECT_GT(found(), 200);
+  const LONG before = found();
+  EXPECT_FALSE(FindNextText(edit_, u"BEE", true));
+  EXPECT_FALSE(FindNextText(edit_, u""));
+  EXPECT_EQ(found(), before);
+
+  edit_.SetScrollPosition({0, 0});
+  Do(kActionScrollUp);
+  EXPECT_EQ(edit_.ScrollPosition().y, 0);
+  Do(kActionScrollDown);
+  EXPECT_EQ(edit_.ScrollPosition().y, 16);
+  for (int i = 0; i < 40; ++i) Do(kActionPageDown);
+  EXPECT_EQ(edit_.ScrollPosition().y, edit_.TextHeight() - edit_.PageHeight());
+}
+
+TEST_F(EditorTest, LinksOpenOnlyWhenAskedForAndSurviveSaving) {
+  constexpr TextView kText = u"see www.a.example now, news:x or b.example";
+  edit_.SetPlainText(kText);
+  edit_.SetRtf(edit_.Rtf());
+  EXPECT_EQ(edit_.PlainText(), kText);
+  Click(6, 0);
+  EXPECT_EQ(opened_, u"") << "a click there places the caret";
+  Click(6, MK_CONTROL);
+  EXPECT_EQ(opened_, u"http://www.a.example");
+  Click(26, MK_CONTROL);
+  EXPECT_EQ(opened_, u"http://www.a.example") << "the control finds news: links";
+  opened_.clear();
+  edit_.SetReadOnly(true);
+  Click(6, 0);
+  EXPECT_EQ(opened_, u"http://www.a.example");
+  Select(33, 42);
+  Do(kActionHyperlink);
+  EXPECT_EQ(edit_.PlainText(), kText);
+  edit_.SetReadOnly(false);
+  Do(kActionHyperlink);
+  EXPECT_EQ(edit_.PlainText(), u"see www.a.example now, news:x or http://b.example");
+  EXPECT_TRUE(At(35).dwEffects & CFE_LINK);
+  Do(kActionHyperlink);
+  EXPECT_EQ(opened_, u"http://b.example");
+}
+
+TEST_F(EditorTest, PicturesAndObjectsStayOutside) {
+  constexpr const char* kObject =
+      "{\\rtf1 x{\\object\\objemb{\\*\\objclass Package}{\\*\\objdata 0105000002000000080000005061636b616765"
+      "00000000000000000004000000aabbccdd0105000000000000}{\\result{"
+      "\\pict\\wmetafile8\\picw100\\pich100\\picwgoal100\\pichgoal100 010009000003}}}y}";
+  EXPECT_FALSE(edit_.SetRtf(kObject)) << "the caller keeps the file";
+  EXPECT_EQ(edit_.PlainText(), u"xy");
+  EXPECT_EQ(Objects(), 0);
+  EXPECT_TRUE(edit_.SetRtf("{\\rtf1 abc}"));
+  const BITMAPINFOHEADER picture{sizeof picture, 1, 1, 1, 32, BI_RGB, 4, 0, 0, 0, 0};
+  std::string bytes(reinterpret_cast<const char*>(&picture), sizeof picture);
+  SetClipboard(CF_DIB, (bytes + "1234").data(), bytes.size() + 4);
+  EXPECT_FALSE(Facts().canPaste);
+  SendMessageW(edit_.Handle(), WM_PASTE, 0, 0);
+  EXPECT_EQ(Objects(), 0);
+  const std::string_view rtf(kObject);
+  SetClipboard(RegisterClipboardFormatW(L"Rich Text Format"), rtf.data(), rtf.size() + 1);
+  EXPECT_TRUE(Facts().canPaste);
+  Do(kActionPaste);
+  EXPECT_EQ(Objects(), 0);
+  EXPECT_EQ(edit_.PlainText().substr(0, 2), u"xy");
+}
+
+TEST_F(EditorTest, TheClipboardAndUndoing) {
+  edit_.SetRtf("{\\rtf1\\b bold}");
+  Do(kActionSelectAll);
+  EXPECT_TRUE(Facts().hasSelection);
+  Do(kActionCut);
+  EXPECT_EQ(edit_.PlainText(), u"");
+  Do(kActionCopy);
+  edit_.SetPlainText(u"-");
+  Select(1, 1);
+  PressWithControl('V', true);
+  EXPECT_EQ(edit_.PlainText(), u"-bold") << "copying nothing leaves the clipboard alone";
+  EXPECT_FALSE(At(1).dwEffects & CFE_BOLD);
+  Do(kActionSelectAll);
+  PressWithControl('V', false);
+  EXPECT_EQ(edit_.PlainText().substr(0, 4), u"bold");
+  EXPECT_TRUE(At(0).dwEffects & CFE_BOLD);
+  edit_.SetPlainText(u"ab");
+  EXPECT_FALSE(Facts().canUndo);
+  Select(1, 2);
+  Do(kActionInsertDate);
+  EXPECT_EQ(edit_.PlainText(), u"a7 May");
+  EXPECT_TRUE(Facts().canUndo);
+  Do(kActionUndo);
+  EXPECT_EQ(edit_.PlainText(), u"ab");
+  EXPECT_TRUE(Facts().canRedo);
+  Do(kActionRedo);
+  Do(kActionSelectAll);
+  Do(kActionClear);
+  EXPECT_EQ(edit_.PlainText(), u"");
+}
+
+TEST_F(EditorTest, AReadOnlyNoteKeepsItsTextAndItsLooks) {
+  SetClipboard(CF_UNICODETEXT, L"new", 8);
+  edit_.SetRtf("{\\rtf1\\b bold}");
+  edit_.SetReadOnly(true);
+  Select(0, 2);
+  lifted_ = LiftFormat(edit_);
+  lifted_->characters.dwEffects = 0;
+  changes = 0;
+  const std::string before = edit_.Rtf();
+  for (std::int32_t code = 1; code < kActionEnd; ++code) Do(static_cast<ActionCode>(code));
+  SendMessageW(edit_.Handle(), WM_PASTE, 0, 0);
+  EXPECT_EQ(edit_.Rtf(), before);
+  EXPECT_EQ(changes, 0);
+  EXPECT_FALSE(Facts().canPaste);
+  EXPECT_FALSE(Do(kActionClose));
+}
+
+TEST_F(EditorTest, TheBeginningOfALargeTextCannotBeEdited) {
+  std::string rtf = "{\\rtf1 ";
+  for (int i = 0; i < 3000; ++i) rtf += "{\\b line} of a long text, one of many\\par ";
+  edit_.LoadBeginning(rtf, u"Only the beginning");
+  EXPECT_TRUE(edit_.PlainText().starts_with(u"Only the beginning\r\nline of a long"));
+  EXPECT_LT(edit_.PlainText().size(), 65600u);
+  edit_.SetReadOnly(false);
+  edit_.Recreate({kPaper, false, false, false});
+  EXPECT_TRUE(edit_.ShowsBeginning() && edit_.IsReadOnly() && IsReadOnlyEdit(edit_.Handle()));
+  edit_.SetPlainText(u"other");
+  EXPECT_FALSE(edit_.IsReadOnly() || IsReadOnlyEdit(edit_.Handle()));
+}
+
+// A text file and another one in the clipboard, which gives the same data as a drop.
+TEST_F(EditorTest, DroppedFilesBecomeTextOrPaths) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / L"dropped.TXT";
+  std::ofstream(file, std::ios::binary) << "\xEF\xBB\xBF"
+                                           "caf\xC3\xA9";
+  struct {
+    DROPFILES head{sizeof(DROPFILES), {}, FALSE, TRUE};
+    wchar_t names[300]{};
+  } list;
+  std::wstring names = file.wstring() + std::wstring(1, L'\0') + L"C:\\other.exe";
+  std::copy(names.begin(), names.end(), list.names);
+  SetClipboard(CF_HDROP, &list, sizeof list);
+  IDataObject* data = nullptr;
+  ASSERT_TRUE(SUCCEEDED(OleGetClipboard(&data)));
+  const ComPointer<IDataObject> owned(data);
+  edit_.SetPlainText(u"ab");
+  POINT at{2, 4};
+  ClientToScreen(edit_.Handle(), &at);
+  const ComPointer<IDropTarget> target = MakeDropTarget(edit_.Handle());
+  const auto drop = [&] {
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->DragEnter(data, 0, {at.x, at.y}, &effect);
+    target->Drop(data, 0, {at.x, at.y}, &effect);
+    return effect;
+  };
+  EXPECT_EQ(drop(), DWORD{DROPEFFECT_COPY});
+  EXPECT_EQ(edit_.PlainText(), u"caf\u00E9\r\nC:\\other.exeab");
+  edit_.SetReadOnly(true);
+  EXPECT_EQ(drop(), DWORD{DROPEFFECT_NONE});
+  std::filesystem::remove(file);
+}
+
+}  // namespace
+}  // namespace jotlets
