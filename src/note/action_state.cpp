@@ -74,11 +74,30 @@ constexpr Span kReading[] = {
     {kActionOpenTextContext, kActionOpenTextContext},
 };
 
+// What needs something of the text: a selection, a clipboard, a step to take back.
+bool HasWhatItNeeds(ActionCode action, const EditFacts& edit) {
+  switch (action) {
+    case kActionCut:
+    case kActionCopy:
+    case kActionClear: return edit.hasSelection;
+    case kActionPaste: return edit.canPaste;
+    case kActionUndo: return edit.canUndo;
+    case kActionRedo: return edit.canRedo;
+    default: return true;
+  }
+}
+
 bool IsEnabled(ActionCode action, const ActionFacts& facts) {
   if (action <= kActionNone || action >= kActionEnd || IsIn(kNotYet, action)) return false;
   if (action == kActionSetSkin || action == kActionDefaultSkin) return !facts.skinFixed;
   if (!IsIn(kOfText, action)) return true;
-  return !facts.image && (!facts.readOnly || IsIn(kReading, action));
+  return !facts.image && (!facts.readOnly || IsIn(kReading, action)) && HasWhatItNeeds(action, facts.edit);
+}
+
+// The code of the family that begins with `first` and has a member for each value of an enumeration.
+template <typename Kind>
+bool IsOf(ActionCode action, ActionCode first, std::optional<Kind> kind) {
+  return kind && action == first + static_cast<int>(*kind);
 }
 
 bool IsChecked(ActionCode action, const ActionFacts& facts) {
@@ -90,8 +109,16 @@ bool IsChecked(ActionCode action, const ActionFacts& facts) {
     case kActionUser1: return facts.user1;
     case kActionUser2: return facts.user2;
     case kActionUser3: return facts.user3;
-    default: return OpacityOf(action) == facts.transparency;
+    case kActionBold: return facts.edit.bold;
+    case kActionItalic: return facts.edit.italic;
+    case kActionUnderline: return facts.edit.underline;
+    case kActionStrikethrough: return facts.edit.strikethrough;
+    case kActionRtl: return facts.edit.rtl;
+    default: break;
   }
+  return OpacityOf(action) == facts.transparency || IsOf(action, kActionLeft, facts.edit.alignment) ||
+         IsOf(action, kActionBulletsNone, facts.edit.bullets) ||
+         IsOf(action, kActionHiliteNone, facts.edit.highlight);
 }
 
 }  // namespace

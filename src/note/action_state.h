@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "note/actions.h"
+#include "note/edit_facts.h"
 
 namespace jotlets {
 
@@ -20,6 +21,7 @@ struct ActionFacts {
   bool user3 = false;
   std::int32_t transparency = 0;  // as the record has it
   bool skinFixed = false;         // by policy
+  EditFacts edit;                 // of the text; all false for a picture
 };
 
 struct ActionState {

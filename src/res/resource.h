@@ -106,6 +106,8 @@
 #define IDS_MENU_STYLES 2044
 #define IDS_MENU_JOTLET 2045
 #define IDS_NOT_IMPORTED 2046
+#define IDS_BEGINNING 2047
+#define IDS_NOT_FOUND 2048
 
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000

@@ -1,9 +1,12 @@
 #include "app/win/desktop_jotlets.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
+#include "note/text_style.h"
 #include "note/win/monitor_setup.h"
 
 namespace jotlets {
@@ -145,6 +148,55 @@ void DesktopJotlets::Animate() {
 void DesktopJotlets::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
   if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
   if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
+}
+
+// A style as the editor takes it; the height of letters in pixels is what the options keep.
+FontStyle FontOf(const TextStyle& style) {
+  constexpr std::int32_t kTenthsPerPixel = 10 * 72 / 96;
+  constexpr std::int32_t kBoldFrom = 600;
+  FontStyle font;
+  font.face = style.faceName;
+  font.points10 =
+      std::max((style.height < 0 ? -style.height : style.height) * kTenthsPerPixel, kTenthsPerPixel);
+  font.bold = style.weight >= kBoldFrom;
+  font.italic = style.italic != 0;
+  font.underline = style.underline != 0;
+  font.strikeout = style.strikeOut != 0;
+  font.colour = style.colour;
+  font.charset = style.charSet;
+  return font;
+}
+
+HighlightColours DesktopJotlets::Highlights() const {
+  HighlightColours colours;
+  for (std::size_t each = 0; each < colours.size(); ++each) {
+    const auto number = static_cast<std::uint32_t>(options_.hilites[each]);
+    colours[each] = {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8),
+                     static_cast<std::uint8_t>(number >> 16)};
+  }
+  return colours;
+}
+
+EditContext DesktopJotlets::EditingContext() {
+  styles_.clear();
+  for (std::size_t number = 0; number < kTextStyles; ++number) {
+    const TextStyle style = SavedTextStyle(options_, number);
+    // The number of a style counts: one that is not set is a style without a face, which changes nothing.
+    styles_.push_back(style.IsSet() ? FontOf(style) : FontStyle());
+  }
+  return {.dateText = [this] { return ShownTime(0); },
+          .styles = styles_,
+          .bulletIndent = options_.bulletIndent,
+          .highlights = Highlights(),
+          .lifted = lifted_,
+          .searched = searched_};
+}
+
+void DesktopJotlets::OnJotletLink(const Text& target) {
+  const auto result = reinterpret_cast<INT_PTR>(
+      ShellExecuteW(nullptr, L"open", Wide(target), nullptr, nullptr, SW_SHOWNORMAL));
+  constexpr INT_PTR kLastError = 32;
+  if (result <= kLastError) log_.Write(kLogLifecycle, u"Unable to open '", target, u"'");
 }
 
 std::vector<BJotlet*> DesktopJotlets::GroupOf(BJotlet& jotlet) {

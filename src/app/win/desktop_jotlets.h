@@ -26,6 +26,7 @@ class DesktopOwner {
   virtual Text StackName(std::int32_t number) const = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
+  virtual Text BeginningNotice() const = 0;
   virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
   virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
@@ -103,6 +104,14 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
     owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }
   const Options& NoteOptions() const override { return options_; }
+  EditContext EditingContext() override;
+  void OnJotletLink(const Text& target) override;
+  Text BeginningNotice() override { return owner_.BeginningNotice(); }
+  /// The back colours of the highlights, from the options.
+  HighlightColours Highlights() const;
+  /// What "find" looked for last.
+  void SetSearched(TextView text) { searched_ = text; }
+  const Text& Searched() const { return searched_; }
   std::vector<BJotlet*> GroupOf(BJotlet& jotlet) override;
   void OnJotletPressed(BJotlet& jotlet, bool ctrl) override;
   std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
@@ -130,6 +139,9 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   const Options& options_;
   ProgramSkins& skins_;
   MonitorSetup screens_;
+  std::vector<FontStyle> styles_;
+  std::optional<LiftedFormat> lifted_;
+  Text searched_;
   bool animating_ = false;  // some note may be moving
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;

@@ -13,6 +13,7 @@
 #include "app/win/user_messages.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "note/win/edit_text.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -30,6 +31,9 @@ const JotletActions::Row JotletActions::kRows[] = {
     {kActionEditTitle, &JotletActions::EditTitle},
     {kActionEditUserString1, &JotletActions::EditUserString},
     {kActionColour, &JotletActions::ChooseColour},
+    {kActionFont, &JotletActions::ChooseFont},
+    {kActionFindText, &JotletActions::FindText},
+    {kActionOpenUrl, &JotletActions::OpenUrl},
     {kActionSetSkin, &JotletActions::ChooseSkin},
     {kActionDefaultSkin, &JotletActions::ChooseSkin},
     {kActionSave, &JotletActions::Save},
@@ -70,6 +74,7 @@ ActionFacts JotletActions::FactsOf(const BJotlet& jotlet) const {
   facts.user2 = record.user2;
   facts.user3 = record.user3;
   facts.transparency = record.transparency;
+  if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(frame_.Desktop().Highlights());
   facts.skinFixed = frame_.IsSkinFixedByPolicy();
   return facts;
 }
@@ -124,6 +129,27 @@ void JotletActions::ChooseColour(BJotlet& jotlet) {
   const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
   BJotlet* there = frame_.FindJotlet(id);
   if (colour && there != nullptr) there->SetColour(*colour);
+}
+
+void JotletActions::ChooseFont(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  if (jotlet.Editor() == nullptr) return;
+  const auto style = ChooseSystemFont(jotlet.Handle(), CurrentFont(*jotlet.Editor()));
+  BJotlet* there = frame_.FindJotlet(id);
+  if (style && there != nullptr && there->Editor() != nullptr) SetFont(*there->Editor(), *style);
+}
+
+void JotletActions::FindText(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto words = BTextDlg(resources_, IDS_FIND_TEXT, frame_.Desktop().Searched()).Ask(jotlet.Handle());
+  BJotlet* there = frame_.FindJotlet(id);
+  if (!words || words->empty() || there == nullptr || there->Editor() == nullptr) return;
+  frame_.Desktop().SetSearched(*words);
+  if (!FindNextText(*there->Editor(), *words)) Tell(there->Handle(), resources_, IDS_NOT_FOUND, *words);
+}
+
+void JotletActions::OpenUrl(BJotlet& jotlet) {
+  if (jotlet.Editor() != nullptr) OpenSelectedLink(*jotlet.Editor());
 }
 
 void JotletActions::ChooseSkin(BJotlet& jotlet) {

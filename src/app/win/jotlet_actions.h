@@ -36,6 +36,9 @@ class JotletActions {
   void EditUserString(BJotlet& jotlet);
   void ChooseColour(BJotlet& jotlet);
   void ChooseSkin(BJotlet& jotlet);
+  void ChooseFont(BJotlet& jotlet);
+  void FindText(BJotlet& jotlet);
+  void OpenUrl(BJotlet& jotlet);
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
   void MoveToFile(BJotlet& jotlet);

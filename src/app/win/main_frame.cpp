@@ -479,6 +479,8 @@ Text CMainFrame::StackName(std::int32_t number) const {
   return {};
 }
 
+Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNING); }
+
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
 void CMainFrame::ShowTrayMenu() {

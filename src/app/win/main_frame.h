@@ -116,6 +116,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
 
   Text StackName(std::int32_t number) const override;
   void ShowJotletMenu(const Text& id, Point) override { actions_.ShowMenu(id, false); }
+  Text BeginningNotice() const override;
   void OnAnimationClosed(const Text& id, bool deletes) override;
   bool DoJotletAction(const Text& id, ActionCode action) override { return actions_.Do(id, action); }
   bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const override {

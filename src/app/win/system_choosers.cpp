@@ -51,6 +51,19 @@ std::optional<Colour> ChooseSystemColour(HWND owner, Colour colour) {
   return Colour{GetRValue(how.rgbResult), GetGValue(how.rgbResult), GetBValue(how.rgbResult)};
 }
 
+std::optional<FontStyle> ChooseSystemFont(HWND owner, const FontStyle& style) {
+  LOGFONTW font = ToLogFont(style);
+  CHOOSEFONTW how{};
+  how.lStructSize = sizeof how;
+  how.hwndOwner = owner;
+  how.lpLogFont = &font;
+  how.rgbColors = RGB(style.colour.r, style.colour.g, style.colour.b);
+  how.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT;
+  if (!ChooseFontW(&how)) return std::nullopt;
+  return FromLogFont(font, how.iPointSize,
+                     {GetRValue(how.rgbColors), GetGValue(how.rgbColors), GetBValue(how.rgbColors)});
+}
+
 Text ChooseFileToSave(HWND owner, const Text& filter, const Text& extension, const Text& name) {
   return ChooseFile(owner, filter, extension, name, true);
 }

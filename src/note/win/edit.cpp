@@ -131,6 +131,11 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
   // The control's own way of pasting takes pictures as well.
   if (message == WM_PASTE) return self.Paste(), 0;
   if (message == WM_KEYDOWN && self.OnKey(wParam)) return 0;
+  if (message == WM_RBUTTONUP || message == WM_CONTEXTMENU) {
+    // Posted: the menu may bring about the end of this control.
+    PostMessageW(GetParent(edit), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(edit), lParam);
+    return 0;
+  }
   const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
   try {
     if (message == WM_PAINT) self.watcher_->OnEditScrolled();
@@ -312,7 +317,13 @@ bool BEdit::CanPaste() const {
 }
 
 void BEdit::PasteFormat(UINT format) {
-  if (!IsReadOnly()) SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
+  if (IsReadOnly()) return;
+  // The control's events in the middle of it reach a text that is not laid out yet.
+  const LRESULT events = SendMessageW(edit_, EM_SETEVENTMASK, 0, 0);
+  SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
+  SendMessageW(edit_, EM_SETEVENTMASK, 0, events);
+  SendMessageW(edit_, EM_REQUESTRESIZE, 0, 0);
+  TellChanged();
 }
 
 void BEdit::Paste() { PasteFormat(PreferredFormat()); }

@@ -124,6 +124,8 @@ void BJotlet::LoadContent(std::string_view bytes) {
     if (!bytes.empty() && !bytes.starts_with("{\\rtf")) {
       edit_.SetPlainText(FromUtf8(bytes));
       KeepOldContent();
+    } else if (bytes.size() > BEdit::kLargestRtf) {
+      edit_.LoadBeginning(bytes, owner_.BeginningNotice());
     } else if (!edit_.SetRtf(bytes)) {
       KeepOldContent();
     }
@@ -167,7 +169,7 @@ bool BJotlet::Rescue(const Rect& screen) {
 }
 
 FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment& now) {
-  if (!contentChanged_ || record_.IsImage() || Handle() == nullptr) return {};
+  if (!contentChanged_ || record_.IsImage() || Handle() == nullptr || edit_.ShowsBeginning()) return {};
   const Text path = Text(dataFolder) + ContentPath(record_);
   if (keepOldContent_ && files.Exists(path)) {
     const FileStatus kept = files.Copy(path, DatedName(files, path, kDamagedMark, now.local));
@@ -263,6 +265,11 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_RBUTTONUP: OnContextMenu(); return 0;
+    case WM_CONTEXTMENU: {
+      const bool ofText = edit_.Handle() != nullptr && reinterpret_cast<HWND>(wParam) == edit_.Handle();
+      owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
+      return 0;
+    }
     case WM_WINDOWPOSCHANGED: {
       // The default turns it into WM_SIZE.
       const LRESULT result = Default(message, wParam, lParam);

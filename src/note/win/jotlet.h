@@ -55,6 +55,9 @@ class BJotlet final : public Window, private EditWatcher {
   /// Writes the content file when the content has changed since; after a failure it still counts as changed.
   FileStatus SaveContent(Files& files, TextView dataFolder, const Moment& now);
 
+  /// Its editor; nullptr for a picture.
+  BEdit* Editor() { return edit_.Handle() == nullptr ? nullptr : &edit_; }
+  const BEdit* Editor() const { return edit_.Handle() == nullptr ? nullptr : &edit_; }
   Text PlainText() const;
   Text Rtf() const;
   void SetTitle(TextView title);
@@ -134,6 +137,7 @@ class BJotlet final : public Window, private EditWatcher {
   void OnDpiChanged(std::int32_t dpi);
   void OnEditScrolled() override;
   void OnEditMouse() override;
+  void OnEditLink(const Text& target) override { owner_.OnJotletLink(target); }
 
   Size ClientSize() const;
   Size SmallestSize() const;

@@ -9,7 +9,6 @@ namespace jotlets {
 namespace {
 
 constexpr UINT_PTR kFadeTimer = 1226;
-constexpr std::int32_t kScrollStep = 16;  // pixels, of one click on a scroll button
 
 }  // namespace
 
@@ -142,14 +141,6 @@ const BJotlet::ActionRow BJotlet::kActions[] = {
     {kActionLock, kActionLock, &JotletData::readOnly,
      [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
     {kActionGoAway, kActionGoAway, nullptr, [](BJotlet& j, ActionCode, bool) { j.GoAway(); }},
-    {kActionScrollUp, kActionScrollUp, nullptr,
-     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-kScrollStep); }},
-    {kActionScrollDown, kActionScrollDown, nullptr,
-     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(kScrollStep); }},
-    {kActionPageUp, kActionPageUp, nullptr,
-     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(-j.Scrolled().page); }},
-    {kActionPageDown, kActionPageDown, nullptr,
-     [](BJotlet& j, ActionCode, bool) { j.ScrollBy(j.Scrolled().page); }},
     {kActionUser1, kActionUser1, &JotletData::user1,
      [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},
     {kActionUser2, kActionUser2, &JotletData::user2,
@@ -167,7 +158,10 @@ bool BJotlet::DoAction(ActionCode action, Point) {
   const auto row = std::find_if(std::begin(kActions), std::end(kActions), [action](const ActionRow& r) {
     return action >= r.first && action <= r.last;
   });
-  if (row == std::end(kActions)) return owner_.OnJotletAction(*this, action);
+  if (row == std::end(kActions)) {
+    if (Editor() != nullptr && DoEditAction(edit_, action, owner_.EditingContext())) return true;
+    return owner_.OnJotletAction(*this, action);
+  }
   // All notes of a selection take the state that this one takes.
   const bool on = row->flag != nullptr && !(record_.*row->flag);
   for (BJotlet* jotlet : owner_.GroupOf(*this)) row->run(*jotlet, action, on);

@@ -11,6 +11,7 @@
 #include "note/actions.h"
 #include "note/animation.h"
 #include "note/monitors.h"
+#include "note/win/edit_actions.h"
 #include "skin/win/skin_renderer.h"
 
 namespace jotlets {
@@ -36,6 +37,12 @@ class JotletOwner {
   virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
 
   virtual const Options& NoteOptions() const = 0;
+  /// What the editor's commands need to know from outside.
+  virtual EditContext EditingContext() = 0;
+  /// An address that the user wants opened.
+  virtual void OnJotletLink(const Text& target) = 0;
+  /// The line above the beginning of a text that is too large to be shown.
+  virtual Text BeginningNotice() = 0;
   /// The notes that are selected together with this one, itself included.
   virtual std::vector<BJotlet*> GroupOf(BJotlet& jotlet) = 0;
   /// The mouse was pressed on the note's frame; with Ctrl it joins or leaves the selection.
