@@ -40,6 +40,11 @@ FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled) 
   return kEdgeParts[vertical + 1][horizontal + 1];
 }
 
+Size SmallestNoteSize(Size wanted, Size screens) {
+  return SafeSize({std::min(wanted.width, screens.width), std::min(wanted.height, screens.height)},
+                  kMinimumNoteSize);
+}
+
 Size SafeSize(Size size, Size minimum) {
   return {std::max(size.width, minimum.width), std::max(size.height, minimum.height)};
 }

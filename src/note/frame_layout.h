@@ -40,6 +40,10 @@ DraggedEdges EdgesOf(FramePart part);
 /// a skin may make as narrow as it likes. A note that is rolled up is sized in its width alone.
 FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled);
 
+/// The smallest size of a note whose skin asks for `wanted`: no less than can be taken hold of, and no more
+/// than the screens show, since a note that was forced to be larger could never be made smaller again.
+Size SmallestNoteSize(Size wanted, Size screens);
+
 /// The size a window takes when it is asked for `size`: never below the minimum.
 Size SafeSize(Size size, Size minimum);
 

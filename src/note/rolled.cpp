@@ -1,7 +1,12 @@
 #include "note/rolled.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace jotlets {
 namespace {
+
+constexpr std::int64_t kFarthest = std::numeric_limits<std::int32_t>::max();
 
 bool HasOwnPlace(const JotletData& record, const RollSettings& settings) {
   return settings.rolledHasAltPosition && IsShownRolled(record, settings);
@@ -40,7 +45,10 @@ Rect BoundsFor(const JotletData& record, const RollSettings& settings) {
     if (record.altY != kNotSet) at.y = record.altY;
     if (record.altWidth > 0) size.width = record.altWidth;
   }
-  return RectAt(at, size);
+  // A place at the end of what numbers hold gives way: the window would be left without a size.
+  return RectAt(
+      {std::min(at.x, Saturated(kFarthest - size.width)), std::min(at.y, Saturated(kFarthest - size.height))},
+      size);
 }
 
 }  // namespace jotlets

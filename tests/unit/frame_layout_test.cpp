@@ -41,6 +41,8 @@ TEST(Frame, TextThatReachesTheEdgesGoesBeforeThem) {
 TEST(Size, IsNeverBelowTheMinimum) {
   EXPECT_EQ(SafeSize({10, 500}, {80, 40}), (Size{80, 500}));
   EXPECT_EQ(SafeSize({500, -1}, {80, 40}), (Size{500, 40}));
+  EXPECT_EQ(SmallestNoteSize({150, 5}, {1280, 800}), (Size{150, 16}));
+  EXPECT_EQ(SmallestNoteSize({30000, 30000}, {1280, 800}), (Size{1280, 800}));
 }
 
 TEST(ShownTitle, IsTheTitleOrTheFirstLineWithText) {

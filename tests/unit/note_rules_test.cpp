@@ -121,6 +121,8 @@ TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{11, 21, 311, 46}));
   note.altY = kNotSet, note.altWidth = kNotSet;  // a record that was cut off
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 21, 1000, 46}));
+  note.altX = note.altY = kMost;  // a window so far off still has its size
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{kMost - 300, kMost - 25, kMost, kMost}));
 }
 
 constexpr TextView kStyle = u"-12|0|0|0|400|0|0|0|0|3|2|1|34|Tahoma|0|0|0|255|0|0";

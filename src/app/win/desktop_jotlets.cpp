@@ -13,6 +13,8 @@ namespace jotlets {
 
 BJotlet* DesktopJotlets::Open(JotletData record) {
   const Text id = record.id;
+  // How large a note may become depends on them.
+  if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
   const FileContent content = files_.Read(folder_ + ContentPath(record));
   auto jotlet = std::make_unique<BJotlet>(*this, std::move(record));
   if (!jotlet->CreateWindowFor()) {
@@ -27,7 +29,6 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
   }
   jotlets_.push_back(std::move(jotlet));
   BJotlet* opened = jotlets_.back().get();
-  if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
   ShowOnScreens(*opened);
   byId_[FoldCase(id)] = opened;
   return opened;

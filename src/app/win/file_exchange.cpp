@@ -14,6 +14,15 @@ bool HasExtension(TextView path, TextView extension) {
          EqualIgnoreCase(path.substr(path.size() - extension.size()), extension);
 }
 
+// Most programs write UTF-8 without a mark by now, and no other text of several letters happens to be valid.
+TextFile DecodeImport(std::string_view bytes, const CodePage& ansi) {
+  TextFile text = DecodeTextFile(bytes, ansi);
+  bool valid = false;
+  Text unmarked = FromUtf8(bytes, &valid);
+  if (valid && !text.damaged && !bytes.starts_with("\xEF\xBB\xBF")) text.text = std::move(unmarked);
+  return text;
+}
+
 // The name of a file without its folder and extension.
 Text NameOf(TextView path) {
   const TextView name = path.substr(path.find_last_of(u"\\/") + 1);
@@ -39,7 +48,7 @@ std::optional<NewJotlet> NoteFromFile(const Files& files, const CodePage& ansi, 
     reason = content.state == FileContent::State::kMissing ? Text(u"the file is not there") : content.reason;
     return std::nullopt;
   }
-  const TextFile text = DecodeTextFile(content.bytes, ansi);
+  const TextFile text = DecodeImport(content.bytes, ansi);
   if (text.damaged) {
     reason = u"the file holds no text";
     return std::nullopt;

@@ -22,6 +22,7 @@ void KeepSizeUsable(JotletData& record) {
   const Size size = SafeSize({record.width, record.height}, kMinimumNoteSize);
   record.width = std::min(size.width, kLongestSide);
   record.height = std::min(size.height, kLongestSide);
+  record.altWidth = std::min(record.altWidth, kLongestSide);
 }
 
 }  // namespace

@@ -81,8 +81,11 @@ void BPropertiesDlg::Take() {
   record_.userString1 = ItemText(IDC_PROP_USER_STRING);
   for (const FlagRow& flag : kFlags)
     record_.*flag.member = IsDlgButtonChecked(Handle(), flag.control) == BST_CHECKED;
-  for (const NumberRow& row : kNumbers)
-    record_.*row.member = std::clamp(ParseInt(ItemText(row.control)), row.least, row.most);
+  for (const NumberRow& row : kNumbers) {
+    const Text typed = ItemText(row.control);
+    // A field that was emptied leaves the size as it is.
+    if (!typed.empty()) record_.*row.member = std::clamp(ParseInt(typed), row.least, row.most);
+  }
   const LRESULT chosen = SendMessageW(Item(IDC_PROP_OPACITY), CB_GETCURSEL, 0, 0);
   const std::int32_t percent = 100 - static_cast<std::int32_t>(chosen) * kOpacityStep;
   // A value between the steps stays unless another one was chosen.

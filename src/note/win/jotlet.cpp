@@ -92,10 +92,14 @@ void BJotlet::RefreshSkin() {
 }
 
 RollSettings BJotlet::Rolling() const {
-  return {skin_->data.rolledHeight, owner_.NoteOptions().rolledHasAltPosition};
+  return {std::min(skin_->data.rolledHeight, owner_.Screens().virtualScreen.Height()),
+          owner_.NoteOptions().rolledHasAltPosition};
 }
 
-Size BJotlet::SmallestSize() const { return SafeSize(MinimumSize(skin_->data), kMinimumNoteSize); }
+Size BJotlet::SmallestSize() const {
+  const Rect& screen = owner_.Screens().virtualScreen;
+  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
+}
 
 void BJotlet::ApplyOpacity() {
   ApplyAlpha(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_

@@ -9,6 +9,15 @@ namespace jotlets {
 namespace {
 
 constexpr std::int32_t kDefaultPoints = 8;
+// A longer title would cover the screen, in one line or in many.
+constexpr std::int32_t kWidestTip = 400;  // pixels; then it is broken into lines
+constexpr std::size_t kLongestTip = 500;
+
+Text TipOf(TextView title) {
+  Text tip(title.substr(0, kLongestTip));
+  if (tip.size() < title.size()) tip += u'\u2026';
+  return tip;
+}
 
 TOOLINFOW ToolOf(HWND window, const Rect& area, Text& title) {
   TOOLINFOW tool{};
@@ -30,7 +39,10 @@ void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, co
                         0, 0, 0, window, nullptr, GetModuleHandleW(nullptr), nullptr);
     if (tooltip_ == nullptr) return;
     title_ = title;
-    TOOLINFOW tool = ToolOf(window, area, title_);
+    area_ = area;
+    Text tip = TipOf(title);
+    TOOLINFOW tool = ToolOf(window, area, tip);
+    SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, kWidestTip);
     SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     const std::int32_t points = skin.tooltipFontSize > 0 ? skin.tooltipFontSize : kDefaultPoints;
     font_.reset(CreateFontW(-MulDiv(points, static_cast<int>(GetDpiForWindow(window)), 72), 0, 0, 0,
@@ -39,9 +51,11 @@ void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, co
     SendMessageW(tooltip_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
     return;
   }
-  if (title == title_) return;
+  if (title == title_ && area == area_) return;
   title_ = title;
-  TOOLINFOW tool = ToolOf(window, area, title_);
+  area_ = area;
+  Text tip = TipOf(title);
+  TOOLINFOW tool = ToolOf(window, area, tip);
   SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
   SendMessageW(tooltip_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
 }

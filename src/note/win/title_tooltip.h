@@ -23,6 +23,7 @@ class TitleTooltip {
   HWND tooltip_ = nullptr;
   UniqueFont font_;
   Text title_;
+  Rect area_;
 };
 
 }  // namespace jotlets

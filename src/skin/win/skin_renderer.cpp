@@ -136,7 +136,12 @@ HRGN MakeSkinRegion(const SkinData& skin, Size window) {
   std::vector<POINT> points;
   for (std::size_t at = 0; at < skin.region.size(); at += 2)
     points.push_back({ResolveX(skin.region[at], space), ResolveY(skin.region[at + 1], space)});
-  return CreatePolygonRgn(points.data(), static_cast<int>(points.size()), WINDING);
+  UniqueGdi<HRGN> outline(CreatePolygonRgn(points.data(), static_cast<int>(points.size()), WINDING));
+  const UniqueGdi<HRGN> whole(CreateRectRgn(0, 0, window.width, window.height));
+  const UniqueGdi<HRGN> seen(CreateRectRgn(0, 0, 0, 0));
+  // An outline beside the window would leave nothing of the note to see or to take hold of.
+  if (!outline || CombineRgn(seen.get(), outline.get(), whole.get(), RGN_AND) == NULLREGION) return nullptr;
+  return outline.release();
 }
 
 }  // namespace jotlets
