@@ -129,6 +129,17 @@ TEST_F(NoteWindowTest, OffTheScreenIsShownOnItButItsRecordStays) {
   EXPECT_EQ(Saved(u"AA01").x, -5000);
 }
 
+TEST_F(NoteWindowTest, GhostComesBackByTheRescue) {
+  JotletData ghost = NoteRecord(u"AA01", {300, 200}, u"Ghost");
+  ghost.ghost = true;
+  ASSERT_TRUE(StartProgramWith({ghost}, kSnapping));
+  EXPECT_NE(ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT, 0);
+  EXPECT_EQ(Close(), 0u);
+  ASSERT_TRUE(StartProgram(u"-rescue"));
+  EXPECT_EQ(ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT, 0);
+  EXPECT_FALSE(Saved(u"AA01").ghost);
+}
+
 TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Locked")}, kSnapping));
   const HWND note = NoteTitled(u"Locked");

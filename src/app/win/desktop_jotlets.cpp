@@ -109,6 +109,9 @@ BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
 bool DesktopJotlets::Rescue(const Rect& screen) {
   bool any = false;
   for (const auto& jotlet : jotlets_) {
+    // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
+    any = any || jotlet->StoredRecord().ghost;
+    jotlet->SetGhost(false);
     const Rect from = jotlet->Bounds();
     if (!jotlet->Rescue(screen)) continue;
     LogRescue(*jotlet, from);

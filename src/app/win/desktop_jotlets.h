@@ -70,7 +70,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void HideOthers(const BJotlet& jotlet);
   /// The note whose window this is, or is inside of; nullptr for other windows.
   BJotlet* FindWindowOwner(HWND window);
-  /// Brings notes off `screen` back on to it; each is logged. Whether any was moved.
+  /// Brings notes off `screen` back on to it, each of which is logged, and ends the ghost state of all.
+  /// Whether any has changed.
   bool Rescue(const Rect& screen);
   /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
   /// changed. What a note's record says stays as the user chose it.
