@@ -23,7 +23,7 @@ constexpr Span kNotYet[] = {
     {kActionSendToPpc, kActionManage},
     {kActionAddAsFriend, kActionAddAsFriend},
     {kActionRecurrence, kActionRecurrence},
-    {kActionFormatForReply, kActionFormatForReply},
+    {kActionFormatForReply, kActionAutoWidth},
     {kActionSyncWithServer, kActionSyncWithServer},
     {kActionHelp, kActionHelp},
     {kActionImportFromPpc, kActionImportFromPpc},

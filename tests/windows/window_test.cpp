@@ -103,8 +103,11 @@ Text WindowTest::ProgramFile() { return ProgramFolder() + u"jotlets.exe"; }
 
 bool WindowTest::StartProgram(const Text& arguments, const Text& file) {
   program_ = std::make_unique<Process>(file, arguments);
-  return WaitUntil([this] { return Reply(u"do ping").starts_with(u"000") || !program_->Running(); }) &&
-         program_->Running();
+  const bool answered =
+      WaitUntil([this] { return Reply(u"do ping").starts_with(u"000") || !program_->Running(); });
+  // A start that ends by itself is a crash, or another instance is there: the code tells which.
+  if (answered && !program_->Running()) ADD_FAILURE() << "exit code " << program_->WaitForEnd().value_or(0);
+  return answered && program_->Running();
 }
 
 std::optional<DWORD> WindowTest::Close() {

@@ -23,6 +23,21 @@ HWND WaitForMainWindow() {
   }
 }
 
+enum class Offer { kTaken, kNotYet, kNobodyThere };
+
+Offer OfferText(HWND main, TextView text) {
+  const std::string bytes = AnsiCodePage().Encode(text);
+  COPYDATASTRUCT record{0, static_cast<DWORD>(bytes.size()), const_cast<char*>(bytes.data())};
+  // The user has just started us, so we may pass the right to come to the front on.
+  AllowSetForegroundWindow(ASFW_ANY);
+  DWORD_PTR taken = 0;
+  if (SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG,
+                          kAnswerMilliseconds, &taken) == 0) {
+    return Offer::kNobodyThere;
+  }
+  return taken != 0 ? Offer::kTaken : Offer::kNotYet;
+}
+
 }  // namespace
 
 bool ProgramInstance::Claim() {
@@ -53,21 +68,23 @@ void ProgramInstance::Restart(Log& log) {
 bool SendToRunningInstance(TextView text) {
   const HWND main = WaitForMainWindow();
   if (main == nullptr) return false;
-  const std::string bytes = AnsiCodePage().Encode(text);
-  COPYDATASTRUCT record{0, static_cast<DWORD>(bytes.size()), const_cast<char*>(bytes.data())};
-  // The user has just started us, so we may pass the right to come to the front on.
-  AllowSetForegroundWindow(ASFW_ANY);
   // An instance that is still loading does not take it yet.
   for (DWORD waited = 0; waited < kFindMilliseconds; waited += kPauseMilliseconds) {
-    DWORD_PTR taken = 0;
-    if (SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG,
-                            kAnswerMilliseconds, &taken) == 0) {
-      return false;
-    }
-    if (taken != 0) return true;
+    const Offer offer = OfferText(main, text);
+    if (offer != Offer::kNotYet) return offer == Offer::kTaken;
     Sleep(kPauseMilliseconds);
   }
   return false;
+}
+
+bool ProgramInstance::ClaimOrBringForward() {
+  for (DWORD waited = 0; !Claim(); waited += kPauseMilliseconds) {
+    const HWND main = FindMainWindow();
+    if (main != nullptr && OfferText(main, u"api do bringforward") == Offer::kTaken) return false;
+    if (waited >= kFindMilliseconds) return false;
+    Sleep(kPauseMilliseconds);
+  }
+  return true;
 }
 
 bool AskRunningInstanceToClose() {

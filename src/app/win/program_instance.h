@@ -13,6 +13,9 @@ class ProgramInstance {
  public:
   /// Becomes the one instance; false when another one runs.
   bool Claim();
+  /// Becomes the one instance, or has the running one come forward, and is then false. An instance that was
+  /// ended a moment ago may still hold its claim without answering: it is waited for, some seconds at most.
+  bool ClaimOrBringForward();
   void Release() { mutex_.reset(); }
 
   /// The restart routine: gives the claim up, starts the program file anew and ends this process.

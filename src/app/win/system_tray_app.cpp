@@ -50,10 +50,7 @@ int CSystemTrayApp::InitInstance(TextView commandLine) {
     case StartKind::kNormal:
     case StartKind::kRescue: break;
   }
-  if (!instance_.Claim()) {
-    SendToRunningInstance(u"api do bringforward");
-    return 0;
-  }
+  if (!instance_.ClaimOrBringForward()) return 0;
   return RunProgram(request.kind == StartKind::kRescue);
 }
 
