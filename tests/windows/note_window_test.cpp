@@ -68,7 +68,14 @@ TEST_F(NoteWindowTest, MovesWithTheNotesThatAreSelectedAndCommandsReachThemAll) 
     Drag(note, Title(note), {0, 0});
     HoldKey(VK_CONTROL, false);
   }
+  std::vector<Text> moves;
+  client_.OnEvent([&moves](TextView line) {
+    if (line.starts_with(u"509")) moves.emplace_back(line);
+  });
+  Reply(u"do register");
   ASSERT_TRUE(Drag(two, Title(two), {30, 50}));
+  EXPECT_TRUE(WaitUntil([&] { return !moves.empty(); }));
+  EXPECT_EQ(moves, std::vector<Text>{u"509 desktop jotlet moved AA02,AA01,"});
   EXPECT_TRUE(Turns(one, {130, 150, 350, 290}));
   EXPECT_TRUE(Turns(two, {430, 150, 650, 290}));
   EXPECT_EQ(BoundsOf(NoteTitled(u"Three")).left, 700);
@@ -126,6 +133,10 @@ TEST_F(NoteWindowTest, OffTheScreenIsShownOnItButItsRecordStays) {
   EXPECT_EQ(BoundsOf(NoteTitled(u"Far")).left, 8);
   EXPECT_NE(Log().find("Saved jotlet AA01 from appearing off screen (moved from -5000,200 to 8,200)"),
             std::string::npos);
+  EXPECT_EQ(Saved(u"AA01").x, -5000);
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Far")));
+  PressKeys({VK_CONTROL, VK_SHIFT, 'U'});
+  EXPECT_TRUE(Turns(NoteTitled(u"Far"), {8, 200, 228, 219})) << "rolled up where it is seen";
   EXPECT_EQ(Saved(u"AA01").x, -5000);
 }
 

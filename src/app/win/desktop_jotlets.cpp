@@ -188,7 +188,7 @@ EditContext DesktopJotlets::EditingContext() {
     // The number of a style counts: one that is not set is a style without a face, which changes nothing.
     styles_.push_back(style.IsSet() ? FontOf(style) : FontStyle());
   }
-  return {.dateText = [this] { return ShownTime(0); },
+  return {.dateText = [this] { return ShownTime(ToLocal(0)); },
           .styles = styles_,
           .bulletIndent = options_.bulletIndent,
           .highlights = Highlights(),
@@ -271,8 +271,13 @@ FileStatus DesktopJotlets::SaveContents(const Moment& now) {
   return first;
 }
 
+// Notes that were moved together are told of in one line.
 void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
-  owner_.NotifyListeners(u"509 desktop jotlet moved", jotlet.StoredRecord().id);
+  constexpr TextView kMoved = u"509 desktop jotlet moved";
+  std::vector<Text> ids;
+  for (const BJotlet* moved : GroupOf(jotlet)) ids.push_back(moved->StoredRecord().id);
+  if (ids.size() == 1) return owner_.NotifyListeners(kMoved, ids.front());
+  owner_.NotifyListenersMany(kMoved, ids);
 }
 
 void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {
@@ -284,8 +289,8 @@ void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
                          jotlet.StoredRecord().id);
 }
 
-Text DesktopJotlets::ShownTime(std::int32_t utc) {
-  return jotlets::ShownTime(utc == 0 ? clock_.Now().local : clock_.ToLocal(utc));
+LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
+  return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
 }
 
 bool DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -21,6 +22,7 @@ class DesktopOwner {
   virtual ~DesktopOwner() = default;
   virtual void SetDirty() = 0;
   virtual void NotifyListeners(TextView eventText, TextView id) = 0;
+  virtual void NotifyListenersMany(TextView eventText, std::span<const Text> ids) = 0;
   /// The user wants the note closed.
   virtual void OnCloseWanted(const Text& id) = 0;
   virtual Text StackName(std::int32_t number) const = 0;
@@ -121,7 +123,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
   std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
   SkinRenderer& Renderer() override { return skins_.Renderer(); }
-  Text ShownTime(std::int32_t utc) override;
+  LocalTime ToLocal(std::int32_t utc) override;
   Text StackName(std::int32_t number) override { return owner_.StackName(number); }
 
   /// Shows a note in a skin and logs it, and whether the skin could be loaded.

@@ -33,8 +33,12 @@ Text NameOf(TextView path) {
 
 FileStatus WriteNoteCopy(Files& files, BJotlet& jotlet, TextView dataFolder, TextView path) {
   const JotletData& record = jotlet.StoredRecord();
-  if (record.IsImage()) return files.Copy(Text(dataFolder) + ContentPath(record), path);
-  if (HasExtension(path, u".txt")) return files.Write(path, EncodeTextFile(jotlet.PlainText()));
+  const bool plain = HasExtension(path, u".txt");
+  // Of a text that is too large the editor has the beginning alone.
+  const bool partly = jotlet.Editor() != nullptr && jotlet.Editor()->ShowsBeginning();
+  if (partly && plain) return FileStatus::Failed(u"the text is too large to be made plain text");
+  if (record.IsImage() || partly) return files.Copy(Text(dataFolder) + ContentPath(record), path);
+  if (plain) return files.Write(path, EncodeTextFile(jotlet.PlainText()));
   return files.Write(path, RtfBytes(jotlet.Rtf()));
 }
 

@@ -11,6 +11,7 @@
 #include "app/win/system_choosers.h"
 #include "app/win/text_dialog.h"
 #include "app/win/user_messages.h"
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "note/win/edit_text.h"
@@ -208,7 +209,7 @@ void JotletActions::Solo(BJotlet& jotlet) { frame_.Desktop().HideOthers(jotlet);
 void JotletActions::Properties(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   BPropertiesDlg dialog(resources_, jotlet.Record(),
-                        [this](std::int32_t utc) { return frame_.Desktop().ShownTime(utc); });
+                        [this](std::int32_t utc) { return ShownTime(frame_.Desktop().ToLocal(utc)); });
   if (!dialog.Edit(jotlet.Handle())) return;
   BJotlet* there = frame_.FindJotlet(id);
   if (there != nullptr) there->TakeProperties(dialog.Record());

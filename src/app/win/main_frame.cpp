@@ -79,7 +79,7 @@ bool CMainFrame::Start() {
 
 bool CMainFrame::OnCreate() {
   for (const wchar_t* name :
-       {kJotletClass, L"BraskJotletStack", L"BraskJotletNoteShadow", L"BraskJotletStackShadow"}) {
+       {kJotletClass, L"BraskJotletStack", kNoteShadowClass, L"BraskJotletStackShadow"}) {
     if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS))
       Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
   }
@@ -529,6 +529,8 @@ void CMainFrame::HoldStill(bool still) {
   if (still) NotifyListenersText(u"503 jotlets is exiting for a restore");
   exiting_ = still;
   desktop_.Enable(!still);
+  // What was not saved before is tried again.
+  if (!still) SetDirty();
 }
 
 // For a start that needs the backups before it may load: the options may name another place for them.

@@ -49,7 +49,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void NotifyListeners(TextView eventText, TextView id) override {
     commands_.Listeners().Notify(eventText, id);
   }
-  void NotifyListenersMany(TextView eventText, std::span<const Text> ids) {
+  void NotifyListenersMany(TextView eventText, std::span<const Text> ids) override {
     commands_.Listeners().NotifyMany(eventText, ids);
   }
   void NotifyListenersText(TextView text) { commands_.Listeners().NotifyText(text); }

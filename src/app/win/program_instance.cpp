@@ -78,10 +78,12 @@ bool SendToRunningInstance(TextView text) {
 }
 
 bool ProgramInstance::ClaimOrBringForward() {
-  for (DWORD waited = 0; !Claim(); waited += kPauseMilliseconds) {
+  // By the clock: an instance that hangs makes each offer take long.
+  const ULONGLONG begun = GetTickCount64();
+  while (!Claim()) {
     const HWND main = FindMainWindow();
     if (main != nullptr && OfferText(main, u"api do bringforward") == Offer::kTaken) return false;
-    if (waited >= kFindMilliseconds) return false;
+    if (GetTickCount64() - begun >= kFindMilliseconds) return false;
     Sleep(kPauseMilliseconds);
   }
   return true;

@@ -6,15 +6,31 @@
 
 namespace jotlets {
 
-Text ShownTime(const LocalTime& t) {
-  constexpr int kRoom = 80;
+namespace {
+
+constexpr int kRoom = 80;
+
+SYSTEMTIME ToSYSTEMTIME(const LocalTime& t) {
   const auto word = [](int value) { return static_cast<WORD>(value); };
-  const SYSTEMTIME time{word(t.year), word(t.month), 0, word(t.day), word(t.hour), word(t.minute), 0, 0};
-  wchar_t date[kRoom] = {};
-  wchar_t clock[kRoom] = {};
-  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, date, kRoom, nullptr);
-  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, clock, kRoom);
-  return Text(FromWide(date)) + u" " + Text(FromWide(clock));
+  return {word(t.year), word(t.month), 0, word(t.day), word(t.hour), word(t.minute), 0, 0};
 }
+
+}  // namespace
+
+Text ShownDate(const LocalTime& t) {
+  const SYSTEMTIME time = ToSYSTEMTIME(t);
+  wchar_t date[kRoom] = {};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, date, kRoom, nullptr);
+  return Text(FromWide(date));
+}
+
+Text ShownTimeOfDay(const LocalTime& t) {
+  const SYSTEMTIME time = ToSYSTEMTIME(t);
+  wchar_t clock[kRoom] = {};
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, clock, kRoom);
+  return Text(FromWide(clock));
+}
+
+Text ShownTime(const LocalTime& t) { return ShownDate(t) + u" " + ShownTimeOfDay(t); }
 
 }  // namespace jotlets

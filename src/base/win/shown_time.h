@@ -5,7 +5,10 @@
 
 namespace jotlets {
 
-/// The date, a blank and the time of day, without seconds.
+Text ShownDate(const LocalTime& time);
+/// Without seconds.
+Text ShownTimeOfDay(const LocalTime& time);
+/// The date, a blank and the time of day.
 Text ShownTime(const LocalTime& time);
 
 }  // namespace jotlets

@@ -317,13 +317,7 @@ bool BEdit::CanPaste() const {
 }
 
 void BEdit::PasteFormat(UINT format) {
-  if (IsReadOnly()) return;
-  // The control's events in the middle of it reach a text that is not laid out yet.
-  const LRESULT events = SendMessageW(edit_, EM_SETEVENTMASK, 0, 0);
-  SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
-  SendMessageW(edit_, EM_SETEVENTMASK, 0, events);
-  SendMessageW(edit_, EM_REQUESTRESIZE, 0, 0);
-  TellChanged();
+  if (!IsReadOnly()) SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
 }
 
 void BEdit::Paste() { PasteFormat(PreferredFormat()); }

@@ -82,13 +82,21 @@ void BJotlet::SetSkin(TextView name) {
 void BJotlet::RefreshSkin() {
   Record();
   skin_ = owner_.SkinOf(record_.skin);
-  const Rect bounds = BoundsFor(record_, Rolling());
-  const Size least = SmallestSize();
-  const bool rolled = IsShownRolled(record_, Rolling());
-  const Size size{std::max(bounds.Width(), least.width),
-                  rolled ? bounds.Height() : std::max(bounds.Height(), least.height)};
-  Place({bounds.left, bounds.top, bounds.left + size.width, bounds.top + size.height});
+  PlaceByRecord();
   ApplySkin();
+}
+
+// The window where its record says, no smaller than its skin allows, and where it can be seen: what the
+// record says stays as it is also when that monitor is gone.
+void BJotlet::PlaceByRecord() {
+  const Rect bounds = BoundsFor(record_, Rolling());
+  Size size{bounds.Width(), bounds.Height()};
+  const Size least = SmallestSize();
+  size.width = std::max(size.width, least.width);
+  if (!IsShownRolled(record_, Rolling())) size.height = std::max(size.height, least.height);
+  place_ = NotePlace(RectAt(bounds.TopLeft(), size), Dpi());
+  place_.MonitorsChanged(owner_.Screens());
+  Place(place_.Shown());
 }
 
 RollSettings BJotlet::Rolling() const {
@@ -111,6 +119,7 @@ void BJotlet::ApplyAlpha(std::int32_t percent) {
   const std::optional<Colour>& key = skin_->data.transparent;
   SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0, AlphaOfOpacity(percent),
                              key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
+  FollowWithShadow();
 }
 
 void BJotlet::FollowWithShadow() {
@@ -130,6 +139,7 @@ void BJotlet::LoadContent(std::string_view bytes) {
       KeepOldContent();
     } else if (bytes.size() > BEdit::kLargestRtf) {
       edit_.LoadBeginning(bytes, owner_.BeginningNotice());
+      KeepOldContent();
     } else if (!edit_.SetRtf(bytes)) {
       KeepOldContent();
     }
@@ -577,7 +587,7 @@ void BJotlet::UpdateView() {
   const SkinView before = view_;
   view_.window = ClientSize();
   view_.colour = record_.colour;
-  view_.rolled = record_.rolled && skin.rolledHeight > 0;
+  view_.rolled = IsShownRolled(record_, Rolling());
   // A note that is selected with others looks like the one that has the focus.
   view_.focus = hasFocus_ || selected_;
   view_.mouseOver = mouseOver_;

@@ -121,6 +121,7 @@ class BJotlet final : public Window, private EditWatcher {
   void OnMouseMove(Point at);
   void OnMouseLeave();
   void Place(const Rect& bounds);
+  void PlaceByRecord();
   void MoveBy(Point offset);
   void SyncPlace();
   RollSettings Rolling() const;

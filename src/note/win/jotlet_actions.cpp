@@ -16,10 +16,7 @@ void BJotlet::SetRolled(bool rolled) {
   if (record_.rolled == rolled) return;
   SyncPlace();
   record_.rolled = rolled;
-  const Rect bounds = BoundsFor(record_, Rolling());
-  // Known before the window is placed, so that its new height is not taken for the unrolled one.
-  place_ = NotePlace(bounds, Dpi());
-  Place(bounds);
+  PlaceByRecord();
   OnSize();
   owner_.OnJotletChanged();
 }

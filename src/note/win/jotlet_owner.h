@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/clock.h"
 #include "base/geometry.h"
 #include "data/options.h"
 #include "note/actions.h"
@@ -58,8 +59,8 @@ class JotletOwner {
   /// The skin of a name, or the default one for an empty name; never null.
   virtual std::shared_ptr<const LoadedSkin> SkinOf(TextView name) = 0;
   virtual SkinRenderer& Renderer() = 0;
-  /// A time in the user's own form, from seconds since 1970 UTC; now for 0.
-  virtual Text ShownTime(std::int32_t utc) = 0;
+  /// The local time of seconds since 1970 UTC; now for 0.
+  virtual LocalTime ToLocal(std::int32_t utc) = 0;
   /// The name of a stack, empty for none.
   virtual Text StackName(std::int32_t number) = 0;
 };

@@ -1,5 +1,7 @@
 #include "note/win/note_words.h"
 
+#include "base/win/shown_time.h"
+
 namespace jotlets {
 namespace {
 
@@ -8,14 +10,8 @@ struct WordRow {
   Text (*words)(JotletOwner& owner, const JotletData& record);
 };
 
-Text TimeWords(JotletOwner& owner, std::int32_t utc) { return utc > 0 ? owner.ShownTime(utc) : Text(); }
-
-// The user's form of a date and time is the date, a blank, the time.
-Text Now(JotletOwner& owner, bool date) {
-  const Text now = owner.ShownTime(0);
-  const std::size_t blank = now.find(u' ');
-  if (blank == Text::npos) return now;
-  return date ? now.substr(0, blank) : now.substr(blank + 1);
+Text TimeWords(JotletOwner& owner, std::int32_t utc) {
+  return utc > 0 ? ShownTime(owner.ToLocal(utc)) : Text();
 }
 
 constexpr WordRow kRows[] = {
@@ -25,8 +21,8 @@ constexpr WordRow kRows[] = {
     {u"CREATED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.created); }},
     {u"MODIFIED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.modified); }},
     {u"WAKE", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.sleepNextWake); }},
-    {u"DATE", [](JotletOwner& o, const JotletData&) { return Now(o, true); }},
-    {u"TIME", [](JotletOwner& o, const JotletData&) { return Now(o, false); }},
+    {u"DATE", [](JotletOwner& o, const JotletData&) { return ShownDate(o.ToLocal(0)); }},
+    {u"TIME", [](JotletOwner& o, const JotletData&) { return ShownTimeOfDay(o.ToLocal(0)); }},
     {u"USERSTRING1", [](JotletOwner&, const JotletData& r) { return r.userString1; }},
     {u"ID", [](JotletOwner&, const JotletData& r) { return r.id; }},
 };
