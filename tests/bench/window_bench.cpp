@@ -1,294 +1,230 @@
-// Measures the program against a bare one that does the same with nothing behind it, in turns within one run:
-// starting with many visible notes, memory per note, and a command's round trip.
+// Measures the program against a bare one that does the same with nothing behind it, in turns within one run.
 //
-//   window_bench               prints the figures; needs jotlets.exe beside it and a screen
-//   window_bench --bare N DIR  is the bare program: N layered pop-ups with a rich edit child each, the
-//   content read
-//                              from DIR, and a window that echoes copy-data
+//   window_bench [FIGURE...]   prints the figures whose names begin so, or all; needs jotlets.exe beside it
+//   and
+//                              a screen
+//   window_bench --bare N DIR  is the bare program
 #include <windows.h>
 
-#include <psapi.h>
-#include <richedit.h>
 #include <shellapi.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <vector>
 
-#include "base/win/disk_files.h"
-#include "base/win/unique_handle.h"
+#include "bare_program.h"
 #include "base/win/wide.h"
-#include "data/data_file.h"
-#include "data/data_folder.h"
-#include "data/text_file.h"
-#include "ui/screen.h"
+#include "subject.h"
 
 namespace jotlets {
 namespace {
 
-constexpr int kNotes = 1000;
-constexpr int kRounds = 5;
-constexpr int kPings = 3000;
-constexpr wchar_t kBareClass[] = L"BareNote";
-constexpr wchar_t kEchoClass[] = L"BareEcho";
-constexpr wchar_t kNoteClass[] = L"BraskJotletNote";
-constexpr wchar_t kMainClass[] = L"BraskSoftwareJotletsMain";
-
-double Seconds() {
-  LARGE_INTEGER now{};
-  LARGE_INTEGER frequency{};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
+HWND self = nullptr;  // the window that gets replies
 
 double Median(std::vector<double> values) {
   std::sort(values.begin(), values.end());
   return values[values.size() / 2];
 }
 
-Text NoteId(int number) { return u"BENCH" + IntText(number); }
-
-// ---- the bare program
-
-DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got) {
-  auto& rest = *reinterpret_cast<std::string_view*>(cookie);
-  const auto count = std::min<std::size_t>(rest.size(), static_cast<std::size_t>(wanted));
-  std::copy_n(rest.data(), count, reinterpret_cast<char*>(buffer));
-  rest.remove_prefix(count);
-  *got = static_cast<LONG>(count);
-  return 0;
-}
-
-LRESULT CALLBACK EchoProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
-  COPYDATASTRUCT answer = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-  SendMessageW(reinterpret_cast<HWND>(wParam), WM_COPYDATA, reinterpret_cast<WPARAM>(window),
-               reinterpret_cast<LPARAM>(&answer));
-  return TRUE;
-}
-
-void RegisterBareClass(const wchar_t* name, WNDPROC procedure) {
-  WNDCLASSW windowClass{};
-  windowClass.lpfnWndProc = procedure;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = name;
-  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-  RegisterClassW(&windowClass);
-}
-
-void CreateBareNote(int number, const Text& folder) {
-  const HWND note = CreateWindowExW(WS_EX_LAYERED | WS_EX_TOOLWINDOW, kBareClass, Wide(NoteId(number)),
-                                    WS_POPUP | WS_CLIPCHILDREN, (number % 40) * 25, (number / 40) * 25, 232,
-                                    160, nullptr, nullptr, nullptr, nullptr);
-  SetLayeredWindowAttributes(note, 0, 255, LWA_ALPHA);
-  const HWND edit = CreateWindowExW(0, MSFTEDIT_CLASS, L"",
-                                    WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 6, 24,
-                                    220, 130, note, nullptr, nullptr, nullptr);
-  const FileContent content = DiskFiles().Read(folder + u"rtf\\" + NoteId(number) + u".rtf");
-  std::string_view rest = content.bytes;
-  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, ReadBytes};
-  SendMessageW(edit, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
-  ShowWindow(note, SW_SHOWNOACTIVATE);
-}
-
-int RunBare(int notes, const Text& folder) {
-  EnableDpiAwareness();
-  LoadLibraryW(L"msftedit.dll");
-  RegisterBareClass(kBareClass, DefWindowProcW);
-  RegisterBareClass(kEchoClass, EchoProcedure);
-  for (int i = 0; i < notes; ++i) CreateBareNote(i, folder);
-  CreateWindowExW(0, kEchoClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
-  MSG message{};
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-  return 0;
-}
-
-// ---- the measuring side
-
-struct CountedClass {
-  const wchar_t* name;
-  int count;
-};
-
-BOOL CALLBACK CountVisible(HWND window, LPARAM parameter) {
-  auto& counted = *reinterpret_cast<CountedClass*>(parameter);
-  wchar_t name[64] = {};
-  GetClassNameW(window, name, 64);
-  if (IsWindowVisible(window) && wcscmp(name, counted.name) == 0) ++counted.count;
-  return TRUE;
-}
-
-int VisibleWindows(const wchar_t* className) {
-  CountedClass counted{className, 0};
-  EnumWindows(CountVisible, reinterpret_cast<LPARAM>(&counted));
-  return counted.count;
-}
-
-struct Subject {
-  const char* name;
-  Text commandLine;
-  const wchar_t* noteClass;
-  const wchar_t* endpoint;
-};
-
-UniqueHandle Start(const Subject& subject) {
-  Text commandLine = subject.commandLine;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, WideBuffer(commandLine), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &started)) {
-    return nullptr;
-  }
-  CloseHandle(started.hThread);
-  return UniqueHandle(started.hProcess);
-}
-
-// Until the endpoint answers and all windows are there; false after a minute. The windows are counted only
-// when the endpoint has answered: asking for them all the time would slow down what is measured.
-bool WaitUntilUp(const Subject& subject, int notes) {
-  const double limit = Seconds() + 60;
-  while (Seconds() < limit) {
-    const HWND endpoint = FindWindowW(subject.endpoint, nullptr);
-    DWORD_PTR answer = 0;
-    if (endpoint != nullptr &&
-        SendMessageTimeoutW(endpoint, WM_NULL, 0, 0, SMTO_NORMAL, 60000, &answer) != 0 &&
-        VisibleWindows(subject.noteClass) == notes) {
-      return true;
-    }
-    Sleep(10);
-  }
-  return false;
-}
-
-SIZE_T PrivateBytes(HANDLE process) {
-  PROCESS_MEMORY_COUNTERS counters{};
-  counters.cb = sizeof counters;
-  GetProcessMemoryInfo(process, &counters, sizeof counters);
-  return counters.PagefileUsage;
-}
-
-void Stop(const Subject& subject, HANDLE process) {
-  TerminateProcess(process, 0);
-  WaitForSingleObject(process, 10000);
-  while (FindWindowW(subject.endpoint, nullptr) != nullptr) Sleep(1);
-}
-
 LRESULT CALLBACK ReplyProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return message == WM_COPYDATA ? TRUE : DefWindowProcW(window, message, wParam, lParam);
 }
 
-double MeasurePings(const Subject& subject, HWND self) {
-  const HWND endpoint = FindWindowW(subject.endpoint, nullptr);
-  char text[] = "api do ping";
-  COPYDATASTRUCT record{7, sizeof text - 1, text};
+void MakeReplyWindow() {
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = ReplyProcedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = L"BenchReply";
+  RegisterClassW(&windowClass);
+  self = CreateWindowExW(0, L"BenchReply", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+}
+
+// One command's round trip, in seconds.
+double RoundTrip(const RunningSubject& subject, std::string text) {
+  constexpr int kBatch = 300;
+  COPYDATASTRUCT record{7, static_cast<DWORD>(text.size()), text.data()};
   std::vector<double> batches;
   // The first batch also waits for what the start has left to do, and is not counted.
   for (int batch = 0; batch < 11; ++batch) {
     const double begin = Seconds();
-    for (int i = 0; i < kPings / 10; ++i) {
-      SendMessageW(endpoint, WM_COPYDATA, reinterpret_cast<WPARAM>(self), reinterpret_cast<LPARAM>(&record));
+    for (int i = 0; i < kBatch; ++i) {
+      SendMessageW(subject.Endpoint(), WM_COPYDATA, reinterpret_cast<WPARAM>(self),
+                   reinterpret_cast<LPARAM>(&record));
     }
-    batches.push_back((Seconds() - begin) / (kPings / 10));
+    batches.push_back((Seconds() - begin) / kBatch);
   }
   batches.erase(batches.begin());
   return Median(batches);
 }
 
-struct Figures {
-  std::vector<double> start;
-  std::vector<double> memory;
-  std::vector<double> ping;
+double Start(const RunningSubject& subject) { return subject.SecondsToStart(); }
+double Memory(const RunningSubject& subject) { return subject.PrivateBytes(); }
+double Ping(const RunningSubject& subject) { return RoundTrip(subject, "api do ping"); }
+
+double ShowOrHideAll(const RunningSubject& subject) {
+  const double begin = Seconds();
+  SendMessageW(subject.Endpoint(), subject.What().showOrHide, subject.What().showOrHideWParam, 0);
+  return subject.WaitUntilIdle() - begin;
+}
+
+double HideAll(const RunningSubject& subject) {
+  subject.WaitUntilIdle();
+  const double seconds = ShowOrHideAll(subject);
+  if (subject.VisibleNotes() != 0) std::printf("%s: not all are hidden\n", subject.What().name);
+  return seconds;
+}
+
+double ShowAll(const RunningSubject& subject) {
+  const double seconds = ShowOrHideAll(subject);
+  if (subject.VisibleNotes() == 0) std::printf("%s: none is shown\n", subject.What().name);
+  return seconds;
+}
+
+double IdleProcessor(const RunningSubject& subject) {
+  subject.WaitUntilIdle();
+  const double used = subject.ProcessorSeconds();
+  Sleep(30000);
+  return subject.ProcessorSeconds() - used;
+}
+
+void MoveMouse(int x, int y) {
+  SetCursorPos(x, y);
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dwFlags = MOUSEEVENTF_MOVE;
+  SendInput(1, &input, sizeof input);
+}
+
+void PressMouse(bool down) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dwFlags = down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
+  SendInput(1, &input, sizeof input);
+}
+
+RECT BoundsOf(HWND window) {
+  RECT bounds{};
+  GetWindowRect(window, &bounds);
+  return bounds;
+}
+
+// From a move of the mouse to the move of the note that it drags.
+double Drag(const RunningSubject& subject) {
+  subject.WaitUntilIdle();
+  const HWND note = FindWindowW(subject.What().noteClass, nullptr);
+  const RECT start = BoundsOf(note);
+  POINT at{start.left + 60, start.top + 10};
+  MoveMouse(at.x, at.y);
+  PressMouse(true);
+  std::vector<double> delays;
+  constexpr int kSteps = 200;
+  // Steps longer than the distance that windows snap at: each has to move the note.
+  for (int i = 0; i < kSteps; ++i) {
+    const RECT before = BoundsOf(note);
+    at.x += i / 5 % 2 == 0 ? 31 : -31;
+    at.y += i / 5 % 2 == 0 ? 23 : -23;
+    const double begin = Seconds();
+    MoveMouse(at.x, at.y);
+    while (BoundsOf(note).left == before.left && Seconds() < begin + 1) Sleep(0);
+    delays.push_back(Seconds() - begin);
+  }
+  PressMouse(false);
+  const double median = Median(delays);
+  if (median > 0.9) std::printf("%s: the note does not follow the mouse\n", subject.What().name);
+  return median;
+}
+
+struct Figure {
+  const char* name;
+  int notes;
+  double (*take)(const RunningSubject& subject);
+  double scale;
+  const char* unit;
+  const char* aim;
+  int rounds = 5;
 };
 
-bool Measure(const Subject& subject, int notes, HWND self, Figures& figures) {
-  const double begin = Seconds();
-  const UniqueHandle process = Start(subject);
-  if (!process || !WaitUntilUp(subject, notes)) {
-    std::printf("%s did not come up with %d notes\n", subject.name, notes);
-    if (process) Stop(subject, process.get());
+// Figures with as many notes and rounds are taken from the same run, in this order.
+constexpr Figure kFigures[] = {
+    {"memory, 10 notes", 10, Memory, 1.0 / 1024, "KB", "-"},
+    {"ping, 10 notes", 10, Ping, 1e6, "us", "1.2"},
+    {"start, 1000 notes", 1000, Start, 1000, "ms", "1.3"},
+    {"memory, 1000 notes", 1000, Memory, 1.0 / 1024, "KB", "-"},
+    {"ping, 1000 notes", 1000, Ping, 1e6, "us", "1.2"},
+    {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
+    {"hide all, 500 notes", 500, HideAll, 1000, "ms", "1.2"},
+    {"show all, 500 notes", 500, ShowAll, 1000, "ms", "1.2"},
+    {"idle processor, 200 notes", 200, IdleProcessor, 1000, "ms in 30 s", "none", 1},
+};
+
+struct Results {
+  std::vector<double> ours;
+  std::vector<double> bare;
+};
+
+bool TakeFigures(const Subject& subject, const std::vector<const Figure*>& figures,
+                 std::map<const Figure*, Results>& results, std::vector<double> Results::*side) {
+  const std::optional<RunningSubject> running = RunningSubject::Start(subject, figures.front()->notes);
+  if (!running) {
+    std::printf("%s did not come up with %d notes\n", subject.name, figures.front()->notes);
     return false;
   }
-  figures.start.push_back(Seconds() - begin);
-  figures.memory.push_back(static_cast<double>(PrivateBytes(process.get())));
-  figures.ping.push_back(MeasurePings(subject, self));
-  Stop(subject, process.get());
+  for (const Figure* figure : figures) {
+    (results[figure].*side).push_back(figure->take(*running));
+    std::fprintf(stderr, "%s, %s: %.2f %s\n", subject.name, figure->name,
+                 (results[figure].*side).back() * figure->scale, figure->unit);
+  }
   return true;
 }
 
-Text ScratchFolder(TextView name) {
-  Text folder(MAX_PATH, u'\0');
-  folder.resize(GetTempPathW(MAX_PATH, WideBuffer(folder)));
-  return folder.append(u"jotlets-bench-").append(name).append(u"\\");
+void Print(const Figure& figure, const Results& results) {
+  const double ours = Median(results.ours);
+  const double bare = Median(results.bare);
+  std::printf("%-26s jotlets %9.2f  bare %9.2f %-10s ratio %.2f  aim at most %s\n", figure.name,
+              ours * figure.scale, bare * figure.scale, figure.unit, bare > 0 ? ours / bare : 0, figure.aim);
 }
 
-// A data folder with so many text notes, of a few lines each.
-Text MakeDataFolder(int notes) {
-  DiskFiles files;
-  const Text folder = ScratchFolder(IntText(notes));
-  MakeDataFolders(files, folder);
-  std::vector<JotletData> records(static_cast<std::size_t>(notes));
-  DataFileView view;
-  view.installId = u"BENCH";
-  for (int i = 0; i < notes; ++i) {
-    JotletData& record = records[static_cast<std::size_t>(i)];
-    record.x = (i % 40) * 25;
-    record.y = (i / 40) * 25;
-    record.width = 232;
-    record.height = 160;
-    record.id = NoteId(i);
-    record.title = u"Note " + IntText(i);
-    view.jotlets.push_back(&record);
-    files.Write(folder + ContentPath(record),
-                "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} "
-                "line\\par third\\par}");
+void PrintMemoryPerNote(const std::map<const Figure*, Results>& results) {
+  const Results* few = nullptr;
+  const Results* many = nullptr;
+  for (const auto& [figure, result] : results) {
+    if (figure->take == Memory) (figure->notes == 10 ? few : many) = &result;
   }
-  files.Write(folder + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
-  return folder;
+  if (few == nullptr || many == nullptr) return;
+  const double ours = (Median(many->ours) - Median(few->ours)) / 990 / 1024;
+  const double bare = (Median(many->bare) - Median(few->bare)) / 990 / 1024;
+  std::printf("%-26s jotlets %9.2f  bare %9.2f %-10s ratio %.2f  aim at most 1.2\n", "memory per shown note",
+              ours, bare, "KB", ours / bare);
 }
 
-void UseDataFolder(const Text& folder) {
-  RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Brask\\jotlets", L"Path", REG_SZ, folder.c_str(),
-                  static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
+bool IsWanted(const Figure& figure, const std::vector<std::string>& wanted) {
+  return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), [&figure](const std::string& name) {
+           return std::string(figure.name).starts_with(name);
+         });
 }
 
-void Print(const char* what, double ours, double bare, double scale, const char* unit, double aim) {
-  std::printf("%-28s jotlets %9.2f %s   bare %9.2f %s   ratio %.2f (aim: at most %.1f)\n", what, ours * scale,
-              unit, bare * scale, unit, ours / bare, aim);
-}
-
-int RunBench() {
-  RegisterBareClass(L"BenchReply", ReplyProcedure);
-  const HWND self =
-      CreateWindowExW(0, L"BenchReply", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
-  Figures ours[2];
-  Figures bare[2];
-  const int sizes[2] = {10, kNotes};
-  for (int which = 0; which < 2; ++which) {
-    const Text folder = MakeDataFolder(sizes[which]);
-    UseDataFolder(folder);
-    const Subject program{"jotlets", u"\"" + ProgramFolder() + u"jotlets.exe\"", kNoteClass, kMainClass};
-    const Subject bareProgram{"bare",
-                              u"\"" + ProgramPath() + u"\" --bare " + IntText(sizes[which]) + u" " + folder,
-                              kBareClass, kEchoClass};
-    for (int round = 0; round < kRounds; ++round) {
-      if (!Measure(program, sizes[which], self, ours[which])) return 1;
-      if (!Measure(bareProgram, sizes[which], self, bare[which])) return 1;
+int RunBench(const std::vector<std::string>& wanted) {
+  MakeReplyWindow();
+  std::map<std::pair<int, int>, std::vector<const Figure*>> groups;  // by notes and rounds
+  for (const Figure& figure : kFigures) {
+    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds}].push_back(&figure);
+  }
+  std::map<const Figure*, Results> results;
+  for (const auto& [group, figures] : groups) {
+    const Subject ours = JotletsWith(group.first);
+    const Subject bare = BareWith(group.first);
+    for (int round = 0; round < group.second; ++round) {
+      if (!TakeFigures(ours, figures, results, &Results::ours)) return 1;
+      if (!TakeFigures(bare, figures, results, &Results::bare)) return 1;
     }
   }
-  std::printf("medians of %d rounds in turns\n", kRounds);
-  Print("start with 1000 notes", Median(ours[1].start), Median(bare[1].start), 1000, "ms", 1.3);
-  Print("do ping, 10 notes", Median(ours[0].ping), Median(bare[0].ping), 1e6, "us", 1.2);
-  Print("do ping, 1000 notes", Median(ours[1].ping), Median(bare[1].ping), 1e6, "us", 1.2);
-  const auto perNote = [&sizes](const Figures(&figures)[2]) {
-    return (Median(figures[1].memory) - Median(figures[0].memory)) / (sizes[1] - sizes[0]);
-  };
-  Print("memory per visible note", perNote(ours), perNote(bare), 1.0 / 1024, "KB", 1.2);
+  std::printf("medians of rounds in turns\n");
+  for (const Figure& figure : kFigures) {
+    if (results.contains(&figure)) Print(figure, results[&figure]);
+  }
+  PrintMemoryPerNote(results);
   return 0;
 }
 
@@ -300,7 +236,12 @@ int main() {
   int count = 0;
   wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
   if (count == 4 && wcscmp(arguments[1], L"--bare") == 0) {
-    return RunBare(_wtoi(arguments[2]), Text(FromWide(arguments[3])));
+    return RunBareProgram(_wtoi(arguments[2]), Text(FromWide(arguments[3])));
   }
-  return RunBench();
+  std::vector<std::string> wanted;
+  for (int i = 1; i < count; ++i) {
+    std::string& name = wanted.emplace_back();
+    for (const wchar_t* c = arguments[i]; *c != 0; ++c) name.push_back(static_cast<char>(*c));
+  }
+  return RunBench(wanted);
 }

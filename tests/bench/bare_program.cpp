@@ -1,0 +1,109 @@
+#include "bare_program.h"
+
+#include <richedit.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "base/win/disk_files.h"
+#include "base/win/wide.h"
+#include "ui/screen.h"
+
+namespace jotlets {
+namespace {
+
+std::vector<HWND> notes;
+bool hidden = false;
+POINT grabbed{};  // where in the note it is held
+
+DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got) {
+  auto& rest = *reinterpret_cast<std::string_view*>(cookie);
+  const auto count = std::min<std::size_t>(rest.size(), static_cast<std::size_t>(wanted));
+  std::copy_n(rest.data(), count, reinterpret_cast<char*>(buffer));
+  rest.remove_prefix(count);
+  *got = static_cast<LONG>(count);
+  return 0;
+}
+
+void ShowOrHide() {
+  hidden = !hidden;
+  // The topmost first, so that none is painted that another will cover.
+  for (auto note = notes.rbegin(); note != notes.rend(); ++note)
+    ShowWindow(*note, hidden ? SW_HIDE : SW_SHOWNOACTIVATE);
+}
+
+LRESULT CALLBACK EchoProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == kBareShowOrHide) ShowOrHide();
+  if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
+  COPYDATASTRUCT answer = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+  SendMessageW(reinterpret_cast<HWND>(wParam), WM_COPYDATA, reinterpret_cast<WPARAM>(window),
+               reinterpret_cast<LPARAM>(&answer));
+  return TRUE;
+}
+
+LRESULT CALLBACK NoteProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+      grabbed = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+      SetCapture(window);
+      return 0;
+    case WM_MOUSEMOVE:
+      if (GetCapture() == window) {
+        POINT at{};
+        GetCursorPos(&at);
+        SetWindowPos(window, nullptr, at.x - grabbed.x, at.y - grabbed.y, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+      }
+      return 0;
+    case WM_LBUTTONUP: ReleaseCapture(); return 0;
+    default: return DefWindowProcW(window, message, wParam, lParam);
+  }
+}
+
+void RegisterBareClass(const wchar_t* name, WNDPROC procedure) {
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = name;
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+  RegisterClassW(&windowClass);
+}
+
+void CreateBareNote(int number, const Text& folder) {
+  const HWND note = CreateWindowExW(WS_EX_LAYERED | WS_EX_TOOLWINDOW, kBareClass, Wide(BenchNoteId(number)),
+                                    WS_POPUP | WS_CLIPCHILDREN, (number % 40) * 25, (number / 40) * 25, 232,
+                                    160, nullptr, nullptr, nullptr, nullptr);
+  SetLayeredWindowAttributes(note, 0, 255, LWA_ALPHA);
+  const HWND edit = CreateWindowExW(0, MSFTEDIT_CLASS, L"",
+                                    WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 6, 24,
+                                    220, 130, note, nullptr, nullptr, nullptr);
+  const FileContent content = DiskFiles().Read(folder + u"rtf\\" + BenchNoteId(number) + u".rtf");
+  std::string_view rest = content.bytes;
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, ReadBytes};
+  SendMessageW(edit, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+  ShowWindow(note, SW_SHOWNOACTIVATE);
+  notes.push_back(note);
+}
+
+}  // namespace
+
+Text BenchNoteId(int number) { return u"BENCH" + IntText(number); }
+
+int RunBareProgram(int count, const Text& folder) {
+  EnableDpiAwareness();
+  LoadLibraryW(L"msftedit.dll");
+  RegisterBareClass(kBareClass, NoteProcedure);
+  RegisterBareClass(kEchoClass, EchoProcedure);
+  for (int i = 0; i < count; ++i) CreateBareNote(i, folder);
+  CreateWindowExW(0, kEchoClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return 0;
+}
+
+}  // namespace jotlets

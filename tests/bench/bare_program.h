@@ -1,0 +1,21 @@
+// The bare program that figures are compared with: the windows that notes need and nothing behind them.
+#pragma once
+
+#include <windows.h>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+inline constexpr wchar_t kBareClass[] = L"BareNote";
+inline constexpr wchar_t kEchoClass[] = L"BareEcho";
+/// To the window that echoes: shows all notes, or hides them when they are shown.
+inline constexpr UINT kBareShowOrHide = WM_APP;
+
+Text BenchNoteId(int number);
+
+/// Runs until it is ended: so many layered pop-ups that can be dragged, each with a rich edit child whose
+/// content is read from the data folder, and a window that echoes copy-data.
+int RunBareProgram(int notes, const Text& folder);
+
+}  // namespace jotlets
