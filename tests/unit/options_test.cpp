@@ -5,7 +5,9 @@
 #include <array>
 #include <fstream>
 #include <iterator>
+#include <limits>
 
+#include "app/options_keeper.h"
 #include "data/loading.h"
 #include "data/saving.h"
 #include "data/text_file.h"
@@ -258,6 +260,27 @@ TEST(OptionsFile, IsKeptBesideWhenItIsDamagedAndIsToBeReplaced) {
   EXPECT_TRUE(files.Keeps(foreign) && files.Paths().size() == 3);
   files.unreadable.insert(u"o");
   EXPECT_FALSE(mayReplace());
+}
+
+TEST(OptionsKeeper, WritesOnlyWhatHasChangedAndNeverOverAFileItCouldNotRead) {
+  FakeFiles files;
+  FakeLog log;
+  FakeClock clock;
+  OptionsKeeper keeper(files, Latin1(), clock, log);
+  keeper.Load(u"d\\");
+  keeper.SaveIfDirty();
+  EXPECT_TRUE(files.Paths().empty());
+  keeper.Current().debug = 3;
+  keeper.SetDirty();
+  keeper.SaveIfDirty();
+  EXPECT_EQ(files.Get(u"d\\options.ini"), EncodeTextFile(ComposeOptions(keeper.Current())));
+  files.unreadable.insert(u"d\\options.ini");
+  const std::string there = files.Get(u"d\\options.ini");
+  keeper.Load(u"d\\");
+  keeper.Current().debug = 1;
+  keeper.Save();
+  EXPECT_EQ(files.Get(u"d\\options.ini"), there);
+  EXPECT_EQ(keeper.Current().keepDeleted, std::numeric_limits<std::int32_t>::max());
 }
 
 }  // namespace

@@ -1,19 +1,10 @@
 #include "app/win/main_frame.h"
 
-#include <limits>
-
 #include "app/note_message.h"
 #include "app/win/data_location.h"
 #include "app/win/hot_keys.h"
-#include "app/win/main_menus.h"
-#include "app/win/orphan_dialog.h"
-#include "app/win/registry_policy.h"
-#include "app/win/system_choosers.h"
-#include "app/win/system_facts.h"
 #include "app/win/user_messages.h"
-#include "base/win/wide.h"
 #include "data/data_folder.h"
-#include "data/saving.h"
 #include "note/shortcuts.h"
 #include "res/resource.h"
 #include "ui/screen.h"
@@ -21,29 +12,9 @@
 namespace jotlets {
 namespace {
 
-enum Timer : UINT_PTR {
-  kSaveTimer = 1224,
-  kFlashTimer = 1225,
-  kMinuteTimer = 1226,
-  kSecondTimer = 1227,
-  kAnimationTimer = 1228,
-  kOptionsTimer = 1229,
-  kBackupTimer = 1230,  // only while a backup is under way
-};
-
 constexpr UINT kSaveDelay = 10000;
-constexpr UINT kFlashPeriod = 500;
-constexpr UINT kMinutePeriod = 60000;
-constexpr UINT kSecondPeriod = 1000;
-constexpr UINT kAnimationPeriod = 17;
-constexpr int kSafetyCopyMinutes = 60;
 constexpr UINT kBackupPeriod = 20;
-
-enum PrivateMessage : UINT {
-  kTrayMessage = WM_APP + 1,
-  kPurgeMessage,
-  kCheckContentMessage,
-};
+constexpr int kSafetyCopyMinutes = 60;
 
 }  // namespace
 
@@ -53,150 +24,27 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       rescue_(rescue),
       accelerators_(resources.Accelerators(IDA_MAIN)),
       log_(files_, clock_),
+      options_(files_, ansi_, clock_, log_),
       skins_(resources, files_, ansi_, log_),
-      desktop_(*this, files_, clock_, log_, options_, skins_),
-      saver_(files_, clock_, log_, options_, lists_, desktop_),
-      maker_(files_, clock_, log_, options_, lists_, desktop_),
+      desktop_(*this, files_, clock_, log_, options_.Current(), skins_),
+      saver_(files_, clock_, log_, options_.Current(), lists_, desktop_),
+      maker_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
-      backups_(*this, resources, files_, ansi_, clock_, log_, options_, tray_),
+      backups_(*this, resources, files_, ansi_, clock_, log_, options_.Current(), tray_),
+      programCommands_(*this, resources, files_, ansi_, options_, tray_, backups_),
       actions_(*this, resources) {}
 
 CMainFrame::~CMainFrame() = default;
-
-bool CMainFrame::Start() {
-  taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
-  if (!RegisterWindowClass(kMainWindowClass) || !Create(kMainWindowClass, WideLiteral(kVersionText), {}, {}))
-    return false;
-  // The shell is less privileged than a program started as administrator; its broadcast must still come
-  // through.
-  ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
-  if (OnCreate()) return true;
-  exiting_ = true;
-  Destroy();
-  return false;
-}
-
-bool CMainFrame::OnCreate() {
-  for (const wchar_t* name :
-       {kJotletClass, L"BraskJotletStack", kNoteShadowClass, L"BraskJotletStackShadow"}) {
-    if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS))
-      Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
-  }
-  tray_.Add(Handle(), kTrayMessage);
-  commands_.SetWindow(Handle());
-  policy_ = ReadPolicy(RegistryPolicy(), log_);
-  if (!FindDataFolder()) return false;
-  skins_.Open(folder_);
-  if (!RestoreUnderWay(files_, ansi_, folder_).empty()) {
-    OpenBackups();
-    backups_.FinishInterruptedRestore();
-  }
-  if (exiting_) return false;
-  bool firstRun = !files_.Exists(folder_ + Text(kDataFileName));
-  if (firstRun) {
-    OpenBackups();
-    firstRun = !backups_.OfferAtFirstRun();
-  }
-  if (exiting_) return false;
-  LoadOptions();
-  skins_.SetDefault(EffectiveOptions().skin);
-  if (firstRun) ProvideFirstRun();
-  log_.Open(folder_ + Text(kActivityLogName), options_.debug);
-  backups_.Open(folder_);
-  if (!firstRun && !LoadJotlets()) return false;
-  SaveOptions();
-  RegisterHotKeys(Handle(), options_, log_);
-  CheckBackup();
-  SetTimer(Handle(), kMinuteTimer, kMinutePeriod, nullptr);
-  SetTimer(Handle(), kSecondTimer, kSecondPeriod, nullptr);
-  SetTimer(Handle(), kAnimationTimer, kAnimationPeriod, nullptr);
-  SetDirty();
-  Log(kLogLifecycle, u"Started Jotlets: '", kVersionText, u"'");
-  ready_ = true;
-  // The check may ask the user; it waits until the program is up.
-  PostMessageW(Handle(), kCheckContentMessage, 0, 0);
-  return true;
-}
-
-bool CMainFrame::FindDataFolder() {
-  folder_ = jotlets::FindDataFolder(GatherDataFolderFacts(), files_);
-  const FileStatus made = MakeDataFolders(files_, folder_);
-  if (!made) {
-    Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
-    return false;
-  }
-  desktop_.SetFolder(folder_);
-  maker_.SetFolder(folder_);
-  return true;
-}
-
-// The templates of new notes and a note that says hello.
-void CMainFrame::ProvideFirstRun() {
-  maker_.ProvideTemplates(resources_.Bytes(IDR_DEFAULT_RTF));
-  installId_ = NewJotletId();
-  saver_.SetFolder(folder_, installId_);
-  NewJotlet welcome;
-  welcome.reason = u"welcome";
-  welcome.title = resources_.String(IDS_WELCOME_TITLE);
-  welcome.text = resources_.String(IDS_WELCOME_TEXT);
-  CreateJotlet(welcome);
-}
-
-bool CMainFrame::LoadJotlets() {
-  LoadedData loaded = jotlets::LoadJotlets(
-      {files_, ansi_, options_, [this] { return NewJotletId(); }, clock_.Now(), log_}, folder_);
-  if (loaded.file.version > kDataFileVersion) {
-    Tell(Handle(), resources_, IDS_NEWER_VERSION, folder_ + Text(kDataFileName));
-    instance_.Release();
-    return false;
-  }
-  TakeLoaded(std::move(loaded));
-  return true;
-}
-
-void CMainFrame::TakeLoaded(LoadedData loaded) {
-  installId_ = loaded.file.installId.empty() ? NewJotletId() : loaded.file.installId;
-  saver_.SetFolder(folder_, installId_);
-  if (loaded.MustNotBeReplaced()) saver_.KeepUnreadFile();
-  const FileStatus friends = MoveFriends(files_, folder_, loaded.file.friendLines);
-  if (!friends) Log(kLogLifecycle, u"Unable to write the friends file: ", friends.reason);
-  const bool damaged = loaded.damaged;
-  if (damaged) {
-    tray_.Balloon(kVersionText, DescribeDamage(resources_, loaded));
-    SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
-  }
-  for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
-  // At once: until then every start would find the same damage and keep one more copy of it.
-  if (damaged) SaveJotlets();
-  if (rescue_) desktop_.Rescue(VirtualScreen());
-  tray_.ShowHidden(options_.hidden == 1);
-  if (options_.hidden != 1) desktop_.ShowAll();
-}
-
-void CMainFrame::CheckContent() {
-  std::vector<Orphan> orphans = CheckContentFiles(files_, folder_, lists_.ByKind(desktop_.Records()), log_);
-  if (orphans.empty()) return;
-  BOrphanDlg dialog(std::move(orphans));
-  if (dialog.Show(resources_, IDD_ORPHANS, Handle()) != IDOK || exiting_) return;
-  for (const Orphan& orphan : dialog.Chosen()) {
-    NewJotlet adopted;
-    adopted.reason = u"adopting";
-    adopted.id = maker_.AdoptableId(orphan);
-    adopted.isImage = orphan.isImage;
-    // Meanwhile a command may have made a note of this name.
-    if (!adopted.id.empty() && FindJotlet(adopted.id) == nullptr) CreateJotlet(adopted);
-  }
-}
 
 LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COPYDATA:
       return OnCopyData(reinterpret_cast<HWND>(wParam), reinterpret_cast<const COPYDATASTRUCT*>(lParam));
     case WM_TIMER: OnTimer(wParam); return 0;
-    case WM_HOTKEY: OnHotKey(static_cast<int>(wParam)); return 0;
+    case WM_HOTKEY: programCommands_.OnHotKey(static_cast<int>(wParam)); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
-    case kTrayMessage: OnTray(lParam); return 0;
+    case kTrayMessage: programCommands_.OnTray(static_cast<UINT>(lParam)); return 0;
     case kPurgeMessage: desktop_.Purge(); return 0;
     case kCheckContentMessage: CheckContent(); return 0;
     case WM_DISPLAYCHANGE:
@@ -227,7 +75,7 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       break;
     case kOptionsTimer:
       KillTimer(Handle(), kOptionsTimer);
-      SaveOptions();
+      options_.Save();
       break;
     case kMinuteTimer: OnMinute(); break;
     case kSecondTimer:
@@ -257,7 +105,7 @@ void CMainFrame::SetDirty() {
 }
 
 void CMainFrame::SetOptionsDirty() {
-  optionsDirty_ = true;
+  options_.SetDirty();
   SetTimer(Handle(), kOptionsTimer, kSaveDelay, nullptr);
 }
 
@@ -283,26 +131,6 @@ void CMainFrame::SaveIfDirty() {
   Tell(Handle(), resources_, IDS_SAVE_FAILED, saver_.MainPath());
 }
 
-void CMainFrame::LoadOptions() {
-  const Text path = folder_ + Text(kOptionsFileName);
-  optionsUnread_ = !LoadOptionsToReplace(files_, ansi_, log_, clock_.Now().local, path, options_);
-  // How many closed notes to keep is then not known: none is dropped.
-  if (optionsUnread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();
-}
-
-void CMainFrame::SaveOptions() {
-  optionsDirty_ = false;
-  if (optionsUnread_) return;
-  const Text path = folder_ + Text(kOptionsFileName);
-  Log(kLogDetail, u"SaveOptions started for '", path, u"'");
-  const FileStatus saved = SaveOptionsFile(files_, path, options_);
-  if (saved) {
-    Log(kLogDetail, u"SaveOptions completed OK");
-  } else {
-    Log(kLogLifecycle, u"SaveOptions failed: ", saved.reason);
-  }
-}
-
 Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
   BJotlet* jotlet = maker_.Make(fresh);
   if (jotlet == nullptr) return {};
@@ -319,7 +147,8 @@ bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
   std::optional<JotletData> record = desktop_.Remove(id);
   if (!record) return false;
   const Text closedId = record->id;
-  const std::vector<JotletData> dropped = lists_.AddClosed(std::move(*record), now, options_.keepDeleted);
+  const std::vector<JotletData> dropped =
+      lists_.AddClosed(std::move(*record), now, CurrentOptions().keepDeleted);
   for (const JotletData& gone : dropped) saver_.RemoveContentLater(gone);
   SetDirty();
   NotifyListeners(Text(u"501 closed desktop jotlet ").append(reason), closedId);
@@ -362,20 +191,10 @@ void CMainFrame::OpenSkinFile(TextView path) {
 
 void CMainFrame::UseDefaultSkin(const Text& name) {
   Log(kLogDetail, u"Setting skin:", name);
-  options_.skin = name;
+  options_.Current().skin = name;
   skins_.SetDefault(name);
   desktop_.RefreshSkins();
   SetOptionsDirty();
-}
-
-void CMainFrame::ImportFile(TextView path) {
-  Text reason;
-  const std::optional<NewJotlet> fresh = NoteFromFile(files_, ansi_, path, reason);
-  if (fresh) {
-    CreateJotlet(*fresh);
-  } else {
-    Tell(Handle(), resources_, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
-  }
 }
 
 void CMainFrame::OnAnimationClosed(const Text& id, bool deletes) {
@@ -398,7 +217,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   ready_ = false;
   UnregisterHotKeys(Handle());
   backups_.Abandon();
-  if (optionsDirty_) SaveOptions();
+  options_.SaveIfDirty();
   if (!SaveJotlets() && !silent) Tell(Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
   SaveJotlets(folder_ + Text(kExitCopyName));
   notesGone_ = true;
@@ -412,58 +231,6 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
 
 void CMainFrame::OnEndSession(bool ending) {
   if (ending) ExitJotlets(u"end of session", true);
-}
-
-void CMainFrame::OnHotKey(int id) {
-  // The first four and the last of the six; the fifth opens the manage window.
-  constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE,
-                                ID_RESCUE};
-  const int index = id - kFirstHotKey;
-  if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
-  if (kCommands[index] == 0) {
-    desktop_.BringForward();
-  } else {
-    OnCommand(kCommands[index]);
-  }
-}
-
-void CMainFrame::OnCommand(UINT command) {
-  if (exiting_ || !ready_) return;
-  switch (command) {
-    case ID_NEW_JOTLET:
-    case ID_NEW_FROM_CLIPBOARD: {
-      NewJotlet fresh;
-      fresh.reason = command == ID_NEW_JOTLET ? u"user" : u"clipboard";
-      fresh.isImage = command == ID_NEW_JOTLET && options_.defaultImage;
-      fresh.fromClipboard = command == ID_NEW_FROM_CLIPBOARD;
-      BJotlet* jotlet = FindJotlet(CreateJotlet(fresh));
-      if (jotlet != nullptr) jotlet->TakeFocus();
-      break;
-    }
-    case ID_IMPORT:
-      if (const Text path = ChooseFileToOpen(Handle(), resources_.String(IDS_FILTER_IMPORT)); !path.empty())
-        ImportFile(path);
-      break;
-    case ID_RESCUE: RescueOffScreen(); break;
-    case ID_MOVE_DATA: MoveDataLocation(); break;
-    case ID_BACKUP: backups_.TakeManualBackup(); break;
-    case ID_RESTORE: backups_.ChooseRestore(); break;
-    case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
-    case ID_EXIT_JOTLETS: ExitJotlets(u"user"); break;
-    default: break;
-  }
-}
-
-void CMainFrame::OnTray(LPARAM message) {
-  if (message == WM_RBUTTONUP) return ShowTrayMenu();
-  if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
-  if (KillTimer(Handle(), kFlashTimer)) tray_.StopFlashing();
-  const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
-  if (creates) {
-    OnCommand(ID_NEW_JOTLET);
-  } else if (message == WM_LBUTTONUP) {
-    desktop_.BringForward();
-  }
 }
 
 void CMainFrame::OnCloseWanted(const Text& id) {
@@ -483,10 +250,6 @@ Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNIN
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
-void CMainFrame::ShowTrayMenu() {
-  ShowPopupMenu(Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
-}
-
 bool CMainFrame::TranslateKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   const auto held = [](int key) { return GetKeyState(key) < 0; };
@@ -498,19 +261,25 @@ bool CMainFrame::TranslateKey(const MSG& message) {
   return jotlet->DoAction(action, {});
 }
 
-void CMainFrame::ShowOrHideAll() {
-  options_.hidden = options_.hidden == 1 ? 0 : 1;
-  if (options_.hidden == 1) {
-    desktop_.HideAll();
-  } else {
-    desktop_.UnhideAll();
-  }
-  tray_.ShowHidden(options_.hidden == 1);
-  SetOptionsDirty();
+void CMainFrame::OnCommand(UINT command) {
+  if (ready_ && !exiting_) programCommands_.Do(command);
+}
+
+void CMainFrame::StopFlashing() {
+  if (KillTimer(Handle(), kFlashTimer)) tray_.StopFlashing();
 }
 
 void CMainFrame::RescueOffScreen() {
   if (desktop_.Rescue(VirtualScreen())) SetDirty();
+}
+
+FileStatus CMainFrame::MoveDataTo(TextView folder) {
+  // Everything that is in memory goes along.
+  options_.Save();
+  FileStatus moved =
+      SaveJotlets() ? MoveData(files_, log_, folder_, folder) : FileStatus::Failed(saver_.MainPath());
+  if (moved) Restart();
+  return moved;
 }
 
 void CMainFrame::CheckBackup() {
@@ -518,7 +287,7 @@ void CMainFrame::CheckBackup() {
 }
 
 bool CMainFrame::SaveForBackup() {
-  if (optionsDirty_) SaveOptions();
+  options_.SaveIfDirty();
   const bool saved = saver_.SaveIfDirty();
   if (!saved) SetDirty();
   return saved;
@@ -531,26 +300,6 @@ void CMainFrame::HoldStill(bool still) {
   desktop_.Enable(!still);
   // What was not saved before is tried again.
   if (!still) SetDirty();
-}
-
-// For a start that needs the backups before it may load: the options may name another place for them.
-void CMainFrame::OpenBackups() {
-  LoadOptionsFile(files_, ansi_, folder_ + Text(kOptionsFileName), options_);
-  backups_.Open(folder_);
-}
-
-void CMainFrame::MoveDataLocation() {
-  const Text folder = ChooseDataFolder(Handle(), resources_, IDS_MOVE_CHOOSE, folder_);
-  if (folder.empty() || exiting_) return;
-  // Everything that is in memory goes along.
-  SaveOptions();
-  const FileStatus moved =
-      SaveJotlets() ? MoveData(files_, log_, folder_, folder) : FileStatus::Failed(saver_.MainPath());
-  if (!moved) {
-    Tell(Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
-    return;
-  }
-  Restart();
 }
 
 // The data has been replaced or moved: a new start of the program loads it.

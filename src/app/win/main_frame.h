@@ -5,12 +5,14 @@
 
 #include "app/activity_log.h"
 #include "app/note_saver.h"
+#include "app/options_keeper.h"
 #include "app/win/backup_commands.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
 #include "app/win/file_exchange.h"
 #include "app/win/jotlet_actions.h"
 #include "app/win/jotlet_maker.h"
+#include "app/win/program_commands.h"
 #include "app/win/program_instance.h"
 #include "app/win/system_tray.h"
 #include "base/win/ansi_code_page.h"
@@ -71,12 +73,18 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
 
   /// Closes a note for the user, who is told when that is not possible.
   void OnCloseWanted(const Text& id) override;
-  /// Carries out a command of the tray menu.
+  /// Carries out a command of the tray menu, unless the program is coming up or going down.
   void OnCommand(UINT command);
+  /// The user has seen why the tray icon flashes.
+  void StopFlashing();
+  /// Brings all notes back on to the screen.
+  void RescueOffScreen();
+  /// Saves everything, moves the data folder to another place and starts anew from there.
+  FileStatus MoveDataTo(TextView folder);
   /// Compares the content files with the notes; the user may adopt what belongs to none.
   void CheckContent();
   /// Makes a note of a file; the user is told when that fails.
-  void ImportFile(TextView path);
+  void ImportFile(TextView path) { programCommands_.ImportFile(path); }
   FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
     return WriteNoteCopy(files_, jotlet, folder_, path);
   }
@@ -91,15 +99,32 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   ProgramSkins& Skins() { return skins_; }
   const JotletLists& Lists() const { return lists_; }
   /// The user's options.
-  const Options& CurrentOptions() const { return options_; }
+  const Options& CurrentOptions() const { return options_.Current(); }
   /// The options that hold, the administrator's policy counted in.
-  Options EffectiveOptions() const { return WithPolicy(options_, policy_); }
+  Options EffectiveOptions() const { return WithPolicy(CurrentOptions(), policy_); }
   bool IsSkinFixedByPolicy() const { return policy_.skinFile.has_value(); }
   const Text& DataFolder() const { return folder_; }
   const Text& InstallId() const { return installId_; }
+  /// The shutdown has begun, or the data is being replaced.
+  bool IsExiting() const { return exiting_; }
   HACCEL Accelerators() const { return accelerators_.get(); }
 
  private:
+  enum Timer : UINT_PTR {
+    kSaveTimer = 1224,
+    kFlashTimer = 1225,
+    kMinuteTimer = 1226,
+    kSecondTimer = 1227,
+    kAnimationTimer = 1228,
+    kOptionsTimer = 1229,
+    kBackupTimer = 1230,  // only while a backup is under way
+  };
+  enum PrivateMessage : UINT {
+    kTrayMessage = WM_APP + 1,
+    kPurgeMessage,
+    kCheckContentMessage,
+  };
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool OnCreate();
   bool FindDataFolder();
@@ -110,8 +135,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
   void OnTimer(UINT_PTR id);
   void OnMinute();
-  void OnHotKey(int id);
-  void OnTray(LPARAM message);
   void OnEndSession(bool ending);
 
   Text StackName(std::int32_t number) const override;
@@ -129,15 +152,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void HoldStill(bool still) override;
   void RestartAfterRestore() override { Restart(); }
 
-  void ShowTrayMenu();
-  void ShowOrHideAll();
-  void RescueOffScreen();
   void CheckBackup();
   void OpenBackups();
-  void MoveDataLocation();
   void Restart();
-  void LoadOptions();
-  void SaveOptions();
 
   const Resources& resources_;
   ProgramInstance& instance_;
@@ -147,7 +164,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   SystemClock clock_;
   AnsiCodePage ansi_;
   ActivityLog log_;
-  Options options_;
+  OptionsKeeper options_;
   Policy policy_;
   JotletLists lists_;
   ProgramSkins skins_;
@@ -157,6 +174,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   CommandEndpoint commands_;
   CSystemTray tray_;
   BackupCommands backups_;
+  ProgramCommands programCommands_;
   JotletActions actions_;
   Text folder_;
   Text installId_;
@@ -166,8 +184,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool ready_ = false;      // the notes are loaded
   bool exiting_ = false;    // the shutdown has begun
   bool notesGone_ = false;  // the notes have been saved for the last time and closed
-  bool optionsDirty_ = false;
-  bool optionsUnread_ = false;  // the options file is there but could not be read: it is left alone
   bool saveFailureTold_ = false;
 };
 

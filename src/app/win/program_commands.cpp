@@ -1,0 +1,97 @@
+#include "app/win/program_commands.h"
+
+#include "app/win/data_location.h"
+#include "app/win/file_exchange.h"
+#include "app/win/hot_keys.h"
+#include "app/win/main_frame.h"
+#include "app/win/main_menus.h"
+#include "app/win/system_choosers.h"
+#include "app/win/user_messages.h"
+#include "res/resource.h"
+
+namespace jotlets {
+
+void ProgramCommands::Do(UINT command) {
+  switch (command) {
+    case ID_NEW_JOTLET: NewNote(false); break;
+    case ID_NEW_FROM_CLIPBOARD: NewNote(true); break;
+    case ID_IMPORT: ChooseImport(); break;
+    case ID_RESCUE: frame_.RescueOffScreen(); break;
+    case ID_MOVE_DATA: MoveDataLocation(); break;
+    case ID_BACKUP: backups_.TakeManualBackup(); break;
+    case ID_RESTORE: backups_.ChooseRestore(); break;
+    case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
+    case ID_EXIT_JOTLETS: frame_.ExitJotlets(u"user"); break;
+    default: break;
+  }
+}
+
+void ProgramCommands::OnHotKey(int id) {
+  // The first four and the last of the six; the fifth opens the manage window.
+  constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE,
+                                ID_RESCUE};
+  const int index = id - kFirstHotKey;
+  if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
+  if (kCommands[index] == 0) {
+    frame_.Desktop().BringForward();
+  } else {
+    frame_.OnCommand(kCommands[index]);
+  }
+}
+
+void ProgramCommands::OnTray(UINT message) {
+  if (message == WM_RBUTTONUP)
+    return ShowPopupMenu(frame_.Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
+  if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
+  frame_.StopFlashing();
+  const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
+  if (creates) {
+    frame_.OnCommand(ID_NEW_JOTLET);
+  } else if (message == WM_LBUTTONUP) {
+    frame_.Desktop().BringForward();
+  }
+}
+
+void ProgramCommands::NewNote(bool fromClipboard) {
+  NewJotlet fresh;
+  fresh.reason = fromClipboard ? u"clipboard" : u"user";
+  fresh.isImage = !fromClipboard && options_.defaultImage;
+  fresh.fromClipboard = fromClipboard;
+  BJotlet* jotlet = frame_.FindJotlet(frame_.CreateJotlet(fresh));
+  if (jotlet != nullptr) jotlet->TakeFocus();
+}
+
+void ProgramCommands::ChooseImport() {
+  const Text path = ChooseFileToOpen(frame_.Handle(), resources_.String(IDS_FILTER_IMPORT));
+  if (!path.empty()) ImportFile(path);
+}
+
+void ProgramCommands::ImportFile(TextView path) {
+  Text reason;
+  const std::optional<NewJotlet> fresh = NoteFromFile(files_, ansi_, path, reason);
+  if (fresh) {
+    frame_.CreateJotlet(*fresh);
+  } else {
+    Tell(frame_.Handle(), resources_, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
+  }
+}
+
+void ProgramCommands::ShowOrHideAll() {
+  options_.hidden = options_.hidden == 1 ? 0 : 1;
+  if (options_.hidden == 1) {
+    frame_.Desktop().HideAll();
+  } else {
+    frame_.Desktop().UnhideAll();
+  }
+  tray_.ShowHidden(options_.hidden == 1);
+  frame_.SetOptionsDirty();
+}
+
+void ProgramCommands::MoveDataLocation() {
+  const Text folder = ChooseDataFolder(frame_.Handle(), resources_, IDS_MOVE_CHOOSE, frame_.DataFolder());
+  if (folder.empty() || frame_.IsExiting()) return;
+  const FileStatus moved = frame_.MoveDataTo(folder);
+  if (!moved) Tell(frame_.Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
+}
+
+}  // namespace jotlets

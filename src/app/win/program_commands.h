@@ -1,0 +1,51 @@
+// The commands of the program as a whole: those of the tray icon, its menu and the hot keys.
+#pragma once
+
+#include <windows.h>
+
+#include "app/options_keeper.h"
+#include "app/win/backup_commands.h"
+#include "app/win/system_tray.h"
+
+namespace jotlets {
+
+class CMainFrame;
+
+class ProgramCommands {
+ public:
+  ProgramCommands(CMainFrame& frame, const Resources& resources, Files& files, const CodePage& ansi,
+                  OptionsKeeper& options, CSystemTray& tray, BackupCommands& backups)
+      : frame_(frame),
+        resources_(resources),
+        files_(files),
+        ansi_(ansi),
+        options_(options.Current()),
+        tray_(tray),
+        backups_(backups) {}
+
+  /// Carries out a command of the tray menu.
+  void Do(UINT command);
+  /// Serves a hot key of the program (see `hot_keys.h`).
+  void OnHotKey(int id);
+  /// Serves a mouse message of the tray icon.
+  void OnTray(UINT message);
+
+  /// Makes a note of a file; the user is told when that fails.
+  void ImportFile(TextView path);
+
+ private:
+  void NewNote(bool fromClipboard);
+  void ChooseImport();
+  void ShowOrHideAll();
+  void MoveDataLocation();
+
+  CMainFrame& frame_;
+  const Resources& resources_;
+  Files& files_;
+  const CodePage& ansi_;
+  Options& options_;
+  CSystemTray& tray_;
+  BackupCommands& backups_;
+};
+
+}  // namespace jotlets
