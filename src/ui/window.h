@@ -60,6 +60,13 @@ inline Rect FromRECT(const RECT& r) {
           static_cast<std::int32_t>(r.right), static_cast<std::int32_t>(r.bottom)};
 }
 
+/// Where the mouse is on the screen now.
+inline Point MousePosition() {
+  POINT at{};
+  GetCursorPos(&at);
+  return {static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
+}
+
 /// The point packed in a mouse message's lParam.
 inline Point PointOf(LPARAM lParam) {
   return {static_cast<std::int16_t>(LOWORD(lParam)), static_cast<std::int16_t>(HIWORD(lParam))};

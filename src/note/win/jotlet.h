@@ -107,6 +107,7 @@ class BJotlet final : public Window, private EditWatcher {
   void TakeFocus();
 
  private:
+  static constexpr UINT_PTR kFadeTimer = 1226;
   struct ActionRow;
   static const ActionRow kActions[];
   enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };

@@ -6,11 +6,6 @@
 #include "note/win/jotlet.h"
 
 namespace jotlets {
-namespace {
-
-constexpr UINT_PTR kFadeTimer = 1226;
-
-}  // namespace
 
 void BJotlet::SetRolled(bool rolled) {
   if (record_.rolled == rolled) return;

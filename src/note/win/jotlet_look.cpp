@@ -1,0 +1,186 @@
+// What a note looks like: its skin, what the skin is told to show, and how opaque it is.
+#include "note/opacity.h"
+#include "note/win/jotlet.h"
+#include "note/win/note_words.h"
+
+namespace jotlets {
+
+BEdit::Look BJotlet::EditLook() const {
+  return {PaperColour(skin_->data, record_.colour), record_.readOnly, !skin_->data.useScrollbar,
+          skin_->data.drawOnRtfBg};
+}
+
+// Everything that follows from the skin anew.
+void BJotlet::ApplySkin() {
+  // What the skin draws under the text must not be clipped away there.
+  const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_STYLE);
+  SetWindowLongPtrW(Handle(), GWL_STYLE,
+                    skin_->data.drawOnRtfBg ? style & ~WS_CLIPCHILDREN : style | WS_CLIPCHILDREN);
+  tooltip_.Forget();
+  ApplyOpacity();
+  if (edit_.Handle() != nullptr) {
+    const BEdit::Look look = EditLook();
+    const BEdit::Look& made = edit_.MadeWith();
+    if (made.scrollbar != look.scrollbar || made.seeThrough != look.seeThrough) edit_.Recreate(look);
+    edit_.SetBackground(look.background);
+  }
+  OnSize();
+}
+
+void BJotlet::SetSkin(TextView name) {
+  record_.skin = name;
+  RefreshSkin();
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::RefreshSkin() {
+  Record();
+  skin_ = owner_.SkinOf(record_.skin);
+  PlaceByRecord();
+  ApplySkin();
+}
+
+void BJotlet::SetColour(Colour colour) {
+  record_.colour = colour;
+  if (edit_.Handle() != nullptr) edit_.SetBackground(PaperColour(skin_->data, colour));
+  UpdateView();
+  owner_.OnJotletChanged();
+}
+
+LRESULT BJotlet::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC dc = BeginPaint(Handle(), &paint);
+  const NoteWords words(owner_, record_, shownTitle_, view_.window);
+  PictureInlay inlay;
+  if (picture_.IsLoaded()) inlay = {&picture_, TextArea(skin_->data, view_)};
+  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, inlay);
+  EndPaint(Handle(), &paint);
+  return 0;
+}
+
+void BJotlet::OnSize() {
+  UpdateView();
+  if (edit_.Handle() != nullptr) {
+    edit_.Show(!view_.rolled);
+    if (!view_.rolled) edit_.SetBounds(TextArea(skin_->data, view_));
+  }
+  UpdateView();
+  ApplyRegion();
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void BJotlet::ApplyRegion() {
+  const HRGN region = MakeSkinRegion(skin_->data, view_.window);
+  // The window takes the region over.
+  if (region != nullptr || hasRegion_) SetWindowRgn(Handle(), region, TRUE);
+  hasRegion_ = region != nullptr;
+}
+
+void BJotlet::ApplyOpacity() {
+  ApplyAlpha(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_
+                 ? 0
+                 : record_.transparency);
+}
+
+void BJotlet::ApplyAlpha(std::int32_t percent) {
+  const std::optional<Colour>& key = skin_->data.transparent;
+  SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0, AlphaOfOpacity(percent),
+                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
+  FollowWithShadow();
+}
+
+void BJotlet::FollowWithShadow() {
+  const bool wanted = owner_.NoteOptions().shadows;
+  if (!wanted && shadow_.Handle() == nullptr) return;
+  BYTE alpha = 255;
+  GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
+  shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), alpha);
+}
+
+void BJotlet::BeginFade() {
+  const Options& options = owner_.NoteOptions();
+  const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, options.dontFadeToTransparent);
+  if (loss == FocusLoss::kReturnsAtOnce) ApplyAlpha(record_.transparency);
+  if (loss != FocusLoss::kFades) return;
+  fadeStep_ = 0;
+  SetTimer(Handle(), kFadeTimer, kFadePeriod, nullptr);
+}
+
+void BJotlet::FadeStep() {
+  const auto opacity = FadeOpacity(++fadeStep_, record_.transparency);
+  if (opacity) {
+    ApplyAlpha(*opacity);
+  } else {
+    KillTimer(Handle(), kFadeTimer);
+  }
+}
+
+ScrollState BJotlet::Scrolled() const {
+  if (edit_.Handle() == nullptr) return {};
+  return {edit_.ScrollPosition().y, TextArea(skin_->data, view_).Height(), edit_.TextHeight()};
+}
+
+void BJotlet::OnEditScrolled() {
+  // Without a scroll bar of the skin's own, nothing that it shows follows the text.
+  if (skin_->data.useScrollbar && Handle() != nullptr) UpdateView();
+}
+
+SkinStates BJotlet::States() const {
+  SkinStates states;
+  states.Set(SkinState::kOnTop, record_.onTop);
+  states.Set(SkinState::kReadOnly, record_.readOnly);
+  states.Set(SkinState::kAlarm, record_.alarm > 0);
+  states.Set(SkinState::kAttached, record_.IsAttached());
+  states.Set(SkinState::kTransmit, !record_.lastSend.empty());
+  states.Set(SkinState::kInStack, record_.stack >= 0);
+  states.Set(SkinState::kSleeping, record_.sleeping);
+  states.Set(SkinState::kRecurring, record_.recurring);
+  states.Set(SkinState::kGhost, record_.ghost);
+  states.Set(SkinState::kTitle, !shownTitle_.empty());
+  states.Set(SkinState::kImage, record_.IsImage());
+  states.Set(SkinState::kStang, record_.stang);
+  states.Set(SkinState::kUser1, record_.user1);
+  states.Set(SkinState::kUser2, record_.user2);
+  states.Set(SkinState::kUser3, record_.user3);
+  return states;
+}
+
+void BJotlet::UpdateView() {
+  const SkinData& skin = skin_->data;
+  const SkinView before = view_;
+  view_.window = ClientSize();
+  view_.colour = record_.colour;
+  view_.rolled = IsShownRolled(record_, Rolling());
+  // A note that is selected with others looks like the one that has the focus.
+  view_.focus = hasFocus_ || selected_;
+  view_.mouseOver = mouseOver_;
+  view_.hotButton = hotButton_;
+  view_.states = States();
+  view_.thumb = {};
+  if (IsScrollbarRequired(skin, view_, Scrolled())) {
+    view_.states.Set(SkinState::kScrollbarRequired, true);
+    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, Scrolled());
+  }
+  if (view_ != before) Invalidate(before);
+}
+
+// What changes most often, the button under the mouse and the thumb, changes little of the window.
+void BJotlet::Invalidate(const SkinView& before) {
+  SkinView rest = before;
+  rest.hotButton = view_.hotButton;
+  rest.thumb = view_.thumb;
+  if (rest != view_) {
+    InvalidateRect(Handle(), nullptr, FALSE);
+    return;
+  }
+  for (const std::size_t button : {before.hotButton, view_.hotButton}) {
+    if (button >= skin_->data.elements.size()) continue;
+    const RECT area = ToRECT(ElementRect(skin_->data.elements[button], view_));
+    InvalidateRect(Handle(), &area, FALSE);
+  }
+  if (before.thumb == view_.thumb) return;
+  const RECT beside{TextArea(skin_->data, view_).right, 0, view_.window.width, view_.window.height};
+  InvalidateRect(Handle(), &beside, FALSE);
+}
+
+}  // namespace jotlets

@@ -1,0 +1,176 @@
+// The mouse on a note's frame: moving, sizing, buttons, the scroll bar and the tooltip.
+#include "note/placement.h"
+#include "note/win/jotlet.h"
+
+namespace jotlets {
+namespace {
+
+LPCWSTR CursorOf(FramePart part) {
+  const DraggedEdges edges = EdgesOf(part);
+  if (edges.horizontal == 0 && edges.vertical == 0) return IDC_ARROW;
+  if (edges.vertical == 0) return IDC_SIZEWE;
+  if (edges.horizontal == 0) return IDC_SIZENS;
+  return edges.horizontal == edges.vertical ? IDC_SIZENWSE : IDC_SIZENESW;
+}
+
+// As the keyboard is now: the state that a thread is told of lags behind while another window has the focus.
+bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
+
+}  // namespace
+
+FramePart BJotlet::PartAt(Point at) const {
+  return HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled);
+}
+
+LRESULT BJotlet::OnSetCursor() {
+  const Point mouse = MousePosition();
+  POINT at{mouse.x, mouse.y};
+  ScreenToClient(Handle(), &at);
+  const Point point{static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
+  const bool button = ButtonAt(skin_->data, view_, point) != kNoElement;
+  SetCursor(LoadCursorW(nullptr, button ? IDC_ARROW : CursorOf(PartAt(point))));
+  return TRUE;
+}
+
+void BJotlet::OnButtonDown(Point at) {
+  const bool ctrl = IsHeld(VK_CONTROL);
+  SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
+  pressedButton_ = ButtonAt(skin_->data, view_, at);
+  dragPart_ = PartAt(at);
+  dragStart_ = MousePosition();
+  dragBounds_ = Bounds();
+  if (pressedButton_ != kNoElement) {
+    drag_ = Drag::kButton;
+  } else if (BeginScrolling(at)) {
+    drag_ = Drag::kThumb;
+  } else if (dragPart_ == FramePart::kContent && !record_.IsImage()) {
+    return;
+  } else {
+    owner_.OnJotletPressed(*this, ctrl);
+    // A locked note can be frozen to its place.
+    if (record_.readOnly && owner_.NoteOptions().lockingFreezes) return;
+    drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
+    snapWindows_ = owner_.WindowsToSnapTo(*this);
+  }
+  SetCapture(Handle());
+}
+
+// On the title bar it rolls the note up; elsewhere it is a second press.
+void BJotlet::OnDoubleClick(Point at) {
+  const auto& titlebar = skin_->data.titlebar;
+  const bool onTitle = titlebar && ResolveCorners(*titlebar, {view_.window, {}}).Contains(at) &&
+                       ButtonAt(skin_->data, view_, at) == kNoElement;
+  if (!onTitle || !DoAction(kActionRoll, at)) OnButtonDown(at);
+}
+
+// A press on the track beside the thumb turns a page.
+bool BJotlet::BeginScrolling(Point at) {
+  if (!view_.states.Has(SkinState::kScrollbarRequired)) return false;
+  if (!ScrollTrack(skin_->data, view_.window).Contains(at)) return false;
+  if (at.y < view_.thumb.top) ScrollBy(-Scrolled().page);
+  if (at.y >= view_.thumb.bottom) ScrollBy(Scrolled().page);
+  dragBounds_ = view_.thumb;
+  return true;
+}
+
+void BJotlet::OnMouseMove(Point at) {
+  if (!trackingMouse_) {
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+    trackingMouse_ = TrackMouseEvent(&track) != 0;
+  }
+  mouseOver_ = true;
+  hotButton_ = ButtonAt(skin_->data, view_, at);
+  UpdateView();
+  OfferTooltip(at);
+  const Point mouse = MousePosition();
+  const Point offset{mouse.x - dragStart_.x, mouse.y - dragStart_.y};
+  switch (drag_) {
+    case Drag::kIdle:
+    case Drag::kButton: break;
+    case Drag::kThumb:
+      edit_.SetScrollPosition(
+          {edit_.ScrollPosition().x,
+           ScrollPositionAt(dragBounds_.top + offset.y, ScrollTrack(skin_->data, view_.window),
+                            skin_->data.minimumThumbTrackHeight, Scrolled())});
+      break;
+    case Drag::kMoving:
+    case Drag::kSizing: DragTo(offset); break;
+  }
+}
+
+void BJotlet::DragTo(Point offset) {
+  const bool alt = IsHeld(VK_MENU);
+  const SnapSettings snap = SnapSettingsFrom(owner_.NoteOptions());
+  const SnapTargets targets{snapWindows_, owner_.Screens().monitors.Rects()};
+  if (drag_ == Drag::kMoving) {
+    const Rect moved{dragBounds_.left + offset.x, dragBounds_.top + offset.y, dragBounds_.right + offset.x,
+                     dragBounds_.bottom + offset.y};
+    const Rect before = Bounds();
+    const Rect snapped = SnappedMove(moved, snap, alt, targets);
+    const Point by{snapped.left - before.left, snapped.top - before.top};
+    if (by == Point{}) return;
+    for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(by);
+    return;
+  }
+  Size least = SmallestSize();
+  // Its height is not the user's to change while it is rolled up.
+  if (view_.rolled) least.height = dragBounds_.Height();
+  const DraggedEdges edges = EdgesOf(dragPart_);
+  const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
+  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, least));
+}
+
+void BJotlet::MoveBy(Point offset) {
+  const Rect bounds = Bounds();
+  Place({bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x, bounds.bottom + offset.y});
+}
+
+void BJotlet::OfferTooltip(Point at) {
+  const SkinData& skin = skin_->data;
+  if (!skin.titleTooltip || !skin.titlebar || shownTitle_.empty()) return;
+  const Rect area = ResolveCorners(*skin.titlebar, {view_.window, {}});
+  if (area.Contains(at)) tooltip_.Offer(Handle(), skin, area, shownTitle_);
+}
+
+void BJotlet::OnMouseLeave() {
+  trackingMouse_ = false;
+  hotButton_ = kNoElement;
+  OnEditMouse();
+}
+
+// The mouse leaves the frame when it comes over the editor, but is still over the note.
+void BJotlet::OnEditMouse() {
+  const Point mouse = MousePosition();
+  const HWND under = WindowFromPoint({mouse.x, mouse.y});
+  mouseOver_ = under != nullptr && (under == Handle() || under == edit_.Handle());
+  UpdateView();
+}
+
+void BJotlet::OnButtonUp(Point at) {
+  const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
+  ReleaseCapture();
+  if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
+    DoAction(skin_->data.elements[button].action, at);
+}
+
+// Also reached when the capture is taken away in the middle of a drag.
+void BJotlet::EndDrag() {
+  const Drag ended = std::exchange(drag_, Drag::kIdle);
+  const bool placed = ended == Drag::kMoving || ended == Drag::kSizing;
+  if (!placed || Bounds() == dragBounds_) return;
+  owner_.OnJotletChanged();
+  if (ended == Drag::kMoving) {
+    owner_.OnJotletMoved(*this);
+  } else {
+    owner_.OnJotletSized(*this);
+  }
+}
+
+void BJotlet::ScrollBy(std::int32_t pixels) {
+  const ScrollState scroll = Scrolled();
+  const std::int32_t last = std::max(scroll.range - scroll.page, 0);
+  edit_.SetScrollPosition({edit_.ScrollPosition().x, std::clamp(scroll.position + pixels, 0, last)});
+  UpdateView();
+}
+
+}  // namespace jotlets
