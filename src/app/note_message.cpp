@@ -1,5 +1,6 @@
 #include "app/note_message.h"
 
+#include "data/options.h"
 #include "data/text_file.h"
 
 namespace jotlets {
@@ -7,12 +8,6 @@ namespace {
 
 constexpr TextView kRtfKey = u"RTF=";
 constexpr TextView kTextKey = u"TEXT=";
-
-Colour ColourOfNumber(std::int32_t number) {
-  const auto bits = static_cast<std::uint32_t>(number);
-  return {static_cast<std::uint8_t>(bits & 0xFF), static_cast<std::uint8_t>((bits >> 8) & 0xFF),
-          static_cast<std::uint8_t>((bits >> 16) & 0xFF)};
-}
 
 }  // namespace
 

@@ -16,8 +16,7 @@ StartRequest ParseCommandLine(TextView commandLine) {
   if (request.empty()) return {StartKind::kNormal, {}};
   if (FindIgnoreCase(request, u"-rescue") != TextView::npos) return {StartKind::kRescue, {}};
   if (EqualIgnoreCase(request, u"-close")) return {StartKind::kClose, {}};
-  const bool skin = request.size() >= 4 && EqualIgnoreCase(request.substr(request.size() - 4), u".jsk");
-  return {skin ? StartKind::kSkinFile : StartKind::kNoteFile, Text(request)};
+  return {HasExtension(request, u".jsk") ? StartKind::kSkinFile : StartKind::kNoteFile, Text(request)};
 }
 
 }  // namespace jotlets

@@ -167,6 +167,11 @@ bool StartsWithIgnoreCase(TextView text, TextView prefix) {
                     [](char16_t p, char16_t t) { return p == t || FoldCase(p) == FoldCase(t); });
 }
 
+bool HasExtension(TextView name, TextView extension) {
+  return name.size() > extension.size() &&
+         EqualIgnoreCase(name.substr(name.size() - extension.size()), extension);
+}
+
 std::size_t FindIgnoreCase(TextView text, TextView what) {
   const auto found = std::search(text.begin(), text.end(), what.begin(), what.end(),
                                  [](char16_t a, char16_t b) { return a == b || FoldCase(a) == FoldCase(b); });

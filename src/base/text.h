@@ -40,6 +40,9 @@ Text FoldCase(TextView text);
 bool EqualIgnoreCase(TextView a, TextView b);
 bool StartsWithIgnoreCase(TextView text, TextView prefix);
 
+/// Whether the name of a file ends in `extension` (dot included), with something before it.
+bool HasExtension(TextView name, TextView extension);
+
 /// Position of `what` in `text` without regard to case, or TextView::npos.
 std::size_t FindIgnoreCase(TextView text, TextView what);
 

@@ -41,6 +41,13 @@ constexpr std::int32_t ColourNumber(int red, int green, int blue) {
   return red | (green << 8) | (blue << 16);
 }
 
+/// The colour of such a number; the highest byte does not count.
+constexpr Colour ColourOfNumber(std::int32_t number) {
+  const auto bits = static_cast<std::uint32_t>(number);
+  return {static_cast<std::uint8_t>(bits & 0xFF), static_cast<std::uint8_t>((bits >> 8) & 0xFF),
+          static_cast<std::uint8_t>((bits >> 16) & 0xFF)};
+}
+
 /// More unknown lines than any version of ours writes; a foreign file must not cost a search through all of
 /// its lines for each.
 inline constexpr std::size_t kMostUnknownOptions = 1000;

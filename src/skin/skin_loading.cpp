@@ -22,11 +22,6 @@ constexpr TextView kStackText = u"stack.ini";
 constexpr std::size_t kMostTextBytes = 2 * kMostSkinText + 2;
 constexpr std::size_t kMostFileBytes = kMostInflated;
 
-bool EndsIn(TextView name, TextView extension) {
-  return name.size() > extension.size() &&
-         EqualIgnoreCase(name.substr(name.size() - extension.size()), extension);
-}
-
 // Where the files of one skin are: a package, or the folder itself.
 struct SkinPlace {
   std::function<std::optional<std::string>(TextView name, std::size_t most)> read;
@@ -119,7 +114,7 @@ void ListPackage(const SkinFolder& folder, const Text& fileName, std::vector<Ski
 
 TextView SkinStem(TextView name) {
   for (const TextView extension : {kPackageExtension, kTextExtension}) {
-    if (EndsIn(name, extension)) return name.substr(0, name.size() - extension.size());
+    if (HasExtension(name, extension)) return name.substr(0, name.size() - extension.size());
   }
   return name;
 }
@@ -139,9 +134,9 @@ std::optional<LoadedSkin> LoadSkinFile(const SkinFolder& folder, TextView path, 
   const Text name(path.substr(nameAt));
   const SkinFolder itsFolder{folder.files, folder.ansi, folder.log, Text(path.substr(0, nameAt))};
   if (!IsPlainFileName(name)) return std::nullopt;
-  if (EndsIn(name, kPackageExtension))
+  if (HasExtension(name, kPackageExtension))
     return Load(itsFolder, PackagePlace(itsFolder, name), PackedTextName(SkinStem(name), forStack));
-  if (EndsIn(name, kTextExtension)) return Load(itsFolder, LoosePlace(itsFolder), name);
+  if (HasExtension(name, kTextExtension)) return Load(itsFolder, LoosePlace(itsFolder), name);
   return std::nullopt;
 }
 

@@ -60,6 +60,9 @@ inline Rect FromRECT(const RECT& r) {
           static_cast<std::int32_t>(r.right), static_cast<std::int32_t>(r.bottom)};
 }
 
+/// The Windows form of a colour.
+inline COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
+
 /// Where the mouse is on the screen now.
 inline Point MousePosition() {
   POINT at{};

@@ -193,8 +193,7 @@ class FakeFiles final : public Files {
       const TextView path = file.first;
       if (!StartsWithIgnoreCase(path, folder)) continue;
       const TextView name = path.substr(folder.size());
-      if (name.find(u'\\') != TextView::npos || name.size() < extension.size()) continue;
-      if (EqualIgnoreCase(name.substr(name.size() - extension.size()), extension)) names.emplace_back(name);
+      if (name.find(u'\\') == TextView::npos && HasExtension(name, extension)) names.emplace_back(name);
     }
     return names;
   }

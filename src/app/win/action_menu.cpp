@@ -3,6 +3,7 @@
 #include "base/win/wide.h"
 #include "note/shortcuts.h"
 #include "res/resource.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -121,12 +122,12 @@ ActionMenu::ActionMenu(const Resources& resources, std::span<const MenuEntry> en
     : menu_(Build(resources, entries, facts)) {}
 
 ActionCode ActionMenu::Choose(HWND owner) const {
-  POINT at{};
-  GetCursorPos(&at);
+  Point at = MousePosition();
   // From the keyboard, the menu belongs to the note, wherever the mouse is.
   RECT bounds{};
   GetWindowRect(owner, &bounds);
-  if (!PtInRect(&bounds, at)) at = {bounds.left + 16, bounds.top + 24};
+  const Rect area = FromRECT(bounds);
+  if (!area.Contains(at)) at = {area.left + 16, area.top + 24};
   const BOOL chosen =
       TrackPopupMenu(menu_.get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr);
   return static_cast<ActionCode>(chosen);

@@ -173,11 +173,7 @@ FontStyle FontOf(const TextStyle& style) {
 
 HighlightColours DesktopJotlets::Highlights() const {
   HighlightColours colours;
-  for (std::size_t each = 0; each < colours.size(); ++each) {
-    const auto number = static_cast<std::uint32_t>(options_.hilites[each]);
-    colours[each] = {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8),
-                     static_cast<std::uint8_t>(number >> 16)};
-  }
+  std::transform(options_.hilites.begin(), options_.hilites.end(), colours.begin(), ColourOfNumber);
   return colours;
 }
 

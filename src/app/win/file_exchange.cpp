@@ -9,11 +9,6 @@ namespace {
 
 constexpr std::uint64_t kLargestImport = 4 * 1024 * 1024;
 
-bool HasExtension(TextView path, TextView extension) {
-  return path.size() > extension.size() &&
-         EqualIgnoreCase(path.substr(path.size() - extension.size()), extension);
-}
-
 // Most programs write UTF-8 without a mark by now, and no other text of several letters happens to be valid.
 TextFile DecodeImport(std::string_view bytes, const CodePage& ansi) {
   TextFile text = DecodeTextFile(bytes, ansi);

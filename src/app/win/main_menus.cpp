@@ -2,6 +2,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -19,8 +20,7 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden) {
 }
 
 void ShowPopupMenu(HWND owner, HMENU menu) {
-  POINT at{};
-  GetCursorPos(&at);
+  const Point at = MousePosition();
   // Without the first call the menu stays when the user clicks elsewhere, without the last the next one
   // closes at once.
   SetForegroundWindow(owner);

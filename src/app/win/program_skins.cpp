@@ -44,7 +44,7 @@ std::optional<Text> ProgramSkins::Install(Files& files, TextView path) {
     FileStatus copied = files.MakeFolder(folder_);
     if (copied) copied = files.Copy(path, folder_ + Text(path.substr(name)));
     // A loose skin comes with its picture.
-    if (copied && EqualIgnoreCase(path.substr(path.size() - 4), u".ini"))
+    if (copied && HasExtension(path, u".ini"))
       copied = files.Copy(Text(path.substr(0, name)) + loaded->data.bitmap, folder_ + loaded->data.bitmap);
     if (!copied) {
       log_.Write(kLogLifecycle, u"Failed to set skin:", path, u": ", copied.reason);

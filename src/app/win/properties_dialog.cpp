@@ -5,6 +5,7 @@
 #include "app/win/system_choosers.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -68,7 +69,7 @@ bool BPropertiesDlg::OnCommand(UINT control, UINT) {
 }
 
 void BPropertiesDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
-  SetDCBrushColor(item.hDC, RGB(record_.colour.r, record_.colour.g, record_.colour.b));
+  SetDCBrushColor(item.hDC, ToCOLORREF(record_.colour));
   FillRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
   RECT frame = item.rcItem;
   FrameRect(item.hDC, &frame, GetSysColorBrush(COLOR_WINDOWFRAME));

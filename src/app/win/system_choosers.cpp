@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -44,7 +45,7 @@ std::optional<Colour> ChooseSystemColour(HWND owner, Colour colour) {
   CHOOSECOLORW how{};
   how.lStructSize = sizeof how;
   how.hwndOwner = owner;
-  how.rgbResult = RGB(colour.r, colour.g, colour.b);
+  how.rgbResult = ToCOLORREF(colour);
   how.lpCustColors = custom;
   how.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
   if (!ChooseColorW(&how)) return std::nullopt;
@@ -57,7 +58,7 @@ std::optional<FontStyle> ChooseSystemFont(HWND owner, const FontStyle& style) {
   how.lStructSize = sizeof how;
   how.hwndOwner = owner;
   how.lpLogFont = &font;
-  how.rgbColors = RGB(style.colour.r, style.colour.g, style.colour.b);
+  how.rgbColors = ToCOLORREF(style.colour);
   how.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT;
   if (!ChooseFontW(&how)) return std::nullopt;
   return FromLogFont(font, how.iPointSize,

@@ -201,8 +201,7 @@ FileStatus DiskFiles::MakeFolder(TextView path) {
 std::vector<Text> DiskFiles::List(TextView folder, TextView extension) const {
   // Patterns of the system match short names too (".rtfold"), so the extension is compared here.
   return ListEntries(folder, [extension](TextView name, bool isFolder) {
-    return !isFolder && name.size() > extension.size() &&
-           EqualIgnoreCase(name.substr(name.size() - extension.size()), extension);
+    return !isFolder && HasExtension(name, extension);
   });
 }
 

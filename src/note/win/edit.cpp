@@ -86,7 +86,7 @@ void BEdit::SetDefaultFormat() {
   format.yHeight = kDefaultPoints * kTwipsPerPoint;
   format.bCharSet = DEFAULT_CHARSET;
   if (HasLightInk()) {
-    format.crTextColor = RGB(kLightInk.r, kLightInk.g, kLightInk.b);
+    format.crTextColor = ToCOLORREF(kLightInk);
   } else {
     format.dwEffects = CFE_AUTOCOLOR;
   }
@@ -243,14 +243,6 @@ Text BEdit::PlainText() const {
   return text;
 }
 
-Text BEdit::TextStart(std::int32_t most) const {
-  Text text(static_cast<std::size_t>(most) + 1, u'\0');
-  TEXTRANGEW range{{0, most}, WideBuffer(text)};
-  const LRESULT got = SendMessageW(edit_, EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
-  text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(got, 0, most)));
-  return text;
-}
-
 LONG BEdit::Length() const {
   const GETTEXTLENGTHEX length{GTL_DEFAULT, 1200};
   return static_cast<LONG>(SendMessageW(edit_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0));
@@ -280,7 +272,7 @@ void BEdit::Select(CHARRANGE range) { SendMessageW(edit_, EM_EXSETSEL, 0, reinte
 void BEdit::SetBackground(Colour colour) {
   look_.background = colour;
   SetDefaultFormat();
-  SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(RGB(colour.r, colour.g, colour.b)));
+  SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(ToCOLORREF(colour)));
 }
 
 void BEdit::SetBounds(const Rect& bounds) {

@@ -64,8 +64,6 @@ class BEdit {
   void SetPlainText(TextView text);
   /// The text without formatting, lines ended by "\r\n".
   Text PlainText() const;
-  /// The first code units of the text, at most `most`, lines ended by "\r".
-  Text TextStart(std::int32_t most) const;
   /// The code units of a range, bounded by the end of the text, lines ended by "\r".
   Text TextBetween(CHARRANGE range) const;
   /// The number of code units, line ends as one.

@@ -46,11 +46,8 @@ Text PlainText(IDataObject& data) {
 }
 
 Text TextOfFile(const Text& path) {
-  constexpr TextView kTextFile = u".txt";
   const DiskFiles files;
-  const bool isText = path.size() > kTextFile.size() &&
-                      EqualIgnoreCase(TextView(path).substr(path.size() - kTextFile.size()), kTextFile);
-  if (!isText || files.Size(path) > kLargestFile) return path;
+  if (!HasExtension(path, u".txt") || files.Size(path) > kLargestFile) return path;
   const FileContent content = files.Read(path);
   if (content.state != FileContent::State::kRead) return path;
   return DecodeTextFile(content.bytes, AnsiCodePage()).text;
@@ -109,12 +106,6 @@ bool HoldsFormat(IDataObject& data, CLIPFORMAT format) {
 bool HoldsFiles(IDataObject& data) { return HoldsFormat(data, CF_HDROP); }
 
 bool IsReadOnlyEdit(HWND edit) { return (SendMessageW(edit, EM_GETOPTIONS, 0, 0) & ECO_READONLY) != 0; }
-
-Point CursorPosition() {
-  POINT at{};
-  GetCursorPos(&at);
-  return {static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
-}
 
 Text DroppedText(IDataObject& data) { return HoldsFiles(data) ? TextOfFiles(data) : PlainText(data); }
 

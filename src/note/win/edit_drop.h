@@ -15,7 +15,6 @@ namespace jotlets {
 bool HoldsFormat(IDataObject& data, CLIPFORMAT format);
 bool HoldsFiles(IDataObject& data);
 bool IsReadOnlyEdit(HWND edit);
-Point CursorPosition();
 
 /// The text to insert for what is dropped; empty when there is none. Of text files at most a megabyte each,
 /// else their path; files one below the other.

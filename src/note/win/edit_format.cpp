@@ -6,14 +6,13 @@
 #include <iterator>
 
 #include "base/win/wide.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
 constexpr LONG kTwipsPerPoint = 20;
 constexpr std::array<LONG, 14> kPointSizes = {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72};
-
-COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
 
 CHARFORMAT2W Characters(DWORD mask) {
   CHARFORMAT2W format{};

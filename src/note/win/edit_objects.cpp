@@ -4,6 +4,7 @@
 #include <new>
 
 #include "note/win/edit_drop.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -50,7 +51,7 @@ HRESULT EditObjects::QueryAcceptData(LPDATAOBJECT data, CLIPFORMAT* format, DWOR
     if (operation == RECO_DROP && IsReadOnlyEdit(edit_)) return E_ACCESSDENIED;
     if (operation == RECO_DROP && HoldsFiles(*data)) {
       // A success other than S_OK tells the control that nothing is left for it to do.
-      if (really) InsertDropped(edit_, *data, CursorPosition());
+      if (really) InsertDropped(edit_, *data, MousePosition());
       return S_FALSE;
     }
     const CLIPFORMAT rich = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(L"Rich Text Format"));

@@ -158,11 +158,6 @@ void BJotlet::SetSizeSafe(Size size) {
   owner_.OnJotletChanged();
 }
 
-void BJotlet::PasteClipboard() {
-  edit_.Paste();
-  ContentChanged();
-}
-
 void BJotlet::BringForward() {
   if (record_.hidden) return;
   SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
@@ -274,7 +269,7 @@ void BJotlet::ContentChanged() {
 // The window text follows the title, for other programs and for accessibility.
 void BJotlet::TitleChanged() {
   const bool fromText = record_.title.empty() && edit_.Handle() != nullptr;
-  Text title = ShownTitle(record_.title, fromText ? edit_.TextStart(kTitleSearch) : Text());
+  Text title = ShownTitle(record_.title, fromText ? edit_.TextBetween({0, kTitleSearch}) : Text());
   if (title == shownTitle_) return;
   shownTitle_ = std::move(title);
   SetWindowTextW(Handle(), Wide(shownTitle_));

@@ -102,7 +102,7 @@ class BJotlet final : public Window, private EditWatcher {
   void MoveTo(Point position);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
-  void PasteClipboard();
+  void PasteClipboard() { edit_.Paste(); }
   void BringForward();
   void TakeFocus();
 
@@ -146,7 +146,6 @@ class BJotlet final : public Window, private EditWatcher {
   BEdit::Look EditLook() const;
   FramePart PartAt(Point at) const;
   bool BeginScrolling(Point at);
-  void ScrollBy(std::int32_t pixels);
   ScrollState Scrolled() const;
   SkinStates States() const;
   void UpdateView();

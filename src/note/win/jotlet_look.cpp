@@ -84,7 +84,7 @@ void BJotlet::ApplyOpacity() {
 
 void BJotlet::ApplyAlpha(std::int32_t percent) {
   const std::optional<Colour>& key = skin_->data.transparent;
-  SetLayeredWindowAttributes(Handle(), key ? RGB(key->r, key->g, key->b) : 0, AlphaOfOpacity(percent),
+  SetLayeredWindowAttributes(Handle(), key ? ToCOLORREF(*key) : 0, AlphaOfOpacity(percent),
                              key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
   FollowWithShadow();
 }
@@ -157,9 +157,10 @@ void BJotlet::UpdateView() {
   view_.hotButton = hotButton_;
   view_.states = States();
   view_.thumb = {};
-  if (IsScrollbarRequired(skin, view_, Scrolled())) {
+  const ScrollState scroll = Scrolled();
+  if (IsScrollbarRequired(skin, view_, scroll)) {
     view_.states.Set(SkinState::kScrollbarRequired, true);
-    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, Scrolled());
+    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
   }
   if (view_ != before) Invalidate(before);
 }

@@ -67,8 +67,9 @@ void BJotlet::OnDoubleClick(Point at) {
 bool BJotlet::BeginScrolling(Point at) {
   if (!view_.states.Has(SkinState::kScrollbarRequired)) return false;
   if (!ScrollTrack(skin_->data, view_.window).Contains(at)) return false;
-  if (at.y < view_.thumb.top) ScrollBy(-Scrolled().page);
-  if (at.y >= view_.thumb.bottom) ScrollBy(Scrolled().page);
+  if (at.y < view_.thumb.top) edit_.ScrollBy(-edit_.PageHeight());
+  if (at.y >= view_.thumb.bottom) edit_.ScrollBy(edit_.PageHeight());
+  UpdateView();
   dragBounds_ = view_.thumb;
   return true;
 }
@@ -103,8 +104,8 @@ void BJotlet::DragTo(Point offset) {
   const SnapSettings snap = SnapSettingsFrom(owner_.NoteOptions());
   const SnapTargets targets{snapWindows_, owner_.Screens().monitors.Rects()};
   if (drag_ == Drag::kMoving) {
-    const Rect moved{dragBounds_.left + offset.x, dragBounds_.top + offset.y, dragBounds_.right + offset.x,
-                     dragBounds_.bottom + offset.y};
+    const Rect moved = RectAt({dragBounds_.left + offset.x, dragBounds_.top + offset.y},
+                              {dragBounds_.Width(), dragBounds_.Height()});
     const Rect before = Bounds();
     const Rect snapped = SnappedMove(moved, snap, alt, targets);
     const Point by{snapped.left - before.left, snapped.top - before.top};
@@ -122,7 +123,7 @@ void BJotlet::DragTo(Point offset) {
 
 void BJotlet::MoveBy(Point offset) {
   const Rect bounds = Bounds();
-  Place({bounds.left + offset.x, bounds.top + offset.y, bounds.right + offset.x, bounds.bottom + offset.y});
+  Place(RectAt({bounds.left + offset.x, bounds.top + offset.y}, {bounds.Width(), bounds.Height()}));
 }
 
 void BJotlet::OfferTooltip(Point at) {
@@ -164,13 +165,6 @@ void BJotlet::EndDrag() {
   } else {
     owner_.OnJotletSized(*this);
   }
-}
-
-void BJotlet::ScrollBy(std::int32_t pixels) {
-  const ScrollState scroll = Scrolled();
-  const std::int32_t last = std::max(scroll.range - scroll.page, 0);
-  edit_.SetScrollPosition({edit_.ScrollPosition().x, std::clamp(scroll.position + pixels, 0, last)});
-  UpdateView();
 }
 
 }  // namespace jotlets

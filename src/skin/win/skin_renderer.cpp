@@ -39,8 +39,6 @@ UINT AlignmentOf(TextAlignment alignment) {
   return alignment == TextAlignment::kMiddle ? DT_CENTER : DT_LEFT;
 }
 
-COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
-
 }  // namespace
 
 class SkinRenderer::TextSetter final : public SkinTextSetter {
