@@ -42,11 +42,7 @@ bool BackupCommands::BeginIfDue() {
 }
 
 bool BackupCommands::Step() {
-  const ULONGLONG begun = GetTickCount64();
-  Job::State state = Job::State::kRunning;
-  while (state == Job::State::kRunning && GetTickCount64() - begun < kSliceMilliseconds) {
-    state = keeper_.Step(1);
-  }
+  const Job::State state = StepFor(keeper_, kSliceMilliseconds);
   if (state == Job::State::kFailed) tray_.Balloon(kVersionText, resources_.String(IDS_BACKUP_FAILED));
   return state == Job::State::kRunning;
 }

@@ -3,6 +3,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
@@ -106,18 +107,13 @@ BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
   return at == jotlets_.end() ? nullptr : at->get();
 }
 
-bool DesktopJotlets::Rescue(const Rect& screen) {
-  bool any = false;
+void DesktopJotlets::Rescue(const Rect& screen) {
   for (const auto& jotlet : jotlets_) {
     // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
-    any = any || jotlet->StoredRecord().ghost;
     jotlet->SetGhost(false);
     const Rect from = jotlet->Bounds();
-    if (!jotlet->Rescue(screen)) continue;
-    LogRescue(*jotlet, from);
-    any = true;
+    if (jotlet->Rescue(screen)) LogRescue(*jotlet, from);
   }
-  return any;
 }
 
 void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
@@ -140,12 +136,11 @@ void DesktopJotlets::ShowOnScreens(BJotlet& jotlet) {
 }
 
 void DesktopJotlets::Animate() {
-  if (!animating_) return;
-  animating_ = false;
-  // The end of a move may take the note away.
-  for (const Text& id : Ids()) {
+  if (animating_.empty()) return;
+  // The end of a move may take notes away and begin other moves.
+  for (const Text& id : std::exchange(animating_, {})) {
     BJotlet* jotlet = Find(id);
-    if (jotlet != nullptr && jotlet->TickAnimation()) animating_ = true;
+    if (jotlet != nullptr && jotlet->TickAnimation()) animating_.push_back(id);
   }
 }
 
@@ -289,10 +284,9 @@ LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
   return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
 }
 
-bool DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
+void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
   log_.Write(kLogDetail, u"Setting skin:", name);
   jotlet.SetSkin(name);
-  return name.empty() || EqualIgnoreCase(name, jotlet.Skin().data.skinName) || !jotlet.Skin().path.empty();
 }
 
 void DesktopJotlets::RefreshSkins() {

@@ -23,15 +23,12 @@ class DesktopOwner {
   virtual void SetDirty() = 0;
   virtual void NotifyListeners(TextView eventText, TextView id) = 0;
   virtual void NotifyListenersMany(TextView eventText, std::span<const Text> ids) = 0;
-  /// The user wants the note closed.
-  virtual void OnCloseWanted(const Text& id) = 0;
   virtual Text StackName(std::int32_t number) const = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
   virtual Text BeginningNotice() const = 0;
   virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
   virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
-  virtual void ShowJotletMenu(const Text& id, Point screen) = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
 };
@@ -73,8 +70,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// The note whose window this is, or is inside of; nullptr for other windows.
   BJotlet* FindWindowOwner(HWND window);
   /// Brings notes off `screen` back on to it, each of which is logged, and ends the ghost state of all.
-  /// Whether any has changed.
-  bool Rescue(const Rect& screen);
+  void Rescue(const Rect& screen);
   /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
   /// changed. What a note's record says stays as the user chose it.
   void FollowMonitors();
@@ -96,15 +92,11 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletMoved(BJotlet& jotlet) override;
   void OnJotletSized(BJotlet& jotlet) override;
   void OnJotletFocus(BJotlet& jotlet, bool gained) override;
-  void OnJotletClose(BJotlet& jotlet) override { owner_.OnCloseWanted(jotlet.StoredRecord().id); }
   bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
     return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
   }
   bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
     return owner_.IsActionEnabled(jotlet, action);
-  }
-  void OnJotletMenu(BJotlet& jotlet, Point screen) override {
-    owner_.ShowJotletMenu(jotlet.StoredRecord().id, screen);
   }
   const Options& NoteOptions() const override { return options_; }
   EditContext EditingContext() override;
@@ -119,15 +111,15 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletPressed(BJotlet& jotlet, bool ctrl) override;
   std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
   const MonitorSetup& Screens() override { return screens_; }
-  void OnAnimationBegun() override { animating_ = true; }
+  void OnAnimationBegun(BJotlet& jotlet) override { animating_.push_back(jotlet.StoredRecord().id); }
   void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
   std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
   SkinRenderer& Renderer() override { return skins_.Renderer(); }
   LocalTime ToLocal(std::int32_t utc) override;
   Text StackName(std::int32_t number) override { return owner_.StackName(number); }
 
-  /// Shows a note in a skin and logs it, and whether the skin could be loaded.
-  bool SetSkin(BJotlet& jotlet, TextView name);
+  /// Shows a note in a skin and logs it.
+  void SetSkin(BJotlet& jotlet, TextView name);
   /// Every note takes its skin anew.
   void RefreshSkins();
 
@@ -145,7 +137,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   std::vector<FontStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;
-  bool animating_ = false;  // some note may be moving
+  std::vector<Text> animating_;  // the ids of the notes that move
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;
   std::unordered_map<Text, BJotlet*> byId_;  // by folded id

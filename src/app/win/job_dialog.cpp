@@ -16,13 +16,6 @@ constexpr UINT kPeriod = 10;
 
 }  // namespace
 
-Job::State StepFor(Job& job, ULONGLONG milliseconds) {
-  const ULONGLONG begun = GetTickCount64();
-  Job::State state = Job::State::kRunning;
-  while (state == Job::State::kRunning && GetTickCount64() - begun < milliseconds) state = job.Step(1);
-  return state;
-}
-
 Job::State RunJob(HWND owner, const Resources& resources, UINT text, Job& job, bool mayCancel) {
   const Job::State state = StepFor(job, kUnnoticedMilliseconds);
   if (state != Job::State::kRunning) return state;

@@ -6,6 +6,15 @@
 
 namespace jotlets {
 
+/// Goes on with a job, or what steps like one, for about so long, one file at a time.
+template <typename Work>
+Job::State StepFor(Work& work, ULONGLONG milliseconds) {
+  const ULONGLONG begun = GetTickCount64();
+  Job::State state = Job::State::kRunning;
+  while (state == Job::State::kRunning && GetTickCount64() - begun < milliseconds) state = work.Step(1);
+  return state;
+}
+
 /// Does the whole job while windows stay alive: alone when it is soon over, else behind a dialog with its
 /// progress. With `mayCancel` the user can stop it: then the state is still `kRunning`.
 Job::State RunJob(HWND owner, const Resources& resources, UINT text, Job& job, bool mayCancel);
@@ -28,8 +37,5 @@ class BJobDlg final : public Dialog {
   bool mayCancel_;
   Job::State state_ = Job::State::kRunning;
 };
-
-/// Goes on with a job for about so long, one file at a time.
-Job::State StepFor(Job& job, ULONGLONG milliseconds);
 
 }  // namespace jotlets

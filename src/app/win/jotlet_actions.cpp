@@ -3,8 +3,8 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <utility>
 
-#include "app/win/action_menu.h"
 #include "app/win/main_frame.h"
 #include "app/win/properties_dialog.h"
 #include "app/win/skin_dialog.h"
@@ -27,8 +27,6 @@ struct JotletActions::Row {
 const JotletActions::Row JotletActions::kRows[] = {
     {kActionClose, &JotletActions::Close},
     {kActionDelete, &JotletActions::Delete},
-    {kActionNewJotlet, &JotletActions::NewJotlet},
-    {kActionNewFromClipboard, &JotletActions::NewFromClipboard},
     {kActionEditTitle, &JotletActions::EditTitle},
     {kActionEditUserString1, &JotletActions::EditUserString},
     {kActionColour, &JotletActions::ChooseColour},
@@ -46,15 +44,25 @@ const JotletActions::Row JotletActions::kRows[] = {
     {kActionSolo, &JotletActions::Solo},
     {kActionOpenJotletContext, &JotletActions::JotletMenu},
     {kActionOpenTextContext, &JotletActions::TextMenu},
-    {kActionRescue, &JotletActions::Rescue},
-    {kActionHideAll, &JotletActions::HideAll},
-    {kActionExitApp, &JotletActions::ExitApp},
-    {kActionBackup, &JotletActions::Backup},
     {kActionOrphanCheck, &JotletActions::OrphanCheck},
     {kActionProperties, &JotletActions::Properties},
 };
 
+namespace {
+
+// Those that are commands of the program, whatever the note.
+constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
+    {kActionNewJotlet, ID_NEW_JOTLET}, {kActionNewFromClipboard, ID_NEW_FROM_CLIPBOARD},
+    {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
+    {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
+};
+
+}  // namespace
+
 bool JotletActions::Do(const Text& id, ActionCode action) {
+  const auto command = std::find_if(std::begin(kOfProgram), std::end(kOfProgram),
+                                    [action](const auto& row) { return row.first == action; });
+  if (command != std::end(kOfProgram)) return frame_.OnCommand(command->second), true;
   BJotlet* jotlet = frame_.FindJotlet(id);
   const auto row =
       std::find_if(std::begin(kRows), std::end(kRows), [action](const Row& r) { return r.action == action; });
@@ -80,33 +88,25 @@ ActionFacts JotletActions::FactsOf(const BJotlet& jotlet) const {
   return facts;
 }
 
-void JotletActions::ShowMenu(const Text& id, bool ofText) {
-  BJotlet* jotlet = frame_.FindJotlet(id);
-  if (jotlet == nullptr) return;
+void JotletActions::ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries) {
+  const Text id = jotlet.StoredRecord().id;
+  const ActionMenu menu(resources_, entries, FactsOf(jotlet));
   // The menu runs a message loop of its own, in which anything may happen to the note.
-  const Text wanted = id;
-  const ActionMenu menu(resources_, ofText ? kTextMenu : kJotletMenu, FactsOf(*jotlet));
-  const ActionCode chosen = menu.Choose(jotlet->Handle());
-  jotlet = frame_.FindJotlet(wanted);
-  if (jotlet != nullptr && chosen != kActionNone) jotlet->DoAction(chosen, {});
+  const ActionCode chosen = menu.Choose(jotlet.Handle());
+  BJotlet* there = frame_.FindJotlet(id);
+  if (there != nullptr && chosen != kActionNone) there->DoAction(chosen, {});
 }
 
-void JotletActions::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet.StoredRecord().id, false); }
-void JotletActions::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet.StoredRecord().id, true); }
+void JotletActions::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, kJotletMenu); }
+void JotletActions::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, kTextMenu); }
 
-void JotletActions::Close(BJotlet& jotlet) { frame_.OnCloseWanted(jotlet.StoredRecord().id); }
+void JotletActions::Close(BJotlet& jotlet) { frame_.CloseForUser(jotlet.StoredRecord().id); }
 
 void JotletActions::Delete(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   if (Ask(jotlet.Handle(), resources_, IDS_CONFIRM_DELETE)) frame_.DeleteJotlet(id, u"deleted");
 }
 
-void JotletActions::NewJotlet(BJotlet&) { frame_.OnCommand(ID_NEW_JOTLET); }
-void JotletActions::NewFromClipboard(BJotlet&) { frame_.OnCommand(ID_NEW_FROM_CLIPBOARD); }
-void JotletActions::Rescue(BJotlet&) { frame_.OnCommand(ID_RESCUE); }
-void JotletActions::HideAll(BJotlet&) { frame_.OnCommand(ID_SHOW_OR_HIDE); }
-void JotletActions::ExitApp(BJotlet&) { frame_.OnCommand(ID_EXIT_JOTLETS); }
-void JotletActions::Backup(BJotlet&) { frame_.OnCommand(ID_BACKUP); }
 void JotletActions::OrphanCheck(BJotlet&) { frame_.CheckContent(); }
 
 void JotletActions::EditTitle(BJotlet& jotlet) {

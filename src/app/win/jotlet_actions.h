@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <span>
+
+#include "app/win/action_menu.h"
 #include "note/action_state.h"
 #include "ui/resources.h"
 
@@ -21,17 +24,12 @@ class JotletActions {
   /// What the rule of the commands' states asks of a note.
   ActionFacts FactsOf(const BJotlet& jotlet) const;
 
-  /// Shows the menu of a note, or that of its text, and carries out what is chosen.
-  void ShowMenu(const Text& id, bool ofText);
-
  private:
   struct Row;
   static const Row kRows[];
 
   void Close(BJotlet& jotlet);
   void Delete(BJotlet& jotlet);
-  void NewJotlet(BJotlet& jotlet);
-  void NewFromClipboard(BJotlet& jotlet);
   void EditTitle(BJotlet& jotlet);
   void EditUserString(BJotlet& jotlet);
   void ChooseColour(BJotlet& jotlet);
@@ -48,13 +46,11 @@ class JotletActions {
   void Solo(BJotlet& jotlet);
   void JotletMenu(BJotlet& jotlet);
   void TextMenu(BJotlet& jotlet);
-  void Rescue(BJotlet& jotlet);
-  void HideAll(BJotlet& jotlet);
-  void ExitApp(BJotlet& jotlet);
-  void Backup(BJotlet& jotlet);
   void OrphanCheck(BJotlet& jotlet);
   void Properties(BJotlet& jotlet);
 
+  /// Shows a menu of a note and carries out what is chosen.
+  void ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries);
   /// Saves a note's content into a file that the user chooses; whether it was written.
   bool SaveToFile(BJotlet& jotlet);
   void OpenDocument(BJotlet& jotlet, TextView name);

@@ -7,7 +7,6 @@
 #include "data/data_folder.h"
 #include "note/shortcuts.h"
 #include "res/resource.h"
-#include "ui/screen.h"
 
 namespace jotlets {
 namespace {
@@ -233,7 +232,7 @@ void CMainFrame::OnEndSession(bool ending) {
   if (ending) ExitJotlets(u"end of session", true);
 }
 
-void CMainFrame::OnCloseWanted(const Text& id) {
+void CMainFrame::CloseForUser(const Text& id) {
   const Text wanted = id;
   if (!CloseJotlet(wanted, u"user") && FindJotlet(wanted) != nullptr)
     Tell(Handle(), resources_, IDS_SAVE_FAILED, folder_);
@@ -267,10 +266,6 @@ void CMainFrame::OnCommand(UINT command) {
 
 void CMainFrame::StopFlashing() {
   if (KillTimer(Handle(), kFlashTimer)) tray_.StopFlashing();
-}
-
-void CMainFrame::RescueOffScreen() {
-  if (desktop_.Rescue(VirtualScreen())) SetDirty();
 }
 
 FileStatus CMainFrame::MoveDataTo(TextView folder) {

@@ -22,6 +22,7 @@
 #include "data/loading.h"
 #include "data/options.h"
 #include "data/policy.h"
+#include "ui/screen.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -72,13 +73,13 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void UseDefaultSkin(const Text& name);
 
   /// Closes a note for the user, who is told when that is not possible.
-  void OnCloseWanted(const Text& id) override;
+  void CloseForUser(const Text& id);
   /// Carries out a command of the tray menu, unless the program is coming up or going down.
   void OnCommand(UINT command);
   /// The user has seen why the tray icon flashes.
   void StopFlashing();
   /// Brings all notes back on to the screen.
-  void RescueOffScreen();
+  void RescueOffScreen() { desktop_.Rescue(VirtualScreen()); }
   /// Saves everything, moves the data folder to another place and starts anew from there.
   FileStatus MoveDataTo(TextView folder);
   /// Compares the content files with the notes; the user may adopt what belongs to none.
@@ -138,7 +139,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void OnEndSession(bool ending);
 
   Text StackName(std::int32_t number) const override;
-  void ShowJotletMenu(const Text& id, Point) override { actions_.ShowMenu(id, false); }
   Text BeginningNotice() const override;
   void OnAnimationClosed(const Text& id, bool deletes) override;
   bool DoJotletAction(const Text& id, ActionCode action) override { return actions_.Do(id, action); }

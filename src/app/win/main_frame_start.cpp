@@ -9,7 +9,6 @@
 #include "data/data_folder.h"
 #include "data/saving.h"
 #include "res/resource.h"
-#include "ui/screen.h"
 
 namespace jotlets {
 namespace {
@@ -126,7 +125,7 @@ void CMainFrame::TakeLoaded(LoadedData loaded) {
   for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
   // At once: until then every start would find the same damage and keep one more copy of it.
   if (damaged) SaveJotlets();
-  if (rescue_) desktop_.Rescue(VirtualScreen());
+  if (rescue_) RescueOffScreen();
   const bool hidden = CurrentOptions().hidden == 1;
   tray_.ShowHidden(hidden);
   if (!hidden) desktop_.ShowAll();

@@ -188,7 +188,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSELEAVE: OnMouseLeave(); return 0;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
-    case WM_RBUTTONUP: OnContextMenu(); return 0;
+    case WM_RBUTTONUP: owner_.OnJotletAction(*this, kActionOpenJotletContext); return 0;
     case WM_CONTEXTMENU: {
       const bool ofText = edit_.Handle() != nullptr && reinterpret_cast<HWND>(wParam) == edit_.Handle();
       owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
@@ -206,7 +206,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
       return 0;
-    case WM_CLOSE: owner_.OnJotletClose(*this); return 0;
+    case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     case WM_DPICHANGED: OnDpiChanged(HIWORD(wParam)); return 0;
     default: break;
   }
@@ -244,8 +244,6 @@ void BJotlet::OnFocus(bool gained) {
   UpdateView();
   owner_.OnJotletFocus(*this, gained);
 }
-
-void BJotlet::OnContextMenu() { owner_.OnJotletMenu(*this, MousePosition()); }
 
 // The place that the system suggests is passed over: computed from sizes that were rounded before, it would
 // creep with every change.

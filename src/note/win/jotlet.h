@@ -135,7 +135,6 @@ class BJotlet final : public Window, private EditWatcher {
   void EndDrag();
   void OnSize();
   void OnFocus(bool gained);
-  void OnContextMenu();
   void OnDpiChanged(std::int32_t dpi);
   void OnEditScrolled() override;
   void OnEditMouse() override;

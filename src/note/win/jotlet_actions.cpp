@@ -80,7 +80,7 @@ void BJotlet::GoAway() {
 
 void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
   SyncPlace();
-  if (animation_.Start(from, to, kind)) owner_.OnAnimationBegun();
+  if (animation_.Start(from, to, kind)) owner_.OnAnimationBegun(*this);
 }
 
 bool BJotlet::TickAnimation() {

@@ -29,13 +29,11 @@ class JotletOwner {
   virtual void OnJotletMoved(BJotlet& jotlet) = 0;
   virtual void OnJotletSized(BJotlet& jotlet) = 0;
   virtual void OnJotletFocus(BJotlet& jotlet, bool gained) = 0;
-  virtual void OnJotletClose(BJotlet& jotlet) = 0;
   /// A command that is not the note's own affair; false when it is none. The note may be gone when the call
   /// returns.
   virtual bool OnJotletAction(BJotlet& jotlet, ActionCode action) = 0;
   /// Whether a command can be carried out now.
   virtual bool IsActionEnabled(BJotlet& jotlet, ActionCode action) = 0;
-  virtual void OnJotletMenu(BJotlet& jotlet, Point screen) = 0;
 
   virtual const Options& NoteOptions() const = 0;
   /// What the editor's commands need to know from outside.
@@ -52,7 +50,7 @@ class JotletOwner {
   virtual std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) = 0;
   virtual const MonitorSetup& Screens() = 0;
   /// An animated move has begun: `BJotlet::TickAnimation` is to be called until it says no more.
-  virtual void OnAnimationBegun() = 0;
+  virtual void OnAnimationBegun(BJotlet& jotlet) = 0;
   /// An animated move that ends the note has ended.
   virtual void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) = 0;
 
