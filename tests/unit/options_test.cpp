@@ -44,7 +44,8 @@ TEST(Options, HaveTheirKeysOrderAndForms) {
   const Options options = Read(EveryKey());
   EXPECT_EQ(ToUtf8(ComposeOptions(options)), ToUtf8(EveryKey()));
   EXPECT_TRUE(options.others.empty());
-  EXPECT_EQ(Lines(EveryKey()).size(), 1u + 103u + 3u);  // the heading, the options and three styles
+  EXPECT_TRUE(Read(ComposeOptions(Options())) == Options());  // whose values are in the documents
+  EXPECT_EQ(Lines(EveryKey()).size(), 1u + 103u + 3u);        // the heading, the options and three styles
   for (const Text& line : Lines(ComposeOptions(Options()))) {
     EXPECT_TRUE(line == u"[Options]" || EveryKey().find(u"\n" + line + u"\n") == Text::npos) << ToUtf8(line);
   }
@@ -80,61 +81,6 @@ TEST(Options, OfLikeNamesAreNotMistakenForEachOther) {
   }
   EXPECT_TRUE(Read(u"User2=1").user2 && Read(u"Use DNS=1").useDns && Read(u"SendSecret=1").sendSecret);
   EXPECT_TRUE(Read(u"Networking=1").networking && Read(u"Confirm closure=1").confirmClosure);
-}
-
-TEST(Options, HaveTheirDefaults) {
-  const Text text = u"\n" + ComposeOptions(Options());
-  for (const TextView line : {u"Transfer file=a:\\transfer.ini",
-                              u"Debug=0",
-                              u"KeepDeleted=32",
-                              u"MakeAllVisible=1",
-                              u"UseHooks=1",
-                              u"SoundAlarmOnWake=0",
-                              u"AOTdefault=1",
-                              u"SoundAlarm=0",
-                              u"FlashAlarm=1",
-                              u"JiggleAlarm=1",
-                              u"LoopAlarm=0",
-                              u"SnoozeMinutes=5",
-                              u"PreventDuplicates=1",
-                              u"PreventOverlap=1",
-                              u"NewJotletsAppear=0",
-                              u"NewJotletsCoords=0,0",
-                              u"NewJotletsAppearNetwork=0",
-                              u"NewJotletsCoordsNetwork=0,0",
-                              u"Titlebar=0",
-                              u"Hidden=0",
-                              u"NewJotletAction=0",
-                              u"Sort order=0",
-                              u"DefaultWidth=232",
-                              u"DefaultHeight=405",
-                              u"Snap=1,10,2",
-                              u"AnimationSpeed=30",
-                              u"SyncPeriod=60",
-                              u"BackupPeriod=24",
-                              u"KeepBackups=7",
-                              u"BulletIndent=300",
-                              u"ManageWindowSearchWhat=15",
-                              u"NetPort=52673",
-                              u"Network timeout=3",
-                              u"BalloonOnSecret=1",
-                              u"BalloonPreview=0",
-                              u"Text size=20",
-                              u"Keep aspect=1",
-                              u"Size type=1",
-                              u"ImageUndo=5",
-                              u"Hilite01=4521982",
-                              u"Hilite02=16728574",
-                              u"Hilite03=116986",
-                              u"Hilite04=3997247",
-                              u"Hilite05=16579904"}) {
-    EXPECT_NE(text.find(Text(u"\n").append(line).append(u"\n")), Text::npos) << ToUtf8(line);
-  }
-  Text keys;
-  for (const HotKey& hook : Options().hooks) keys.push_back(static_cast<char16_t>(hook.key));
-  EXPECT_EQ(keys, u"SSSSMW");
-  EXPECT_TRUE(Options().takeBackups && Options().attachSti);
-  EXPECT_TRUE(Read(text) == Options());
 }
 
 TEST(Options, AreReadByTheFormInWhichTheyAreWritten) {
