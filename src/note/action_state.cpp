@@ -23,7 +23,7 @@ constexpr Span kNotYet[] = {
     {kActionSendToPpc, kActionManage},
     {kActionAddAsFriend, kActionAddAsFriend},
     {kActionRecurrence, kActionRecurrence},
-    {kActionFormatForReply, kActionAutoWidth},
+    {kActionFormatForReply, kActionFormatForReply},
     {kActionSyncWithServer, kActionSyncWithServer},
     {kActionHelp, kActionHelp},
     {kActionImportFromPpc, kActionImportFromPpc},

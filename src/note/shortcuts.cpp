@@ -9,6 +9,10 @@ namespace {
 enum Key : std::uint16_t {
   kTab = 0x09,
   kEnter = 0x0D,
+  kLeft = 0x25,
+  kUp = 0x26,
+  kRight = 0x27,
+  kDown = 0x28,
   kDelete = 0x2E,
   kF2 = 0x71,
   kF3 = 0x72,
@@ -79,6 +83,8 @@ constexpr std::array kKeys = {
     KeyRow{kActionApplyStyle9, Alt('9')},
 };
 
+constexpr std::int32_t kKeyStep = 8;  // pixels
+
 struct KeyName {
   std::uint16_t key;
   TextView name;
@@ -94,6 +100,15 @@ ActionCode ActionFromKey(const Shortcut& pressed) {
   const auto row =
       std::find_if(kKeys.begin(), kKeys.end(), [&](const KeyRow& r) { return r.keys == pressed; });
   return row == kKeys.end() ? kActionNone : row->action;
+}
+
+WindowKey WindowKeyFrom(const Shortcut& pressed) {
+  if (pressed.key == kTab && pressed.ctrl && !pressed.alt) return {{}, {}, pressed.shift ? -1 : 1};
+  if (!pressed.alt || pressed.ctrl || pressed.key < kLeft || pressed.key > kDown) return {};
+  const std::int32_t step = pressed.key == kLeft || pressed.key == kUp ? -kKeyStep : kKeyStep;
+  const bool across = pressed.key == kLeft || pressed.key == kRight;
+  const Point by{across ? step : 0, across ? 0 : step};
+  return pressed.shift ? WindowKey{{}, {by.x, by.y}, 0} : WindowKey{by, {}, 0};
 }
 
 Text ShortcutText(ActionCode action) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "base/geometry.h"
 #include "base/text.h"
 #include "note/actions.h"
 
@@ -20,6 +21,18 @@ struct Shortcut {
 
 /// The command of a key in a note; none for keys that belong to the text.
 ActionCode ActionFromKey(const Shortcut& pressed);
+
+/// What a key does with note windows, beside the commands: Alt and the arrows move a note, with Shift they
+/// move its right and bottom edge; Ctrl+Tab goes to the next note, with Shift to the one before.
+struct WindowKey {
+  Point move;
+  Size grow;
+  int toNote = 0;  // 1: the next in list order, -1: the one before
+  friend bool operator==(const WindowKey&, const WindowKey&) = default;
+};
+
+/// What a key does with note windows; all zero for other keys.
+WindowKey WindowKeyFrom(const Shortcut& pressed);
 
 /// How menus show the key of a command ("Ctrl+Shift+F", "F2"); empty for a command without one.
 Text ShortcutText(ActionCode action);

@@ -151,6 +151,43 @@ TEST_F(NoteWindowTest, GhostComesBackByTheRescue) {
   EXPECT_FALSE(Saved(u"AA01").ghost);
 }
 
+TEST_F(NoteWindowTest, IsMovedAndSizedAndLeftWithTheKeyboardAlone) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"AA01", {300, 200}, u"One"), NoteRecord(u"AA02", {600, 200}, u"Two")}, kSnapping));
+  const HWND one = NoteTitled(u"One");
+  const HWND two = NoteTitled(u"Two");
+  ASSERT_TRUE(ClickIntoText(one));
+  PressKeys({VK_MENU, VK_RIGHT});
+  PressKeys({VK_MENU, VK_DOWN});
+  PressKeys({VK_MENU, VK_SHIFT, VK_RIGHT});
+  EXPECT_TRUE(Turns(one, {308, 208, 536, 348}));
+  PressKeys({VK_CONTROL, VK_TAB});
+  ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == two; }));
+  PressKeys({VK_MENU, VK_SHIFT, VK_UP});
+  EXPECT_TRUE(Turns(two, {600, 200, 820, 332}));
+  EXPECT_EQ(Saved(u"AA01").x, 308);
+  EXPECT_EQ(Saved(u"AA02").height, 132);
+}
+
+TEST_F(NoteWindowTest, WhatCannotBeShownAsItIsIsLoggedAndKept) {
+  JotletData picture = NoteRecord(u"AA01", {300, 200}, u"Picture");
+  picture.isImage = 1;
+  WriteData({picture, NoteRecord(u"AA02", {600, 200}, u"Large")}, kDataFileName, kSnapping);
+  Write(folder_ + u"images\\AA01.png", "\x89PNG and no more");
+  std::string large = "{\\rtf1 ";
+  while (large.size() < 5u << 20) large += "a line of text\\par ";
+  large += "}";
+  Write(folder_ + u"rtf\\AA02.rtf", large);
+  ASSERT_TRUE(StartProgram());
+  EXPECT_NE(Log().find("The content of jotlet AA01: no readable picture"), std::string::npos);
+  EXPECT_NE(Log().find("The content of jotlet AA02: too large"), std::string::npos);
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Large")));
+  TypeText(u"x");
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_TRUE(Read(folder_ + u"rtf\\AA02.rtf") == large);
+  EXPECT_EQ(Read(folder_ + u"images\\AA01.png"), "\x89PNG and no more");
+}
+
 TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Locked")}, kSnapping));
   const HWND note = NoteTitled(u"Locked");

@@ -32,6 +32,7 @@ constexpr MenuEntry kNoteEntries[] = {
     kSeparator,
     {kActionOnTop},
     {kActionRoll},
+    {kActionAutoWidth},
     {kActionLock},
     {kActionGoAway},
     {kActionSolo},

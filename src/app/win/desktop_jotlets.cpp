@@ -23,7 +23,8 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
     return nullptr;
   }
   if (content.state == FileContent::State::kRead) {
-    jotlet->LoadContent(content.bytes);
+    const TextView fault = jotlet->LoadContent(content.bytes);
+    if (!fault.empty()) log_.Write(kLogLifecycle, u"The content of jotlet ", id, u": ", fault);
   } else if (content.state == FileContent::State::kUnreadable) {
     log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
     jotlet->KeepOldContent();
@@ -92,6 +93,17 @@ void DesktopJotlets::HideAll() {
 
 void DesktopJotlets::BringForward() {
   for (const auto& jotlet : jotlets_) jotlet->BringForward();
+}
+
+BJotlet* DesktopJotlets::Neighbour(const BJotlet& jotlet, int step) {
+  const std::size_t count = jotlets_.size();
+  std::size_t at = 0;
+  while (at < count && jotlets_[at].get() != &jotlet) ++at;
+  for (std::size_t i = 0; i < count; ++i) {
+    at = (at + (step > 0 ? 1 : count - 1)) % count;
+    if (IsWindowVisible(jotlets_[at]->Handle())) return jotlets_[at].get();
+  }
+  return nullptr;
 }
 
 void DesktopJotlets::HideOthers(const BJotlet& shown) {

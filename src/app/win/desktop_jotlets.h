@@ -65,6 +65,9 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// Takes every window off the screen; no note becomes a hidden one by that.
   void HideAll();
   void BringForward();
+  /// The shown note behind (1) or before (-1) this one in list order, which begins again at its end; the note
+  /// itself when no other is shown.
+  BJotlet* Neighbour(const BJotlet& jotlet, int step);
   /// Hides every note but one.
   void HideOthers(const BJotlet& jotlet);
   /// The note whose window this is, or is inside of; nullptr for other windows.

@@ -252,12 +252,26 @@ void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 bool CMainFrame::TranslateKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   const auto held = [](int key) { return GetKeyState(key) < 0; };
-  const ActionCode action = ActionFromKey(
-      {static_cast<std::uint16_t>(message.wParam), held(VK_CONTROL), held(VK_SHIFT), held(VK_MENU)});
+  const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), held(VK_CONTROL), held(VK_SHIFT),
+                         held(VK_MENU)};
+  const ActionCode action = ActionFromKey(pressed);
+  const WindowKey window = WindowKeyFrom(pressed);
+  if ((action == kActionNone && window == WindowKey{}) || exiting_) return false;
   // A dialog of ours may be open over the notes; its keys are its own.
-  BJotlet* jotlet = action == kActionNone || exiting_ ? nullptr : desktop_.FindWindowOwner(message.hwnd);
+  BJotlet* jotlet = desktop_.FindWindowOwner(message.hwnd);
   if (jotlet == nullptr) return false;
-  return jotlet->DoAction(action, {});
+  if (action != kActionNone) return jotlet->DoAction(action, {});
+  if (window.toNote != 0) {
+    if (BJotlet* next = desktop_.Neighbour(*jotlet, window.toNote)) {
+      next->BringForward();
+      next->TakeFocus();
+    }
+  } else if (window.move != Point{}) {
+    jotlet->MoveByKey(window.move);
+  } else {
+    jotlet->GrowByKey(window.grow);
+  }
+  return true;
 }
 
 void CMainFrame::OnCommand(UINT command) {

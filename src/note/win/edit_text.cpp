@@ -40,6 +40,27 @@ void InsertText(BEdit& edit, TextView text) {
   SendMessageW(edit.Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(Text(text))));
 }
 
+std::int32_t NaturalWidth(BEdit& edit) {
+  constexpr LRESULT kMostLines = 10000;
+  const HWND window = edit.Handle();
+  const Point scroll = edit.ScrollPosition();
+  // No line is wrapped meanwhile.
+  SendMessageW(window, EM_SETTARGETDEVICE, 0, 1);
+  edit.SetScrollPosition({});
+  const LRESULT lines = std::min(SendMessageW(window, EM_GETLINECOUNT, 0, 0), kMostLines);
+  LONG widest = 0;
+  for (LRESULT line = 0; line < lines; ++line) {
+    const LRESULT first = SendMessageW(window, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
+    const LRESULT length = SendMessageW(window, EM_LINELENGTH, static_cast<WPARAM>(first), 0);
+    POINTL end{};
+    SendMessageW(window, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&end), first + length);
+    widest = std::max(widest, end.x);
+  }
+  SendMessageW(window, EM_SETTARGETDEVICE, 0, 0);
+  edit.SetScrollPosition(scroll);
+  return static_cast<std::int32_t>(widest);
+}
+
 bool FindNextText(BEdit& edit, TextView what, bool matchCase) {
   if (what.empty()) return false;
   const Text wanted(what);

@@ -17,6 +17,9 @@ void SelectAll(BEdit& edit);
 /// Puts `text` in the place of the selection, as one step of undoing.
 void InsertText(BEdit& edit, TextView text);
 
+/// How wide the text is, in pixels, when none of its lines is wrapped.
+std::int32_t NaturalWidth(BEdit& edit);
+
 /// Selects the next occurrence of `what` behind the selection and scrolls to it; goes on from the beginning
 /// after the end. False when the text has none, and then changes nothing.
 bool FindNextText(BEdit& edit, TextView what, bool matchCase = false);

@@ -52,22 +52,26 @@ Size BJotlet::SmallestSize() const {
   return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
 }
 
-void BJotlet::LoadContent(std::string_view bytes) {
+TextView BJotlet::LoadContent(std::string_view bytes) {
+  TextView fault;
   if (record_.IsImage()) {
-    if (const auto picture = DecodePng(bytes)) picture_.Load(*picture);
+    const auto picture = DecodePng(bytes);
+    if (!picture || !picture_.Load(*picture)) fault = u"no readable picture";
   } else {
     if (!bytes.empty() && !bytes.starts_with("{\\rtf")) {
       edit_.SetPlainText(FromUtf8(bytes));
-      KeepOldContent();
+      fault = u"no rich text";
     } else if (bytes.size() > BEdit::kLargestRtf) {
       edit_.LoadBeginning(bytes, owner_.BeginningNotice());
-      KeepOldContent();
+      fault = u"too large, only its beginning is shown";
     } else if (!edit_.SetRtf(bytes)) {
-      KeepOldContent();
+      fault = u"not read whole";
     }
+    if (!fault.empty()) KeepOldContent();
     if (record_.scroll != Point{}) edit_.SetScrollPosition(record_.scroll);
   }
   TitleChanged();
+  return fault;
 }
 
 void BJotlet::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }

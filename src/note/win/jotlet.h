@@ -38,8 +38,9 @@ class BJotlet final : public Window, private EditWatcher {
   }
 
   /// Loads the content from its bytes: a rich text, or a PNG for a picture note. A rich-text file that holds
-  /// something else is shown as the plain text that it is.
-  void LoadContent(std::string_view bytes);
+  /// something else is shown as the plain text that it is. What of it could not be shown as it is, empty for
+  /// nothing.
+  TextView LoadContent(std::string_view bytes);
   /// The content file is there but was not read whole: it is kept under another name before it is replaced.
   void KeepOldContent() { keepOldContent_ = true; }
   /// Shows or hides the window; whether the note is a hidden one is another matter.
@@ -100,6 +101,11 @@ class BJotlet final : public Window, private EditWatcher {
   bool SetPlainText(TextView text);
   bool SetRtf(TextView rtf);
   void MoveTo(Point position);
+  /// Makes the note as wide as its longest line wants, at most half the screen.
+  void FitWidth();
+  /// Moves the note and those selected with it, or sizes it, as the user does with the keyboard.
+  void MoveByKey(Point offset);
+  void GrowByKey(Size growth);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
   void PasteClipboard() { edit_.Paste(); }
@@ -124,6 +130,8 @@ class BJotlet final : public Window, private EditWatcher {
   void Place(const Rect& bounds);
   void PlaceByRecord();
   void MoveBy(Point offset);
+  /// A locked note can be frozen to its place.
+  bool IsFrozen() const { return record_.readOnly && owner_.NoteOptions().lockingFreezes; }
   void SyncPlace();
   RollSettings Rolling() const;
   void ApplyAlpha(std::int32_t percent);

@@ -132,6 +132,7 @@ const BJotlet::ActionRow BJotlet::kActions[] = {
     {kActionRoll, kActionRoll, &JotletData::rolled, [](BJotlet& j, ActionCode, bool on) { j.SetRolled(on); }},
     {kActionLock, kActionLock, &JotletData::readOnly,
      [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
+    {kActionAutoWidth, kActionAutoWidth, nullptr, [](BJotlet& j, ActionCode, bool) { j.FitWidth(); }},
     {kActionGoAway, kActionGoAway, nullptr, [](BJotlet& j, ActionCode, bool) { j.GoAway(); }},
     {kActionUser1, kActionUser1, &JotletData::user1,
      [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},

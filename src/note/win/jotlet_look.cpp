@@ -1,5 +1,8 @@
 // What a note looks like: its skin, what the skin is told to show, and how opaque it is.
+#include <algorithm>
+
 #include "note/opacity.h"
+#include "note/win/edit_text.h"
 #include "note/win/jotlet.h"
 #include "note/win/note_words.h"
 
@@ -67,6 +70,16 @@ void BJotlet::OnSize() {
   UpdateView();
   ApplyRegion();
   InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void BJotlet::FitWidth() {
+  if (edit_.Handle() == nullptr || view_.rolled || IsFrozen()) return;
+  constexpr std::int32_t kCaretRoom = 8;
+  const Rect bounds = Bounds();
+  const std::int32_t frame = bounds.Width() - TextArea(skin_->data, view_).Width();
+  const std::int32_t wanted = NaturalWidth(edit_) + frame + kCaretRoom;
+  SetSizeSafe({std::min(wanted, owner_.Screens().virtualScreen.Width() / 2), bounds.Height()});
+  if (Bounds() != bounds) owner_.OnJotletSized(*this);
 }
 
 void BJotlet::ApplyRegion() {

@@ -47,8 +47,7 @@ void BJotlet::OnButtonDown(Point at) {
     return;
   } else {
     owner_.OnJotletPressed(*this, ctrl);
-    // A locked note can be frozen to its place.
-    if (record_.readOnly && owner_.NoteOptions().lockingFreezes) return;
+    if (IsFrozen()) return;
     drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
     snapWindows_ = owner_.WindowsToSnapTo(*this);
   }
@@ -124,6 +123,25 @@ void BJotlet::DragTo(Point offset) {
 void BJotlet::MoveBy(Point offset) {
   const Rect bounds = Bounds();
   Place(RectAt({bounds.left + offset.x, bounds.top + offset.y}, {bounds.Width(), bounds.Height()}));
+}
+
+void BJotlet::MoveByKey(Point offset) {
+  if (IsFrozen()) return;
+  for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(offset);
+  owner_.OnJotletChanged();
+  owner_.OnJotletMoved(*this);
+}
+
+void BJotlet::GrowByKey(Size growth) {
+  if (IsFrozen() || (view_.rolled && growth.height != 0)) return;
+  Size least = SmallestSize();
+  const Rect before = Bounds();
+  if (view_.rolled) least.height = before.Height();
+  const DraggedEdges edges{growth.width != 0 ? 1 : 0, growth.height != 0 ? 1 : 0};
+  Place(SafeBounds(DraggedBounds(before, edges, {growth.width, growth.height}), edges, least));
+  if (Bounds() == before) return;
+  owner_.OnJotletChanged();
+  owner_.OnJotletSized(*this);
 }
 
 void BJotlet::OfferTooltip(Point at) {
