@@ -81,6 +81,23 @@ TEST(Shortcuts, AreWhatMenusShowAndLeadToOneCommandEach) {
   }
 }
 
+TEST(Shortcuts, OfWindowsAreNoneOfTheCommands) {
+  constexpr std::uint16_t kTab = 0x09;
+  constexpr std::uint16_t kLeft = 0x25;
+  constexpr std::uint16_t kDown = 0x28;
+  EXPECT_EQ(WindowKeyFrom({kLeft, false, false, true}).move, (Point{-8, 0}));
+  EXPECT_EQ(WindowKeyFrom({kDown, false, true, true}).grow, (Size{0, 8}));
+  EXPECT_EQ(WindowKeyFrom({kTab, true, true, false}).toNote, -1);
+  // Ctrl with an arrow belongs to the text, with Alt as well to the system.
+  EXPECT_EQ(WindowKeyFrom({kLeft, true, false, true}), WindowKey{});
+  for (std::uint16_t key = 1; key < 0xFF; ++key) {
+    for (int held = 0; held < 8; ++held) {
+      const Shortcut pressed{key, (held & 1) != 0, (held & 2) != 0, (held & 4) != 0};
+      EXPECT_TRUE(ActionFromKey(pressed) == kActionNone || WindowKeyFrom(pressed) == WindowKey{}) << key;
+    }
+  }
+}
+
 TEST(ActionState, OfOpacityStoresWhatRemains) {
   EXPECT_EQ(OpacityOf(kActionTransparentOpaque), 0);
   for (std::int32_t percent = 10; percent <= 90; percent += 10) {
