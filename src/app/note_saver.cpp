@@ -30,9 +30,8 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   view.installId = installId_;
   view.stacks = lists_.stacks;
   view.jotlets = open_.Records();
-  for (const auto* list : {&lists_.attached, &lists_.sleeping}) {
-    for (const JotletData& record : *list) view.jotlets.push_back(&record);
-  }
+  for (const JotletData& record : lists_.attached) view.jotlets.push_back(&record);
+  for (const JotletData& record : lists_.sleeping) view.jotlets.push_back(&record);
   view.verbatim = lists_.verbatim;
   view.deleted = lists_.deleted;
   view.rolledHasAltPosition = options_.rolledHasAltPosition;

@@ -8,8 +8,11 @@ namespace jotlets {
 std::vector<JotletData> JotletLists::Take(DataFile file) {
   std::vector<JotletData> desktop;
   for (FiledJotlet& jotlet : file.jotlets) {
-    auto& list = jotlet.record.sleeping ? sleeping : jotlet.record.IsAttached() ? attached : desktop;
-    list.push_back(std::move(jotlet.record));
+    if (jotlet.record.sleeping) {
+      sleeping.push_back(std::move(jotlet.record));
+    } else {
+      (jotlet.record.IsAttached() ? attached : desktop).push_back(std::move(jotlet.record));
+    }
   }
   for (FiledJotlet& jotlet : file.deleted) deleted.push_back(std::move(jotlet.record));
   verbatim = std::move(file.verbatim);
@@ -40,7 +43,8 @@ std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desk
 }
 
 bool JotletLists::Holds(TextView id) const {
-  for (const auto* list : {&attached, &sleeping, &deleted}) {
+  if (sleeping.Find(id) != nullptr) return true;
+  for (const auto* list : {&attached, &deleted}) {
     if (std::any_of(list->begin(), list->end(),
                     [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); })) {
       return true;
@@ -49,11 +53,20 @@ bool JotletLists::Holds(TextView id) const {
   return false;
 }
 
-std::vector<Text> IdsOf(const std::vector<JotletData>& records) {
+namespace {
+
+template <typename Records>
+std::vector<Text> CollectIds(const Records& records) {
   std::vector<Text> ids;
   ids.reserve(records.size());
   for (const JotletData& record : records) ids.push_back(record.id);
   return ids;
 }
+
+}  // namespace
+
+std::vector<Text> IdsOf(const std::vector<JotletData>& records) { return CollectIds(records); }
+
+std::vector<Text> IdsOf(const SleepingList& records) { return CollectIds(records); }
 
 }  // namespace jotlets

@@ -5,6 +5,7 @@
 
 #include "data/data_file.h"
 #include "data/jotlet_data.h"
+#include "data/sleeping_list.h"
 #include "data/stack_record.h"
 
 namespace jotlets {
@@ -18,7 +19,7 @@ struct NotesOfKind {
 class JotletLists {
  public:
   std::vector<JotletData> attached;
-  std::vector<JotletData> sleeping;
+  SleepingList sleeping;
   std::vector<Text> verbatim;
   std::vector<JotletData> deleted;  // closed notes, the latest first
   std::vector<StackRecord> stacks;
@@ -39,5 +40,6 @@ class JotletLists {
 
 /// The ids of a list, in its order.
 std::vector<Text> IdsOf(const std::vector<JotletData>& records);
+std::vector<Text> IdsOf(const SleepingList& records);
 
 }  // namespace jotlets

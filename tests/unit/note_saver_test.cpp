@@ -52,7 +52,7 @@ class Saving : public testing::Test {
 };
 
 TEST_F(Saving, WritesOpenThenAttachedThenSleepingNotes) {
-  lists.sleeping = {Note(u"C")};
+  lists.sleeping.push_back(Note(u"C"));
   lists.attached = {Note(u"B")};
   open.notes = {Note(u"A")};
   EXPECT_TRUE(saver.SaveIfDirty());

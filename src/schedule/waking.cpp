@@ -1,0 +1,181 @@
+#include "schedule/waking.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace jotlets {
+namespace {
+
+constexpr std::int64_t kNotAtAll = std::numeric_limits<std::int64_t>::max();
+// A system that has no window to give has none a second later either.
+constexpr std::int64_t kHold = 60;
+
+std::int64_t WakeTimeOf(const JotletData& record) {
+  const bool never =
+      record.recurring && (record.sleepNextWake == kNeverAgain || !FaultOf(RuleOf(record)).empty());
+  return never ? kNotAtAll : record.sleepNextWake;
+}
+
+bool HasEnded(const JotletData& record, std::int64_t now) {
+  return record.sleepLastWake != kNone && record.sleepLastWake < now;
+}
+
+bool IsAlarmDue(const JotletData& record, std::int64_t now) {
+  return record.alarm != kNone && record.alarm < now;
+}
+
+template <typename Due>
+std::vector<Text> IdsWhere(const SleepingList& records, Due due) {
+  std::vector<Text> ids;
+  for (const JotletData& record : records) {
+    if (due(record)) ids.push_back(record.id);
+  }
+  return ids;
+}
+
+}  // namespace
+
+bool IsUntouchedCopy(const JotletData& note, const JotletData& source) {
+  // Waking may have put the copy on top.
+  const bool onTop = source.onTop || FlagsOf(source).onTop;
+  return !note.IsAttached() && note.x == source.x && note.y == source.y && note.onTop == onTop &&
+         note.colour == source.colour && note.rolled == source.rolled && note.width == source.width &&
+         note.height == source.height && note.title == source.title && note.user1 == source.user1 &&
+         note.user2 == source.user2 && note.user3 == source.user3;
+}
+
+void Waking::FindEarliest() {
+  if (seen_ == sleeping_.Version()) return;
+  seen_ = sleeping_.Version();
+  earliestWake_ = earliestAlarm_ = kNotAtAll;
+  for (const JotletData& record : sleeping_) {
+    if (record.recurring) TellFault(record);
+    earliestWake_ = std::min(earliestWake_, WakeTimeOf(record));
+    if (record.alarm != kNone) earliestAlarm_ = std::min<std::int64_t>(earliestAlarm_, record.alarm);
+  }
+}
+
+// A rule from a file or a command may be none that can be followed: the note is kept as it is.
+void Waking::TellFault(const JotletData& record) {
+  const TextView fault = FaultOf(RuleOf(record));
+  if (fault.empty() || !told_.insert(FoldCase(record.id)).second) return;
+  log_.Write(kLogLifecycle, u"The recurrence of jotlet ", record.id, u" cannot be followed (", fault,
+             u"); it stays asleep");
+}
+
+void Waking::WakeSleeping() {
+  if (!enabled_) return;
+  const std::int64_t now = clock_.Now().utc;
+  // Set back, the clock must not hold the notes up for longer than it was meant to.
+  if (now < holdUntil_ && now >= holdUntil_ - kHold) return;
+  FindEarliest();
+  if (earliestWake_ > now) return;
+  bool changed = false;
+  for (const Text& id : IdsWhere(sleeping_, [now](const auto& r) { return WakeTimeOf(r) <= now; })) {
+    const Outcome outcome = WakeDue(id, now);
+    if (outcome == Outcome::kNoWindow) {
+      holdUntil_ = now + kHold;
+      break;
+    }
+    changed = true;
+  }
+  if (std::exchange(soundDue_, false)) host_.PlayWakeSound();
+  if (changed) host_.OnListsChanged();
+}
+
+bool Waking::WakeSleeping(TextView id) {
+  if (!enabled_ || sleeping_.Find(id) == nullptr) return false;
+  const bool woken = WakeForGood(Text(id), clock_.Now().utc) == Outcome::kWoken;
+  if (std::exchange(soundDue_, false)) host_.PlayWakeSound();
+  if (woken) host_.OnListsChanged();
+  return woken;
+}
+
+// Meanwhile a listener may have taken it away, or changed it.
+Waking::Outcome Waking::WakeDue(const Text& id, std::int64_t now) {
+  const JotletData* record = std::as_const(sleeping_).Find(id);
+  if (record == nullptr || WakeTimeOf(*record) > now) return Outcome::kAsleep;
+  return record->recurring ? WakeRecurring(id, now) : WakeForGood(id, now);
+}
+
+Waking::Outcome Waking::WakeForGood(const Text& id, std::int64_t now) {
+  const JotletData* asleep = std::as_const(sleeping_).Find(id);
+  if (asleep == nullptr || HasEnded(*asleep, now)) return Outcome::kAsleep;
+  LogWaking(*asleep, now);
+  JotletData record = *sleeping_.Remove(id);
+  const JotletData kept = record;
+  record.sleeping = record.recurring = false;
+  const WakeFlags flags = FlagsOf(record);
+  if (!host_.Wake(std::move(record), u"waking", flags)) {
+    sleeping_.push_back(kept);
+    return Outcome::kNoWindow;
+  }
+  soundDue_ = soundDue_ || flags.sound;
+  return Outcome::kWoken;
+}
+
+Waking::Outcome Waking::WakeRecurring(const Text& id, std::int64_t now) {
+  const JotletData source = *std::as_const(sleeping_).Find(id);
+  const bool suppressed =
+      (options_.preventDuplicates == 1 && host_.HasCopyOf(source)) || HasEnded(source, now);
+  if (!suppressed) {
+    LogWaking(source, now);
+    JotletData copy = source;
+    copy.id = host_.NewJotletId();
+    copy.fromRecurring = source.id;
+    copy.sleeping = copy.recurring = false;
+    CopyContentOf(source, copy);
+    const WakeFlags flags = FlagsOf(source);
+    if (!host_.Wake(copy, u"recurring", flags)) {
+      host_.ForgetContent(copy);
+      return Outcome::kNoWindow;
+    }
+    soundDue_ = soundDue_ || flags.sound;
+  }
+  Advance(id, now);
+  return suppressed ? Outcome::kAsleep : Outcome::kWoken;
+}
+
+void Waking::CopyContentOf(const JotletData& source, const JotletData& copy) {
+  const FileStatus copied = host_.CopyContent(source, copy);
+  if (!copied) {
+    log_.Write(kLogLifecycle, u"Unable to copy the content of jotlet ", source.id, u": ", copied.reason);
+  }
+}
+
+void Waking::Advance(const Text& id, std::int64_t now) {
+  const JotletData* source = std::as_const(sleeping_).Find(id);
+  if (source == nullptr || !source->recurring) return;
+  if (HasEnded(*source, now)) {
+    if (const auto finished = sleeping_.Remove(id)) host_.ForgetContent(*finished);
+    return;
+  }
+  JotletData& waiting = *sleeping_.FindToChange(id);
+  waiting.sleepNextWake = TimeAfter(RuleOf(waiting), waiting.sleepNextWake, now, clock_);
+}
+
+void Waking::LogWaking(const JotletData& record, std::int64_t now) {
+  if (!log_.Writes(kLogDetail)) return;
+  log_.Write(kLogDetail, u"Waking jotlet '", record.title, u"'. Jotlet next wake time: ",
+             record.sleepNextWake, u" (", host_.ShownTime(record.sleepNextWake), u"), time now: ", now);
+}
+
+void Waking::CheckAlarms() {
+  if (!enabled_) return;
+  const std::int64_t now = clock_.Now().utc;
+  for (;;) {
+    host_.StartDueAlarms(now);
+    FindEarliest();
+    if (earliestAlarm_ >= now) return;
+    bool woken = false;
+    for (const Text& id : IdsWhere(sleeping_, [now](const auto& r) { return IsAlarmDue(r, now); }))
+      woken = WakeSleeping(id) || woken;
+    // Those that cannot be woken are left for the next second.
+    if (!woken) return;
+    host_.StopSounds();
+  }
+}
+
+}  // namespace jotlets
