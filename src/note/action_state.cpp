@@ -16,20 +16,16 @@ bool IsIn(const Span (&spans)[count], ActionCode action) {
   return std::any_of(std::begin(spans), std::end(spans), [action](const Span& s) { return s.Holds(action); });
 }
 
-// Network and mail, the store and the manage window, printing, sleep, alarms and attaching, image tools, and
+// Network and mail, the store and the manage window, printing, attaching, image tools, and
 // the codes without a handler in a note.
 constexpr Span kNotYet[] = {
     {kActionReply, kActionReply},
     {kActionSendToPpc, kActionManage},
     {kActionAddAsFriend, kActionAddAsFriend},
-    {kActionRecurrence, kActionRecurrence},
     {kActionFormatForReply, kActionFormatForReply},
     {kActionSyncWithServer, kActionSyncWithServer},
     {kActionHelp, kActionHelp},
     {kActionImportFromPpc, kActionImportFromPpc},
-    {kActionAlarm, kActionAlarm},
-    {kActionSleep, kActionSleep},
-    {kActionPlayAlarm, kActionPlayAlarm},
     {kActionStoreJotlet, kActionStoreJotlet},
     {kActionAttach, kActionAttach},
     {kActionTrack, kActionTrack},

@@ -45,6 +45,7 @@ constexpr std::array kKeys = {
     KeyRow{kActionLock, CtrlShift('K')},
     KeyRow{kActionGoAway, Ctrl('H')},
     KeyRow{kActionColour, CtrlShift('C')},
+    KeyRow{kActionAlarm, CtrlShift('A')},
     KeyRow{kActionOpenJotletContext, Ctrl(kApps)},
     KeyRow{kActionSave, Ctrl('S')},
     KeyRow{kActionUndo, Ctrl('Z')},

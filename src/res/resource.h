@@ -19,6 +19,9 @@
 #define IDD_SKIN 123
 #define IDD_TEXT 124
 #define IDD_PROPERTIES 125
+#define IDD_SLEEP 130
+#define IDD_ALARM 131
+#define IDD_RECURRENCE 132
 
 // Commands of the program, in the order of the tray menu.
 #define ID_NEW_JOTLET 1000
@@ -58,6 +61,50 @@
 #define IDC_PROP_GHOST 1219
 #define IDC_PROP_HIDDEN 1220
 #define IDC_PROP_DATES 1221
+#define IDC_SLEEP_FOR 1300
+#define IDC_SLEEP_UNTIL 1301
+#define IDC_SLEEP_NUMBER 1302
+#define IDC_SLEEP_SPIN 1303
+#define IDC_SLEEP_UNIT 1304
+#define IDC_SLEEP_DATE 1305
+#define IDC_SLEEP_TIME 1306
+#define IDC_SLEEP_SOUND 1307
+#define IDC_SLEEP_ALARM 1308
+#define IDC_SLEEP_ON_TOP 1309
+#define IDC_ALARM_CLEAR 1310
+#define IDC_ALARM_SLEEP 1311
+#define IDC_REC_DAILY 1320
+#define IDC_REC_WEEKLY 1321
+#define IDC_REC_MONTHLY 1322
+#define IDC_REC_YEARLY 1323
+#define IDC_REC_EVERY 1324
+#define IDC_REC_DAILY_TIME 1325
+#define IDC_REC_WEEKLY_TIME 1326
+#define IDC_REC_MONTHLY_TIME 1327
+#define IDC_REC_YEARLY_TIME 1328
+#define IDC_REC_MONDAY 1329 // and the six days after it
+#define IDC_REC_ALL_DAYS 1336
+#define IDC_REC_ON_DAY 1337
+#define IDC_REC_ON_WEEKDAY 1338
+#define IDC_REC_MONTH_DAY 1339
+#define IDC_REC_MONTH_SPIN 1340
+#define IDC_REC_ORDINAL 1341
+#define IDC_REC_WEEKDAY 1342
+#define IDC_REC_MONTH 1343
+#define IDC_REC_YEAR_DAY 1344
+#define IDC_REC_YEAR_SPIN 1345
+#define IDC_REC_COUNT 1346
+#define IDC_REC_COUNT_SPIN 1347
+#define IDC_REC_UNIT 1348
+#define IDC_REC_START_DATE 1349
+#define IDC_REC_START_TIME 1350
+#define IDC_REC_ENDS 1351
+#define IDC_REC_END_DATE 1352
+#define IDC_REC_END_TIME 1353
+#define IDC_REC_SOUND 1354
+#define IDC_REC_ALARM 1355
+#define IDC_REC_ON_TOP 1356
+#define IDC_REC_WORDS 1357
 
 #define IDS_USAGE 2000
 #define IDS_NO_RICH_EDIT 2001
@@ -108,6 +155,17 @@
 #define IDS_NOT_IMPORTED 2046
 #define IDS_BEGINNING 2047
 #define IDS_NOT_FOUND 2048
+#define IDS_UNIT_ONE 2100 // "minute" and the four longer units
+#define IDS_UNIT_MANY 2105 // "minutes" and so on
+#define IDS_ORDINAL 2110 // "First" to "Fourth" and "Last"
+#define IDS_KIND_OF_DAY 2115 // "Day", "Weekday", "Weekend Day"
+#define IDS_SLEEP_PAST 2118
+#define IDS_ALARM_PAST 2119
+#define IDS_SNOOZE 2120
+#define IDS_SNOOZE_AND_SLEEP 2121
+#define IDS_APPEARS 2122
+#define IDS_APPEARS_TOO_LATE 2123
+#define IDS_APPEARS_NEVER 2124
 
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000

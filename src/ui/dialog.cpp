@@ -30,6 +30,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (object == nullptr) return FALSE;
     if (message == WM_TIMER) object->OnTimer();
+    if (message == WM_NOTIFY) object->OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     if (message == WM_DRAWITEM) {
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;

@@ -24,6 +24,8 @@ class Dialog {
   /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
   virtual bool OnCommand(UINT control, UINT notification) = 0;
   virtual void OnTimer() {}
+  /// A control tells of itself by more than a command.
+  virtual void OnNotify(const NMHDR&) {}
   /// A control that the dialog draws itself.
   virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 

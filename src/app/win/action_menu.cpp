@@ -38,6 +38,7 @@ constexpr MenuEntry kNoteEntries[] = {
     {kActionSolo},
     kSeparator,
     {kActionSleep},
+    {kActionRecurrence},
     {kActionAlarm},
     {kActionAttach},
     kSeparator,
@@ -122,16 +123,19 @@ ActionMenu::ActionMenu(const Resources& resources, std::span<const MenuEntry> en
                        const ActionFacts& facts)
     : menu_(Build(resources, entries, facts)) {}
 
-ActionCode ActionMenu::Choose(HWND owner) const {
+UINT ChooseFromMenu(HMENU menu, HWND owner) {
   Point at = MousePosition();
   // From the keyboard, the menu belongs to the note, wherever the mouse is.
   RECT bounds{};
   GetWindowRect(owner, &bounds);
   const Rect area = FromRECT(bounds);
   if (!area.Contains(at)) at = {area.left + 16, area.top + 24};
-  const BOOL chosen =
-      TrackPopupMenu(menu_.get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr);
-  return static_cast<ActionCode>(chosen);
+  const BOOL chosen = TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr);
+  return static_cast<UINT>(chosen);
+}
+
+ActionCode ActionMenu::Choose(HWND owner) const {
+  return static_cast<ActionCode>(ChooseFromMenu(menu_.get(), owner));
 }
 
 }  // namespace jotlets

@@ -21,6 +21,9 @@ struct MenuEntry {
 extern const std::span<const MenuEntry> kJotletMenu;
 extern const std::span<const MenuEntry> kTextMenu;
 
+/// Shows a menu at the mouse and waits; the number of the chosen entry, 0 when it was left.
+UINT ChooseFromMenu(HMENU menu, HWND owner);
+
 class ActionMenu {
  public:
   ActionMenu(const Resources& resources, std::span<const MenuEntry> entries, const ActionFacts& facts);

@@ -61,6 +61,7 @@ bool DesktopJotlets::SaveContent(TextView id, const Moment& now) {
 std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return std::nullopt;
+  jotlet->StopAlarm();
   JotletData record = jotlet->Record();
   byId_.erase(FoldCase(id));
   const auto at =
@@ -281,6 +282,17 @@ void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
   for (const BJotlet* moved : GroupOf(jotlet)) ids.push_back(moved->StoredRecord().id);
   if (ids.size() == 1) return owner_.NotifyListeners(kMoved, ids.front());
   owner_.NotifyListenersMany(kMoved, ids);
+}
+
+void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
+  sounding_ += sounding ? 1 : -1;
+  log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
+             jotlet.StoredRecord().title);
+  owner_.OnAlarm(sounding);
+}
+
+void DesktopJotlets::StopAlarms() {
+  for (const auto& jotlet : jotlets_) jotlet->StopAlarm();
 }
 
 void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {

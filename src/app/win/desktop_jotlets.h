@@ -27,6 +27,10 @@ class DesktopOwner {
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
   virtual Text BeginningNotice() const = 0;
+  /// A note begins or ends to sound.
+  virtual void OnAlarm(bool sounding) = 0;
+  /// Notes have gone from one list to another, or changed among those without a window.
+  virtual void OnListsChanged() = 0;
   virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
   virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
@@ -79,6 +83,9 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void FollowMonitors();
   /// One step of all animated moves.
   void Animate();
+  /// Whether a note sounds.
+  bool IsAnySounding() const { return sounding_ > 0; }
+  void StopAlarms();
   void CloseAll();
   /// Whether notes take the mouse and the keyboard.
   void Enable(bool enabled);
@@ -101,6 +108,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
     return owner_.IsActionEnabled(jotlet, action);
   }
+  void OnAlarm(BJotlet& jotlet, bool sounding) override;
   const Options& NoteOptions() const override { return options_; }
   EditContext EditingContext() override;
   void OnJotletLink(const Text& target) override;
@@ -140,6 +148,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   std::vector<FontStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;
+  int sounding_ = 0;
   std::vector<Text> animating_;  // the ids of the notes that move
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;

@@ -46,6 +46,10 @@ const JotletActions::Row JotletActions::kRows[] = {
     {kActionOpenTextContext, &JotletActions::TextMenu},
     {kActionOrphanCheck, &JotletActions::OrphanCheck},
     {kActionProperties, &JotletActions::Properties},
+    {kActionSleep, &JotletActions::Sleep},
+    {kActionRecurrence, &JotletActions::Recur},
+    {kActionAlarm, &JotletActions::Alarm},
+    {kActionPlayAlarm, &JotletActions::PlayAlarm},
 };
 
 namespace {
@@ -89,6 +93,7 @@ ActionFacts JotletActions::FactsOf(const BJotlet& jotlet) const {
 }
 
 void JotletActions::ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries) {
+  if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
   const ActionMenu menu(resources_, entries, FactsOf(jotlet));
   // The menu runs a message loop of its own, in which anything may happen to the note.

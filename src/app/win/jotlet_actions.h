@@ -6,6 +6,7 @@
 #include <span>
 
 #include "app/win/action_menu.h"
+#include "app/win/sleep_commands.h"
 #include "note/action_state.h"
 #include "ui/resources.h"
 
@@ -16,7 +17,8 @@ class CMainFrame;
 
 class JotletActions {
  public:
-  JotletActions(CMainFrame& frame, const Resources& resources) : frame_(frame), resources_(resources) {}
+  JotletActions(CMainFrame& frame, const Resources& resources)
+      : frame_(frame), resources_(resources), sleep_(frame, resources) {}
 
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
@@ -48,6 +50,10 @@ class JotletActions {
   void TextMenu(BJotlet& jotlet);
   void OrphanCheck(BJotlet& jotlet);
   void Properties(BJotlet& jotlet);
+  void Sleep(BJotlet& jotlet) { sleep_.Sleep(jotlet); }
+  void Recur(BJotlet& jotlet) { sleep_.Recur(jotlet); }
+  void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
+  void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries);
@@ -57,6 +63,7 @@ class JotletActions {
 
   CMainFrame& frame_;
   const Resources& resources_;
+  SleepCommands sleep_;
 };
 
 }  // namespace jotlets

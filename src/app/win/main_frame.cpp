@@ -28,6 +28,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       desktop_(*this, files_, clock_, log_, options_.Current(), skins_),
       saver_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       maker_(files_, clock_, log_, options_.Current(), lists_, desktop_),
+      sleeping_(*this, files_, clock_, log_, options_.Current(), lists_, desktop_, maker_, saver_),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
       backups_(*this, resources, files_, ansi_, clock_, log_, options_.Current(), tray_),
@@ -77,12 +78,7 @@ void CMainFrame::OnTimer(UINT_PTR id) {
       options_.Save();
       break;
     case kMinuteTimer: OnMinute(); break;
-    case kSecondTimer:
-      ++secondsRun_;
-      desktop_.Purge();
-      // Not every change of the monitors is announced.
-      desktop_.FollowMonitors();
-      break;
+    case kSecondTimer: OnSecond(); break;
     case kFlashTimer: tray_.Flash(); break;
     case kAnimationTimer: desktop_.Animate(); break;
     case kBackupTimer:
@@ -95,6 +91,23 @@ void CMainFrame::OnTimer(UINT_PTR id) {
 void CMainFrame::OnMinute() {
   if (++minutes_ % kSafetyCopyMinutes == 0) SaveJotlets(folder_ + Text(kSafetyCopyName));
   CheckBackup();
+}
+
+void CMainFrame::OnSecond() {
+  desktop_.Purge();
+  // Not every change of the monitors is announced.
+  desktop_.FollowMonitors();
+  WakeSleeping();
+  CheckAlarms();
+  ++secondsRun_;
+}
+
+void CMainFrame::OnAlarm(bool sounding) {
+  if (!sounding) {
+    StopSounds();
+  } else if (CurrentOptions().soundAlarm == 1) {
+    PlayAlarmSound(kAlarmSound);
+  }
 }
 
 void CMainFrame::SetDirty() {
@@ -214,6 +227,8 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
     return;
   }
   ready_ = false;
+  sleeping_.Enable(false);
+  desktop_.StopAlarms();
   UnregisterHotKeys(Handle());
   backups_.Abandon();
   options_.SaveIfDirty();
@@ -249,8 +264,17 @@ Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNIN
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
+// Typing quietens a note, as any command does.
+void CMainFrame::StopAlarmByKey(const MSG& message) {
+  const bool menuOrModifier = message.wParam == VK_APPS || message.wParam == VK_CONTROL ||
+                              message.wParam == VK_SHIFT || message.wParam == VK_MENU;
+  BJotlet* jotlet = menuOrModifier ? nullptr : desktop_.FindWindowOwner(message.hwnd);
+  if (jotlet != nullptr) jotlet->StopAlarm();
+}
+
 bool CMainFrame::TranslateKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  if (desktop_.IsAnySounding()) StopAlarmByKey(message);
   const auto held = [](int key) { return GetKeyState(key) < 0; };
   const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), held(VK_CONTROL), held(VK_SHIFT),
                          held(VK_MENU)};
@@ -307,6 +331,7 @@ void CMainFrame::HoldStill(bool still) {
   if (still) NotifyListenersText(u"503 jotlets is exiting for a restore");
   exiting_ = still;
   desktop_.Enable(!still);
+  sleeping_.Enable(!still);
   // What was not saved before is tried again.
   if (!still) SetDirty();
 }

@@ -6,6 +6,7 @@
 #include "app/activity_log.h"
 #include "app/note_saver.h"
 #include "app/options_keeper.h"
+#include "app/win/alarm_sound.h"
 #include "app/win/backup_commands.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
@@ -14,6 +15,7 @@
 #include "app/win/jotlet_maker.h"
 #include "app/win/program_commands.h"
 #include "app/win/program_instance.h"
+#include "app/win/sleeping_jotlets.h"
 #include "app/win/system_tray.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
@@ -65,6 +67,13 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool CloseJotlet(TextView id, TextView reason);
   /// Deletes an open note for good.
   bool DeleteJotlet(TextView id, TextView reason);
+  /// The notes that sleep, and how they wake.
+  SleepingJotlets& Sleeping() { return sleeping_; }
+  /// Runs the wake pass, or wakes one note at once; whether that one woke.
+  void WakeSleeping() { sleeping_.WakeSleeping(); }
+  bool WakeSleeping(TextView id) { return sleeping_.WakeSleeping(id); }
+  void CheckAlarms() { sleeping_.CheckAlarms(); }
+  void PlayAlarmSound(int kind) { jotlets::PlayAlarmSound(CurrentOptions(), log_, kind); }
   void ImportNoteMessage(TextView message);
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefaultSkin(TextView path);
@@ -99,7 +108,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   const DesktopJotlets& Desktop() const { return desktop_; }
   ProgramSkins& Skins() { return skins_; }
   const JotletLists& Lists() const { return lists_; }
-  /// The user's options.
+  JotletLists& Lists() { return lists_; }
+  /// The user's options; whoever changes them calls `SetOptionsDirty`.
+  Options& CurrentOptions() { return options_.Current(); }
   const Options& CurrentOptions() const { return options_.Current(); }
   /// The options that hold, the administrator's policy counted in.
   Options EffectiveOptions() const { return WithPolicy(CurrentOptions(), policy_); }
@@ -136,7 +147,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
   void OnTimer(UINT_PTR id);
   void OnMinute();
+  void OnSecond();
   void OnEndSession(bool ending);
+  void StopAlarmByKey(const MSG& message);
 
   Text StackName(std::int32_t number) const override;
   Text BeginningNotice() const override;
@@ -146,6 +159,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
     return StateOf(action, actions_.FactsOf(jotlet)).enabled;
   }
   void PurgeSoon() override;
+  void OnAlarm(bool sounding) override;
+  // Whatever shows lists of notes is to hear of it here.
+  void OnListsChanged() override { SetDirty(); }
 
   HWND BackupWindow() const override { return Handle(); }
   bool SaveForBackup() override;
@@ -171,6 +187,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   DesktopJotlets desktop_;
   NoteSaver saver_;
   JotletMaker maker_;
+  SleepingJotlets sleeping_;
   CommandEndpoint commands_;
   CSystemTray tray_;
   BackupCommands backups_;

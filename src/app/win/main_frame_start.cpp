@@ -64,6 +64,8 @@ bool CMainFrame::OnCreate() {
   options_.Save();
   RegisterHotKeys(Handle(), CurrentOptions(), log_);
   CheckBackup();
+  sleeping_.Enable(true);
+  WakeSleeping();
   SetTimer(Handle(), kMinuteTimer, kMinutePeriod, nullptr);
   SetTimer(Handle(), kSecondTimer, kSecondPeriod, nullptr);
   SetTimer(Handle(), kAnimationTimer, kAnimationPeriod, nullptr);
@@ -84,6 +86,7 @@ bool CMainFrame::FindDataFolder() {
   }
   desktop_.SetFolder(folder_);
   maker_.SetFolder(folder_);
+  sleeping_.SetFolder(folder_);
   return true;
 }
 

@@ -74,7 +74,10 @@ TextView BJotlet::LoadContent(std::string_view bytes) {
   return fault;
 }
 
-void BJotlet::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }
+void BJotlet::Show() {
+  ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+  StartPendingAlarm();
+}
 
 void BJotlet::Hide() { ShowWindow(Handle(), SW_HIDE); }
 
@@ -88,7 +91,7 @@ JotletData& BJotlet::Record() {
 // minimised window has a place far off every screen, and an animated one is on its way.
 void BJotlet::SyncPlace() {
   if (Handle() == nullptr || IsIconic(Handle()) || animation_.running) return;
-  const Rect bounds = Bounds();
+  const Rect bounds = SettledBounds();
   if (bounds != place_.Shown()) place_.Choose(bounds);
   TakeBounds(record_, place_.Chosen(), Rolling());
 }
@@ -152,6 +155,7 @@ bool BJotlet::SetRtf(TextView rtf) {
 }
 
 void BJotlet::MoveTo(Point position) {
+  if (IsSounding()) alarmOrigin_ = position;
   SetWindowPos(Handle(), nullptr, position.x, position.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   owner_.OnJotletChanged();
 }
@@ -186,6 +190,10 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     }
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
+    case WM_PARENTNOTIFY:
+      // A click into the editor.
+      if (LOWORD(wParam) == WM_LBUTTONDOWN) StopAlarm();
+      return 0;
     case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
     case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
     case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
@@ -209,6 +217,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS: OnFocus(false); return 0;
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
+      if (wParam == kAlarmTimer) TickAlarm();
       return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     case WM_DPICHANGED: OnDpiChanged(HIWORD(wParam)); return 0;
@@ -226,6 +235,7 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
 }
 
 void BJotlet::Place(const Rect& bounds) {
+  if (IsSounding()) alarmOrigin_ = bounds.TopLeft();
   if (bounds == Bounds()) return;
   SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);

@@ -16,6 +16,7 @@
 #include "note/win/jotlet_owner.h"
 #include "note/win/note_shadow.h"
 #include "note/win/title_tooltip.h"
+#include "schedule/alarm.h"
 #include "skin/skin_layout.h"
 #include "skin/win/picture_bitmap.h"
 #include "ui/window.h"
@@ -78,6 +79,14 @@ class BJotlet final : public Window, private EditWatcher {
   void SetTransparency(std::int32_t percent);
   /// Slides out at the nearest edge of the screen and is then hidden.
   void GoAway();
+  /// The time of its alarm, seconds since 1970 UTC, `kNone` for none.
+  void SetAlarm(std::int32_t time);
+  /// Begins to sound; a note that cannot be seen now does when it can. Its alarm is then spent. The note may
+  /// be gone when the call returns.
+  void StartAlarm();
+  /// Ends that, and puts the note back to exactly where it was.
+  void StopAlarm();
+  bool IsSounding() const { return alarmPhase_ != kNotSounding; }
   /// One of several notes that are selected together.
   void SetSelected(bool selected);
   bool IsSelected() const { return selected_; }
@@ -114,6 +123,7 @@ class BJotlet final : public Window, private EditWatcher {
 
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
+  static constexpr UINT_PTR kAlarmTimer = 1228;
   struct ActionRow;
   static const ActionRow kActions[];
   enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };
@@ -163,6 +173,13 @@ class BJotlet final : public Window, private EditWatcher {
   void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();
+  void ShowAlarm();
+  void StartPendingAlarm();
+  void TickAlarm();
+  Colour ShownColour() const;
+  void ShowPaper();
+  /// Where the window is but for the jiggling of an alarm.
+  Rect SettledBounds() const;
 
   JotletOwner& owner_;
   JotletData record_;
@@ -176,6 +193,9 @@ class BJotlet final : public Window, private EditWatcher {
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;
+  std::int32_t alarmPhase_ = kNotSounding;
+  Point alarmOrigin_;  // while it sounds
+  bool alarmPending_ = false;
   bool contentChanged_ = false;
   bool keepOldContent_ = false;
   bool hasFocus_ = false;

@@ -92,6 +92,7 @@ bool BJotlet::TickAnimation() {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (!frame->finished) return true;
   owner_.OnJotletChanged();
+  StartPendingAlarm();
   owner_.OnAnimationEnded(*this, animation_.kind);
   return false;
 }
@@ -148,6 +149,8 @@ const BJotlet::ActionRow BJotlet::kActions[] = {
 
 bool BJotlet::DoAction(ActionCode action, Point) {
   if (!owner_.IsActionEnabled(*this, action)) return false;
+  // The menu of a sounding note offers to let it sound again later.
+  if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const auto row = std::find_if(std::begin(kActions), std::end(kActions), [action](const ActionRow& r) {
     return action >= r.first && action <= r.last;
   });

@@ -9,7 +9,7 @@
 namespace jotlets {
 
 BEdit::Look BJotlet::EditLook() const {
-  return {PaperColour(skin_->data, record_.colour), record_.readOnly, !skin_->data.useScrollbar,
+  return {PaperColour(skin_->data, ShownColour()), record_.readOnly, !skin_->data.useScrollbar,
           skin_->data.drawOnRtfBg};
 }
 
@@ -162,7 +162,7 @@ void BJotlet::UpdateView() {
   const SkinData& skin = skin_->data;
   const SkinView before = view_;
   view_.window = ClientSize();
-  view_.colour = record_.colour;
+  view_.colour = ShownColour();
   view_.rolled = IsShownRolled(record_, Rolling());
   // A note that is selected with others looks like the one that has the focus.
   view_.focus = hasFocus_ || selected_;

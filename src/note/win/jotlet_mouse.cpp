@@ -33,6 +33,7 @@ LRESULT BJotlet::OnSetCursor() {
 }
 
 void BJotlet::OnButtonDown(Point at) {
+  StopAlarm();
   const bool ctrl = IsHeld(VK_CONTROL);
   SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
   pressedButton_ = ButtonAt(skin_->data, view_, at);
@@ -121,7 +122,7 @@ void BJotlet::DragTo(Point offset) {
 }
 
 void BJotlet::MoveBy(Point offset) {
-  const Rect bounds = Bounds();
+  const Rect bounds = SettledBounds();
   Place(RectAt({bounds.left + offset.x, bounds.top + offset.y}, {bounds.Width(), bounds.Height()}));
 }
 

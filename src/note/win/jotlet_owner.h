@@ -35,6 +35,9 @@ class JotletOwner {
   /// Whether a command can be carried out now.
   virtual bool IsActionEnabled(BJotlet& jotlet, ActionCode action) = 0;
 
+  /// The note begins or ends to sound.
+  virtual void OnAlarm(BJotlet& jotlet, bool sounding) = 0;
+
   virtual const Options& NoteOptions() const = 0;
   /// What the editor's commands need to know from outside.
   virtual EditContext EditingContext() = 0;

@@ -1,0 +1,51 @@
+// Asks how long a note is to sleep, or when its alarm is to sound.
+#pragma once
+
+#include <optional>
+
+#include "base/clock.h"
+#include "data/options.h"
+#include "schedule/sleep_times.h"
+#include "ui/dialog.h"
+
+namespace jotlets {
+
+/// What the user has chosen. Either `relative` seconds from now or a time (seconds since 1970 UTC).
+struct SleepChoice {
+  bool clear = false;  // of an alarm: there is to be none
+  bool relative = true;
+  std::int64_t seconds = 0;
+  WakeFlags flags;
+  bool sleepUntilAlarm = false;
+  std::int32_t number = 1;  // what `relative` seconds were given as
+  std::int32_t unit = 0;
+};
+
+class BSleepDlg final : public Dialog {
+ public:
+  enum class Form { kSleep, kAlarm };
+
+  BSleepDlg(const Resources& resources, Form form, const Options& options, const Clock& clock)
+      : resources_(resources), form_(form), options_(options), clock_(clock) {}
+
+  /// The choice; nothing when it was cancelled.
+  std::optional<SleepChoice> Ask(HWND owner);
+
+ private:
+  void OnInit() override;
+  bool OnCommand(UINT control, UINT notification) override;
+  void OnNotify(const NMHDR& header) override;
+  std::int32_t Number() const;
+  void FillUnits(std::int32_t selected);
+  void Choose(int radio);
+  void Take();
+
+  const Resources& resources_;
+  Form form_;
+  const Options& options_;
+  const Clock& clock_;
+  bool filled_ = false;
+  SleepChoice choice_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,88 @@
+// A note whose alarm sounds: it comes to the front, jiggles about its place and flashes until it is stopped.
+#include <cstdlib>
+
+#include "note/win/jotlet.h"
+
+namespace jotlets {
+
+void BJotlet::SetAlarm(std::int32_t time) {
+  record_.alarm = time;
+  ShowAlarm();
+  owner_.OnJotletChanged();
+}
+
+// The indicators and words of the skin that tell of it.
+void BJotlet::ShowAlarm() {
+  UpdateView();
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void BJotlet::StartAlarm() {
+  if (IsSounding() || Handle() == nullptr) return;
+  // What cannot be seen, or is on its way, sounds when it is there.
+  alarmPending_ = record_.hidden || !IsWindowVisible(Handle()) || animation_.running;
+  if (alarmPending_) return;
+  SyncPlace();
+  alarmOrigin_ = Bounds().TopLeft();
+  alarmPhase_ = 0;
+  record_.alarm = kNone;
+  SetTimer(Handle(), kAlarmTimer, kAlarmPeriod, nullptr);
+  SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  ShowAlarm();
+  owner_.OnJotletChanged();
+  owner_.OnAlarm(*this, true);
+  // Last: the focus is told of, and a listener may take the note away.
+  SetForegroundWindow(Handle());
+}
+
+void BJotlet::StopAlarm() {
+  alarmPending_ = false;
+  if (!IsSounding() || Handle() == nullptr) return;
+  alarmPhase_ = kNotSounding;
+  KillTimer(Handle(), kAlarmTimer);
+  SetWindowPos(Handle(), nullptr, alarmOrigin_.x, alarmOrigin_.y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  // What was on top before stays there.
+  if (!record_.onTop) {
+    SetWindowPos(Handle(), HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  ShowPaper();
+  ShowAlarm();
+  owner_.OnAlarm(*this, false);
+}
+
+void BJotlet::StartPendingAlarm() {
+  if (alarmPending_) StartAlarm();
+}
+
+void BJotlet::TickAlarm() {
+  if (!IsSounding()) return;
+  alarmPhase_ = NextAlarmPhase(alarmPhase_);
+  const Options& options = owner_.NoteOptions();
+  if (options.flashAlarm == 1) ShowPaper();
+  if (options.jiggleAlarm != 1) return;
+  const auto offset = [] {
+    constexpr int kRandomNumbers = 32768;
+    return JiggleOffset(std::rand() % kRandomNumbers);
+  };
+  const Point at{alarmOrigin_.x + offset(), alarmOrigin_.y + offset()};
+  SetWindowPos(Handle(), nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Colour BJotlet::ShownColour() const {
+  const bool flashes = IsSounding() && owner_.NoteOptions().flashAlarm == 1;
+  return flashes ? FlashColour(record_.colour, alarmPhase_) : record_.colour;
+}
+
+void BJotlet::ShowPaper() {
+  if (view_.colour == ShownColour()) return;
+  if (edit_.Handle() != nullptr) edit_.SetBackground(PaperColour(skin_->data, ShownColour()));
+  UpdateView();
+}
+
+Rect BJotlet::SettledBounds() const {
+  const Rect bounds = Bounds();
+  return IsSounding() ? RectAt(alarmOrigin_, {bounds.Width(), bounds.Height()}) : bounds;
+}
+
+}  // namespace jotlets
