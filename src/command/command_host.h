@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "data/data_file.h"
 #include "data/jotlet_data.h"
+#include "schedule/sleep_times.h"
 
 namespace jotlets {
 
@@ -46,6 +47,19 @@ class CommandHost {
   virtual bool DeleteDesktop(TextView id) = 0;
   /// The text of a note's rich-text file as the note has it now, empty when there is none.
   virtual Text ContentForTransfer(const JotletData& record) = 0;
+
+  // Sleep and alarms. Of those that answer, false: the note stays what it is, since its content could not be
+  // written, or it gets no window.
+
+  virtual const JotletData* FindSleeping(TextView id) = 0;  // nullptr when there is none
+  virtual bool WakeSleeping(TextView id) = 0;
+  virtual bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) = 0;
+  /// From `start`, now for `kNone`, until `end`, for good for `kNone`; seconds since 1970 UTC.
+  virtual bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
+                     std::int32_t end) = 0;
+  virtual void SoundAlarm(TextView id, bool on) = 0;
+  virtual void MoveSleeping(TextView id, Point position) = 0;
+  virtual void SetWakeTime(TextView id, std::int32_t time) = 0;
 
   /// Saves the data file now, whatever has changed; false when that failed.
   virtual bool SaveNow() = 0;

@@ -8,17 +8,6 @@
 namespace jotlets {
 namespace {
 
-constexpr TextView kIsImage = u"997 jotlet is image";
-
-Text Numbers(std::initializer_list<std::int32_t> numbers, TextView separator) {
-  Text out;
-  for (const std::int32_t number : numbers) {
-    if (!out.empty()) out.append(separator);
-    AppendInt(out, number);
-  }
-  return out;
-}
-
 Text ReadColour(CommandHost&, DesktopJotlet& jotlet) {
   const Colour colour = jotlet.Record().colour;
   return Numbers({colour.r, colour.g, colour.b}, u",");
@@ -51,11 +40,6 @@ constexpr std::array kReaders = {
     FieldReader{u"rtf", [](CommandHost&, DesktopJotlet& jotlet) { return jotlet.Rtf(); }},
     FieldReader{u"encoded", ReadEncoded},
 };
-
-void SavedOk(const CommandCall& call, TextView word) {
-  call.host.SaveNow();
-  call.reply.Ok(word);
-}
 
 void WriteTitle(const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
   jotlet.SetTitle(value);

@@ -1,18 +1,9 @@
 // The fields of an open note that "get desktop" reads and "set desktop" changes, one row each.
 #pragma once
 
-#include "base/text.h"
-#include "command/command_host.h"
-#include "command/reply_channel.h"
+#include "command/command_call.h"
 
 namespace jotlets {
-
-/// One command on its way through the interpreter.
-struct CommandCall {
-  CommandHost& host;
-  const ApiReplyChannel& reply;
-  TextView arguments;  // all that follows the keyword
-};
 
 struct FieldReader {
   TextView name;

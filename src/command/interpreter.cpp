@@ -4,14 +4,10 @@
 
 #include "command/desktop_fields.h"
 #include "command/rows.h"
+#include "command/sleep_commands.h"
 
 namespace jotlets {
 namespace {
-
-constexpr TextView kNotUnderstood = u"999 Not understood";
-constexpr TextView kJotletNotFound = u"998 jotlet not found";
-
-void NotYet(const CommandCall& call) { call.reply.SendLine(kNotUnderstood); }
 
 void NewJotlet(const CommandCall& call) {
   // Only what follows a blank is text: "do new jotletx" is the bare command, like all trailing text
@@ -96,18 +92,6 @@ constexpr std::array kActions = {
     ActionRow{u"delete", DeleteJotlet},
 };
 
-// "<id> <rest>": blanks around the whole, and around the rest, do not count. For actions and fields to read
-// the rest is one word; for fields to change, see `SetDesktop`.
-struct Addressed {
-  TextView id;
-  TextView rest;
-};
-
-Addressed SplitAddressed(TextView arguments) {
-  const Split parts = SplitAtFirst(TrimBlanks(arguments), u' ');
-  return {parts.head, TrimBlanks(parts.tail)};
-}
-
 void DoDesktop(const CommandCall& call) {
   const Addressed to = SplitAddressed(call.arguments);
   const ActionRow* action = FindRow(kActions, to.rest);
@@ -163,11 +147,18 @@ constexpr std::array kCommands = {
     CommandRow{u"do new jotlet", NewJotlet},
     CommandRow{u"do new sleeping encoded ", NotYet},
     CommandRow{u"do new encoded ", NotYet},
+    CommandRow{u"do wake ", WakeNote},
+    CommandRow{u"do sleep ", SleepNote},
+    CommandRow{u"do alarmstart ", StartNoteAlarm},
+    CommandRow{u"do alarmstop ", StopNoteAlarm},
+    CommandRow{u"do recurr ", RecurNote},
     CommandRow{u"do saveini", SaveIni},
     CommandRow{u"do bringforward", BringForward},
     CommandRow{u"do desktop ", DoDesktop},
     CommandRow{u"get desktop ", GetDesktop},
+    CommandRow{u"get sleeping ", GetSleeping},
     CommandRow{u"set desktop ", SetDesktop},
+    CommandRow{u"set sleeping ", SetSleeping},
     CommandRow{u"get list desktop", [](const CommandCall& call) { ReplyList(call, call.host.DesktopIds()); }},
     CommandRow{u"get list attached",
                [](const CommandCall& call) { ReplyList(call, call.host.AttachedIds()); }},

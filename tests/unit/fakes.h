@@ -23,6 +23,7 @@
 #include "command/interpreter.h"
 #include "command/reply_channel.h"
 #include "data/jotlet_line.h"
+#include "data/jotlet_lists.h"
 
 namespace jotlets {
 
@@ -279,7 +280,8 @@ class FakeProgram final : public CommandHost {
   FakeTransport transport;
   Listeners listeners{transport, log};
   std::vector<std::unique_ptr<FakeJotlet>> notes;
-  std::vector<Text> attached, sleeping, closed, journal;
+  std::vector<Text> attached, closed, journal;
+  SleepingList sleeping;
   std::vector<std::int32_t> stacks;
   bool works = true;  // creating, closing and saving
   int saves = 0, broughtForward = 0, created = 0;
@@ -318,7 +320,7 @@ class FakeProgram final : public CommandHost {
     return ids;
   }
   std::vector<Text> AttachedIds() const override { return attached; }
-  std::vector<Text> SleepingIds() const override { return sleeping; }
+  std::vector<Text> SleepingIds() const override { return IdsOf(sleeping); }
   std::vector<Text> ClosedIds() const override { return closed; }
   std::vector<std::int32_t> StackNumbers() const override { return stacks; }
   Text CreateDesktop(TextView text) override {
@@ -338,6 +340,32 @@ class FakeProgram final : public CommandHost {
     return std::erase_if(notes, Has(id)) > 0;
   }
   Text ContentForTransfer(const JotletData&) override { return u"{\\rtf1 a\r\nb}"; }
+  const JotletData* FindSleeping(TextView id) override { return std::as_const(sleeping).Find(id); }
+  bool WakeSleeping(TextView id) override { return works && sleeping.Remove(id).has_value(); }
+  bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override {
+    if (!works) return false;
+    JotletData record = FindDesktop(id)->Record();
+    std::erase_if(notes, Has(id));
+    PutToSleep(record, 1000 + seconds, flags);
+    sleeping.push_back(std::move(record));
+    return true;
+  }
+  bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
+             std::int32_t end) override {
+    if (!Sleep(id, flags, 0)) return false;
+    MakeRecurring(*sleeping.FindToChange(id), rule, start, end, flags);
+    return true;
+  }
+  void SoundAlarm(TextView id, bool on) override {
+    journal.push_back((on ? u"sounds " : u"quiet ") + Text(id));
+  }
+  void MoveSleeping(TextView id, Point to) override {
+    JotletData& record = *sleeping.FindToChange(id);
+    record.x = to.x, record.y = to.y;
+  }
+  void SetWakeTime(TextView id, std::int32_t time) override {
+    sleeping.FindToChange(id)->sleepNextWake = time;
+  }
   bool SaveNow() override {
     ++saves;
     journal.emplace_back(u"save");

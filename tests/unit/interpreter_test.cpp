@@ -125,7 +125,9 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list desktop"), u"001 ");
   for (const TextView id : {u"a", u"b", u"c"}) program.Add(id);
   program.attached = {u"d"};
-  program.sleeping = {u"e"};
+  JotletData asleep;
+  asleep.id = u"e";
+  program.sleeping.push_back(asleep);
   program.closed = {u"f"};
   program.stacks = {2, 11};
   EXPECT_EQ(Reply(u"get list desktop"), u"001 a,b,c,");

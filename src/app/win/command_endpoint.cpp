@@ -1,5 +1,8 @@
 #include "app/win/command_endpoint.h"
 
+#include <utility>
+
+#include "app/win/foreground_keeper.h"
 #include "app/win/main_frame.h"
 
 namespace jotlets {
@@ -52,7 +55,41 @@ bool CommandEndpoint::DeleteDesktop(TextView id) { return frame_.DeleteJotlet(id
 
 Text CommandEndpoint::ContentForTransfer(const JotletData& record) {
   BJotlet* jotlet = frame_.FindJotlet(record.id);
-  return jotlet == nullptr ? Text() : jotlet->Rtf();
+  return jotlet == nullptr ? frame_.StoredRtf(record) : jotlet->Rtf();
+}
+
+const JotletData* CommandEndpoint::FindSleeping(TextView id) {
+  return std::as_const(frame_).Lists().sleeping.Find(id);
+}
+
+bool CommandEndpoint::WakeSleeping(TextView id) { return frame_.WakeSleeping(id); }
+
+bool CommandEndpoint::Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) {
+  return frame_.Sleeping().Sleep(id, frame_.Sleeping().Now() + seconds, flags);
+}
+
+bool CommandEndpoint::Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
+                            std::int32_t end) {
+  return frame_.Sleeping().Recur(id, rule, start == kNone ? frame_.Sleeping().Now() : start, end, flags);
+}
+
+void CommandEndpoint::SoundAlarm(TextView id, bool on) {
+  BJotlet* jotlet = frame_.FindJotlet(id);
+  if (jotlet == nullptr) return;
+  if (!on) return jotlet->StopAlarm();
+  const ForegroundKeeper keeper;
+  jotlet->StartAlarm();
+}
+
+void CommandEndpoint::MoveSleeping(TextView id, Point position) {
+  JotletData* record = frame_.Lists().sleeping.FindToChange(id);
+  if (record == nullptr) return;
+  record->x = position.x;
+  record->y = position.y;
+}
+
+void CommandEndpoint::SetWakeTime(TextView id, std::int32_t time) {
+  if (JotletData* record = frame_.Lists().sleeping.FindToChange(id)) record->sleepNextWake = time;
 }
 
 bool CommandEndpoint::SaveNow() { return frame_.SaveJotlets(); }

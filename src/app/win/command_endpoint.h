@@ -36,6 +36,14 @@ class CommandEndpoint final : public CommandHost {
   bool CloseDesktop(TextView id) override;
   bool DeleteDesktop(TextView id) override;
   Text ContentForTransfer(const JotletData& record) override;
+  const JotletData* FindSleeping(TextView id) override;
+  bool WakeSleeping(TextView id) override;
+  bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override;
+  bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
+             std::int32_t end) override;
+  void SoundAlarm(TextView id, bool on) override;
+  void MoveSleeping(TextView id, Point position) override;
+  void SetWakeTime(TextView id, std::int32_t time) override;
   bool SaveNow() override;
   void BringForward() override;
   void NotifyMoved(TextView id) override;

@@ -95,6 +95,10 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void CheckContent();
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path) { programCommands_.ImportFile(path); }
+  /// The content file of a rich-text note that has no window; empty when there is none.
+  Text StoredRtf(const JotletData& record) const {
+    return record.IsImage() ? Text() : FromAscii(files_.Read(folder_ + ContentPath(record)).bytes);
+  }
   FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
     return WriteNoteCopy(files_, jotlet, folder_, path);
   }
