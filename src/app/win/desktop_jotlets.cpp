@@ -287,7 +287,7 @@ void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
 void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
   sounding_ += sounding ? 1 : -1;
   log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
-             jotlet.StoredRecord().title);
+             jotlet.TitleShown());
   owner_.OnAlarm(sounding);
 }
 

@@ -60,6 +60,8 @@ class BJotlet final : public Window, private EditWatcher {
   /// Its editor; nullptr for a picture.
   BEdit* Editor() { return edit_.Handle() == nullptr ? nullptr : &edit_; }
   const BEdit* Editor() const { return edit_.Handle() == nullptr ? nullptr : &edit_; }
+  /// Its title, or, when it has none, the beginning of its text.
+  const Text& TitleShown() const { return shownTitle_; }
   Text PlainText() const;
   Text Rtf() const;
   void SetTitle(TextView title);

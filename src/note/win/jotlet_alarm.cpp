@@ -28,6 +28,7 @@ void BJotlet::StartAlarm() {
   record_.alarm = kNone;
   SetTimer(Handle(), kAlarmTimer, kAlarmPeriod, nullptr);
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  ShowPaper();
   ShowAlarm();
   owner_.OnJotletChanged();
   owner_.OnAlarm(*this, true);

@@ -1,0 +1,181 @@
+// An evening of notes that sleep, wake, sound, are snoozed and come again, on the real program.
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "base/win/system_clock.h"
+#include "data/data_folder.h"
+#include "desktop.h"
+#include "note/win/jotlet.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+constexpr TextView kLoud =
+    u"Debug=3\nTakeBackups=0\nSoundAlarm=1\nAlarmAlarm=BEEP\nAlarm=C:\\no such file.wav,0\nSnoozeMinutes=7";
+
+class TimeTest : public WindowTest {
+ protected:
+  static std::int32_t Now() { return RecordTime(SystemClock().Now().utc); }
+  static Point Title(HWND note) { return {BoundsOf(note).left + 60, BoundsOf(note).top + 9}; }
+  static bool IsOnTop(HWND note) { return (GetWindowLongPtrW(note, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+  static bool Jiggles(HWND note, const Rect& place) {
+    return WaitUntil([&] { return BoundsOf(note) != place; }, 3000);
+  }
+  static bool Settles(HWND note, const Rect& place) {
+    return WaitUntil([&] { return BoundsOf(note) == place; }, 5000);
+  }
+  static HWND OpenDialog() {
+    HWND dialog = nullptr;
+    WaitUntil([&] {
+      dialog = GetForegroundWindow();
+      wchar_t name[16]{};
+      GetClassNameW(dialog, name, 16);
+      return lstrcmpW(name, L"#32770") == 0;
+    });
+    return dialog;
+  }
+  JotletData Saved(TextView id) {
+    Reply(u"do saveini");
+    for (const auto& line : ParseData().jotlets) {
+      if (line.record.id == id) return line.record;
+    }
+    return {};
+  }
+  bool LogHolds(std::string_view part) const { return Log().find(part) != std::string::npos; }
+};
+
+TEST_F(TimeTest, ANoteSleepsWakesSoundsAndIsSnoozedBackToItsPlace) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"AA01", {300, 200}, u"Dinner"), NoteRecord(u"AA02", {700, 400}, u"Other")}, kLoud));
+  std::vector<Text> events;
+  client_.OnEvent([&events](TextView line) {
+    if (line.starts_with(u"50") && line[2] < u'3') events.emplace_back(line);
+  });
+  Reply(u"do register");
+  const HWND other = NoteTitled(u"Other");
+  ASSERT_TRUE(ClickIntoText(other));
+  ASSERT_EQ(Reply(u"do sleep AA01 111 1"), u"000 OK slept");
+  EXPECT_EQ(List(u"desktop"), std::vector<Text>{u"AA02"});
+
+  const HWND note = NoteTitled(u"Dinner");
+  const Rect place{300, 200, 520, 340};
+  EXPECT_TRUE(Jiggles(note, place));
+  for (int look = 0; look < 50; ++look) {
+    const Rect now = BoundsOf(note);
+    ASSERT_TRUE(now.left >= 298 && now.left <= 304 && now.top >= 198 && now.top <= 204 && now.Width() == 220);
+  }
+  EXPECT_TRUE(IsOnTop(note));
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == other; })) << "the focus is given back";
+  EXPECT_EQ(Reply(u"get desktop AA01 position"), u"001 300,200") << "jiggling is no moving";
+  EXPECT_EQ(events, (std::vector<Text>{u"502 deleted desktop jotlet slept AA01",
+                                       u"500 created desktop jotlet waking AA01"}));
+  for (const char* line : {"Waking jotlet 'Dinner'. Jotlet next wake time: ", "Playing sound: C:\\no such file.wav",
+                           "Starting alarm for: Dinner", "Sounding PC speaker"})
+    EXPECT_TRUE(WaitUntil([&] { return LogHolds(line); }, 3000)) << line;
+
+  // Its menu offers a snooze; it is quiet meanwhile.
+  const auto menuOpen = [] { return !WindowsOfClass(L"#32768").empty(); };
+  ASSERT_TRUE(ClickUntil(menuOpen, {place.left + 100, place.top + 80}, true));
+  EXPECT_TRUE(Settles(note, place));
+  PressKeys({VK_DOWN});
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([&] { return !menuOpen(); }));
+  EXPECT_TRUE(WaitUntil([&] { return std::abs(Saved(u"AA01").alarm - Now() - 7 * 60) < 60; }));
+  EXPECT_TRUE(LogHolds("Stopping alarm for: Dinner"));
+
+  // Clicks and commands quieten it too. What was not on top before is not afterwards.
+  ASSERT_EQ(Reply(u"do alarmstart AA02"), u"000 OK alarmed");
+  EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}) && IsOnTop(other));
+  EXPECT_TRUE(ClickUntil([&] { return BoundsOf(other) == Rect{700, 400, 920, 540} && !IsOnTop(other); },
+                         {800, 480}));
+  Reply(u"do alarmstart AA02");
+  EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}));
+  EXPECT_EQ(Reply(u"do alarmstop AA02"), u"000 OK quieted");
+  EXPECT_EQ(BoundsOf(other), (Rect{700, 400, 920, 540}));
+  Reply(u"do alarmstart AA02");
+  EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}));
+  EXPECT_EQ(Close(), 0u);
+  for (const auto& line : ParseData().jotlets)
+    EXPECT_TRUE(line.record.id != u"AA02" || (line.record.x == 700 && line.record.y == 400 && !line.record.onTop));
+}
+
+TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"AA01", {100, 100}, u"One"), NoteRecord(u"AA02", {400, 100}, u"Two")}, kLoud));
+  for (const auto* title : {u"One", u"Two"}) {
+    HoldKey(VK_CONTROL, true);
+    Drag(NoteTitled(title), Title(NoteTitled(title)), {0, 0});
+    HoldKey(VK_CONTROL, false);
+  }
+  PressKeys({VK_CONTROL, VK_SHIFT, 'A'});
+  const HWND dialog = OpenDialog();
+  ASSERT_EQ(TextOfWindow(dialog), u"Set Alarm");
+  PressKeys({VK_TAB});
+  TypeText(u"2");
+  PressKeys({VK_MENU, 'S'});
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
+  EXPECT_EQ(List(u"sleeping"), (std::vector<Text>{u"AA01", u"AA02"})) << "until the alarm sounds";
+  for (const TextView id : {u"AA01", u"AA02"}) {
+    const JotletData record = Saved(id);
+    EXPECT_LT(std::abs(record.alarm - Now() - 7200), 60);
+    EXPECT_EQ(record.sleepNextWake, record.alarm + 61);
+  }
+  EXPECT_TRUE(LogHolds("Setting alarm type 0 for One to "));
+  // One that is hidden sounds when it is shown.
+  EXPECT_EQ(Reply(u"do wake AA02"), u"000 OK woken");
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Two")));
+  PressKeys({VK_CONTROL, 'H'});
+  const HWND two = FindWindowW(kJotletClass, L"Two");
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(two); }));
+  EXPECT_EQ(Reply(u"do alarmstart AA02"), u"000 OK alarmed");
+  EXPECT_FALSE(LogHolds("Starting alarm for: Two"));
+  for (int press = 0; press < 2; ++press) PostMessageW(MainWindow(), WM_COMMAND, 1011, 0);
+  EXPECT_TRUE(WaitUntil([&] { return LogHolds("Starting alarm for: Two"); }));
+}
+
+TEST_F(TimeTest, ASourceSendsCopiesAndWhatFellDueMeanwhileComesOnce) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {100, 100}, u"Tea"), NoteRecord(u"AA02", {400, 100}, u"Gone"),
+                                NoteRecord(u"AA03", {700, 100}, u"Late")},
+                               kLoud));
+  const std::int32_t start = Now() + 2;
+  ASSERT_EQ(Reply(u"do recurr AA01 000 6 0 1 1 -1 " + IntText(start)), u"000 OK slept");
+  Reply(u"do sleep AA02 000 3000");
+  Reply(u"do sleep AA03 000 3000");
+  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 1; }));
+  const Text copy = List(u"desktop").front();
+  EXPECT_EQ(Saved(copy).fromRecurring, u"AA01");
+  EXPECT_TRUE(TextOf(copy).starts_with(u"AA01"));
+  EXPECT_EQ(Saved(u"AA01").sleepNextWake, start + 3600);
+  // An untouched copy suppresses the next one, but the source goes on.
+  Reply(u"set sleeping AA01 waketime " + IntText(Now()));
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleepNextWake > Now(); }));
+  EXPECT_EQ(List(u"desktop").size(), 1u);
+  // Times at the ends of the range, and a content that is gone.
+  DeleteFileW(Wide(folder_ + u"rtf\\AA02.rtf"));
+  Reply(u"set sleeping AA03 waketime 2147483647");
+  Reply(u"set sleeping AA02 waketime -2147483648");
+  EXPECT_NE(NoteTitled(u"Gone"), nullptr);
+  EXPECT_TRUE(LogHolds("The content of jotlet AA02 is gone; it wakes empty"));
+  EXPECT_EQ(List(u"sleeping"), (std::vector<Text>{u"AA01", u"AA03"}));
+  // The program does not run while a note falls due, and a copy of an hour ago.
+  Reply(u"set desktop " + copy + u" position 5,5");
+  Reply(u"set sleeping AA01 waketime " + IntText(Now() - 5 * 3600));
+  Reply(u"set sleeping AA03 waketime " + IntText(Now()));
+  program_->Kill();
+  ASSERT_TRUE(StartProgram());
+  EXPECT_NE(NoteTitled(u"Late"), nullptr);
+  const auto copies = [&] {
+    const DataFile file = ParseData();
+    return std::count_if(file.jotlets.begin(), file.jotlets.end(),
+                         [](const auto& line) { return line.record.fromRecurring == u"AA01"; });
+  };
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleepNextWake > Now(); }));
+  EXPECT_EQ(copies(), 2) << "one for all that were missed";
+}
+
+}  // namespace
+}  // namespace jotlets
