@@ -40,7 +40,7 @@ Text ScratchFolder(TextView name) {
 }
 
 // A data folder with so many text notes, of a few lines each.
-Text MakeDataFolder(int notes) {
+Text MakeDataFolder(int notes, bool asleep = false) {
   DiskFiles files;
   const Text folder = ScratchFolder(IntText(notes));
   MakeDataFolders(files, folder);
@@ -55,6 +55,8 @@ Text MakeDataFolder(int notes) {
     record.height = 160;
     record.id = BenchNoteId(i);
     record.title = u"Note " + IntText(i);
+    record.sleeping = asleep;
+    record.sleepNextWake = 1;
     view.jotlets.push_back(&record);
     files.Write(folder + ContentPath(record),
                 "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} "
@@ -145,11 +147,24 @@ double Seconds() {
   return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
-Subject JotletsWith(int notes) {
-  UseDataFolder(MakeDataFolder(notes));
+namespace {
+
+Subject Jotlets() {
   return {"jotlets",          u"\"" + ProgramFolder() + u"jotlets.exe\"",
           L"BraskJotletNote", L"BraskSoftwareJotletsMain",
           WM_COMMAND,         ID_SHOW_OR_HIDE};
+}
+
+}  // namespace
+
+Subject JotletsWith(int notes) {
+  UseDataFolder(MakeDataFolder(notes));
+  return Jotlets();
+}
+
+Subject JotletsWaking(int notes) {
+  UseDataFolder(MakeDataFolder(notes, true));
+  return Jotlets();
 }
 
 Subject BareWith(int notes) {

@@ -27,6 +27,8 @@ double Seconds();
 /// Ourselves and the bare program, with so many notes that stand in a data folder made for them.
 Subject JotletsWith(int notes);
 Subject BareWith(int notes);
+/// Ourselves with as many notes that sleep and are all due when the program starts.
+Subject JotletsWaking(int notes);
 
 /// A started subject; ended with this object.
 class RunningSubject {

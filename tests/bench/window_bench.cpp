@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "bare_program.h"
@@ -144,6 +145,7 @@ struct Figure {
   const char* unit;
   const char* aim;
   int rounds = 5;
+  bool asleep = false;  // our notes are, and all due at the start
 };
 
 // Figures with as many notes and rounds are taken from the same run, in this order.
@@ -156,6 +158,7 @@ constexpr Figure kFigures[] = {
     {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
     {"hide all, 500 notes", 500, HideAll, 1000, "ms", "1.2"},
     {"show all, 500 notes", 500, ShowAll, 1000, "ms", "1.2"},
+    {"wake, 1000 notes", 1000, Start, 1000, "ms", "-", 5, true},
     {"idle processor, 200 notes", 200, IdleProcessor, 1000, "ms in 30 s", "none", 1},
 };
 
@@ -207,15 +210,17 @@ bool IsWanted(const Figure& figure, const std::vector<std::string>& wanted) {
 
 int RunBench(const std::vector<std::string>& wanted) {
   MakeReplyWindow();
-  std::map<std::pair<int, int>, std::vector<const Figure*>> groups;  // by notes and rounds
+  // By notes, rounds and whether they sleep.
+  std::map<std::tuple<int, int, bool>, std::vector<const Figure*>> groups;
   for (const Figure& figure : kFigures) {
-    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds}].push_back(&figure);
+    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds, figure.asleep}].push_back(&figure);
   }
   std::map<const Figure*, Results> results;
   for (const auto& [group, figures] : groups) {
-    const Subject ours = JotletsWith(group.first);
-    const Subject bare = BareWith(group.first);
-    for (int round = 0; round < group.second; ++round) {
+    const auto [notes, rounds, asleep] = group;
+    const Subject bare = BareWith(notes);
+    for (int round = 0; round < rounds; ++round) {
+      const Subject ours = asleep ? JotletsWaking(notes) : JotletsWith(notes);
       if (!TakeFigures(ours, figures, results, &Results::ours)) return 1;
       if (!TakeFigures(bare, figures, results, &Results::bare)) return 1;
     }

@@ -5,9 +5,11 @@
 #include <cstdlib>
 
 #include "base/win/system_clock.h"
+#include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "desktop.h"
 #include "note/win/jotlet.h"
+#include "res/resource.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -72,8 +74,9 @@ TEST_F(TimeTest, ANoteSleepsWakesSoundsAndIsSnoozedBackToItsPlace) {
   EXPECT_EQ(Reply(u"get desktop AA01 position"), u"001 300,200") << "jiggling is no moving";
   EXPECT_EQ(events, (std::vector<Text>{u"502 deleted desktop jotlet slept AA01",
                                        u"500 created desktop jotlet waking AA01"}));
-  for (const char* line : {"Waking jotlet 'Dinner'. Jotlet next wake time: ", "Playing sound: C:\\no such file.wav",
-                           "Starting alarm for: Dinner", "Sounding PC speaker"})
+  for (const char* line :
+       {"Waking jotlet 'Dinner'. Jotlet next wake time: ", "Playing sound: C:\\no such file.wav",
+        "Starting alarm for: Dinner", "Sounding PC speaker"})
     EXPECT_TRUE(WaitUntil([&] { return LogHolds(line); }, 3000)) << line;
 
   // Its menu offers a snooze; it is quiet meanwhile.
@@ -89,8 +92,11 @@ TEST_F(TimeTest, ANoteSleepsWakesSoundsAndIsSnoozedBackToItsPlace) {
   // Clicks and commands quieten it too. What was not on top before is not afterwards.
   ASSERT_EQ(Reply(u"do alarmstart AA02"), u"000 OK alarmed");
   EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}) && IsOnTop(other));
-  EXPECT_TRUE(ClickUntil([&] { return BoundsOf(other) == Rect{700, 400, 920, 540} && !IsOnTop(other); },
-                         {800, 480}));
+  EXPECT_TRUE(ClickUntil(
+      [&] {
+        return BoundsOf(other) == Rect{700, 400, 920, 540} && !IsOnTop(other);
+      },
+      {800, 480}));
   Reply(u"do alarmstart AA02");
   EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}));
   EXPECT_EQ(Reply(u"do alarmstop AA02"), u"000 OK quieted");
@@ -99,7 +105,8 @@ TEST_F(TimeTest, ANoteSleepsWakesSoundsAndIsSnoozedBackToItsPlace) {
   EXPECT_TRUE(Jiggles(other, {700, 400, 920, 540}));
   EXPECT_EQ(Close(), 0u);
   for (const auto& line : ParseData().jotlets)
-    EXPECT_TRUE(line.record.id != u"AA02" || (line.record.x == 700 && line.record.y == 400 && !line.record.onTop));
+    EXPECT_TRUE(line.record.id != u"AA02" ||
+                (line.record.x == 700 && line.record.y == 400 && !line.record.onTop));
 }
 
 TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
@@ -118,7 +125,7 @@ TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
   PressKeys({VK_MENU, 'S'});
   PressKeys({VK_RETURN});
   ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
-  EXPECT_EQ(List(u"sleeping"), (std::vector<Text>{u"AA01", u"AA02"})) << "until the alarm sounds";
+  EXPECT_EQ(List(u"sleeping"), (std::vector<Text>{u"AA02", u"AA01"})) << "until the alarm sounds";
   for (const TextView id : {u"AA01", u"AA02"}) {
     const JotletData record = Saved(id);
     EXPECT_LT(std::abs(record.alarm - Now() - 7200), 60);
@@ -133,14 +140,15 @@ TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
   ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(two); }));
   EXPECT_EQ(Reply(u"do alarmstart AA02"), u"000 OK alarmed");
   EXPECT_FALSE(LogHolds("Starting alarm for: Two"));
-  for (int press = 0; press < 2; ++press) PostMessageW(MainWindow(), WM_COMMAND, 1011, 0);
+  for (int press = 0; press < 2; ++press) PostMessageW(MainWindow(), WM_COMMAND, ID_SHOW_OR_HIDE, 0);
   EXPECT_TRUE(WaitUntil([&] { return LogHolds("Starting alarm for: Two"); }));
 }
 
 TEST_F(TimeTest, ASourceSendsCopiesAndWhatFellDueMeanwhileComesOnce) {
-  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {100, 100}, u"Tea"), NoteRecord(u"AA02", {400, 100}, u"Gone"),
-                                NoteRecord(u"AA03", {700, 100}, u"Late")},
-                               kLoud));
+  ASSERT_TRUE(
+      StartProgramWith({NoteRecord(u"AA01", {100, 100}, u"Tea"), NoteRecord(u"AA02", {400, 100}, u"Gone"),
+                        NoteRecord(u"AA03", {700, 100}, u"Late")},
+                       kLoud));
   const std::int32_t start = Now() + 2;
   ASSERT_EQ(Reply(u"do recurr AA01 000 6 0 1 1 -1 " + IntText(start)), u"000 OK slept");
   Reply(u"do sleep AA02 000 3000");

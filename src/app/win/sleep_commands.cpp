@@ -73,8 +73,8 @@ bool SleepCommands::SetAlarm(const Text& id, const SleepChoice& choice) {
   if (jotlet == nullptr) return true;
   const std::int64_t now = frame_.Sleeping().Now();
   const std::int64_t time = choice.clear ? kNone : choice.relative ? now + choice.seconds : choice.seconds;
-  frame_.Log(kLogDetail, u"Setting alarm type ", choice.relative ? 0 : 1, u" for ",
-             jotlet->TitleShown(), u" to ", time);
+  frame_.Log(kLogDetail, u"Setting alarm type ", choice.relative ? 0 : 1, u" for ", jotlet->TitleShown(),
+             u" to ", time);
   if (choice.clear || time <= now) {
     jotlet->SetAlarm(kNone);
     return choice.clear;
