@@ -46,6 +46,8 @@ TEST_F(TimeCommands, RecurTakesItsFieldsInTheirOrder) {
   EXPECT_EQ(Reply(u"do recurr C"), u"997 unable to recur");
   EXPECT_EQ(Reply(u"do recurr D 000 1 9 30 0 -1"), u"995 not found");
   EXPECT_EQ(program.DesktopIds(), std::vector<Text>{u"C"});
+  EXPECT_EQ(Reply(u"do recurr C 000 1 9 30 0"), u"000 OK slept");
+  EXPECT_EQ(Asleep(u"C").sleepLastWake, kNone);
 }
 
 TEST_F(TimeCommands, AlarmsSoundAndSleepersAreReadAndChanged) {

@@ -83,8 +83,10 @@ TEST(Waking, WhatIsDueComesInListOrderAndOnce) {
        {std::tuple{u"A", 60, 0}, {u"B", 30, 1}, {u"C", 60, 7}, {u"D", 90, 0}})
     desktop.sleeping.push_back(desktop.Note(id, fromNow, flags));
   EXPECT_EQ(desktop.AfterWaking(), Lines{});
+  // One that comes later is due earlier than all the others.
+  desktop.sleeping.push_back(desktop.Note(u"E", 29));
   desktop.clock.Move(29);
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
+  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"waking E", u"changed"}));
   // The computer slept: everything since then, in order, with one sound.
   desktop.clock.Move(31);
   EXPECT_EQ(desktop.AfterWaking(),

@@ -86,10 +86,14 @@ void CommandEndpoint::MoveSleeping(TextView id, Point position) {
   if (record == nullptr) return;
   record->x = position.x;
   record->y = position.y;
+  frame_.OnListsChanged();
 }
 
 void CommandEndpoint::SetWakeTime(TextView id, std::int32_t time) {
-  if (JotletData* record = frame_.Lists().sleeping.FindToChange(id)) record->sleepNextWake = time;
+  JotletData* record = frame_.Lists().sleeping.FindToChange(id);
+  if (record == nullptr) return;
+  record->sleepNextWake = time;
+  frame_.OnListsChanged();
 }
 
 bool CommandEndpoint::SaveNow() { return frame_.SaveJotlets(); }

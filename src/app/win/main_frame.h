@@ -67,6 +67,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool CloseJotlet(TextView id, TextView reason);
   /// Deletes an open note for good.
   bool DeleteJotlet(TextView id, TextView reason);
+  // Whatever shows lists of notes is to hear of it here.
+  void OnListsChanged() override { SetDirty(); }
   /// The notes that sleep, and how they wake.
   SleepingJotlets& Sleeping() { return sleeping_; }
   /// Runs the wake pass, or wakes one note at once; whether that one woke.
@@ -164,8 +166,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   }
   void PurgeSoon() override;
   void OnAlarm(bool sounding) override;
-  // Whatever shows lists of notes is to hear of it here.
-  void OnListsChanged() override { SetDirty(); }
 
   HWND BackupWindow() const override { return Handle(); }
   bool SaveForBackup() override;
