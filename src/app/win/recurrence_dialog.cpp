@@ -94,7 +94,7 @@ void BRecurranceDlg::OnInit() {
     SendDlgItemMessageW(Handle(), spin, UDM_SETRANGE32, 1, 31);
   SendDlgItemMessageW(Handle(), IDC_REC_COUNT_SPIN, UDM_SETRANGE32, 1, 9999);
   for (const int picker : kTimePickers) SetClockForm(Item(picker));
-  ShowRule();
+  ShowRule(ShowTimes());
   ShowFlags();
   filled_ = true;
   Follow();
@@ -114,16 +114,16 @@ void BRecurranceDlg::FillLists() {
   add(IDC_REC_UNIT, IDS_UNIT_ONE, kMonths + 1);
 }
 
-// The rule of the note, decoded into the controls; those of the other kinds start at today.
-void BRecurranceDlg::ShowRule() {
+// When it happens. What the note does not say starts at today.
+LocalTime BRecurranceDlg::ShowTimes() {
   const WakeRule rule = RuleOf(record_);
-  const bool known = FaultOf(rule).empty();
   const Moment now = clock_.Now();
   LocalTime ofDay = now.local;
   if (rule.type != kEvery) {
     ofDay.hour = std::clamp(rule.hours, 0, 23);
     ofDay.minute = std::clamp(rule.minutes, 0, 59);
   }
+  const bool known = FaultOf(rule).empty();
   const bool later = known && record_.sleepNextWake > now.utc;
   const LocalTime start = later ? clock_.ToLocal(record_.sleepNextWake) : now.local;
   const bool ends = known && record_.sleepLastWake > now.utc;
@@ -132,7 +132,13 @@ void BRecurranceDlg::ShowRule() {
   for (const int picker : {IDC_REC_START_DATE, IDC_REC_START_TIME}) SetPicker(Item(picker), start);
   for (const int picker : {IDC_REC_END_DATE, IDC_REC_END_TIME}) SetPicker(Item(picker), end);
   CheckDlgButton(Handle(), IDC_REC_ENDS, ends);
+  return start;
+}
 
+// The rule of the note, decoded into the controls; those of the other kinds are those of the start.
+void BRecurranceDlg::ShowRule(const LocalTime& start) {
+  const WakeRule rule = RuleOf(record_);
+  const bool known = FaultOf(rule).empty();
   const std::int32_t type = known ? rule.type : static_cast<std::int32_t>(kDaily);
   const auto is = [&](std::int32_t wanted) { return type == wanted; };
   const std::int32_t kind = is(kMonthlyOnWeekday) ? static_cast<std::int32_t>(kMonthlyOnDay) : type;

@@ -33,7 +33,9 @@ class BRecurranceDlg final : public Dialog {
   bool OnCommand(UINT control, UINT notification) override;
   void OnNotify(const NMHDR& header) override;
   void FillLists();
-  void ShowRule();
+  /// The start of the recurrence.
+  LocalTime ShowTimes();
+  void ShowRule(const LocalTime& start);
   void ShowFlags();
   Recurrence Chosen() const;
   WakeRule ChosenRule() const;

@@ -79,7 +79,11 @@ void BJotlet::Show() {
   StartPendingAlarm();
 }
 
-void BJotlet::Hide() { ShowWindow(Handle(), SW_HIDE); }
+// What nobody can see, nobody could quieten.
+void BJotlet::Hide() {
+  if (IsSounding()) StopAlarm();
+  ShowWindow(Handle(), SW_HIDE);
+}
 
 JotletData& BJotlet::Record() {
   SyncPlace();
