@@ -12,14 +12,16 @@ constexpr std::int64_t kNotAtAll = std::numeric_limits<std::int64_t>::max();
 // A system that has no window to give has none a second later either.
 constexpr std::int64_t kHold = 60;
 
-std::int64_t WakeTimeOf(const JotletData& record) {
-  const bool never =
-      record.recurring && (record.sleepNextWake == kNeverAgain || !FaultOf(RuleOf(record)).empty());
-  return never ? kNotAtAll : record.sleepNextWake;
-}
-
 bool HasEnded(const JotletData& record, std::int64_t now) {
   return record.sleepLastWake != kNone && record.sleepLastWake < now;
+}
+
+std::int64_t WakeTimeOf(const JotletData& record) {
+  // What ends before it is due will never wake, however late it is looked at.
+  const bool never = record.recurring
+                         ? record.sleepNextWake == kNeverAgain || !FaultOf(RuleOf(record)).empty()
+                         : HasEnded(record, record.sleepNextWake);
+  return never ? kNotAtAll : record.sleepNextWake;
 }
 
 bool IsAlarmDue(const JotletData& record, std::int64_t now) {
@@ -79,7 +81,7 @@ void Waking::WakeSleeping() {
       holdUntil_ = now + kHold;
       break;
     }
-    changed = true;
+    changed = changed || outcome != Outcome::kAsleep;
   }
   if (std::exchange(soundDue_, false)) host_.PlayWakeSound();
   if (changed) host_.OnListsChanged();
@@ -135,7 +137,7 @@ Waking::Outcome Waking::WakeRecurring(const Text& id, std::int64_t now) {
     soundDue_ = soundDue_ || flags.sound;
   }
   Advance(id, now);
-  return suppressed ? Outcome::kAsleep : Outcome::kWoken;
+  return suppressed ? Outcome::kAdvanced : Outcome::kWoken;
 }
 
 void Waking::CopyContentOf(const JotletData& source, const JotletData& copy) {

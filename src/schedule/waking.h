@@ -61,7 +61,7 @@ class Waking {
   void CheckAlarms();
 
  private:
-  enum class Outcome { kAsleep, kWoken, kNoWindow };
+  enum class Outcome { kAsleep, kAdvanced, kWoken, kNoWindow };
 
   void FindEarliest();
   Outcome WakeDue(const Text& id, std::int64_t now);

@@ -123,6 +123,18 @@ TEST(Waking, ARecurringNoteSendsCopies) {
   EXPECT_TRUE(desktop.sleeping.empty());
 }
 
+TEST(Waking, APlainNoteWithAnEndStaysAsleepAndChangesNothing) {
+  FakeDesktop desktop;
+  for (const std::int32_t end : {-1, 20}) {
+    JotletData note = desktop.Note(u"A" + IntText(end), 10);
+    note.sleepLastWake = desktop.Now() + end;
+    desktop.sleeping.push_back(note);
+  }
+  desktop.clock.Move(60);
+  EXPECT_EQ(desktop.AfterWaking(), Lines{});
+  EXPECT_EQ(desktop.sleeping.size(), 2u);
+}
+
 TEST(Waking, ForcedANoteComesItself) {
   FakeDesktop desktop;
   desktop.sleeping.push_back(desktop.Source(u"S", kEveryHour, 3600));
