@@ -62,6 +62,7 @@ class Parser {
       if (!line.empty()) TakeLine(line);
     }
     file_.cut = IsCut(text, line);
+    NumberStacks();
     return std::move(file_);
   }
 
@@ -89,7 +90,7 @@ class Parser {
       case Section::kFriends: file_.friendLines.emplace_back(line); return;
       case Section::kJotlets: return TakeJotlet(line);
       case Section::kDeleted: return TakeDeleted(line);
-      case Section::kStacks: return TakeStack(line);
+      case Section::kStacks: file_.stacks.push_back(ParseStackLine(line, 0)); return;
     }
   }
 
@@ -126,14 +127,26 @@ class Parser {
     file_.deleted.back().record.deletedTime = deletedTime;
   }
 
-  void TakeStack(TextView line) {
-    StackRecord stack = ParseStackLine(line, 0);
-    if (stack.number < 1 || !stackNumbers_.insert(stack.number).second) {
-      // The stacks read so far hold their numbers; the search for a free one only ever goes up.
-      while (!stackNumbers_.insert(lowestFree_).second) ++lowestFree_;
-      stack.number = lowestFree_;
+  // Stacks without a number of their own get the lowest that no line of the file has: one that comes up
+  // further down would else belong to two, and the notes that name it to the wrong one. For the same reason
+  // nobody names a fresh number yet.
+  void NumberStacks() {
+    std::set<std::int32_t> taken;
+    for (const StackRecord& stack : file_.stacks) taken.insert(stack.number);
+    std::set<std::int32_t> seen;
+    std::set<std::int32_t> fresh;
+    std::int32_t lowestFree = 1;
+    for (StackRecord& stack : file_.stacks) {
+      if (stack.number >= 1 && seen.insert(stack.number).second) continue;
+      while (!taken.insert(lowestFree).second) ++lowestFree;
+      stack.number = lowestFree;
+      fresh.insert(lowestFree);
     }
-    file_.stacks.push_back(std::move(stack));
+    for (auto* list : {&file_.jotlets, &file_.deleted}) {
+      for (FiledJotlet& jotlet : *list) {
+        if (fresh.contains(jotlet.record.stack)) jotlet.record.stack = kNone;
+      }
+    }
   }
 
   // The record that a line starts from. Only options lines change the defaults, and they come first.
@@ -147,8 +160,6 @@ class Parser {
   Section section_ = Section::kNone;
   bool ours_ = false;  // this version wrote the file
   JotletData blank_;
-  std::set<std::int32_t> stackNumbers_;
-  std::int32_t lowestFree_ = 1;
 };
 
 }  // namespace

@@ -47,7 +47,7 @@ struct DataFileContext {
 };
 
 /// Reads any text. Reading stops at a version above `kDataFileVersion`, which is then found in `version`.
-/// A stack number that an earlier stack has is replaced by a fresh one.
+/// A stack number that an earlier stack has is replaced by a fresh one, which no note of the file names then.
 DataFile ParseDataFile(TextView text, const DataFileContext& context);
 
 /// Lowest positive number that no stack of the list carries.

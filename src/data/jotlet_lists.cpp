@@ -42,6 +42,27 @@ std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desk
   return kinds;
 }
 
+StackRecord* JotletLists::FindStack(std::int32_t number) {
+  const auto at = std::find_if(stacks.begin(), stacks.end(),
+                               [number](const StackRecord& stack) { return stack.number == number; });
+  return at == stacks.end() ? nullptr : &*at;
+}
+
+const StackRecord* JotletLists::FindStack(std::int32_t number) const {
+  return const_cast<JotletLists*>(this)->FindStack(number);
+}
+
+void JotletLists::LeaveStack(std::int32_t number) {
+  for (auto* list : {&attached, &deleted}) {
+    for (JotletData& record : *list) {
+      if (record.stack == number) record.stack = kNone;
+    }
+  }
+  for (const JotletData& record : sleeping) {
+    if (record.stack == number) sleeping.FindToChange(record.id)->stack = kNone;
+  }
+}
+
 bool JotletLists::Holds(TextView id) const {
   if (sleeping.Find(id) != nullptr) return true;
   for (const auto* list : {&attached, &deleted}) {

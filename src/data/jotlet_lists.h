@@ -34,6 +34,12 @@ class JotletLists {
   /// All notes in the order of the content check, the open ones given.
   std::vector<NotesOfKind> ByKind(std::vector<const JotletData*> desktop) const;
 
+  /// The stack of a number; nullptr when there is none.
+  StackRecord* FindStack(std::int32_t number);
+  const StackRecord* FindStack(std::int32_t number) const;
+  /// No note of the lists belongs to the stack of this number any more.
+  void LeaveStack(std::int32_t number);
+
   /// Whether any of the lists holds a note of this id, without regard to case.
   bool Holds(TextView id) const;
 };

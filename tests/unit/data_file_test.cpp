@@ -126,7 +126,17 @@ TEST(StackNumbers, AreTheLowestFreeOnes) {
   };
   EXPECT_EQ(numbers(u"<ID>1\n<ID>2\n<ID>4\n<TITLE>x\n<X>1\n"), u"1 2 4 3 5 ");
   EXPECT_EQ(numbers(u"<ID>7\n<ID>7\n<ID>0\n<ID>-3\nx\n"), u"7 1 2 3 4 ");
+  // A number that is still to come is not free.
+  EXPECT_EQ(numbers(u"x\n<ID>1\n<ID>1\n<ID>2\n"), u"3 1 4 2 ");
   EXPECT_EQ(NewStackNumber(Parse(u"[Stacks]\n<ID>1\n<ID>2\n<ID>4\n").stacks), 3);
+}
+
+TEST(StackNumbers, NotesAreNotConfusedByFreshOnes) {
+  const DataFile file = Parse(
+      u"[Stacks]\n<ID>1\n<ID>1\n[Jotlets]\n<ID>A<STACK>1<RTF>\n<ID>B<STACK>2<RTF>\n<ID>C<STACK>9<RTF>\n");
+  EXPECT_EQ(file.jotlets[0].record.stack, 1);
+  EXPECT_EQ(file.jotlets[1].record.stack, kNone);
+  EXPECT_EQ(file.jotlets[2].record.stack, 9);  // nobody's, and nobody gets it
 }
 
 TEST(ACutFile, IsToldByItsLastRecordLine) {
