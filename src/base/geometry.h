@@ -39,6 +39,11 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// Whether the two have a pixel in common.
+constexpr bool Overlap(const Rect& a, const Rect& b) {
+  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
 /// The rectangle of a place and a size.
 constexpr Rect RectAt(Point topLeft, Size size) {
   return {topLeft.x, topLeft.y, Saturated(std::int64_t{topLeft.x} + size.width),

@@ -8,10 +8,6 @@
 namespace jotlets {
 namespace {
 
-bool Touches(const Rect& a, const Rect& b) {
-  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
 // How far `at` lies outside, along one axis.
 double Outside(std::int32_t at, std::int32_t from, std::int32_t to) {
   return std::max({static_cast<double>(from) - at, static_cast<double>(at) - to, 0.0});
@@ -39,6 +35,25 @@ bool MonitorList::Add(const Rect& workArea, const Rect& fullArea) {
   return true;
 }
 
+Rect WorkAreaAt(const MonitorList& monitors, const Rect& bounds) {
+  const auto seen = [&bounds](const Rect& area) {
+    if (!Overlap(area, bounds)) return 0.0;
+    const double across =
+        static_cast<double>(std::min(area.right, bounds.right)) - std::max(area.left, bounds.left);
+    return across *
+           (static_cast<double>(std::min(area.bottom, bounds.bottom)) - std::max(area.top, bounds.top));
+  };
+  const std::span<const Rect> rects = monitors.Rects();
+  Rect best;
+  double most = -1;
+  for (std::size_t at = 0; at + 1 < rects.size(); at += 2) {
+    if (seen(rects[at + 1]) <= most) continue;
+    most = seen(rects[at + 1]);
+    best = rects[at];
+  }
+  return best;
+}
+
 Rect ShownPlace(const Rect& chosen, const MonitorSetup& screens) {
   const std::span<const Rect> rects = screens.monitors.Rects();
   const auto any = [rects](auto holds) { return std::any_of(rects.begin(), rects.end(), holds); };
@@ -46,7 +61,7 @@ Rect ShownPlace(const Rect& chosen, const MonitorSetup& screens) {
   const Size size{chosen.Width(), chosen.Height()};
   const Point rescued = RescuedPosition(chosen.TopLeft(), screens.virtualScreen);
   const Rect shown = RectAt(rescued, size);
-  if (rects.empty() || any([&](const Rect& r) { return Touches(r, shown); })) return shown;
+  if (rects.empty() || any([&](const Rect& r) { return Overlap(r, shown); })) return shown;
   const Rect& nearest = *std::min_element(rects.begin(), rects.end(), [&](const Rect& a, const Rect& b) {
     return SquaredDistance(rescued, a) < SquaredDistance(rescued, b);
   });

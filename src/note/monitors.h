@@ -34,6 +34,9 @@ struct MonitorSetup {
   friend bool operator==(const MonitorSetup&, const MonitorSetup&) = default;
 };
 
+/// The work area of the monitor that shows most of `bounds`; of the first one when none shows any of it.
+Rect WorkAreaAt(const MonitorList& monitors, const Rect& bounds);
+
 /// Where a note is shown whose user chose `chosen`: there, as long as its top-left corner is on a monitor;
 /// else it is rescued as `RescuedPosition` says, its size kept. Where that leaves it on no monitor at all, in
 /// a corner that the virtual screen has and no monitor fills, it comes on to the nearest one.

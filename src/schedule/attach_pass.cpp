@@ -1,0 +1,123 @@
+#include "schedule/attach_pass.h"
+
+#include "note/placement.h"
+
+namespace jotlets {
+namespace {
+
+bool MeetsRequirements(const JotletData& record, const WindowFacts& window) {
+  return (!record.attachVisible || !window.minimised) && (!record.attachFocus || window.foreground);
+}
+
+// One text for everything that decides what a record matches. The lengths keep two pairs of patterns apart
+// that would join to the same text.
+Text RuleOf(const JotletData& record) {
+  Text rule = IntText(static_cast<std::int64_t>(record.attachTitle.size()));
+  rule.push_back(record.attachFocus ? u'F' : u'-');
+  rule.push_back(record.attachVisible ? u'V' : u'-');
+  return rule.append(record.attachTitle).append(record.attachClass);
+}
+
+std::vector<Text> Folded(std::span<const WindowFacts> windows, Text WindowFacts::*text) {
+  std::vector<Text> folded;
+  folded.reserve(windows.size());
+  for (const WindowFacts& window : windows) {
+    folded.push_back(FoldCase(TextView(window.*text).substr(0, kMostWindowText)));
+  }
+  return folded;
+}
+
+}  // namespace
+
+AttachMatcher::AttachMatcher(std::span<const WindowFacts> windows)
+    : windows_(windows),
+      titles_(Folded(windows, &WindowFacts::title)),
+      classes_(Folded(windows, &WindowFacts::className)) {}
+
+const AttachMatcher::Hits& AttachMatcher::WithText(std::unordered_map<Text, Hits>& known,
+                                                   const std::vector<Text>& folded, const Text& pattern) {
+  const auto [at, fresh] = known.try_emplace(pattern);
+  if (fresh) {
+    const TextPattern wanted(pattern);
+    at->second.reserve(folded.size());
+    for (const Text& text : folded) at->second.push_back(wanted.MatchesFolded(text));
+  }
+  return at->second;
+}
+
+const AttachMatch& AttachMatcher::Find(const JotletData& record) {
+  const auto [at, fresh] = byRule_.try_emplace(RuleOf(record));
+  AttachMatch& match = at->second;
+  if (!fresh) return match;
+  const Hits& titles = WithText(byTitle_, titles_, record.attachTitle);
+  const Hits& classes = WithText(byClass_, classes_, record.attachClass);
+  for (std::size_t index = 0; index < windows_.size(); ++index) {
+    const WindowFacts& window = windows_[index];
+    if (!titles[index] || !classes[index] || !MeetsRequirements(record, window)) continue;
+    match.any = true;
+    if (!window.visible) continue;
+    if (!match.target) match.target = index;
+    match.active = match.active || window.foreground;
+  }
+  return match;
+}
+
+bool IsAlarmDue(const JotletData& record, std::int32_t now) {
+  return record.alarm != kNone && record.alarm <= now;
+}
+
+std::optional<Point> AttachedPosition(const JotletData& record, const Rect& target) {
+  if (record.attachPosType != 1) return std::nullopt;
+  return Point{Saturated(std::int64_t{target.left} + record.attachPosX),
+               Saturated(std::int64_t{target.top} + record.attachPosY)};
+}
+
+bool IsTargetBehind(const JotletData& record, AttachMatcher& windows) {
+  JotletData plain;
+  plain.attachTitle = record.attachTitle;
+  plain.attachClass = record.attachClass;
+  const AttachMatch& match = windows.Find(plain);
+  return match.target && !match.active;
+}
+
+void HoldToTarget(JotletData& record, Point position, const Rect& target) {
+  record.attachPosX = Saturated(std::int64_t{position.x} - target.left);
+  record.attachPosY = Saturated(std::int64_t{position.y} - target.top);
+}
+
+void Unattach(JotletData& record) {
+  record.attachTitle.clear();
+  record.attachClass.clear();
+  record.attachFocus = record.attachVisible = false;
+  record.attachPosType = 0;
+  record.attachPosX = record.attachPosY = kNone;
+}
+
+AttachDecision DecideAttachPass(std::span<const JotletData> waiting, std::span<const AttachedNote> desktop,
+                                AttachMatcher& windows, const Rect& screen, std::int32_t now) {
+  AttachDecision decision;
+  for (std::size_t index = 0; index < waiting.size(); ++index) {
+    const JotletData& record = waiting[index];
+    const AttachMatch& match = windows.Find(record);
+    const bool alarmDue = IsAlarmDue(record, now);
+    if (!match.target && !alarmDue) continue;
+    std::optional<Point> position;
+    if (match.target) position = AttachedPosition(record, windows.Window(*match.target).bounds);
+    decision.arrivals.push_back({index, position, alarmDue});
+  }
+  for (std::size_t index = 0; index < desktop.size(); ++index) {
+    const AttachedNote& note = desktop[index];
+    const AttachMatch& match = windows.Find(*note.record);
+    if (match.target && !note.dragged) {
+      auto to = AttachedPosition(*note.record, windows.Window(*match.target).bounds);
+      if (to) to = RescuedPosition(*to, screen);
+      if (to && *to != note.position) decision.moves.push_back({index, *to});
+    }
+    if (note.alarmWaits && !IsTargetBehind(*note.record, windows)) decision.alarms.push_back(index);
+    const bool held = note.dragged || note.alarmSounds || note.alarmWaits;
+    if (!match.any && !held) decision.departs.push_back(index);
+  }
+  return decision;
+}
+
+}  // namespace jotlets
