@@ -38,6 +38,9 @@ class CommandHost {
   virtual std::vector<Text> SleepingIds() const = 0;
   virtual std::vector<Text> ClosedIds() const = 0;
   virtual std::vector<std::int32_t> StackNumbers() const = 0;
+  /// nullptr when there is none; the id without regard to case.
+  virtual const JotletData* FindAttached(TextView id) = 0;
+  virtual const StackRecord* FindStack(std::int32_t number) const = 0;
 
   /// Creates an open note with this plain text and returns its id, empty when that failed. Sends event 500.
   virtual Text CreateDesktop(TextView text) = 0;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "command/desktop_fields.h"
+#include "command/place_commands.h"
 #include "command/rows.h"
 #include "command/sleep_commands.h"
 
@@ -157,6 +158,8 @@ constexpr std::array kCommands = {
     CommandRow{u"do desktop ", DoDesktop},
     CommandRow{u"get desktop ", GetDesktop},
     CommandRow{u"get sleeping ", GetSleeping},
+    CommandRow{u"get attached ", GetAttached},
+    CommandRow{u"get stack ", GetStack},
     CommandRow{u"set desktop ", SetDesktop},
     CommandRow{u"set sleeping ", SetSleeping},
     CommandRow{u"get list desktop", [](const CommandCall& call) { ReplyList(call, call.host.DesktopIds()); }},

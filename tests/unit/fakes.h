@@ -283,6 +283,8 @@ class FakeProgram final : public CommandHost {
   std::vector<Text> attached, closed, journal;
   SleepingList sleeping;
   std::vector<std::int32_t> stacks;
+  JotletData waiting;  // for its window
+  StackRecord stack;
   bool works = true;  // creating, closing and saving
   int saves = 0, broughtForward = 0, created = 0;
 
@@ -323,6 +325,12 @@ class FakeProgram final : public CommandHost {
   std::vector<Text> SleepingIds() const override { return IdsOf(sleeping); }
   std::vector<Text> ClosedIds() const override { return closed; }
   std::vector<std::int32_t> StackNumbers() const override { return stacks; }
+  const JotletData* FindAttached(TextView id) override {
+    return waiting.id.empty() || !EqualIgnoreCase(id, waiting.id) ? nullptr : &waiting;
+  }
+  const StackRecord* FindStack(std::int32_t number) const override {
+    return number == stack.number ? &stack : nullptr;
+  }
   Text CreateDesktop(TextView text) override {
     if (!works) return {};
     const Text id = u"NEW" + IntText(++created);

@@ -137,6 +137,21 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list stacks"), u"001 2,11,");
 }
 
+TEST_F(Commands, ReadWaitingNotesAndStacks) {
+  program.waiting.id = u"w1";
+  program.waiting.attachClass = u"Pad";
+  EXPECT_EQ(Reply(u"GET ATTACHED W1 Encoded "),
+            u"001 " + MakeJotletLine(program.waiting, false) + u"<RTF>{\\rtf1 a^Mb}");
+  program.stack = {0, 0, 0, 0, 12, 0, u"Hi"};
+  EXPECT_EQ(Reply(u"get stack  12 utitle"), u"001 00480069");
+  for (const TextView unknown :
+       {u"get stack 1 utitle", u"get stack 012 utitle", u"get stack", u"get stack 12x utitle"})
+    EXPECT_EQ(Reply(unknown), unknown == u"get stack" ? u"999 Not understood" : u"998 stack not found");
+  EXPECT_EQ(Reply(u"get attached w2 encoded"), u"998 jotlet not found");
+  for (const TextView other : {u"get stack 12 title", u"get attached w1 text"})
+    EXPECT_EQ(Reply(other), u"999 Not understood");
+}
+
 TEST_F(Commands, OfTheProgramItself) {
   EXPECT_EQ(Reply(u"get datapath"), u"001 C:\\data\\");
   EXPECT_EQ(Reply(u"get uniqueid"), u"001 INSTALL");
