@@ -16,8 +16,8 @@ bool IsIn(const Span (&spans)[count], ActionCode action) {
   return std::any_of(std::begin(spans), std::end(spans), [action](const Span& s) { return s.Holds(action); });
 }
 
-// Network and mail, the store and the manage window, printing, attaching, image tools, and
-// the codes without a handler in a note.
+// Network and mail, the store and the manage window, printing, image tools, and the codes without a handler
+// in a note.
 constexpr Span kNotYet[] = {
     {kActionReply, kActionReply},
     {kActionSendToPpc, kActionManage},
@@ -27,7 +27,6 @@ constexpr Span kNotYet[] = {
     {kActionHelp, kActionHelp},
     {kActionImportFromPpc, kActionImportFromPpc},
     {kActionStoreJotlet, kActionStoreJotlet},
-    {kActionAttach, kActionAttach},
     {kActionTrack, kActionTrack},
     {kActionSpecify, kActionSendToFf9},
     {kActionPenSelect, kActionPasteIntoImage},
@@ -36,7 +35,6 @@ constexpr Span kNotYet[] = {
     {kActionPenArrow, kActionPenArrow},
     {kActionDummy, kActionStack},
     {kActionGrabSs, kActionFloodFill},
-    {kActionShowParent, kActionShowParent},
 };
 
 // What only a text can have done to it.
@@ -86,6 +84,7 @@ bool HasWhatItNeeds(ActionCode action, const EditFacts& edit) {
 bool IsEnabled(ActionCode action, const ActionFacts& facts) {
   if (action <= kActionNone || action >= kActionEnd || IsIn(kNotYet, action)) return false;
   if (action == kActionSetSkin || action == kActionDefaultSkin) return !facts.skinFixed;
+  if (action == kActionShowParent) return facts.inStack;
   if (!IsIn(kOfText, action)) return true;
   return !facts.image && (!facts.readOnly || IsIn(kReading, action)) && HasWhatItNeeds(action, facts.edit);
 }

@@ -21,7 +21,8 @@ struct ActionFacts {
   bool user3 = false;
   std::int32_t transparency = 0;  // as the record has it
   bool skinFixed = false;         // by policy
-  EditFacts edit;                 // of the text; all false for a picture
+  bool inStack = false;
+  EditFacts edit;  // of the text; all false for a picture
 };
 
 struct ActionState {

@@ -41,6 +41,8 @@ constexpr MenuEntry kNoteEntries[] = {
     {kActionRecurrence},
     {kActionAlarm},
     {kActionAttach},
+    {kActionNone, 0, {}, MenuPart::kAttachment},
+    {kActionNone, IDS_MENU_STACKS, {}, MenuPart::kStacks},
     kSeparator,
     {kActionCopyToFile},
     {kActionMoveToFile},
@@ -91,14 +93,29 @@ constexpr MenuEntry kTextEntries[] = {
     {kActionNone, IDS_MENU_JOTLET, kNoteEntries},
 };
 
-UniqueMenu Build(const Resources& resources, std::span<const MenuEntry> entries, const ActionFacts& facts) {
+void AppendExtras(HMENU menu, MenuPart part, std::span<const ExtraEntry> extras) {
+  for (const ExtraEntry& extra : extras) {
+    if (extra.part != part) continue;
+    const UINT state = (extra.enabled ? MF_ENABLED : MF_GRAYED) | (extra.checked ? MF_CHECKED : MF_UNCHECKED);
+    AppendMenuW(menu, extra.id == 0 ? MF_SEPARATOR : state, extra.id, Wide(extra.text));
+  }
+}
+
+// The menu above owns the one below from here on.
+void AppendMenuOfItsOwn(const Resources& resources, HMENU menu, UINT text, UniqueMenu below) {
+  AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()), Wide(resources.String(text)));
+}
+
+UniqueMenu Build(const Resources& resources, std::span<const MenuEntry> entries, const ActionFacts& facts,
+                 std::span<const ExtraEntry> extras) {
   UniqueMenu menu(CreatePopupMenu());
   for (const MenuEntry& entry : entries) {
-    if (!entry.entries.empty()) {
-      // The menu above owns the one below from here on.
-      AppendMenuW(menu.get(), MF_POPUP,
-                  reinterpret_cast<UINT_PTR>(Build(resources, entry.entries, facts).release()),
-                  Wide(resources.String(entry.text)));
+    if (entry.part != MenuPart::kNothing) {
+      UniqueMenu below(entry.text == 0 ? nullptr : CreatePopupMenu());
+      AppendExtras(below ? below.get() : menu.get(), entry.part, extras);
+      if (below) AppendMenuOfItsOwn(resources, menu.get(), entry.text, std::move(below));
+    } else if (!entry.entries.empty()) {
+      AppendMenuOfItsOwn(resources, menu.get(), entry.text, Build(resources, entry.entries, facts, extras));
     } else if (entry.action == kActionNone) {
       AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
     } else {
@@ -120,8 +137,8 @@ const std::span<const MenuEntry> kJotletMenu(kNoteEntries);
 const std::span<const MenuEntry> kTextMenu(kTextEntries);
 
 ActionMenu::ActionMenu(const Resources& resources, std::span<const MenuEntry> entries,
-                       const ActionFacts& facts)
-    : menu_(Build(resources, entries, facts)) {}
+                       const ActionFacts& facts, std::span<const ExtraEntry> extras)
+    : menu_(Build(resources, entries, facts, extras)) {}
 
 UINT ChooseFromMenu(HMENU menu, HWND owner) {
   Point at = MousePosition();
@@ -134,8 +151,6 @@ UINT ChooseFromMenu(HMENU menu, HWND owner) {
   return static_cast<UINT>(chosen);
 }
 
-ActionCode ActionMenu::Choose(HWND owner) const {
-  return static_cast<ActionCode>(ChooseFromMenu(menu_.get(), owner));
-}
+UINT ActionMenu::Choose(HWND owner) const { return ChooseFromMenu(menu_.get(), owner); }
 
 }  // namespace jotlets

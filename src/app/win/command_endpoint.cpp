@@ -1,5 +1,6 @@
 #include "app/win/command_endpoint.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/win/foreground_keeper.h"
@@ -36,6 +37,15 @@ std::vector<Text> CommandEndpoint::DesktopIds() const { return frame_.Desktop().
 std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(frame_.Lists().attached); }
 std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(frame_.Lists().sleeping); }
 std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(frame_.Lists().deleted); }
+
+const JotletData* CommandEndpoint::FindAttached(TextView id) {
+  const auto& attached = frame_.Lists().attached;
+  const auto at = std::find_if(attached.begin(), attached.end(),
+                               [id](const JotletData& record) { return EqualIgnoreCase(record.id, id); });
+  return at == attached.end() ? nullptr : &*at;
+}
+
+const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const { return frame_.FindStack(number); }
 
 std::vector<std::int32_t> CommandEndpoint::StackNumbers() const {
   std::vector<std::int32_t> numbers;
@@ -97,7 +107,7 @@ void CommandEndpoint::SetWakeTime(TextView id, std::int32_t time) {
 }
 
 bool CommandEndpoint::SaveNow() { return frame_.SaveJotlets(); }
-void CommandEndpoint::BringForward() { frame_.Desktop().BringForward(); }
+void CommandEndpoint::BringForward() { frame_.BringForward(); }
 void CommandEndpoint::NotifyMoved(TextView id) { frame_.NotifyListeners(u"509 desktop jotlet moved", id); }
 bool CommandEndpoint::RolledHasAltPosition() const { return frame_.CurrentOptions().rolledHasAltPosition; }
 Text CommandEndpoint::DataPath() const { return frame_.DataFolder(); }

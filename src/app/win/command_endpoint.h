@@ -32,6 +32,8 @@ class CommandEndpoint final : public CommandHost {
   std::vector<Text> SleepingIds() const override;
   std::vector<Text> ClosedIds() const override;
   std::vector<std::int32_t> StackNumbers() const override;
+  const JotletData* FindAttached(TextView id) override;
+  const StackRecord* FindStack(std::int32_t number) const override;
   Text CreateDesktop(TextView text) override;
   bool CloseDesktop(TextView id) override;
   bool DeleteDesktop(TextView id) override;

@@ -231,6 +231,8 @@ std::vector<Rect> DesktopJotlets::WindowsToSnapTo(const BJotlet& jotlet) {
     const bool along = jotlet.IsSelected() && other->IsSelected();
     if (other.get() != &jotlet && !along && !other->StoredRecord().hidden) windows.push_back(other->Bounds());
   }
+  const std::vector<Rect> stacks = owner_.StackBounds();
+  windows.insert(windows.end(), stacks.begin(), stacks.end());
   return windows;
 }
 
@@ -279,7 +281,11 @@ FileStatus DesktopJotlets::SaveContents(const Moment& now) {
 void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
   constexpr TextView kMoved = u"509 desktop jotlet moved";
   std::vector<Text> ids;
-  for (const BJotlet* moved : GroupOf(jotlet)) ids.push_back(moved->StoredRecord().id);
+  for (BJotlet* moved : GroupOf(jotlet)) {
+    // Before anybody is told: that takes its time, in which the window may go on.
+    owner_.OnNoteMoved(*moved);
+    ids.push_back(moved->StoredRecord().id);
+  }
   if (ids.size() == 1) return owner_.NotifyListeners(kMoved, ids.front());
   owner_.NotifyListenersMany(kMoved, ids);
 }

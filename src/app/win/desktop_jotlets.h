@@ -23,7 +23,16 @@ class DesktopOwner {
   virtual void SetDirty() = 0;
   virtual void NotifyListeners(TextView eventText, TextView id) = 0;
   virtual void NotifyListenersMany(TextView eventText, std::span<const Text> ids) = 0;
+  virtual bool HasStack(std::int32_t number) const = 0;
   virtual Text StackName(std::int32_t number) const = 0;
+  /// The stacks on the screen.
+  virtual std::vector<Rect> StackBounds() const = 0;
+  virtual void OnNoteDragged(bool shift) = 0;
+  virtual void OnNoteDropped(BJotlet& jotlet, bool shift) = 0;
+  /// Whether the note is attached to a window that is there, but behind another.
+  virtual bool IsTargetBehind(BJotlet& jotlet) = 0;
+  /// The user has moved a note, by itself or with others.
+  virtual void OnNoteMoved(BJotlet& jotlet) = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
   virtual Text BeginningNotice() const = 0;
@@ -101,6 +110,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnJotletChanged() override { owner_.SetDirty(); }
   void OnJotletMoved(BJotlet& jotlet) override;
   void OnJotletSized(BJotlet& jotlet) override;
+  void OnJotletDragged(BJotlet&, bool shift) override { owner_.OnNoteDragged(shift); }
+  void OnJotletDropped(BJotlet& jotlet, bool shift) override { owner_.OnNoteDropped(jotlet, shift); }
   void OnJotletFocus(BJotlet& jotlet, bool gained) override;
   bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
     return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
@@ -127,6 +138,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
   SkinRenderer& Renderer() override { return skins_.Renderer(); }
   LocalTime ToLocal(std::int32_t utc) override;
+  bool IsTargetBehind(BJotlet& jotlet) override { return owner_.IsTargetBehind(jotlet); }
+  bool HasStack(std::int32_t number) const override { return owner_.HasStack(number); }
   Text StackName(std::int32_t number) override { return owner_.StackName(number); }
 
   /// Shows a note in a skin and logs it.

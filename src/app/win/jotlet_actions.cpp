@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/win/attach_dialog.h"
 #include "app/win/main_frame.h"
 #include "app/win/properties_dialog.h"
 #include "app/win/skin_dialog.h"
@@ -50,6 +51,8 @@ const JotletActions::Row JotletActions::kRows[] = {
     {kActionRecurrence, &JotletActions::Recur},
     {kActionAlarm, &JotletActions::Alarm},
     {kActionPlayAlarm, &JotletActions::PlayAlarm},
+    {kActionAttach, &JotletActions::Attach},
+    {kActionShowParent, &JotletActions::ShowParent},
 };
 
 namespace {
@@ -89,17 +92,81 @@ ActionFacts JotletActions::FactsOf(const BJotlet& jotlet) const {
   facts.transparency = record.transparency;
   if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(frame_.Desktop().Highlights());
   facts.skinFixed = frame_.IsSkinFixedByPolicy();
+  facts.inStack = frame_.FindStack(record.stack) != nullptr;
   return facts;
 }
 
 void JotletActions::ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries) {
   if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
-  const ActionMenu menu(resources_, entries, FactsOf(jotlet));
+  const ActionMenu menu(resources_, entries, FactsOf(jotlet), ExtrasOf(jotlet));
+  std::vector<std::int32_t> stacks;
+  for (const StackRecord& stack : frame_.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
-  const ActionCode chosen = menu.Choose(jotlet.Handle());
+  const UINT chosen = menu.Choose(jotlet.Handle());
   BJotlet* there = frame_.FindJotlet(id);
-  if (there != nullptr && chosen != kActionNone) there->DoAction(chosen, {});
+  if (there == nullptr || chosen == 0) return;
+  if (chosen >= kFirstStack) {
+    frame_.Stacks().Add(stacks[chosen - kFirstStack], *there);
+  } else if (chosen >= kFirstExtra) {
+    DoExtra(*there, chosen);
+  } else {
+    there->DoAction(static_cast<ActionCode>(chosen), {});
+  }
+}
+
+// Entries that only some notes have, or that depend on which stacks there are.
+std::vector<ExtraEntry> JotletActions::ExtrasOf(const BJotlet& jotlet) const {
+  const JotletData& record = jotlet.StoredRecord();
+  const bool inStack = frame_.FindStack(record.stack) != nullptr;
+  std::vector<ExtraEntry> extras = {
+      {MenuPart::kAttachment, kUnattach, resources_.String(IDS_MENU_UNATTACH), record.IsAttached()},
+      {MenuPart::kStacks, kNewStack, resources_.String(IDS_MENU_NEW_STACK)},
+      {MenuPart::kStacks, kLeaveStack, resources_.String(IDS_MENU_LEAVE_STACK), inStack},
+      {MenuPart::kStacks, kShowStack, resources_.String(IDS_MENU_SHOW_STACK), inStack}};
+  if (!frame_.Lists().stacks.empty()) extras.push_back({MenuPart::kStacks});
+  UINT entry = kFirstStack;
+  for (const StackRecord& stack : frame_.Lists().stacks) {
+    // An ampersand of the name is no mnemonic.
+    extras.push_back({MenuPart::kStacks, entry++, ReplaceAll(OneLine(stack.title), u"&", u"&&"), true,
+                      stack.number == record.stack});
+  }
+  return extras;
+}
+
+void JotletActions::DoExtra(BJotlet& jotlet, UINT chosen) {
+  switch (chosen) {
+    case kUnattach: {
+      JotletData plain;
+      for (BJotlet* note : frame_.Desktop().GroupOf(jotlet)) note->TakeAttachment(plain);
+      break;
+    }
+    case kNewStack:
+      if (const BStackDlg* stack = frame_.Stacks().Create(jotlet))
+        frame_.Stacks().Add(stack->Number(), jotlet);
+      break;
+    case kLeaveStack: frame_.Stacks().TakeOut(jotlet); break;
+    case kShowStack: ShowParent(jotlet); break;
+    default: break;
+  }
+}
+
+void JotletActions::ShowParent(BJotlet& jotlet) {
+  BStackDlg* stack = frame_.Stacks().Find(jotlet.StoredRecord().stack);
+  if (stack == nullptr) return;
+  stack->Show();
+  stack->BringForward();
+  SetForegroundWindow(stack->Handle());
+}
+
+void JotletActions::Attach(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto choice = BAttachDlg(resources_, frame_.AttachedNotes(), jotlet.StoredRecord(),
+                                 frame_.CurrentOptions().attachShowSystemWindows)
+                          .Choose(jotlet.Handle());
+  BJotlet* there = frame_.FindJotlet(id);
+  if (!choice || there == nullptr) return;
+  for (BJotlet* note : frame_.Desktop().GroupOf(*there)) frame_.AttachedNotes().Attach(*note, *choice);
 }
 
 void JotletActions::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, kJotletMenu); }

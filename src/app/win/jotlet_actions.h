@@ -27,6 +27,7 @@ class JotletActions {
   ActionFacts FactsOf(const BJotlet& jotlet) const;
 
  private:
+  enum Extra : UINT { kUnattach = kFirstExtra, kNewStack, kLeaveStack, kShowStack, kFirstStack };
   struct Row;
   static const Row kRows[];
 
@@ -54,6 +55,11 @@ class JotletActions {
   void Recur(BJotlet& jotlet) { sleep_.Recur(jotlet); }
   void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
   void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
+  void Attach(BJotlet& jotlet);
+  void ShowParent(BJotlet& jotlet);
+
+  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet) const;
+  void DoExtra(BJotlet& jotlet, UINT chosen);
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries);

@@ -26,6 +26,8 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       options_(files_, ansi_, clock_, log_),
       skins_(resources, files_, ansi_, log_),
       desktop_(*this, files_, clock_, log_, options_.Current(), skins_),
+      stacks_(*this, resources, lists_, desktop_, skins_),
+      attachments_(*this, lists_),
       saver_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       maker_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       sleeping_(*this, files_, clock_, log_, options_.Current(), lists_, desktop_, maker_, saver_),
@@ -45,11 +47,15 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_HOTKEY: programCommands_.OnHotKey(static_cast<int>(wParam)); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
     case kTrayMessage: programCommands_.OnTray(static_cast<UINT>(lParam)); return 0;
-    case kPurgeMessage: desktop_.Purge(); return 0;
+    case kPurgeMessage:
+      desktop_.Purge();
+      stacks_.Purge();
+      return 0;
+    case kRefreshStacksMessage: stacks_.Refresh(); return 0;
     case kCheckContentMessage: CheckContent(); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE:
-      if (ready_) desktop_.FollowMonitors();
+      if (ready_) FollowMonitors();
       break;
     case WM_CLOSE: ExitJotlets(u"close"); return 0;
     case WM_QUERYENDSESSION: return TRUE;
@@ -88,6 +94,22 @@ void CMainFrame::OnTimer(UINT_PTR id) {
   }
 }
 
+void CMainFrame::FollowMonitors() {
+  desktop_.FollowMonitors();
+  stacks_.FollowMonitors();
+}
+
+// The stacks first: notes lie over them.
+void CMainFrame::BringForward() {
+  stacks_.BringForward();
+  desktop_.BringForward();
+}
+
+void CMainFrame::RescueOffScreen() {
+  desktop_.Rescue(VirtualScreen());
+  stacks_.Rescue(VirtualScreen());
+}
+
 void CMainFrame::OnMinute() {
   if (++minutes_ % kSafetyCopyMinutes == 0) SaveJotlets(folder_ + Text(kSafetyCopyName));
   CheckBackup();
@@ -95,10 +117,12 @@ void CMainFrame::OnMinute() {
 
 void CMainFrame::OnSecond() {
   desktop_.Purge();
+  stacks_.Purge();
   // Not every change of the monitors is announced.
-  desktop_.FollowMonitors();
+  FollowMonitors();
   WakeSleeping();
   CheckAlarms();
+  AttachPass();
   ++secondsRun_;
 }
 
@@ -114,6 +138,8 @@ void CMainFrame::SetDirty() {
   if (exiting_ || folder_.empty()) return;
   saver_.SetDirty();
   SetTimer(Handle(), kSaveTimer, kSaveDelay, nullptr);
+  // Whatever changed may show in the list of a stack.
+  stacks_.RefreshSoon();
 }
 
 void CMainFrame::SetOptionsDirty() {
@@ -152,11 +178,26 @@ Text CMainFrame::CreateJotlet(const NewJotlet& fresh) {
   return id;
 }
 
+bool CMainFrame::OpenAttached(JotletData record, bool shown) {
+  const BJotlet* jotlet = maker_.OpenLoaded(std::move(record));
+  if (jotlet == nullptr) return false;
+  const Text id = jotlet->StoredRecord().id;
+  if (shown && !jotlet->StoredRecord().hidden && CurrentOptions().hidden != 1) FindJotlet(id)->Show();
+  Log(kLogDetail, u"Created (attached) ", id);
+  SetDirty();
+  NotifyListeners(u"500 created desktop jotlet attached", id);
+  return true;
+}
+
+std::optional<JotletData> CMainFrame::TakeOffDesktop(TextView id) {
+  // What could not be written would be gone.
+  if (!desktop_.SaveContent(id, clock_.Now())) return std::nullopt;
+  return desktop_.Remove(id);
+}
+
 bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
   const std::int32_t now = RecordTime(clock_.Now().utc);
-  // A note whose text could not be written stays open: closed, the text would be gone.
-  if (!desktop_.SaveContent(id, clock_.Now())) return false;
-  std::optional<JotletData> record = desktop_.Remove(id);
+  std::optional<JotletData> record = TakeOffDesktop(id);
   if (!record) return false;
   const Text closedId = record->id;
   const std::vector<JotletData> dropped =
@@ -206,6 +247,7 @@ void CMainFrame::UseDefaultSkin(const Text& name) {
   options_.Current().skin = name;
   skins_.SetDefault(name);
   desktop_.RefreshSkins();
+  stacks_.RefreshSkins();
   SetOptionsDirty();
 }
 
@@ -236,6 +278,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   SaveJotlets(folder_ + Text(kExitCopyName));
   notesGone_ = true;
   desktop_.CloseAll();
+  stacks_.CloseAll();
   NotifyListenersText(u"503 jotlets is exiting, so long");
   tray_.Remove();
   Log(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
@@ -254,10 +297,8 @@ void CMainFrame::CloseForUser(const Text& id) {
 }
 
 Text CMainFrame::StackName(std::int32_t number) const {
-  for (const StackRecord& stack : lists_.stacks) {
-    if (stack.number == number) return stack.title;
-  }
-  return {};
+  const StackRecord* stack = lists_.FindStack(number);
+  return stack == nullptr ? Text() : stack->title;
 }
 
 Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNING); }
@@ -332,6 +373,7 @@ void CMainFrame::HoldStill(bool still) {
   exiting_ = still;
   desktop_.Enable(!still);
   sleeping_.Enable(!still);
+  stacks_.Enable(!still);
   // What was not saved before is tried again.
   if (!still) SetDirty();
 }

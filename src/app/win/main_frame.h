@@ -7,9 +7,11 @@
 #include "app/note_saver.h"
 #include "app/options_keeper.h"
 #include "app/win/alarm_sound.h"
+#include "app/win/attachments.h"
 #include "app/win/backup_commands.h"
 #include "app/win/command_endpoint.h"
 #include "app/win/desktop_jotlets.h"
+#include "app/win/desktop_stacks.h"
 #include "app/win/file_exchange.h"
 #include "app/win/jotlet_actions.h"
 #include "app/win/jotlet_maker.h"
@@ -76,6 +78,17 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool WakeSleeping(TextView id) { return sleeping_.WakeSleeping(id); }
   void CheckAlarms() { sleeping_.CheckAlarms(); }
   void PlayAlarmSound(int kind) { jotlets::PlayAlarmSound(CurrentOptions(), log_, kind); }
+  /// Opens the window of an attached note, shown unless it is a hidden one, and tells the listeners; false
+  /// when there is no window to be had.
+  bool OpenAttached(JotletData record, bool shown);
+  /// Takes a note off the desktop without closing it; nothing when it is not there, or its content could not
+  /// be saved.
+  std::optional<JotletData> TakeOffDesktop(TextView id);
+  /// Attached notes come to the windows of other programs, follow them and go.
+  void AttachPass() { attachments_.Pass(); }
+  /// The stack of a number; nullptr when there is none.
+  const StackRecord* FindStack(std::int32_t number) const { return lists_.FindStack(number); }
+  std::int32_t NewStackNumber() const { return jotlets::NewStackNumber(lists_.stacks); }
   void ImportNoteMessage(TextView message);
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefaultSkin(TextView path);
@@ -89,8 +102,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void OnCommand(UINT command);
   /// The user has seen why the tray icon flashes.
   void StopFlashing();
-  /// Brings all notes back on to the screen.
-  void RescueOffScreen() { desktop_.Rescue(VirtualScreen()); }
+  void BringForward();
+  /// Brings all notes and stacks back on to the screen.
+  void RescueOffScreen();
   /// Saves everything, moves the data folder to another place and starts anew from there.
   FileStatus MoveDataTo(TextView folder);
   /// Compares the content files with the notes; the user may adopt what belongs to none.
@@ -107,12 +121,19 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   /// Carries out the command of a key pressed in a note; false when it is none.
   bool TranslateKey(const MSG& message);
 
+  /// A note or a stack waits to be thrown away.
+  void PurgeSoon() override;
+  void RefreshStacksSoon() { PostMessageW(Handle(), kRefreshStacksMessage, 0, 0); }
+
   /// The shutdown, once, whatever the path that leads here.
   void ExitJotlets(TextView reason, bool silent = false);
 
   DesktopJotlets& Desktop() { return desktop_; }
   const DesktopJotlets& Desktop() const { return desktop_; }
+  DesktopStacks& Stacks() { return stacks_; }
+  Attachments& AttachedNotes() { return attachments_; }
   ProgramSkins& Skins() { return skins_; }
+  Moment Now() const { return clock_.Now(); }
   const JotletLists& Lists() const { return lists_; }
   JotletLists& Lists() { return lists_; }
   /// The user's options; whoever changes them calls `SetOptionsDirty`.
@@ -141,6 +162,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
     kTrayMessage = WM_APP + 1,
     kPurgeMessage,
     kCheckContentMessage,
+    kRefreshStacksMessage,
   };
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -152,19 +174,25 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
 
   LRESULT OnCopyData(HWND sender, const COPYDATASTRUCT* record);
   void OnTimer(UINT_PTR id);
+  void FollowMonitors();
   void OnMinute();
   void OnSecond();
   void OnEndSession(bool ending);
   void StopAlarmByKey(const MSG& message);
 
+  bool HasStack(std::int32_t number) const override { return lists_.FindStack(number) != nullptr; }
   Text StackName(std::int32_t number) const override;
+  std::vector<Rect> StackBounds() const override { return stacks_.Bounds(); }
+  void OnNoteDragged(bool shift) override { stacks_.OnNoteDragged(shift); }
+  void OnNoteDropped(BJotlet& jotlet, bool shift) override { stacks_.OnNoteDropped(jotlet, shift); }
+  bool IsTargetBehind(BJotlet& jotlet) override { return attachments_.IsTargetBehind(jotlet.StoredRecord()); }
+  void OnNoteMoved(BJotlet& jotlet) override { attachments_.OnMoved(jotlet); }
   Text BeginningNotice() const override;
   void OnAnimationClosed(const Text& id, bool deletes) override;
   bool DoJotletAction(const Text& id, ActionCode action) override { return actions_.Do(id, action); }
   bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
     return StateOf(action, actions_.FactsOf(jotlet)).enabled;
   }
-  void PurgeSoon() override;
   void OnAlarm(bool sounding) override;
 
   HWND BackupWindow() const override { return Handle(); }
@@ -189,6 +217,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   JotletLists lists_;
   ProgramSkins skins_;
   DesktopJotlets desktop_;
+  DesktopStacks stacks_;
+  Attachments attachments_;
   NoteSaver saver_;
   JotletMaker maker_;
   SleepingJotlets sleeping_;

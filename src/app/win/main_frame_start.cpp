@@ -34,8 +34,7 @@ bool CMainFrame::Start() {
 }
 
 bool CMainFrame::OnCreate() {
-  for (const wchar_t* name :
-       {kJotletClass, L"BraskJotletStack", kNoteShadowClass, L"BraskJotletStackShadow"}) {
+  for (const wchar_t* name : {kJotletClass, kStackClass, kNoteShadowClass, kStackShadowClass}) {
     if (!RegisterWindowClass(name, nullptr, CS_DBLCLKS))
       Log(kLogLifecycle, LastErrorText(u"RegisterClassEx"));
   }
@@ -126,12 +125,15 @@ void CMainFrame::TakeLoaded(LoadedData loaded) {
     SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
   }
   for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
+  stacks_.OpenAll();
   // At once: until then every start would find the same damage and keep one more copy of it.
   if (damaged) SaveJotlets();
   if (rescue_) RescueOffScreen();
   const bool hidden = CurrentOptions().hidden == 1;
   tray_.ShowHidden(hidden);
-  if (!hidden) desktop_.ShowAll();
+  if (hidden) return;
+  desktop_.ShowAll();
+  stacks_.ShowAll();
 }
 
 void CMainFrame::CheckContent() {

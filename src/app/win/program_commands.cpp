@@ -33,7 +33,7 @@ void ProgramCommands::OnHotKey(int id) {
   const int index = id - kFirstHotKey;
   if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
   if (kCommands[index] == 0) {
-    frame_.Desktop().BringForward();
+    frame_.BringForward();
   } else {
     frame_.OnCommand(kCommands[index]);
   }
@@ -48,7 +48,7 @@ void ProgramCommands::OnTray(UINT message) {
   if (creates) {
     frame_.OnCommand(ID_NEW_JOTLET);
   } else if (message == WM_LBUTTONUP) {
-    frame_.Desktop().BringForward();
+    frame_.BringForward();
   }
 }
 
@@ -80,8 +80,10 @@ void ProgramCommands::ShowOrHideAll() {
   options_.hidden = options_.hidden == 1 ? 0 : 1;
   if (options_.hidden == 1) {
     frame_.Desktop().HideAll();
+    frame_.Stacks().HideAll();
   } else {
     frame_.Desktop().UnhideAll();
+    frame_.Stacks().ShowAll();
   }
   tray_.ShowHidden(options_.hidden == 1);
   frame_.SetOptionsDirty();

@@ -164,6 +164,11 @@ void BJotlet::MoveTo(Point position) {
   owner_.OnJotletChanged();
 }
 
+void BJotlet::PlaceAt(Point position) {
+  const Rect bounds = Bounds();
+  Place(RectAt(position, {bounds.Width(), bounds.Height()}));
+}
+
 void BJotlet::SetSizeSafe(Size size) {
   const Size safe = SafeSize(size, SmallestSize());
   SetWindowPos(Handle(), nullptr, 0, 0, safe.width, safe.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);

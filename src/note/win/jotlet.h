@@ -89,6 +89,10 @@ class BJotlet final : public Window, private EditWatcher {
   /// Ends that, and puts the note back to exactly where it was.
   void StopAlarm();
   bool IsSounding() const { return alarmPhase_ != kNotSounding; }
+  /// The alarm is due, and the note is away until the window that it is attached to comes to the front.
+  bool WaitsForWindow() const { return waitsForWindow_; }
+  /// It waits no more: the note is shown, and sounds unless the window is behind once more.
+  void EndWaitForWindow();
   /// One of several notes that are selected together.
   void SetSelected(bool selected);
   bool IsSelected() const { return selected_; }
@@ -117,6 +121,16 @@ class BJotlet final : public Window, private EditWatcher {
   /// Moves the note and those selected with it, or sizes it, as the user does with the keyboard.
   void MoveByKey(Point offset);
   void GrowByKey(Size growth);
+  /// Puts the window somewhere without that being a change worth saving.
+  void PlaceAt(Point position);
+  /// The user is moving or sizing the note, or it is on an animated way.
+  bool IsMoving() const { return drag_ == Drag::kMoving || drag_ == Drag::kSizing || animation_.running; }
+  /// Comes under the mouse, whose button is held, and is dragged from there on.
+  void TakeDrag();
+  /// The number of the stack that the note belongs to, -1 for none.
+  void SetStack(std::int32_t number);
+  /// Takes over what a record says of the window that the note is attached to.
+  void TakeAttachment(const JotletData& from);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
   void PasteClipboard() { edit_.Paste(); }
@@ -198,6 +212,7 @@ class BJotlet final : public Window, private EditWatcher {
   std::int32_t alarmPhase_ = kNotSounding;
   Point alarmOrigin_;  // while it sounds
   bool alarmPending_ = false;
+  bool waitsForWindow_ = false;
   bool contentChanged_ = false;
   bool keepOldContent_ = false;
   bool hasFocus_ = false;
@@ -205,6 +220,7 @@ class BJotlet final : public Window, private EditWatcher {
   bool selected_ = false;
   bool mouseOver_ = false;
   bool trackingMouse_ = false;
+  bool dropping_ = false;  // the button was let go with Shift held
   std::size_t hotButton_ = kNoElement;
   Drag drag_ = Drag::kIdle;
   FramePart dragPart_ = FramePart::kContent;

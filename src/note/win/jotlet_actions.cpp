@@ -103,6 +103,26 @@ void BJotlet::SetUserString(TextView words) {
   owner_.OnJotletChanged();
 }
 
+void BJotlet::SetStack(std::int32_t number) {
+  if (record_.stack == number) return;
+  record_.stack = number;
+  UpdateView();
+  InvalidateRect(Handle(), nullptr, FALSE);
+  owner_.OnJotletChanged();
+}
+
+void BJotlet::TakeAttachment(const JotletData& from) {
+  record_.attachTitle = from.attachTitle;
+  record_.attachClass = from.attachClass;
+  record_.attachFocus = from.attachFocus;
+  record_.attachVisible = from.attachVisible;
+  record_.attachPosType = from.attachPosType;
+  record_.attachPosX = from.attachPosX;
+  record_.attachPosY = from.attachPosY;
+  UpdateView();
+  owner_.OnJotletChanged();
+}
+
 void BJotlet::TakeProperties(const JotletData& wanted) {
   if (wanted.title != record_.title) SetTitle(wanted.title);
   if (wanted.userString1 != record_.userString1) SetUserString(wanted.userString1);

@@ -7,6 +7,7 @@ namespace jotlets {
 
 void BJotlet::SetAlarm(std::int32_t time) {
   record_.alarm = time;
+  if (waitsForWindow_) StopAlarm();
   ShowAlarm();
   owner_.OnJotletChanged();
 }
@@ -19,6 +20,13 @@ void BJotlet::ShowAlarm() {
 
 void BJotlet::StartAlarm() {
   if (IsSounding() || Handle() == nullptr) return;
+  const bool waited = waitsForWindow_;
+  waitsForWindow_ = !record_.hidden && owner_.IsTargetBehind(*this);
+  if (waitsForWindow_) {
+    alarmPending_ = true;
+    return Hide();
+  }
+  if (waited && owner_.NoteOptions().hidden != 1) ShowWindow(Handle(), SW_SHOWNOACTIVATE);
   // What cannot be seen, or is on its way, sounds when it is there.
   alarmPending_ = record_.hidden || !IsWindowVisible(Handle()) || animation_.running;
   if (alarmPending_) return;
@@ -38,6 +46,7 @@ void BJotlet::StartAlarm() {
 
 void BJotlet::StopAlarm() {
   alarmPending_ = false;
+  if (waitsForWindow_) EndWaitForWindow();
   if (!IsSounding() || Handle() == nullptr) return;
   alarmPhase_ = kNotSounding;
   KillTimer(Handle(), kAlarmTimer);
@@ -50,6 +59,11 @@ void BJotlet::StopAlarm() {
   ShowPaper();
   ShowAlarm();
   owner_.OnAlarm(*this, false);
+}
+
+void BJotlet::EndWaitForWindow() {
+  waitsForWindow_ = false;
+  Show();
 }
 
 void BJotlet::StartPendingAlarm() {

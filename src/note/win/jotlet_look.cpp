@@ -54,9 +54,9 @@ LRESULT BJotlet::OnPaint() {
   PAINTSTRUCT paint{};
   const HDC dc = BeginPaint(Handle(), &paint);
   const NoteWords words(owner_, record_, shownTitle_, view_.window);
-  PictureInlay inlay;
-  if (picture_.IsLoaded()) inlay = {&picture_, TextArea(skin_->data, view_)};
-  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, inlay);
+  const PictureInlay inlay(picture_, TextArea(skin_->data, view_));
+  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words,
+                          picture_.IsLoaded() ? &inlay : nullptr);
   EndPaint(Handle(), &paint);
   return 0;
 }
@@ -145,7 +145,7 @@ SkinStates BJotlet::States() const {
   states.Set(SkinState::kAlarm, record_.alarm > 0);
   states.Set(SkinState::kAttached, record_.IsAttached());
   states.Set(SkinState::kTransmit, !record_.lastSend.empty());
-  states.Set(SkinState::kInStack, record_.stack >= 0);
+  states.Set(SkinState::kInStack, owner_.HasStack(record_.stack));
   states.Set(SkinState::kSleeping, record_.sleeping);
   states.Set(SkinState::kRecurring, record_.recurring);
   states.Set(SkinState::kGhost, record_.ghost);

@@ -1,17 +1,10 @@
 // The mouse on a note's frame: moving, sizing, buttons, the scroll bar and the tooltip.
 #include "note/placement.h"
+#include "note/win/frame_cursor.h"
 #include "note/win/jotlet.h"
 
 namespace jotlets {
 namespace {
-
-LPCWSTR CursorOf(FramePart part) {
-  const DraggedEdges edges = EdgesOf(part);
-  if (edges.horizontal == 0 && edges.vertical == 0) return IDC_ARROW;
-  if (edges.vertical == 0) return IDC_SIZEWE;
-  if (edges.horizontal == 0) return IDC_SIZENS;
-  return edges.horizontal == edges.vertical ? IDC_SIZENWSE : IDC_SIZENESW;
-}
 
 // As the keyboard is now: the state that a thread is told of lags behind while another window has the focus.
 bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
@@ -109,6 +102,7 @@ void BJotlet::DragTo(Point offset) {
     const Rect before = Bounds();
     const Rect snapped = SnappedMove(moved, snap, alt, targets);
     const Point by{snapped.left - before.left, snapped.top - before.top};
+    owner_.OnJotletDragged(*this, IsHeld(VK_SHIFT));
     if (by == Point{}) return;
     for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(by);
     return;
@@ -168,15 +162,32 @@ void BJotlet::OnEditMouse() {
 
 void BJotlet::OnButtonUp(Point at) {
   const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
+  dropping_ = drag_ == Drag::kMoving && IsHeld(VK_SHIFT);
   ReleaseCapture();
   if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
     DoAction(skin_->data.elements[button].action, at);
 }
 
+void BJotlet::TakeDrag() {
+  constexpr std::int32_t kGrip = 8;  // below the top edge, where every skin has its title
+  const Point mouse = MousePosition();
+  PlaceAt({mouse.x - Bounds().Width() / 2, mouse.y - kGrip});
+  SetHidden(false);
+  BringForward();
+  dragStart_ = mouse;
+  dragBounds_ = Bounds();
+  dragPart_ = FramePart::kMove;
+  drag_ = Drag::kMoving;
+  snapWindows_ = owner_.WindowsToSnapTo(*this);
+  SetCapture(Handle());
+}
+
 // Also reached when the capture is taken away in the middle of a drag.
 void BJotlet::EndDrag() {
   const Drag ended = std::exchange(drag_, Drag::kIdle);
+  const bool dropped = std::exchange(dropping_, false);
   const bool placed = ended == Drag::kMoving || ended == Drag::kSizing;
+  if (ended == Drag::kMoving) owner_.OnJotletDropped(*this, dropped);
   if (!placed || Bounds() == dragBounds_) return;
   owner_.OnJotletChanged();
   if (ended == Drag::kMoving) {

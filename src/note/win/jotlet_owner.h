@@ -28,6 +28,10 @@ class JotletOwner {
   /// The user has finished moving or sizing the note.
   virtual void OnJotletMoved(BJotlet& jotlet) = 0;
   virtual void OnJotletSized(BJotlet& jotlet) = 0;
+  /// The mouse is moving the note, with Shift held or not.
+  virtual void OnJotletDragged(BJotlet& jotlet, bool shift) = 0;
+  /// The mouse has let go of the note, or lost it; `shift` only for a drop. Before `OnJotletMoved`.
+  virtual void OnJotletDropped(BJotlet& jotlet, bool shift) = 0;
   virtual void OnJotletFocus(BJotlet& jotlet, bool gained) = 0;
   /// A command that is not the note's own affair; false when it is none. The note may be gone when the call
   /// returns.
@@ -62,6 +66,10 @@ class JotletOwner {
   virtual SkinRenderer& Renderer() = 0;
   /// The local time of seconds since 1970 UTC; now for 0.
   virtual LocalTime ToLocal(std::int32_t utc) = 0;
+  /// Whether the note is attached to a window that is there, but behind another.
+  virtual bool IsTargetBehind(BJotlet& jotlet) = 0;
+  /// Whether there is a stack of this number.
+  virtual bool HasStack(std::int32_t number) const = 0;
   /// The name of a stack, empty for none.
   virtual Text StackName(std::int32_t number) = 0;
 };

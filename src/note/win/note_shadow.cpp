@@ -17,7 +17,7 @@ void NoteShadow::Follow(HWND note, bool shown, BYTE darkness) {
   GetWindowRect(note, &noteBounds);
   const Rect bounds = ShadowBounds(FromRECT(noteBounds));
   const WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED | WS_EX_TRANSPARENT | WS_EX_NOACTIVATE};
-  if (Handle() == nullptr && !Create(kNoteShadowClass, L"", bounds, style)) return;
+  if (Handle() == nullptr && !Create(className_, L"", bounds, style)) return;
   if (!DrawShape(bounds, darkness)) return;
   SetWindowPos(Handle(), note, bounds.left, bounds.top, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }

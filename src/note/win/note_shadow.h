@@ -1,4 +1,5 @@
-// The shadow window of a note: a window of its own, right below the note's, that lets the mouse through.
+// The shadow window of a note or a stack: a window of its own, right below the note's, that lets the mouse
+// through.
 #pragma once
 
 #include "ui/window.h"
@@ -9,6 +10,8 @@ inline constexpr wchar_t kNoteShadowClass[] = L"BraskJotletNoteShadow";
 
 class NoteShadow final : public Window {
  public:
+  explicit NoteShadow(const wchar_t* className = kNoteShadowClass) : className_(className) {}
+
   /// Brings the shadow to where the note is, `darkness` being the note's own alpha; away with it when the
   /// note is not to be seen.
   void Follow(HWND note, bool shown, BYTE darkness);
@@ -21,6 +24,7 @@ class NoteShadow final : public Window {
   }
   bool DrawShape(const Rect& bounds, BYTE darkness);
 
+  const wchar_t* className_;
   Size drawn_;
   BYTE drawnDarkness_ = 0;
 };

@@ -66,7 +66,7 @@ class SkinRenderer::TextSetter final : public SkinTextSetter {
 };
 
 void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, const SkinView& view,
-                         const SkinWords& words, const PictureInlay& inlay) {
+                         const SkinWords& words, const SkinInlay* inlay) {
   if (view.window.width <= 0 || view.window.height <= 0 || !Provide(screen, view.window)) return;
   const Selected selected(memory_.get(), bitmap_.get());
   GdiFlush();
@@ -74,7 +74,7 @@ void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, c
   canvas.SetClip(part);
   TextSetter texts(*this, PaperColour(skin.data, view.colour));
   DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
-  if (inlay.picture != nullptr) inlay.picture->Draw(memory_.get(), inlay.area);
+  if (inlay != nullptr) inlay->Draw(memory_.get());
   BitBlt(screen, part.left, part.top, part.Width(), part.Height(), memory_.get(), part.left, part.top,
          SRCCOPY);
 }

@@ -13,10 +13,21 @@
 
 namespace jotlets {
 
-/// A picture that a window shows in its text area.
-struct PictureInlay {
-  const PictureBitmap* picture = nullptr;
-  Rect area;
+/// What a window shows in its text area, over its skin.
+class SkinInlay {
+ public:
+  virtual ~SkinInlay() = default;
+  virtual void Draw(HDC dc) const = 0;
+};
+
+class PictureInlay final : public SkinInlay {
+ public:
+  PictureInlay(const PictureBitmap& picture, const Rect& area) : picture_(picture), area_(area) {}
+  void Draw(HDC dc) const override { picture_.Draw(dc, area_); }
+
+ private:
+  const PictureBitmap& picture_;
+  Rect area_;
 };
 
 /// Shared by all windows: it keeps one buffer, as large as the largest window so far, and the fonts.
@@ -24,7 +35,7 @@ class SkinRenderer {
  public:
   /// Draws the window into the buffer and copies `part` of it on to the screen.
   void Paint(HDC screen, const Rect& part, const LoadedSkin& skin, const SkinView& view,
-             const SkinWords& words, const PictureInlay& inlay = {});
+             const SkinWords& words, const SkinInlay* inlay = nullptr);
 
  private:
   class TextSetter;

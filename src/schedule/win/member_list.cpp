@@ -1,0 +1,93 @@
+#include "schedule/win/member_list.h"
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "skin/skin_layout.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kThumbWidth = 3;
+constexpr std::int32_t kLeastThumb = 12;
+constexpr Colour kInk{32, 32, 32};
+constexpr Colour kPaleInk{128, 128, 128};
+constexpr Colour kHot{204, 228, 247};
+constexpr Colour kFrame{140, 140, 140};
+constexpr Colour kDropTarget{0, 117, 199};
+
+void Fill(HDC dc, const Rect& area, Colour colour) {
+  SetDCBrushColor(dc, ToCOLORREF(colour));
+  const RECT rect = ToRECT(area);
+  FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+void Frame(HDC dc, const Rect& area, Colour colour) {
+  SetDCBrushColor(dc, ToCOLORREF(colour));
+  const RECT rect = ToRECT(area);
+  FrameRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+Colour Mixed(Colour a, Colour b) {
+  const auto half = [](int x, int y) { return static_cast<std::uint8_t>((x + y) / 2); };
+  return {half(a.r, b.r), half(a.g, b.g), half(a.b, b.b)};
+}
+
+}  // namespace
+
+void MemberListInlay::Draw(HDC dc) const {
+  const Rect& area = list_.area;
+  if (area.Width() <= 0 || area.Height() <= 0) return;
+  const int state = SaveDC(dc);
+  IntersectClipRect(dc, area.left, area.top, area.right, area.bottom);
+  SetBkMode(dc, TRANSPARENT);
+  const auto first = static_cast<std::size_t>(list_.scroll / list_.rowHeight);
+  for (std::size_t row = first; row < members_.size() && list_.RowRect(row).top < area.bottom; ++row)
+    DrawRow(dc, row);
+  if (members_.empty()) DrawHint(dc);
+  DrawThumb(dc);
+  RestoreDC(dc, state);
+  if (!look_.dropTarget) return;
+  Frame(dc, area, kDropTarget);
+  Frame(dc, {area.left + 1, area.top + 1, area.right - 1, area.bottom - 1}, kDropTarget);
+}
+
+void MemberListInlay::DrawRow(HDC dc, std::size_t row) const {
+  const StackMember& member = members_[row];
+  const Rect rect = list_.RowRect(row);
+  const bool shown = member.state == MemberState::kShown;
+  if (look_.hot == row) Fill(dc, rect, kHot);
+  const std::int32_t side = list_.rowHeight - 8;
+  const Rect swatch = RectAt({rect.left + 4, rect.top + 4}, {side, side});
+  Fill(dc, swatch, shown ? member.colour : Mixed(member.colour, {255, 255, 255}));
+  Frame(dc, swatch, shown ? kFrame : Mixed(kFrame, {255, 255, 255}));
+  const Selected font(dc, member.state == MemberState::kAway ? look_.awayFont : look_.font);
+  SetTextColor(dc, ToCOLORREF(shown ? kInk : kPaleInk));
+  RECT words{swatch.right + 6, rect.top, rect.right - kThumbWidth - 2, rect.bottom};
+  const Text title = OneLine(member.title);
+  DrawTextW(dc, Wide(title), static_cast<int>(title.size()), &words,
+            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+  if (look_.selected == row) {
+    const RECT focus = ToRECT(rect);
+    SetTextColor(dc, ToCOLORREF(kInk));
+    DrawFocusRect(dc, &focus);
+  }
+}
+
+void MemberListInlay::DrawHint(HDC dc) const {
+  const Selected font(dc, look_.awayFont);
+  SetTextColor(dc, ToCOLORREF(kPaleInk));
+  RECT words{list_.area.left + 4, list_.area.top + 4, list_.area.right - 4, list_.area.bottom};
+  DrawTextW(dc, Wide(hint_), static_cast<int>(hint_.size()), &words, DT_WORDBREAK | DT_NOPREFIX);
+}
+
+// For skins without a scroll bar of their own.
+void MemberListInlay::DrawThumb(HDC dc) const {
+  const ScrollState scroll{list_.scroll, list_.area.Height(), list_.Height()};
+  if (scroll.range <= scroll.page) return;
+  const Rect track{list_.area.right - kThumbWidth, list_.area.top, list_.area.right, list_.area.bottom};
+  Fill(dc, ScrollThumb(track, kLeastThumb, scroll), kFrame);
+}
+
+}  // namespace jotlets

@@ -1,0 +1,328 @@
+#include "schedule/win/stack_window.h"
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/text_style.h"
+#include "schedule/win/member_list.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kRowPadding = 8;
+constexpr std::int32_t kUsualDpi = 96;
+
+// What the skin's placeholders say of a stack.
+class StackWords final : public SkinWords {
+ public:
+  StackWords(const StackRecord& stack, std::size_t count) : stack_(stack), count_(count) {}
+  std::optional<Text> Find(TextView placeholder) const override {
+    if (placeholder == u"STACKNAME" || placeholder == u"TITLE") return OneLine(stack_.title);
+    if (placeholder == u"SOURCE" || placeholder == u"COUNT")
+      return IntText(static_cast<std::int64_t>(count_));
+    return std::nullopt;
+  }
+
+ private:
+  const StackRecord& stack_;
+  std::size_t count_;
+};
+
+}  // namespace
+
+bool BStackDlg::CreateWindowFor() {
+  skin_ = owner_.StackSkin();
+  const Size least = SmallestSize();
+  const bool rolled = IsStackRolled(record_.height, RolledHeight());
+  const Size size{std::max(record_.width, least.width),
+                  rolled ? RolledHeight() : std::max(record_.height, least.height)};
+  const Rect bounds = RectAt({record_.x, record_.y}, size);
+  WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
+  if (record_.onTop) style.extended |= WS_EX_TOPMOST;
+  if (!Create(kStackClass, Wide(record_.title), bounds, style)) return false;
+  view_.rolled = rolled;
+  place_ = NotePlace(bounds, Dpi());
+  ApplySkin();
+  ShowOnScreens(owner_.Screens());
+  return true;
+}
+
+void BStackDlg::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }
+void BStackDlg::Hide() { ShowWindow(Handle(), SW_HIDE); }
+
+void BStackDlg::BringForward() {
+  SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void BStackDlg::SetMembers(std::vector<StackMember> members) {
+  if (members == members_) return;
+  members_ = std::move(members);
+  if (selectedRow_ && *selectedRow_ >= members_.size()) selectedRow_.reset();
+  hotRow_.reset();
+  scroll_ = List().SafeScroll(scroll_);
+  UpdateView();
+  Repaint();
+}
+
+void BStackDlg::SetTitle(TextView title) {
+  record_.title = title;
+  SetWindowTextW(Handle(), Wide(record_.title));
+  Changed();
+}
+
+void BStackDlg::SetColour(Colour colour) {
+  record_.colour = ColourNumber(colour.r, colour.g, colour.b);
+  record_.keepColour = true;
+  Changed();
+}
+
+void BStackDlg::SetKeepColour(bool keep) {
+  // What is kept is what is seen.
+  if (keep) return SetColour(StackColour(record_, members_));
+  record_.keepColour = false;
+  Changed();
+}
+
+void BStackDlg::SetOnTop(bool onTop) {
+  record_.onTop = onTop;
+  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  Changed();
+}
+
+void BStackDlg::SetUnpacked(bool unpacked) {
+  if (record_.unp == unpacked) return;
+  record_.unp = unpacked;
+  Changed();
+}
+
+void BStackDlg::SetRolled(bool rolled) {
+  if (rolled == view_.rolled || RolledHeight() <= 0) return;
+  TakePlace();
+  Rect bounds = place_.Shown();
+  if (rolled) unrolledHeight_ = bounds.Height();
+  const std::int32_t open =
+      std::max(unrolledHeight_ > 0 ? unrolledHeight_ : HeightForList(), SmallestSize().height);
+  view_.rolled = rolled;
+  bounds.bottom = Saturated(std::int64_t{bounds.top} + (rolled ? RolledHeight() : open));
+  Place(bounds);
+  OnSize();
+  Changed();
+}
+
+void BStackDlg::SetDropTarget(bool target) {
+  if (dropTarget_ == target) return;
+  dropTarget_ = target;
+  UpdateView();
+  Repaint();
+}
+
+void BStackDlg::RefreshSkin() {
+  skin_ = owner_.StackSkin();
+  ApplySkin();
+}
+
+void BStackDlg::ShowOnScreens(const MonitorSetup& screens) {
+  if (place_.MonitorsChanged(screens)) Place(place_.Shown());
+}
+
+void BStackDlg::MoveTo(Point position) {
+  const Rect bounds = Bounds();
+  Place(RectAt(position, {bounds.Width(), bounds.Height()}));
+  Changed();
+}
+
+bool BStackDlg::DoAction(ActionCode action) {
+  switch (action) {
+    case kActionOnTop: SetOnTop(!record_.onTop); return true;
+    case kActionRoll: SetRolled(!view_.rolled); return true;
+    case kActionScrollUp: ScrollTo(scroll_ - rowHeight_); return true;
+    case kActionScrollDown: ScrollTo(scroll_ + rowHeight_); return true;
+    case kActionOpenJotletContext: OnMenu(false); return true;
+    default: return owner_.OnStackAction(*this, action);
+  }
+}
+
+LRESULT BStackDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND: return 1;
+    case WM_PAINT: return OnPaint();
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) != HTCLIENT) break;
+      return OnSetCursor();
+    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
+    case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
+    case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
+    case WM_MOUSELEAVE: OnMouseLeave(); return 0;
+    case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
+    case WM_CAPTURECHANGED: EndDrag(); return 0;
+    case WM_MOUSEWHEEL: OnWheel(static_cast<std::int16_t>(HIWORD(wParam))); return 0;
+    case WM_KEYDOWN:
+      if (OnKey(wParam)) return 0;
+      break;
+    case WM_RBUTTONUP: OnMenu(true); return 0;
+    case WM_CONTEXTMENU: OnMenu(false); return 0;
+    case WM_WINDOWPOSCHANGED: {
+      // The default turns it into WM_SIZE.
+      const LRESULT result = Default(message, wParam, lParam);
+      FollowWithShadow();
+      return result;
+    }
+    case WM_SIZE: OnSize(); return 0;
+    case WM_SETFOCUS: OnFocus(true); return 0;
+    case WM_KILLFOCUS: OnFocus(false); return 0;
+    case WM_CLOSE: DoAction(kActionClose); return 0;
+    case WM_DPICHANGED:
+      TakePlace();
+      if (place_.ScaleChanged(HIWORD(wParam))) Place(place_.Shown());
+      MakeFonts();
+      return 0;
+    default: break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+LRESULT BStackDlg::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC dc = BeginPaint(Handle(), &paint);
+  const StackWords words(record_, members_.size());
+  MemberListLook look;
+  look.font = font_.get();
+  look.awayFont = awayFont_.get();
+  look.hot = hotRow_;
+  look.selected = hasFocus_ ? selectedRow_ : std::nullopt;
+  look.dropTarget = dropTarget_;
+  const Text hint = members_.empty() ? owner_.EmptyHint() : Text();
+  const MemberListInlay inlay(List(), members_, look, hint);
+  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, &inlay);
+  EndPaint(Handle(), &paint);
+  return 0;
+}
+
+void BStackDlg::OnSize() {
+  scroll_ = List().SafeScroll(scroll_);
+  UpdateView();
+  // The window takes the region over.
+  SetWindowRgn(Handle(), MakeSkinRegion(skin_->data, view_.window), TRUE);
+  Repaint();
+}
+
+void BStackDlg::OnFocus(bool gained) {
+  hasFocus_ = gained;
+  UpdateView();
+  Repaint();
+}
+
+std::int32_t BStackDlg::RolledHeight() const {
+  return std::min(skin_->data.rolledHeight, owner_.Screens().virtualScreen.Height());
+}
+
+Size BStackDlg::SmallestSize() const {
+  const Rect& screen = owner_.Screens().virtualScreen;
+  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
+}
+
+// As high as the whole list needs, as far as the screen has room.
+std::int32_t BStackDlg::HeightForList() const {
+  const std::int64_t wanted = std::int64_t{skin_->data.top} + skin_->data.bottom + List().Height();
+  return Saturated(std::min<std::int64_t>(wanted, owner_.Screens().virtualScreen.Height() / 2));
+}
+
+StackList BStackDlg::List() const {
+  return {TextArea(skin_->data, view_), rowHeight_, members_.size(), scroll_};
+}
+
+std::optional<Text> BStackDlg::MemberAt(std::optional<std::size_t> row) const {
+  if (!row || *row >= members_.size()) return std::nullopt;
+  return members_[*row].id;
+}
+
+void BStackDlg::Place(const Rect& bounds) {
+  if (bounds == Bounds()) return;
+  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Where the window is counts as the user's choice, unless it is where missing monitors have put it. The size
+// in the record stays as it was written until it is changed, also when the skin asks for more.
+void BStackDlg::TakePlace() {
+  const Rect bounds = Bounds();
+  const Rect before = place_.Chosen();
+  if (bounds == place_.Shown()) return;
+  place_.Choose(bounds);
+  record_.x = bounds.left;
+  record_.y = bounds.top;
+  if (bounds.Width() != before.Width()) record_.width = bounds.Width();
+  if (bounds.Height() != before.Height()) record_.height = bounds.Height();
+}
+
+void BStackDlg::Changed() {
+  TakePlace();
+  UpdateView();
+  Repaint();
+  owner_.OnStackChanged(*this);
+}
+
+void BStackDlg::ApplySkin() {
+  const std::optional<Colour>& key = skin_->data.transparent;
+  SetLayeredWindowAttributes(Handle(), key ? ToCOLORREF(*key) : 0, 255,
+                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
+  MakeFonts();
+  UpdateView();
+  OnSize();
+}
+
+// The list is set in the style that the skin names for texts.
+void BStackDlg::MakeFonts() {
+  const TextStyle style = ParseTextStyle(skin_->data.defaultStyle);
+  constexpr std::int32_t kUsualHeight = 12;
+  const std::int32_t height = style.height == 0  ? kUsualHeight
+                              : style.height < 0 ? -style.height
+                                                 : style.height;
+  LOGFONTW logical{};
+  logical.lfHeight = -MulDiv(std::min(height, 4 * kUsualHeight), Dpi(), kUsualDpi);
+  logical.lfWeight = style.weight;
+  logical.lfCharSet = DEFAULT_CHARSET;
+  logical.lfQuality = CLEARTYPE_QUALITY;
+  const Text face = style.IsSet() ? style.faceName : Text(u"Segoe UI");
+  wcsncpy(logical.lfFaceName, Wide(face), LF_FACESIZE - 1);
+  font_.reset(CreateFontIndirectW(&logical));
+  logical.lfItalic = TRUE;
+  awayFont_.reset(CreateFontIndirectW(&logical));
+  rowHeight_ = -logical.lfHeight + MulDiv(kRowPadding, Dpi(), kUsualDpi);
+}
+
+void BStackDlg::UpdateView() {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const SkinView before = view_;
+  view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
+  view_.colour = StackColour(record_, members_);
+  view_.focus = hasFocus_ || dropTarget_;
+  view_.mouseOver = mouseOver_;
+  view_.hotButton = hotButton_;
+  const auto any = [this](auto is) { return std::any_of(members_.begin(), members_.end(), is); };
+  view_.states.Set(SkinState::kOnTop, record_.onTop);
+  view_.states.Set(SkinState::kTitle, !record_.title.empty());
+  view_.states.Set(SkinState::kAlarm, any([](const StackMember& m) { return m.alarm; }));
+  view_.states.Set(SkinState::kInStack,
+                   any([](const StackMember& m) { return m.state == MemberState::kShown; }));
+  const StackList list = List();
+  const ScrollState scroll{list.scroll, list.area.Height(), list.Height()};
+  view_.states.Set(SkinState::kScrollbarRequired, IsScrollbarRequired(skin_->data, view_, scroll));
+  view_.thumb = {};
+  if (view_.states.Has(SkinState::kScrollbarRequired)) {
+    view_.thumb =
+        ScrollThumb(ScrollTrack(skin_->data, view_.window), skin_->data.minimumThumbTrackHeight, scroll);
+  }
+  if (view_ != before) Repaint();
+}
+
+void BStackDlg::FollowWithShadow() {
+  const bool wanted = owner_.NoteOptions().shadows;
+  if (wanted || shadow_.Handle() != nullptr)
+    shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), 255);
+}
+
+}  // namespace jotlets
