@@ -35,7 +35,7 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   view.verbatim = lists_.verbatim;
   view.deleted = lists_.deleted;
   view.rolledHasAltPosition = options_.rolledHasAltPosition;
-  const FileStatus written = SaveDataFile(files_, path, view);
+  const FileStatus written = SaveDataFile(files_, path, view, lines_);
   if (status) status = written;
   if (!status) {
     log_.Write(kLogLifecycle, u"SaveJotlets failed for '", path, u"': ", status.reason);

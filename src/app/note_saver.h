@@ -66,6 +66,7 @@ class NoteSaver {
   Text folder_;
   Text installId_;
   std::vector<Text> contentToRemove_;
+  RecordLines lines_;
   bool dirty_ = false;
   bool unreadFileInPlace_ = false;
 };

@@ -174,8 +174,27 @@ std::int32_t NewStackNumber(std::span<const StackRecord> stacks) {
   return number;
 }
 
+void RecordLines::Append(Text& out, const JotletData& record, bool rolledHasAltPosition) {
+  if (next_ == lines_.size()) lines_.emplace_back();
+  Line& line = lines_[next_++];
+  if (line.line.empty() || line.rolledHasAltPosition != rolledHasAltPosition || line.record != record) {
+    line.line.clear();
+    AppendJotletLine(line.line, record, rolledHasAltPosition);
+    line.record = record;
+    line.rolledHasAltPosition = rolledHasAltPosition;
+  }
+  out.append(line.line);
+}
+
 Text ComposeDataFile(const DataFileView& view) {
   Text text;
+  RecordLines lines;
+  AppendDataFile(text, view, lines);
+  return text;
+}
+
+void AppendDataFile(Text& text, const DataFileView& view, RecordLines& lines) {
+  lines.Rewind();
   // A usual line is about 300 units; growing once instead of again and again is half of the cost.
   text.reserve(256 + 320 * (view.jotlets.size() + view.deleted.size()));
   text.append(u"[Options]\niniver=");
@@ -192,7 +211,7 @@ Text ComposeDataFile(const DataFileView& view) {
   }
   text.append(u"[Jotlets]\n");
   for (const JotletData* record : view.jotlets) {
-    AppendJotletLine(text, *record, view.rolledHasAltPosition);
+    lines.Append(text, *record, view.rolledHasAltPosition);
     text.push_back(u'\n');
   }
   for (const Text& line : view.verbatim) text.append(line).push_back(u'\n');
@@ -202,10 +221,9 @@ Text ComposeDataFile(const DataFileView& view) {
       AppendInt(text, record.deletedTime);
       text.push_back(u'|');
     }
-    AppendJotletLine(text, record, view.rolledHasAltPosition);
+    lines.Append(text, record, view.rolledHasAltPosition);
     text.push_back(u'\n');
   }
-  return text;
 }
 
 Text MakeEncodedJotlet(const JotletData& record, bool rolledHasAltPosition, TextView content) {
@@ -218,6 +236,9 @@ Text MakeEncodedJotlet(const JotletData& record, bool rolledHasAltPosition, Text
     if (unit == u'\r' && at + 1 < content.size() && content[at + 1] == u'\n') continue;
     if (unit == u'\r' || unit == u'\n') {
       line.append(kLineBreakMark);
+    } else if (content.substr(at).starts_with(kLineBreakMark)) {
+      // The user's own letters, as rich text also writes them.
+      line.append(u"\\'5e");
     } else if (unit != u'\0') {
       line.push_back(unit);
     }

@@ -63,6 +63,30 @@ struct DataFileView {
   bool rolledHasAltPosition = false;
 };
 
+/// The lines of records as they were written last. Most records are the same in the next save, and comparing
+/// one costs a tenth of writing its line.
+class RecordLines {
+ public:
+  /// The first record of a file comes next. Lines that the last file did not need are dropped.
+  void Rewind() {
+    lines_.resize(next_);
+    next_ = 0;
+  }
+  /// Appends the line of the next record.
+  void Append(Text& out, const JotletData& record, bool rolledHasAltPosition);
+
+ private:
+  struct Line {
+    JotletData record;
+    bool rolledHasAltPosition = false;
+    Text line;
+  };
+  std::vector<Line> lines_;
+  std::size_t next_ = 0;
+};
+
+/// Appends the text of the file.
+void AppendDataFile(Text& text, const DataFileView& view, RecordLines& lines);
 Text ComposeDataFile(const DataFileView& view);
 
 /// A note as it travels in one line: the record line, and the marker "<RTF>" with the rich text behind it,

@@ -42,6 +42,11 @@ TextFile DecodeTextFile(std::string_view bytes, const CodePage& ansi) {
   return file;
 }
 
+std::string_view MarkedBytes(Text& text) {
+  SwapIfBigEndian(text);
+  return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)};
+}
+
 std::string EncodeTextFile(TextView text) {
   std::string bytes;
   bytes.reserve(kUtf16Mark.size() + text.size() * 2);

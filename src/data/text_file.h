@@ -20,6 +20,13 @@ struct TextFile {
 /// Decodes any bytes. NULs are left out of the text.
 TextFile DecodeTextFile(std::string_view bytes, const CodePage& ansi);
 
+/// The mark in front of a text, for `MarkedBytes`.
+inline constexpr char16_t kByteOrderMark = u'\uFEFF';
+
+/// The bytes of a text that begins with its mark, without a copy: the file that `EncodeTextFile` makes of the
+/// rest. The text is good for nothing else afterwards.
+std::string_view MarkedBytes(Text& text);
+
 /// FF FE, then `text` in UTF-16 little-endian.
 std::string EncodeTextFile(TextView text);
 

@@ -171,5 +171,29 @@ TEST(Lists, KeepTheLatestClosedNotes) {
   EXPECT_EQ(lists.AddClosed(Note(u"D"), 8, -1).size(), 3u);
 }
 
+TEST(RecordLines, AreNeverOlderThanTheirRecords) {
+  std::vector<JotletData> records(4);
+  for (std::size_t i = 0; i < records.size(); ++i) records[i].id = u"R" + IntText(static_cast<int>(i));
+  records[1].altX = records[1].altY = 7;
+  RecordLines lines;
+  const auto expectSame = [&](bool alt = false) {
+    DataFileView view{u"ME", {}, {}, {}, {}, alt};
+    for (const JotletData& record : records) view.jotlets.push_back(&record);
+    view.deleted = std::span(records).subspan(0, 1);
+    Text text;
+    AppendDataFile(text, view, lines);
+    EXPECT_EQ(text, ComposeDataFile(view));
+  };
+  expectSame();
+  records[2].title = u"changed";
+  expectSame();
+  expectSame(true);
+  records.erase(records.begin());
+  expectSame();
+  records.insert(records.begin() + 1, records.back());
+  records[1].id = u"new";
+  expectSame();
+}
+
 }  // namespace
 }  // namespace jotlets

@@ -49,7 +49,8 @@ TEST_F(Loading, AGoodFileIsLoadedAndNothingIsTouched) {
   JotletData note;
   note.Reset({}, 5, u"A");
   note.title = u"\u00fc<\n";
-  ASSERT_TRUE(SaveDataFile(files, kFile, {u"ME", {}, {&note}, {}, {}, false}));
+  RecordLines lines;
+  ASSERT_TRUE(SaveDataFile(files, kFile, {u"ME", {}, {&note}, {}, {}, false}, lines));
   files.changesUntilFailure = 0;
   const LoadedData loaded = Load();
   ASSERT_EQ(loaded.file.jotlets.size(), 1u);
