@@ -171,6 +171,22 @@ Job::State BackupJob::Complete() {
   return state_ = State::kDone;
 }
 
+FileStatus BackUpInto(Files& files, const CodePage& ansi, TextView dataFolder, TextView folder) {
+  const Text into = WithSeparator(folder);
+  if (!IsFullPath(into)) return FileStatus::Failed(u"not a full path");
+  if (EqualIgnoreCase(into, dataFolder)) return FileStatus::Failed(u"this is the data folder");
+  if (files.Exists(into)) {
+    FileStatus copied = CopyDataSet(files, dataFolder, into);
+    if (copied && !HasReadableData(files, ansi, into)) return FileStatus::Failed(u"cannot be read back");
+    return copied;
+  }
+  BackupJob job(files, ansi, dataFolder, TextView(into).substr(0, into.size() - 1));
+  constexpr std::size_t kAtOnce = 1000;
+  Job::State state = Job::State::kRunning;
+  while (state == Job::State::kRunning) state = job.Step(kAtOnce);
+  return state == Job::State::kDone ? FileStatus() : FileStatus::Failed(job.Reason());
+}
+
 PruneJob::PruneJob(Files& files, const CodePage& ansi, Log& log, TextView backupsFolder, std::int32_t keep,
                    TextView justTaken)
     : files_(files),

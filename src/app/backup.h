@@ -88,6 +88,11 @@ class BackupJob final : public Job {
   Text reason_;
 };
 
+/// Copies the data set into exactly this folder, now and whole. One that is not there yet becomes
+/// a verified backup; into any other, each file is put in one step in the place of an older one.
+/// Refused for what is no full path, and for the data folder itself (`dataFolder`, with "\\" at its end).
+FileStatus BackUpInto(Files& files, const CodePage& ansi, TextView dataFolder, TextView folder);
+
 /// Removes the oldest backups until at most `keep` (at least 1) are left; each is logged. Backups that cannot
 /// be read do not count and stay, and so does `justTaken`, whatever its name says. Half-copied folders go: no
 /// `BackupJob` may be running. A backup loses its name before it loses its files: one that is half removed

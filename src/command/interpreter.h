@@ -1,8 +1,6 @@
 // The command language: one line of text in, exactly one reply line out.
 #pragma once
 
-#include <span>
-
 #include "base/log.h"
 #include "base/text.h"
 #include "command/command_host.h"
@@ -13,10 +11,6 @@ namespace jotlets {
 /// Interprets one command (its transport prefix already taken off) and sends exactly one reply.
 void ExecuteApiCommand(CommandHost& host, const ApiReplyChannel& reply, Log& log, TextView command);
 
-/// The keywords of the language in matching order; the first that is a prefix of a command, without regard to
-/// case, is the one.
-std::span<const TextView> CommandKeywords();
-
 /// What an inbound text is.
 enum class InboundKind { kCommand, kSkinFile, kNoteMessage };
 struct Inbound {
@@ -25,8 +19,7 @@ struct Inbound {
 };
 
 /// Tells commands ("api " in front), skin files (extension "jsk", unless policy fixes the skin) and note
-/// messages
-/// ("#jotlet " in front is taken off) apart.
+/// messages ("#jotlet " in front is taken off) apart.
 Inbound RouteInbound(TextView text, bool skinFixedByPolicy);
 
 }  // namespace jotlets

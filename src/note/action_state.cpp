@@ -20,7 +20,8 @@ bool IsIn(const Span (&spans)[count], ActionCode action) {
 // in a note.
 constexpr Span kNotYet[] = {
     {kActionReply, kActionReply},
-    {kActionSendToPpc, kActionManage},
+    {kActionSendToPpc, kActionStyles},
+    {kActionManage, kActionManage},
     {kActionAddAsFriend, kActionAddAsFriend},
     {kActionFormatForReply, kActionFormatForReply},
     {kActionSyncWithServer, kActionSyncWithServer},

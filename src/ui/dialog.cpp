@@ -35,7 +35,11 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     }
-    if (message != WM_COMMAND) return FALSE;
+    if (message != WM_COMMAND) {
+      const std::optional<LRESULT> answer = object->OnMessage(message, wParam, lParam);
+      if (answer) SetWindowLongPtrW(dialog, DWLP_MSGRESULT, *answer);
+      return answer ? TRUE : FALSE;
+    }
     const UINT control = LOWORD(wParam);
     if (object->OnCommand(control, HIWORD(wParam))) return TRUE;
     if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));

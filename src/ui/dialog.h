@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "ui/resources.h"
 
 namespace jotlets {
@@ -24,6 +26,8 @@ class Dialog {
   /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
   virtual bool OnCommand(UINT control, UINT notification) = 0;
   virtual void OnTimer() {}
+  /// Any other message; its answer when it was handled.
+  virtual std::optional<LRESULT> OnMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
   /// A control tells of itself by more than a command.
   virtual void OnNotify(const NMHDR&) {}
   /// A control that the dialog draws itself.

@@ -168,6 +168,20 @@ TEST_F(BackupFolder, IsRefusedWhenACopyDiffersOrCannotBeCompared) {
   EXPECT_EQ(Folders(), u"");
 }
 
+TEST_F(BackupFolder, TakesTheDataIntoExactlyTheFolderThatIsNamed) {
+  EXPECT_TRUE(BackUpInto(files, ansi, u"D:\\", u"E:\\mine"));
+  EXPECT_EQ(files.Get(u"E:\\mine\\jotlets.ini"), kData);
+  files.Put(u"E:\\mine\\other.txt", "kept");
+  files.Put(u"E:\\mine\\jotlets.ini", "old");
+  EXPECT_TRUE(BackUpInto(files, ansi, u"D:\\", u"E:\\mine\\"));
+  EXPECT_EQ(files.Get(u"E:\\mine\\jotlets.ini"), kData);
+  EXPECT_EQ(files.Get(u"E:\\mine\\other.txt"), "kept");
+  for (const TextView refused : {TextView(u""), TextView(u"mine"), TextView(u"d:\\")})
+    EXPECT_FALSE(BackUpInto(files, ansi, u"D:\\", refused)) << ToUtf8(refused);
+  files.unchangeable.insert(u"e:\\mine\\jotlets.ini");
+  EXPECT_FALSE(BackUpInto(files, ansi, u"D:\\", u"E:\\mine"));
+}
+
 TEST_F(BackupFolder, IsPrunedFromTheOldest) {
   for (const TextView name : {u"202611170000", u"202611180000", u"202611190000", u"202611200000", u"old"}) {
     PutBackup(name);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
@@ -22,6 +23,7 @@
 #include "command/command_host.h"
 #include "command/interpreter.h"
 #include "command/reply_channel.h"
+#include "data/jotlet_id.h"
 #include "data/jotlet_line.h"
 #include "data/jotlet_lists.h"
 
@@ -47,6 +49,12 @@ class Random {
  private:
   std::mt19937 engine_;
 };
+
+/// The bytes of a file of the source tree, by its path from the tests' folder; empty for a missing one.
+inline std::string FileBytes(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 class Latin1 final : public CodePage {
  public:
@@ -250,18 +258,41 @@ class FakeTransport final : public LineTransport {
 class FakeJotlet final : public DesktopJotlet {
  public:
   JotletData record;
-  Text text;
+  Text text, clipboard;
+  bool rolls = true;
+  int contentSaves = 0;
 
   JotletData& Record() override { return record; }
   Text PlainText() override { return text; }
   Text Rtf() override { return record.IsImage() ? Text() : u"{\\rtf1 " + text + u"}"; }
+  Text SkinPath() override { return record.skin.empty() ? Text() : u"C:\\skins\\" + record.skin; }
+  std::int64_t WindowNumber() override { return 65812; }
   void SetTitle(TextView title) override { record.title = title; }
+  void SetUserString(TextView words) override { record.userString1 = words; }
   void SetColour(Colour colour) override { record.colour = colour; }
+  void SetOnTop(bool onTop) override { record.onTop = onTop; }
+  void SetGhost(bool ghost) override { record.ghost = ghost; }
+  void SetHidden(bool hidden) override { record.hidden = hidden; }
+  void SetTransparency(std::int32_t percent) override { record.transparency = percent; }
+  bool SetRolled(bool rolled) override {
+    record.rolled = rolled && rolls;
+    return rolls;
+  }
   bool SetPlainText(TextView plain) override {
     if (!record.IsImage()) text = plain;
     return !record.IsImage();
   }
   bool SetRtf(TextView rtf) override { return SetPlainText(rtf); }
+  bool SetSkin(TextView path) override {
+    if (path == u"bad") return false;
+    record.skin = path;
+    return true;
+  }
+  bool ApplyStyle(TextView name) override { return name == u"Style00"; }
+  bool SetPicture(TextView path) override { return path != u"bad"; }
+  void CopyContent(bool formatted) override { clipboard = formatted ? Rtf() : text; }
+  void PasteAtEnd(bool formatted) override { text.append(formatted ? u"+rich" : u"+plain"); }
+  bool SaveContent() override { return ++contentSaves > 0; }
   void MoveTo(Point position) override { record.x = position.x, record.y = position.y; }
 };
 
@@ -280,12 +311,18 @@ class FakeProgram final : public CommandHost {
   FakeTransport transport;
   Listeners listeners{transport, log};
   std::vector<std::unique_ptr<FakeJotlet>> notes;
-  std::vector<Text> attached, closed, journal;
+  std::vector<JotletData> attached, closed;
   SleepingList sleeping;
+  std::vector<Text> journal;
   std::vector<std::int32_t> stacks;
-  JotletData waiting;  // for its window
   StackRecord stack;
+  FriendList friends;
+  CustomCommands menus[2];
+  std::vector<Text> encoded;
+  Text clipboard, skin;
   bool works = true;  // creating, closing and saving
+  bool skinFixed = false, hidden = false;
+  std::optional<bool> manageOpen;
   int saves = 0, broughtForward = 0, created = 0;
 
   FakeProgram() {
@@ -321,13 +358,20 @@ class FakeProgram final : public CommandHost {
     for (const auto& note : notes) ids.push_back(note->record.id);
     return ids;
   }
-  std::vector<Text> AttachedIds() const override { return attached; }
-  std::vector<Text> SleepingIds() const override { return IdsOf(sleeping); }
-  std::vector<Text> ClosedIds() const override { return closed; }
-  std::vector<std::int32_t> StackNumbers() const override { return stacks; }
-  const JotletData* FindAttached(TextView id) override {
-    return waiting.id.empty() || !EqualIgnoreCase(id, waiting.id) ? nullptr : &waiting;
+  static const JotletData* Find(const std::vector<JotletData>& records, TextView id) {
+    const auto found = std::find_if(records.begin(), records.end(),
+                                    [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); });
+    return found == records.end() ? nullptr : &*found;
   }
+  const JotletData* FindAttached(TextView id) override { return Find(attached, id); }
+  const JotletData* FindClosed(TextView id) override { return Find(closed, id); }
+  Text DesktopOfWindow(std::int64_t handle) override {
+    return handle == 65812 && !notes.empty() ? notes.front()->record.id : Text();
+  }
+  std::vector<Text> AttachedIds() const override { return IdsOf(attached); }
+  std::vector<Text> SleepingIds() const override { return IdsOf(sleeping); }
+  std::vector<Text> ClosedIds() const override { return IdsOf(closed); }
+  std::vector<std::int32_t> StackNumbers() const override { return stacks; }
   const StackRecord* FindStack(std::int32_t number) const override {
     return number == stack.number ? &stack : nullptr;
   }
@@ -337,6 +381,25 @@ class FakeProgram final : public CommandHost {
     Add(id).text = text;
     listeners.Notify(u"500 created desktop jotlet api", id);
     return id;
+  }
+  Pasted CreateFromClipboard(Paste what) override {
+    const bool picture = what == Paste::kPicture;
+    return {CreateDesktop(clipboard + (picture                 ? u""
+                                       : what == Paste::kPlain ? u" plain"
+                                                               : u" rich")),
+            !picture || !clipboard.empty()};
+  }
+  Text CreateFromPicture(TextView path) override { return path == u"bad" ? Text() : CreateDesktop(path); }
+  Text CreateEncoded(TextView note, bool asleep) override {
+    encoded.push_back((asleep ? u"asleep:" : u"") + Text(note));
+    return works ? u"ENC" + IntText(++created) : Text();
+  }
+  Renamed SetDesktopId(TextView id, TextView newId) override {
+    if (!IsPlainFileName(newId)) return Renamed::kNoName;
+    if (FindDesktop(newId) != nullptr) return Renamed::kTaken;
+    if (!works) return Renamed::kFailed;
+    FindDesktop(id)->Record().id = newId;
+    return Renamed::kYes;
   }
   bool CloseDesktop(TextView id) override {
     if (!works || std::erase_if(notes, Has(id)) == 0) return false;
@@ -379,7 +442,24 @@ class FakeProgram final : public CommandHost {
     journal.emplace_back(u"save");
     return works;
   }
+  bool Backup(TextView folder) override { return works && folder == u"D:\\backups\\before-the-move"; }
   void BringForward() override { ++broughtForward; }
+  void HideAll(bool hide) override { hidden = hide; }
+  void RecreateIcon() override { journal.emplace_back(u"icon"); }
+  std::optional<bool> OpenManageWindow(bool open) override {
+    if (!manageOpen) return std::nullopt;
+    return std::exchange(manageOpen, open) != open;
+  }
+  bool IsSkinFixed() override { return skinFixed; }
+  bool SetDefaultSkin(TextView path) override {
+    if (path != u"bad") skin = path;
+    return path != u"bad";
+  }
+  Text DefaultSkinPath() override { return skin; }
+  std::array<std::int32_t, 3> Snapping() const override { return {1, 10, 2}; }
+  LocalTime ToLocal(std::int32_t utc) override { return FakeClock().ToLocal(utc); }
+  const FriendList& Friends() override { return friends; }
+  CustomCommands& CustomMenu(MenuKind kind) override { return menus[kind == MenuKind::kOfNotes ? 0 : 1]; }
   void NotifyMoved(TextView id) override { listeners.Notify(u"509 desktop jotlet moved", id); }
   bool RolledHasAltPosition() const override { return false; }
   Text DataPath() const override { return u"C:\\data\\"; }

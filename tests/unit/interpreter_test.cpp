@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "command/desktop_fields.h"
+#include "command/command_table.h"
+#include "command/commands_page.h"
 #include "fakes.h"
+#include "friends/friends_file.h"
 
 namespace jotlets {
 namespace {
@@ -33,16 +35,23 @@ TEST_F(Commands, AreMatchedByPrefixWithoutRegardToCase) {
 }
 
 TEST_F(Commands, ALongerKeywordIsNeverTakenByAShorterOne) {
-  for (const TextView command :
-       {u"do new jotlet_paste_image", u"do new jotlet_paste_plainX", u"do new jotlet_paste",
-        u"do new imagejotlet x", u"do new sleeping encoded <X>", u"do new encoded <X>"}) {
-    Reply(command);
-    EXPECT_TRUE(program.notes.empty()) << ToUtf8(command);
-  }
-  const auto keywords = CommandKeywords();
-  for (std::size_t later = 0; later < keywords.size(); ++later) {
+  EXPECT_EQ(Reply(u"do new jotlet_paste_image"), u"000 OK created: NEW1 but no image in clipboard");
+  program.clipboard = u"clip";
+  EXPECT_EQ(Reply(u"do new jotlet_paste_image"), u"000 OK created: NEW2 and pasted image");
+  EXPECT_EQ(Reply(u"do new jotlet_paste_plainX"), u"000 OK created: NEW3 and pasted text");
+  EXPECT_EQ(Reply(u"do new jotlet_paste"), u"000 OK created: NEW4 and pasted clipboard");
+  EXPECT_EQ(Reply(u"do new imagejotlet C:\\a b.png"), u"000 OK created: NEW5");
+  EXPECT_EQ(Reply(u"do new imagejotlet bad"), u"997 unable to load file");
+  EXPECT_EQ(program.notes[2]->text + program.notes[3]->text + program.notes[4]->text,
+            u"clip plainclip richC:\\a b.png");
+  EXPECT_EQ(Reply(u"do new sleeping encoded <X>1"), u"000 OK created: ENC6");
+  EXPECT_EQ(Reply(u"do new encoded  <X>2 "), u"000 OK created: ENC7");
+  EXPECT_EQ(program.encoded, (std::vector<Text>{u"asleep:<X>1", u" <X>2 "}));
+  const auto rows = CommandRows();
+  for (std::size_t later = 0; later < rows.size(); ++later) {
     for (std::size_t earlier = 0; earlier < later; ++earlier) {
-      EXPECT_FALSE(StartsWithIgnoreCase(keywords[later], keywords[earlier])) << ToUtf8(keywords[later]);
+      EXPECT_FALSE(StartsWithIgnoreCase(rows[later].keyword, rows[earlier].keyword))
+          << ToUtf8(rows[later].keyword);
     }
   }
 }
@@ -124,24 +133,34 @@ TEST_F(Commands, FieldsAreSetFromTheirFormsAndSavedFirst) {
 TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list desktop"), u"001 ");
   for (const TextView id : {u"a", u"b", u"c"}) program.Add(id);
-  program.attached = {u"d"};
-  JotletData asleep;
-  asleep.id = u"e";
-  program.sleeping.push_back(asleep);
-  program.closed = {u"f"};
+  const auto record = [](TextView id) {
+    JotletData made;
+    made.id = id;
+    return std::vector<JotletData>{made};
+  };
+  program.sleeping.push_back(record(u"e")[0]);
+  program.attached = record(u"d"), program.closed = record(u"f");
   program.stacks = {2, 11};
   EXPECT_EQ(Reply(u"get list desktop"), u"001 a,b,c,");
   EXPECT_EQ(Reply(u"get list attached"), u"001 d,");
   EXPECT_EQ(Reply(u"get list sleeping"), u"001 e,");
   EXPECT_EQ(Reply(u"get list closed"), u"001 f,");
   EXPECT_EQ(Reply(u"get list stacks"), u"001 2,11,");
+  EXPECT_EQ(Reply(u"get list stored work"), u"001 ");
+  program.closed[0].deletedTime = 77;
+  EXPECT_EQ(Reply(u"get closed F encoded"),
+            u"001 <CLOSED>77" + MakeJotletLine(program.closed[0], false) + u"<RTF>{\\rtf1 a^Mb}");
+  EXPECT_EQ(Reply(u"get closed F title"), u"999 Not understood");
+  EXPECT_EQ(Reply(u"get closed d encoded"), u"998 closed jotlet not found");
 }
 
 TEST_F(Commands, ReadWaitingNotesAndStacks) {
-  program.waiting.id = u"w1";
-  program.waiting.attachClass = u"Pad";
+  JotletData waiting;
+  waiting.id = u"w1";
+  waiting.attachClass = u"Pad";
+  program.attached = {waiting};
   EXPECT_EQ(Reply(u"GET ATTACHED W1 Encoded "),
-            u"001 " + MakeJotletLine(program.waiting, false) + u"<RTF>{\\rtf1 a^Mb}");
+            u"001 " + MakeJotletLine(waiting, false) + u"<RTF>{\\rtf1 a^Mb}");
   program.stack = {0, 0, 0, 0, 12, 0, u"Hi"};
   EXPECT_EQ(Reply(u"get stack  12 utitle"), u"001 00480069");
   for (const TextView unknown :
@@ -159,6 +178,147 @@ TEST_F(Commands, OfTheProgramItself) {
   EXPECT_EQ(program.saves, 1);
   EXPECT_EQ(Reply(u"do bringforward"), u"000 OK done");
   EXPECT_EQ(program.broughtForward, 1);
+  EXPECT_EQ(Reply(u"DO HIDEALL now"), u"000 OK hidden");
+  EXPECT_TRUE(program.hidden);
+  EXPECT_EQ(Reply(u"do showallx"), u"000 OK shown");
+  EXPECT_FALSE(program.hidden);
+  EXPECT_EQ(Reply(u"do recreateicon"), u"000 OK recreated");
+  EXPECT_EQ(Reply(u"do backup D:\\backups\\before-the-move"), u"000 OK backup taken");
+  EXPECT_EQ(Reply(u"do backup x"), u"997 Failure during backup");
+  EXPECT_EQ(Reply(u"get snap"), u"001 1,10,2");
+  EXPECT_EQ(Reply(u"set skin C:\\a b.jsk"), u"000 OK set");
+  EXPECT_EQ(Reply(u"get skin"), u"001 C:\\a b.jsk");
+  EXPECT_EQ(Reply(u"set skin bad"), u"997 unable to load file");
+  program.skinFixed = true;
+  EXPECT_EQ(Reply(u"set skin x"), u"997 forbidden by GPO");
+  program.Add(u"A");
+  EXPECT_EQ(Reply(u"set desktop A skinpath x"), u"997 forbidden by GPO");
+  EXPECT_EQ(Reply(u"do manage open"), u"999 Not understood");
+  program.manageOpen = false;
+  EXPECT_EQ(Reply(u"do manage close"), u"997 it's already closed");
+  EXPECT_EQ(Reply(u"do manage open"), u"000 OK opened");
+  EXPECT_EQ(Reply(u"do manage open"), u"997 it's already open");
+}
+
+TEST_F(Commands, MenusOfOtherProgramsHoldEachWordOnce) {
+  EXPECT_EQ(Reply(u"do jotletmenuadd  go  Go on "), u"000 OK added");
+  EXPECT_EQ(Reply(u"do jotletmenuadd GO x"), u"996 Menu command already exists");
+  EXPECT_EQ(Reply(u"do jotletsmenuadd go"), u"000 OK added");
+  EXPECT_EQ(Reply(u"do jotletmenuadd "), u"999 Not understood");
+  EXPECT_EQ(program.menus[0].Number(40)[0].caption, u"Go on");
+  EXPECT_EQ(program.menus[1].Number(1)[0].caption, u"go");
+  EXPECT_EQ(program.menus[0].WordOf(40) + program.menus[0].WordOf(41), u"go");
+  EXPECT_EQ(Reply(u"do jotletmenudel Go"), u"000 OK removed");
+  EXPECT_EQ(Reply(u"do jotletmenudel Go"), u"997 Not found to remove");
+  EXPECT_FALSE(program.menus[1].IsEmpty());
+  for (std::size_t i = 0; i < CustomCommands::kMost; ++i)
+    Reply(u"do jotletmenuadd w" + IntText(static_cast<std::int64_t>(i)));
+  EXPECT_EQ(Reply(u"do jotletmenuadd more"), u"997 unable to add");
+}
+
+TEST_F(Commands, ActionsAnswerForTheNotesState) {
+  FakeJotlet& note = program.Add(u"A");
+  program.Add(u"P").record.isImage = 1;
+  EXPECT_EQ(Reply(u"do desktop A rolled"), u"000 OK rolled");
+  EXPECT_EQ(Reply(u"get desktop A rolled"), u"001 1");
+  EXPECT_EQ(Reply(u"do desktop A unrolled"), u"000 OK unrolled");
+  note.rolls = false;
+  EXPECT_EQ(Reply(u"do desktop A rolled"), u"997 unable to roll up");
+  note.text = u"t";
+  EXPECT_EQ(Reply(u"do desktop A appendpaste"), u"000 OK pasted at end");
+  EXPECT_EQ(Reply(u"do desktop A appendpasteplain"), u"000 OK pasted plain at end");
+  EXPECT_EQ(Reply(u"do desktop A copycontentplain"), u"000 OK plain content copied");
+  EXPECT_EQ(note.clipboard, u"t+rich+plain");
+  EXPECT_EQ(Reply(u"do desktop A copycontent"), u"000 OK content copied");
+  EXPECT_EQ(note.clipboard, note.Rtf());
+  note.record.readOnly = true;
+  EXPECT_EQ(Reply(u"do desktop A appendpaste"), u"996 jotlet is read only");
+  EXPECT_EQ(Reply(u"set desktop A style Style00"), u"996 jotlet is read only");
+  EXPECT_EQ(Reply(u"do desktop P appendpasteplain"), u"997 jotlet is image");
+  EXPECT_EQ(Reply(u"do desktop P copycontentplain"), u"997 jotlet is image");
+  EXPECT_EQ(Reply(u"do desktop P copycontent"), u"000 OK content copied");
+}
+
+TEST_F(Commands, EveryFieldThatIsSetIsReadBack) {
+  FakeJotlet& note = program.Add(u"A");
+  const auto round = [&](TextView field, TextView value, TextView word) {
+    const int saves = program.saves;
+    EXPECT_EQ(Reply(Text(u"set desktop A ").append(field).append(u" ").append(value)),
+              Text(u"000 OK ").append(word).append(u" set"));
+    EXPECT_EQ(Reply(Text(u"get desktop A ").append(field)), Text(u"001 ").append(value));
+    EXPECT_EQ(program.saves, saves + 1);
+  };
+  round(u"userstring1", u"<u> 1", u"userstring1");
+  round(u"source", u"from afar", u"source");
+  for (const TextView flag : {u"ontop", u"ghost", u"hidden"}) {
+    round(flag, u"1", flag);
+    round(flag, u"0", flag);
+  }
+  round(u"transparency", u"60", u"transparency");
+  round(u"modified", u"1795251907 0 2026 11 21 9 5 7", u"modified");
+  EXPECT_EQ(note.contentSaves, 1);
+  round(u"skinpath", u"<default>", u"skin");
+  Reply(u"set desktop A transparency 3");
+  EXPECT_EQ(Reply(u"get desktop A transparency"), u"001 10");
+  Reply(u"set desktop A modified 9 1");
+  EXPECT_EQ(note.record.modified, INT32_MAX);
+  Reply(u"set desktop A modified -2");
+  EXPECT_EQ(Reply(u"get desktop A modified"), u"001 -2 -1 1969 12 31 23 59 58");
+  note.record.modified = kNone;
+  EXPECT_EQ(Reply(u"get desktop A modified"), u"997 no data");
+  EXPECT_EQ(Reply(u"set desktop A skinpath paper"), u"000 OK skin set");
+  EXPECT_EQ(Reply(u"get desktop A skinpath"), u"001 C:\\skins\\paper");
+  EXPECT_EQ(Reply(u"set desktop A skinpath bad"), u"997 unable to set skin");
+  EXPECT_EQ(Reply(u"set desktop A style Style00"), u"000 OK style set");
+  EXPECT_EQ(Reply(u"set desktop A style none"), u"997 style not found");
+  EXPECT_EQ(Reply(u"get desktop A type"), u"001 text");
+  EXPECT_EQ(Reply(u"get desktop A handle"), u"001 65812");
+  EXPECT_EQ(Reply(u"do findhandle 65812"), u"001 A");
+  EXPECT_EQ(Reply(u"do findhandle 1"), u"995 not found");
+  EXPECT_EQ(Reply(u"set desktop A image x.png"), u"997 jotlet is not image");
+  note.record.isImage = 1;
+  EXPECT_EQ(Reply(u"get desktop A type"), u"001 image");
+  EXPECT_EQ(Reply(u"set desktop A image x.png"), u"000 OK image set");
+  EXPECT_EQ(Reply(u"set desktop A image bad"), u"997 unable to load file");
+}
+
+TEST_F(Commands, AnIdIsNeverSharedAndAlwaysAName) {
+  program.Add(u"A");
+  program.Add(u"B");
+  EXPECT_EQ(Reply(u"set desktop A id b"), u"996 id already exists");
+  for (const TextView id : {u"", u"..\\x", u"a:b", u"nul"})
+    EXPECT_EQ(Reply(Text(u"set desktop A id ").append(id)), u"997 unable to set id") << ToUtf8(id);
+  EXPECT_EQ(Reply(u"set desktop A id C"), u"000 OK id set");
+  EXPECT_EQ(Reply(u"get desktop A title"), u"998 jotlet not found");
+  program.works = false;
+  EXPECT_EQ(Reply(u"set desktop C id D"), u"995 problem saving");
+}
+
+TEST_F(Commands, OfFriendsAndTheNet) {
+  program.Add(u"A");
+  program.friends = ParseFriends(u"Friends {\nAnna Lee=10.0.0.1||\n");
+  EXPECT_EQ(Reply(u"get friendfromip 10.0.0.1 "), u"001 Anna Lee");
+  EXPECT_EQ(Reply(u"get ipfromfriend Anna Lee"), u"001 10.0.0.1");
+  EXPECT_EQ(Reply(u"get ipfromfriend nobody"), u"001 ");
+  EXPECT_EQ(Reply(u"do netsend A address 10.0.0.1"), u"994 Unable to send");
+  EXPECT_EQ(Reply(u"do netsend A pigeon x"), u"997 Unrecognised netsend method");
+  EXPECT_EQ(Reply(u"do netsend X address y"), u"995 not found");
+}
+
+TEST_F(Commands, ExamplesOfTheTableAreUnderstood) {
+  for (const CommandRow& row : CommandRows()) {
+    if (row.run == NotYet) continue;
+    FakeProgram fresh;
+    fresh.manageOpen = false;
+    fresh.Add(u"A1");
+    fresh.closed.emplace_back().id = u"C1";
+    JotletData asleep;
+    asleep.id = u"S1";
+    fresh.sleeping.push_back(asleep);
+    const Text reply = fresh.Reply(row.example);
+    EXPECT_TRUE(StartsWithIgnoreCase(row.example, row.keyword)) << ToUtf8(row.example);
+    EXPECT_FALSE(reply.starts_with(u"999") || reply.starts_with(u"998")) << ToUtf8(row.example);
+  }
 }
 
 TEST_F(Commands, FailuresAreNotTakenForSuccess) {
@@ -199,6 +359,11 @@ TEST_F(Commands, MayComeFromInsideAnEventOrAReply) {
   depth = 0;
   EXPECT_EQ(Reply(u"do new jotlet"), u"000 OK created: NEW3");
   EXPECT_EQ(program.DesktopIds(), (std::vector<Text>{u"NEW1", u"NEW2", u"NEW3", u"NEW4"}));
+}
+
+TEST(CommandsPage, IsTheOneInTheDocuments) {
+  const std::string page = FileBytes("../docs/commands.md");
+  EXPECT_EQ(page.substr(std::min(page.find("## Commands"), page.size())), ToUtf8(CommandsPage()));
 }
 
 TEST(Routing, TellsCommandsSkinsAndNotes) {

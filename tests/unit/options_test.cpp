@@ -24,12 +24,6 @@ Options Read(TextView text) {
   return options;
 }
 
-std::string FileBytes(const char* path) {
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // One line for every option and none at its default, as the writer orders and forms them.
 Text EveryKey() { return FromUtf8(FileBytes("fuzz/corpus/options/every-key")); }
 

@@ -1,10 +1,12 @@
 #include "skin/picture.h"
+#include "app/picture_file.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
 
 #include <limits>
 
+#include "app/picture_file.h"
 #include "skin/bmp_picture.h"
 
 namespace jotlets {
@@ -64,6 +66,16 @@ TEST(DecodePng, RefusesChangedPixels) {
     bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ (1 << bit % 8));
     EXPECT_FALSE(DecodePng(bytes)) << bit;
   }
+}
+
+TEST(PictureFile, GoesToTheClipboardAndComesBack) {
+  // One pixel solid, one half transparent, one clear; the last two stand on white there.
+  const Picture picture{{1, 3}, {1, 2, 3, 255, 10, 20, 30, 128, 0, 0, 0, 0}};
+  const auto pasted = DecodePng(PngOfPicture(BmpOfClipboard(ClipboardOfPng(EncodePng(picture)))));
+  ASSERT_TRUE(pasted);
+  EXPECT_EQ(pasted->size, picture.size);
+  EXPECT_EQ(pasted->pixels, (Pixels{1, 2, 3, 255, 137, 147, 157, 255, 255, 255, 255, 255}));
+  EXPECT_EQ(PngOfPicture("no picture") + ClipboardOfPng("no picture"), "");
 }
 
 TEST(EncodePng, IsReadBack) {
@@ -139,6 +151,16 @@ TEST(DecodeBmp, UnderstandsEveryDepth) {
     EXPECT_EQ(picture->pixels, expected);
     for (std::size_t length = 0; length < c.bytes.size(); ++length)
       EXPECT_FALSE(DecodePicture(c.bytes.substr(0, length))) << length;
+    // The clipboard holds the same without the file header, and names how long its colour table is.
+    std::string bitmap = c.bytes.substr(14);
+    const bool indexed = bitmap[14] <= 8;
+    if (indexed) bitmap[32] = 2;
+    const auto pasted = DecodePicture(BmpOfClipboard(bitmap));
+    ASSERT_TRUE(pasted);
+    EXPECT_EQ(pasted->pixels, picture->pixels);
+    EXPECT_EQ(BmpOfClipboard(bitmap.substr(0, 39)), "");
+    bitmap[35] = 127;
+    EXPECT_EQ(BmpOfClipboard(bitmap), "");
   }
   const auto old = DecodePicture(FromHex("424D00000000000000001D0000000C0000000100010001001800030201"));
   EXPECT_FALSE(old);  // its pixels would begin behind their place

@@ -44,6 +44,9 @@ class ActionMenu {
   ActionMenu(const Resources& resources, std::span<const MenuEntry> entries, const ActionFacts& facts,
              std::span<const ExtraEntry> extras);
 
+  /// For what others add to it.
+  HMENU Handle() const { return menu_.get(); }
+
   /// Shows the menu at the mouse and waits; the action code or extra entry chosen, 0 when it was left.
   UINT Choose(HWND owner) const;
 

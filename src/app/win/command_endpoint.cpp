@@ -3,10 +3,28 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/picture_file.h"
+#include "app/win/clipboard.h"
 #include "app/win/foreground_keeper.h"
 #include "app/win/main_frame.h"
 
 namespace jotlets {
+namespace {
+
+NewJotlet ByCommand() {
+  NewJotlet fresh;
+  fresh.reason = u"api";
+  return fresh;
+}
+
+NewJotlet PictureNote(std::string png) {
+  NewJotlet fresh = ByCommand();
+  fresh.isImage = true;
+  fresh.picture = std::move(png);
+  return fresh;
+}
+
+}  // namespace
 
 CommandEndpoint::CommandEndpoint(CMainFrame& frame, const CodePage& ansi, Log& log)
     : frame_(frame), ansi_(ansi), log_(log), transport_(ansi), listeners_(transport_, log) {}
@@ -30,20 +48,28 @@ void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
 DesktopJotlet* CommandEndpoint::FindDesktop(TextView id) {
   BJotlet* jotlet = frame_.FindJotlet(id);
   if (jotlet == nullptr) return nullptr;
-  return &addressed_.emplace(*jotlet);
+  return &addressed_.emplace(frame_, *jotlet);
+}
+
+const JotletData* CommandEndpoint::FindAttached(TextView id) {
+  return attached_.Find(frame_.Lists().attached, id);
+}
+
+const JotletData* CommandEndpoint::FindClosed(TextView id) {
+  return closed_.Find(frame_.Lists().deleted, id);
+}
+
+Text CommandEndpoint::DesktopOfWindow(std::int64_t handle) {
+  for (const auto& jotlet : frame_.Desktop().All()) {
+    if (reinterpret_cast<std::intptr_t>(jotlet->Handle()) == handle) return jotlet->StoredRecord().id;
+  }
+  return {};
 }
 
 std::vector<Text> CommandEndpoint::DesktopIds() const { return frame_.Desktop().Ids(); }
 std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(frame_.Lists().attached); }
 std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(frame_.Lists().sleeping); }
 std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(frame_.Lists().deleted); }
-
-const JotletData* CommandEndpoint::FindAttached(TextView id) {
-  const auto& attached = frame_.Lists().attached;
-  const auto at = std::find_if(attached.begin(), attached.end(),
-                               [id](const JotletData& record) { return EqualIgnoreCase(record.id, id); });
-  return at == attached.end() ? nullptr : &*at;
-}
 
 const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const { return frame_.FindStack(number); }
 
@@ -53,19 +79,39 @@ std::vector<std::int32_t> CommandEndpoint::StackNumbers() const {
   return numbers;
 }
 
+Text CommandEndpoint::ContentForTransfer(const JotletData& record) { return frame_.RichTextOf(record); }
+
 Text CommandEndpoint::CreateDesktop(TextView text) {
-  NewJotlet fresh;
+  NewJotlet fresh = ByCommand();
   fresh.text = text;
-  fresh.reason = u"api";
   return frame_.CreateJotlet(fresh);
+}
+
+CommandHost::Pasted CommandEndpoint::CreateFromClipboard(Paste what) {
+  if (what == Paste::kPicture) {
+    std::string png = ClipboardPicture(frame_.Handle());
+    if (png.empty()) return {frame_.CreateJotlet(ByCommand()), false};
+    return {frame_.CreateJotlet(PictureNote(std::move(png))), true};
+  }
+  NewJotlet fresh = ByCommand();
+  fresh.fromClipboard = true;
+  fresh.plainClipboard = what == Paste::kPlain;
+  return {frame_.CreateJotlet(fresh), true};
+}
+
+Text CommandEndpoint::CreateFromPicture(TextView path) {
+  std::string png = frame_.ReadPicture(path);
+  return png.empty() ? Text() : frame_.CreateJotlet(PictureNote(std::move(png)));
+}
+
+Text CommandEndpoint::CreateEncoded(TextView encoded, bool asleep) {
+  return frame_.AdmitJotlet(encoded, asleep, u"api");
 }
 
 bool CommandEndpoint::CloseDesktop(TextView id) { return frame_.CloseJotlet(id, u"api"); }
 bool CommandEndpoint::DeleteDesktop(TextView id) { return frame_.DeleteJotlet(id, u"api"); }
-
-Text CommandEndpoint::ContentForTransfer(const JotletData& record) {
-  BJotlet* jotlet = frame_.FindJotlet(record.id);
-  return jotlet == nullptr ? frame_.StoredRtf(record) : jotlet->Rtf();
+CommandHost::Renamed CommandEndpoint::SetDesktopId(TextView id, TextView newId) {
+  return frame_.SetJotletId(id, newId);
 }
 
 const JotletData* CommandEndpoint::FindSleeping(TextView id) {
@@ -106,20 +152,31 @@ void CommandEndpoint::SetWakeTime(TextView id, std::int32_t time) {
   frame_.OnListsChanged();
 }
 
-bool CommandEndpoint::SaveNow() { return frame_.SaveJotlets(); }
+bool CommandEndpoint::SaveNow() {
+  frame_.SaveOptionsIfDirty();
+  return frame_.SaveJotlets();
+}
+
+bool CommandEndpoint::Backup(TextView folder) { return frame_.BackUpInto(folder); }
 void CommandEndpoint::BringForward() { frame_.BringForward(); }
-void CommandEndpoint::NotifyMoved(TextView id) { frame_.NotifyListeners(u"509 desktop jotlet moved", id); }
+void CommandEndpoint::HideAll(bool hidden) { frame_.HideAll(hidden); }
+void CommandEndpoint::RecreateIcon() { frame_.RecreateIcon(); }
+// This version has none.
+std::optional<bool> CommandEndpoint::OpenManageWindow(bool) { return std::nullopt; }
+bool CommandEndpoint::IsSkinFixed() { return frame_.IsSkinFixedByPolicy(); }
+bool CommandEndpoint::SetDefaultSkin(TextView path) { return frame_.SetDefaultSkin(path); }
+Text CommandEndpoint::DefaultSkinPath() { return frame_.Skins().DefaultPath(); }
+std::array<std::int32_t, 3> CommandEndpoint::Snapping() const { return frame_.CurrentOptions().snap; }
 bool CommandEndpoint::RolledHasAltPosition() const { return frame_.CurrentOptions().rolledHasAltPosition; }
 Text CommandEndpoint::DataPath() const { return frame_.DataFolder(); }
 Text CommandEndpoint::UniqueId() const { return frame_.InstallId(); }
+LocalTime CommandEndpoint::ToLocal(std::int32_t utc) { return frame_.ToLocal(utc); }
+const FriendList& CommandEndpoint::Friends() { return frame_.Friends().List(); }
 
-JotletData& CommandEndpoint::Addressed::Record() { return jotlet_.Record(); }
-Text CommandEndpoint::Addressed::PlainText() { return jotlet_.PlainText(); }
-Text CommandEndpoint::Addressed::Rtf() { return jotlet_.Rtf(); }
-void CommandEndpoint::Addressed::SetTitle(TextView title) { jotlet_.SetTitle(title); }
-void CommandEndpoint::Addressed::SetColour(Colour colour) { jotlet_.SetColour(colour); }
-bool CommandEndpoint::Addressed::SetPlainText(TextView text) { return jotlet_.SetPlainText(text); }
-bool CommandEndpoint::Addressed::SetRtf(TextView rtf) { return jotlet_.SetRtf(rtf); }
-void CommandEndpoint::Addressed::MoveTo(Point position) { jotlet_.MoveTo(position); }
+CustomCommands& CommandEndpoint::CustomMenu(MenuKind kind) {
+  return kind == MenuKind::kOfNotes ? ofNotes_ : ofProgram_;
+}
+
+void CommandEndpoint::NotifyMoved(TextView id) { frame_.NotifyListeners(u"509 desktop jotlet moved", id); }
 
 }  // namespace jotlets

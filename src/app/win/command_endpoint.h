@@ -5,12 +5,13 @@
 
 #include <optional>
 
+#include "app/win/addressed_jotlet.h"
 #include "command/interpreter.h"
 #include "command/win/copy_data.h"
+#include "data/record_index.h"
 
 namespace jotlets {
 
-class BJotlet;
 class CMainFrame;
 
 /// The command language's view of the program.
@@ -27,18 +28,26 @@ class CommandEndpoint final : public CommandHost {
   jotlets::Listeners& Listeners() { return listeners_; }
 
   DesktopJotlet* FindDesktop(TextView id) override;
+  const JotletData* FindAttached(TextView id) override;
+  const JotletData* FindSleeping(TextView id) override;
+  const JotletData* FindClosed(TextView id) override;
+  Text DesktopOfWindow(std::int64_t handle) override;
   std::vector<Text> DesktopIds() const override;
   std::vector<Text> AttachedIds() const override;
   std::vector<Text> SleepingIds() const override;
   std::vector<Text> ClosedIds() const override;
   std::vector<std::int32_t> StackNumbers() const override;
-  const JotletData* FindAttached(TextView id) override;
   const StackRecord* FindStack(std::int32_t number) const override;
+  Text ContentForTransfer(const JotletData& record) override;
+
   Text CreateDesktop(TextView text) override;
+  Pasted CreateFromClipboard(Paste what) override;
+  Text CreateFromPicture(TextView path) override;
+  Text CreateEncoded(TextView encoded, bool asleep) override;
   bool CloseDesktop(TextView id) override;
   bool DeleteDesktop(TextView id) override;
-  Text ContentForTransfer(const JotletData& record) override;
-  const JotletData* FindSleeping(TextView id) override;
+  Renamed SetDesktopId(TextView id, TextView newId) override;
+
   bool WakeSleeping(TextView id) override;
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override;
   bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
@@ -46,37 +55,36 @@ class CommandEndpoint final : public CommandHost {
   void SoundAlarm(TextView id, bool on) override;
   void MoveSleeping(TextView id, Point position) override;
   void SetWakeTime(TextView id, std::int32_t time) override;
+
   bool SaveNow() override;
+  bool Backup(TextView folder) override;
   void BringForward() override;
-  void NotifyMoved(TextView id) override;
+  void HideAll(bool hidden) override;
+  void RecreateIcon() override;
+  std::optional<bool> OpenManageWindow(bool open) override;
+  bool IsSkinFixed() override;
+  bool SetDefaultSkin(TextView path) override;
+  Text DefaultSkinPath() override;
+  std::array<std::int32_t, 3> Snapping() const override;
   bool RolledHasAltPosition() const override;
   Text DataPath() const override;
   Text UniqueId() const override;
+  LocalTime ToLocal(std::int32_t utc) override;
+  const FriendList& Friends() override;
+  CustomCommands& CustomMenu(MenuKind kind) override;
+  void NotifyMoved(TextView id) override;
 
  private:
-  // The note that the command under way is about.
-  class Addressed final : public DesktopJotlet {
-   public:
-    explicit Addressed(BJotlet& jotlet) : jotlet_(jotlet) {}
-    JotletData& Record() override;
-    Text PlainText() override;
-    Text Rtf() override;
-    void SetTitle(TextView title) override;
-    void SetColour(Colour colour) override;
-    bool SetPlainText(TextView text) override;
-    bool SetRtf(TextView rtf) override;
-    void MoveTo(Point position) override;
-
-   private:
-    BJotlet& jotlet_;
-  };
-
   CMainFrame& frame_;
   const CodePage& ansi_;
   Log& log_;
   CopyDataTransport transport_;
   jotlets::Listeners listeners_;
-  std::optional<Addressed> addressed_;
+  std::optional<AddressedJotlet> addressed_;  // the note that the command under way is about
+  RecordIndex attached_;
+  RecordIndex closed_;
+  CustomCommands ofNotes_;
+  CustomCommands ofProgram_;
 };
 
 }  // namespace jotlets

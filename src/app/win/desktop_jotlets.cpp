@@ -314,6 +314,13 @@ LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
   return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
 }
 
+void DesktopJotlets::SetId(BJotlet& jotlet, TextView id) {
+  std::replace(animating_.begin(), animating_.end(), jotlet.StoredRecord().id, Text(id));
+  byId_.erase(FoldCase(jotlet.StoredRecord().id));
+  jotlet.Record().id = id;
+  byId_[FoldCase(id)] = &jotlet;
+}
+
 void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
   log_.Write(kLogDetail, u"Setting skin:", name);
   jotlet.SetSkin(name);

@@ -142,6 +142,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   bool HasStack(std::int32_t number) const override { return owner_.HasStack(number); }
   Text StackName(std::int32_t number) override { return owner_.StackName(number); }
 
+  /// Gives a note another id, which no note has; its content file is the caller's affair.
+  void SetId(BJotlet& jotlet, TextView id);
   /// Shows a note in a skin and logs it.
   void SetSkin(BJotlet& jotlet, TextView name);
   /// Every note takes its skin anew.

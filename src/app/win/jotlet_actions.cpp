@@ -7,6 +7,7 @@
 
 #include "app/win/attach_dialog.h"
 #include "app/win/main_frame.h"
+#include "app/win/main_menus.h"
 #include "app/win/properties_dialog.h"
 #include "app/win/skin_dialog.h"
 #include "app/win/system_choosers.h"
@@ -62,6 +63,7 @@ constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
     {kActionNewJotlet, ID_NEW_JOTLET}, {kActionNewFromClipboard, ID_NEW_FROM_CLIPBOARD},
     {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
     {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
+    {kActionFriends, ID_FRIENDS},
 };
 
 }  // namespace
@@ -100,12 +102,18 @@ void JotletActions::ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries
   if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
   const ActionMenu menu(resources_, entries, FactsOf(jotlet), ExtrasOf(jotlet));
+  CustomCommands& custom = frame_.Commands().CustomMenu(MenuKind::kOfNotes);
+  if (entries.data() == kJotletMenu.data()) InsertCustomEntries(menu.Handle(), -1, custom);
   std::vector<std::int32_t> stacks;
   for (const StackRecord& stack : frame_.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
   const UINT chosen = menu.Choose(jotlet.Handle());
   BJotlet* there = frame_.FindJotlet(id);
   if (there == nullptr || chosen == 0) return;
+  if (const Text word = custom.WordOf(static_cast<std::int32_t>(chosen)); !word.empty()) {
+    frame_.NotifyListeners(u"505 custom jotlet command: " + word, id);
+    return;
+  }
   if (chosen >= kFirstStack) {
     frame_.Stacks().Add(stacks[chosen - kFirstStack], *there);
   } else if (chosen >= kFirstExtra) {

@@ -60,16 +60,19 @@ void JotletMaker::ProvideTemplates(std::string_view rtf) {
 }
 
 Text JotletMaker::NewJotletId() {
-  JotletData probe;
-  JotletData probeImage;
-  probeImage.isImage = 1;
   for (;;) {
-    probe.id = probeImage.id = ids_.Next(clock_.Now().local);
-    const bool taken = desktop_.Find(probe.id) != nullptr || lists_.Holds(probe.id) ||
-                       files_.Exists(folder_ + ContentPath(probe)) ||
-                       files_.Exists(folder_ + ContentPath(probeImage));
-    if (!taken) return probe.id;
+    Text id = ids_.Next(clock_.Now().local);
+    if (!IsTaken(id)) return id;
   }
+}
+
+bool JotletMaker::IsTaken(TextView id) const {
+  JotletData text;
+  text.id = id;
+  JotletData picture = text;
+  picture.isImage = 1;
+  return desktop_.Find(id) != nullptr || lists_.Holds(id) || files_.Exists(folder_ + ContentPath(text)) ||
+         files_.Exists(folder_ + ContentPath(picture));
 }
 
 Text JotletMaker::AdoptableId(const Orphan& orphan) {
@@ -97,7 +100,7 @@ BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   if (fresh.width > 0) record.width = fresh.width;
   KeepSizeUsable(record);
   const Text id = record.id;
-  if (fresh.id.empty() && !ProvideContent(record)) return nullptr;
+  if (fresh.id.empty() && !ProvideContent(record, fresh.picture)) return nullptr;
   BJotlet* jotlet = desktop_.Open(std::move(record));
   if (jotlet == nullptr) return nullptr;
   if (!fresh.rtf.empty()) {
@@ -105,7 +108,7 @@ BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   } else if (!fresh.text.empty()) {
     jotlet->SetPlainText(fresh.text);
   }
-  if (fresh.fromClipboard) jotlet->PasteClipboard();
+  if (fresh.fromClipboard) jotlet->PasteClipboard(!fresh.plainClipboard);
   jotlet->Show();
   log_.Write(kLogDetail, u"Created (", fresh.reason, u") ", id);
   return jotlet;
@@ -143,7 +146,12 @@ void JotletMaker::Place(JotletData& record) const {
 
 // A new note begins as a copy of the user's template, so that its content is on the disk from the first
 // moment.
-bool JotletMaker::ProvideContent(const JotletData& record) {
+bool JotletMaker::ProvideContent(const JotletData& record, std::string_view picture) {
+  if (!picture.empty()) {
+    const FileStatus written = files_.Write(folder_ + ContentPath(record), picture);
+    if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: ", written.reason);
+    return written.ok;
+  }
   const Text original = folder_ + Text(record.IsImage() ? kDefaultPngName : kDefaultRtfName);
   const FileStatus copied = files_.Copy(original, folder_ + ContentPath(record));
   if (copied) return true;

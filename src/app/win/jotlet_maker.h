@@ -24,7 +24,9 @@ struct NewJotlet {
   std::int32_t width = 0;
   Text id;  // an existing identity, whose content file is there already
   bool isImage = false;
+  std::string picture;  // of a picture note: its PNG, in place of the template
   bool fromClipboard = false;
+  bool plainClipboard = false;  // without its formatting
 };
 
 /// The note that a note message asks for.
@@ -43,6 +45,9 @@ class JotletMaker {
   /// A fresh identity that no note and no content file has.
   Text NewJotletId();
 
+  /// Whether a note or a content file has this id.
+  bool IsTaken(TextView id) const;
+
   /// The id under which an orphaned content file can become a note: its own, or, when that cannot be an id, a
   /// fresh one to which the file is moved. Empty when that failed.
   Text AdoptableId(const Orphan& orphan);
@@ -55,7 +60,7 @@ class JotletMaker {
 
  private:
   void Place(JotletData& record) const;
-  bool ProvideContent(const JotletData& record);
+  bool ProvideContent(const JotletData& record, std::string_view picture);
 
   Files& files_;
   const Clock& clock_;

@@ -29,6 +29,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       stacks_(*this, resources, lists_, desktop_, skins_),
       attachments_(*this, lists_),
       saver_(files_, clock_, log_, options_.Current(), lists_, desktop_),
+      friends_(files_, ansi_, clock_, log_),
       maker_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       sleeping_(*this, files_, clock_, log_, options_.Current(), lists_, desktop_, maker_, saver_),
       commands_(*this, ansi_, log_),
@@ -200,13 +201,23 @@ bool CMainFrame::CloseJotlet(TextView id, TextView reason) {
   std::optional<JotletData> record = TakeOffDesktop(id);
   if (!record) return false;
   const Text closedId = record->id;
-  const std::vector<JotletData> dropped =
-      lists_.AddClosed(std::move(*record), now, CurrentOptions().keepDeleted);
+  const std::vector<JotletData> dropped = AddClosed(std::move(*record), now);
+  NotifyListeners(Text(u"501 closed desktop jotlet ").append(reason), closedId);
+  TellDropped(dropped);
+  return true;
+}
+
+// What falls off the end of the closed notes is deleted with the next save, and to be told of.
+std::vector<JotletData> CMainFrame::AddClosed(JotletData record, std::int32_t closedAt) {
+  std::vector<JotletData> dropped =
+      lists_.AddClosed(std::move(record), closedAt, CurrentOptions().keepDeleted);
   for (const JotletData& gone : dropped) saver_.RemoveContentLater(gone);
   SetDirty();
-  NotifyListeners(Text(u"501 closed desktop jotlet ").append(reason), closedId);
+  return dropped;
+}
+
+void CMainFrame::TellDropped(const std::vector<JotletData>& dropped) {
   for (const JotletData& gone : dropped) NotifyListenersText(u"508 deleted closed jotlet " + gone.id);
-  return true;
 }
 
 bool CMainFrame::DeleteJotlet(TextView id, TextView reason) {

@@ -26,6 +26,7 @@
 #include "data/loading.h"
 #include "data/options.h"
 #include "data/policy.h"
+#include "friends/friend_book.h"
 #include "ui/screen.h"
 #include "ui/window.h"
 
@@ -46,6 +47,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
 
   void SetDirty() override;
   void SetOptionsDirty();
+  void SaveOptionsIfDirty() { options_.SaveIfDirty(); }
   /// The main save, now.
   bool SaveJotlets();
   /// A copy of the data file to another path.
@@ -90,6 +92,27 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   const StackRecord* FindStack(std::int32_t number) const { return lists_.FindStack(number); }
   std::int32_t NewStackNumber() const { return jotlets::NewStackNumber(lists_.stacks); }
   void ImportNoteMessage(TextView message);
+  /// Makes a note of its encoded form, see `AdmitEncodedNote`; its id, empty when that failed.
+  Text AdmitJotlet(TextView encoded, bool asleep, TextView reason);
+  /// Gives an open note another id and its content another file; the old one goes with the next save.
+  CommandHost::Renamed SetJotletId(TextView id, TextView newId);
+  /// Shows a note in the skin of a file, of a name, or for no text in the default one; false when there is no
+  /// such skin, or policy fixes it.
+  bool SetJotletSkin(BJotlet& jotlet, TextView nameOrPath);
+  /// Puts a picture file in the place of a picture note's content.
+  bool SetJotletPicture(BJotlet& jotlet, TextView path);
+  /// A picture file as PNG bytes; empty when it is none.
+  std::string ReadPicture(TextView path) const;
+  /// The bytes of a note's content file.
+  std::string ContentOf(const JotletData& record) const;
+  /// The rich text of a note as it is now, open or not; empty when it has none.
+  Text RichTextOf(const JotletData& record);
+  /// Writes the unsaved content of an open note.
+  bool SaveContent(TextView id);
+  /// Copies the saved data folder into a folder.
+  bool BackUpInto(TextView folder);
+  void HideAll(bool hidden) { programCommands_.HideAll(hidden); }
+  void RecreateIcon() { tray_.AddAgain(); }
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefaultSkin(TextView path);
   /// The same for a file that the user has opened, who is told when it is no skin.
@@ -111,10 +134,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void CheckContent();
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path) { programCommands_.ImportFile(path); }
-  /// The content file of a rich-text note that has no window; empty when there is none.
-  Text StoredRtf(const JotletData& record) const {
-    return record.IsImage() ? Text() : FromAscii(files_.Read(folder_ + ContentPath(record)).bytes);
-  }
   FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
     return WriteNoteCopy(files_, jotlet, folder_, path);
   }
@@ -135,6 +154,9 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   ProgramSkins& Skins() { return skins_; }
   Moment Now() const { return clock_.Now(); }
   const JotletLists& Lists() const { return lists_; }
+  FriendBook& Friends() { return friends_; }
+  CommandEndpoint& Commands() { return commands_; }
+  LocalTime ToLocal(std::int64_t utc) const { return clock_.ToLocal(utc); }
   JotletLists& Lists() { return lists_; }
   /// The user's options; whoever changes them calls `SetOptionsDirty`.
   Options& CurrentOptions() { return options_.Current(); }
@@ -200,6 +222,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void HoldStill(bool still) override;
   void RestartAfterRestore() override { Restart(); }
 
+  std::vector<JotletData> AddClosed(JotletData record, std::int32_t closedAt);
+  void TellDropped(const std::vector<JotletData>& dropped);
   void CheckBackup();
   void OpenBackups();
   void Restart();
@@ -220,6 +244,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   DesktopStacks stacks_;
   Attachments attachments_;
   NoteSaver saver_;
+  FriendBook friends_;
   JotletMaker maker_;
   SleepingJotlets sleeping_;
   CommandEndpoint commands_;

@@ -60,6 +60,7 @@ bool CMainFrame::OnCreate() {
   log_.Open(folder_ + Text(kActivityLogName), CurrentOptions().debug);
   backups_.Open(folder_);
   if (!firstRun && !LoadJotlets()) return false;
+  friends_.Open(folder_);
   options_.Save();
   RegisterHotKeys(Handle(), CurrentOptions(), log_);
   CheckBackup();

@@ -2,6 +2,7 @@
 
 #include "app/win/data_location.h"
 #include "app/win/file_exchange.h"
+#include "app/win/friends_dialog.h"
 #include "app/win/hot_keys.h"
 #include "app/win/main_frame.h"
 #include "app/win/main_menus.h"
@@ -16,14 +17,31 @@ void ProgramCommands::Do(UINT command) {
     case ID_NEW_JOTLET: NewNote(false); break;
     case ID_NEW_FROM_CLIPBOARD: NewNote(true); break;
     case ID_IMPORT: ChooseImport(); break;
+    case ID_FRIENDS: EditFriends(); break;
     case ID_RESCUE: frame_.RescueOffScreen(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: backups_.TakeManualBackup(); break;
     case ID_RESTORE: backups_.ChooseRestore(); break;
-    case ID_SHOW_OR_HIDE: ShowOrHideAll(); break;
+    case ID_SHOW_OR_HIDE: HideAll(options_.hidden != 1); break;
     case ID_EXIT_JOTLETS: frame_.ExitJotlets(u"user"); break;
-    default: break;
+    default: ChooseCustom(command); break;
   }
+}
+
+void ProgramCommands::EditFriends() {
+  if (editingFriends_ != nullptr) {
+    SetForegroundWindow(editingFriends_);
+    return;
+  }
+  BFriendsDlg dialog(resources_, frame_.Friends(), editingFriends_);
+  dialog.Show(resources_, IDD_FRIENDS, frame_.Handle());
+  editingFriends_ = nullptr;
+}
+
+// An entry that another program has added to the menu.
+void ProgramCommands::ChooseCustom(UINT command) {
+  const Text word = frame_.Commands().CustomMenu(MenuKind::kOfProgram).WordOf(static_cast<int>(command));
+  if (!word.empty()) frame_.NotifyListenersText(u"504 custom Jotlets command: " + word);
 }
 
 void ProgramCommands::OnHotKey(int id) {
@@ -41,7 +59,9 @@ void ProgramCommands::OnHotKey(int id) {
 
 void ProgramCommands::OnTray(UINT message) {
   if (message == WM_RBUTTONUP)
-    return ShowPopupMenu(frame_.Handle(), MakeTrayMenu(resources_, options_.hidden == 1).get());
+    return ShowPopupMenu(frame_.Handle(), MakeTrayMenu(resources_, options_.hidden == 1,
+                                                       frame_.Commands().CustomMenu(MenuKind::kOfProgram))
+                                              .get());
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
   frame_.StopFlashing();
   const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
@@ -76,16 +96,16 @@ void ProgramCommands::ImportFile(TextView path) {
   }
 }
 
-void ProgramCommands::ShowOrHideAll() {
-  options_.hidden = options_.hidden == 1 ? 0 : 1;
-  if (options_.hidden == 1) {
+void ProgramCommands::HideAll(bool hidden) {
+  options_.hidden = hidden ? 1 : 0;
+  if (hidden) {
     frame_.Desktop().HideAll();
     frame_.Stacks().HideAll();
   } else {
     frame_.Desktop().UnhideAll();
     frame_.Stacks().ShowAll();
   }
-  tray_.ShowHidden(options_.hidden == 1);
+  tray_.ShowHidden(hidden);
   frame_.SetOptionsDirty();
 }
 

@@ -30,14 +30,18 @@ class ProgramCommands {
   /// Serves a mouse message of the tray icon.
   void OnTray(UINT message);
 
+  /// Takes all notes off the screen, or shows them all, the hidden ones too.
+  void HideAll(bool hidden);
+
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path);
 
  private:
   void NewNote(bool fromClipboard);
   void ChooseImport();
-  void ShowOrHideAll();
   void MoveDataLocation();
+  void ChooseCustom(UINT command);
+  void EditFriends();
 
   CMainFrame& frame_;
   const Resources& resources_;
@@ -46,6 +50,7 @@ class ProgramCommands {
   Options& options_;
   CSystemTray& tray_;
   BackupCommands& backups_;
+  HWND editingFriends_ = nullptr;  // the dialog, while it is open
 };
 
 }  // namespace jotlets

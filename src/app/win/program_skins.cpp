@@ -32,6 +32,11 @@ std::shared_ptr<const LoadedSkin> ProgramSkins::OfNote(TextView name) {
   return EqualIgnoreCase(wanted, builtIn->data.skinName) ? builtIn : library_->Get(wanted, false);
 }
 
+bool ProgramSkins::IsThere(TextView name) {
+  const std::shared_ptr<const LoadedSkin> skin = OfNote(name);
+  return name.empty() || !skin->path.empty() || EqualIgnoreCase(name, skin->data.skinName);
+}
+
 std::optional<Text> ProgramSkins::Install(Files& files, TextView path) {
   const std::size_t name = path.find_last_of(u"\\/") + 1;
   const Text stem(SkinStem(path.substr(name)));

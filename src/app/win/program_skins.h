@@ -28,6 +28,8 @@ class ProgramSkins {
   /// The skin of a note: the one it names, or the default. The name that the built-in skin gives itself asks
   /// for that one. A note names no paths: its record may come from anywhere.
   std::shared_ptr<const LoadedSkin> OfNote(TextView name);
+  /// Whether a note that names this skin is shown in it; an empty name is the default one.
+  bool IsThere(TextView name);
   /// Copies a package or a loose skin, given by its full path, into the skins folder, unless it lies there
   /// already, and replaces one of its name. Its name; nothing when it is no skin or could not be copied,
   /// which is logged.

@@ -158,6 +158,15 @@ bool BJotlet::SetRtf(TextView rtf) {
   return true;
 }
 
+void BJotlet::PasteAtEnd(bool formatted) {
+  if (record_.IsImage()) return;
+  const CHARRANGE selected = edit_.Selection();
+  const LONG end = edit_.Length();
+  edit_.Select({end, end});
+  PasteClipboard(formatted);
+  edit_.Select(selected);
+}
+
 void BJotlet::MoveTo(Point position) {
   if (IsSounding()) alarmOrigin_ = position;
   SetWindowPos(Handle(), nullptr, position.x, position.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -133,7 +133,10 @@ class BJotlet final : public Window, private EditWatcher {
   void TakeAttachment(const JotletData& from);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
-  void PasteClipboard() { edit_.Paste(); }
+  /// Puts the clipboard in the place of the selection, or at the end of the text, where the selection stays
+  /// as it is. A picture or a locked note takes nothing.
+  void PasteClipboard(bool formatted = true) { formatted ? edit_.Paste() : edit_.PastePlain(); }
+  void PasteAtEnd(bool formatted);
   void BringForward();
   void TakeFocus();
 

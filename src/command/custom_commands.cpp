@@ -1,0 +1,33 @@
+#include "command/custom_commands.h"
+
+#include <algorithm>
+
+namespace jotlets {
+
+CustomCommands::Added CustomCommands::Add(TextView word, TextView caption) {
+  const bool exists = std::any_of(commands_.begin(), commands_.end(),
+                                  [word](const CustomCommand& c) { return EqualIgnoreCase(c.word, word); });
+  if (exists) return Added::kExists;
+  if (commands_.size() >= kMost || word.size() > kLongestCaption) return Added::kNoRoom;
+  const TextView shown = caption.empty() ? word : caption;
+  commands_.push_back({Text(word), Text(shown.substr(0, kLongestCaption)), -1});
+  return Added::kYes;
+}
+
+bool CustomCommands::Remove(TextView word) {
+  return std::erase_if(commands_, [word](const CustomCommand& c) { return EqualIgnoreCase(c.word, word); }) >
+         0;
+}
+
+const std::vector<CustomCommand>& CustomCommands::Number(std::int32_t firstId) {
+  for (CustomCommand& command : commands_) command.menuId = firstId++;
+  return commands_;
+}
+
+Text CustomCommands::WordOf(std::int32_t menuId) const {
+  const auto found = std::find_if(commands_.begin(), commands_.end(),
+                                  [menuId](const CustomCommand& c) { return c.menuId == menuId; });
+  return found == commands_.end() ? Text() : found->word;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,39 @@
+// Menu entries that other programs have added: a word to be told by, and a caption.
+#pragma once
+
+#include <vector>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+struct CustomCommand {
+  Text word;
+  Text caption;
+  std::int32_t menuId = -1;  // of its entry, while the menu is built
+};
+
+class CustomCommands {
+ public:
+  /// A client that adds without end must not fill the menus and the memory.
+  static constexpr std::size_t kMost = 500;
+  static constexpr std::size_t kLongestCaption = 200;
+
+  enum class Added { kYes, kExists, kNoRoom };
+  /// Adds an entry behind the others; words are the same without regard to case. An empty caption shows the
+  /// word.
+  Added Add(TextView word, TextView caption);
+  /// False when there is no such word.
+  bool Remove(TextView word);
+
+  bool IsEmpty() const { return commands_.empty(); }
+  /// Gives the entries consecutive ids from `firstId` and returns them, for a menu that is built now.
+  const std::vector<CustomCommand>& Number(std::int32_t firstId);
+  /// The word of the entry that was last given this id; empty when there is none.
+  Text WordOf(std::int32_t menuId) const;
+
+ private:
+  std::vector<CustomCommand> commands_;
+};
+
+}  // namespace jotlets
