@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -39,15 +40,19 @@ Text ScratchFolder(TextView name) {
   return folder.append(u"jotlets-bench-").append(name).append(u"\\");
 }
 
+Text FolderOf(int notes, int further) {
+  return ScratchFolder(IntText(notes) + (further == 0 ? Text() : u"-" + IntText(further)));
+}
+
 // A data folder with so many text notes, of a few lines each.
-Text MakeDataFolder(int notes, bool asleep = false) {
+Text MakeDataFolder(int notes, int further, bool asleep = false) {
   DiskFiles files;
-  const Text folder = ScratchFolder(IntText(notes));
+  const Text folder = FolderOf(notes, further);
   MakeDataFolders(files, folder);
-  std::vector<JotletData> records(static_cast<std::size_t>(notes));
+  std::vector<JotletData> records(static_cast<std::size_t>(notes + further));
   DataFileView view;
   view.installId = u"BENCH";
-  for (int i = 0; i < notes; ++i) {
+  for (int i = 0; i < notes + further; ++i) {
     JotletData& record = records[static_cast<std::size_t>(i)];
     record.x = (i % 40) * 25;
     record.y = (i / 40) * 25;
@@ -55,8 +60,8 @@ Text MakeDataFolder(int notes, bool asleep = false) {
     record.height = 160;
     record.id = BenchNoteId(i);
     record.title = u"Note " + IntText(i);
-    record.sleeping = asleep;
-    record.sleepNextWake = 1;
+    record.sleeping = asleep || i >= notes;
+    record.sleepNextWake = asleep ? 1 : std::numeric_limits<std::int32_t>::max();
     view.jotlets.push_back(&record);
     files.Write(folder + ContentPath(record),
                 "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} "
@@ -149,31 +154,30 @@ double Seconds() {
 
 namespace {
 
-Subject Jotlets() {
-  return {"jotlets",          u"\"" + ProgramFolder() + u"jotlets.exe\"",
-          L"BraskJotletNote", L"BraskSoftwareJotletsMain",
-          WM_COMMAND,         ID_SHOW_OR_HIDE};
+Subject Jotlets(const Text& folder) {
+  UseDataFolder(folder);
+  return {"jotlets",
+          u"\"" + ProgramFolder() + u"jotlets.exe\"",
+          L"BraskJotletNote",
+          L"BraskSoftwareJotletsMain",
+          WM_COMMAND,
+          ID_SHOW_OR_HIDE,
+          folder,
+          false};
 }
 
 }  // namespace
 
-Subject JotletsWith(int notes) {
-  UseDataFolder(MakeDataFolder(notes));
-  return Jotlets();
-}
+Subject JotletsWith(int notes, int further) { return Jotlets(MakeDataFolder(notes, further)); }
 
-Subject JotletsWaking(int notes) {
-  UseDataFolder(MakeDataFolder(notes, true));
-  return Jotlets();
-}
+Subject JotletsWaking(int notes) { return Jotlets(MakeDataFolder(notes, 0, true)); }
 
-Subject BareWith(int notes) {
-  return {"bare",
-          u"\"" + ProgramPath() + u"\" --bare " + IntText(notes) + u" " + ScratchFolder(IntText(notes)),
-          kBareClass,
-          kEchoClass,
-          kBareShowOrHide,
-          0};
+Subject BareWith(int notes, int further) {
+  const Text folder = FolderOf(notes, further);
+  return {"bare",          u"\"" + ProgramPath() + u"\" --bare " + IntText(notes) + u" " + folder,
+          kBareClass,      kEchoClass,
+          kBareShowOrHide, 0,
+          folder};
 }
 
 std::optional<RunningSubject> RunningSubject::Start(const Subject& subject, int notes) {

@@ -19,14 +19,17 @@ struct Subject {
   const wchar_t* endpoint;  // the class of the window that answers copy-data
   UINT showOrHide;          // to the endpoint: shows all notes, or hides them when they are shown
   WPARAM showOrHideWParam;
+  Text folder;  // its data folder
+  bool bare = true;
 };
 
 /// Seconds from some beginning.
 double Seconds();
 
-/// Ourselves and the bare program, with so many notes that stand in a data folder made for them.
-Subject JotletsWith(int notes);
-Subject BareWith(int notes);
+/// Ourselves and the bare program, with so many notes that stand in a data folder made for them, and so many
+/// further ones that are asleep, which the bare program does not have.
+Subject JotletsWith(int notes, int further = 0);
+Subject BareWith(int notes, int further = 0);
 /// Ourselves with as many notes that sleep and are all due when the program starts.
 Subject JotletsWaking(int notes);
 

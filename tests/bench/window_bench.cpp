@@ -16,7 +16,9 @@
 #include <vector>
 
 #include "bare_program.h"
+#include "base/win/disk_files.h"
 #include "base/win/wide.h"
+#include "data/data_folder.h"
 #include "subject.h"
 
 namespace jotlets {
@@ -29,7 +31,12 @@ double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
+constexpr UINT kTrayMessage = WM_APP + 1;  // of the program's main window
+constexpr int kFirstCustomId = 20000;      // of its menu entries that others have added
+int heard = 0;                             // copy-data messages so far
+
 LRESULT CALLBACK ReplyProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COPYDATA) ++heard;
   return message == WM_COPYDATA ? TRUE : DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -43,18 +50,17 @@ void MakeReplyWindow() {
 }
 
 // One command's round trip, in seconds.
-double RoundTrip(const RunningSubject& subject, std::string text) {
-  constexpr int kBatch = 300;
+double RoundTrip(const RunningSubject& subject, std::string text, int batchSize = 300) {
   COPYDATASTRUCT record{7, static_cast<DWORD>(text.size()), text.data()};
   std::vector<double> batches;
   // The first batch also waits for what the start has left to do, and is not counted.
   for (int batch = 0; batch < 11; ++batch) {
     const double begin = Seconds();
-    for (int i = 0; i < kBatch; ++i) {
+    for (int i = 0; i < batchSize; ++i) {
       SendMessageW(subject.Endpoint(), WM_COPYDATA, reinterpret_cast<WPARAM>(self),
                    reinterpret_cast<LPARAM>(&record));
     }
-    batches.push_back((Seconds() - begin) / kBatch);
+    batches.push_back((Seconds() - begin) / batchSize);
   }
   batches.erase(batches.begin());
   return Median(batches);
@@ -63,6 +69,69 @@ double RoundTrip(const RunningSubject& subject, std::string text) {
 double Start(const RunningSubject& subject) { return subject.SecondsToStart(); }
 double Memory(const RunningSubject& subject) { return subject.PrivateBytes(); }
 double Ping(const RunningSubject& subject) { return RoundTrip(subject, "api do ping"); }
+
+double Title(const RunningSubject& subject) {
+  return RoundTrip(subject, "api get desktop " + ToUtf8(BenchNoteId(500)) + " title");
+}
+
+// Padded to the length of its reply, so that the echo carries as much.
+double List(const RunningSubject& subject) {
+  std::string command = "api get list desktop";
+  command.append(1000 * (BenchNoteId(500).size() + 1), ' ');
+  return RoundTrip(subject, command, 100);
+}
+
+// What is saved with a change, next to nothing but writing the same file.
+double SetTitle(const RunningSubject& subject) {
+  constexpr int kTimes = 5;
+  if (!subject.What().bare)
+    return RoundTrip(subject, "api set desktop " + ToUtf8(BenchNoteId(5)) + " title Changed", kTimes);
+  DiskFiles files;
+  const std::string bytes = files.Read(subject.What().folder + Text(kDataFileName)).bytes;
+  std::vector<double> times;
+  for (int i = 0; i < 10 * kTimes; ++i) {
+    const double begin = Seconds();
+    files.Write(subject.What().folder + u"same.ini", bytes);
+    times.push_back(Seconds() - begin);
+  }
+  return Median(times);
+}
+
+// A custom entry of the program's menu, chosen: its event goes to 20 listeners. The bare program is asked as
+// often, and answers each time.
+double EventToTwenty(const RunningSubject& subject) {
+  constexpr int kListeners = 20;
+  if (subject.What().bare) return RoundTrip(subject, "api do ping") * kListeners;
+  std::vector<HWND> listeners;
+  const auto send = [&](HWND from, std::string text) {
+    COPYDATASTRUCT record{0, static_cast<DWORD>(text.size()), text.data()};
+    SendMessageW(subject.Endpoint(), WM_COPYDATA, reinterpret_cast<WPARAM>(from),
+                 reinterpret_cast<LPARAM>(&record));
+  };
+  send(self, "api do jotletsmenuadd bench Bench");
+  // Entries get their numbers when the menu is shown.
+  PostMessageW(subject.Endpoint(), kTrayMessage, 0, WM_RBUTTONUP);
+  while (FindWindowW(L"#32768", nullptr) == nullptr) Sleep(1);
+  PostMessageW(subject.Endpoint(), WM_CANCELMODE, 0, 0);
+  while (FindWindowW(L"#32768", nullptr) != nullptr && IsWindowVisible(FindWindowW(L"#32768", nullptr)))
+    Sleep(1);
+  for (int i = 0; i < kListeners; ++i) {
+    listeners.push_back(
+        CreateWindowExW(0, L"BenchReply", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr));
+    send(listeners.back(), "api do register");
+  }
+  heard = 0;
+  std::vector<double> times;
+  constexpr int kTimes = 100;
+  for (int i = 0; i < kTimes; ++i) {
+    const double begin = Seconds();
+    SendMessageW(subject.Endpoint(), WM_COMMAND, kFirstCustomId, 0);
+    times.push_back(Seconds() - begin);
+  }
+  if (heard != kTimes * kListeners) std::printf("%d events of %d were heard\n", heard, kTimes * kListeners);
+  for (const HWND listener : listeners) DestroyWindow(listener);
+  return Median(times);
+}
 
 double ShowOrHideAll(const RunningSubject& subject) {
   const double begin = Seconds();
@@ -146,6 +215,7 @@ struct Figure {
   const char* aim;
   int rounds = 5;
   bool asleep = false;  // our notes are, and all due at the start
+  int further = 0;      // notes that sleep on
 };
 
 // Figures with as many notes and rounds are taken from the same run, in this order.
@@ -155,6 +225,10 @@ constexpr Figure kFigures[] = {
     {"start, 1000 notes", 1000, Start, 1000, "ms", "1.3"},
     {"memory, 1000 notes", 1000, Memory, 1.0 / 1024, "KB", "-"},
     {"ping, 1000 notes", 1000, Ping, 1e6, "us", "1.2"},
+    {"title, 1000 notes", 1000, Title, 1e6, "us", "1.3 (of ping)"},
+    {"list, 1000 notes", 1000, List, 1e6, "us", "-"},
+    {"event, 20 listeners", 10, EventToTwenty, 1e6, "us", "-"},
+    {"set, 10000 notes", 10, SetTitle, 1000, "ms", "-", 1, false, 9990},
     {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
     {"hide all, 500 notes", 500, HideAll, 1000, "ms", "1.2"},
     {"show all, 500 notes", 500, ShowAll, 1000, "ms", "1.2"},
@@ -210,17 +284,17 @@ bool IsWanted(const Figure& figure, const std::vector<std::string>& wanted) {
 
 int RunBench(const std::vector<std::string>& wanted) {
   MakeReplyWindow();
-  // By notes, rounds and whether they sleep.
-  std::map<std::tuple<int, int, bool>, std::vector<const Figure*>> groups;
+  // By notes, rounds, whether they sleep, and further ones.
+  std::map<std::tuple<int, int, bool, int>, std::vector<const Figure*>> groups;
   for (const Figure& figure : kFigures) {
-    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds, figure.asleep}].push_back(&figure);
+    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds, figure.asleep, figure.further}].push_back(&figure);
   }
   std::map<const Figure*, Results> results;
   for (const auto& [group, figures] : groups) {
-    const auto [notes, rounds, asleep] = group;
-    const Subject bare = BareWith(notes);
+    const auto [notes, rounds, asleep, further] = group;
+    const Subject bare = BareWith(notes, further);
     for (int round = 0; round < rounds; ++round) {
-      const Subject ours = asleep ? JotletsWaking(notes) : JotletsWith(notes);
+      const Subject ours = asleep ? JotletsWaking(notes) : JotletsWith(notes, further);
       if (!TakeFigures(ours, figures, results, &Results::ours)) return 1;
       if (!TakeFigures(bare, figures, results, &Results::bare)) return 1;
     }

@@ -22,8 +22,6 @@ namespace fs = std::filesystem;
 
 class BackupsTest : public WindowTest {
  protected:
-  static constexpr Point kTrayIcon{12, 32};
-
   void SetUp() override {
     WindowTest::SetUp();
     backups_ = folder_ + Text(kBackupsFolder);
@@ -60,25 +58,6 @@ class BackupsTest : public WindowTest {
     return count;
   }
 
-  // The program's dialog with this control, once it is there.
-  HWND DialogWith(int control) const {
-    HWND dialog = nullptr;
-    WaitUntil([&] {
-      for (const HWND window : WindowsOfClass(L"#32770", program_->Id())) {
-        if (IsWindowVisible(window) && GetDlgItem(window, control) != nullptr) dialog = window;
-      }
-      return dialog != nullptr && GetForegroundWindow() == dialog;
-    });
-    return dialog;
-  }
-  void ChooseInTrayMenu(std::initializer_list<WORD> keys) const {
-    const auto menuIsOpen = [this] {
-      const auto menus = WindowsOfClass(L"#32768", program_->Id());
-      return !menus.empty() && IsWindowVisible(menus[0]);
-    };
-    ASSERT_TRUE(ClickUntil(menuIsOpen, kTrayIcon, true));
-    for (const WORD key : keys) PressKeys({key});
-  }
   // Takes the offered backup of this place in the list, and follows the program into its next start.
   void Choose(LRESULT row) {
     const HWND list = GetDlgItem(DialogWith(IDC_RESTORE_LIST), IDC_RESTORE_LIST);

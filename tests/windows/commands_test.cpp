@@ -17,22 +17,6 @@ class CommandTest : public WindowTest {
     WindowTest::SetUp();
     ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"Debug=3"));
   }
-
-  // Every line that the program has sent since it was last asked, replies and events, in order.
-  std::vector<Text> Sent() {
-    constexpr std::string_view kMark = "API sending: \"";
-    const std::string log = Log();
-    std::vector<Text> lines;
-    while ((logRead_ = log.find(kMark, logRead_)) != std::string::npos) {
-      logRead_ += kMark.size();
-      lines.push_back(FromUtf8(log.substr(logRead_, log.find("\"\n", logRead_) - logRead_)));
-    }
-    logRead_ = log.size();
-    return lines;
-  }
-
- private:
-  std::size_t logRead_ = 0;
 };
 
 TEST_F(CommandTest, EveryCommandRepliesAndTellsItsListenersInOrder) {
@@ -266,6 +250,23 @@ TEST_F(JotletctlTest, ListensUntilTheProgramEnds) {
   EXPECT_EQ(listener.WaitForEnd(), 0u);
   EXPECT_EQ(Output(),
             expected + "501 closed desktop jotlet appExit " + id + "\n503 jotlets is exiting, so long\n");
+}
+
+TEST_F(JotletctlTest, WaitsPrintsJsonAndCompletes) {
+  // A start takes commands when its notes are loaded; until then the first client waits.
+  Process waiting = Start(u"--wait=25 --json get desktop AA01 position");
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 310})}));
+  EXPECT_EQ(waiting.WaitForEnd(), 0u);
+  EXPECT_EQ(Output(), "{\"code\":1,\"ok\":true,\"text\":\"300,310\",\"x\":300,\"y\":310}\n");
+  EXPECT_EQ(Run(u"--json get desktop NONE title"),
+            "1:{\"code\":998,\"ok\":false,\"text\":\"jotlet not found\"}\n");
+  EXPECT_EQ(Run(u"--complete get desktop \"\""), "0:AA01\n");
+  EXPECT_EQ(Run(u"--complete --json do desktop AA01 cl"), "0:close\n");
+  EXPECT_EQ(Run(u"--complete do jotletsmenu"), "0:jotletsmenuadd\njotletsmenudel\n");
+  EXPECT_TRUE(Run(u"--completion bash").starts_with("0:_jotletctl"));
+  EXPECT_TRUE(Run(u"--nonsense do ping").starts_with("3:"));
+  Close();
+  EXPECT_TRUE(Run(u"--wait=0 do ping").starts_with("2:"));
 }
 
 }  // namespace

@@ -134,6 +134,38 @@ std::vector<Text> WindowTest::List(TextView list) {
   return ids;
 }
 
+std::vector<Text> WindowTest::Sent() {
+  constexpr std::string_view kMark = "API sending: \"";
+  const std::string log = Log();
+  std::vector<Text> lines;
+  while ((logRead_ = log.find(kMark, logRead_)) != std::string::npos) {
+    logRead_ += kMark.size();
+    lines.push_back(FromUtf8(log.substr(logRead_, log.find("\"\n", logRead_) - logRead_)));
+  }
+  logRead_ = log.size();
+  return lines;
+}
+
+HWND WindowTest::DialogWith(int control) const {
+  HWND dialog = nullptr;
+  WaitUntil([&] {
+    for (const HWND window : WindowsOfClass(L"#32770", program_->Id())) {
+      if (IsWindowVisible(window) && GetDlgItem(window, control) != nullptr) dialog = window;
+    }
+    return dialog != nullptr && GetForegroundWindow() == dialog;
+  });
+  return dialog;
+}
+
+void WindowTest::ChooseInTrayMenu(std::initializer_list<WORD> keys) const {
+  const auto menuIsOpen = [this] {
+    const auto menus = WindowsOfClass(L"#32768", program_->Id());
+    return !menus.empty() && IsWindowVisible(menus[0]);
+  };
+  ASSERT_TRUE(ClickUntil(menuIsOpen, kTrayIcon, true));
+  for (const WORD key : keys) PressKeys({key});
+}
+
 HWND WindowTest::MainWindow() { return FindWindowW(kMainWindowClass, nullptr); }
 
 HWND WindowTest::NoteTitled(const Text& title) {

@@ -25,6 +25,8 @@ JotletData NoteRecord(TextView id, Point place, TextView title = {});
 
 class WindowTest : public ::testing::Test {
  protected:
+  static constexpr Point kTrayIcon{12, 32};
+
   void SetUp() override;
   void TearDown() override;
 
@@ -60,6 +62,15 @@ class WindowTest : public ::testing::Test {
   Text TextOf(const Text& id) { return UnhexTitle(Value(u"get desktop " + id + u" utext")); }
   Text Create(const Text& text) { return Value(u"do new jotlet " + text, u"000 OK created: "); }
 
+  /// Every line that the program has sent since it was last asked, replies and events, in order. It must log
+  /// at level 3.
+  std::vector<Text> Sent();
+
+  /// The program's dialog with this control, once it is there.
+  HWND DialogWith(int control) const;
+  /// Opens the menu of the tray icon and presses keys in it.
+  void ChooseInTrayMenu(std::initializer_list<WORD> keys) const;
+
   static HWND MainWindow();
   /// The visible note with this title, once it is there.
   static HWND NoteTitled(const Text& title);
@@ -68,6 +79,9 @@ class WindowTest : public ::testing::Test {
   Text folder_;   // the data folder in it
   std::unique_ptr<Process> program_ = std::make_unique<Process>();
   CommandClient client_;
+
+ private:
+  std::size_t logRead_ = 0;
 };
 
 }  // namespace jotlets
