@@ -312,6 +312,8 @@ TEST_F(Commands, ExamplesOfTheTableAreUnderstood) {
     fresh.manageOpen = false;
     fresh.Add(u"A1");
     fresh.closed.emplace_back().id = u"C1";
+    fresh.attached.emplace_back().id = u"T1";
+    fresh.stack.number = 1;
     JotletData asleep;
     asleep.id = u"S1";
     fresh.sleeping.push_back(asleep);
