@@ -1,6 +1,7 @@
 #include "data/jotlet_lists.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace jotlets {
@@ -31,6 +32,17 @@ std::vector<JotletData> JotletLists::AddClosed(JotletData record, std::int32_t c
                                   std::make_move_iterator(deleted.end()));
   deleted.erase(firstDropped, deleted.end());
   return dropped;
+}
+
+std::vector<JotletData> JotletLists::TakeClosed(const std::vector<Text>& ids) {
+  std::unordered_set<Text> wanted;
+  for (const Text& id : ids) wanted.insert(FoldCase(id));
+  const auto taken = std::stable_partition(deleted.begin(), deleted.end(), [&](const JotletData& record) {
+    return !wanted.contains(FoldCase(record.id));
+  });
+  std::vector<JotletData> records(std::make_move_iterator(taken), std::make_move_iterator(deleted.end()));
+  deleted.erase(taken, deleted.end());
+  return records;
 }
 
 std::vector<NotesOfKind> JotletLists::ByKind(std::vector<const JotletData*> desktop) const {

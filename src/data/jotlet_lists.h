@@ -31,6 +31,10 @@ class JotletLists {
   /// returned.
   std::vector<JotletData> AddClosed(JotletData record, std::int32_t closedAt, std::int32_t keepDeleted);
 
+  /// Takes the closed notes with these ids, without regard to case, off the list and returns them in its
+  /// order.
+  std::vector<JotletData> TakeClosed(const std::vector<Text>& ids);
+
   /// All notes in the order of the content check, the open ones given.
   std::vector<NotesOfKind> ByKind(std::vector<const JotletData*> desktop) const;
 

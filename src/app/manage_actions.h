@@ -1,0 +1,46 @@
+// What the manage window offers to do with the notes of each of its views, and what it asks before.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace jotlets {
+
+enum class ManageView { kDesktop, kAttached, kSleeping, kRecurring, kClosed, kStacks };
+inline constexpr std::size_t kManageViews = 6;
+
+enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kDelete, kUndo };
+inline constexpr std::size_t kManageActions = 6;
+
+/// What the rules need to know of the selection.
+struct ManageFacts {
+  ManageView view = ManageView::kDesktop;
+  std::size_t selected = 0;
+  bool attached = false;  // one of them at least is attached to a window
+  bool canUndo = false;
+};
+
+/// Whether a view has the action at all.
+bool Offers(ManageView view, ManageAction action);
+
+/// Whether it can be carried out now.
+bool IsEnabled(ManageAction action, const ManageFacts& facts);
+
+/// What Enter and a double click do; nothing where that would change more than can be seen.
+std::optional<ManageAction> DefaultAction(ManageView view);
+
+enum class ManageQuestion {
+  kNone,
+  kMany,            // so many windows at once are seldom meant
+  kClose,           // the user wants to be asked before notes are closed
+  kForGood,         // what is deleted cannot be had back
+  kEndsRecurrence,  // a recurring note that is woken comes no more
+};
+
+/// What to ask before `count` notes of a view are acted upon. `keepDeleted` is how many closed notes are
+/// kept, `confirmClosure` whether the user wants to be asked before notes are closed.
+ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t count,
+                              std::int32_t keepDeleted, bool confirmClosure);
+
+}  // namespace jotlets

@@ -1,0 +1,147 @@
+// The list that the manage window shows: the notes of one view as rows, sorted, and searched by title and
+// text. Texts are read one at a time, so that whoever has a window to keep alive can stop in between.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "base/text.h"
+#include "data/jotlet_data.h"
+#include "data/stack_record.h"
+
+namespace jotlets {
+
+enum class ManageColumn { kTitle, kType, kCreated, kModified, kNextWake };
+inline constexpr std::size_t kManageColumns = 5;
+
+/// Times are seconds since 1970 UTC, 0 for none.
+struct ManageRow {
+  enum class Type { kText, kPicture, kStack };
+
+  Text id;           // of a stack its number
+  Text title;        // as shown: the record's, or the beginning of the text once that is known
+  std::string key;   // the title folded, in UTF-8, for sorting
+  std::string more;  // what else is searched beside the text, likewise
+  Type type = Type::kText;
+  bool attached = false;
+  bool untitled = false;  // `title` comes from the text
+  bool unsaved = false;   // the text may change without notice
+  std::int32_t created = 0;
+  std::int32_t modified = 0;
+  std::int32_t nextWake = 0;
+};
+
+/// What the search looks at; the sum of these is what the option "ManageWindowSearchWhat" holds.
+enum ManageSearch : std::int32_t {
+  kSearchTitles = 1,
+  kSearchTexts = 2,
+  kSearchUserStrings = 4,
+  kSearchSources = 8,
+};
+
+/// Where the texts of notes come from.
+class NoteTexts {
+ public:
+  virtual ~NoteTexts() = default;
+  /// The plain text of the note of a row, empty when it has none or none can be had. Only as much of a very
+  /// long one as is worth searching.
+  virtual Text TextOf(const ManageRow& row) = 0;
+};
+
+/// The texts that have been read, in the form in which they are searched. Remembers no more than a limit;
+/// what goes beyond is read again whenever it is asked for.
+class ManageTexts {
+ public:
+  struct Known {
+    std::int32_t modified = 0;
+    std::string folded;
+    Text beginning;  // as a title, when the note has none of its own
+  };
+
+  explicit ManageTexts(NoteTexts& source, std::size_t mostBytes = std::size_t{96} << 20)
+      : source_(source), mostBytes_(mostBytes) {}
+
+  /// What is known of the text of a row as it is now; nullptr when it has to be read.
+  const Known* Find(const ManageRow& row) const;
+  /// Reads it. Good until the next call.
+  const Known& Read(const ManageRow& row);
+  void Clear();
+
+ private:
+  NoteTexts& source_;
+  std::size_t mostBytes_;
+  std::size_t bytes_ = 0;
+  std::unordered_map<Text, Known> known_;  // by folded id
+  Known passing_;
+};
+
+class ManageList {
+ public:
+  explicit ManageList(ManageTexts& texts) : texts_(texts) {}
+
+  /// The notes of the view are (now) these; `unsaved` tells of a note whether its content differs from its
+  /// file. False when that is what the list shows already.
+  bool SetNotes(std::span<const JotletData* const> notes, bool (*unsaved)(const JotletData&, void*) = nullptr,
+                void* context = nullptr);
+  bool SetStacks(std::span<const StackRecord> stacks);
+
+  /// Shows the rows that hold every word of `words`, without regard to case, somewhere in what is searched (a
+  /// sum of `ManageSearch`); all rows when there is no word.
+  void Search(TextView words, std::int32_t what);
+
+  /// Sorts by a column. Rows that are alike in it keep the order that they had.
+  void SortBy(ManageColumn column, bool backwards);
+
+  /// Whether texts are to be read yet, for the search or for the titles of notes that have none.
+  bool IsReading() const { return nextToRead_ < toRead_.size(); }
+  /// Reads one of them. What that brings to light is shown after `Settle`.
+  void ReadOne();
+  /// True when other rows are shown, or rows in another order, than before.
+  bool Settle();
+
+  std::size_t Size() const { return shown_.size(); }
+  std::size_t Total() const { return rows_.size(); }
+  const ManageRow& At(std::size_t place) const { return rows_[shown_[place]]; }
+  /// The places of the rows with these ids among those shown, ascending.
+  std::vector<std::size_t> PlacesOf(const std::vector<Text>& ids) const;
+
+ private:
+  enum class Match : std::uint8_t { kNo, kYes, kUnknown };
+  struct SortKey {
+    ManageColumn column = ManageColumn::kTitle;
+    bool backwards = false;
+  };
+
+  void SetRows(std::vector<ManageRow> rows);
+  Match MatchKeys(const ManageRow& row) const;
+  Match MatchText(const ManageRow& row, const std::string& text) const;
+  Match MatchFully(const ManageRow& row) const;
+  bool Holds(const ManageRow& row, const std::string& word) const;
+  void TakeTitle(ManageRow& row, const ManageTexts::Known& known);
+  void FindUnread();
+  bool Precedes(std::uint32_t a, std::uint32_t b) const;
+  void Sort();
+
+  ManageTexts& texts_;
+  std::vector<ManageRow> rows_;
+  std::vector<Match> matches_;
+  std::vector<std::uint32_t> order_;  // of all rows
+  std::vector<std::uint32_t> shown_;
+  std::vector<std::uint32_t> toRead_;
+  std::size_t nextToRead_ = 0;
+  std::vector<SortKey> sorting_;  // the latest first
+  std::string searched_;          // folded
+  std::vector<std::string> words_;
+  std::int32_t what_ = 0;
+  bool titlesCame_ = false;
+};
+
+/// The rows of single records.
+ManageRow RowOf(const JotletData& record);
+ManageRow RowOf(const StackRecord& stack);
+
+}  // namespace jotlets

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "app/manage_actions.h"
+#include "app/manage_list.h"
+#include "data/jotlet_lists.h"
+
+namespace jotlets {
+namespace {
+
+class Shelf final : public NoteTexts {
+ public:
+  std::map<Text, Text> texts;
+  int reads = 0;
+  Text TextOf(const ManageRow& row) override {
+    ++reads;
+    return texts[row.id];
+  }
+};
+
+class ManageListTest : public ::testing::Test {
+ protected:
+  JotletData& Add(TextView id, TextView title, std::int32_t created = 0, TextView text = {}) {
+    JotletData& record = notes_.emplace_back();
+    record.id = id;
+    record.title = title;
+    record.created = created;
+    shelf_.texts[record.id] = text;
+    return record;
+  }
+  bool Refresh() {
+    std::vector<const JotletData*> notes;
+    for (const JotletData& record : notes_) notes.push_back(&record);
+    return list_.SetNotes(
+        notes,
+        [](const JotletData& r, void* test) { return static_cast<ManageListTest*>(test)->unsaved_ == r.id; },
+        this);
+  }
+  Text Ids() const {
+    Text ids;
+    for (std::size_t i = 0; i < list_.Size(); ++i) ids += list_.At(i).id;
+    return ids;
+  }
+  Text Found(TextView words, std::int32_t what = 15) {
+    list_.Search(words, what);
+    while (list_.IsReading()) list_.ReadOne();
+    list_.Settle();
+    return Ids();
+  }
+
+  Shelf shelf_;
+  ManageTexts texts_{shelf_, 60};
+  ManageList list_{texts_};
+  std::vector<JotletData> notes_;
+  Text unsaved_;
+};
+
+TEST_F(ManageListTest, SortsByEachColumnBothWaysAndKeepsTheOrderOfAlikeRows) {
+  Add(u"A", u"pear", 20).isImage = 1;
+  Add(u"B", u"Apple", 10);
+  Add(u"C", u"apple", 30).modified = 5;
+  JotletData& asleep = Add(u"D", u"Zoo", 10);
+  asleep.sleeping = true;
+  asleep.sleepNextWake = 7;
+  Add(u"E", u"awake", 40).sleepNextWake = 9;
+  EXPECT_TRUE(Refresh());
+  EXPECT_EQ(Ids(), u"ABCDE");
+  list_.SortBy(ManageColumn::kTitle, false);
+  EXPECT_EQ(Ids(), u"BCEAD");
+  list_.SortBy(ManageColumn::kTitle, true);
+  EXPECT_EQ(Ids(), u"DAEBC");
+  list_.SortBy(ManageColumn::kCreated, false);
+  EXPECT_EQ(Ids(), u"DBACE") << "D and B are alike: as before";
+  list_.SortBy(ManageColumn::kType, true);
+  EXPECT_EQ(Ids(), u"ADBCE");
+  list_.SortBy(ManageColumn::kNextWake, true);
+  EXPECT_EQ(Ids(), u"DABCE") << "a note that is awake has no next wake";
+  list_.SortBy(ManageColumn::kModified, true);
+  EXPECT_EQ(Ids(), u"CDABE");
+  EXPECT_FALSE(Refresh());
+  notes_[1].created = 1;
+  EXPECT_TRUE(Refresh());
+  EXPECT_EQ(Ids(), u"CDABE") << "refreshed rows are sorted like those before";
+  EXPECT_EQ(list_.PlacesOf({u"E", u"gone", u"D"}), (std::vector<std::size_t>{1, 4}));
+}
+
+TEST_F(ManageListTest, FindsAllWordsInWhatIsSearchedAndReadsEachTextOnce) {
+  Add(u"A", u"Shopping \u00C4pfel", 0, u"two pounds");
+  Add(u"B", u"Work", 0, u"shopping list: ROPE");
+  Add(u"C", u"Picture of rope").isImage = 1;
+  Add(u"D", u"Other", 0, u"nothing").userString1 = u"rope";
+  notes_[3].source = u"Anna";
+  Refresh();
+  EXPECT_EQ(shelf_.reads, 0) << "nothing is read without need";
+  EXPECT_EQ(Found(u" \u00E4PFEL  "), u"A");
+  EXPECT_EQ(Found(u"rope"), u"BCD");
+  EXPECT_EQ(Found(u"rope shop"), u"B");
+  EXPECT_EQ(Found(u"shop"), u"AB");
+  EXPECT_EQ(shelf_.reads, 3);
+  EXPECT_EQ(Found(u"shop", kSearchTitles), u"A");
+  EXPECT_EQ(Found(u"rope", kSearchTexts), u"B");
+  EXPECT_EQ(Found(u"rope", kSearchUserStrings), u"D");
+  EXPECT_EQ(Found(u"anna", kSearchUserStrings | kSearchTitles), u"");
+  EXPECT_EQ(Found(u"anna", kSearchSources), u"D");
+  EXPECT_EQ(Found(u""), u"ABCD");
+
+  // A saved change makes a text unknown, an unsaved one keeps it so.
+  Found(u"pounds");
+  notes_[1].modified = 9;
+  shelf_.texts[u"B"] = u"pounds";
+  unsaved_ = u"A";
+  shelf_.texts[u"A"] = u"";
+  EXPECT_TRUE(Refresh());
+  EXPECT_EQ(Found(u"pounds "), u"B");
+  EXPECT_TRUE(Refresh()) << "what is unsaved may be another text every time";
+  shelf_.texts[u"A"] = u"pounds";
+  EXPECT_EQ(Ids(), u"B");
+  EXPECT_EQ(Found(u"pounds"), u"AB");
+}
+
+TEST_F(ManageListTest, RemembersNoMoreThanItsLimitAndStillFinds) {
+  for (const TextView id : {u"A", u"B", u"C", u"D"}) Add(id, u"x", 0, Text(25, u'y') + Text(id));
+  Refresh();
+  EXPECT_EQ(Found(u"yd"), u"D");
+  EXPECT_EQ(Found(u"yc"), u"C");
+  EXPECT_EQ(shelf_.reads, 4 + 2) << "two fit";
+  texts_.Clear();
+  EXPECT_EQ(Found(u"ya"), u"A");
+  EXPECT_EQ(shelf_.reads, 4 + 2 + 4);
+}
+
+TEST_F(ManageListTest, NotesWithoutATitleShowTheBeginningOfTheirText) {
+  Add(u"A", u"middle");
+  Add(u"B", u" ", 0, u"\r\n  z line\r\nmore");
+  Add(u"C", u"", 0, u"a line");
+  Add(u"D", Text(10000, u'M') + u"\r\nend");
+  list_.SortBy(ManageColumn::kTitle, false);
+  Refresh();
+  EXPECT_TRUE(list_.IsReading());
+  EXPECT_EQ(Found(u""), u"CADB");
+  EXPECT_EQ(list_.At(3).title, u"z line");
+  EXPECT_EQ(list_.At(2).title, Text(1000, u'M'));
+  EXPECT_FALSE(Refresh()) << "a title from the text is no change, nor one that was cut";
+  EXPECT_EQ(Found(u"z line"), u"B");
+
+  StackRecord stack;
+  stack.number = 3;
+  stack.title = u"Home";
+  EXPECT_TRUE(list_.SetStacks(std::vector{stack}));
+  EXPECT_FALSE(list_.SetStacks(std::vector{stack}));
+  EXPECT_EQ(Ids(), u"") << "the search holds for every view";
+  EXPECT_EQ(Found(u"hom"), u"3");
+}
+
+TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
+  const auto ask = [](ManageAction action, ManageView view, std::size_t count, int keep = 32,
+                      bool confirm = false) { return QuestionBefore(action, view, count, keep, confirm); };
+  using enum ManageQuestion;
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kClosed, 1), kForGood);
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32), kNone);
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32, 32, true), kClose);
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kSleeping, 33), kForGood)
+      << "they would push each other out";
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 1, -1), kForGood);
+  EXPECT_EQ(ask(ManageAction::kWake, ManageView::kRecurring, 1), kEndsRecurrence);
+  EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 19), kNone);
+  EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 20), kMany);
+  EXPECT_FALSE(IsEnabled(ManageAction::kUnattach, {ManageView::kDesktop, 2, false, false}));
+  EXPECT_TRUE(IsEnabled(ManageAction::kUnattach, {ManageView::kDesktop, 2, true, false}));
+  EXPECT_FALSE(IsEnabled(ManageAction::kWake, {ManageView::kClosed, 1, true, true}));
+  EXPECT_FALSE(IsEnabled(ManageAction::kDelete, {ManageView::kClosed, 0, true, true}));
+  EXPECT_EQ(DefaultAction(ManageView::kAttached), std::nullopt);
+  EXPECT_EQ(DefaultAction(ManageView::kClosed), ManageAction::kRestore);
+}
+
+TEST(JotletListsTest, TakesClosedNotesByTheirIds) {
+  JotletLists lists;
+  for (const TextView id : {u"A1", u"B2", u"C3"}) lists.deleted.emplace_back().id = id;
+  const std::vector<JotletData> taken = lists.TakeClosed({u"c3", u"none", u"A1"});
+  EXPECT_EQ(IdsOf(taken), (std::vector<Text>{u"A1", u"C3"}));
+  EXPECT_EQ(IdsOf(lists.deleted), std::vector<Text>{u"B2"});
+}
+
+}  // namespace
+}  // namespace jotlets
