@@ -50,14 +50,14 @@ std::optional<ManageAction> DefaultAction(ManageView view) {
 
 ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t count,
                               std::int32_t keepDeleted, bool confirmClosure) {
-  if (action == Action::kUndo || view == View::kStacks) return ManageQuestion::kNone;
+  if (action == Action::kUndo || view == View::kStacks) return ManageQuestion::kNothing;
   if (action == Action::kDelete) {
     const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));
     if (view == View::kClosed || dropsOwn) return ManageQuestion::kForGood;
-    return confirmClosure ? ManageQuestion::kClose : ManageQuestion::kNone;
+    return confirmClosure ? ManageQuestion::kClose : ManageQuestion::kNothing;
   }
   if (action == Action::kWake && view == View::kRecurring) return ManageQuestion::kEndsRecurrence;
-  return count >= kMany ? ManageQuestion::kMany : ManageQuestion::kNone;
+  return count >= kMany ? ManageQuestion::kMany : ManageQuestion::kNothing;
 }
 
 }  // namespace jotlets

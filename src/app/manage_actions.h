@@ -31,7 +31,7 @@ bool IsEnabled(ManageAction action, const ManageFacts& facts);
 std::optional<ManageAction> DefaultAction(ManageView view);
 
 enum class ManageQuestion {
-  kNone,
+  kNothing,
   kMany,            // so many windows at once are seldom meant
   kClose,           // the user wants to be asked before notes are closed
   kForGood,         // what is deleted cannot be had back

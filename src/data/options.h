@@ -117,7 +117,7 @@ struct Options {
   TextPair google;
   Text fontMru;
   std::array<std::int32_t, 4> manageWindow = {100, 100, 800, 500};
-  std::array<std::int32_t, 4> manageWidths = {260, 90, 120, 120};
+  std::array<std::int32_t, 4> manageWidths = {240, 70, 150, 150};
   std::int32_t manageSorted = 0;
   std::int32_t manageWindowVisible = 0;
   std::int32_t manageWindowSearchWhat = 15;

@@ -277,10 +277,16 @@ constexpr std::array kOptions = {
     Pair<&O::google>(u"Google", u"Web search settings."),
     Words<&O::fontMru>(u"FontMRU", u"Fonts used lately."),
     Numbers<&O::manageWindow>(u"ManageWindow", u"Left, top, width and height of the manage window."),
-    Numbers<&O::manageWidths>(u"ManageWidths", u"Widths of its columns."),
-    Number<&O::manageSorted>(u"ManageSorted", u"Column by which it is sorted."),
+    Numbers<&O::manageWidths>(
+        u"ManageWidths", u"Widths of its first four columns at a scale of 100 %; the last takes the rest."),
+    Number<&O::manageSorted>(
+        u"ManageSorted",
+        u"Column by which it is sorted, counted from 0; backwards -1 for the first, -2 for the second ...",
+        {-5, 4}),
     Number<&O::manageWindowVisible>(u"ManageWindowVisible", u"It is open.", kSwitch),
-    Number<&O::manageWindowSearchWhat>(u"ManageWindowSearchWhat", u"What its search looks at."),
+    Number<&O::manageWindowSearchWhat>(
+        u"ManageWindowSearchWhat",
+        u"What its search looks at, added up: 1 titles, 2 texts, 4 user texts, 8 sources.", {0, 15}),
     OnFlag<&O::manageWindowMax>(u"ManageWindowMax", u"It is maximised."),
     OnFlag<&O::networking>(u"Networking", u"Notes can be exchanged with friends."),
     Number<&O::netPort>(u"NetPort", u"TCP port for that.", {1, 65535}),

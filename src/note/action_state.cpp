@@ -16,12 +16,10 @@ bool IsIn(const Span (&spans)[count], ActionCode action) {
   return std::any_of(std::begin(spans), std::end(spans), [action](const Span& s) { return s.Holds(action); });
 }
 
-// Network and mail, the store and the manage window, printing, image tools, and the codes without a handler
-// in a note.
+// Network and mail, the store, printing, image tools, and the codes without a handler in a note.
 constexpr Span kNotYet[] = {
     {kActionReply, kActionReply},
     {kActionSendToPpc, kActionStyles},
-    {kActionManage, kActionManage},
     {kActionAddAsFriend, kActionAddAsFriend},
     {kActionFormatForReply, kActionFormatForReply},
     {kActionSyncWithServer, kActionSyncWithServer},

@@ -28,6 +28,7 @@
 #define IDD_CLOSE_STACK 142
 #define IDD_FRIENDS 150
 #define IDD_FRIEND 151
+#define IDD_MANAGE 150
 
 // Commands of the program, in the order of the tray menu.
 #define ID_NEW_JOTLET 1000
@@ -152,6 +153,14 @@
 #define IDC_FRIEND_EMAIL 1416
 #define IDC_FRIEND_FAVOURITE 1420
 
+#define IDC_MANAGE_SEARCH_LABEL 1500
+#define IDC_MANAGE_SEARCH 1501
+#define IDC_MANAGE_VIEWS 1502
+#define IDC_MANAGE_LIST 1503
+#define IDC_MANAGE_STATUS 1504
+// One for each action, in the order of `ManageAction`.
+#define IDC_MANAGE_ACTION 1510
+
 #define IDS_USAGE 2000
 #define IDS_NO_RICH_EDIT 2001
 #define IDS_NEWER_VERSION 2002
@@ -236,6 +245,19 @@
 #define IDS_FRIEND_NAME_MISSING 2212
 #define IDS_FRIEND_NAME_NOT_HELD 2213
 #define IDS_FRIEND_ADDRESS_NOT_HELD 2214
+
+// These families in the order of `ManageView`, `ManageColumn` and `ManageRow::Type`.
+#define IDS_MANAGE_VIEW 2300
+#define IDS_MANAGE_COLUMN 2310
+#define IDS_MANAGE_TYPE 2320
+#define IDS_MANAGE_COUNT 2330
+#define IDS_MANAGE_SELECTED 2331
+#define IDS_MANAGE_READING 2332
+#define IDS_MANAGE_ASK_MANY 2333
+#define IDS_MANAGE_ASK_CLOSE 2334
+#define IDS_MANAGE_ASK_FOR_GOOD 2335
+#define IDS_MANAGE_ASK_RECURRENCE 2336
+#define IDS_MANAGE_NOT_ALL 2337
 
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000

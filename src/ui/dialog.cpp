@@ -9,6 +9,16 @@ INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
                          reinterpret_cast<LPARAM>(this));
 }
 
+bool Dialog::Open(const Resources& resources, UINT id) {
+  modal_ = false;
+  return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), nullptr, Procedure,
+                            reinterpret_cast<LPARAM>(this)) != nullptr;
+}
+
+void Dialog::Close() {
+  if (dialog_ != nullptr) DestroyWindow(dialog_);
+}
+
 Text Dialog::ItemText(int control) const {
   const HWND item = Item(control);
   Text text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, u'\0');
@@ -35,6 +45,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     }
+    if (message == WM_NCDESTROY) object->dialog_ = nullptr;
     if (message != WM_COMMAND) {
       const std::optional<LRESULT> answer = object->OnMessage(message, wParam, lParam);
       if (answer) SetWindowLongPtrW(dialog, DWLP_MSGRESULT, *answer);
@@ -42,6 +53,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
     }
     const UINT control = LOWORD(wParam);
     if (object->OnCommand(control, HIWORD(wParam))) return TRUE;
+    if (!object->modal_) return FALSE;
     if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));
     return TRUE;
   } catch (const std::exception& error) {

@@ -19,6 +19,12 @@ class Dialog {
   /// shown.
   INT_PTR Show(const Resources& resources, UINT id, HWND owner);
 
+  /// Creates the dialog as a window beside the others, not yet shown; false when that failed. It is there
+  /// until `Close`, and neither OK nor Cancel ends it by themselves.
+  bool Open(const Resources& resources, UINT id);
+  void Close();
+  bool IsOpen() const { return dialog_ != nullptr; }
+
  protected:
   Dialog() = default;
 
@@ -30,6 +36,8 @@ class Dialog {
   virtual std::optional<LRESULT> OnMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
   /// A control tells of itself by more than a command.
   virtual void OnNotify(const NMHDR&) {}
+  /// Any other message; its answer when it was handled.
+  virtual std::optional<LRESULT> OnMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
   /// A control that the dialog draws itself.
   virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 
@@ -43,6 +51,7 @@ class Dialog {
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;
+  bool modal_ = true;
 };
 
 }  // namespace jotlets

@@ -158,13 +158,13 @@ TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
                       bool confirm = false) { return QuestionBefore(action, view, count, keep, confirm); };
   using enum ManageQuestion;
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kClosed, 1), kForGood);
-  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32), kNone);
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32), kNothing);
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32, 32, true), kClose);
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kSleeping, 33), kForGood)
       << "they would push each other out";
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 1, -1), kForGood);
   EXPECT_EQ(ask(ManageAction::kWake, ManageView::kRecurring, 1), kEndsRecurrence);
-  EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 19), kNone);
+  EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 19), kNothing);
   EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 20), kMany);
   EXPECT_FALSE(IsEnabled(ManageAction::kUnattach, {ManageView::kDesktop, 2, false, false}));
   EXPECT_TRUE(IsEnabled(ManageAction::kUnattach, {ManageView::kDesktop, 2, true, false}));

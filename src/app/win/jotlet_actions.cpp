@@ -64,6 +64,7 @@ constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
     {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
     {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
     {kActionFriends, ID_FRIENDS},
+    {kActionManage, ID_MANAGE},
 };
 
 }  // namespace

@@ -32,6 +32,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       friends_(files_, ansi_, clock_, log_),
       maker_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       sleeping_(*this, files_, clock_, log_, options_.Current(), lists_, desktop_, maker_, saver_),
+      managed_(*this, resources, files_, lists_, desktop_, maker_, saver_, options_.Current()),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
       backups_(*this, resources, files_, ansi_, clock_, log_, options_.Current(), tray_),
@@ -141,6 +142,7 @@ void CMainFrame::SetDirty() {
   SetTimer(Handle(), kSaveTimer, kSaveDelay, nullptr);
   // Whatever changed may show in the list of a stack.
   stacks_.RefreshSoon();
+  managed_.Dialog().RefreshSoon();
 }
 
 void CMainFrame::SetOptionsDirty() {
@@ -220,6 +222,15 @@ void CMainFrame::TellDropped(const std::vector<JotletData>& dropped) {
   for (const JotletData& gone : dropped) NotifyListenersText(u"508 deleted closed jotlet " + gone.id);
 }
 
+void CMainFrame::CloseRecords(std::vector<JotletData> records) {
+  std::vector<JotletData> dropped;
+  for (JotletData& record : records) {
+    for (JotletData& gone : AddClosed(std::move(record), RecordTime(clock_.Now().utc)))
+      dropped.push_back(std::move(gone));
+  }
+  TellDropped(dropped);
+}
+
 bool CMainFrame::DeleteJotlet(TextView id, TextView reason) {
   BJotlet* jotlet = FindJotlet(id);
   if (jotlet == nullptr) return false;
@@ -284,6 +295,7 @@ void CMainFrame::ExitJotlets(TextView reason, bool silent) {
   desktop_.StopAlarms();
   UnregisterHotKeys(Handle());
   backups_.Abandon();
+  managed_.Dialog().CloseForExit();
   options_.SaveIfDirty();
   if (!SaveJotlets() && !silent) Tell(Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saver_.MainPath());
   SaveJotlets(folder_ + Text(kExitCopyName));
@@ -385,6 +397,7 @@ void CMainFrame::HoldStill(bool still) {
   desktop_.Enable(!still);
   sleeping_.Enable(!still);
   stacks_.Enable(!still);
+  managed_.Dialog().Enable(!still);
   // What was not saved before is tried again.
   if (!still) SetDirty();
 }

@@ -15,6 +15,7 @@
 #include "app/win/file_exchange.h"
 #include "app/win/jotlet_actions.h"
 #include "app/win/jotlet_maker.h"
+#include "app/win/managed_notes.h"
 #include "app/win/program_commands.h"
 #include "app/win/program_instance.h"
 #include "app/win/sleeping_jotlets.h"
@@ -69,6 +70,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   Text CreateJotlet(const NewJotlet& fresh);
   /// Moves an open note to the closed ones.
   bool CloseJotlet(TextView id, TextView reason);
+  /// Moves a note without a window to the closed ones.
+  void CloseRecord(JotletData record);
   /// Deletes an open note for good.
   bool DeleteJotlet(TextView id, TextView reason);
   // Whatever shows lists of notes is to hear of it here.
@@ -137,6 +140,12 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
     return WriteNoteCopy(files_, jotlet, folder_, path);
   }
+  /// The notes as the manage window has them, and the window itself.
+  ManagedNotes& Managed() { return managed_; }
+  /// Serves what windows other than notes do with a message, before and after accelerators; true when it is
+  /// done with.
+  bool TranslateDialogKey(const MSG& message) { return managed_.Dialog().TranslateKey(message); }
+  bool TranslateDialog(MSG& message) { return managed_.Dialog().TranslateRest(message); }
   /// Carries out the command of a key pressed in a note; false when it is none.
   bool TranslateKey(const MSG& message);
 
@@ -247,6 +256,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   FriendBook friends_;
   JotletMaker maker_;
   SleepingJotlets sleeping_;
+  ManagedNotes managed_;
   CommandEndpoint commands_;
   CSystemTray tray_;
   BackupCommands backups_;

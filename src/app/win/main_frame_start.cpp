@@ -72,6 +72,7 @@ bool CMainFrame::OnCreate() {
   SetDirty();
   Log(kLogLifecycle, u"Started Jotlets: '", kVersionText, u"'");
   ready_ = true;
+  if (CurrentOptions().manageWindowVisible == 1) managed_.Dialog().OpenWindow(false);
   // The check may ask the user; it waits until the program is up.
   PostMessageW(Handle(), kCheckContentMessage, 0, 0);
   return true;

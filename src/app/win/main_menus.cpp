@@ -7,7 +7,7 @@
 namespace jotlets {
 namespace {
 
-constexpr UINT kNotYet[] = {ID_MANAGE, ID_OPTIONS, ID_HELP_JOTLETS};
+constexpr UINT kNotYet[] = {ID_OPTIONS, ID_HELP_JOTLETS};
 
 }  // namespace
 

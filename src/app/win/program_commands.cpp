@@ -19,6 +19,7 @@ void ProgramCommands::Do(UINT command) {
     case ID_IMPORT: ChooseImport(); break;
     case ID_FRIENDS: EditFriends(); break;
     case ID_RESCUE: frame_.RescueOffScreen(); break;
+    case ID_MANAGE: OpenManageWindow(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: backups_.TakeManualBackup(); break;
     case ID_RESTORE: backups_.ChooseRestore(); break;
@@ -79,6 +80,11 @@ void ProgramCommands::NewNote(bool fromClipboard) {
   fresh.fromClipboard = fromClipboard;
   BJotlet* jotlet = frame_.FindJotlet(frame_.CreateJotlet(fresh));
   if (jotlet != nullptr) jotlet->TakeFocus();
+}
+
+void ProgramCommands::OpenManageWindow() {
+  BManageDlg& dialog = frame_.Managed().Dialog();
+  if (!dialog.OpenWindow(true)) dialog.Activate();
 }
 
 void ProgramCommands::ChooseImport() {

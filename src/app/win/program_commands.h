@@ -38,6 +38,7 @@ class ProgramCommands {
 
  private:
   void NewNote(bool fromClipboard);
+  void OpenManageWindow();
   void ChooseImport();
   void MoveDataLocation();
   void ChooseCustom(UINT command);

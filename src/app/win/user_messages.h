@@ -14,6 +14,10 @@ void Tell(HWND owner, const Resources& resources, UINT text, TextView value);
 /// Asks a yes-or-no question; whether the answer was yes.
 bool Ask(HWND owner, const Resources& resources, UINT question);
 
+/// The same, with a number in the place of each "%n".
+void TellCount(HWND owner, const Resources& resources, UINT text, std::size_t count);
+bool AskCount(HWND owner, const Resources& resources, UINT question, std::size_t count);
+
 /// What became of a damaged data file.
 Text DescribeDamage(const Resources& resources, const LoadedData& loaded);
 
