@@ -122,7 +122,10 @@ void ManagedNotes::OpenNotes(const std::vector<Text>& ids) {
   }
 }
 
-std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) { return ids.size(); }
+std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) {
+  return static_cast<std::size_t>(
+      std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return !frame_.WakeSleeping(id); }));
+}
 
 // Nobody is told before all of them are where they belong: whoever hears of it may make the program save or
 // end.
@@ -201,14 +204,17 @@ std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
 }
 
 std::vector<JotletData> ManagedNotes::TakeWaiting(ManageView view, const std::vector<Text>& ids) {
-  std::vector<JotletData>& list = view == ManageView::kAttached ? lists_.attached : lists_.sleeping;
   std::vector<JotletData> taken;
   for (const Text& id : ids) {
-    const auto at = std::find_if(list.begin(), list.end(),
+    if (view != ManageView::kAttached) {
+      if (std::optional<JotletData> record = lists_.sleeping.Remove(id)) taken.push_back(std::move(*record));
+      continue;
+    }
+    const auto at = std::find_if(lists_.attached.begin(), lists_.attached.end(),
                                  [&id](const JotletData& record) { return EqualIgnoreCase(record.id, id); });
-    if (at == list.end()) continue;
+    if (at == lists_.attached.end()) continue;
     taken.push_back(std::move(*at));
-    list.erase(at);
+    lists_.attached.erase(at);
   }
   return taken;
 }
@@ -235,10 +241,13 @@ std::size_t ManagedNotes::Undo() {
   if (step.view == ManageView::kDesktop) return Restore(step.ids);
   std::vector<JotletData> records = lists_.TakeClosed(step.ids);
   const std::size_t gone = step.ids.size() - records.size();
-  auto& list = step.view == ManageView::kAttached ? lists_.attached : lists_.sleeping;
   for (JotletData& record : records) {
     record.deletedTime = kNotSet;
-    list.push_back(std::move(record));
+    if (step.view == ManageView::kAttached) {
+      lists_.attached.push_back(std::move(record));
+    } else {
+      lists_.sleeping.push_back(std::move(record));
+    }
   }
   frame_.SetDirty();
   return gone;
