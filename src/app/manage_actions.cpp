@@ -53,7 +53,8 @@ ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t 
   if (action == Action::kUndo || view == View::kStacks) return ManageQuestion::kNothing;
   if (action == Action::kDelete) {
     const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));
-    if (view == View::kClosed || dropsOwn) return ManageQuestion::kForGood;
+    if (view == View::kClosed) return ManageQuestion::kForGood;
+    if (dropsOwn) return ManageQuestion::kNoRoom;
     return confirmClosure ? ManageQuestion::kClose : ManageQuestion::kNothing;
   }
   if (action == Action::kWake && view == View::kRecurring) return ManageQuestion::kEndsRecurrence;

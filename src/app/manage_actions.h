@@ -35,6 +35,7 @@ enum class ManageQuestion {
   kMany,            // so many windows at once are seldom meant
   kClose,           // the user wants to be asked before notes are closed
   kForGood,         // what is deleted cannot be had back
+  kNoRoom,          // nor can some of it, since so many closed notes are not kept
   kEndsRecurrence,  // a recurring note that is woken comes no more
 };
 

@@ -258,6 +258,7 @@
 #define IDS_MANAGE_ASK_FOR_GOOD 2335
 #define IDS_MANAGE_ASK_RECURRENCE 2336
 #define IDS_MANAGE_NOT_ALL 2337
+#define IDS_MANAGE_ASK_NO_ROOM 2338
 
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000

@@ -160,9 +160,9 @@ TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kClosed, 1), kForGood);
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32), kNothing);
   EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 32, 32, true), kClose);
-  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kSleeping, 33), kForGood)
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kSleeping, 33), kNoRoom)
       << "they would push each other out";
-  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 1, -1), kForGood);
+  EXPECT_EQ(ask(ManageAction::kDelete, ManageView::kDesktop, 1, -1), kNoRoom);
   EXPECT_EQ(ask(ManageAction::kWake, ManageView::kRecurring, 1), kEndsRecurrence);
   EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 19), kNothing);
   EXPECT_EQ(ask(ManageAction::kRestore, ManageView::kClosed, 20), kMany);

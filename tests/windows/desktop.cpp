@@ -194,11 +194,13 @@ bool ClickIntoText(HWND note) {
   return ClickUntil(typesThere, {(text.left + text.right) / 2, (text.top + text.bottom) / 2});
 }
 
-Text AnswerBox(const Process& process) {
+Text AnswerBox(const Process& process, HWND besides) {
   HWND box = nullptr;
   Text text;
   const bool there = WaitUntil([&] {
-    for (const HWND window : WindowsOfClass(L"#32770", process.Id())) box = window;
+    for (const HWND window : WindowsOfClass(L"#32770", process.Id())) {
+      if (window != besides) box = window;
+    }
     if (box == nullptr || GetForegroundWindow() != box) return false;
     // A box may have an icon, which is a static control without a text.
     for (HWND part = nullptr;

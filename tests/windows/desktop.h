@@ -66,6 +66,7 @@ bool Drag(HWND window, Point from, Point offset);
 /// Clicks into a note's text and waits until keys go there.
 bool ClickIntoText(HWND note);
 /// Waits for a box of `process` with a text, presses Enter in it, waits until it is gone and gives the text.
-Text AnswerBox(const Process& process);
+/// `besides` is a dialog that is open anyway.
+Text AnswerBox(const Process& process, HWND besides = nullptr);
 
 }  // namespace jotlets

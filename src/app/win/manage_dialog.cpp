@@ -14,9 +14,11 @@ namespace jotlets {
 namespace {
 
 constexpr UINT kRefreshDelay = 150;
-// How long texts are read at a stretch, and how long the user's input then has: milliseconds.
-constexpr ULONGLONG kReadingSlice = 12;
+// How long texts are read at a stretch, unless something else is to be done, and the pause after it:
+// milliseconds.
+constexpr ULONGLONG kReadingSlice = 50;
 constexpr UINT kReadingPause = 10;
+constexpr int kReadAtOnce = 8;
 constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
 constexpr int kButtonWidth = 84;
@@ -181,9 +183,20 @@ void BManageDlg::Layout() {
     left += scaled(kButtonWidth + kButtonGap);
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
-  // The last column takes what the others leave.
-  ListView_SetColumnWidth(Item(IDC_MANAGE_LIST), static_cast<int>(kManageColumns) - 1,
-                          LVSCW_AUTOSIZE_USEHEADER);
+  FitLastColumn();
+}
+
+// It takes what the others leave beside the scroll bar.
+void BManageDlg::FitLastColumn() {
+  const HWND list = Item(IDC_MANAGE_LIST);
+  constexpr int kLast = static_cast<int>(kManageColumns) - 1;
+  RECT client{};
+  GetClientRect(list, &client);
+  int width = client.right;
+  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(list, i);
+  const int smallest = MulDiv(kLastColumnWidth, static_cast<int>(GetDpiForWindow(Handle())), 96);
+  width = std::max(width, smallest);
+  if (ListView_GetColumnWidth(list, kLast) != width) ListView_SetColumnWidth(list, kLast, width);
 }
 
 void BManageDlg::Show(ManageView view) {
@@ -240,6 +253,7 @@ void BManageDlg::ShowRows(const Selection& selection) {
   ListView_SetItemCountEx(list, static_cast<int>(list_.Size()), LVSICF_NOSCROLL);
   Restore(selection);
   changing_ = false;
+  FitLastColumn();
   UpdateState();
 }
 
@@ -256,8 +270,8 @@ void BManageDlg::Restore(const Selection& selection) {
   const std::vector<std::size_t> focused = list_.PlacesOf({selection.focused});
   const int last = static_cast<int>(list_.Size()) - 1;
   const int focus = focused.empty() ? std::min(selection.focusedPlace, last) : static_cast<int>(focused[0]);
-  // What has gone leaves the selection to its successor.
-  const UINT state = LVIS_FOCUSED | (places.empty() && !selection.ids.empty() ? LVIS_SELECTED : 0U);
+  const bool inherits = selection.inherited && places.empty() && !selection.ids.empty();
+  const UINT state = LVIS_FOCUSED | (inherits ? LVIS_SELECTED : 0U);
   ListView_SetItemState(list, focus, state, state);
 }
 
@@ -286,11 +300,12 @@ void BManageDlg::Reload() {
 }
 
 void BManageDlg::Search() {
-  const Text words = ItemText(IDC_MANAGE_SEARCH);
-  ChangeList([&] {
-    list_.Search(words, options_.manageWindowSearchWhat);
-    return true;
-  });
+  Selection selection = Selected();
+  selection.inherited = false;
+  list_.Search(ItemText(IDC_MANAGE_SEARCH), options_.manageWindowSearchWhat);
+  ShowRows(selection);
+  if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0)
+    ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
   ReadTexts();
 }
 
@@ -325,7 +340,10 @@ void BManageDlg::ReadTexts() {
   if (!list_.IsReading()) return UpdateState();
   ChangeList([this] {
     const ULONGLONG end = GetTickCount64() + kReadingSlice;
-    while (list_.IsReading() && GetTickCount64() < end) list_.ReadOne();
+    do {
+      for (int i = 0; i < kReadAtOnce && list_.IsReading(); ++i) list_.ReadOne();
+    } while (list_.IsReading() && GetTickCount64() < end &&
+             GetQueueStatus(QS_INPUT | QS_SENDMESSAGE | QS_POSTMESSAGE) == 0);
     return list_.Settle();
   });
   // Titles that came from texts.

@@ -70,6 +70,7 @@ class BManageDlg final : public Dialog {
     Text focused;
     int focusedPlace = -1;
     bool all = false;
+    bool inherited = true;  // when all of it has gone, by what took its place
   };
 
   void OnInit() override;
@@ -86,7 +87,7 @@ class BManageDlg final : public Dialog {
   void RestorePlace();
   void StoreSettings();
   void Layout();
-  void LayoutButtons(int top, int height, int left);
+  void FitLastColumn();
 
   void Show(ManageView view);
   void StepView(int step);
@@ -95,7 +96,6 @@ class BManageDlg final : public Dialog {
   void SortBy(ManageColumn column);
   void ShowSorting();
   void ReadTexts();
-  void ReadOnSoon();
   template <typename Change>
   void ChangeList(Change change);
   void ShowRows(const Selection& selection);

@@ -94,6 +94,7 @@ bool ManagedNotes::IsAgreed(ManageAction action, ManageView view, std::size_t co
     case ManageQuestion::kMany: question = IDS_MANAGE_ASK_MANY; break;
     case ManageQuestion::kClose: question = IDS_MANAGE_ASK_CLOSE; break;
     case ManageQuestion::kForGood: question = IDS_MANAGE_ASK_FOR_GOOD; break;
+    case ManageQuestion::kNoRoom: question = IDS_MANAGE_ASK_NO_ROOM; break;
     case ManageQuestion::kEndsRecurrence: question = IDS_MANAGE_ASK_RECURRENCE; break;
   }
   return AskCount(dialog_.Window(), resources_, question, count);

@@ -1,0 +1,223 @@
+// The manage window by mouse and keys: finding, opening, deleting and having back, and notes in a bad state.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "app/win/system_facts.h"
+#include "base/win/ansi_code_page.h"
+#include "base/win/wide.h"
+#include "data/data_folder.h"
+#include "data/options_file.h"
+#include "data/text_file.h"
+#include "desktop.h"
+#include "note/win/jotlet.h"
+#include "res/resource.h"
+#include "ui/screen.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+class ManageTest : public WindowTest {
+ protected:
+  // The notes of the data file that are not closed, and those that are, with their contents.
+  void WriteNotes(const std::vector<JotletData>& open, const std::vector<JotletData>& closed,
+                  TextView options) {
+    WriteData(open, kDataFileName, options);
+    DataFileView view;
+    view.installId = u"TEST";
+    for (const JotletData& record : open) view.jotlets.push_back(&record);
+    view.deleted = closed;
+    for (const JotletData& record : closed)
+      Write(folder_ + ContentPath(record), "{\\rtf1\\ansi about " + ToUtf8(record.id) + "}");
+    Write(folder_ + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
+  }
+  static JotletData Closed(TextView id, TextView title, Point place = {700, 300}) {
+    JotletData record = NoteRecord(id, place, title);
+    record.deletedTime = 1763800000;
+    return record;
+  }
+
+  static HWND Find() { return FindWindowW(L"#32770", L"Manage Jotlets"); }
+  static HWND List() { return GetDlgItem(Find(), IDC_MANAGE_LIST); }
+  static Text Status() { return TextOfWindow(GetDlgItem(Find(), IDC_MANAGE_STATUS)); }
+  static bool Shows(const Text& status) {
+    return WaitUntil([&] { return Status() == status; }, 8000);
+  }
+  static bool HasFocus() {
+    return WaitUntil([] { return Find() != nullptr && GetForegroundWindow() == Find(); });
+  }
+  // From the window where keys go now.
+  static bool OpenByKey() {
+    PressKeys({VK_CONTROL, 'M'});
+    return HasFocus();
+  }
+  static void GoToView(int view) {
+    const HWND tabs = GetDlgItem(Find(), IDC_MANAGE_VIEWS);
+    for (int i = 0; i < 6 && SendMessageW(tabs, TCM_GETCURSEL, 0, 0) != view; ++i) {
+      const LRESULT before = SendMessageW(tabs, TCM_GETCURSEL, 0, 0);
+      PressKeys({VK_CONTROL, VK_NEXT});
+      WaitUntil([&] { return SendMessageW(tabs, TCM_GETCURSEL, 0, 0) != before; }, 5000);
+    }
+  }
+  static bool ClickTitle() {
+    const Rect bounds = BoundsOf(Find());
+    return ClickUntil([] { return GetForegroundWindow() == Find(); }, {bounds.left + 200, bounds.top + 12});
+  }
+  std::vector<Text> Listed(TextView list) {
+    std::vector<Text> ids = WindowTest::List(list);
+    std::sort(ids.begin(), ids.end());
+    return ids;
+  }
+  Options SavedOptions() const {
+    Options options;
+    LoadOptions(options, DecodeTextFile(Read(folder_ + Text(kOptionsFileName)), AnsiCodePage()).text);
+    return options;
+  }
+  void ListenToChanges() {
+    client_.OnEvent([this](TextView line) {
+      if (line < u"503" || line.starts_with(u"508")) events_.emplace_back(line);
+    });
+    Reply(u"do register");
+  }
+
+  std::vector<Text> events_;
+  using Ids = std::vector<Text>;
+};
+
+TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")},
+             {Closed(u"CC01", u"Alpha"), Closed(u"CC02", u"Beta", {640, 420}), Closed(u"CC03", u"Gamma")},
+             u"Debug=3\nTakeBackups=0\nManageWindow=40,60,700,400\nManageSorted=-2");
+  ASSERT_TRUE(StartProgram());
+  ListenToChanges();
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
+  ASSERT_TRUE(OpenByKey());
+  EXPECT_EQ(BoundsOf(Find()), (Rect{40, 60, 740, 460}));
+  GoToView(4);
+  EXPECT_TRUE(Shows(u"3 of 3")) << ToUtf8(Status());
+  TypeText(u"About CC02");
+  EXPECT_TRUE(Shows(u"1 of 3")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(Shows(u"1 of 3, 1 selected")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  const HWND beta = NoteTitled(u"Beta");
+  EXPECT_EQ(BoundsOf(beta), (Rect{640, 420, 860, 560}));
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == beta; }));
+  EXPECT_TRUE(Shows(u"0 of 2")) << ToUtf8(Status());
+  EXPECT_TRUE(WaitUntil([&] { return !events_.empty(); }));
+  EXPECT_EQ(events_, Ids{u"500 created desktop jotlet restored CC02"});
+  EXPECT_EQ(ShownText(beta), u"about CC02");
+  Reply(u"do saveini");
+  const DataFile saved = ParseData();
+  EXPECT_EQ(saved.jotlets.size(), 2u);
+  EXPECT_EQ(saved.jotlets.back().record.deletedTime, kNotSet);
+  EXPECT_EQ(saved.deleted.size(), 2u);
+
+  // Dragged by its caption, and closed: the place is kept, and the next start leaves it closed.
+  ASSERT_TRUE(ClickTitle());
+  ASSERT_TRUE(Drag(Find(), {140, 72}, {30, 20}));
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(WaitUntil([] { return Find() == nullptr; }));
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_EQ(SavedOptions().manageWindow, (std::array{70, 80, 700, 400}));
+  EXPECT_EQ(SavedOptions().manageWindowVisible, 0);
+  EXPECT_EQ(SavedOptions().manageSorted, -2);
+}
+
+TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) {
+  JotletData asleep = NoteRecord(u"BB01", {300, 300}, u"Asleep");
+  asleep.sleeping = true;
+  asleep.sleepNextWake = 2000000000;
+  JotletData waiting = NoteRecord(u"BB02", {300, 300}, u"Waiting");
+  waiting.attachClass = u"NoSuchClass";
+  waiting.attachTitle = u"*";
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk"), asleep, waiting}, {Closed(u"CC01", u"Old")},
+             u"Debug=3\nTakeBackups=0\nManageWindow=40,60,700,400\nManageWindowVisible=1");
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(WaitUntil([] { return Find() != nullptr && IsWindowVisible(Find()); })) << "open as it was";
+  ListenToChanges();
+  Reply(u"do saveini");
+  const DataFile before = ParseData();
+  const bool attachedWaits = !WindowTest::List(u"attached").empty();
+  ASSERT_TRUE(ClickTitle());
+  for (const int view : {0, 1, 2}) {
+    GoToView(view);
+    PressKeys({VK_CONTROL, 'A'});
+    PressKeys({VK_DELETE});
+    EXPECT_TRUE(Shows(u"0 of 0")) << view << ToUtf8(Status());
+  }
+  EXPECT_EQ(Listed(u"closed"), (Ids{u"AA01", u"BB01", u"BB02", u"CC01"}));
+  EXPECT_EQ(events_.front(), u"501 closed desktop jotlet user AA01");
+  for (int step = 0; step < 3; ++step) {
+    PressKeys({VK_CONTROL, 'Z'});
+    EXPECT_TRUE(WaitUntil([&] { return Listed(u"closed").size() == 3u - static_cast<std::size_t>(step); }));
+    ASSERT_TRUE(ClickTitle());
+  }
+  NoteTitled(u"Desk");
+  Reply(u"do saveini");
+  const DataFile after = ParseData();
+  ASSERT_EQ(after.jotlets.size(), before.jotlets.size());
+  for (const FiledJotlet& line : before.jotlets) {
+    EXPECT_TRUE(std::any_of(after.jotlets.begin(), after.jotlets.end(), [&](const FiledJotlet& l) {
+      return l.record == line.record;
+    })) << ToUtf8(line.record.id);
+  }
+  EXPECT_TRUE(attachedWaits);
+
+  // What is closed goes for good, when the user says so; a note that sleeps can be woken.
+  events_.clear();
+  GoToView(4);
+  PressKeys({VK_CONTROL, 'A'});
+  PressKeys({VK_DELETE});
+  EXPECT_NE(AnswerBox(*program_, Find()).find(u"for good"), Text::npos);
+  EXPECT_TRUE(WaitUntil([&] { return Listed(u"closed").empty(); }));
+  EXPECT_EQ(events_, Ids{u"508 deleted closed jotlet CC01"});
+  Reply(u"do saveini");
+  EXPECT_EQ(Read(folder_ + u"rtf\\CC01.rtf"), "");
+  ASSERT_TRUE(ClickTitle());
+  GoToView(2);
+  PressKeys({VK_CONTROL, 'A'});
+  PressKeys({VK_RETURN});
+  NoteTitled(u"Asleep");
+  ASSERT_TRUE(ClickTitle());
+  GoToView(1);
+  const Rect list = BoundsOf(ManageTest::List());
+  ASSERT_TRUE(ClickUntil([] { return Shows(u"1 of 1, 1 selected"); }, {list.left + 40, list.top + 28}));
+  PressKeys({VK_MENU, 'A'});
+  const HWND unattached = NoteTitled(u"Waiting");
+  EXPECT_TRUE(IsWindow(unattached));
+  EXPECT_TRUE(WindowTest::List(u"attached").empty());
+}
+
+TEST_F(ManageTest, NotesInABadStateAreListedAndComeBackWhereTheyCanBeSeen) {
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")},
+             {Closed(u"CC01", Text(10000, u'L')), Closed(u"CC02", u"No content"), Closed(u"CC03", u"Damaged"),
+              Closed(u"CC04", u"Far away", {9000, -7000})},
+             u"Debug=3\nTakeBackups=0\nManageWindow=-9000,5000,700,400\nManageWidths=-5,0,x,99999999\n"
+             u"ManageSorted=77\nManageWindowSearchWhat=-3");
+  Write(folder_ + u"rtf\\CC03.rtf", std::string("\x00\xFF{\\rtf1 \\u999999999999 {{{{", 28));
+  ASSERT_TRUE(StartProgram());
+  DeleteFileW(Wide(folder_ + u"rtf\\CC02.rtf"));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
+  ASSERT_TRUE(OpenByKey());
+  const Rect screen = VirtualScreen();
+  EXPECT_TRUE(screen.Contains(BoundsOf(Find()).TopLeft()));
+  GoToView(4);
+  PressKeys({VK_CONTROL, 'A'});
+  EXPECT_TRUE(Shows(u"4 of 4, 4 selected")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([&] { return Listed(u"desktop").size() == 5; }));
+  EXPECT_TRUE(Shows(u"0 of 0")) << ToUtf8(Status());
+  for (const HWND note : WindowsOfClass(kJotletClass)) {
+    EXPECT_TRUE(IsWindowVisible(note) && screen.Contains(BoundsOf(note).TopLeft()));
+  }
+  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
+  EXPECT_EQ(ParseData().jotlets.size(), 5u);
+  EXPECT_EQ(Close(), 0u);
+}
+
+}  // namespace
+}  // namespace jotlets
