@@ -28,7 +28,7 @@
 #define IDD_CLOSE_STACK 142
 #define IDD_FRIENDS 150
 #define IDD_FRIEND 151
-#define IDD_MANAGE 150
+#define IDD_MANAGE 160
 
 // Commands of the program, in the order of the tray menu.
 #define ID_NEW_JOTLET 1000

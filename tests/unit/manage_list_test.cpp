@@ -96,6 +96,8 @@ TEST_F(ManageListTest, FindsAllWordsInWhatIsSearchedAndReadsEachTextOnce) {
   EXPECT_EQ(Found(u" \u00E4PFEL  "), u"A");
   EXPECT_EQ(Found(u"rope"), u"BCD");
   EXPECT_EQ(Found(u"rope shop"), u"B");
+  EXPECT_EQ(Found(u"rope"), u"BCD");
+  EXPECT_EQ(Found(u"rope work"), u"B") << "one word in the title, one in the text";
   EXPECT_EQ(Found(u"shop"), u"AB");
   EXPECT_EQ(shelf_.reads, 3);
   EXPECT_EQ(Found(u"shop", kSearchTitles), u"A");

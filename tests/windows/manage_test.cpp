@@ -190,6 +190,8 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   const HWND unattached = NoteTitled(u"Waiting");
   EXPECT_TRUE(IsWindow(unattached));
   EXPECT_TRUE(WindowTest::List(u"attached").empty());
+  Reply(u"do saveini");
+  for (const FiledJotlet& line : ParseData().jotlets) EXPECT_FALSE(line.record.IsAttached());
 }
 
 TEST_F(ManageTest, NotesInABadStateAreListedAndComeBackWhereTheyCanBeSeen) {

@@ -30,6 +30,17 @@ void Awaken(JotletData& record) {
   record.deletedTime = kNotSet;
 }
 
+void Detach(JotletData& record) {
+  const JotletData plain;
+  record.attachTitle.clear();
+  record.attachClass.clear();
+  record.attachFocus = plain.attachFocus;
+  record.attachVisible = plain.attachVisible;
+  record.attachPosType = plain.attachPosType;
+  record.attachPosX = plain.attachPosX;
+  record.attachPosY = plain.attachPosY;
+}
+
 bool IsUnsaved(const JotletData& record, void* desktop) {
   const BJotlet* jotlet = static_cast<DesktopJotlets*>(desktop)->Find(record.id);
   return jotlet != nullptr && jotlet->HasUnsavedContent();
@@ -130,12 +141,14 @@ std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) {
 
 // Nobody is told before all of them are where they belong: whoever hears of it may make the program save or
 // end.
-std::vector<JotletData> ManagedNotes::OpenOnDesktop(std::vector<JotletData> records, TextView reason) {
+std::vector<JotletData> ManagedNotes::OpenOnDesktop(std::vector<JotletData> records, TextView reason,
+                                                    void (*change)(JotletData&)) {
   std::vector<Text> opened;
   std::vector<JotletData> left;
   for (JotletData& record : records) {
     JotletData awake = record;
     Awaken(awake);
+    if (change != nullptr) change(awake);
     // Two notes of one id would share a content file.
     BJotlet* jotlet = desktop_.Find(record.id) == nullptr ? maker_.OpenLoaded(std::move(awake)) : nullptr;
     if (jotlet == nullptr) {
@@ -173,8 +186,11 @@ void ManagedNotes::DeleteClosed(const std::vector<Text>& ids) {
 }
 
 std::size_t ManagedNotes::Unattach(const std::vector<Text>& ids) {
+  for (const Text& id : ids) {
+    if (BJotlet* jotlet = desktop_.Find(id)) Detach(jotlet->Record());
+  }
   std::vector<JotletData> records = TakeWaiting(ManageView::kAttached, ids);
-  std::vector<JotletData> left = OpenOnDesktop(std::move(records), u"unattached");
+  std::vector<JotletData> left = OpenOnDesktop(std::move(records), u"unattached", Detach);
   const std::size_t count = left.size();
   lists_.attached.insert(lists_.attached.end(), std::make_move_iterator(left.begin()),
                          std::make_move_iterator(left.end()));

@@ -64,8 +64,10 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::vector<JotletData> TakeWaiting(ManageView view, const std::vector<Text>& ids);
   std::size_t Undo();
   void Remember(Deleted step);
-  /// Opens records that belong to no list any more; those that got no window are returned.
-  std::vector<JotletData> OpenOnDesktop(std::vector<JotletData> records, TextView reason);
+  /// Opens records that belong to no list any more, `change`d; those that got no window are returned as they
+  /// were.
+  std::vector<JotletData> OpenOnDesktop(std::vector<JotletData> records, TextView reason,
+                                        void (*change)(JotletData&) = nullptr);
 
   CMainFrame& frame_;
   const Resources& resources_;
