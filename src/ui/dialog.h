@@ -32,8 +32,6 @@ class Dialog {
   /// A control or key was used; false: not handled (OK and Cancel then end the dialog with their ids).
   virtual bool OnCommand(UINT control, UINT notification) = 0;
   virtual void OnTimer() {}
-  /// Any other message; its answer when it was handled.
-  virtual std::optional<LRESULT> OnMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
   /// A control tells of itself by more than a command.
   virtual void OnNotify(const NMHDR&) {}
   /// Any other message; its answer when it was handled.

@@ -162,7 +162,10 @@ void CommandEndpoint::BringForward() { frame_.BringForward(); }
 void CommandEndpoint::HideAll(bool hidden) { frame_.HideAll(hidden); }
 void CommandEndpoint::RecreateIcon() { frame_.RecreateIcon(); }
 // This version has none.
-std::optional<bool> CommandEndpoint::OpenManageWindow(bool) { return std::nullopt; }
+std::optional<bool> CommandEndpoint::OpenManageWindow(bool open) {
+  BManageDlg& dialog = frame_.Managed().Dialog();
+  return open ? dialog.OpenWindow(true) : dialog.CloseWindow();
+}
 bool CommandEndpoint::IsSkinFixed() { return frame_.IsSkinFixedByPolicy(); }
 bool CommandEndpoint::SetDefaultSkin(TextView path) { return frame_.SetDefaultSkin(path); }
 Text CommandEndpoint::DefaultSkinPath() { return frame_.Skins().DefaultPath(); }

@@ -70,8 +70,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   Text CreateJotlet(const NewJotlet& fresh);
   /// Moves an open note to the closed ones.
   bool CloseJotlet(TextView id, TextView reason);
-  /// Moves a note without a window to the closed ones.
-  void CloseRecord(JotletData record);
+  /// Moves notes without a window, which are in no list any more, to the closed ones.
+  void CloseRecords(std::vector<JotletData> records);
   /// Deletes an open note for good.
   bool DeleteJotlet(TextView id, TextView reason);
   // Whatever shows lists of notes is to hear of it here.

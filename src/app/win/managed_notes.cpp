@@ -32,8 +32,8 @@ void Awaken(JotletData& record) {
 
 void Detach(JotletData& record) {
   const JotletData plain;
-  record.attachTitle.clear();
-  record.attachClass.clear();
+  record.attachTitle = plain.attachTitle;
+  record.attachClass = plain.attachClass;
   record.attachFocus = plain.attachFocus;
   record.attachVisible = plain.attachVisible;
   record.attachPosType = plain.attachPosType;
@@ -134,6 +134,16 @@ void ManagedNotes::OpenNotes(const std::vector<Text>& ids) {
   }
 }
 
+void ManagedNotes::OpenStacks(const std::vector<Text>& ids) {
+  for (const Text& id : ids) {
+    BStackDlg* stack = frame_.Stacks().Find(ParseInt(id));
+    if (stack == nullptr) continue;
+    stack->Show();
+    stack->BringForward();
+    if (&id == &ids.back()) SetForegroundWindow(stack->Handle());
+  }
+}
+
 std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) {
   return static_cast<std::size_t>(
       std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return !frame_.WakeSleeping(id); }));
@@ -187,7 +197,7 @@ void ManagedNotes::DeleteClosed(const std::vector<Text>& ids) {
 
 std::size_t ManagedNotes::Unattach(const std::vector<Text>& ids) {
   for (const Text& id : ids) {
-    if (BJotlet* jotlet = desktop_.Find(id)) Detach(jotlet->Record());
+    if (BJotlet* jotlet = desktop_.Find(id)) jotlet->TakeAttachment(JotletData());
   }
   std::vector<JotletData> records = TakeWaiting(ManageView::kAttached, ids);
   std::vector<JotletData> left = OpenOnDesktop(std::move(records), u"unattached", Detach);
@@ -201,7 +211,9 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
   switch (view) {
     case ManageView::kDesktop: return CloseOpen(ids);
     case ManageView::kClosed: DeleteClosed(ids); return 0;
-    case ManageView::kStacks: return 0;
+    case ManageView::kStacks:
+      for (const Text& id : ids) frame_.Stacks().Close(ParseInt(id));
+      return 0;
     case ManageView::kAttached:
     case ManageView::kSleeping:
     case ManageView::kRecurring: CloseWaiting(view, ids); return 0;
@@ -238,11 +250,10 @@ std::vector<JotletData> ManagedNotes::TakeWaiting(ManageView view, const std::ve
 
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
   Deleted step{view, {}};
-  for (JotletData& record : TakeWaiting(view, ids)) {
-    step.ids.push_back(record.id);
-    frame_.CloseRecord(std::move(record));
-  }
+  std::vector<JotletData> records = TakeWaiting(view, ids);
+  for (const JotletData& record : records) step.ids.push_back(record.id);
   Remember(std::move(step));
+  frame_.CloseRecords(std::move(records));
 }
 
 void ManagedNotes::Remember(Deleted step) {

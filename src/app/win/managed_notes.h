@@ -57,6 +57,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void OpenNotes(const std::vector<Text>& ids);
+  void OpenStacks(const std::vector<Text>& ids);
   std::size_t Wake(const std::vector<Text>& ids);
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
