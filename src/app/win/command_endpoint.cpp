@@ -164,7 +164,8 @@ void CommandEndpoint::RecreateIcon() { frame_.RecreateIcon(); }
 // This version has none.
 std::optional<bool> CommandEndpoint::OpenManageWindow(bool open) {
   BManageDlg& dialog = frame_.Managed().Dialog();
-  return open ? dialog.OpenWindow(true) : dialog.CloseWindow();
+  // As other windows that commands bring up, it leaves the keyboard where it is.
+  return open ? dialog.OpenWindow(false) : dialog.CloseWindow();
 }
 bool CommandEndpoint::IsSkinFixed() { return frame_.IsSkinFixedByPolicy(); }
 bool CommandEndpoint::SetDefaultSkin(TextView path) { return frame_.SetDefaultSkin(path); }
