@@ -35,7 +35,8 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       SetWindowLongPtrW(dialog, DWLP_USER, lParam);
       object->dialog_ = dialog;
       object->OnInit();
-      return TRUE;
+      // The focus that goes with TRUE would activate a window that is to open behind the user's work.
+      return object->modal_ ? TRUE : FALSE;
     }
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (object == nullptr) return FALSE;

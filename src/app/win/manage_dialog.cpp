@@ -57,7 +57,10 @@ bool BManageDlg::OpenWindow(bool activate) {
   if (IsOpen() || !Open(resources_, IDD_MANAGE)) return false;
   const int shown = options_.manageWindowMax ? SW_SHOWMAXIMIZED : activate ? SW_SHOW : SW_SHOWNOACTIVATE;
   ShowWindow(Handle(), shown);
-  if (activate) Activate();
+  if (activate) {
+    Activate();
+    SetFocus(Item(IDC_MANAGE_LIST));
+  }
   options_.manageWindowVisible = 1;
   owner_.OnManageSettings();
   return true;
