@@ -122,7 +122,7 @@ TEST_F(ManageListTest, FindsAllWordsInWhatIsSearchedAndReadsEachTextOnce) {
 }
 
 TEST_F(ManageListTest, RemembersNoMoreThanItsLimitAndStillFinds) {
-  for (const TextView id : {u"A", u"B", u"C", u"D"}) Add(id, u"x", 0, Text(25, u'y') + Text(id));
+  for (const TextView id : {u"A", u"B", u"C", u"D"}) Add(id, u"x", 0, Text(25, u'y').append(id));
   Refresh();
   EXPECT_EQ(Found(u"yd"), u"D");
   EXPECT_EQ(Found(u"yc"), u"C");
@@ -136,7 +136,7 @@ TEST_F(ManageListTest, NotesWithoutATitleShowTheBeginningOfTheirText) {
   Add(u"A", u"middle");
   Add(u"B", u" ", 0, u"\r\n  z line\r\nmore");
   Add(u"C", u"", 0, u"a line");
-  Add(u"D", Text(10000, u'M') + u"\r\nend");
+  Add(u"D", Text(10000, u'M').append(u"\r\nend"));
   list_.SortBy(ManageColumn::kTitle, false);
   Refresh();
   EXPECT_TRUE(list_.IsReading());
