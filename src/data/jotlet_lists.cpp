@@ -64,14 +64,24 @@ const StackRecord* JotletLists::FindStack(std::int32_t number) const {
   return const_cast<JotletLists*>(this)->FindStack(number);
 }
 
+namespace {
+
+// Hidden in a stack that is gone, it would come back where nobody finds it.
+void TakeOut(JotletData& record) {
+  record.stack = kNone;
+  record.hidden = false;
+}
+
+}  // namespace
+
 void JotletLists::LeaveStack(std::int32_t number) {
   for (auto* list : {&attached, &deleted}) {
     for (JotletData& record : *list) {
-      if (record.stack == number) record.stack = kNone;
+      if (record.stack == number) TakeOut(record);
     }
   }
   for (const JotletData& record : sleeping) {
-    if (record.stack == number) sleeping.FindToChange(record.id)->stack = kNone;
+    if (record.stack == number) TakeOut(*sleeping.FindToChange(record.id));
   }
 }
 

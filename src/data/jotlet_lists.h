@@ -41,7 +41,8 @@ class JotletLists {
   /// The stack of a number; nullptr when there is none.
   StackRecord* FindStack(std::int32_t number);
   const StackRecord* FindStack(std::int32_t number) const;
-  /// No note of the lists belongs to the stack of this number any more.
+  /// No note of the lists belongs to the stack of this number any more; those that were hidden in it will be
+  /// seen again.
   void LeaveStack(std::int32_t number);
 
   /// Whether any of the lists holds a note of this id, without regard to case.

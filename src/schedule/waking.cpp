@@ -167,13 +167,15 @@ void Waking::LogWaking(const JotletData& record, std::int64_t now) {
 void Waking::CheckAlarms() {
   if (!enabled_) return;
   const std::int64_t now = clock_.Now().utc;
+  // Once each: a listener may put a note back to sleep as often as it wakes.
+  std::set<Text> tried;
   for (;;) {
     host_.StartDueAlarms(now);
     FindEarliest();
     if (earliestAlarm_ >= now) return;
     bool woken = false;
     for (const Text& id : IdsWhere(sleeping_, [now](const auto& r) { return IsAlarmDue(r, now); }))
-      woken = WakeSleeping(id) || woken;
+      woken = (tried.insert(id).second && WakeSleeping(id)) || woken;
     // Those that cannot be woken are left for the next second.
     if (!woken) return;
     host_.StopSounds();

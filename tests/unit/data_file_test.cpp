@@ -162,6 +162,18 @@ TEST(Lists, TakeEachNoteByItsState) {
   EXPECT_TRUE(lists.Holds(u"b") && lists.Holds(u"c") && lists.Holds(u"d") && !lists.Holds(u"A"));
 }
 
+TEST(Lists, NoNoteStaysHiddenInAStackThatIsGone) {
+  JotletLists lists;
+  lists.Take(
+      Parse(u"[Jotlets]\n<ID>A<STACK>1<HIDDEN><ATTACHCLASS>c<RTF>\n<ID>B<STACK>1<HIDDEN><SLEEPING>1<RTF>\n"
+            u"<ID>C<STACK>2<HIDDEN><SLEEPING>1<RTF>\n"));
+  lists.LeaveStack(1);
+  EXPECT_TRUE(lists.attached[0].stack == kNone && !lists.attached[0].hidden);
+  const auto& sleeping = std::as_const(lists.sleeping);
+  EXPECT_TRUE(sleeping.Find(u"B")->stack == kNone && !sleeping.Find(u"B")->hidden);
+  EXPECT_TRUE(sleeping.Find(u"C")->stack == 2 && sleeping.Find(u"C")->hidden);
+}
+
 TEST(Lists, KeepTheLatestClosedNotes) {
   JotletLists lists;
   EXPECT_TRUE(lists.AddClosed(Note(u"A"), 5, 2).empty() && lists.AddClosed(Note(u"B"), 6, 2).empty());

@@ -226,6 +226,22 @@ TEST(Alarms, SoundInOrderAndWakeSleepers) {
   EXPECT_EQ(IdsOf(desktop.sleeping), Lines{u"LATER"});
 }
 
+TEST(Alarms, AListenerThatPutsTheNoteBackToSleepDoesNotHoldTheProgramUp) {
+  FakeDesktop desktop;
+  JotletData asleep = desktop.Note(u"ASLEEP", 1000);
+  asleep.alarm = desktop.Now() - 1;
+  desktop.sleeping.push_back(asleep);
+  desktop.onWake = [&desktop, &asleep, times = 0]() mutable {
+    ASSERT_LT(++times, 3);
+    desktop.notes.clear();
+    desktop.sleeping.push_back(asleep);
+  };
+  desktop.waking.CheckAlarms();
+  EXPECT_EQ(desktop.windowsTried, 1);
+  desktop.waking.CheckAlarms();
+  EXPECT_EQ(desktop.windowsTried, 2) << "the next second tries again";
+}
+
 TEST(Alarms, JiggleLopsidedlyThroughTheirPhases) {
   std::set<std::int32_t> seen;
   for (std::int32_t random = 0; random <= 32767; ++random) seen.insert(JiggleOffset(random));

@@ -77,8 +77,18 @@ std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
 // up, the system looks for that place past every window that is still hidden, which a thousand notes make
 // felt.
 void DesktopJotlets::ShowAll() {
-  for (auto jotlet = jotlets_.rbegin(); jotlet != jotlets_.rend(); ++jotlet) {
-    if (!(*jotlet)->StoredRecord().hidden) (*jotlet)->Show();
+  std::vector<Text> ids = Ids();
+  std::reverse(ids.begin(), ids.end());
+  ForEachOf(ids, [](BJotlet& jotlet) {
+    if (!jotlet.StoredRecord().hidden) jotlet.Show();
+  });
+}
+
+// Showing and hiding moves the focus, which is told of, and a listener may take notes away.
+template <typename Do>
+void DesktopJotlets::ForEachOf(const std::vector<Text>& ids, Do act) {
+  for (const Text& id : ids) {
+    if (BJotlet* jotlet = Find(id)) act(*jotlet);
   }
 }
 
@@ -89,7 +99,7 @@ void DesktopJotlets::UnhideAll() {
 }
 
 void DesktopJotlets::HideAll() {
-  for (const auto& jotlet : jotlets_) jotlet->Hide();
+  ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.Hide(); });
 }
 
 void DesktopJotlets::BringForward() {
@@ -108,9 +118,9 @@ BJotlet* DesktopJotlets::Neighbour(const BJotlet& jotlet, int step) {
 }
 
 void DesktopJotlets::HideOthers(const BJotlet& shown) {
-  for (const auto& jotlet : jotlets_) {
-    if (jotlet.get() != &shown) jotlet->SetHidden(true);
-  }
+  ForEachOf(Ids(), [&shown](BJotlet& jotlet) {
+    if (&jotlet != &shown) jotlet.SetHidden(true);
+  });
 }
 
 BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {

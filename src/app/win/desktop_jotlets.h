@@ -150,6 +150,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void RefreshSkins();
 
  private:
+  template <typename Do>
+  void ForEachOf(const std::vector<Text>& ids, Do act);
   void LogRescue(const BJotlet& jotlet, const Rect& from);
   void ShowOnScreens(BJotlet& jotlet);
 

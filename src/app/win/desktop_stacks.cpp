@@ -107,10 +107,18 @@ Rect DesktopStacks::AreaOf(const BStackDlg& stack) {
   return WorkAreaAt(desktop_.Screens().monitors, stack.Bounds());
 }
 
+// A note that is still on its way into the stack would be hidden when it gets there, and one that jiggles has
+// no place to begin from.
+void DesktopStacks::Settle(BJotlet& jotlet) {
+  jotlet.FinishAnimation();
+  if (jotlet.IsSounding()) jotlet.StopAlarm();
+}
+
 // Each note goes to the place that it has among all of the stack, so that one that is shown by itself does
 // not cover another. A hidden one comes out of the stack, unless it was put away at a place of its own.
 void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden) {
   const std::vector<BJotlet*> all = NotesOf(stack.Number());
+  for (BJotlet* note : notes) Settle(*note);
   std::vector<Size> sizes;
   for (const BJotlet* note : all) sizes.push_back({note->Bounds().Width(), note->Bounds().Height()});
   const Rect from = stack.Bounds();
@@ -134,6 +142,7 @@ void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes
 
 // The note goes back to its place while it is hidden: shown by itself, it is where it was.
 void DesktopStacks::MoveIn(BStackDlg& stack, BJotlet& jotlet) {
+  Settle(jotlet);
   if (jotlet.StoredRecord().hidden) return;
   jotlet.StartAnimation(jotlet.Bounds().TopLeft(), stack.Bounds().TopLeft(), AnimationKind::kHide);
 }
@@ -164,8 +173,12 @@ void DesktopStacks::Close(std::int32_t number) {
   std::vector<Text> ids;
   for (const BJotlet* note : NotesOf(number)) ids.push_back(note->StoredRecord().id);
   for (const Text& id : ids) {
-    if (BJotlet* note = desktop_.Find(id)) note->SetStack(kNone);
     if (fate == NotesOfClosedStack::kClose) frame_.CloseForUser(id);
+    BJotlet* note = desktop_.Find(id);
+    if (note == nullptr) continue;
+    // Hidden in a stack that is gone, one that could not be closed would be out of reach.
+    note->SetStack(kNone);
+    note->SetHidden(false);
   }
   lists_.LeaveStack(number);
   stack = Find(number);

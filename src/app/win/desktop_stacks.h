@@ -76,6 +76,7 @@ class DesktopStacks final : public StackOwner {
   BStackDlg* UnderMouse();
   std::vector<BJotlet*> NotesOf(std::int32_t number);
   void MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden);
+  void Settle(BJotlet& jotlet);
   void MoveIn(BStackDlg& stack, BJotlet& jotlet);
   Rect AreaOf(const BStackDlg& stack);
   bool DoMenuCommand(BStackDlg& stack, UINT command, const std::optional<Text>& member);

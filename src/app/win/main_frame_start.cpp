@@ -126,7 +126,14 @@ void CMainFrame::TakeLoaded(LoadedData loaded) {
     tray_.Balloon(kVersionText, DescribeDamage(resources_, loaded));
     SetTimer(Handle(), kFlashTimer, kFlashPeriod, nullptr);
   }
-  for (JotletData& record : lists_.Take(std::move(loaded.file))) maker_.OpenLoaded(std::move(record));
+  for (JotletData& record : lists_.Take(std::move(loaded.file))) {
+    // Hidden in a stack that is lost, it would be out of reach.
+    if (record.stack > 0 && lists_.FindStack(record.stack) == nullptr) record.hidden = false;
+    if (maker_.OpenLoaded(record) != nullptr) continue;
+    // Without a window it would be missing from the next save. Asleep, it is tried again.
+    PutToSleep(record, clock_.Now().utc, {});
+    lists_.sleeping.push_back(std::move(record));
+  }
   stacks_.OpenAll();
   // At once: until then every start would find the same damage and keep one more copy of it.
   if (damaged) SaveJotlets();

@@ -106,6 +106,9 @@ class BJotlet final : public Window, private EditWatcher {
   void StartAnimation(Point from, Point to, AnimationKind kind);
   /// One step of it; whether it goes on. The note may be gone when it does not.
   bool TickAnimation();
+  /// Cuts the move short: the note is at once where it ends, or hidden. The note may be gone when the call
+  /// returns.
+  void FinishAnimation();
   void SetUserString(TextView words);
   /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
   void TakeProperties(const JotletData& wanted);
@@ -170,6 +173,7 @@ class BJotlet final : public Window, private EditWatcher {
   void OfferTooltip(Point at);
   void OnButtonUp(Point at);
   void EndDrag();
+  bool TakeFrame(const AnimationFrame& frame);
   void OnSize();
   void OnFocus(bool gained);
   void OnDpiChanged(std::int32_t dpi);
@@ -192,6 +196,7 @@ class BJotlet final : public Window, private EditWatcher {
   void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();
+  void ApplyGhost();
   void ShowAlarm();
   void StartPendingAlarm();
   void TickAlarm();

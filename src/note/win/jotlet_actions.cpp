@@ -45,13 +45,19 @@ void BJotlet::SetHidden(bool hidden) {
 void BJotlet::SetGhost(bool ghost) {
   if (record_.ghost == ghost) return;
   record_.ghost = ghost;
-  const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
-  // The layered style stays: without it, the first half of a change would show the note opaque.
-  SetWindowLongPtrW(Handle(), GWL_EXSTYLE,
-                    ghost ? style | WS_EX_TRANSPARENT | WS_EX_LAYERED : style & ~WS_EX_TRANSPARENT);
+  ApplyGhost();
   ApplyOpacity();
   UpdateView();
   owner_.OnJotletChanged();
+}
+
+// A ghost whose alarm sounds can be clicked, or nobody could quieten it.
+void BJotlet::ApplyGhost() {
+  const bool through = record_.ghost && !IsSounding();
+  const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
+  // The layered style stays: without it, the first half of a change would show the note opaque.
+  SetWindowLongPtrW(Handle(), GWL_EXSTYLE,
+                    through ? style | WS_EX_TRANSPARENT | WS_EX_LAYERED : style & ~WS_EX_TRANSPARENT);
 }
 
 void BJotlet::SetTransparency(std::int32_t percent) {
@@ -85,12 +91,19 @@ void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
 
 bool BJotlet::TickAnimation() {
   const auto frame = animation_.Tick(owner_.NoteOptions().animationSpeed);
-  if (!frame) return false;
+  return frame && TakeFrame(*frame);
+}
+
+void BJotlet::FinishAnimation() {
+  if (const auto frame = animation_.FinishNow()) TakeFrame(*frame);
+}
+
+bool BJotlet::TakeFrame(const AnimationFrame& frame) {
   // Hidden before it is put back to where it was, so that nobody sees it jump.
-  if (frame->finished && animation_.kind == AnimationKind::kHide) SetHidden(true);
-  SetWindowPos(Handle(), nullptr, frame->position.x, frame->position.y, 0, 0,
+  if (frame.finished && animation_.kind == AnimationKind::kHide) SetHidden(true);
+  SetWindowPos(Handle(), nullptr, frame.position.x, frame.position.y, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  if (!frame->finished) return true;
+  if (!frame.finished) return true;
   owner_.OnJotletChanged();
   StartPendingAlarm();
   owner_.OnAnimationEnded(*this, animation_.kind);

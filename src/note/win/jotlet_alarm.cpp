@@ -35,6 +35,7 @@ void BJotlet::StartAlarm() {
   alarmPhase_ = 0;
   record_.alarm = kNone;
   SetTimer(Handle(), kAlarmTimer, kAlarmPeriod, nullptr);
+  if (record_.ghost) ApplyGhost();
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ShowPaper();
   ShowAlarm();
@@ -50,6 +51,7 @@ void BJotlet::StopAlarm() {
   if (!IsSounding() || Handle() == nullptr) return;
   alarmPhase_ = kNotSounding;
   KillTimer(Handle(), kAlarmTimer);
+  if (record_.ghost) ApplyGhost();
   SetWindowPos(Handle(), nullptr, alarmOrigin_.x, alarmOrigin_.y, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   // What was on top before stays there.

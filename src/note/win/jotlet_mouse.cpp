@@ -99,7 +99,8 @@ void BJotlet::DragTo(Point offset) {
   if (drag_ == Drag::kMoving) {
     const Rect moved = RectAt({dragBounds_.left + offset.x, dragBounds_.top + offset.y},
                               {dragBounds_.Width(), dragBounds_.Height()});
-    const Rect before = Bounds();
+    // An alarm may begin in the middle of it.
+    const Rect before = SettledBounds();
     const Rect snapped = SnappedMove(moved, snap, alt, targets);
     const Point by{snapped.left - before.left, snapped.top - before.top};
     owner_.OnJotletDragged(*this, IsHeld(VK_SHIFT));
@@ -171,6 +172,7 @@ void BJotlet::OnButtonUp(Point at) {
 void BJotlet::TakeDrag() {
   constexpr std::int32_t kGrip = 8;  // below the top edge, where every skin has its title
   const Point mouse = MousePosition();
+  FinishAnimation();
   PlaceAt({mouse.x - Bounds().Width() / 2, mouse.y - kGrip});
   SetHidden(false);
   BringForward();

@@ -10,6 +10,7 @@ namespace jotlets {
 
 struct MemberListLook {
   HFONT font = nullptr;
+  Colour paper;                         // that the rows are drawn on
   HFONT awayFont = nullptr;             // of notes that are not on the desktop now
   std::optional<std::size_t> hot;       // the row under the mouse
   std::optional<std::size_t> selected;  // by the keyboard

@@ -189,6 +189,7 @@ LRESULT BStackDlg::OnPaint() {
   const StackWords words(record_, members_.size());
   MemberListLook look;
   look.font = font_.get();
+  look.paper = PaperColour(skin_->data, view_.colour);
   look.awayFont = awayFont_.get();
   look.hot = hotRow_;
   look.selected = hasFocus_ ? selectedRow_ : std::nullopt;
