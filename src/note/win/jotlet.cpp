@@ -92,10 +92,13 @@ JotletData& BJotlet::Record() {
 }
 
 // Where the window is counts as the user's choice, unless it is where a rescue or a scale has put it. A
-// minimised window has a place far off every screen, and an animated one is on its way.
+// minimised window has a place far off every screen. One that moves by itself belongs where it will arrive,
+// also when the program ends before; one that goes away, where it came from.
 void BJotlet::SyncPlace() {
-  if (Handle() == nullptr || IsIconic(Handle()) || animation_.running) return;
-  const Rect bounds = SettledBounds();
+  if (Handle() == nullptr || IsIconic(Handle())) return;
+  if (animation_.running && animation_.kind != AnimationKind::kMove) return;
+  Rect bounds = SettledBounds();
+  if (animation_.running) bounds = RectAt(animation_.end, {bounds.Width(), bounds.Height()});
   if (bounds != place_.Shown()) place_.Choose(bounds);
   TakeBounds(record_, place_.Chosen(), Rolling());
 }
