@@ -171,11 +171,28 @@ Job::State BackupJob::Complete() {
   return state_ = State::kDone;
 }
 
+namespace {
+
+// A folder has many spellings, short names and links among them: what is written into one spelling shows up
+// in the others.
+FileStatus CheckOtherFolder(Files& files, TextView dataFolder, TextView into) {
+  constexpr TextView kProbe = u"backup.probe";
+  const Text here = Text(dataFolder).append(kProbe);
+  const Text there = Text(into).append(kProbe);
+  FileStatus status = files.Remove(here);
+  if (status) status = files.Write(there, "");
+  if (status && files.Exists(here)) status = FileStatus::Failed(u"this is the data folder");
+  files.Remove(there);
+  return status;
+}
+
+}  // namespace
+
 FileStatus BackUpInto(Files& files, const CodePage& ansi, TextView dataFolder, TextView folder) {
   const Text into = WithSeparator(folder);
   if (!IsFullPath(into)) return FileStatus::Failed(u"not a full path");
-  if (EqualIgnoreCase(into, dataFolder)) return FileStatus::Failed(u"this is the data folder");
   if (files.Exists(into)) {
+    if (FileStatus other = CheckOtherFolder(files, dataFolder, into); !other) return other;
     FileStatus copied = CopyDataSet(files, dataFolder, into);
     if (copied && !HasReadableData(files, ansi, into)) return FileStatus::Failed(u"cannot be read back");
     return copied;

@@ -90,7 +90,8 @@ class BackupJob final : public Job {
 
 /// Copies the data set into exactly this folder, now and whole. One that is not there yet becomes
 /// a verified backup; into any other, each file is put in one step in the place of an older one.
-/// Refused for what is no full path, and for the data folder itself (`dataFolder`, with "\\" at its end).
+/// Refused for what is no full path, and for the data folder itself (`dataFolder`, with "\\" at its end),
+/// however it is spelled.
 FileStatus BackUpInto(Files& files, const CodePage& ansi, TextView dataFolder, TextView folder);
 
 /// Removes the oldest backups until at most `keep` (at least 1) are left; each is logged. Backups that cannot

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/data_folder.h"
+#include "data/jotlet_id.h"
 #include "data/loading.h"
 #include "data/rtf_bytes.h"
 
@@ -18,8 +19,8 @@ Text ContentOf(TextView folder, TextView id, bool isImage) {
   return Text(folder) + ContentPath(named);
 }
 
-NoteList ListOf(const JotletData& record) {
-  if (record.deletedTime != kNotSet) return NoteList::kClosed;
+NoteList ListOf(const JotletData& record, bool closed) {
+  if (closed) return NoteList::kClosed;
   if (record.sleeping) return NoteList::kSleeping;
   return record.IsAttached() ? NoteList::kAttached : NoteList::kDesktop;
 }
@@ -39,17 +40,20 @@ FileStatus ProvideContent(const AdmissionContext& context, const FiledJotlet& no
 
 std::optional<AdmittedNote> AdmitEncodedNote(const AdmissionContext& context, TextView encoded, bool asleep) {
   TextView line = TrimBlanks(encoded);
-  std::int32_t closed = kNotSet;
-  if (StartsWithIgnoreCase(line, kClosedTag)) {
+  // A note that was closed at an unknown time is closed all the same.
+  const bool closed = StartsWithIgnoreCase(line, kClosedTag);
+  std::int32_t closedAt = kNotSet;
+  if (closed) {
     line.remove_prefix(kClosedTag.size());
-    closed = ParseInt(line);
+    closedAt = ParseInt(line);
     line.remove_prefix(std::min(line.find(u'<'), line.size()));
   }
   FiledJotlet note = ParseEncodedJotlet(line, context.blank, context.freshId);
-  note.record.deletedTime = closed;
-  note.record.sleeping = note.record.sleeping || (asleep && closed == kNotSet);
+  note.record.deletedTime = closedAt;
+  note.record.sleeping = note.record.sleeping || (asleep && !closed);
   const Text givenId = note.record.id;
-  if (context.isTaken(givenId) || context.files.Exists(ContentOf(context.folder, givenId, false)) ||
+  if (!IsAddressableId(givenId) || context.isTaken(givenId) ||
+      context.files.Exists(ContentOf(context.folder, givenId, false)) ||
       context.files.Exists(ContentOf(context.folder, givenId, true))) {
     note.record.id = context.freshId();
   }
@@ -57,7 +61,7 @@ std::optional<AdmittedNote> AdmitEncodedNote(const AdmissionContext& context, Te
     context.log.Write(kLogLifecycle, u"No content for a note from outside: ", provided.reason);
     return std::nullopt;
   }
-  const NoteList list = ListOf(note.record);
+  const NoteList list = ListOf(note.record, closed);
   return AdmittedNote{std::move(note.record), list};
 }
 

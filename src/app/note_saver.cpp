@@ -1,5 +1,6 @@
 #include "app/note_saver.h"
 
+#include <set>
 #include <utility>
 
 #include "data/data_folder.h"
@@ -43,7 +44,7 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   }
   if (isMainSave) {
     dirty_ = false;
-    RemoveContents();
+    RemoveContents(view);
   }
   log_.Write(kLogDetail, u"SaveJotlets completed OK");
   return true;
@@ -64,8 +65,15 @@ bool NoteSaver::PutUnreadFileAside() {
   return true;
 }
 
-void NoteSaver::RemoveContents() {
+void NoteSaver::RemoveContents(const DataFileView& view) {
+  // While saves failed, a new note may have got the id of one that is gone.
+  std::set<Text> inUse;
+  if (!contentToRemove_.empty()) {
+    for (const JotletData* record : view.jotlets) inUse.insert(FoldCase(ContentPath(*record)));
+    for (const JotletData& record : view.deleted) inUse.insert(FoldCase(ContentPath(record)));
+  }
   for (const Text& path : std::exchange(contentToRemove_, {})) {
+    if (inUse.contains(FoldCase(path))) continue;
     const FileStatus removed = files_.Remove(folder_ + path);
     if (!removed) log_.Write(kLogLifecycle, u"Unable to remove '", path, u"': ", removed.reason);
   }

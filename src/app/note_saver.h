@@ -55,7 +55,7 @@ class NoteSaver {
 
  private:
   bool PutUnreadFileAside();
-  void RemoveContents();
+  void RemoveContents(const DataFileView& view);
 
   Files& files_;
   const Clock& clock_;

@@ -262,7 +262,7 @@ constexpr std::array kWriters = {
     FieldWriter{u"utext", u"hex form", u"000 OK text set; 997 jotlet is image", WriteHexText},
     FieldWriter{u"position", u"x,y", u"000 OK position set, then event 509", WritePosition},
     FieldWriter{u"rtf", u"rich text", u"000 OK rtf set; 997 jotlet is image", WriteRtf},
-    FieldWriter{u"id", u"a plain file name that no note has",
+    FieldWriter{u"id", u"a plain file name without blanks and commas that no note has",
                 u"000 OK id set; 995 problem saving; 996 id already exists; 997 unable to set id", WriteId},
     FieldWriter{u"modified", u"seconds since 1970 UTC, or what `get desktop` gives", u"000 OK modified set",
                 WriteModified},

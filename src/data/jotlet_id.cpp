@@ -33,6 +33,8 @@ bool IsPlainFileName(TextView text) {
   return !foreign && !IsDeviceName(text);
 }
 
+bool IsAddressableId(TextView id) { return IsPlainFileName(id) && id.find_first_of(u" ,") == TextView::npos; }
+
 Text IdSource::Next(const LocalTime& now) {
   if (++counter_ > 10000) counter_ = 10;
   Text id;

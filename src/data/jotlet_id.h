@@ -14,6 +14,10 @@ namespace jotlets {
 /// stop at the end.
 bool IsPlainFileName(TextView text);
 
+/// Whether other programs can name a note by this id: a plain file name without blanks, which end an id in a
+/// command, and commas, which end one in a list.
+bool IsAddressableId(TextView id);
+
 /// Makes fresh note identities.
 class IdSource {
  public:

@@ -176,8 +176,9 @@ TEST_F(BackupFolder, TakesTheDataIntoExactlyTheFolderThatIsNamed) {
   EXPECT_TRUE(BackUpInto(files, ansi, u"D:\\", u"E:\\mine\\"));
   EXPECT_EQ(files.Get(u"E:\\mine\\jotlets.ini"), kData);
   EXPECT_EQ(files.Get(u"E:\\mine\\other.txt"), "kept");
-  for (const TextView refused : {TextView(u""), TextView(u"mine"), TextView(u"d:\\")})
+  for (const TextView refused : {TextView(u""), TextView(u"mine"), TextView(u"d:\\"), TextView(u"D:\\.")})
     EXPECT_FALSE(BackUpInto(files, ansi, u"D:\\", refused)) << ToUtf8(refused);
+  for (const Text& path : files.Paths()) EXPECT_FALSE(path.ends_with(u"probe")) << ToUtf8(path);
   files.unchangeable.insert(u"e:\\mine\\jotlets.ini");
   EXPECT_FALSE(BackUpInto(files, ansi, u"D:\\", u"E:\\mine"));
 }

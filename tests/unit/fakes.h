@@ -114,9 +114,9 @@ class FakeFiles final : public Files {
   int changesUntilFailure = -1;             // counts down to the one change that fails
   std::function<void(TextView to)> onCopy;  // what happens between a copy and the next call
 
-  void Put(TextView path, std::string bytes) { files_[FoldCase(path)] = {Text(path), std::move(bytes)}; }
+  void Put(TextView path, std::string bytes) { files_[Key(path)] = {Text(path), std::move(bytes)}; }
   std::string Get(TextView path) const {
-    const auto found = files_.find(FoldCase(path));
+    const auto found = files_.find(Key(path));
     return found == files_.end() ? "(missing)" : found->second.second;
   }
   std::vector<Text> Paths() const {
@@ -174,7 +174,7 @@ class FakeFiles final : public Files {
     });
   }
   FileStatus Remove(TextView path) override {
-    return Change(path, [&] { files_.erase(FoldCase(path)); });
+    return Change(path, [&] { files_.erase(Key(path)); });
   }
   FileStatus MakeFolder(TextView path) override {
     return Change(path, [&] { folders_.insert(WithoutSeparator(path)); });
@@ -216,9 +216,12 @@ class FakeFiles final : public Files {
     return {};
   }
 
-  bool IsFile(TextView path) const { return files_.contains(FoldCase(path)); }
+  bool IsFile(TextView path) const { return files_.contains(Key(path)); }
+  // One file has many paths.
+  static Text Key(TextView path) { return ReplaceAll(FoldCase(path), u"\\.\\", u"\\"); }
   static Text WithoutSeparator(TextView path) {
-    return FoldCase(path.substr(0, path.find_last_not_of(u'\\') + 1));
+    const Text key = Key(path);
+    return key.substr(0, key.find_last_not_of(u'\\') + 1);
   }
   static bool IsInside(const Text& folded, const Text& folder) {
     return folded.size() > folder.size() && folded[folder.size()] == u'\\' && folded.starts_with(folder);
@@ -395,7 +398,7 @@ class FakeProgram final : public CommandHost {
     return works ? u"ENC" + IntText(++created) : Text();
   }
   Renamed SetDesktopId(TextView id, TextView newId) override {
-    if (!IsPlainFileName(newId)) return Renamed::kNoName;
+    if (!IsAddressableId(newId)) return Renamed::kNoName;
     if (FindDesktop(newId) != nullptr) return Renamed::kTaken;
     if (!works) return Renamed::kFailed;
     FindDesktop(id)->Record().id = newId;

@@ -60,6 +60,7 @@ TEST_F(Admission, PutsANoteWhereItBelongs) {
   EXPECT_EQ(list(u"<CLOSED>77", true), NoteList::kClosed);
   EXPECT_EQ(Admit(u"<closed>77<X>5<RTF>", true)->record.deletedTime, 77);
   EXPECT_EQ(Admit(u"<CLOSED>77")->record.deletedTime, 77);
+  EXPECT_EQ(list(u"<CLOSED>-65535"), NoteList::kClosed);
 }
 
 TEST_F(Admission, NeverWritesOverAnotherNote) {
@@ -67,7 +68,7 @@ TEST_F(Admission, NeverWritesOverAnotherNote) {
   files.Put(u"C:\\d\\rtf\\B.rtf", "old");
   files.Put(u"C:\\d\\images\\C.png", "picture");
   files.Put(u"C:\\d\\default.png", "white");
-  for (const TextView id : {u"A", u"b", u"C", u"..\\..\\x", u"a/b", u"NUL", u""}) {
+  for (const TextView id : {u"A", u"b", u"C", u"..\\..\\x", u"a/b", u"NUL", u"x,y", u"x y", u""}) {
     const auto admitted = Admit(u"<ID>" + Text(id) + u"<RTF>{\\rtf1 new}");
     ASSERT_TRUE(admitted);
     EXPECT_TRUE(admitted->record.id.starts_with(u"FRESH")) << ToUtf8(id);

@@ -88,7 +88,12 @@ TEST_F(Saving, AFailureKeepsEverythingForTheNextTime) {
   open.contents = {};
   EXPECT_TRUE(saver.SaveIfDirty() && !saver.IsDirty() && !files.Exists(u"D:\\rtf\\X.rtf"));
   files.Put(u"D:\\rtf\\X.rtf", "");  // a later note of that id keeps its content
-  EXPECT_TRUE(saver.SaveJotlets(saver.MainPath(), true) && files.Exists(u"D:\\rtf\\X.rtf"));
+  files.Put(u"D:\\rtf\\Y.rtf", "");
+  for (const TextView gone : {u"x", u"Y"}) saver.RemoveContentLater(Note(gone));
+  open.notes = {Note(u"X")};
+  lists.deleted = {Note(u"y")};
+  EXPECT_TRUE(saver.SaveJotlets(saver.MainPath(), true) && files.Exists(u"D:\\rtf\\X.rtf") &&
+              files.Exists(u"D:\\rtf\\Y.rtf"));
 }
 
 TEST_F(Saving, AFileThatWasNotReadIsPutAsideBeforeItIsReplaced) {

@@ -57,7 +57,7 @@ Text CMainFrame::AdmitJotlet(TextView encoded, bool asleep, TextView reason) {
 CommandHost::Renamed CMainFrame::SetJotletId(TextView id, TextView newId) {
   using Renamed = CommandHost::Renamed;
   BJotlet* jotlet = FindJotlet(id);
-  if (jotlet == nullptr || !IsPlainFileName(newId)) return Renamed::kNoName;
+  if (jotlet == nullptr || !IsAddressableId(newId)) return Renamed::kNoName;
   const bool otherLetters = !EqualIgnoreCase(id, newId);
   if (otherLetters && maker_.IsTaken(newId)) return Renamed::kTaken;
   if (otherLetters) {
