@@ -84,7 +84,8 @@ void DesktopJotlets::ShowAll() {
   });
 }
 
-// Showing and hiding moves the focus, which is told of, and a listener may take notes away.
+// Showing, hiding and making an editor anew move the focus, which is told of, and a listener may take notes
+// away.
 template <typename Do>
 void DesktopJotlets::ForEachOf(const std::vector<Text>& ids, Do act) {
   for (const Text& id : ids) {
@@ -337,7 +338,7 @@ void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
 }
 
 void DesktopJotlets::RefreshSkins() {
-  for (const auto& jotlet : jotlets_) jotlet->RefreshSkin();
+  ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.RefreshSkin(); });
 }
 
 }  // namespace jotlets

@@ -5,7 +5,6 @@
 #include "app/win/hot_keys.h"
 #include "app/win/user_messages.h"
 #include "data/data_folder.h"
-#include "note/shortcuts.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -327,40 +326,6 @@ Text CMainFrame::StackName(std::int32_t number) const {
 Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNING); }
 
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
-
-// Typing quietens a note, as any command does.
-void CMainFrame::StopAlarmByKey(const MSG& message) {
-  const bool menuOrModifier = message.wParam == VK_APPS || message.wParam == VK_CONTROL ||
-                              message.wParam == VK_SHIFT || message.wParam == VK_MENU;
-  BJotlet* jotlet = menuOrModifier ? nullptr : desktop_.FindWindowOwner(message.hwnd);
-  if (jotlet != nullptr) jotlet->StopAlarm();
-}
-
-bool CMainFrame::TranslateKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
-  if (desktop_.IsAnySounding()) StopAlarmByKey(message);
-  const auto held = [](int key) { return GetKeyState(key) < 0; };
-  const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), held(VK_CONTROL), held(VK_SHIFT),
-                         held(VK_MENU)};
-  const ActionCode action = ActionFromKey(pressed);
-  const WindowKey window = WindowKeyFrom(pressed);
-  if ((action == kActionNone && window == WindowKey{}) || exiting_) return false;
-  // A dialog of ours may be open over the notes; its keys are its own.
-  BJotlet* jotlet = desktop_.FindWindowOwner(message.hwnd);
-  if (jotlet == nullptr) return false;
-  if (action != kActionNone) return jotlet->DoAction(action, {});
-  if (window.toNote != 0) {
-    if (BJotlet* next = desktop_.Neighbour(*jotlet, window.toNote)) {
-      next->BringForward();
-      next->TakeFocus();
-    }
-  } else if (window.move != Point{}) {
-    jotlet->MoveByKey(window.move);
-  } else {
-    jotlet->GrowByKey(window.grow);
-  }
-  return true;
-}
 
 void CMainFrame::OnCommand(UINT command) {
   if (ready_ && !exiting_) programCommands_.Do(command);

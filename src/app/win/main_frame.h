@@ -16,6 +16,7 @@
 #include "app/win/jotlet_actions.h"
 #include "app/win/jotlet_maker.h"
 #include "app/win/managed_notes.h"
+#include "app/win/note_keys.h"
 #include "app/win/program_commands.h"
 #include "app/win/program_instance.h"
 #include "app/win/sleeping_jotlets.h"
@@ -146,8 +147,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   /// done with.
   bool TranslateDialogKey(const MSG& message) { return managed_.Dialog().TranslateKey(message); }
   bool TranslateDialog(MSG& message) { return managed_.Dialog().TranslateRest(message); }
-  /// Carries out the command of a key pressed in a note; false when it is none.
-  bool TranslateKey(const MSG& message);
+  /// Serves a key pressed in a note; false when it belongs to the text.
+  bool TranslateKey(const MSG& message) { return !exiting_ && ServeNoteKey(desktop_, message); }
 
   /// A note or a stack waits to be thrown away.
   void PurgeSoon() override;
@@ -209,7 +210,6 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void OnMinute();
   void OnSecond();
   void OnEndSession(bool ending);
-  void StopAlarmByKey(const MSG& message);
 
   bool HasStack(std::int32_t number) const override { return lists_.FindStack(number) != nullptr; }
   Text StackName(std::int32_t number) const override;
