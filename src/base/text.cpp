@@ -278,4 +278,10 @@ Text FromAscii(std::string_view ascii) {
   return out;
 }
 
+Text WithSeparator(TextView path) {
+  Text folder(path);
+  if (!folder.empty() && folder.back() != u'\\' && folder.back() != u'/') folder.push_back(u'\\');
+  return folder;
+}
+
 }  // namespace jotlets

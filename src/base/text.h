@@ -85,4 +85,7 @@ Text FromUtf8(std::string_view bytes, bool* valid = nullptr);
 /// The UTF-16 text of ASCII characters, for literals that arrive as narrow text.
 Text FromAscii(std::string_view ascii);
 
+/// `path` with exactly one "\" at its end; an empty path stays empty.
+Text WithSeparator(TextView path);
+
 }  // namespace jotlets

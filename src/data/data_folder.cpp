@@ -23,12 +23,6 @@ Text ExpandProfile(Text path, TextView profileFolder) {
 
 }  // namespace
 
-Text WithSeparator(TextView path) {
-  Text folder(path);
-  if (!folder.empty() && folder.back() != u'\\' && folder.back() != u'/') folder.push_back(u'\\');
-  return folder;
-}
-
 bool IsFullPath(TextView path) {
   const auto separates = [path](std::size_t at) {
     return path.size() > at && (path[at] == u'\\' || path[at] == u'/');

@@ -31,9 +31,6 @@ struct DataFolderFacts {
   Text applicationDataFolder;
 };
 
-/// `path` with exactly one "\" at its end; an empty path stays empty.
-Text WithSeparator(TextView path);
-
 /// Whether a path names a folder whatever the current folder and drive are.
 bool IsFullPath(TextView path);
 

@@ -22,6 +22,37 @@ struct RecordDefaults {
   bool user3 = false;
 };
 
+/// When a note that sleeps comes back, and how. Times are seconds since 1970-01-01 UTC.
+struct SleepState {
+  bool asleep = false;
+  bool recurring = false;
+  std::int32_t nextWake = 0;
+  std::int32_t lastWake = kNone;  // the end of a recurrence
+  std::int32_t flags = 0;         // see `WakeFlags`
+  std::int32_t type = 0;          // this and the rest: the rule of a recurrence
+  std::int32_t hours = 0;
+  std::int32_t minutes = 0;
+  std::int32_t day = 0;
+
+  friend bool operator==(const SleepState&, const SleepState&) = default;
+};
+
+/// The window of another program that a note belongs to: patterns of its title and class, what it must be to
+/// count, and where the note stands as seen from its upper left corner.
+struct Attachment {
+  Text title;
+  Text className;  // empty: the note is not attached
+  bool onlyFocus = false;
+  bool onlyVisible = false;
+  std::int32_t posType = 0;  // 1: the note keeps its place beside the window
+  std::int32_t posX = kNone;
+  std::int32_t posY = kNone;
+
+  bool IsSet() const { return !className.empty(); }
+
+  friend bool operator==(const Attachment&, const Attachment&) = default;
+};
+
 /// Positions and sizes are screen pixels, times are seconds since 1970-01-01 UTC. Fields stand in the order
 /// in which the record has always listed them; `jotlet_line.h` has their written forms.
 struct JotletData {
@@ -56,29 +87,15 @@ struct JotletData {
   std::int32_t stack = kNone;
   Text lastSend;
   Text fromRecurring;
-  bool sleeping = false;
-  bool recurring = false;
-  std::int32_t sleepNextWake = 0;
-  std::int32_t sleepLastWake = kNone;
-  std::int32_t sleepAlarm = 0;
-  std::int32_t sleepType = 0;
-  std::int32_t sleepHours = 0;
-  std::int32_t sleepMinutes = 0;
-  std::int32_t sleepDay = 0;
-  Text attachTitle;
-  Text attachClass;  // non-empty: the note is attached
-  bool attachFocus = false;
-  bool attachVisible = false;
-  std::int32_t attachPosType = 0;
-  std::int32_t attachPosX = kNone;
-  std::int32_t attachPosY = kNone;
+  SleepState sleep;
+  Attachment attachment;
   std::int32_t deletedTime = kNotSet;
 
   /// Every field to its default, with the option-dependent ones from `defaults`, created at `now`.
   void Reset(const RecordDefaults& defaults, std::int32_t now, Text freshId);
 
   bool IsImage() const { return isImage == 1; }
-  bool IsAttached() const { return !attachClass.empty(); }
+  bool IsAttached() const { return attachment.IsSet(); }
 
   friend bool operator==(const JotletData&, const JotletData&) = default;
 };

@@ -9,9 +9,10 @@ namespace {
 
 using Apply = void (*)(JotletData&, TextView);
 
-template <auto Member>
+// A member of the record, or of one of its parts.
+template <auto... Member>
 void Number(JotletData& record, TextView value) {
-  record.*Member = ParseInt(value);
+  (record.*....*Member) = ParseInt(value);
 }
 
 // The low 8 bits of the number replace this byte of the colour and no other.
@@ -20,9 +21,9 @@ void ColourByte(JotletData& record, TextView value) {
   record.colour.*Member = static_cast<std::uint8_t>(static_cast<std::uint32_t>(ParseInt(value)) & 0xFF);
 }
 
-template <auto Member>
+template <auto... Member>
 void Flag(JotletData& record, TextView value) {
-  record.*Member = value == u"1";
+  (record.*....*Member) = value == u"1";
 }
 
 template <auto Member>
@@ -35,9 +36,9 @@ void AsItIs(JotletData& record, TextView value) {
   record.*Member = value;
 }
 
-template <auto Member>
+template <auto... Member>
 void Unescaped(JotletData& record, TextView value) {
-  record.*Member = UnescapeAngles(value);
+  (record.*....*Member) = UnescapeAngles(value);
 }
 
 struct TagRow {
@@ -84,22 +85,22 @@ constexpr std::array kTags = {
     TagRow{u"<LASTSEND>",
            [](J& record, TextView value) { record.lastSend = ReplaceAll(value, u"^M", u"\n"); }},
     TagRow{u"<FROMRECURRING>", AsItIs<&J::fromRecurring>},
-    TagRow{u"<SLEEPING>", Flag<&J::sleeping>},
-    TagRow{u"<RECURRING>", Flag<&J::recurring>},
-    TagRow{u"<SLEEPNEXTWAKE>", Number<&J::sleepNextWake>},
-    TagRow{u"<SLEEPLASTWAKE>", Number<&J::sleepLastWake>},
-    TagRow{u"<SLEEPALARM>", Number<&J::sleepAlarm>},
-    TagRow{u"<SLEEPTYPE>", Number<&J::sleepType>},
-    TagRow{u"<SLEEPHOURS>", Number<&J::sleepHours>},
-    TagRow{u"<SLEEPMINUTES>", Number<&J::sleepMinutes>},
-    TagRow{u"<SLEEPDAY>", Number<&J::sleepDay>},
-    TagRow{u"<ATTACHTITLE>", Unescaped<&J::attachTitle>},
-    TagRow{u"<ATTACHCLASS>", Unescaped<&J::attachClass>},
-    TagRow{u"<ATTACHFOCUS>", Flag<&J::attachFocus>},
-    TagRow{u"<ATTACHVISIBLE>", Flag<&J::attachVisible>},
-    TagRow{u"<ATTACHPOSTYPE>", Number<&J::attachPosType>},
-    TagRow{u"<ATTACHPOSX>", Number<&J::attachPosX>},
-    TagRow{u"<ATTACHPOSY>", Number<&J::attachPosY>},
+    TagRow{u"<SLEEPING>", Flag<&J::sleep, &SleepState::asleep>},
+    TagRow{u"<RECURRING>", Flag<&J::sleep, &SleepState::recurring>},
+    TagRow{u"<SLEEPNEXTWAKE>", Number<&J::sleep, &SleepState::nextWake>},
+    TagRow{u"<SLEEPLASTWAKE>", Number<&J::sleep, &SleepState::lastWake>},
+    TagRow{u"<SLEEPALARM>", Number<&J::sleep, &SleepState::flags>},
+    TagRow{u"<SLEEPTYPE>", Number<&J::sleep, &SleepState::type>},
+    TagRow{u"<SLEEPHOURS>", Number<&J::sleep, &SleepState::hours>},
+    TagRow{u"<SLEEPMINUTES>", Number<&J::sleep, &SleepState::minutes>},
+    TagRow{u"<SLEEPDAY>", Number<&J::sleep, &SleepState::day>},
+    TagRow{u"<ATTACHTITLE>", Unescaped<&J::attachment, &Attachment::title>},
+    TagRow{u"<ATTACHCLASS>", Unescaped<&J::attachment, &Attachment::className>},
+    TagRow{u"<ATTACHFOCUS>", Flag<&J::attachment, &Attachment::onlyFocus>},
+    TagRow{u"<ATTACHVISIBLE>", Flag<&J::attachment, &Attachment::onlyVisible>},
+    TagRow{u"<ATTACHPOSTYPE>", Number<&J::attachment, &Attachment::posType>},
+    TagRow{u"<ATTACHPOSX>", Number<&J::attachment, &Attachment::posX>},
+    TagRow{u"<ATTACHPOSY>", Number<&J::attachment, &Attachment::posY>},
 };
 
 void ApplyToken(JotletData& record, TextView token) {
@@ -156,14 +157,14 @@ void ParseAsleep(JotletData& record, TextView field) {
     more = part.head.size() < field.size();
     field = part.tail;
   }
-  record.sleeping = true;
-  record.recurring = count > 2;
-  record.sleepNextWake = numbers[0];
-  record.sleepAlarm = numbers[1];
-  record.sleepType = numbers[2];
-  record.sleepHours = numbers[3];
-  record.sleepMinutes = numbers[4];
-  record.sleepDay = numbers[5];
+  record.sleep.asleep = true;
+  record.sleep.recurring = count > 2;
+  record.sleep.nextWake = numbers[0];
+  record.sleep.flags = numbers[1];
+  record.sleep.type = numbers[2];
+  record.sleep.hours = numbers[3];
+  record.sleep.minutes = numbers[4];
+  record.sleep.day = numbers[5];
 }
 
 void ParseColonSeparated(JotletData& record, TextView rest) {
@@ -175,8 +176,8 @@ void ParseColonSeparated(JotletData& record, TextView rest) {
   record.x = ParseInt(nextField());
   record.y = ParseInt(nextField());
   ParseStyle(record, nextField());
-  record.sleepNextWake = kNotSet;
-  record.sleepAlarm = kNotSet;
+  record.sleep.nextWake = kNotSet;
+  record.sleep.flags = kNotSet;
   while (!rest.empty()) {
     const TextView field = nextField();
     if (field.substr(0, 3) == u"ZZZ") ParseAsleep(record, field.substr(3));
@@ -220,29 +221,29 @@ void PutEscapedIfAny(Text& out, TextView tag, const Text& value) {
 }
 
 void PutSleep(Text& out, const JotletData& r) {
-  if (!r.sleeping) return;
+  if (!r.sleep.asleep) return;
   out.append(u"<SLEEPING>1");
-  if (r.recurring) out.append(u"<RECURRING>1");
-  Put(out, u"<SLEEPNEXTWAKE>", r.sleepNextWake);
-  Put(out, u"<SLEEPALARM>", r.sleepAlarm);
-  if (!r.recurring) return;
-  Put(out, u"<SLEEPTYPE>", r.sleepType);
-  Put(out, u"<SLEEPHOURS>", r.sleepHours);
-  Put(out, u"<SLEEPMINUTES>", r.sleepMinutes);
-  Put(out, u"<SLEEPDAY>", r.sleepDay);
-  Put(out, u"<SLEEPLASTWAKE>", r.sleepLastWake);
+  if (r.sleep.recurring) out.append(u"<RECURRING>1");
+  Put(out, u"<SLEEPNEXTWAKE>", r.sleep.nextWake);
+  Put(out, u"<SLEEPALARM>", r.sleep.flags);
+  if (!r.sleep.recurring) return;
+  Put(out, u"<SLEEPTYPE>", r.sleep.type);
+  Put(out, u"<SLEEPHOURS>", r.sleep.hours);
+  Put(out, u"<SLEEPMINUTES>", r.sleep.minutes);
+  Put(out, u"<SLEEPDAY>", r.sleep.day);
+  Put(out, u"<SLEEPLASTWAKE>", r.sleep.lastWake);
 }
 
 void PutAttachment(Text& out, const JotletData& r) {
   if (!r.IsAttached()) return;
-  PutText(out, u"<ATTACHTITLE>", EscapeAngles(r.attachTitle));
-  PutText(out, u"<ATTACHCLASS>", EscapeAngles(r.attachClass));
-  Put(out, u"<ATTACHFOCUS>", r.attachFocus ? 1 : 0);
-  Put(out, u"<ATTACHVISIBLE>", r.attachVisible ? 1 : 0);
-  if (r.attachPosType != 1) return;
-  Put(out, u"<ATTACHPOSTYPE>", r.attachPosType);
-  Put(out, u"<ATTACHPOSX>", r.attachPosX);
-  Put(out, u"<ATTACHPOSY>", r.attachPosY);
+  PutText(out, u"<ATTACHTITLE>", EscapeAngles(r.attachment.title));
+  PutText(out, u"<ATTACHCLASS>", EscapeAngles(r.attachment.className));
+  Put(out, u"<ATTACHFOCUS>", r.attachment.onlyFocus ? 1 : 0);
+  Put(out, u"<ATTACHVISIBLE>", r.attachment.onlyVisible ? 1 : 0);
+  if (r.attachment.posType != 1) return;
+  Put(out, u"<ATTACHPOSTYPE>", r.attachment.posType);
+  Put(out, u"<ATTACHPOSX>", r.attachment.posX);
+  Put(out, u"<ATTACHPOSY>", r.attachment.posY);
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include "base/files.h"
 #include "base/log.h"
 #include "data/data_file.h"
-#include "data/jotlet_lists.h"
 
 namespace jotlets {
 
@@ -57,6 +56,12 @@ inline constexpr TextView kDamagedMark = u".damaged-";
 /// A name beside a file that no file has yet: the path, a word and the minute, and a number when that is
 /// taken. Nothing is ever written over a name made this way, so two damaged files cannot displace each other.
 Text DatedName(const Files& files, TextView path, TextView word, const LocalTime& now);
+
+/// The notes of one kind, as the content check walks them.
+struct NotesOfKind {
+  TextView kind;  // "Desktop", "Attached", "Sleeping/recurring", "Closed" or "Stored"
+  std::vector<const JotletData*> notes;
+};
 
 /// A content file that no note claims.
 struct Orphan {

@@ -5,17 +5,17 @@
 namespace jotlets {
 namespace {
 
-bool MeetsRequirements(const JotletData& record, const WindowFacts& window) {
-  return (!record.attachVisible || !window.minimised) && (!record.attachFocus || window.foreground);
+bool MeetsRequirements(const Attachment& attachment, const WindowFacts& window) {
+  return (!attachment.onlyVisible || !window.minimised) && (!attachment.onlyFocus || window.foreground);
 }
 
 // One text for everything that decides what a record matches. The lengths keep two pairs of patterns apart
 // that would join to the same text.
-Text RuleOf(const JotletData& record) {
-  Text rule = IntText(static_cast<std::int64_t>(record.attachTitle.size()));
-  rule.push_back(record.attachFocus ? u'F' : u'-');
-  rule.push_back(record.attachVisible ? u'V' : u'-');
-  return rule.append(record.attachTitle).append(record.attachClass);
+Text RuleOf(const Attachment& attachment) {
+  Text rule = IntText(static_cast<std::int64_t>(attachment.title.size()));
+  rule.push_back(attachment.onlyFocus ? u'F' : u'-');
+  rule.push_back(attachment.onlyVisible ? u'V' : u'-');
+  return rule.append(attachment.title).append(attachment.className);
 }
 
 std::vector<Text> Folded(std::span<const WindowFacts> windows, Text WindowFacts::*text) {
@@ -45,15 +45,15 @@ const AttachMatcher::Hits& AttachMatcher::WithText(std::unordered_map<Text, Hits
   return at->second;
 }
 
-const AttachMatch& AttachMatcher::Find(const JotletData& record) {
-  const auto [at, fresh] = byRule_.try_emplace(RuleOf(record));
+const AttachMatch& AttachMatcher::Find(const Attachment& attachment) {
+  const auto [at, fresh] = byRule_.try_emplace(RuleOf(attachment));
   AttachMatch& match = at->second;
   if (!fresh) return match;
-  const Hits& titles = WithText(byTitle_, titles_, record.attachTitle);
-  const Hits& classes = WithText(byClass_, classes_, record.attachClass);
+  const Hits& titles = WithText(byTitle_, titles_, attachment.title);
+  const Hits& classes = WithText(byClass_, classes_, attachment.className);
   for (std::size_t index = 0; index < windows_.size(); ++index) {
     const WindowFacts& window = windows_[index];
-    if (!titles[index] || !classes[index] || !MeetsRequirements(record, window)) continue;
+    if (!titles[index] || !classes[index] || !MeetsRequirements(attachment, window)) continue;
     match.any = true;
     if (!window.visible) continue;
     if (!match.target) match.target = index;
@@ -62,58 +62,52 @@ const AttachMatch& AttachMatcher::Find(const JotletData& record) {
   return match;
 }
 
-bool IsAlarmDue(const JotletData& record, std::int32_t now) {
+bool IsAlarmDueBy(const JotletData& record, std::int32_t now) {
   return record.alarm != kNone && record.alarm <= now;
 }
 
-std::optional<Point> AttachedPosition(const JotletData& record, const Rect& target) {
-  if (record.attachPosType != 1) return std::nullopt;
-  return Point{Saturated(std::int64_t{target.left} + record.attachPosX),
-               Saturated(std::int64_t{target.top} + record.attachPosY)};
+std::optional<Point> AttachedPosition(const Attachment& attachment, const Rect& target) {
+  if (attachment.posType != 1) return std::nullopt;
+  return Point{Saturated(std::int64_t{target.left} + attachment.posX),
+               Saturated(std::int64_t{target.top} + attachment.posY)};
 }
 
-bool IsTargetBehind(const JotletData& record, AttachMatcher& windows) {
-  JotletData plain;
-  plain.attachTitle = record.attachTitle;
-  plain.attachClass = record.attachClass;
+bool IsTargetBehind(const Attachment& attachment, AttachMatcher& windows) {
+  Attachment plain;
+  plain.title = attachment.title;
+  plain.className = attachment.className;
   const AttachMatch& match = windows.Find(plain);
   return match.target && !match.active;
 }
 
-void HoldToTarget(JotletData& record, Point position, const Rect& target) {
-  record.attachPosX = Saturated(std::int64_t{position.x} - target.left);
-  record.attachPosY = Saturated(std::int64_t{position.y} - target.top);
+void HoldToTarget(Attachment& attachment, Point position, const Rect& target) {
+  attachment.posX = Saturated(std::int64_t{position.x} - target.left);
+  attachment.posY = Saturated(std::int64_t{position.y} - target.top);
 }
 
-void Unattach(JotletData& record) {
-  record.attachTitle.clear();
-  record.attachClass.clear();
-  record.attachFocus = record.attachVisible = false;
-  record.attachPosType = 0;
-  record.attachPosX = record.attachPosY = kNone;
-}
-
-AttachDecision DecideAttachPass(std::span<const JotletData> waiting, std::span<const AttachedNote> desktop,
-                                AttachMatcher& windows, const Rect& screen, std::int32_t now) {
+AttachDecision DecideAttachPass(std::span<const JotletData* const> waiting,
+                                std::span<const AttachedNote> desktop, AttachMatcher& windows,
+                                const Rect& screen, std::int32_t now) {
   AttachDecision decision;
   for (std::size_t index = 0; index < waiting.size(); ++index) {
-    const JotletData& record = waiting[index];
-    const AttachMatch& match = windows.Find(record);
-    const bool alarmDue = IsAlarmDue(record, now);
+    const JotletData& record = *waiting[index];
+    const AttachMatch& match = windows.Find(record.attachment);
+    const bool alarmDue = IsAlarmDueBy(record, now);
     if (!match.target && !alarmDue) continue;
     std::optional<Point> position;
-    if (match.target) position = AttachedPosition(record, windows.Window(*match.target).bounds);
+    if (match.target) position = AttachedPosition(record.attachment, windows.Window(*match.target).bounds);
     decision.arrivals.push_back({index, position, alarmDue});
   }
   for (std::size_t index = 0; index < desktop.size(); ++index) {
     const AttachedNote& note = desktop[index];
-    const AttachMatch& match = windows.Find(*note.record);
+    const AttachMatch& match = windows.Find(note.record->attachment);
     if (match.target && !note.dragged) {
-      auto to = AttachedPosition(*note.record, windows.Window(*match.target).bounds);
+      auto to = AttachedPosition(note.record->attachment, windows.Window(*match.target).bounds);
       if (to) to = RescuedPosition(*to, screen);
       if (to && *to != note.position) decision.moves.push_back({index, *to});
     }
-    if (note.alarmWaits && !IsTargetBehind(*note.record, windows)) decision.alarms.push_back(index);
+    if (note.alarmWaits && !IsTargetBehind(note.record->attachment, windows))
+      decision.alarms.push_back(index);
     const bool held = note.dragged || note.alarmSounds || note.alarmWaits;
     if (!match.any && !held) decision.departs.push_back(index);
   }

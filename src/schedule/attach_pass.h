@@ -39,7 +39,7 @@ class AttachMatcher {
   /// `windows` from the topmost down; they outlive the matcher.
   explicit AttachMatcher(std::span<const WindowFacts> windows);
 
-  const AttachMatch& Find(const JotletData& record);
+  const AttachMatch& Find(const Attachment& attachment);
   const WindowFacts& Window(std::size_t index) const { return windows_[index]; }
 
  private:
@@ -83,28 +83,26 @@ struct AttachDecision {
   std::vector<std::size_t> departs;  // notes that no window is left for
 };
 
-/// Whether the alarm of a record is due: it has one, not later than `now` (seconds since 1970 UTC).
-bool IsAlarmDue(const JotletData& record, std::int32_t now);
+/// Whether the alarm of a waiting note is due: it has one, not later than `now` (seconds since 1970 UTC).
+bool IsAlarmDueBy(const JotletData& record, std::int32_t now);
 
 /// The pass. `screen` is the virtual screen: no note follows a window off it. Deliberately, a window that is
 /// not visible brings no note and leads none, but keeps the one that has come: what a program hides for a
 /// moment, it shows again. A note that is being dragged stays until it is let go, and one whose alarm sounds
 /// or waits does not leave either.
-AttachDecision DecideAttachPass(std::span<const JotletData> waiting, std::span<const AttachedNote> desktop,
-                                AttachMatcher& windows, const Rect& screen, std::int32_t now);
+AttachDecision DecideAttachPass(std::span<const JotletData* const> waiting,
+                                std::span<const AttachedNote> desktop, AttachMatcher& windows,
+                                const Rect& screen, std::int32_t now);
 
 /// Where a note of position type 1 belongs whose target is at `target`; nothing for the other types, which
 /// keep their own place.
-std::optional<Point> AttachedPosition(const JotletData& record, const Rect& target);
+std::optional<Point> AttachedPosition(const Attachment& attachment, const Rect& target);
 
 /// Whether the window of a note is there but not in the foreground, whatever else the note requires of it.
 /// Its alarm then waits.
-bool IsTargetBehind(const JotletData& record, AttachMatcher& windows);
+bool IsTargetBehind(const Attachment& attachment, AttachMatcher& windows);
 
 /// Writes down where a note is now, as seen from its target.
-void HoldToTarget(JotletData& record, Point position, const Rect& target);
-
-/// Turns the note into a plain one.
-void Unattach(JotletData& record);
+void HoldToTarget(Attachment& attachment, Point position, const Rect& target);
 
 }  // namespace jotlets

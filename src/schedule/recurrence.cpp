@@ -108,7 +108,7 @@ bool IsWithin(std::int32_t value, std::int32_t least, std::int32_t most) {
 }  // namespace
 
 WakeRule RuleOf(const JotletData& record) {
-  return {record.sleepType, record.sleepHours, record.sleepMinutes, record.sleepDay};
+  return {record.sleep.type, record.sleep.hours, record.sleep.minutes, record.sleep.day};
 }
 
 TextView FaultOf(const WakeRule& rule) {

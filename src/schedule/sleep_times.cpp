@@ -16,7 +16,7 @@ std::int32_t ToBits(const WakeFlags& flags) {
 }
 
 WakeFlags FlagsOf(const JotletData& record) {
-  const std::int32_t bits = record.sleepAlarm;
+  const std::int32_t bits = record.sleep.flags;
   return {(bits & kSoundBit) != 0, (bits & kAlarmBit) != 0, (bits & kOnTopBit) != 0};
 }
 
@@ -34,23 +34,23 @@ std::int64_t SleepSeconds(std::int32_t number, std::int32_t unit) {
 }
 
 void PutToSleep(JotletData& record, std::int64_t wakeTime, const WakeFlags& flags) {
-  record.sleeping = true;
-  record.recurring = false;
-  record.sleepNextWake = RecordTime(wakeTime);
-  record.sleepAlarm = ToBits(flags);
+  record.sleep.asleep = true;
+  record.sleep.recurring = false;
+  record.sleep.nextWake = RecordTime(wakeTime);
+  record.sleep.flags = ToBits(flags);
   // An end that a recurrence left behind would keep the note asleep for good.
-  record.sleepLastWake = kNone;
+  record.sleep.lastWake = kNone;
 }
 
 void MakeRecurring(JotletData& record, const WakeRule& rule, std::int64_t firstWake, std::int64_t end,
                    const WakeFlags& flags) {
   PutToSleep(record, firstWake, flags);
-  record.recurring = true;
-  record.sleepLastWake = RecordTime(end);
-  record.sleepType = rule.type;
-  record.sleepHours = rule.hours;
-  record.sleepMinutes = rule.minutes;
-  record.sleepDay = rule.day;
+  record.sleep.recurring = true;
+  record.sleep.lastWake = RecordTime(end);
+  record.sleep.type = rule.type;
+  record.sleep.hours = rule.hours;
+  record.sleep.minutes = rule.minutes;
+  record.sleep.day = rule.day;
 }
 
 }  // namespace jotlets

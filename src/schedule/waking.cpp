@@ -13,15 +13,15 @@ constexpr std::int64_t kNotAtAll = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kHold = 60;
 
 bool HasEnded(const JotletData& record, std::int64_t now) {
-  return record.sleepLastWake != kNone && record.sleepLastWake < now;
+  return record.sleep.lastWake != kNone && record.sleep.lastWake < now;
 }
 
 std::int64_t WakeTimeOf(const JotletData& record) {
   // What ends before it is due will never wake, however late it is looked at.
-  const bool never = record.recurring
-                         ? record.sleepNextWake == kNeverAgain || !FaultOf(RuleOf(record)).empty()
-                         : HasEnded(record, record.sleepNextWake);
-  return never ? kNotAtAll : record.sleepNextWake;
+  const bool never = record.sleep.recurring
+                         ? record.sleep.nextWake == kNeverAgain || !FaultOf(RuleOf(record)).empty()
+                         : HasEnded(record, record.sleep.nextWake);
+  return never ? kNotAtAll : record.sleep.nextWake;
 }
 
 bool IsAlarmDue(const JotletData& record, std::int64_t now) {
@@ -53,7 +53,7 @@ void Waking::FindEarliest() {
   seen_ = sleeping_.Version();
   earliestWake_ = earliestAlarm_ = kNotAtAll;
   for (const JotletData& record : sleeping_) {
-    if (record.recurring) TellFault(record);
+    if (record.sleep.recurring) TellFault(record);
     earliestWake_ = std::min(earliestWake_, WakeTimeOf(record));
     if (record.alarm != kNone) earliestAlarm_ = std::min<std::int64_t>(earliestAlarm_, record.alarm);
   }
@@ -99,7 +99,7 @@ bool Waking::WakeSleeping(TextView id) {
 Waking::Outcome Waking::WakeDue(const Text& id, std::int64_t now) {
   const JotletData* record = std::as_const(sleeping_).Find(id);
   if (record == nullptr || WakeTimeOf(*record) > now) return Outcome::kAsleep;
-  return record->recurring ? WakeRecurring(id, now) : WakeForGood(id, now);
+  return record->sleep.recurring ? WakeRecurring(id, now) : WakeForGood(id, now);
 }
 
 Waking::Outcome Waking::WakeForGood(const Text& id, std::int64_t now) {
@@ -108,7 +108,7 @@ Waking::Outcome Waking::WakeForGood(const Text& id, std::int64_t now) {
   LogWaking(*asleep, now);
   JotletData record = *sleeping_.Remove(id);
   const JotletData kept = record;
-  record.sleeping = record.recurring = false;
+  record.sleep.asleep = record.sleep.recurring = false;
   const WakeFlags flags = FlagsOf(record);
   if (!host_.Wake(std::move(record), u"waking", flags)) {
     sleeping_.push_back(kept);
@@ -127,7 +127,7 @@ Waking::Outcome Waking::WakeRecurring(const Text& id, std::int64_t now) {
     JotletData copy = source;
     copy.id = host_.NewJotletId();
     copy.fromRecurring = source.id;
-    copy.sleeping = copy.recurring = false;
+    copy.sleep.asleep = copy.sleep.recurring = false;
     CopyContentOf(source, copy);
     const WakeFlags flags = FlagsOf(source);
     if (!host_.Wake(copy, u"recurring", flags)) {
@@ -149,19 +149,19 @@ void Waking::CopyContentOf(const JotletData& source, const JotletData& copy) {
 
 void Waking::Advance(const Text& id, std::int64_t now) {
   const JotletData* source = std::as_const(sleeping_).Find(id);
-  if (source == nullptr || !source->recurring) return;
+  if (source == nullptr || !source->sleep.recurring) return;
   if (HasEnded(*source, now)) {
     if (const auto finished = sleeping_.Remove(id)) host_.ForgetContent(*finished);
     return;
   }
   JotletData& waiting = *sleeping_.FindToChange(id);
-  waiting.sleepNextWake = TimeAfter(RuleOf(waiting), waiting.sleepNextWake, now, clock_);
+  waiting.sleep.nextWake = TimeAfter(RuleOf(waiting), waiting.sleep.nextWake, now, clock_);
 }
 
 void Waking::LogWaking(const JotletData& record, std::int64_t now) {
   if (!log_.Writes(kLogDetail)) return;
   log_.Write(kLogDetail, u"Waking jotlet '", record.title, u"'. Jotlet next wake time: ",
-             record.sleepNextWake, u" (", host_.ShownTime(record.sleepNextWake), u"), time now: ", now);
+             record.sleep.nextWake, u" (", host_.ShownTime(record.sleep.nextWake), u"), time now: ", now);
 }
 
 void Waking::CheckAlarms() {

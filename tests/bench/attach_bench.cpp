@@ -63,13 +63,15 @@ int MeasurePass() {
   });
   std::vector<JotletData> notes(100);
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    notes[i].attachTitle = u"*" + IntText(static_cast<std::int64_t>(i));
-    notes[i].attachClass = u"*";
-    notes[i].attachPosType = 1;
+    notes[i].attachment.title = u"*" + IntText(static_cast<std::int64_t>(i));
+    notes[i].attachment.className = u"*";
+    notes[i].attachment.posType = 1;
   }
+  std::vector<const JotletData*> waiting;
+  for (const JotletData& note : notes) waiting.push_back(&note);
   Print("decision, 100 notes", 200, [&] {
     AttachMatcher matcher(windows);
-    DecideAttachPass(notes, {}, matcher, {0, 0, 1920, 1080}, 0);
+    DecideAttachPass(waiting, {}, matcher, {0, 0, 1920, 1080}, 0);
   });
   std::printf("%zu windows\n", windows.size());
   return 0;

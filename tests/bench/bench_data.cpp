@@ -32,8 +32,9 @@ std::vector<JotletData> MakeNotes() {
     note.x = i % 1920, note.y = i % 1080, note.height = 405, note.modified = note.created + 60;
     note.title = u"Title of the note " + IntText(i);
     if (i % 2 == 0) note.userString1 = u"a string that a skin shows";
-    if (i % 3 == 0) note.sleeping = true, note.sleepNextWake = 1'800'000'000;
-    if (i % 5 == 0) note.attachTitle = u"Document - Editor", note.attachClass = u"EditorFrame<1>";
+    if (i % 3 == 0) note.sleep.asleep = true, note.sleep.nextWake = 1'800'000'000;
+    if (i % 5 == 0)
+      note.attachment.title = u"Document - Editor", note.attachment.className = u"EditorFrame<1>";
     if (i % 7 == 0) note.source = u"somebody on the network", note.onTop = true;
   }
   return notes;

@@ -1,7 +1,7 @@
 // What the manage window does with a hundred thousand closed notes: filling, sorting and searching its list.
 #include <benchmark/benchmark.h>
 
-#include "app/manage_list.h"
+#include "manage/manage_list.h"
 
 namespace jotlets {
 namespace {

@@ -60,8 +60,8 @@ Text MakeDataFolder(int notes, int further, bool asleep = false) {
     record.height = 160;
     record.id = BenchNoteId(i);
     record.title = u"Note " + IntText(i);
-    record.sleeping = asleep || i >= notes;
-    record.sleepNextWake = asleep ? 1 : std::numeric_limits<std::int32_t>::max();
+    record.sleep.asleep = asleep || i >= notes;
+    record.sleep.nextWake = asleep ? 1 : std::numeric_limits<std::int32_t>::max();
     view.jotlets.push_back(&record);
     files.Write(folder + ContentPath(record),
                 "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Segoe UI;}}\\fs20 First line\\par {\\b Second} "

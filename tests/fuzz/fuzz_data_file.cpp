@@ -38,7 +38,7 @@ void CheckSame(const std::vector<FiledJotlet>& first, const std::vector<FiledJot
     const JotletData& b = second[i].record;
     Check(!second[i].inlineContent && a.id == b.id && a.title == b.title && a.x == b.x && a.y == b.y &&
           a.width == b.width && a.height == b.height && a.colour == b.colour && a.created == b.created &&
-          a.modified == b.modified && a.transparency == b.transparency && a.sleeping == b.sleeping &&
+          a.modified == b.modified && a.transparency == b.transparency && a.sleep.asleep == b.sleep.asleep &&
           a.isImage == b.isImage && a.stack == b.stack && a.deletedTime == b.deletedTime);
     if (inEverything) Check(a == b);
   }

@@ -1,7 +1,7 @@
 // Any text as a command line, and as a note file: its content arrives behind the message unchanged.
-#include "app/note_file.h"
-#include "app/note_message.h"
 #include "app/startup_arguments.h"
+#include "desk/note_file.h"
+#include "desk/note_message.h"
 #include "fuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

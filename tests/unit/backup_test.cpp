@@ -1,9 +1,9 @@
-#include "app/backup.h"
+#include "backup/backup.h"
 
 #include <gtest/gtest.h>
 
-#include "app/backup_keeper.h"
-#include "app/restore_job.h"
+#include "backup/backup_keeper.h"
+#include "backup/restore_job.h"
 #include "fakes.h"
 
 namespace jotlets {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/jotlet_lists.h"
+#include "desk/jotlet_lists.h"
 #include "fakes.h"
 
 namespace jotlets {

@@ -25,7 +25,7 @@
 #include "command/reply_channel.h"
 #include "data/jotlet_id.h"
 #include "data/jotlet_line.h"
-#include "data/jotlet_lists.h"
+#include "desk/jotlet_lists.h"
 
 namespace jotlets {
 
@@ -438,7 +438,7 @@ class FakeProgram final : public CommandHost {
     record.x = to.x, record.y = to.y;
   }
   void SetWakeTime(TextView id, std::int32_t time) override {
-    sleeping.FindToChange(id)->sleepNextWake = time;
+    sleeping.FindToChange(id)->sleep.nextWake = time;
   }
   bool SaveNow() override {
     ++saves;

@@ -157,7 +157,7 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
 TEST_F(Commands, ReadWaitingNotesAndStacks) {
   JotletData waiting;
   waiting.id = u"w1";
-  waiting.attachClass = u"Pad";
+  waiting.attachment.className = u"Pad";
   program.attached = {waiting};
   EXPECT_EQ(Reply(u"GET ATTACHED W1 Encoded "),
             u"001 " + MakeJotletLine(waiting, false) + u"<RTF>{\\rtf1 a^Mb}");

@@ -40,15 +40,16 @@ TEST(JotletLine, HasEveryTagInItsPlace) {
   JotletData r = Blank();
   r.x = 5, r.y = -7, r.width = 300, r.height = 20, r.id = u"B2", r.created = 11, r.modified = 12,
   r.colour = {1, 2, 3};
-  r.sleeping = r.recurring = true;
-  r.sleepNextWake = 21, r.sleepAlarm = 22, r.sleepType = 23, r.sleepHours = 24, r.sleepMinutes = 25,
-  r.sleepDay = 26;
-  r.sleepLastWake = 27, r.scroll = {31, 32}, r.user1 = r.user2 = r.user3 = true, r.isImage = 1;
+  r.sleep.asleep = r.sleep.recurring = true;
+  r.sleep.nextWake = 21, r.sleep.flags = 22, r.sleep.type = 23, r.sleep.hours = 24, r.sleep.minutes = 25,
+  r.sleep.day = 26;
+  r.sleep.lastWake = 27, r.scroll = {31, 32}, r.user1 = r.user2 = r.user3 = true, r.isImage = 1;
   r.userString1 = u"u<s", r.onTop = r.readOnly = r.rolled = r.hidden = r.ghost = r.stang = true;
   r.skin = u"skin", r.lastSend = u"a\nb", r.fromRecurring = u"C3", r.stack = 4, r.altX = 41, r.altY = 42,
   r.altWidth = 43;
-  r.attachTitle = u"t<", r.attachClass = u"c>", r.attachFocus = true, r.attachPosType = 1, r.attachPosX = 51;
-  r.attachPosY = 52, r.source = u"s>", r.alarm = 6, r.title = u"Hi", r.transparency = 70;
+  r.attachment.title = u"t<", r.attachment.className = u"c>", r.attachment.onlyFocus = true,
+  r.attachment.posType = 1, r.attachment.posX = 51;
+  r.attachment.posY = 52, r.source = u"s>", r.alarm = 6, r.title = u"Hi", r.transparency = 70;
   EXPECT_EQ(
       MakeJotletLine(r, true),
       u"<X>0005<Y>-007<WIDTH>300<HEIGHT>20<ID>B2<CREATED>11<MODIFIED>12<COLR>1<COLG>2<COLB>3<SLEEPING>1<"
@@ -65,13 +66,15 @@ TEST(JotletLine, HasEveryTagInItsPlace) {
 
 TEST(JotletLine, LeavesOutWhatHasNoMeaning) {
   const auto part = [](const std::function<void(JotletData&)>& change) { return OptionalPart(With(change)); };
-  EXPECT_EQ(part([](JotletData& r) { r.recurring = true, r.sleepNextWake = 9; }), u"");
-  EXPECT_EQ(part([](JotletData& r) { r.sleeping = true, r.sleepNextWake = 9, r.sleepType = 3; }),
+  EXPECT_EQ(part([](JotletData& r) { r.sleep.recurring = true, r.sleep.nextWake = 9; }), u"");
+  EXPECT_EQ(part([](JotletData& r) { r.sleep.asleep = true, r.sleep.nextWake = 9, r.sleep.type = 3; }),
             u"<SLEEPING>1<SLEEPNEXTWAKE>9<SLEEPALARM>0");
   EXPECT_EQ(part([](JotletData& r) { r.isImage = 2; }), u"");
   EXPECT_EQ(part([](JotletData& r) { r.altX = 1, r.altY = 2; }), u"");
-  EXPECT_EQ(part([](JotletData& r) { r.attachTitle = u"t", r.attachFocus = true; }), u"");
-  EXPECT_EQ(part([](JotletData& r) { r.attachClass = u"c", r.attachPosType = 2, r.attachPosX = 5; }),
+  EXPECT_EQ(part([](JotletData& r) { r.attachment.title = u"t", r.attachment.onlyFocus = true; }), u"");
+  EXPECT_EQ(part([](JotletData& r) {
+              r.attachment.className = u"c", r.attachment.posType = 2, r.attachment.posX = 5;
+            }),
             u"<ATTACHTITLE><ATTACHCLASS>c<ATTACHFOCUS>0<ATTACHVISIBLE>0");
   EXPECT_EQ(part([](JotletData& r) { r.stack = 0, r.alarm = 0; }), u"<STACK>0<ALARM>0");
   EXPECT_EQ(part([](JotletData& r) { r.scroll.x = 5; }), u"<SCROLLY>0");
@@ -81,8 +84,9 @@ TEST(JotletLine, LeavesOutWhatHasNoMeaning) {
 TEST(JotletLine, StaysOneLineWhateverItsTexts) {
   const Text broken(u"a\r\nb\nc\rd\0e", 10);
   const Text line = MakeJotletLine(With([&](JotletData& r) {
-                                     r.userString1 = r.skin = r.lastSend = r.fromRecurring = r.attachTitle =
-                                         r.attachClass = r.source = r.title = broken;
+                                     r.userString1 = r.skin = r.lastSend = r.fromRecurring =
+                                         r.attachment.title = r.attachment.className = r.source = r.title =
+                                             broken;
                                    }),
                                    true);
   EXPECT_EQ(line.find_first_of(Text(u"\r\n\0", 3)), Text::npos);
@@ -105,7 +109,8 @@ TEST(ReadJotletLine, FlagsAreSetByOneOnlyAndPresenceTagsByAnything) {
       u"<USER1>0<USER2>11<ONTOP>1<ONTOP>x<ROLLED>01<SLEEPING>1<HIDDEN>0<GHOST><STANG>x<IMAGE>0<RTF>";
   const JotletData read = ParseJotletLine(line, allSet, CountingIds());
   EXPECT_FALSE(read.user1 || read.user2 || read.onTop || read.rolled);
-  EXPECT_TRUE(read.user3 && read.sleeping && read.hidden && read.ghost && read.stang && read.isImage == 1);
+  EXPECT_TRUE(read.user3 && read.sleep.asleep && read.hidden && read.ghost && read.stang &&
+              read.isImage == 1);
 }
 
 TEST(ReadJotletLine, NumbersArePrefixesAndColoursLowBytes) {
@@ -143,8 +148,8 @@ TEST(ReadJotletLine, TheUserStringIsNotUnescapedAsTheOthersAre) {
       Parse(u"<USERSTRING1>a&ltb&gtc<SOURCE>a&ltb&gtc<ATTACHTITLE>&lt<ATTACHCLASS>&gt<LASTSEND>a^M^Mb<RTF>");
   EXPECT_EQ(read.userString1, u"a&ltb&gtc");
   EXPECT_EQ(read.source, u"a<b>c");
-  EXPECT_EQ(read.attachTitle, u"<");
-  EXPECT_EQ(read.attachClass, u">");
+  EXPECT_EQ(read.attachment.title, u"<");
+  EXPECT_EQ(read.attachment.className, u">");
   EXPECT_EQ(read.lastSend, u"a\n\nb");
 }
 
@@ -167,46 +172,29 @@ JotletData RandomRecord(Random& random) {
   };
   const auto flag = [&] { return random.Below(2) == 0; };
   JotletData r = Blank();
-  for (auto member : {&JotletData::x,
-                      &JotletData::y,
-                      &JotletData::transparency,
-                      &JotletData::width,
-                      &JotletData::height,
-                      &JotletData::alarm,
-                      &JotletData::created,
-                      &JotletData::modified,
-                      &JotletData::altX,
-                      &JotletData::altY,
-                      &JotletData::altWidth,
-                      &JotletData::stack,
-                      &JotletData::sleepNextWake,
-                      &JotletData::sleepLastWake,
-                      &JotletData::sleepAlarm,
-                      &JotletData::sleepType,
-                      &JotletData::sleepHours,
-                      &JotletData::sleepMinutes,
-                      &JotletData::sleepDay,
-                      &JotletData::attachPosX,
-                      &JotletData::attachPosY,
-                      &JotletData::deletedTime}) {
+  for (auto member :
+       {&JotletData::x, &JotletData::y, &JotletData::transparency, &JotletData::width, &JotletData::height,
+        &JotletData::alarm, &JotletData::created, &JotletData::modified, &JotletData::altX, &JotletData::altY,
+        &JotletData::altWidth, &JotletData::stack, &JotletData::deletedTime}) {
     r.*member = number();
   }
   for (auto member : {&JotletData::onTop, &JotletData::rolled, &JotletData::readOnly, &JotletData::user1,
                       &JotletData::user2, &JotletData::user3, &JotletData::hidden, &JotletData::ghost,
-                      &JotletData::stang, &JotletData::sleeping, &JotletData::recurring,
-                      &JotletData::attachFocus, &JotletData::attachVisible}) {
+                      &JotletData::stang}) {
     r.*member = flag();
   }
+  r.sleep = {flag(), flag(), number(), number(), number(), number(), number(), number(), number()};
+  r.attachment = {{}, {}, flag(), flag(), 0, number(), number()};
   r.scroll = {number(), number()};
   r.isImage = flag() ? 1 : 0;
-  r.attachPosType = flag() ? 1 : 0;
+  r.attachment.posType = flag() ? 1 : 0;
   const auto byte = [&] { return static_cast<std::uint8_t>(random.Below(256)); };
   r.colour = {byte(), byte(), byte()};
   r.title = random.Pick(escaped + Text{u'\0', u'\r', u'\n'}, 9);
   r.id = u"N" + IntText(number()) + random.Pick(u"aB_\u00fc-", 9) + u"x";
   r.source = random.Pick(escaped, 9);
-  r.attachTitle = random.Pick(escaped, 9);
-  r.attachClass = random.Pick(escaped, 9);
+  r.attachment.title = random.Pick(escaped, 9);
+  r.attachment.className = random.Pick(escaped, 9);
   r.userString1 = random.Pick(escaped, 9);
   r.skin = random.Pick(raw, 9);
   r.fromRecurring = random.Pick(raw, 9);
@@ -220,15 +208,17 @@ JotletData WithoutTheUnwritten(JotletData r, bool alt) {
   r.scroll.x = 0;
   r.deletedTime = blank.deletedTime;
   r.userString1 = EscapeAngles(r.userString1);
-  if (!r.sleeping)
-    r.recurring = false, r.sleepNextWake = blank.sleepNextWake, r.sleepAlarm = blank.sleepAlarm;
-  if (!r.recurring) {
-    r.sleepType = r.sleepHours = r.sleepMinutes = r.sleepDay = 0;
-    r.sleepLastWake = blank.sleepLastWake;
+  if (!r.sleep.asleep)
+    r.sleep.recurring = false, r.sleep.nextWake = blank.sleep.nextWake, r.sleep.flags = blank.sleep.flags;
+  if (!r.sleep.recurring) {
+    r.sleep.type = r.sleep.hours = r.sleep.minutes = r.sleep.day = 0;
+    r.sleep.lastWake = blank.sleep.lastWake;
   }
   if (!alt || r.altX == kNotSet) r.altX = r.altY = r.altWidth = kNotSet;
-  if (!r.IsAttached()) r.attachTitle.clear(), r.attachFocus = r.attachVisible = false, r.attachPosType = 0;
-  if (r.attachPosType != 1) r.attachPosX = r.attachPosY = kNone;
+  if (!r.IsAttached())
+    r.attachment.title.clear(), r.attachment.onlyFocus = r.attachment.onlyVisible = false,
+                                r.attachment.posType = 0;
+  if (r.attachment.posType != 1) r.attachment.posX = r.attachment.posY = kNone;
   return r;
 }
 
@@ -248,8 +238,8 @@ TEST(ColonForm, HasPositionAndStyleInFront) {
   const auto read = [](TextView style) {
     const JotletData r = Parse(Text(u"12:-34:").append(style).append(u":a title"));
     EXPECT_TRUE(r.x == 12 && r.y == -34 && r.height == -1 && r.created == 0 && r.id == u"FRESH1" &&
-                !r.sleeping);
-    EXPECT_TRUE(r.sleepNextWake == kNotSet && r.sleepAlarm == kNotSet);
+                !r.sleep.asleep);
+    EXPECT_TRUE(r.sleep.nextWake == kNotSet && r.sleep.flags == kNotSet);
     return (r.onTop ? u"top " : u"") + IntText(r.transparency) + u" " + IntText(r.width) + u" " +
            IntText(r.alarm);
   };
@@ -263,11 +253,12 @@ TEST(ColonForm, HasPositionAndStyleInFront) {
 
 TEST(ColonForm, TellsASleepingNote) {
   const JotletData once = Parse(u"1:2:0:x:ZZZ500;3");
-  EXPECT_TRUE(once.sleeping && !once.recurring && once.sleepNextWake == 500 && once.sleepAlarm == 3);
-  EXPECT_TRUE(once.sleepType == kNotSet && once.sleepDay == kNotSet);
+  EXPECT_TRUE(once.sleep.asleep && !once.sleep.recurring && once.sleep.nextWake == 500 &&
+              once.sleep.flags == 3);
+  EXPECT_TRUE(once.sleep.type == kNotSet && once.sleep.day == kNotSet);
   const JotletData often = Parse(u"1:2:0:ZZZ500;3;1;8;30;2");
-  EXPECT_TRUE(often.sleeping && often.recurring && often.sleepType == 1 && often.sleepHours == 8);
-  EXPECT_TRUE(often.sleepMinutes == 30 && often.sleepDay == 2);
+  EXPECT_TRUE(often.sleep.asleep && often.sleep.recurring && often.sleep.type == 1 && often.sleep.hours == 8);
+  EXPECT_TRUE(often.sleep.minutes == 30 && often.sleep.day == 2);
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <map>
 
-#include "app/manage_actions.h"
-#include "app/manage_list.h"
-#include "data/jotlet_lists.h"
+#include "desk/jotlet_lists.h"
+#include "manage/manage_actions.h"
+#include "manage/manage_list.h"
 
 namespace jotlets {
 namespace {
@@ -61,9 +61,9 @@ TEST_F(ManageListTest, SortsByEachColumnBothWaysAndKeepsTheOrderOfAlikeRows) {
   Add(u"B", u"Apple", 10);
   Add(u"C", u"apple", 30).modified = 5;
   JotletData& asleep = Add(u"D", u"Zoo", 10);
-  asleep.sleeping = true;
-  asleep.sleepNextWake = 7;
-  Add(u"E", u"awake", 40).sleepNextWake = 9;
+  asleep.sleep.asleep = true;
+  asleep.sleep.nextWake = 7;
+  Add(u"E", u"awake", 40).sleep.nextWake = 9;
   EXPECT_TRUE(Refresh());
   EXPECT_EQ(Ids(), u"ABCDE");
   list_.SortBy(ManageColumn::kTitle, false);

@@ -1,4 +1,4 @@
-#include "app/note_admission.h"
+#include "desk/note_admission.h"
 
 #include <gtest/gtest.h>
 
@@ -53,9 +53,9 @@ TEST_F(Admission, PutsANoteWhereItBelongs) {
     return admitted ? admitted->list : NoteList::kDesktop;
   };
   EXPECT_EQ(list(u"", true), NoteList::kSleeping);
-  note.attachClass = u"Notepad";
+  note.attachment.className = u"Notepad";
   EXPECT_EQ(list(), NoteList::kAttached);
-  note.sleeping = true;
+  note.sleep.asleep = true;
   EXPECT_EQ(list(), NoteList::kSleeping);
   EXPECT_EQ(list(u"<CLOSED>77", true), NoteList::kClosed);
   EXPECT_EQ(Admit(u"<closed>77<X>5<RTF>", true)->record.deletedTime, 77);

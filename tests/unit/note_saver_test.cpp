@@ -1,4 +1,4 @@
-#include "app/note_saver.h"
+#include "desk/note_saver.h"
 
 #include <gtest/gtest.h>
 

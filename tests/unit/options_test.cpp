@@ -7,8 +7,8 @@
 #include <iterator>
 #include <limits>
 
-#include "app/options_keeper.h"
 #include "data/loading.h"
+#include "data/options_keeper.h"
 #include "data/saving.h"
 #include "data/text_file.h"
 #include "fakes.h"

@@ -1,13 +1,13 @@
 #include "skin/picture.h"
-#include "app/picture_file.h"
+#include "skin/picture_file.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
 
 #include <limits>
 
-#include "app/picture_file.h"
 #include "skin/bmp_picture.h"
+#include "skin/picture_file.h"
 
 namespace jotlets {
 namespace {

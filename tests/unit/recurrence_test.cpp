@@ -237,12 +237,12 @@ TEST(SleepTimes, UnitsAndFlags) {
   EXPECT_EQ(SleepSeconds(0, kDays), 0);
   EXPECT_EQ(SleepSeconds(7, 5), 7);
   JotletData record;
-  record.sleepLastWake = 5;
+  record.sleep.lastWake = 5;
   PutToSleep(record, 1LL << 40, ParseWakeFlags(u"1x1"));
-  EXPECT_TRUE(record.sleeping && !record.recurring);
-  EXPECT_EQ(record.sleepNextWake, 2147483647);
-  EXPECT_EQ(record.sleepAlarm, 5);
-  EXPECT_EQ(record.sleepLastWake, kNone) << "an old end keeps no plain note asleep";
+  EXPECT_TRUE(record.sleep.asleep && !record.sleep.recurring);
+  EXPECT_EQ(record.sleep.nextWake, 2147483647);
+  EXPECT_EQ(record.sleep.flags, 5);
+  EXPECT_EQ(record.sleep.lastWake, kNone) << "an old end keeps no plain note asleep";
   EXPECT_EQ(FlagsOf(record), (WakeFlags{true, false, true}));
 }
 

@@ -18,7 +18,8 @@ TEST_F(TimeCommands, SleepAndWake) {
   program.Add(u"A");
   EXPECT_EQ(Reply(u"do sleep  a  101  90 "), u"000 OK slept");
   EXPECT_TRUE(program.notes.empty());
-  EXPECT_TRUE(Asleep(u"A").sleepNextWake == 1090 && Asleep(u"A").sleepAlarm == 5 && !Asleep(u"A").recurring);
+  EXPECT_TRUE(Asleep(u"A").sleep.nextWake == 1090 && Asleep(u"A").sleep.flags == 5 &&
+              !Asleep(u"A").sleep.recurring);
   EXPECT_EQ(Reply(u"do sleep A 000 5"), u"995 not found") << "it is asleep already";
   program.works = false;
   EXPECT_EQ(Reply(u"do wake a"), u"997 unable to wake");
@@ -27,7 +28,7 @@ TEST_F(TimeCommands, SleepAndWake) {
   EXPECT_EQ(Reply(u"do wake a"), u"995 not found");
   program.Add(u"B");
   EXPECT_EQ(Reply(u"do sleep B"), u"000 OK slept") << "no digits are 0";
-  EXPECT_EQ(Asleep(u"B").sleepNextWake, 1000);
+  EXPECT_EQ(Asleep(u"B").sleep.nextWake, 1000);
   EXPECT_EQ(program.journal,
             (std::vector<Text>{u"save", u"000 OK slept", u"995 not found", u"997 unable to wake", u"save",
                                u"000 OK woken", u"995 not found", u"save", u"000 OK slept"}));
@@ -37,17 +38,17 @@ TEST_F(TimeCommands, RecurTakesItsFieldsInTheirOrder) {
   for (const auto* id : {u"A", u"B", u"C"}) program.Add(id);
   EXPECT_EQ(Reply(u"do recurr A 010 2 9 30 17 2000000000"), u"000 OK slept");
   EXPECT_EQ(RuleOf(Asleep(u"A")), (WakeRule{2, 9, 30, 17}));
-  EXPECT_TRUE(Asleep(u"A").recurring && Asleep(u"A").sleepLastWake == 2000000000 &&
-              Asleep(u"A").sleepAlarm == 2);
-  EXPECT_EQ(Asleep(u"A").sleepNextWake, kNone) << "from now on";
+  EXPECT_TRUE(Asleep(u"A").sleep.recurring && Asleep(u"A").sleep.lastWake == 2000000000 &&
+              Asleep(u"A").sleep.flags == 2);
+  EXPECT_EQ(Asleep(u"A").sleep.nextWake, kNone) << "from now on";
   EXPECT_EQ(Reply(u"do recurr B 000 6 1 2 1 -1 1500"), u"000 OK slept");
-  EXPECT_TRUE(Asleep(u"B").sleepLastWake == kNone && Asleep(u"B").sleepNextWake == 1500);
+  EXPECT_TRUE(Asleep(u"B").sleep.lastWake == kNone && Asleep(u"B").sleep.nextWake == 1500);
   EXPECT_EQ(Reply(u"do recurr C 000 2 9 30 0 -1"), u"997 unable to recur") << "on no day of the week";
   EXPECT_EQ(Reply(u"do recurr C"), u"997 unable to recur");
   EXPECT_EQ(Reply(u"do recurr D 000 1 9 30 0 -1"), u"995 not found");
   EXPECT_EQ(program.DesktopIds(), std::vector<Text>{u"C"});
   EXPECT_EQ(Reply(u"do recurr C 000 1 9 30 0"), u"000 OK slept");
-  EXPECT_EQ(Asleep(u"C").sleepLastWake, kNone);
+  EXPECT_EQ(Asleep(u"C").sleep.lastWake, kNone);
 }
 
 TEST_F(TimeCommands, AlarmsSoundAndSleepersAreReadAndChanged) {

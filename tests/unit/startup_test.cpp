@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/note_file.h"
-#include "app/note_message.h"
 #include "app/startup_arguments.h"
+#include "desk/note_file.h"
+#include "desk/note_message.h"
 
 namespace jotlets {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/jotlet_lists.h"
+#include "desk/jotlet_lists.h"
 #include "fakes.h"
 #include "schedule/alarm.h"
 
@@ -29,7 +29,7 @@ class FakeDesktop final : public WakeHost {
     JotletData record;
     record.id = id, record.title = Text(u"about ").append(id);
     PutToSleep(record, Now() + fromNow, {});
-    record.sleepAlarm = flags;
+    record.sleep.flags = flags;
     return record;
   }
   JotletData Source(TextView id, WakeRule rule, std::int32_t fromNow, std::int32_t end = kNone) const {
@@ -47,7 +47,7 @@ class FakeDesktop final : public WakeHost {
   bool Wake(JotletData record, TextView reason, const WakeFlags& flags) override {
     ++windowsTried;
     if (!hasWindows) return false;
-    EXPECT_FALSE(record.sleeping || record.recurring);
+    EXPECT_FALSE(record.sleep.asleep || record.sleep.recurring);
     journal.push_back(Text(reason) + u" " + record.id + (flags.alarm ? u" alarm" : u"") +
                       (flags.onTop ? u" top" : u""));
     notes.push_back(std::move(record));
@@ -102,7 +102,7 @@ TEST(Waking, ARecurringNoteSendsCopies) {
   desktop.sleeping.push_back(desktop.Source(u"S", kEveryHour, 0, desktop.Now() + 5 * 3600));
   EXPECT_EQ(desktop.AfterWaking(), (Lines{u"S to COPY1", u"recurring COPY1", u"changed"}));
   EXPECT_EQ(desktop.notes.back().fromRecurring, u"S");
-  EXPECT_EQ(desktop.sleeping.Find(u"s")->sleepNextWake, desktop.Now() + 3600);
+  EXPECT_EQ(desktop.sleeping.Find(u"s")->sleep.nextWake, desktop.Now() + 3600);
   // Two missed: one copy.
   desktop.clock.Move(2 * 3600 + 100);
   EXPECT_EQ(desktop.AfterWaking(), (Lines{u"S to COPY2", u"recurring COPY2", u"changed"}));
@@ -111,7 +111,7 @@ TEST(Waking, ARecurringNoteSendsCopies) {
   desktop.hasCopy = true;
   desktop.clock.Move(3600);
   EXPECT_EQ(desktop.AfterWaking(), Lines{u"changed"});
-  EXPECT_GT(desktop.sleeping.Find(u"S")->sleepNextWake, desktop.Now());
+  EXPECT_GT(desktop.sleeping.Find(u"S")->sleep.nextWake, desktop.Now());
   desktop.options.preventDuplicates = 0;
   desktop.diskFull = true;
   desktop.clock.Move(3600);
@@ -127,7 +127,7 @@ TEST(Waking, APlainNoteWithAnEndStaysAsleepAndChangesNothing) {
   FakeDesktop desktop;
   for (const std::int32_t end : {-1, 20}) {
     JotletData note = desktop.Note(u"A" + IntText(end), 10);
-    note.sleepLastWake = desktop.Now() + end;
+    note.sleep.lastWake = desktop.Now() + end;
     desktop.sleeping.push_back(note);
   }
   desktop.clock.Move(60);
@@ -159,7 +159,7 @@ TEST(Waking, RulesThatAreNoneAreToldOnceAndKept) {
   desktop.sleeping.push_back(desktop.Source(u"COUNT", {kEvery, 0, 0, kMinutes}, -100));
   desktop.sleeping.push_back(desktop.Source(u"FAR", {kEvery, 0, 2147483647, kWeeks}, -100));
   desktop.sleeping.push_back(desktop.Note(u"OLD", 0));
-  desktop.sleeping.FindToChange(u"OLD")->sleepNextWake = -2147483647;
+  desktop.sleeping.FindToChange(u"OLD")->sleep.nextWake = -2147483647;
   EXPECT_EQ(desktop.AfterWaking(), (Lines{u"FAR to COPY1", u"recurring COPY1", u"waking OLD", u"changed"}));
   for (int seconds = 0; seconds < 5; ++seconds) {
     desktop.clock.Move(1);
@@ -183,7 +183,7 @@ TEST(Waking, WithoutAWindowANoteSleepsOn) {
   EXPECT_EQ(desktop.AfterWaking(), Lines{});
   EXPECT_EQ(desktop.windowsTried, 1) << "not every second";
   EXPECT_EQ(desktop.sleeping.size(), 2U);
-  EXPECT_TRUE(desktop.sleeping.Find(u"A")->sleeping);
+  EXPECT_TRUE(desktop.sleeping.Find(u"A")->sleep.asleep);
   desktop.hasWindows = true;
   desktop.clock.Move(60);
   EXPECT_EQ(desktop.AfterWaking(),
@@ -196,7 +196,7 @@ TEST(Waking, ListenersMayChangeTheListMeanwhile) {
   desktop.onWake = [&desktop] {
     desktop.onWake = nullptr;
     desktop.sleeping.Remove(u"B");
-    desktop.sleeping.FindToChange(u"C")->sleepNextWake += 100;
+    desktop.sleeping.FindToChange(u"C")->sleep.nextWake += 100;
     desktop.waking.WakeSleeping(u"D");
   };
   EXPECT_EQ(desktop.AfterWaking(), (Lines{u"waking A", u"waking D", u"changed", u"changed"}));
@@ -259,7 +259,7 @@ TEST(Alarms, JiggleLopsidedlyThroughTheirPhases) {
 
 TEST(Waking, ACopyIsUntouchedWhileNothingOfItChanged) {
   JotletData source;
-  source.x = 10, source.y = 20, source.title = u"t", source.sleepAlarm = 4;
+  source.x = 10, source.y = 20, source.title = u"t", source.sleep.flags = 4;
   JotletData copy = source;
   EXPECT_FALSE(IsUntouchedCopy(copy, source)) << "it was put on top";
   copy.onTop = true;
@@ -270,7 +270,7 @@ TEST(Waking, ACopyIsUntouchedWhileNothingOfItChanged) {
           r.colour = {1, 2, 3};
         },
         +[](JotletData& r) { r.rolled = true; }, +[](JotletData& r) { r.height = 9; },
-        +[](JotletData& r) { r.title = u"T"; }, +[](JotletData& r) { r.attachClass = u"C"; },
+        +[](JotletData& r) { r.title = u"T"; }, +[](JotletData& r) { r.attachment.className = u"C"; },
         +[](JotletData& r) { r.user2 = true; }}) {
     JotletData touched = copy;
     touch(touched);

@@ -43,11 +43,11 @@ class AttachmentsTest : public WindowTest {
  protected:
   static JotletData Attached(TextView id, const Text& title, Point offset) {
     JotletData record = NoteRecord(id, {700, 500}, id);
-    record.attachTitle = title;
-    record.attachClass = u"Foreign*";
-    record.attachPosType = 1;
-    record.attachPosX = offset.x;
-    record.attachPosY = offset.y;
+    record.attachment.title = title;
+    record.attachment.className = u"Foreign*";
+    record.attachment.posType = 1;
+    record.attachment.posX = offset.x;
+    record.attachment.posY = offset.y;
     return record;
   }
   static HWND NoteOf(const Text& title) {
@@ -75,8 +75,8 @@ class AttachmentsTest : public WindowTest {
 
 TEST_F(AttachmentsTest, ComeWithTheirWindowFollowItAndGoWithIt) {
   JotletData own = Attached(u"AA02", u"*pad", {});
-  own.attachPosType = 0;
-  own.attachVisible = true;
+  own.attachment.posType = 0;
+  own.attachment.onlyVisible = true;
   ASSERT_TRUE(StartProgramWith({Attached(u"AA01", u"*Pad", {10, -40}), own}, kOptions));
   EXPECT_EQ(List(u"attached"), (std::vector<Text>{u"AA01", u"AA02"}));
   std::vector<Text> events;
@@ -99,7 +99,7 @@ TEST_F(AttachmentsTest, ComeWithTheirWindowFollowItAndGoWithIt) {
   ASSERT_TRUE(Drag(NoteOf(u"AA01"), {370, 269}, {50, 30}));
   pad.Move({400, 310});
   EXPECT_TRUE(ComesTo(u"AA01", {460, 300}));
-  EXPECT_EQ(Saved(u"AA01").attachPosX, 60);
+  EXPECT_EQ(Saved(u"AA01").attachment.posX, 60);
   EXPECT_EQ(Saved(u"AA02").x, 700);
 
   // Minimised, it takes along who must see it; renamed, everybody.
@@ -125,7 +125,7 @@ TEST_F(AttachmentsTest, ComeWithTheirWindowFollowItAndGoWithIt) {
 
 TEST_F(AttachmentsTest, OnlyWithFocusComeAndGoWithItAndNeverTakeIt) {
   JotletData record = Attached(u"AA01", u"one", {20, 30});
-  record.attachFocus = true;
+  record.attachment.onlyFocus = true;
   ASSERT_TRUE(StartProgramWith({record}, kOptions));
   const ForeignProgram one(u"one", u"ForeignOne");
   const ForeignProgram two(u"two", u"ForeignTwo");
@@ -232,8 +232,9 @@ TEST_F(AttachmentsTest, AreAttachedByTheDialogAndUnattachedByTheMenu) {
   EXPECT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
   const JotletData saved = Saved(u"AA01");
   const Rect at = BoundsOf(pad.Window());
-  EXPECT_TRUE(saved.attachTitle == u"*PAD" && saved.attachClass == u"ForeignPad" && saved.attachPosType == 1);
-  EXPECT_EQ((Point{saved.attachPosX, saved.attachPosY}), (Point{500 - at.left, 100 - at.top}));
+  EXPECT_TRUE(saved.attachment.title == u"*PAD" && saved.attachment.className == u"ForeignPad" &&
+              saved.attachment.posType == 1);
+  EXPECT_EQ((Point{saved.attachment.posX, saved.attachment.posY}), (Point{500 - at.left, 100 - at.top}));
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"AA01")));
   menuEntry('Q');
   EXPECT_TRUE(WaitUntil([&] { return !Saved(u"AA01").IsAttached(); }));

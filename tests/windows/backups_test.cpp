@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <map>
 
-#include "app/backup.h"
 #include "app/win/program_instance.h"
+#include "backup/backup.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
 #include "base/win/system_clock.h"

@@ -9,8 +9,6 @@
 #include <random>
 #include <thread>
 
-#include "app/picture_file.h"
-#include "app/win/clipboard.h"
 #include "base/win/wide.h"
 #include "command/command_table.h"
 #include "data/text_file.h"
@@ -18,6 +16,8 @@
 #include "note/win/jotlet.h"
 #include "res/resource.h"
 #include "skin/picture.h"
+#include "skin/picture_file.h"
+#include "skin/win/clipboard.h"
 #include "ui/screen.h"
 #include "window_test.h"
 

@@ -129,11 +129,11 @@ TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
 
 TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) {
   JotletData asleep = NoteRecord(u"BB01", {300, 300}, u"Asleep");
-  asleep.sleeping = true;
-  asleep.sleepNextWake = 2000000000;
+  asleep.sleep.asleep = true;
+  asleep.sleep.nextWake = 2000000000;
   JotletData waiting = NoteRecord(u"BB02", {300, 300}, u"Waiting");
-  waiting.attachClass = u"NoSuchClass";
-  waiting.attachTitle = u"*";
+  waiting.attachment.className = u"NoSuchClass";
+  waiting.attachment.title = u"*";
   WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk"), asleep, waiting}, {Closed(u"CC01", u"Old")},
              u"Debug=3\nTakeBackups=0\nManageWindow=40,60,700,400\nManageWindowVisible=1");
   ASSERT_TRUE(StartProgram());

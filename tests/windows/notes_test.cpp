@@ -48,7 +48,7 @@ class DemoTest : public WindowTest {
     };
     std::multiset<std::string> places, shown;
     for (const auto& [id, record] : records) {
-      if (!record.sleeping && !record.IsAttached()) places.insert(text(PlaceOf(record)));
+      if (!record.sleep.asleep && !record.IsAttached()) places.insert(text(PlaceOf(record)));
     }
     for (const HWND note : WindowsOfClass(kJotletClass)) {
       if (IsWindowVisible(note)) shown.insert(text(BoundsOf(note)));

@@ -129,7 +129,7 @@ TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
   for (const TextView id : {u"AA01", u"AA02"}) {
     const JotletData record = Saved(id);
     EXPECT_LT(std::abs(record.alarm - Now() - 7200), 60);
-    EXPECT_EQ(record.sleepNextWake, record.alarm + 61);
+    EXPECT_EQ(record.sleep.nextWake, record.alarm + 61);
   }
   EXPECT_TRUE(LogHolds("Setting alarm type 0 for One to "));
   // One that is hidden sounds when it is shown.
@@ -157,10 +157,10 @@ TEST_F(TimeTest, ASourceSendsCopiesAndWhatFellDueMeanwhileComesOnce) {
   const Text copy = List(u"desktop").front();
   EXPECT_EQ(Saved(copy).fromRecurring, u"AA01");
   EXPECT_TRUE(TextOf(copy).starts_with(u"AA01"));
-  EXPECT_EQ(Saved(u"AA01").sleepNextWake, start + 3600);
+  EXPECT_EQ(Saved(u"AA01").sleep.nextWake, start + 3600);
   // An untouched copy suppresses the next one, but the source goes on.
   Reply(u"set sleeping AA01 waketime " + IntText(Now()));
-  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleepNextWake > Now(); }));
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleep.nextWake > Now(); }));
   EXPECT_EQ(List(u"desktop").size(), 1u);
   // Times at the ends of the range, and a content that is gone.
   DeleteFileW(Wide(folder_ + u"rtf\\AA02.rtf"));
@@ -181,7 +181,7 @@ TEST_F(TimeTest, ASourceSendsCopiesAndWhatFellDueMeanwhileComesOnce) {
     return std::count_if(file.jotlets.begin(), file.jotlets.end(),
                          [](const auto& line) { return line.record.fromRecurring == u"AA01"; });
   };
-  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleepNextWake > Now(); }));
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").sleep.nextWake > Now(); }));
   EXPECT_EQ(copies(), 2) << "one for all that were missed";
 }
 

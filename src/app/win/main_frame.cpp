@@ -1,11 +1,11 @@
 #include "app/win/main_frame.h"
 
-#include "app/note_message.h"
 #include "app/win/data_location.h"
 #include "app/win/hot_keys.h"
-#include "app/win/user_messages.h"
 #include "data/data_folder.h"
+#include "desk/note_message.h"
 #include "res/resource.h"
+#include "ui/user_messages.h"
 
 namespace jotlets {
 namespace {
@@ -34,9 +34,9 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       managed_(*this, resources, files_, lists_, desktop_, maker_, saver_, options_.Current()),
       commands_(*this, ansi_, log_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
-      backups_(*this, resources, files_, ansi_, clock_, log_, options_.Current(), tray_),
-      programCommands_(*this, resources, files_, ansi_, options_, tray_, backups_),
-      actions_(*this, resources) {}
+      backups_(*this, resources, files_, ansi_, clock_, log_, options_.Current()),
+      trayCommands_(*this, resources, files_, ansi_, options_, tray_, backups_),
+      noteCommands_(*this, resources) {}
 
 CMainFrame::~CMainFrame() = default;
 
@@ -45,9 +45,9 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COPYDATA:
       return OnCopyData(reinterpret_cast<HWND>(wParam), reinterpret_cast<const COPYDATASTRUCT*>(lParam));
     case WM_TIMER: OnTimer(wParam); return 0;
-    case WM_HOTKEY: programCommands_.OnHotKey(static_cast<int>(wParam)); return 0;
+    case WM_HOTKEY: trayCommands_.OnHotKey(static_cast<int>(wParam)); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
-    case kTrayMessage: programCommands_.OnTray(static_cast<UINT>(lParam)); return 0;
+    case kTrayMessage: trayCommands_.OnTray(static_cast<UINT>(lParam)); return 0;
     case kPurgeMessage:
       desktop_.Purge();
       stacks_.Purge();
@@ -328,7 +328,7 @@ Text CMainFrame::BeginningNotice() const { return resources_.String(IDS_BEGINNIN
 void CMainFrame::PurgeSoon() { PostMessageW(Handle(), kPurgeMessage, 0, 0); }
 
 void CMainFrame::OnCommand(UINT command) {
-  if (ready_ && !exiting_) programCommands_.Do(command);
+  if (ready_ && !exiting_) trayCommands_.Do(command);
 }
 
 void CMainFrame::StopFlashing() {

@@ -4,31 +4,31 @@
 #include <windows.h>
 
 #include "app/activity_log.h"
-#include "app/note_saver.h"
-#include "app/options_keeper.h"
-#include "app/win/alarm_sound.h"
-#include "app/win/attachments.h"
-#include "app/win/backup_commands.h"
-#include "app/win/command_endpoint.h"
-#include "app/win/desktop_jotlets.h"
-#include "app/win/desktop_stacks.h"
-#include "app/win/file_exchange.h"
-#include "app/win/jotlet_actions.h"
-#include "app/win/jotlet_maker.h"
-#include "app/win/managed_notes.h"
-#include "app/win/note_keys.h"
-#include "app/win/program_commands.h"
+#include "app/win/commands/command_endpoint.h"
+#include "app/win/commands/managed_notes.h"
+#include "app/win/commands/note_commands.h"
+#include "app/win/commands/tray_commands.h"
 #include "app/win/program_instance.h"
-#include "app/win/sleeping_jotlets.h"
 #include "app/win/system_tray.h"
+#include "backup/win/backup_commands.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
 #include "base/win/system_clock.h"
-#include "data/jotlet_lists.h"
 #include "data/loading.h"
 #include "data/options.h"
+#include "data/options_keeper.h"
 #include "data/policy.h"
+#include "desk/jotlet_lists.h"
+#include "desk/note_saver.h"
+#include "desk/win/attachments.h"
+#include "desk/win/desktop_jotlets.h"
+#include "desk/win/desktop_stacks.h"
+#include "desk/win/file_exchange.h"
+#include "desk/win/jotlet_maker.h"
+#include "desk/win/note_keys.h"
+#include "desk/win/sleeping_jotlets.h"
 #include "friends/friend_book.h"
+#include "schedule/win/alarm_sound.h"
 #include "ui/screen.h"
 #include "ui/window.h"
 
@@ -115,7 +115,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   bool SaveContent(TextView id);
   /// Copies the saved data folder into a folder.
   bool BackUpInto(TextView folder);
-  void HideAll(bool hidden) { programCommands_.HideAll(hidden); }
+  void HideAll(bool hidden) { trayCommands_.HideAll(hidden); }
   void RecreateIcon() { tray_.AddAgain(); }
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefaultSkin(TextView path);
@@ -137,7 +137,7 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   /// Compares the content files with the notes; the user may adopt what belongs to none.
   void CheckContent();
   /// Makes a note of a file; the user is told when that fails.
-  void ImportFile(TextView path) { programCommands_.ImportFile(path); }
+  void ImportFile(TextView path) { trayCommands_.ImportFile(path); }
   FileStatus WriteCopy(BJotlet& jotlet, TextView path) {
     return WriteNoteCopy(files_, jotlet, folder_, path);
   }
@@ -220,15 +220,16 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   void OnNoteMoved(BJotlet& jotlet) override { attachments_.OnMoved(jotlet); }
   Text BeginningNotice() const override;
   void OnAnimationClosed(const Text& id, bool deletes) override;
-  bool DoJotletAction(const Text& id, ActionCode action) override { return actions_.Do(id, action); }
+  bool DoJotletAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
   bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
-    return StateOf(action, actions_.FactsOf(jotlet)).enabled;
+    return StateOf(action, noteCommands_.FactsOf(jotlet)).enabled;
   }
   void OnAlarm(bool sounding) override;
 
   HWND BackupWindow() const override { return Handle(); }
   bool SaveForBackup() override;
   void HoldStill(bool still) override;
+  void TellQuietly(const Text& words) override { tray_.Balloon(kVersionText, words); }
   void RestartAfterRestore() override { Restart(); }
 
   std::vector<JotletData> AddClosed(JotletData record, std::int32_t closedAt);
@@ -260,8 +261,8 @@ class CMainFrame final : public Window, public DesktopOwner, public BackupOwner 
   CommandEndpoint commands_;
   CSystemTray tray_;
   BackupCommands backups_;
-  ProgramCommands programCommands_;
-  JotletActions actions_;
+  TrayCommands trayCommands_;
+  NoteCommands noteCommands_;
   Text folder_;
   Text installId_;
   UINT taskbarCreated_ = 0;

@@ -1,8 +1,8 @@
 // What other programs can have done: notes handed over, renamed, given pictures and skins, a backup.
-#include "app/note_admission.h"
-#include "app/picture_file.h"
 #include "app/win/main_frame.h"
 #include "data/jotlet_id.h"
+#include "desk/note_admission.h"
+#include "skin/picture_file.h"
 
 namespace jotlets {
 namespace {

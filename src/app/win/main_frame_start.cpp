@@ -1,17 +1,28 @@
 // The start of the program: from the empty window to notes on the desktop.
 #include "app/win/hot_keys.h"
 #include "app/win/main_frame.h"
-#include "app/win/orphan_dialog.h"
 #include "app/win/registry_policy.h"
 #include "app/win/system_facts.h"
-#include "app/win/user_messages.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "data/saving.h"
+#include "desk/win/orphan_dialog.h"
 #include "res/resource.h"
+#include "ui/user_messages.h"
 
 namespace jotlets {
 namespace {
+
+// What became of a damaged data file.
+Text DescribeDamage(const Resources& resources, const LoadedData& loaded) {
+  Text text = loaded.MustNotBeReplaced()
+                  ? resources.String(IDS_DAMAGED_NOT_KEPT)
+                  : ReplaceAll(resources.String(IDS_DAMAGED_KEPT), u"%s", loaded.keptAs);
+  if (!loaded.loadedInstead.empty()) {
+    text += u"\n" + ReplaceAll(resources.String(IDS_DAMAGED_INSTEAD), u"%s", loaded.loadedInstead);
+  }
+  return text;
+}
 
 constexpr UINT kFlashPeriod = 500;
 constexpr UINT kMinutePeriod = 60000;

@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include "app/note_file.h"
 #include "app/win/main_frame.h"
 #include "base/win/wide.h"
 #include "data/text_file.h"
+#include "desk/note_file.h"
 #include "res/resource.h"
 
 namespace jotlets {

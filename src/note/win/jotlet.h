@@ -27,8 +27,10 @@ inline constexpr wchar_t kJotletClass[] = L"BraskJotletNote";
 
 class BJotlet final : public Window, private EditWatcher {
  public:
-  /// `record` has a place and a size; `owner` outlives the note.
-  BJotlet(JotletOwner& owner, JotletData record) : owner_(owner), record_(std::move(record)) {}
+  /// `record` has a place and a size, and is shared with whoever keeps the lists: not changed elsewhere while
+  /// the note is open. `owner` outlives the note.
+  BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record)
+      : owner_(owner), shared_(std::move(record)), record_(*shared_) {}
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
@@ -132,8 +134,8 @@ class BJotlet final : public Window, private EditWatcher {
   void TakeDrag();
   /// The number of the stack that the note belongs to, -1 for none.
   void SetStack(std::int32_t number);
-  /// Takes over what a record says of the window that the note is attached to.
-  void TakeAttachment(const JotletData& from);
+  /// The window that the note is attached to; a default one is none.
+  void SetAttachment(const Attachment& attachment);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
   /// Puts the clipboard in the place of the selection, or at the end of the text, where the selection stays
@@ -206,7 +208,8 @@ class BJotlet final : public Window, private EditWatcher {
   Rect SettledBounds() const;
 
   JotletOwner& owner_;
-  JotletData record_;
+  std::shared_ptr<JotletData> shared_;
+  JotletData& record_;
   std::shared_ptr<const LoadedSkin> skin_;
   SkinView view_;
   BEdit edit_;

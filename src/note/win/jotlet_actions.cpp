@@ -124,14 +124,8 @@ void BJotlet::SetStack(std::int32_t number) {
   owner_.OnJotletChanged();
 }
 
-void BJotlet::TakeAttachment(const JotletData& from) {
-  record_.attachTitle = from.attachTitle;
-  record_.attachClass = from.attachClass;
-  record_.attachFocus = from.attachFocus;
-  record_.attachVisible = from.attachVisible;
-  record_.attachPosType = from.attachPosType;
-  record_.attachPosX = from.attachPosX;
-  record_.attachPosY = from.attachPosY;
+void BJotlet::SetAttachment(const Attachment& attachment) {
+  record_.attachment = attachment;
   UpdateView();
   owner_.OnJotletChanged();
 }

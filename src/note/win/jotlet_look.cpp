@@ -146,8 +146,8 @@ SkinStates BJotlet::States() const {
   states.Set(SkinState::kAttached, record_.IsAttached());
   states.Set(SkinState::kTransmit, !record_.lastSend.empty());
   states.Set(SkinState::kInStack, owner_.HasStack(record_.stack));
-  states.Set(SkinState::kSleeping, record_.sleeping);
-  states.Set(SkinState::kRecurring, record_.recurring);
+  states.Set(SkinState::kSleeping, record_.sleep.asleep);
+  states.Set(SkinState::kRecurring, record_.sleep.recurring);
   states.Set(SkinState::kGhost, record_.ghost);
   states.Set(SkinState::kTitle, !shownTitle_.empty());
   states.Set(SkinState::kImage, record_.IsImage());

@@ -20,7 +20,7 @@ constexpr WordRow kRows[] = {
     {u"ALARM", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.alarm); }},
     {u"CREATED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.created); }},
     {u"MODIFIED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.modified); }},
-    {u"WAKE", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.sleepNextWake); }},
+    {u"WAKE", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.sleep.nextWake); }},
     {u"DATE", [](JotletOwner& o, const JotletData&) { return ShownDate(o.ToLocal(0)); }},
     {u"TIME", [](JotletOwner& o, const JotletData&) { return ShownTimeOfDay(o.ToLocal(0)); }},
     {u"USERSTRING1", [](JotletOwner&, const JotletData& r) { return r.userString1; }},

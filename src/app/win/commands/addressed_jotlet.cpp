@@ -1,0 +1,74 @@
+#include "app/win/commands/addressed_jotlet.h"
+
+#include "app/win/main_frame.h"
+#include "data/rtf_bytes.h"
+#include "note/text_style.h"
+#include "note/win/edit_text.h"
+#include "skin/picture_file.h"
+#include "skin/win/clipboard.h"
+
+namespace jotlets {
+
+JotletData& AddressedJotlet::Record() { return jotlet_.Record(); }
+Text AddressedJotlet::PlainText() { return jotlet_.PlainText(); }
+Text AddressedJotlet::Rtf() { return frame_.RichTextOf(jotlet_.StoredRecord()); }
+std::int64_t AddressedJotlet::WindowNumber() { return reinterpret_cast<std::intptr_t>(jotlet_.Handle()); }
+
+// The skin that is shown: the one that a record names may not be there.
+Text AddressedJotlet::SkinPath() {
+  const Text& name = jotlet_.StoredRecord().skin;
+  if (name.empty()) return {};
+  const LoadedSkin& skin = jotlet_.Skin();
+  return skin.path.empty() ? name : skin.path;
+}
+
+void AddressedJotlet::SetTitle(TextView title) { jotlet_.SetTitle(title); }
+void AddressedJotlet::SetUserString(TextView words) { jotlet_.SetUserString(words); }
+void AddressedJotlet::SetColour(Colour colour) { jotlet_.SetColour(colour); }
+void AddressedJotlet::SetOnTop(bool onTop) { jotlet_.SetOnTop(onTop); }
+void AddressedJotlet::SetGhost(bool ghost) { jotlet_.SetGhost(ghost); }
+void AddressedJotlet::SetHidden(bool hidden) { jotlet_.SetHidden(hidden); }
+void AddressedJotlet::SetTransparency(std::int32_t percent) { jotlet_.SetTransparency(percent); }
+void AddressedJotlet::MoveTo(Point position) { jotlet_.MoveTo(position); }
+
+bool AddressedJotlet::SetRolled(bool rolled) {
+  jotlet_.SetRolled(rolled);
+  return jotlet_.StoredRecord().rolled == rolled;
+}
+
+bool AddressedJotlet::SetPlainText(TextView text) { return jotlet_.SetPlainText(text); }
+bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.SetRtf(rtf); }
+
+bool AddressedJotlet::SetSkin(TextView path) { return frame_.SetJotletSkin(jotlet_, path); }
+
+bool AddressedJotlet::ApplyStyle(TextView name) {
+  constexpr TextView kFront = u"Style0";
+  if (!StartsWithIgnoreCase(name, kFront) || name.size() != kFront.size() + 1) return false;
+  const auto number = static_cast<std::size_t>(name.back() - u'0');
+  if (number >= kTextStyles || !SavedTextStyle(frame_.CurrentOptions(), number).IsSet()) return false;
+  BEdit* edit = jotlet_.Editor();
+  if (edit == nullptr) return false;
+  const CHARRANGE selected = edit->Selection();
+  SelectAll(*edit);
+  const bool done =
+      DoEditAction(*edit, static_cast<ActionCode>(kActionApplyStyle0 + static_cast<int>(number)),
+                   frame_.Desktop().EditingContext());
+  edit->Select(selected);
+  return done;
+}
+
+bool AddressedJotlet::SetPicture(TextView path) { return frame_.SetJotletPicture(jotlet_, path); }
+
+void AddressedJotlet::CopyContent(bool formatted) {
+  if (jotlet_.StoredRecord().IsImage()) {
+    PutPictureOnClipboard(frame_.Handle(), frame_.ContentOf(jotlet_.StoredRecord()));
+  } else {
+    PutTextOnClipboard(frame_.Handle(), jotlet_.PlainText(), formatted ? RtfBytes(Rtf()) : std::string());
+  }
+}
+
+void AddressedJotlet::PasteAtEnd(bool formatted) { jotlet_.PasteAtEnd(formatted); }
+
+bool AddressedJotlet::SaveContent() { return frame_.SaveContent(jotlet_.StoredRecord().id); }
+
+}  // namespace jotlets

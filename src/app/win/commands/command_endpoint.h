@@ -1,0 +1,90 @@
+// The program's end of the command interface: takes copy-data in, runs commands on the notes, sends events.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "app/win/commands/addressed_jotlet.h"
+#include "command/interpreter.h"
+#include "command/win/copy_data.h"
+#include "data/record_index.h"
+
+namespace jotlets {
+
+class CMainFrame;
+
+/// The command language's view of the program.
+class CommandEndpoint final : public CommandHost {
+ public:
+  CommandEndpoint(CMainFrame& frame, const CodePage& ansi, Log& log);
+
+  /// Replies and events go out in the name of this window.
+  void SetWindow(HWND window) { transport_.SetSender(window); }
+
+  /// Serves a copy-data message.
+  void OnCopyData(HWND sender, const COPYDATASTRUCT& record);
+
+  jotlets::Listeners& Listeners() { return listeners_; }
+
+  DesktopJotlet* FindDesktop(TextView id) override;
+  const JotletData* FindAttached(TextView id) override;
+  const JotletData* FindSleeping(TextView id) override;
+  const JotletData* FindClosed(TextView id) override;
+  Text DesktopOfWindow(std::int64_t handle) override;
+  std::vector<Text> DesktopIds() const override;
+  std::vector<Text> AttachedIds() const override;
+  std::vector<Text> SleepingIds() const override;
+  std::vector<Text> ClosedIds() const override;
+  std::vector<std::int32_t> StackNumbers() const override;
+  const StackRecord* FindStack(std::int32_t number) const override;
+  Text ContentForTransfer(const JotletData& record) override;
+
+  Text CreateDesktop(TextView text) override;
+  Pasted CreateFromClipboard(Paste what) override;
+  Text CreateFromPicture(TextView path) override;
+  Text CreateEncoded(TextView encoded, bool asleep) override;
+  bool CloseDesktop(TextView id) override;
+  bool DeleteDesktop(TextView id) override;
+  Renamed SetDesktopId(TextView id, TextView newId) override;
+
+  bool WakeSleeping(TextView id) override;
+  bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override;
+  bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
+             std::int32_t end) override;
+  void SoundAlarm(TextView id, bool on) override;
+  void MoveSleeping(TextView id, Point position) override;
+  void SetWakeTime(TextView id, std::int32_t time) override;
+
+  bool SaveNow() override;
+  bool Backup(TextView folder) override;
+  void BringForward() override;
+  void HideAll(bool hidden) override;
+  void RecreateIcon() override;
+  std::optional<bool> OpenManageWindow(bool open) override;
+  bool IsSkinFixed() override;
+  bool SetDefaultSkin(TextView path) override;
+  Text DefaultSkinPath() override;
+  std::array<std::int32_t, 3> Snapping() const override;
+  bool RolledHasAltPosition() const override;
+  Text DataPath() const override;
+  Text UniqueId() const override;
+  LocalTime ToLocal(std::int32_t utc) override;
+  const FriendList& Friends() override;
+  CustomCommands& CustomMenu(MenuKind kind) override;
+  void NotifyMoved(TextView id) override;
+
+ private:
+  CMainFrame& frame_;
+  const CodePage& ansi_;
+  Log& log_;
+  CopyDataTransport transport_;
+  jotlets::Listeners listeners_;
+  std::optional<AddressedJotlet> addressed_;  // the note that the command under way is about
+  RecordIndex attached_;
+  RecordIndex closed_;
+  CustomCommands ofNotes_;
+  CustomCommands ofProgram_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,75 @@
+// The note commands that reach beyond the note: dialogs, files, other notes, the program.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+
+#include "app/win/commands/time_commands.h"
+#include "note/action_state.h"
+#include "note/win/action_menu.h"
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class BJotlet;
+class CMainFrame;
+
+class NoteCommands {
+ public:
+  NoteCommands(CMainFrame& frame, const Resources& resources)
+      : frame_(frame), resources_(resources), sleep_(frame, resources) {}
+
+  /// Carries out one command for the note with this id; false for commands that are none of these.
+  bool Do(const Text& id, ActionCode action);
+
+  /// What the rule of the commands' states asks of a note.
+  ActionFacts FactsOf(const BJotlet& jotlet) const;
+
+ private:
+  enum Extra : UINT { kUnattach = kFirstExtra, kNewStack, kLeaveStack, kShowStack, kFirstStack };
+  struct Row;
+  static const Row kRows[];
+
+  void Close(BJotlet& jotlet);
+  void Delete(BJotlet& jotlet);
+  void EditTitle(BJotlet& jotlet);
+  void EditUserString(BJotlet& jotlet);
+  void ChooseColour(BJotlet& jotlet);
+  void ChooseSkin(BJotlet& jotlet);
+  void ChooseFont(BJotlet& jotlet);
+  void FindText(BJotlet& jotlet);
+  void OpenUrl(BJotlet& jotlet);
+  void Save(BJotlet& jotlet);
+  void CopyToFile(BJotlet& jotlet);
+  void MoveToFile(BJotlet& jotlet);
+  void ImportFromFile(BJotlet& jotlet);
+  void OpenLog(BJotlet& jotlet);
+  void OpenIni(BJotlet& jotlet);
+  void Solo(BJotlet& jotlet);
+  void JotletMenu(BJotlet& jotlet);
+  void TextMenu(BJotlet& jotlet);
+  void OrphanCheck(BJotlet& jotlet);
+  void Properties(BJotlet& jotlet);
+  void Sleep(BJotlet& jotlet) { sleep_.Sleep(jotlet); }
+  void Recur(BJotlet& jotlet) { sleep_.Recur(jotlet); }
+  void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
+  void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
+  void Attach(BJotlet& jotlet);
+  void ShowParent(BJotlet& jotlet);
+
+  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet) const;
+  void DoExtra(BJotlet& jotlet, UINT chosen);
+
+  /// Shows a menu of a note and carries out what is chosen.
+  void ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries);
+  /// Saves a note's content into a file that the user chooses; whether it was written.
+  bool SaveToFile(BJotlet& jotlet);
+  void OpenDocument(BJotlet& jotlet, TextView name);
+
+  CMainFrame& frame_;
+  const Resources& resources_;
+  TimeCommands sleep_;
+};
+
+}  // namespace jotlets

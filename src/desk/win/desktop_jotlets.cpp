@@ -1,0 +1,344 @@
+#include "desk/win/desktop_jotlets.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "base/win/shown_time.h"
+#include "base/win/wide.h"
+#include "note/text_style.h"
+#include "note/win/monitor_setup.h"
+
+namespace jotlets {
+
+BJotlet* DesktopJotlets::Open(JotletData record) {
+  const Text id = record.id;
+  // How large a note may become depends on them.
+  if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
+  const FileContent content = files_.Read(folder_ + ContentPath(record));
+  auto jotlet = std::make_unique<BJotlet>(*this, std::make_shared<JotletData>(std::move(record)));
+  if (!jotlet->CreateWindowFor()) {
+    log_.Write(kLogLifecycle, u"No window for jotlet ", id, u": ", LastErrorText(u"CreateWindowEx"));
+    return nullptr;
+  }
+  if (content.state == FileContent::State::kRead) {
+    const TextView fault = jotlet->LoadContent(content.bytes);
+    if (!fault.empty()) log_.Write(kLogLifecycle, u"The content of jotlet ", id, u": ", fault);
+  } else if (content.state == FileContent::State::kUnreadable) {
+    log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
+    jotlet->KeepOldContent();
+  }
+  jotlets_.push_back(std::move(jotlet));
+  BJotlet* opened = jotlets_.back().get();
+  ShowOnScreens(*opened);
+  byId_[FoldCase(id)] = opened;
+  return opened;
+}
+
+BJotlet* DesktopJotlets::Find(TextView id) {
+  const auto found = byId_.find(FoldCase(id));
+  return found == byId_.end() ? nullptr : found->second;
+}
+
+std::vector<Text> DesktopJotlets::Ids() const {
+  std::vector<Text> ids;
+  ids.reserve(jotlets_.size());
+  for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
+  return ids;
+}
+
+bool DesktopJotlets::SaveContent(TextView id, const Moment& now) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return false;
+  const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
+  if (!saved) {
+    log_.Write(kLogLifecycle, u"Unable to save the content of jotlet ", id, u": ", saved.reason);
+  }
+  return saved.ok;
+}
+
+std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return std::nullopt;
+  jotlet->StopAlarm();
+  JotletData record = jotlet->Record();
+  byId_.erase(FoldCase(id));
+  const auto at =
+      std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
+  removed_.push_back(std::move(*at));
+  jotlets_.erase(at);
+  jotlet->DestroyWindowNow();
+  owner_.PurgeSoon();
+  return record;
+}
+
+// From the topmost down: each window then finds its place among shown ones. From the bottom
+// up, the system looks for that place past every window that is still hidden, which a thousand notes make
+// felt.
+void DesktopJotlets::ShowAll() {
+  std::vector<Text> ids = Ids();
+  std::reverse(ids.begin(), ids.end());
+  ForEachOf(ids, [](BJotlet& jotlet) {
+    if (!jotlet.StoredRecord().hidden) jotlet.Show();
+  });
+}
+
+// Showing, hiding and making an editor anew move the focus, which is told of, and a listener may take notes
+// away.
+template <typename Do>
+void DesktopJotlets::ForEachOf(const std::vector<Text>& ids, Do act) {
+  for (const Text& id : ids) {
+    if (BJotlet* jotlet = Find(id)) act(*jotlet);
+  }
+}
+
+void DesktopJotlets::UnhideAll() {
+  for (const auto& jotlet : jotlets_) jotlet->Record().hidden = false;
+  ShowAll();
+  owner_.SetDirty();
+}
+
+void DesktopJotlets::HideAll() {
+  ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.Hide(); });
+}
+
+void DesktopJotlets::BringForward() {
+  for (const auto& jotlet : jotlets_) jotlet->BringForward();
+}
+
+BJotlet* DesktopJotlets::Neighbour(const BJotlet& jotlet, int step) {
+  const std::size_t count = jotlets_.size();
+  std::size_t at = 0;
+  while (at < count && jotlets_[at].get() != &jotlet) ++at;
+  for (std::size_t i = 0; i < count; ++i) {
+    at = (at + (step > 0 ? 1 : count - 1)) % count;
+    if (IsWindowVisible(jotlets_[at]->Handle())) return jotlets_[at].get();
+  }
+  return nullptr;
+}
+
+void DesktopJotlets::HideOthers(const BJotlet& shown) {
+  ForEachOf(Ids(), [&shown](BJotlet& jotlet) {
+    if (&jotlet != &shown) jotlet.SetHidden(true);
+  });
+}
+
+BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
+  const HWND root = GetAncestor(window, GA_ROOT);
+  const auto at = std::find_if(jotlets_.begin(), jotlets_.end(),
+                               [root](const auto& jotlet) { return jotlet->Handle() == root; });
+  return at == jotlets_.end() ? nullptr : at->get();
+}
+
+void DesktopJotlets::Rescue(const Rect& screen) {
+  for (const auto& jotlet : jotlets_) {
+    // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
+    jotlet->SetGhost(false);
+    const Rect from = jotlet->Bounds();
+    if (jotlet->Rescue(screen)) LogRescue(*jotlet, from);
+  }
+}
+
+void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
+  const Rect to = jotlet.Bounds();
+  log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
+             u" from appearing off screen (moved from ", from.left, u",", from.top, u" to ", to.left, u",",
+             to.top, u")");
+}
+
+void DesktopJotlets::FollowMonitors() {
+  MonitorSetup now = ReadMonitors();
+  if (now == screens_) return;
+  screens_ = std::move(now);
+  for (const auto& jotlet : jotlets_) ShowOnScreens(*jotlet);
+}
+
+void DesktopJotlets::ShowOnScreens(BJotlet& jotlet) {
+  const Rect from = jotlet.Bounds();
+  if (jotlet.ShowOnScreens(screens_)) LogRescue(jotlet, from);
+}
+
+void DesktopJotlets::Animate() {
+  if (animating_.empty()) return;
+  // The end of a move may take notes away and begin other moves.
+  for (const Text& id : std::exchange(animating_, {})) {
+    BJotlet* jotlet = Find(id);
+    if (jotlet != nullptr && jotlet->TickAnimation()) animating_.push_back(id);
+  }
+}
+
+void DesktopJotlets::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
+  if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
+  if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
+}
+
+// A style as the editor takes it; the height of letters in pixels is what the options keep.
+FontStyle FontOf(const TextStyle& style) {
+  constexpr std::int32_t kTenthsPerPixel = 10 * 72 / 96;
+  constexpr std::int32_t kBoldFrom = 600;
+  FontStyle font;
+  font.face = style.faceName;
+  font.points10 =
+      std::max((style.height < 0 ? -style.height : style.height) * kTenthsPerPixel, kTenthsPerPixel);
+  font.bold = style.weight >= kBoldFrom;
+  font.italic = style.italic != 0;
+  font.underline = style.underline != 0;
+  font.strikeout = style.strikeOut != 0;
+  font.colour = style.colour;
+  font.charset = style.charSet;
+  return font;
+}
+
+HighlightColours DesktopJotlets::Highlights() const {
+  HighlightColours colours;
+  std::transform(options_.hilites.begin(), options_.hilites.end(), colours.begin(), ColourOfNumber);
+  return colours;
+}
+
+EditContext DesktopJotlets::EditingContext() {
+  styles_.clear();
+  for (std::size_t number = 0; number < kTextStyles; ++number) {
+    const TextStyle style = SavedTextStyle(options_, number);
+    // The number of a style counts: one that is not set is a style without a face, which changes nothing.
+    styles_.push_back(style.IsSet() ? FontOf(style) : FontStyle());
+  }
+  return {.dateText = [this] { return ShownTime(ToLocal(0)); },
+          .styles = styles_,
+          .bulletIndent = options_.bulletIndent,
+          .highlights = Highlights(),
+          .lifted = lifted_,
+          .searched = searched_};
+}
+
+void DesktopJotlets::OnJotletLink(const Text& target) {
+  const auto result = reinterpret_cast<INT_PTR>(
+      ShellExecuteW(nullptr, L"open", Wide(target), nullptr, nullptr, SW_SHOWNORMAL));
+  constexpr INT_PTR kLastError = 32;
+  if (result <= kLastError) log_.Write(kLogLifecycle, u"Unable to open '", target, u"'");
+}
+
+std::vector<BJotlet*> DesktopJotlets::GroupOf(BJotlet& jotlet) {
+  std::vector<BJotlet*> group = {&jotlet};
+  if (!jotlet.IsSelected()) return group;
+  for (const auto& other : jotlets_) {
+    if (other.get() != &jotlet && other->IsSelected()) group.push_back(other.get());
+  }
+  return group;
+}
+
+void DesktopJotlets::OnJotletPressed(BJotlet& jotlet, bool ctrl) {
+  if (ctrl) return jotlet.SetSelected(!jotlet.IsSelected());
+  if (jotlet.IsSelected()) return;
+  for (const auto& other : jotlets_) {
+    if (other->IsSelected()) other->SetSelected(false);
+  }
+}
+
+std::vector<Rect> DesktopJotlets::WindowsToSnapTo(const BJotlet& jotlet) {
+  std::vector<Rect> windows;
+  for (const auto& other : jotlets_) {
+    // What moves along is nothing to snap to.
+    const bool along = jotlet.IsSelected() && other->IsSelected();
+    if (other.get() != &jotlet && !along && !other->StoredRecord().hidden) windows.push_back(other->Bounds());
+  }
+  const std::vector<Rect> stacks = owner_.StackBounds();
+  windows.insert(windows.end(), stacks.begin(), stacks.end());
+  return windows;
+}
+
+void DesktopJotlets::Enable(bool enabled) {
+  for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
+}
+
+void DesktopJotlets::CloseAll() {
+  for (const Text& id : Ids()) {
+    owner_.NotifyListeners(u"501 closed desktop jotlet appExit", id);
+  }
+  byId_.clear();
+  for (auto& jotlet : jotlets_) {
+    jotlet->DestroyWindowNow();
+    removed_.push_back(std::move(jotlet));
+  }
+  jotlets_.clear();
+}
+
+void DesktopJotlets::Purge() {
+  std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
+}
+
+std::vector<const JotletData*> DesktopJotlets::Records() {
+  std::vector<const JotletData*> records;
+  records.reserve(jotlets_.size());
+  for (const auto& jotlet : jotlets_) records.push_back(&jotlet->Record());
+  return records;
+}
+
+bool DesktopJotlets::HasUnsavedContent() const {
+  return std::any_of(jotlets_.begin(), jotlets_.end(),
+                     [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
+}
+
+FileStatus DesktopJotlets::SaveContents(const Moment& now) {
+  FileStatus first;
+  for (const auto& jotlet : jotlets_) {
+    const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
+    if (!saved && first) first = saved;
+  }
+  return first;
+}
+
+// Notes that were moved together are told of in one line.
+void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
+  constexpr TextView kMoved = u"509 desktop jotlet moved";
+  std::vector<Text> ids;
+  for (BJotlet* moved : GroupOf(jotlet)) {
+    // Before anybody is told: that takes its time, in which the window may go on.
+    owner_.OnNoteMoved(*moved);
+    ids.push_back(moved->StoredRecord().id);
+  }
+  if (ids.size() == 1) return owner_.NotifyListeners(kMoved, ids.front());
+  owner_.NotifyListenersMany(kMoved, ids);
+}
+
+void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
+  sounding_ += sounding ? 1 : -1;
+  log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
+             jotlet.TitleShown());
+  owner_.OnAlarm(sounding);
+}
+
+void DesktopJotlets::StopAlarms() {
+  for (const auto& jotlet : jotlets_) jotlet->StopAlarm();
+}
+
+void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {
+  owner_.NotifyListeners(u"510 desktop jotlet sized", jotlet.StoredRecord().id);
+}
+
+void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
+  owner_.NotifyListeners(gained ? u"506 desktop jotlet focus" : u"507 desktop jotlet losefocus",
+                         jotlet.StoredRecord().id);
+}
+
+LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
+  return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
+}
+
+void DesktopJotlets::SetId(BJotlet& jotlet, TextView id) {
+  std::replace(animating_.begin(), animating_.end(), jotlet.StoredRecord().id, Text(id));
+  byId_.erase(FoldCase(jotlet.StoredRecord().id));
+  jotlet.Record().id = id;
+  byId_[FoldCase(id)] = &jotlet;
+}
+
+void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
+  log_.Write(kLogDetail, u"Setting skin:", name);
+  jotlet.SetSkin(name);
+}
+
+void DesktopJotlets::RefreshSkins() {
+  ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.RefreshSkin(); });
+}
+
+}  // namespace jotlets

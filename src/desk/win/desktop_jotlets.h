@@ -1,0 +1,177 @@
+// The open notes: their windows, in list order, found by id.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "base/clock.h"
+#include "desk/note_saver.h"
+#include "note/win/jotlet.h"
+#include "skin/win/program_skins.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+/// What the open notes tell their owner.
+class DesktopOwner {
+ public:
+  virtual ~DesktopOwner() = default;
+  virtual void SetDirty() = 0;
+  virtual void NotifyListeners(TextView eventText, TextView id) = 0;
+  virtual void NotifyListenersMany(TextView eventText, std::span<const Text> ids) = 0;
+  virtual bool HasStack(std::int32_t number) const = 0;
+  virtual Text StackName(std::int32_t number) const = 0;
+  /// The stacks on the screen.
+  virtual std::vector<Rect> StackBounds() const = 0;
+  virtual void OnNoteDragged(bool shift) = 0;
+  virtual void OnNoteDropped(BJotlet& jotlet, bool shift) = 0;
+  /// Whether the note is attached to a window that is there, but behind another.
+  virtual bool IsTargetBehind(BJotlet& jotlet) = 0;
+  /// The user has moved a note, by itself or with others.
+  virtual void OnNoteMoved(BJotlet& jotlet) = 0;
+  /// An animated move has ended that closes or deletes its note.
+  virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
+  virtual Text BeginningNotice() const = 0;
+  /// A note begins or ends to sound.
+  virtual void OnAlarm(bool sounding) = 0;
+  /// Notes have gone from one list to another, or changed among those without a window.
+  virtual void OnListsChanged() = 0;
+  virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
+  virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
+  /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
+  virtual void PurgeSoon() = 0;
+};
+
+class DesktopJotlets final : public JotletOwner, public OpenNotes {
+ public:
+  DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, const Options& options,
+                 ProgramSkins& skins)
+      : owner_(owner), files_(files), clock_(clock), log_(log), options_(options), skins_(skins) {}
+
+  void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
+
+  /// Opens a note window for a record with a place and a size, its content read from its content file, and
+  /// puts it at the end of the list, not yet shown. nullptr, with a log line, when the window could not be
+  /// made.
+  BJotlet* Open(JotletData record);
+
+  BJotlet* Find(TextView id);
+  const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
+  std::vector<Text> Ids() const;
+
+  /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such
+  /// note.
+  bool SaveContent(TextView id, const Moment& now);
+
+  /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is
+  /// no such note.
+  std::optional<JotletData> Remove(TextView id);
+
+  /// Shows every note that is not hidden.
+  void ShowAll();
+  /// Shows every note, the hidden ones too, which are then hidden no more.
+  void UnhideAll();
+  /// Takes every window off the screen; no note becomes a hidden one by that.
+  void HideAll();
+  void BringForward();
+  /// The shown note behind (1) or before (-1) this one in list order, which begins again at its end; the note
+  /// itself when no other is shown.
+  BJotlet* Neighbour(const BJotlet& jotlet, int step);
+  /// Hides every note but one.
+  void HideOthers(const BJotlet& jotlet);
+  /// The note whose window this is, or is inside of; nullptr for other windows.
+  BJotlet* FindWindowOwner(HWND window);
+  /// Brings notes off `screen` back on to it, each of which is logged, and ends the ghost state of all.
+  void Rescue(const Rect& screen);
+  /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
+  /// changed. What a note's record says stays as the user chose it.
+  void FollowMonitors();
+  /// One step of all animated moves.
+  void Animate();
+  /// Whether a note sounds.
+  bool IsAnySounding() const { return sounding_ > 0; }
+  void StopAlarms();
+  void CloseAll();
+  /// Whether notes take the mouse and the keyboard.
+  void Enable(bool enabled);
+
+  /// Throws removed notes away whose windows no longer serve a message; the others wait for the next call,
+  /// which may take as long as a menu of theirs is open.
+  void Purge();
+
+  std::vector<const JotletData*> Records() override;
+  bool HasUnsavedContent() const override;
+  FileStatus SaveContents(const Moment& now) override;
+
+  void OnJotletChanged() override { owner_.SetDirty(); }
+  void OnJotletMoved(BJotlet& jotlet) override;
+  void OnJotletSized(BJotlet& jotlet) override;
+  void OnJotletDragged(BJotlet&, bool shift) override { owner_.OnNoteDragged(shift); }
+  void OnJotletDropped(BJotlet& jotlet, bool shift) override { owner_.OnNoteDropped(jotlet, shift); }
+  void OnJotletFocus(BJotlet& jotlet, bool gained) override;
+  bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
+    return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
+  }
+  bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
+    return owner_.IsActionEnabled(jotlet, action);
+  }
+  void OnAlarm(BJotlet& jotlet, bool sounding) override;
+  const Options& NoteOptions() const override { return options_; }
+  EditContext EditingContext() override;
+  void OnJotletLink(const Text& target) override;
+  Text BeginningNotice() override { return owner_.BeginningNotice(); }
+  /// The back colours of the highlights, from the options.
+  HighlightColours Highlights() const;
+  /// What "find" looked for last.
+  void SetSearched(TextView text) { searched_ = text; }
+  const Text& Searched() const { return searched_; }
+  std::vector<BJotlet*> GroupOf(BJotlet& jotlet) override;
+  void OnJotletPressed(BJotlet& jotlet, bool ctrl) override;
+  std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
+  const MonitorSetup& Screens() override { return screens_; }
+  void OnAnimationBegun(BJotlet& jotlet) override { animating_.push_back(jotlet.StoredRecord().id); }
+  void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
+  std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
+  SkinRenderer& Renderer() override { return skins_.Renderer(); }
+  LocalTime ToLocal(std::int32_t utc) override;
+  bool IsTargetBehind(BJotlet& jotlet) override { return owner_.IsTargetBehind(jotlet); }
+  bool HasStack(std::int32_t number) const override { return owner_.HasStack(number); }
+  Text StackName(std::int32_t number) override { return owner_.StackName(number); }
+
+  /// Gives a note another id, which no note has; its content file is the caller's affair.
+  void SetId(BJotlet& jotlet, TextView id);
+  /// Shows a note in a skin and logs it.
+  void SetSkin(BJotlet& jotlet, TextView name);
+  /// Every note takes its skin anew.
+  void RefreshSkins();
+
+ private:
+  template <typename Do>
+  void ForEachOf(const std::vector<Text>& ids, Do act);
+  void LogRescue(const BJotlet& jotlet, const Rect& from);
+  void ShowOnScreens(BJotlet& jotlet);
+
+  DesktopOwner& owner_;
+  Files& files_;
+  const Clock& clock_;
+  Log& log_;
+  const Options& options_;
+  ProgramSkins& skins_;
+  MonitorSetup screens_;
+  std::vector<FontStyle> styles_;
+  std::optional<LiftedFormat> lifted_;
+  Text searched_;
+  int sounding_ = 0;
+  std::vector<Text> animating_;  // the ids of the notes that move
+  Text folder_;
+  std::vector<std::unique_ptr<BJotlet>> jotlets_;
+  std::unordered_map<Text, BJotlet*> byId_;  // by folded id
+  // A note may be removed while one of its messages is being served; it then waits here.
+  std::vector<std::unique_ptr<BJotlet>> removed_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,318 @@
+#include "desk/win/desktop_stacks.h"
+
+#include <algorithm>
+#include <map>
+
+#include "app/win/main_frame.h"
+#include "base/win/wide.h"
+#include "data/data_file.h"
+#include "res/resource.h"
+#include "schedule/win/close_stack_dialog.h"
+
+namespace jotlets {
+namespace {
+
+constexpr Size kNewStack{280, 160};
+
+StackMember MemberOf(const JotletData& record, const Text& title, MemberState state) {
+  return {record.id, title, record.colour, record.alarm > 0, state};
+}
+
+}  // namespace
+
+BStackDlg* DesktopStacks::Open(const StackRecord& record) {
+  auto stack = std::make_unique<BStackDlg>(*this, record);
+  if (!stack->CreateWindowFor()) {
+    frame_.Log(kLogLifecycle, u"No window for stack ", record.number, u": ",
+               LastErrorText(u"CreateWindowEx"));
+    return nullptr;
+  }
+  stacks_.push_back(std::move(stack));
+  return stacks_.back().get();
+}
+
+void DesktopStacks::OpenAll() {
+  desktop_.FollowMonitors();
+  for (const StackRecord& record : lists_.stacks) Open(record);
+  Refresh();
+}
+
+BStackDlg* DesktopStacks::Find(std::int32_t number) {
+  const auto at = std::find_if(stacks_.begin(), stacks_.end(),
+                               [number](const auto& stack) { return stack->Number() == number; });
+  return at == stacks_.end() ? nullptr : at->get();
+}
+
+std::vector<Rect> DesktopStacks::Bounds() const {
+  std::vector<Rect> bounds;
+  for (const auto& stack : stacks_) {
+    if (IsWindowVisible(stack->Handle())) bounds.push_back(stack->Bounds());
+  }
+  return bounds;
+}
+
+BStackDlg* DesktopStacks::Create(const BJotlet& beside) {
+  StackRecord record;
+  record.number = NewStackNumber(lists_.stacks);
+  // Notes may still name a stack of this number that is no longer there.
+  for (BJotlet* note : NotesOf(record.number)) note->SetStack(kNone);
+  lists_.LeaveStack(record.number);
+  record.title = ReplaceAll(resources_.String(IDS_STACK_TITLE), u"%s", IntText(record.number));
+  record.width = kNewStack.width;
+  record.height = kNewStack.height;
+  const Rect note = beside.Bounds();
+  const Rect area = WorkAreaAt(desktop_.Screens().monitors, note);
+  const Point place = SpreadPlaces(note, std::vector<Size>{kNewStack}, area, 2).front();
+  record.x = place.x;
+  record.y = place.y;
+  BStackDlg* stack = Open(record);
+  if (stack == nullptr) return nullptr;
+  lists_.stacks.push_back(record);
+  stack->Show();
+  frame_.SetDirty();
+  return stack;
+}
+
+std::vector<BJotlet*> DesktopStacks::NotesOf(std::int32_t number) {
+  std::vector<BJotlet*> notes;
+  for (const auto& jotlet : desktop_.All()) {
+    if (jotlet->StoredRecord().stack == number) notes.push_back(jotlet.get());
+  }
+  return notes;
+}
+
+void DesktopStacks::Add(std::int32_t number, BJotlet& jotlet) {
+  BStackDlg* stack = Find(number);
+  if (stack == nullptr) return;
+  const std::vector<BJotlet*> group = desktop_.GroupOf(jotlet);
+  for (BJotlet* note : group) note->SetStack(number);
+  if (stack->Record().unp) {
+    MoveOut(*stack, group, false);
+  } else {
+    for (BJotlet* note : group) MoveIn(*stack, *note);
+  }
+  Refresh();
+}
+
+void DesktopStacks::TakeOut(BJotlet& jotlet) {
+  for (BJotlet* note : desktop_.GroupOf(jotlet)) {
+    BStackDlg* stack = Find(note->StoredRecord().stack);
+    if (stack != nullptr) MoveOut(*stack, {note}, true);
+    note->SetStack(kNone);
+  }
+  Refresh();
+}
+
+Rect DesktopStacks::AreaOf(const BStackDlg& stack) {
+  return WorkAreaAt(desktop_.Screens().monitors, stack.Bounds());
+}
+
+// A note that is still on its way into the stack would be hidden when it gets there, and one that jiggles has
+// no place to begin from.
+void DesktopStacks::Settle(BJotlet& jotlet) {
+  jotlet.FinishAnimation();
+  if (jotlet.IsSounding()) jotlet.StopAlarm();
+}
+
+// Each note goes to the place that it has among all of the stack, so that one that is shown by itself does
+// not cover another. A hidden one comes out of the stack, unless it was put away at a place of its own.
+void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden) {
+  const std::vector<BJotlet*> all = NotesOf(stack.Number());
+  for (BJotlet* note : notes) Settle(*note);
+  std::vector<Size> sizes;
+  for (const BJotlet* note : all) sizes.push_back({note->Bounds().Width(), note->Bounds().Height()});
+  const Rect from = stack.Bounds();
+  const std::vector<Point> places =
+      SpreadPlaces(from, sizes, AreaOf(stack), SnapSettingsFrom(NoteOptions()).gap);
+  for (std::size_t index = 0; index < all.size(); ++index) {
+    BJotlet* note = all[index];
+    if (std::find(notes.begin(), notes.end(), note) == notes.end()) continue;
+    const bool hidden = note->StoredRecord().hidden;
+    const bool stays = note->StoredRecord().attachment.posType == 1 && note->StoredRecord().IsAttached();
+    const bool keepsPlace = onlyHidden && (!hidden || !Overlap(note->Bounds(), from));
+    if (!stays && !keepsPlace) {
+      const Rect at = note->Bounds();
+      if (hidden) note->PlaceAt(from.TopLeft());
+      note->StartAnimation(hidden ? from.TopLeft() : at.TopLeft(), places[index], AnimationKind::kMove);
+    }
+    note->SetHidden(false);
+    note->BringForward();
+  }
+}
+
+// The note goes back to its place while it is hidden: shown by itself, it is where it was.
+void DesktopStacks::MoveIn(BStackDlg& stack, BJotlet& jotlet) {
+  Settle(jotlet);
+  if (jotlet.StoredRecord().hidden) return;
+  jotlet.StartAnimation(jotlet.Bounds().TopLeft(), stack.Bounds().TopLeft(), AnimationKind::kHide);
+}
+
+void DesktopStacks::Spread(BStackDlg& stack) {
+  MoveOut(stack, NotesOf(stack.Number()), false);
+  stack.SetUnpacked(true);
+}
+
+void DesktopStacks::Gather(BStackDlg& stack) {
+  for (BJotlet* note : NotesOf(stack.Number())) MoveIn(stack, *note);
+  stack.SetUnpacked(false);
+}
+
+void DesktopStacks::Close(std::int32_t number) {
+  BStackDlg* stack = Find(number);
+  if (stack == nullptr) return;
+  frame_.Log(kLogLifecycle, u"BStackDlg::OnClose()");
+  auto fate = NotesOfClosedStack::kStay;
+  if (!stack->Members().empty()) {
+    const auto chosen = BCloseStackDlg(resources_, stack->Members().size()).Ask(stack->Handle());
+    // The dialog lets everything else go on.
+    stack = Find(number);
+    if (!chosen || stack == nullptr) return;
+    fate = *chosen;
+  }
+  if (fate == NotesOfClosedStack::kStay) MoveOut(*stack, NotesOf(number), true);
+  std::vector<Text> ids;
+  for (const BJotlet* note : NotesOf(number)) ids.push_back(note->StoredRecord().id);
+  for (const Text& id : ids) {
+    if (fate == NotesOfClosedStack::kClose) frame_.CloseForUser(id);
+    BJotlet* note = desktop_.Find(id);
+    if (note == nullptr) continue;
+    // Hidden in a stack that is gone, one that could not be closed would be out of reach.
+    note->SetStack(kNone);
+    note->SetHidden(false);
+  }
+  lists_.LeaveStack(number);
+  stack = Find(number);
+  if (stack == nullptr) return;
+  Remove(*stack);
+  frame_.Log(kLogLifecycle, u"stack deleted");
+  frame_.SetDirty();
+}
+
+void DesktopStacks::Remove(BStackDlg& stack) {
+  std::erase_if(lists_.stacks, [&](const StackRecord& record) { return record.number == stack.Number(); });
+  const auto at =
+      std::find_if(stacks_.begin(), stacks_.end(), [&](const auto& s) { return s.get() == &stack; });
+  removed_.push_back(std::move(*at));
+  stacks_.erase(at);
+  stack.DestroyWindowNow();
+  frame_.PurgeSoon();
+}
+
+// The uppermost stack under the mouse; the note that is being dragged lies over it.
+BStackDlg* DesktopStacks::UnderMouse() {
+  const Point mouse = MousePosition();
+  if (stacks_.empty()) return nullptr;
+  for (HWND window = GetTopWindow(nullptr); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+    const auto at =
+        std::find_if(stacks_.begin(), stacks_.end(), [&](const auto& s) { return s->Handle() == window; });
+    if (at != stacks_.end() && IsWindowVisible(window) && (*at)->Bounds().Contains(mouse)) return at->get();
+  }
+  return nullptr;
+}
+
+void DesktopStacks::OnNoteDragged(bool shift) {
+  const BStackDlg* target = shift ? UnderMouse() : nullptr;
+  for (const auto& stack : stacks_) stack->SetDropTarget(stack.get() == target);
+}
+
+void DesktopStacks::OnNoteDropped(BJotlet& jotlet, bool shift) {
+  BStackDlg* target = shift ? UnderMouse() : nullptr;
+  OnNoteDragged(false);
+  if (target != nullptr) Add(target->Number(), jotlet);
+}
+
+void DesktopStacks::RefreshSoon() {
+  if (stacks_.empty() || refreshComes_) return;
+  refreshComes_ = true;
+  frame_.RefreshStacksSoon();
+}
+
+void DesktopStacks::Refresh() {
+  refreshComes_ = false;
+  if (stacks_.empty()) return;
+  std::map<std::int32_t, std::vector<StackMember>> members;
+  for (const auto& stack : stacks_) members[stack->Number()];
+  const auto add = [&members](const JotletData& record, const Text& title, MemberState state) {
+    const auto at = members.find(record.stack);
+    if (at != members.end()) at->second.push_back(MemberOf(record, title, state));
+  };
+  for (const auto& jotlet : desktop_.All()) {
+    const JotletData& record = jotlet->StoredRecord();
+    add(record, jotlet->TitleShown(), record.hidden ? MemberState::kHidden : MemberState::kShown);
+  }
+  for (const JotletData& record : lists_.attached) add(record, record.title, MemberState::kAway);
+  for (const JotletData& record : lists_.sleeping) add(record, record.title, MemberState::kAway);
+  for (const auto& stack : stacks_) stack->SetMembers(std::move(members[stack->Number()]));
+}
+
+void DesktopStacks::ShowAll() {
+  for (const auto& stack : stacks_) stack->Show();
+}
+
+void DesktopStacks::HideAll() {
+  for (const auto& stack : stacks_) stack->Hide();
+}
+
+void DesktopStacks::BringForward() {
+  for (const auto& stack : stacks_) stack->BringForward();
+}
+
+void DesktopStacks::Rescue(const Rect& screen) {
+  for (const auto& stack : stacks_) {
+    const auto to = RescuedStackPosition(stack->Bounds(), screen);
+    if (!to) continue;
+    stack->MoveTo(*to);
+    frame_.Log(kLogLifecycle, u"Rescued a stack");
+  }
+}
+
+void DesktopStacks::FollowMonitors() {
+  for (const auto& stack : stacks_) stack->ShowOnScreens(desktop_.Screens());
+}
+
+void DesktopStacks::RefreshSkins() {
+  for (const auto& stack : stacks_) stack->RefreshSkin();
+}
+
+void DesktopStacks::Enable(bool enabled) {
+  for (const auto& stack : stacks_) EnableWindow(stack->Handle(), enabled);
+}
+
+void DesktopStacks::CloseAll() {
+  for (auto& stack : stacks_) {
+    stack->DestroyWindowNow();
+    removed_.push_back(std::move(stack));
+  }
+  stacks_.clear();
+}
+
+void DesktopStacks::Purge() {
+  std::erase_if(removed_, [](const auto& stack) { return !stack->IsBusy(); });
+}
+
+void DesktopStacks::OnStackChanged(BStackDlg& stack) {
+  StackRecord* record = lists_.FindStack(stack.Number());
+  if (record == nullptr) return;
+  const bool renamed = record->title != stack.Record().title;
+  *record = stack.Record();
+  if (renamed) {
+    // Notes show the name of their stack.
+    for (BJotlet* note : NotesOf(stack.Number())) InvalidateRect(note->Handle(), nullptr, FALSE);
+  }
+  frame_.SetDirty();
+}
+
+std::vector<Rect> DesktopStacks::WindowsToSnapTo(const BStackDlg& stack) {
+  std::vector<Rect> windows;
+  for (const auto& jotlet : desktop_.All()) {
+    if (!jotlet->StoredRecord().hidden) windows.push_back(jotlet->Bounds());
+  }
+  for (const auto& other : stacks_) {
+    if (other.get() != &stack) windows.push_back(other->Bounds());
+  }
+  return windows;
+}
+
+Text DesktopStacks::EmptyHint() const { return resources_.String(IDS_STACK_EMPTY); }
+
+}  // namespace jotlets

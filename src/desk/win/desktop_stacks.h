@@ -1,0 +1,97 @@
+// The stacks: their windows, in the order of the data file, and what becomes of their notes.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "desk/jotlet_lists.h"
+#include "desk/win/desktop_jotlets.h"
+#include "schedule/win/stack_window.h"
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class CMainFrame;
+
+class DesktopStacks final : public StackOwner {
+ public:
+  DesktopStacks(CMainFrame& frame, const Resources& resources, JotletLists& lists, DesktopJotlets& desktop,
+                ProgramSkins& skins)
+      : frame_(frame), resources_(resources), lists_(lists), desktop_(desktop), skins_(skins) {}
+
+  /// Opens a window for every stack of the lists, not yet shown.
+  void OpenAll();
+  BStackDlg* Find(std::int32_t number);
+  std::vector<Rect> Bounds() const;
+
+  /// A new, empty stack beside a window of the note; nullptr, with a log line, when there is none to be had.
+  BStackDlg* Create(const BJotlet& beside);
+  /// The note, and those selected with it, join the stack.
+  void Add(std::int32_t number, BJotlet& jotlet);
+  /// The note, and those selected with it, belong to no stack any more and are shown.
+  void TakeOut(BJotlet& jotlet);
+  /// Shows all notes of a stack side by side next to it, or brings all of them in.
+  void Spread(BStackDlg& stack);
+  void Gather(BStackDlg& stack);
+  /// Asks what is to become of the notes, if there are any, and deletes the stack.
+  void Close(std::int32_t number);
+
+  /// The mouse moves a note, with Shift or without: the stack under it shows that it would take the note.
+  void OnNoteDragged(bool shift);
+  /// The mouse has let go of a note; with Shift it joins the stack there.
+  void OnNoteDropped(BJotlet& jotlet, bool shift);
+
+  /// The notes or their titles may have changed: the lists are read anew, once, when the program gets to it.
+  void RefreshSoon();
+  void Refresh();
+
+  void ShowAll();
+  void HideAll();
+  void BringForward();
+  /// Brings stacks off `screen` back on to it, each of which is logged.
+  void Rescue(const Rect& screen);
+  void FollowMonitors();
+  void RefreshSkins();
+  void Enable(bool enabled);
+  void CloseAll();
+  /// Throws closed stacks away whose windows no longer serve a message.
+  void Purge();
+
+  void OnStackChanged(BStackDlg& stack) override;
+  bool OnStackAction(BStackDlg& stack, ActionCode action) override;
+  void OnStackMenu(BStackDlg& stack, const std::optional<Text>& member) override;
+  void OnMemberClicked(BStackDlg& stack, const Text& id) override;
+  void OnMemberDraggedOut(BStackDlg& stack, const Text& id) override;
+  void OnMemberTakenOut(BStackDlg& stack, const Text& id) override;
+  std::vector<Rect> WindowsToSnapTo(const BStackDlg& stack) override;
+  const Options& NoteOptions() const override { return desktop_.NoteOptions(); }
+  const MonitorSetup& Screens() override { return desktop_.Screens(); }
+  std::shared_ptr<const LoadedSkin> StackSkin() override { return skins_.OfStack({}); }
+  SkinRenderer& Renderer() override { return skins_.Renderer(); }
+  Text EmptyHint() const override;
+
+ private:
+  BStackDlg* Open(const StackRecord& record);
+  void Remove(BStackDlg& stack);
+  BStackDlg* UnderMouse();
+  std::vector<BJotlet*> NotesOf(std::int32_t number);
+  void MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden);
+  void Settle(BJotlet& jotlet);
+  void MoveIn(BStackDlg& stack, BJotlet& jotlet);
+  Rect AreaOf(const BStackDlg& stack);
+  bool DoMenuCommand(BStackDlg& stack, UINT command, const std::optional<Text>& member);
+  void EditTitle(std::int32_t number);
+  void ChooseColour(std::int32_t number);
+
+  CMainFrame& frame_;
+  const Resources& resources_;
+  JotletLists& lists_;
+  DesktopJotlets& desktop_;
+  ProgramSkins& skins_;
+  std::vector<std::unique_ptr<BStackDlg>> stacks_;
+  // A stack may be closed while one of its messages is being served; it then waits here.
+  std::vector<std::unique_ptr<BStackDlg>> removed_;
+  bool refreshComes_ = false;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,69 @@
+#include "desk/win/file_exchange.h"
+
+#include "data/rtf_bytes.h"
+#include "data/text_file.h"
+#include "desk/note_file.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::uint64_t kLargestImport = 4 * 1024 * 1024;
+
+// Most programs write UTF-8 without a mark by now, and no other text of several letters happens to be valid.
+TextFile DecodeImport(std::string_view bytes, const CodePage& ansi) {
+  TextFile text = DecodeTextFile(bytes, ansi);
+  bool valid = false;
+  Text unmarked = FromUtf8(bytes, &valid);
+  if (valid && !text.damaged && !bytes.starts_with("\xEF\xBB\xBF")) text.text = std::move(unmarked);
+  return text;
+}
+
+// The name of a file without its folder and extension.
+Text NameOf(TextView path) {
+  const TextView name = path.substr(path.find_last_of(u"\\/") + 1);
+  return Text(name.substr(0, name.rfind(u'.')));
+}
+
+}  // namespace
+
+FileStatus WriteNoteCopy(Files& files, BJotlet& jotlet, TextView dataFolder, TextView path) {
+  const JotletData& record = jotlet.StoredRecord();
+  const bool plain = HasExtension(path, u".txt");
+  // Of a text that is too large the editor has the beginning alone.
+  const bool partly = jotlet.Editor() != nullptr && jotlet.Editor()->ShowsBeginning();
+  if (partly && plain) return FileStatus::Failed(u"the text is too large to be made plain text");
+  if (record.IsImage() || partly) return files.Copy(Text(dataFolder) + ContentPath(record), path);
+  if (plain) return files.Write(path, EncodeTextFile(jotlet.PlainText()));
+  return files.Write(path, RtfBytes(jotlet.Rtf()));
+}
+
+std::optional<NewJotlet> NoteFromFile(const Files& files, const CodePage& ansi, TextView path, Text& reason) {
+  if (files.Size(path) > kLargestImport) {
+    reason = u"the file is over 4 MB";
+    return std::nullopt;
+  }
+  const FileContent content = files.Read(path);
+  if (content.state != FileContent::State::kRead) {
+    reason = content.state == FileContent::State::kMissing ? Text(u"the file is not there") : content.reason;
+    return std::nullopt;
+  }
+  const TextFile text = DecodeImport(content.bytes, ansi);
+  if (text.damaged) {
+    reason = u"the file holds no text";
+    return std::nullopt;
+  }
+  NewJotlet fresh;
+  if (HasExtension(path, u".jtl")) {
+    const auto message = ParseNoteMessage(NoteMessageFromFile(text.text));
+    if (!message) reason = u"the file holds no note";
+    if (!message) return std::nullopt;
+    fresh = FromNoteMessage(*message);
+  } else {
+    fresh.title = NameOf(path);
+    (text.text.starts_with(u"{\\rtf") ? fresh.rtf : fresh.text) = text.text;
+  }
+  fresh.reason = u"import";
+  return fresh;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,46 @@
+#include "desk/win/note_keys.h"
+
+#include "desk/win/desktop_jotlets.h"
+#include "note/shortcuts.h"
+
+namespace jotlets {
+namespace {
+
+bool IsHeld(int key) { return GetKeyState(key) < 0; }
+
+// Typing quietens a note, as any command does; opening its menu is not typing.
+bool Quietens(WPARAM key) { return key != VK_APPS && key != VK_CONTROL && key != VK_SHIFT && key != VK_MENU; }
+
+void GoTo(BJotlet* jotlet) {
+  if (jotlet == nullptr) return;
+  jotlet->BringForward();
+  jotlet->TakeFocus();
+}
+
+void Serve(DesktopJotlets& desktop, BJotlet& jotlet, const WindowKey& key) {
+  if (key.toNote != 0) return GoTo(desktop.Neighbour(jotlet, key.toNote));
+  if (key.move != Point{}) return jotlet.MoveByKey(key.move);
+  jotlet.GrowByKey(key.grow);
+}
+
+}  // namespace
+
+bool ServeNoteKey(DesktopJotlets& desktop, const MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), IsHeld(VK_CONTROL), IsHeld(VK_SHIFT),
+                         IsHeld(VK_MENU)};
+  const ActionCode action = ActionFromKey(pressed);
+  const WindowKey window = WindowKeyFrom(pressed);
+  const bool isOurs = action != kActionNone || window != WindowKey{};
+  if (!isOurs && !desktop.IsAnySounding()) return false;
+  // A dialog of ours may be open over the notes; its keys are its own.
+  BJotlet* jotlet = desktop.FindWindowOwner(message.hwnd);
+  if (jotlet == nullptr) return false;
+  if (Quietens(message.wParam)) jotlet->StopAlarm();
+  if (!isOurs) return false;
+  if (action != kActionNone) return jotlet->DoAction(action, {});
+  Serve(desktop, *jotlet, window);
+  return true;
+}
+
+}  // namespace jotlets

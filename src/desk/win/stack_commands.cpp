@@ -1,0 +1,123 @@
+// What the user does with a stack: its buttons, its menu and the rows of its list.
+#include <algorithm>
+
+#include "app/win/main_frame.h"
+#include "base/win/wide.h"
+#include "desk/win/desktop_stacks.h"
+#include "res/resource.h"
+#include "ui/system_choosers.h"
+#include "ui/text_dialog.h"
+
+namespace jotlets {
+
+bool DesktopStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
+  switch (action) {
+    case kActionClose: Close(stack.Number()); return true;
+    case kActionStack: {
+      const auto& members = stack.Members();
+      const bool shown = std::any_of(members.begin(), members.end(),
+                                     [](const StackMember& m) { return m.state == MemberState::kShown; });
+      if (shown) {
+        Gather(stack);
+      } else {
+        Spread(stack);
+      }
+      return true;
+    }
+    case kActionEditTitle: EditTitle(stack.Number()); return true;
+    case kActionColour: ChooseColour(stack.Number()); return true;
+    case kActionNewJotlet: frame_.OnCommand(ID_NEW_JOTLET); return true;
+    case kActionRescue: frame_.OnCommand(ID_RESCUE); return true;
+    default: return false;
+  }
+}
+
+void DesktopStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member) {
+  const std::int32_t number = stack.Number();
+  const UniqueMenu resource = resources_.Menu(IDM_STACK);
+  const HMENU menu = GetSubMenu(resource.get(), 0);
+  const auto check = [menu](UINT command, bool on) {
+    CheckMenuItem(menu, command, MF_BYCOMMAND | (on ? MF_CHECKED : MF_UNCHECKED));
+  };
+  check(ID_STACK_KEEP_COLOUR, stack.Record().keepColour);
+  check(ID_STACK_ON_TOP, stack.Record().onTop);
+  check(ID_STACK_ROLL, stack.IsRolled());
+  const bool there = member && desktop_.Find(*member) != nullptr;
+  for (const UINT ofRow : {ID_STACK_SHOW_MEMBER, ID_STACK_TAKE_OUT})
+    EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (there ? MF_ENABLED : MF_GRAYED));
+  POINT at{MousePosition().x, MousePosition().y};
+  const RECT bounds = ToRECT(stack.Bounds());
+  if (!PtInRect(&bounds, at)) at = {bounds.left + 16, bounds.top + 24};
+  SetForegroundWindow(stack.Handle());
+  const auto chosen = static_cast<UINT>(
+      TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, stack.Handle(), nullptr));
+  // The menu runs a message loop of its own, in which the stack may go.
+  if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
+}
+
+bool DesktopStacks::DoMenuCommand(BStackDlg& stack, UINT command, const std::optional<Text>& member) {
+  switch (command) {
+    case ID_STACK_SHOW_MEMBER:
+      if (member) OnMemberClicked(stack, *member);
+      break;
+    case ID_STACK_TAKE_OUT:
+      if (member) OnMemberTakenOut(stack, *member);
+      break;
+    case ID_STACK_TITLE: EditTitle(stack.Number()); break;
+    case ID_STACK_COLOUR: ChooseColour(stack.Number()); break;
+    case ID_STACK_KEEP_COLOUR: stack.SetKeepColour(!stack.Record().keepColour); break;
+    case ID_STACK_SPREAD: Spread(stack); break;
+    case ID_STACK_GATHER: Gather(stack); break;
+    case ID_STACK_ON_TOP: stack.DoAction(kActionOnTop); break;
+    case ID_STACK_ROLL: stack.DoAction(kActionRoll); break;
+    case ID_STACK_CLOSE: Close(stack.Number()); break;
+    default: return false;
+  }
+  return true;
+}
+
+void DesktopStacks::EditTitle(std::int32_t number) {
+  BStackDlg* stack = Find(number);
+  if (stack == nullptr) return;
+  const auto title = BTextDlg(resources_, IDS_EDIT_TITLE, stack->Record().title).Ask(stack->Handle());
+  // A dialog lets everything else go on: the stack may be gone when it ends. So below.
+  stack = Find(number);
+  if (title && stack != nullptr) stack->SetTitle(*title);
+}
+
+void DesktopStacks::ChooseColour(std::int32_t number) {
+  BStackDlg* stack = Find(number);
+  if (stack == nullptr) return;
+  const auto colour = ChooseSystemColour(stack->Handle(), StackColour(stack->Record(), stack->Members()));
+  stack = Find(number);
+  if (colour && stack != nullptr) stack->SetColour(*colour);
+}
+
+void DesktopStacks::OnMemberClicked(BStackDlg& stack, const Text& id) {
+  BJotlet* note = desktop_.Find(id);
+  if (note == nullptr) return;
+  if (note->StoredRecord().hidden) {
+    MoveOut(stack, {note}, true);
+  } else {
+    MoveIn(stack, *note);
+  }
+  RefreshSoon();
+}
+
+void DesktopStacks::OnMemberDraggedOut(BStackDlg&, const Text& id) {
+  BJotlet* note = desktop_.Find(id);
+  if (note == nullptr) return;
+  note->SetStack(kNone);
+  note->TakeDrag();
+  Refresh();
+}
+
+void DesktopStacks::OnMemberTakenOut(BStackDlg& stack, const Text& id) {
+  BJotlet* note = desktop_.Find(id);
+  if (note == nullptr) return;
+  MoveOut(stack, {note}, true);
+  note->SetStack(kNone);
+  Refresh();
+}
+
+}  // namespace jotlets

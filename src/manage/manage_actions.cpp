@@ -1,0 +1,64 @@
+#include "manage/manage_actions.h"
+
+#include <algorithm>
+#include <array>
+
+namespace jotlets {
+namespace {
+
+using View = ManageView;
+using Action = ManageAction;
+
+struct OfferRow {
+  View view;
+  Action action;
+  bool byDefault = false;
+};
+
+// An attached note has no default: to be seen it would have to lose the window that it waits for.
+constexpr std::array kOffers = {
+    OfferRow{View::kDesktop, Action::kOpen, true}, OfferRow{View::kDesktop, Action::kUnattach},
+    OfferRow{View::kDesktop, Action::kDelete},     OfferRow{View::kAttached, Action::kUnattach},
+    OfferRow{View::kAttached, Action::kDelete},    OfferRow{View::kSleeping, Action::kWake, true},
+    OfferRow{View::kSleeping, Action::kDelete},    OfferRow{View::kRecurring, Action::kWake, true},
+    OfferRow{View::kRecurring, Action::kDelete},   OfferRow{View::kClosed, Action::kRestore, true},
+    OfferRow{View::kClosed, Action::kDelete},      OfferRow{View::kStacks, Action::kOpen, true},
+    OfferRow{View::kStacks, Action::kDelete},
+};
+
+constexpr std::size_t kMany = 20;
+
+}  // namespace
+
+bool Offers(ManageView view, ManageAction action) {
+  return action == Action::kUndo || std::any_of(kOffers.begin(), kOffers.end(), [=](const OfferRow& row) {
+           return row.view == view && row.action == action;
+         });
+}
+
+bool IsEnabled(ManageAction action, const ManageFacts& facts) {
+  if (action == Action::kUndo) return facts.canUndo;
+  return facts.selected > 0 && Offers(facts.view, action) && (action != Action::kUnattach || facts.attached);
+}
+
+std::optional<ManageAction> DefaultAction(ManageView view) {
+  for (const OfferRow& row : kOffers) {
+    if (row.view == view && row.byDefault) return row.action;
+  }
+  return std::nullopt;
+}
+
+ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t count,
+                              std::int32_t keepDeleted, bool confirmClosure) {
+  if (action == Action::kUndo || view == View::kStacks) return ManageQuestion::kNothing;
+  if (action == Action::kDelete) {
+    const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));
+    if (view == View::kClosed) return ManageQuestion::kForGood;
+    if (dropsOwn) return ManageQuestion::kNoRoom;
+    return confirmClosure ? ManageQuestion::kClose : ManageQuestion::kNothing;
+  }
+  if (action == Action::kWake && view == View::kRecurring) return ManageQuestion::kEndsRecurrence;
+  return count >= kMany ? ManageQuestion::kMany : ManageQuestion::kNothing;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,27 @@
+#include "schedule/win/alarm_sound.h"
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+#include "base/win/wide.h"
+
+namespace jotlets {
+
+void PlayAlarmSound(const Options& options, Log& log, int kind) {
+  const Text& name = kind == kWakeSound    ? options.alarm.text
+                     : kind == kAlarmSound ? options.alarmAlarm
+                                           : options.sound;
+  if (name.empty() || EqualIgnoreCase(name, u"beep")) {
+    log.Write(kLogDetail, u"Sounding PC speaker");
+    MessageBeep(0xFFFFFFFF);
+    return;
+  }
+  log.Write(kLogDetail, u"Playing sound: ", name);
+  const DWORD loop = kind == kAlarmSound && options.loopAlarm == 1 ? SND_LOOP : 0;
+  PlaySoundW(Wide(name), nullptr, SND_FILENAME | SND_ASYNC | SND_NODEFAULT | SND_NOSTOP | SND_NOWAIT | loop);
+}
+
+void StopSounds() { PlaySoundW(nullptr, nullptr, 0); }
+
+}  // namespace jotlets

@@ -1,0 +1,80 @@
+#include "ui/system_choosers.h"
+
+#include <commdlg.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "base/win/wide.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+struct FreeTaskMemory {
+  void operator()(void* memory) const { CoTaskMemFree(memory); }
+};
+
+constexpr std::size_t kLongestPath = 32768;
+
+// The dialog wants its pairs ended by NULs.
+Text WithNuls(Text filter) {
+  std::replace(filter.begin(), filter.end(), u'|', u'\0');
+  filter.push_back(u'\0');
+  return filter;
+}
+
+Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Text& name, bool save) {
+  const Text pairs = WithNuls(filter);
+  Text path(kLongestPath, u'\0');
+  name.copy(path.data(), std::min(name.size(), kLongestPath - 1));
+  OPENFILENAMEW how{};
+  how.lStructSize = sizeof how;
+  how.hwndOwner = owner;
+  how.lpstrFilter = Wide(pairs);
+  how.lpstrFile = WideBuffer(path);
+  how.nMaxFile = static_cast<DWORD>(path.size());
+  how.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
+  how.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR |
+              (save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
+  if (!(save ? GetSaveFileNameW(&how) : GetOpenFileNameW(&how))) return {};
+  path.resize(path.find(u'\0'));
+  return path;
+}
+
+}  // namespace
+
+std::optional<Colour> ChooseSystemColour(HWND owner, Colour colour) {
+  // The user's own sixteen; they live as long as the program.
+  static COLORREF custom[16] = {};
+  CHOOSECOLORW how{};
+  how.lStructSize = sizeof how;
+  how.hwndOwner = owner;
+  how.rgbResult = ToCOLORREF(colour);
+  how.lpCustColors = custom;
+  how.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
+  if (!ChooseColorW(&how)) return std::nullopt;
+  return Colour{GetRValue(how.rgbResult), GetGValue(how.rgbResult), GetBValue(how.rgbResult)};
+}
+
+Text ChooseFileToSave(HWND owner, const Text& filter, const Text& extension, const Text& name) {
+  return ChooseFile(owner, filter, extension, name, true);
+}
+
+Text ChooseFileToOpen(HWND owner, const Text& filter) { return ChooseFile(owner, filter, {}, {}, false); }
+
+Text ChooseFolder(HWND owner, const Resources& resources, UINT question, TextView present) {
+  const Text title = resources.String(question);
+  BROWSEINFOW how{};
+  how.hwndOwner = owner;
+  how.lpszTitle = Wide(title);
+  how.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_EDITBOX;
+  const std::unique_ptr<ITEMIDLIST, FreeTaskMemory> chosen(SHBrowseForFolderW(&how));
+  Text path(MAX_PATH, u'\0');
+  if (!chosen || !SHGetPathFromIDListW(chosen.get(), WideBuffer(path))) return {};
+  path = WithSeparator(path.substr(0, path.find(u'\0')));
+  return EqualIgnoreCase(path, present) ? Text() : path;
+}
+
+}  // namespace jotlets

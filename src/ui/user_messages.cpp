@@ -1,0 +1,36 @@
+#include "ui/user_messages.h"
+
+#include "base/win/wide.h"
+#include "res/resource.h"
+
+namespace jotlets {
+namespace {
+
+int ShowBox(HWND owner, const Resources& resources, const Text& words, UINT kind) {
+  return MessageBoxW(owner, Wide(words), Wide(resources.String(IDS_APP_TITLE)), kind);
+}
+
+Text WithCount(const Resources& resources, UINT text, std::size_t count) {
+  return ReplaceAll(resources.String(text), u"%n", IntText(static_cast<std::int64_t>(count)));
+}
+
+}  // namespace
+
+void TellCount(HWND owner, const Resources& resources, UINT text, std::size_t count) {
+  ShowBox(owner, resources, WithCount(resources, text, count), MB_OK | MB_ICONWARNING);
+}
+
+bool AskCount(HWND owner, const Resources& resources, UINT question, std::size_t count) {
+  return ShowBox(owner, resources, WithCount(resources, question, count), MB_YESNO | MB_ICONQUESTION) ==
+         IDYES;
+}
+
+void Tell(HWND owner, const Resources& resources, UINT text, TextView value) {
+  ShowBox(owner, resources, ReplaceAll(resources.String(text), u"%s", value), MB_OK | MB_ICONWARNING);
+}
+
+bool Ask(HWND owner, const Resources& resources, UINT question) {
+  return ShowBox(owner, resources, resources.String(question), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+}  // namespace jotlets
