@@ -1,130 +1,64 @@
 #include "note/action_state.h"
 
-#include <algorithm>
+#include "note/action_table.h"
 
 namespace jotlets {
 namespace {
 
-struct Span {
-  ActionCode first;
-  ActionCode last;
-  constexpr bool Holds(ActionCode action) const { return action >= first && action <= last; }
-};
-
-template <std::size_t count>
-bool IsIn(const Span (&spans)[count], ActionCode action) {
-  return std::any_of(std::begin(spans), std::end(spans), [action](const Span& s) { return s.Holds(action); });
-}
-
-// Network and mail, the store, printing, image tools, and the codes without a handler in a note.
-constexpr Span kNotYet[] = {
-    {kActionReply, kActionReply},
-    {kActionSendToPpc, kActionStyles},
-    {kActionAddAsFriend, kActionAddAsFriend},
-    {kActionFormatForReply, kActionFormatForReply},
-    {kActionSyncWithServer, kActionSyncWithServer},
-    {kActionHelp, kActionHelp},
-    {kActionImportFromPpc, kActionImportFromPpc},
-    {kActionStoreJotlet, kActionStoreJotlet},
-    {kActionTrack, kActionTrack},
-    {kActionSpecify, kActionSendToFf9},
-    {kActionPenSelect, kActionPasteIntoImage},
-    {kActionPenDrawText, kActionPenDrawText},
-    {kActionSizeImageJotlet, kActionPenWidth21},
-    {kActionPenArrow, kActionPenArrow},
-    {kActionDummy, kActionStack},
-    {kActionGrabSs, kActionFloodFill},
-};
-
-// What only a text can have done to it.
-constexpr Span kOfText[] = {
-    {kActionInsertDate, kActionInsertDate},
-    {kActionAutoWidth, kActionAutoWidth},
-    {kActionBullets, kActionStrikethrough},
-    {kActionOpenUrl, kActionOpenUrl},
-    {kActionScrollUp, kActionScrollDown},
-    {kActionBulletsNone, kActionBulletsLetters},
-    {kActionPageUp, kActionPageDown},
-    {kActionApplyStyle0, kActionApplyStyle9},
-    {kActionOpenTextContext, kActionOpenTextContext},
-    {kActionFindText, kActionFindTextAgain},
-    {kActionLtr, kActionRtl},
-    {kActionHiliteNone, kActionHiliteBlue},
-    {kActionLiftFormat, kActionApplyFormat},
-    {kActionHyperlink, kActionHyperlink},
-};
-
-// Of those, what leaves the text as it is.
-constexpr Span kReading[] = {
-    {kActionAutoWidth, kActionAutoWidth},
-    {kActionCopy, kActionCopy},
-    {kActionSelectAll, kActionSelectAll},
-    {kActionOpenUrl, kActionOpenUrl},
-    {kActionScrollUp, kActionScrollDown},
-    {kActionPageUp, kActionPageDown},
-    {kActionFindText, kActionFindTextAgain},
-    {kActionLiftFormat, kActionLiftFormat},
-    {kActionOpenTextContext, kActionOpenTextContext},
-};
-
-// What needs something of the text: a selection, a clipboard, a step to take back.
-bool HasWhatItNeeds(ActionCode action, const EditFacts& edit) {
-  switch (action) {
-    case kActionCut:
-    case kActionCopy:
-    case kActionClear: return edit.hasSelection;
-    case kActionPaste: return edit.canPaste;
-    case kActionUndo: return edit.canUndo;
-    case kActionRedo: return edit.canRedo;
-    default: return true;
+bool HasWhatItNeeds(ActionNeeds needs, const ActionFacts& facts) {
+  switch (needs) {
+    case ActionNeeds::kNothing: return true;
+    case ActionNeeds::kFreeSkin: return !facts.skinFixed;
+    case ActionNeeds::kStack: return facts.inStack;
+    case ActionNeeds::kText: return !facts.image;
+    case ActionNeeds::kSelection: return !facts.image && facts.edit.hasSelection;
+    case ActionNeeds::kClipboard: return !facts.image && facts.edit.canPaste;
+    case ActionNeeds::kUndoStep: return !facts.image && facts.edit.canUndo;
+    case ActionNeeds::kRedoStep: return !facts.image && facts.edit.canRedo;
   }
+  return false;
 }
 
-bool IsEnabled(ActionCode action, const ActionFacts& facts) {
-  if (action <= kActionNone || action >= kActionEnd || IsIn(kNotYet, action)) return false;
-  if (action == kActionSetSkin || action == kActionDefaultSkin) return !facts.skinFixed;
-  if (action == kActionShowParent) return facts.inStack;
-  if (!IsIn(kOfText, action)) return true;
-  return !facts.image && (!facts.readOnly || IsIn(kReading, action)) && HasWhatItNeeds(action, facts.edit);
+bool IsEnabled(const NoteAction& row, const ActionFacts& facts) {
+  const bool refused = facts.readOnly && row.onText != ActionOnText::kKeeps;
+  return row.by != ActionBy::kNobody && !refused && HasWhatItNeeds(row.needs, facts);
 }
 
-// The code of the family that begins with `first` and has a member for each value of an enumeration.
+// Whether paragraphs that agree have the value of a command.
 template <typename Kind>
-bool IsOf(ActionCode action, ActionCode first, std::optional<Kind> kind) {
-  return kind && action == first + static_cast<int>(*kind);
+bool IsOf(const ActionSetting& setting, std::optional<Kind> kind) {
+  return kind && setting.value == static_cast<std::int32_t>(*kind);
 }
 
-bool IsChecked(ActionCode action, const ActionFacts& facts) {
-  switch (action) {
-    case kActionRoll: return facts.rolled;
-    case kActionOnTop: return facts.onTop;
-    case kActionLock: return facts.readOnly;
-    case kActionStang: return facts.stang;
-    case kActionUser1: return facts.user1;
-    case kActionUser2: return facts.user2;
-    case kActionUser3: return facts.user3;
-    case kActionBold: return facts.edit.bold;
-    case kActionItalic: return facts.edit.italic;
-    case kActionUnderline: return facts.edit.underline;
-    case kActionStrikethrough: return facts.edit.strikethrough;
-    case kActionRtl: return facts.edit.rtl;
-    default: break;
+bool IsChecked(const ActionSetting& sets, const ActionFacts& facts) {
+  switch (sets.what) {
+    case ActionSets::kNothing:
+    case ActionSets::kStyle: return false;
+    case ActionSets::kOnTop: return facts.onTop;
+    case ActionSets::kRolled: return facts.rolled;
+    case ActionSets::kLocked: return facts.readOnly;
+    case ActionSets::kUser1: return facts.user1;
+    case ActionSets::kUser2: return facts.user2;
+    case ActionSets::kUser3: return facts.user3;
+    case ActionSets::kStang: return facts.stang;
+    case ActionSets::kBold: return facts.edit.bold;
+    case ActionSets::kItalic: return facts.edit.italic;
+    case ActionSets::kUnderline: return facts.edit.underline;
+    case ActionSets::kStrikethrough: return facts.edit.strikethrough;
+    case ActionSets::kRightToLeft: return facts.edit.rtl;
+    case ActionSets::kAlignment: return IsOf(sets, facts.edit.alignment);
+    case ActionSets::kBullets: return IsOf(sets, facts.edit.bullets);
+    case ActionSets::kHighlight: return IsOf(sets, facts.edit.highlight);
+    case ActionSets::kOpacity: return sets.value == facts.transparency;
   }
-  return OpacityOf(action) == facts.transparency || IsOf(action, kActionLeft, facts.edit.alignment) ||
-         IsOf(action, kActionBulletsNone, facts.edit.bullets) ||
-         IsOf(action, kActionHiliteNone, facts.edit.highlight);
+  return false;
 }
 
 }  // namespace
 
 ActionState StateOf(ActionCode action, const ActionFacts& facts) {
-  return {IsEnabled(action, facts), IsChecked(action, facts)};
-}
-
-std::optional<std::int32_t> OpacityOf(ActionCode action) {
-  if (action < kActionTransparentOpaque || action > kActionTransparent10pc) return std::nullopt;
-  // The family counts down from 90 percent, which stores 10.
-  return (action - kActionTransparentOpaque) * 10;
+  const NoteAction& row = RowOf(action);
+  return {IsEnabled(row, facts), IsChecked(row.sets, facts)};
 }
 
 }  // namespace jotlets

@@ -1,8 +1,6 @@
-// Which commands a note can carry out now, and which of them show a check mark. Menus and keys ask the same
-// rule.
+// Which commands a note can carry out now, and which of them show a check mark, by the rows of the commands
+// and the facts of the note. Menus and keys ask the same rule.
 #pragma once
-
-#include <optional>
 
 #include "note/actions.h"
 #include "note/edit_facts.h"
@@ -33,9 +31,5 @@ struct ActionState {
 /// Commands of features that are not there yet are never enabled, nor are those that have no effect in a
 /// note.
 ActionState StateOf(ActionCode action, const ActionFacts& facts);
-
-/// The opacity that a command from "transparentopaque" to "transparent10pc" stores, in percent; nothing for
-/// other commands. The names tell what is taken away: "transparent10pc" stores 90.
-std::optional<std::int32_t> OpacityOf(ActionCode action);
 
 }  // namespace jotlets

@@ -1,4 +1,4 @@
-// The keys of the note commands: one table that the keyboard and the menus share.
+// The keys of the note commands, as the keyboard and the menus go by them.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +17,23 @@ struct Shortcut {
   bool shift = false;
   bool alt = false;
   friend bool operator==(const Shortcut&, const Shortcut&) = default;
+};
+
+/// Keys that are no letter or digit.
+enum Key : std::uint16_t {
+  kTabKey = 0x09,
+  kEnterKey = 0x0D,
+  kLeftKey = 0x25,
+  kUpKey = 0x26,
+  kRightKey = 0x27,
+  kDownKey = 0x28,
+  kDeleteKey = 0x2E,
+  kMenuKey = 0x5D,
+  kF2Key = 0x71,
+  kF3Key = 0x72,
+  kSemicolonKey = 0xBA,
+  kCommaKey = 0xBC,
+  kFullStopKey = 0xBE,
 };
 
 /// The command of a key in a note; none for keys that belong to the text.

@@ -279,6 +279,9 @@ TEST_F(EditorTest, LinksOpenOnlyWhenAskedForAndSurviveSaving) {
   edit_.SetReadOnly(true);
   Click(6, 0);
   EXPECT_EQ(opened_, u"http://www.a.example");
+  opened_.clear();
+  Do(kActionHyperlink);
+  EXPECT_EQ(opened_, u"http://www.a.example") << "opening is no editing";
   Select(33, 42);
   Do(kActionHyperlink);
   EXPECT_EQ(edit_.PlainText(), kText);

@@ -1,5 +1,8 @@
 #include "note/win/action_menu.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "base/win/wide.h"
 #include "note/shortcuts.h"
 #include "res/resource.h"
@@ -8,137 +11,112 @@
 namespace jotlets {
 namespace {
 
-constexpr MenuEntry kSeparator{};
-
-constexpr MenuEntry kOpacity[] = {
-    {kActionTransparentOpaque}, {kActionTransparent10pc}, {kActionTransparent20pc}, {kActionTransparent30pc},
-    {kActionTransparent40pc},   {kActionTransparent50pc}, {kActionTransparent60pc}, {kActionTransparent70pc},
-    {kActionTransparent80pc},   {kActionTransparent90pc},
+// An entry that is no command: a menu below, or the extra entries of a part, in a menu of their own when
+// there is a text.
+struct OtherEntry {
+  MenuPlace place;
+  UINT text = 0;
+  NoteMenu below = NoteMenu::kNoMenu;
+  MenuPart part = MenuPart::kNothing;
 };
 
-constexpr MenuEntry kMarks[] = {{kActionUser1}, {kActionUser2}, {kActionUser3}, {kActionEditUserString1}};
-
-constexpr MenuEntry kNoteEntries[] = {
-    {kActionNewJotlet},
-    {kActionNewFromClipboard},
-    {kActionImportFromFile},
-    kSeparator,
-    {kActionEditTitle},
-    {kActionColour},
-    {kActionNone, IDS_MENU_OPACITY, kOpacity},
-    {kActionSetSkin},
-    {kActionNone, IDS_MENU_MARKS, kMarks},
-    {kActionProperties},
-    kSeparator,
-    {kActionOnTop},
-    {kActionRoll},
-    {kActionAutoWidth},
-    {kActionLock},
-    {kActionGoAway},
-    {kActionSolo},
-    kSeparator,
-    {kActionSleep},
-    {kActionRecurrence},
-    {kActionAlarm},
-    {kActionAttach},
-    {kActionNone, 0, {}, MenuPart::kAttachment},
-    {kActionNone, IDS_MENU_STACKS, {}, MenuPart::kStacks},
-    kSeparator,
-    {kActionCopyToFile},
-    {kActionMoveToFile},
-    {kActionPrint},
-    kSeparator,
-    {kActionClose},
-    {kActionDelete},
+constexpr OtherEntry kOthers[] = {
+    {{NoteMenu::kJotletMenu, 220}, IDS_MENU_OPACITY, NoteMenu::kOpacityMenu},
+    {{NoteMenu::kJotletMenu, 240}, IDS_MENU_MARKS, NoteMenu::kMarksMenu},
+    {.place = {NoteMenu::kJotletMenu, 440}, .part = MenuPart::kAttachment},
+    {{NoteMenu::kJotletMenu, 450}, IDS_MENU_STACKS, NoteMenu::kStacksMenu, MenuPart::kStacks},
+    {{NoteMenu::kTextMenu, 310}, IDS_MENU_FORMAT, NoteMenu::kFormatMenu},
+    {{NoteMenu::kTextMenu, 320}, IDS_MENU_ALIGN, NoteMenu::kAlignMenu},
+    {{NoteMenu::kTextMenu, 330}, IDS_MENU_BULLETS, NoteMenu::kBulletsMenu},
+    {{NoteMenu::kTextMenu, 340}, IDS_MENU_HIGHLIGHT, NoteMenu::kHighlightMenu},
+    {{NoteMenu::kTextMenu, 350}, IDS_MENU_STYLES, NoteMenu::kStylesMenu},
+    {{NoteMenu::kTextMenu, 500}, IDS_MENU_JOTLET, NoteMenu::kJotletMenu},
 };
 
-constexpr MenuEntry kAlign[] = {{kActionLeft}, {kActionCenter}, {kActionRight},
-                                kSeparator,    {kActionLtr},    {kActionRtl}};
-constexpr MenuEntry kBullets[] = {
-    {kActionBulletsNone}, {kActionBulletsNormal}, {kActionBulletsNumbers}, {kActionBulletsLetters}};
-constexpr MenuEntry kHighlight[] = {{kActionHiliteNone},   {kActionHiliteYellow}, {kActionHilitePink},
-                                    {kActionHiliteOrange}, {kActionHiliteGreen},  {kActionHiliteBlue}};
-constexpr MenuEntry kStyles[] = {{kActionApplyStyle0}, {kActionApplyStyle1}, {kActionApplyStyle2},
-                                 {kActionApplyStyle3}, {kActionApplyStyle4}, {kActionApplyStyle5},
-                                 {kActionApplyStyle6}, {kActionApplyStyle7}, {kActionApplyStyle8},
-                                 {kActionApplyStyle9}};
-constexpr MenuEntry kFormat[] = {
-    {kActionBold},   {kActionItalic},  {kActionUnderline},  {kActionStrikethrough}, kSeparator,
-    {kActionLarger}, {kActionSmaller}, {kActionLiftFormat}, {kActionApplyFormat},
+static_assert(std::ranges::none_of(kNoteActions, [](const NoteAction& row) {
+  return std::ranges::find(kOthers, row.menu, &OtherEntry::place) != std::end(kOthers);
+}));
+
+// Of these two, one is there.
+struct Entry {
+  std::int32_t at = 0;
+  const NoteAction* action = nullptr;
+  const OtherEntry* other = nullptr;
 };
 
-constexpr MenuEntry kTextEntries[] = {
-    {kActionUndo},
-    {kActionRedo},
-    kSeparator,
-    {kActionCut},
-    {kActionCopy},
-    {kActionPaste},
-    {kActionClear},
-    {kActionSelectAll},
-    kSeparator,
-    {kActionFont},
-    {kActionNone, IDS_MENU_FORMAT, kFormat},
-    {kActionNone, IDS_MENU_ALIGN, kAlign},
-    {kActionNone, IDS_MENU_BULLETS, kBullets},
-    {kActionNone, IDS_MENU_HIGHLIGHT, kHighlight},
-    {kActionNone, IDS_MENU_STYLES, kStyles},
-    kSeparator,
-    {kActionInsertDate},
-    {kActionHyperlink},
-    {kActionOpenUrl},
-    {kActionFindText},
-    {kActionFindTextAgain},
-    kSeparator,
-    {kActionNone, IDS_MENU_JOTLET, kNoteEntries},
-};
+std::vector<Entry> EntriesOf(NoteMenu which) {
+  std::vector<Entry> entries;
+  for (const NoteAction& row : kNoteActions)
+    if (row.menu.menu == which) entries.push_back({row.menu.at, &row, nullptr});
+  for (const OtherEntry& other : kOthers)
+    if (other.place.menu == which) entries.push_back({other.place.at, nullptr, &other});
+  std::ranges::sort(entries, {}, &Entry::at);
+  return entries;
+}
+
+UINT StateFlags(bool enabled, bool checked) {
+  return (enabled ? MF_ENABLED : MF_GRAYED) | (checked ? MF_CHECKED : MF_UNCHECKED);
+}
 
 void AppendExtras(HMENU menu, MenuPart part, std::span<const ExtraEntry> extras) {
   for (const ExtraEntry& extra : extras) {
     if (extra.part != part) continue;
-    const UINT state = (extra.enabled ? MF_ENABLED : MF_GRAYED) | (extra.checked ? MF_CHECKED : MF_UNCHECKED);
-    AppendMenuW(menu, extra.id == 0 ? MF_SEPARATOR : state, extra.id, Wide(extra.text));
+    const UINT flags = extra.id == 0 ? MF_SEPARATOR : StateFlags(extra.enabled, extra.checked);
+    AppendMenuW(menu, flags, extra.id, Wide(extra.text));
   }
 }
 
-// The menu above owns the one below from here on.
-void AppendMenuOfItsOwn(const Resources& resources, HMENU menu, UINT text, UniqueMenu below) {
-  AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()), Wide(resources.String(text)));
-}
+// Builds a menu from what every entry needs.
+class MenuBuilder {
+ public:
+  MenuBuilder(const Resources& resources, const ActionFacts& facts, std::span<const ExtraEntry> extras)
+      : resources_(resources), facts_(facts), extras_(extras) {}
 
-UniqueMenu Build(const Resources& resources, std::span<const MenuEntry> entries, const ActionFacts& facts,
-                 std::span<const ExtraEntry> extras) {
-  UniqueMenu menu(CreatePopupMenu());
-  for (const MenuEntry& entry : entries) {
-    if (entry.part != MenuPart::kNothing) {
-      UniqueMenu below(entry.text == 0 ? nullptr : CreatePopupMenu());
-      AppendExtras(below ? below.get() : menu.get(), entry.part, extras);
-      if (below) AppendMenuOfItsOwn(resources, menu.get(), entry.text, std::move(below));
-    } else if (!entry.entries.empty()) {
-      AppendMenuOfItsOwn(resources, menu.get(), entry.text, Build(resources, entry.entries, facts, extras));
-    } else if (entry.action == kActionNone) {
-      AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-    } else {
-      const ActionState state = StateOf(entry.action, facts);
-      const auto code = static_cast<UINT>(entry.action);
-      Text text = resources.String(IDS_ACTION + code);
-      if (const Text keys = ShortcutText(entry.action); !keys.empty()) text += u"\t" + keys;
-      AppendMenuW(menu.get(),
-                  (state.enabled ? MF_ENABLED : MF_GRAYED) | (state.checked ? MF_CHECKED : MF_UNCHECKED),
-                  code, Wide(text));
+  UniqueMenu Build(NoteMenu which) const {
+    constexpr std::int32_t kStretch = 100;
+    UniqueMenu menu(CreatePopupMenu());
+    std::int32_t last = 0;
+    for (const Entry& entry : EntriesOf(which)) {
+      if (last != 0 && entry.at / kStretch != last / kStretch)
+        AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+      last = entry.at;
+      if (entry.action != nullptr) {
+        AppendAction(menu.get(), *entry.action);
+      } else {
+        AppendOther(menu.get(), *entry.other);
+      }
     }
+    return menu;
   }
-  return menu;
-}
+
+ private:
+  void AppendAction(HMENU menu, const NoteAction& row) const {
+    const ActionState state = StateOf(row.code, facts_);
+    const auto code = static_cast<UINT>(row.code);
+    Text text = resources_.String(IDS_ACTION + code);
+    if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
+    AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
+  }
+
+  void AppendOther(HMENU menu, const OtherEntry& other) const {
+    if (other.text == 0) return AppendExtras(menu, other.part, extras_);
+    UniqueMenu below = Build(other.below);
+    AppendExtras(below.get(), other.part, extras_);
+    // The menu above owns the one below from here on.
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()),
+                Wide(resources_.String(other.text)));
+  }
+
+  const Resources& resources_;
+  const ActionFacts& facts_;
+  std::span<const ExtraEntry> extras_;
+};
 
 }  // namespace
 
-const std::span<const MenuEntry> kJotletMenu(kNoteEntries);
-const std::span<const MenuEntry> kTextMenu(kTextEntries);
-
-ActionMenu::ActionMenu(const Resources& resources, std::span<const MenuEntry> entries,
-                       const ActionFacts& facts, std::span<const ExtraEntry> extras)
-    : menu_(Build(resources, entries, facts, extras)) {}
+ActionMenu::ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
+                       std::span<const ExtraEntry> extras)
+    : menu_(MenuBuilder(resources, facts, extras).Build(which)) {}
 
 UINT ChooseFromMenu(HMENU menu, HWND owner) {
   Point at = MousePosition();

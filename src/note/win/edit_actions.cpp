@@ -1,8 +1,6 @@
 #include "note/win/edit_actions.h"
 
-#include <algorithm>
-#include <array>
-
+#include "note/action_table.h"
 #include "note/win/edit_text.h"
 
 namespace jotlets {
@@ -10,12 +8,8 @@ namespace {
 
 constexpr std::int32_t kScrollStep = 16;  // pixels, of one click on a scroll button
 
-struct EditAction {
-  ActionCode first;
-  ActionCode last;  // of a family, whose members differ by their distance from the first
-  bool changes;     // refused by read-only notes
-  void (*act)(BEdit&, const EditContext&, std::int32_t member);
-};
+// `value` is what the command sets, for those that set one of several.
+using EditAct = void (*)(BEdit& edit, const EditContext& context, std::int32_t value);
 
 template <void (*Act)(BEdit&)>
 void Plain(BEdit& edit, const EditContext&, std::int32_t) {
@@ -49,20 +43,20 @@ void ScrollPage(BEdit& edit, const EditContext&, std::int32_t) {
 
 void PasteClipboard(BEdit& edit, const EditContext&, std::int32_t) { edit.Paste(); }
 
-void Align(BEdit& edit, const EditContext&, std::int32_t member) {
-  SetAlignment(edit, static_cast<Alignment>(member));
+void Align(BEdit& edit, const EditContext&, std::int32_t value) {
+  SetAlignment(edit, static_cast<Alignment>(value));
 }
 
-void List(BEdit& edit, const EditContext& context, std::int32_t member) {
-  SetBullets(edit, static_cast<Bullets>(member), context.bulletIndent);
+void List(BEdit& edit, const EditContext& context, std::int32_t value) {
+  SetBullets(edit, static_cast<Bullets>(value), context.bulletIndent);
 }
 
-void Shade(BEdit& edit, const EditContext& context, std::int32_t member) {
-  SetHighlight(edit, static_cast<Highlight>(member), context.highlights);
+void Shade(BEdit& edit, const EditContext& context, std::int32_t value) {
+  SetHighlight(edit, static_cast<Highlight>(value), context.highlights);
 }
 
-void Style(BEdit& edit, const EditContext& context, std::int32_t member) {
-  const auto index = static_cast<std::size_t>(member);
+void Style(BEdit& edit, const EditContext& context, std::int32_t value) {
+  const auto index = static_cast<std::size_t>(value);
   if (index < context.styles.size()) SetFont(edit, context.styles[index]);
 }
 
@@ -83,46 +77,53 @@ void FindAgain(BEdit& edit, const EditContext& context, std::int32_t) {
 void OpenLink(BEdit& edit, const EditContext&, std::int32_t) { OpenSelectedLink(edit); }
 void MakeLink(BEdit& edit, const EditContext&, std::int32_t) { OpenOrMakeLink(edit); }
 
-constexpr std::array kEditActions = {
-    EditAction{kActionUndo, kActionUndo, true, Plain<Undo>},
-    EditAction{kActionRedo, kActionRedo, true, Plain<Redo>},
-    EditAction{kActionCut, kActionCut, true, Plain<Cut>},
-    EditAction{kActionCopy, kActionCopy, false, Plain<Copy>},
-    EditAction{kActionPaste, kActionPaste, true, PasteClipboard},
-    EditAction{kActionClear, kActionClear, true, Plain<Clear>},
-    EditAction{kActionSelectAll, kActionSelectAll, false, Plain<SelectAll>},
-    EditAction{kActionBold, kActionBold, true, Toggle<TextEffect::kBold>},
-    EditAction{kActionItalic, kActionItalic, true, Toggle<TextEffect::kItalic>},
-    EditAction{kActionUnderline, kActionUnderline, true, Toggle<TextEffect::kUnderline>},
-    EditAction{kActionStrikethrough, kActionStrikethrough, true, Toggle<TextEffect::kStrikethrough>},
-    EditAction{kActionLarger, kActionLarger, true, Step<true>},
-    EditAction{kActionSmaller, kActionSmaller, true, Step<false>},
-    EditAction{kActionLeft, kActionRight, true, Align},
-    EditAction{kActionLtr, kActionLtr, true, Direct<false>},
-    EditAction{kActionRtl, kActionRtl, true, Direct<true>},
-    EditAction{kActionBulletsNone, kActionBulletsLetters, true, List},
-    EditAction{kActionHiliteNone, kActionHiliteBlue, true, Shade},
-    EditAction{kActionLiftFormat, kActionLiftFormat, false, Lift},
-    EditAction{kActionApplyFormat, kActionApplyFormat, true, Apply},
-    EditAction{kActionApplyStyle0, kActionApplyStyle9, true, Style},
-    EditAction{kActionInsertDate, kActionInsertDate, true, InsertDate},
-    EditAction{kActionFindTextAgain, kActionFindTextAgain, false, FindAgain},
-    EditAction{kActionOpenUrl, kActionOpenUrl, false, OpenLink},
-    EditAction{kActionHyperlink, kActionHyperlink, false, MakeLink},
-    EditAction{kActionScrollUp, kActionScrollUp, false, ScrollLine<-1>},
-    EditAction{kActionScrollDown, kActionScrollDown, false, ScrollLine<1>},
-    EditAction{kActionPageUp, kActionPageUp, false, ScrollPage<-1>},
-    EditAction{kActionPageDown, kActionPageDown, false, ScrollPage<1>},
+struct EditHandler {
+  ActionCode code;
+  EditAct act;  // nullptr for a command that is enabled and does nothing yet
 };
+
+constexpr EditHandler kHandlers[] = {
+    {kActionUndo, Plain<Undo>},
+    {kActionRedo, Plain<Redo>},
+    {kActionCut, Plain<Cut>},
+    {kActionCopy, Plain<Copy>},
+    {kActionPaste, PasteClipboard},
+    {kActionClear, Plain<Clear>},
+    {kActionSelectAll, Plain<SelectAll>},
+    {kActionBold, Toggle<TextEffect::kBold>},
+    {kActionItalic, Toggle<TextEffect::kItalic>},
+    {kActionUnderline, Toggle<TextEffect::kUnderline>},
+    {kActionStrikethrough, Toggle<TextEffect::kStrikethrough>},
+    {kActionLarger, Step<true>},
+    {kActionSmaller, Step<false>},
+    {kActionLeft, Align},
+    {kActionLtr, Direct<false>},
+    {kActionRtl, Direct<true>},
+    {kActionBulletsNone, List},
+    {kActionHiliteNone, Shade},
+    {kActionLiftFormat, Lift},
+    {kActionApplyFormat, Apply},
+    {kActionApplyStyle0, Style},
+    {kActionInsertDate, InsertDate},
+    {kActionFindTextAgain, FindAgain},
+    {kActionOpenUrl, OpenLink},
+    {kActionHyperlink, MakeLink},
+    {kActionScrollUp, ScrollLine<-1>},
+    {kActionScrollDown, ScrollLine<1>},
+    {kActionPageUp, ScrollPage<-1>},
+    {kActionPageDown, ScrollPage<1>},
+    {kActionBullets, nullptr},
+};
+static_assert(AreHandlersBy(ActionBy::kEditor, kHandlers));
 
 }  // namespace
 
 bool DoEditAction(BEdit& edit, ActionCode action, const EditContext& context) {
-  const auto row = std::find_if(kEditActions.begin(), kEditActions.end(),
-                                [&](const EditAction& r) { return action >= r.first && action <= r.last; });
-  if (row == kEditActions.end()) return false;
-  const bool refused = row->changes && edit.IsReadOnly();
-  if (!refused && edit.Handle() != nullptr) row->act(edit, context, action - row->first);
+  const NoteAction& row = RowOf(action);
+  const EditHandler* handler = HandlerOf(kHandlers, row);
+  if (handler == nullptr || handler->act == nullptr) return false;
+  const bool refused = row.onText == ActionOnText::kEdits && edit.IsReadOnly();
+  if (!refused && edit.Handle() != nullptr) handler->act(edit, context, row.sets.value);
   return true;
 }
 

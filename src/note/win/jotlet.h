@@ -148,8 +148,8 @@ class BJotlet final : public Window, private EditWatcher {
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
   static constexpr UINT_PTR kAlarmTimer = 1228;
-  struct ActionRow;
-  static const ActionRow kActions[];
+  struct ActionHandler;
+  static const ActionHandler kHandlers[];
   enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

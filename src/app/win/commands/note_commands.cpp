@@ -2,14 +2,12 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
-#include <utility>
-
 #include "app/win/main_frame.h"
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "note/action_table.h"
 #include "note/win/edit_text.h"
 #include "note/win/font_chooser.h"
 #include "note/win/properties_dialog.h"
@@ -22,12 +20,13 @@
 
 namespace jotlets {
 
-struct NoteCommands::Row {
-  ActionCode action;
-  void (NoteCommands::*run)(BJotlet& jotlet);
+struct NoteCommands::Handler {
+  ActionCode code;
+  void (NoteCommands::*run)(BJotlet& jotlet) = nullptr;
+  UINT command = 0;  // instead, one of the program's, whatever the note
 };
 
-const NoteCommands::Row NoteCommands::kRows[] = {
+constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionClose, &NoteCommands::Close},
     {kActionDelete, &NoteCommands::Delete},
     {kActionEditTitle, &NoteCommands::EditTitle},
@@ -35,7 +34,6 @@ const NoteCommands::Row NoteCommands::kRows[] = {
     {kActionColour, &NoteCommands::ChooseColour},
     {kActionFont, &NoteCommands::ChooseFont},
     {kActionFindText, &NoteCommands::FindText},
-    {kActionOpenUrl, &NoteCommands::OpenUrl},
     {kActionSetSkin, &NoteCommands::ChooseSkin},
     {kActionDefaultSkin, &NoteCommands::ChooseSkin},
     {kActionSave, &NoteCommands::Save},
@@ -55,29 +53,24 @@ const NoteCommands::Row NoteCommands::kRows[] = {
     {kActionPlayAlarm, &NoteCommands::PlayAlarm},
     {kActionAttach, &NoteCommands::Attach},
     {kActionShowParent, &NoteCommands::ShowParent},
+    {.code = kActionNewJotlet, .command = ID_NEW_JOTLET},
+    {.code = kActionNewFromClipboard, .command = ID_NEW_FROM_CLIPBOARD},
+    {.code = kActionRescue, .command = ID_RESCUE},
+    {.code = kActionHideAll, .command = ID_SHOW_OR_HIDE},
+    {.code = kActionExitApp, .command = ID_EXIT_JOTLETS},
+    {.code = kActionBackup, .command = ID_BACKUP},
+    {.code = kActionFriends, .command = ID_FRIENDS},
+    {.code = kActionManage, .command = ID_MANAGE},
 };
-
-namespace {
-
-// Those that are commands of the program, whatever the note.
-constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
-    {kActionNewJotlet, ID_NEW_JOTLET}, {kActionNewFromClipboard, ID_NEW_FROM_CLIPBOARD},
-    {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
-    {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
-    {kActionFriends, ID_FRIENDS},      {kActionManage, ID_MANAGE},
-};
-
-}  // namespace
 
 bool NoteCommands::Do(const Text& id, ActionCode action) {
-  const auto command = std::find_if(std::begin(kOfProgram), std::end(kOfProgram),
-                                    [action](const auto& row) { return row.first == action; });
-  if (command != std::end(kOfProgram)) return frame_.OnCommand(command->second), true;
+  static_assert(AreHandlersBy(ActionBy::kProgram, kHandlers));
+  const Handler* handler = HandlerOf(kHandlers, RowOf(action));
+  if (handler == nullptr) return false;
+  if (handler->command != 0) return frame_.OnCommand(handler->command), true;
   BJotlet* jotlet = frame_.FindJotlet(id);
-  const auto row =
-      std::find_if(std::begin(kRows), std::end(kRows), [action](const Row& r) { return r.action == action; });
-  if (jotlet == nullptr || row == std::end(kRows)) return false;
-  (this->*row->run)(*jotlet);
+  if (jotlet == nullptr) return false;
+  (this->*handler->run)(*jotlet);
   return true;
 }
 
@@ -99,12 +92,12 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
   return facts;
 }
 
-void NoteCommands::ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries) {
+void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
   if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
-  const ActionMenu menu(resources_, entries, FactsOf(jotlet), ExtrasOf(jotlet));
+  const ActionMenu menu(resources_, which, FactsOf(jotlet), ExtrasOf(jotlet));
   CustomCommands& custom = frame_.Commands().CustomMenu(MenuKind::kOfNotes);
-  if (entries.data() == kJotletMenu.data()) InsertCustomEntries(menu.Handle(), -1, custom);
+  if (which == NoteMenu::kJotletMenu) InsertCustomEntries(menu.Handle(), -1, custom);
   std::vector<std::int32_t> stacks;
   for (const StackRecord& stack : frame_.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
@@ -176,8 +169,8 @@ void NoteCommands::Attach(BJotlet& jotlet) {
   for (BJotlet* note : frame_.Desktop().GroupOf(*there)) frame_.AttachedNotes().Attach(*note, *choice);
 }
 
-void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, kJotletMenu); }
-void NoteCommands::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, kTextMenu); }
+void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kJotletMenu); }
+void NoteCommands::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kTextMenu); }
 
 void NoteCommands::Close(BJotlet& jotlet) { frame_.CloseForUser(jotlet.StoredRecord().id); }
 
@@ -226,10 +219,6 @@ void NoteCommands::FindText(BJotlet& jotlet) {
   if (!words || words->empty() || there == nullptr || there->Editor() == nullptr) return;
   frame_.Desktop().SetSearched(*words);
   if (!FindNextText(*there->Editor(), *words)) Tell(there->Handle(), resources_, IDS_NOT_FOUND, *words);
-}
-
-void NoteCommands::OpenUrl(BJotlet& jotlet) {
-  if (jotlet.Editor() != nullptr) OpenSelectedLink(*jotlet.Editor());
 }
 
 void NoteCommands::ChooseSkin(BJotlet& jotlet) {

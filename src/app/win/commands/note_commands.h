@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include <span>
+#include <vector>
 
 #include "app/win/commands/time_commands.h"
 #include "note/action_state.h"
@@ -28,8 +28,8 @@ class NoteCommands {
 
  private:
   enum Extra : UINT { kUnattach = kFirstExtra, kNewStack, kLeaveStack, kShowStack, kFirstStack };
-  struct Row;
-  static const Row kRows[];
+  struct Handler;
+  static const Handler kHandlers[];
 
   void Close(BJotlet& jotlet);
   void Delete(BJotlet& jotlet);
@@ -39,7 +39,6 @@ class NoteCommands {
   void ChooseSkin(BJotlet& jotlet);
   void ChooseFont(BJotlet& jotlet);
   void FindText(BJotlet& jotlet);
-  void OpenUrl(BJotlet& jotlet);
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
   void MoveToFile(BJotlet& jotlet);
@@ -62,7 +61,7 @@ class NoteCommands {
   void DoExtra(BJotlet& jotlet, UINT chosen);
 
   /// Shows a menu of a note and carries out what is chosen.
-  void ShowMenu(BJotlet& jotlet, std::span<const MenuEntry> entries);
+  void ShowMenu(BJotlet& jotlet, NoteMenu which);
   /// Saves a note's content into a file that the user chooses; whether it was written.
   bool SaveToFile(BJotlet& jotlet);
   void OpenDocument(BJotlet& jotlet, TextView name);

@@ -1,0 +1,47 @@
+// The commands of a note: those that are its own affair, and who carries out the others.
+#include "note/action_table.h"
+#include "note/win/jotlet.h"
+
+namespace jotlets {
+
+struct BJotlet::ActionHandler {
+  ActionCode code;
+  bool JotletData::*flag;  // what the command turns round; nullptr for none
+  void (*run)(BJotlet& jotlet, std::int32_t value, bool on);
+};
+
+constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
+    {kActionOnTop, &JotletData::onTop, [](BJotlet& j, std::int32_t, bool on) { j.SetOnTop(on); }},
+    {kActionRoll, &JotletData::rolled, [](BJotlet& j, std::int32_t, bool on) { j.SetRolled(on); }},
+    {kActionLock, &JotletData::readOnly, [](BJotlet& j, std::int32_t, bool on) { j.SetReadOnly(on); }},
+    {kActionAutoWidth, nullptr, [](BJotlet& j, std::int32_t, bool) { j.FitWidth(); }},
+    {kActionGoAway, nullptr, [](BJotlet& j, std::int32_t, bool) { j.GoAway(); }},
+    {kActionUser1, &JotletData::user1,
+     [](BJotlet& j, std::int32_t, bool on) { j.Mark(&JotletData::user1, on); }},
+    {kActionUser2, &JotletData::user2,
+     [](BJotlet& j, std::int32_t, bool on) { j.Mark(&JotletData::user2, on); }},
+    {kActionUser3, &JotletData::user3,
+     [](BJotlet& j, std::int32_t, bool on) { j.Mark(&JotletData::user3, on); }},
+    {kActionStang, &JotletData::stang,
+     [](BJotlet& j, std::int32_t, bool on) { j.Mark(&JotletData::stang, on); }},
+    {kActionTransparentOpaque, nullptr,
+     [](BJotlet& j, std::int32_t percent, bool) { j.SetTransparency(percent); }},
+};
+
+bool BJotlet::DoAction(ActionCode action, Point) {
+  static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
+  if (!owner_.IsActionEnabled(*this, action)) return false;
+  // The menu of a sounding note offers to let it sound again later.
+  if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
+  const NoteAction& row = RowOf(action);
+  if (row.by == ActionBy::kEditor)
+    return Editor() != nullptr && DoEditAction(edit_, action, owner_.EditingContext());
+  const ActionHandler* handler = HandlerOf(kHandlers, row);
+  if (handler == nullptr) return owner_.OnJotletAction(*this, action);
+  // All notes of a selection take the state that this one takes.
+  const bool on = handler->flag != nullptr && !(record_.*handler->flag);
+  for (BJotlet* jotlet : owner_.GroupOf(*this)) handler->run(*jotlet, row.sets.value, on);
+  return true;
+}
+
+}  // namespace jotlets
