@@ -40,11 +40,19 @@ quietly() {
   fi
 }
 
-# build_preset PRESET: configures when that was never done (ninja sees to it afterwards) and builds.
-build_preset() {
-  local preset=$1
-  if [[ ! -f $root/build/$preset/build.ninja || $root/CMakePresets.json -nt $root/build/$preset/build.ninja ]]; then
-    quietly "configure-$preset" cmake -S "$root" --preset "$preset"
+# configure_preset PRESET: when that was never done; ninja sees to it afterwards.
+configure_preset() {
+  local ninja=$root/build/$1/build.ninja
+  if [[ ! -f $ninja || $root/CMakePresets.json -nt $ninja ]]; then
+    quietly "configure-$1" cmake -S "$root" --preset "$1"
   fi
-  quietly "build-$preset" cmake --build "$root/build/$preset" --parallel "$cores"
+}
+
+# build_preset PRESET [TARGET...]: configures and builds; without a target, everything.
+build_preset() {
+  local preset=$1 target targets=()
+  shift
+  for target in "$@"; do targets+=(--target "$target"); done
+  configure_preset "$preset"
+  quietly "build-$preset" cmake --build "$root/build/$preset" --parallel "$cores" "${targets[@]}"
 }
