@@ -178,11 +178,11 @@ namespace {
 FileStatus CheckOtherFolder(Files& files, TextView dataFolder, TextView into) {
   constexpr TextView kProbe = u"backup.probe";
   const Text here = Text(dataFolder).append(kProbe);
-  const Text there = Text(into).append(kProbe);
+  const Text probe = Text(into).append(kProbe);
   FileStatus status = files.Remove(here);
-  if (status) status = files.Write(there, "");
+  if (status) status = files.Write(probe, "");
   if (status && files.Exists(here)) status = FileStatus::Failed(u"this is the data folder");
-  files.Remove(there);
+  files.Remove(probe);
   return status;
 }
 

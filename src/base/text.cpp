@@ -89,12 +89,12 @@ std::int32_t ParseInt(TextView text) {
   if (at == TextView::npos) return 0;
   const bool negative = text[at] == u'-';
   if (negative || text[at] == u'+') ++at;
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
   std::int64_t value = 0;
   for (; at < text.size() && IsDigit(text[at]); ++at) {
-    value = std::min<std::int64_t>(value * 10 + (text[at] - u'0'), kMost + 1);
+    value = std::min<std::int64_t>(value * 10 + (text[at] - u'0'), kMax + 1);
   }
-  return static_cast<std::int32_t>(negative ? -value : std::min(value, kMost));
+  return static_cast<std::int32_t>(negative ? -value : std::min(value, kMax));
 }
 
 void AppendInt(Text& out, std::int64_t value) {

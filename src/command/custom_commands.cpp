@@ -8,7 +8,7 @@ CustomCommands::Added CustomCommands::Add(TextView word, TextView caption) {
   const bool exists = std::any_of(commands_.begin(), commands_.end(),
                                   [word](const CustomCommand& c) { return EqualIgnoreCase(c.word, word); });
   if (exists) return Added::kExists;
-  if (commands_.size() >= kMost || word.size() > kLongestCaption) return Added::kNoRoom;
+  if (commands_.size() >= kMax || word.size() > kLongestCaption) return Added::kNoRoom;
   const TextView shown = caption.empty() ? word : caption;
   commands_.push_back({Text(word), Text(shown.substr(0, kLongestCaption)), -1});
   return Added::kYes;

@@ -16,7 +16,7 @@ struct CustomCommand {
 class CustomCommands {
  public:
   /// A client that adds without end must not fill the menus and the memory.
-  static constexpr std::size_t kMost = 500;
+  static constexpr std::size_t kMax = 500;
   static constexpr std::size_t kLongestCaption = 200;
 
   enum class Added { kYes, kExists, kNoRoom };

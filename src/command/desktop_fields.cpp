@@ -116,6 +116,14 @@ void WriteHexTitle(const CommandCall& call, DesktopJotlet& jotlet, TextView valu
   WriteTitle(call, jotlet, UnhexTitle(TrimBlanks(value)));
 }
 
+// "r,g,b", each number cut to 0 to 255; missing ones are 0.
+Colour ParseColour(TextView text) {
+  auto numbers = ParseIntList(text, 3);
+  numbers.resize(3);
+  const auto byte = [](std::int32_t number) { return static_cast<std::uint8_t>(std::clamp(number, 0, 255)); };
+  return {byte(numbers[0]), byte(numbers[1]), byte(numbers[2])};
+}
+
 void WriteColour(const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
   jotlet.SetColour(ParseColour(value));
   SavedOk(call, u"colour set");
@@ -283,12 +291,5 @@ std::span<const FieldWriter> DesktopWriters() { return kWriters; }
 const FieldReader* FindFieldReader(TextView name) { return FindRow(kReaders, name); }
 
 const FieldWriter* FindFieldWriter(TextView name) { return FindRow(kWriters, name); }
-
-Colour ParseColour(TextView text) {
-  auto numbers = ParseIntList(text, 3);
-  numbers.resize(3);
-  const auto byte = [](std::int32_t number) { return static_cast<std::uint8_t>(std::clamp(number, 0, 255)); };
-  return {byte(numbers[0]), byte(numbers[1]), byte(numbers[2])};
-}
 
 }  // namespace jotlets

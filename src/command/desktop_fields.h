@@ -29,7 +29,4 @@ std::span<const FieldWriter> DesktopWriters();
 const FieldReader* FindFieldReader(TextView name);
 const FieldWriter* FindFieldWriter(TextView name);
 
-/// "r,g,b" as a colour, each number cut to 0 to 255; missing ones are 0.
-Colour ParseColour(TextView text);
-
 }  // namespace jotlets

@@ -5,12 +5,12 @@ namespace {
 
 constexpr TextView kUnableToCreate = u"997 unable to create";
 
-void Created(const CommandCall& call, const Text& id, TextView how, TextView refusal = kUnableToCreate) {
+void Created(const CommandCall& call, const Text& id, TextView suffix, TextView refusal = kUnableToCreate) {
   if (id.empty()) {
     call.reply.SendLine(refusal);
     return;
   }
-  SavedOk(call, (u"created: " + id).append(how));
+  SavedOk(call, (u"created: " + id).append(suffix));
 }
 
 // Only what follows a blank counts: "do new jotletx" is the bare command, like all trailing text elsewhere.

@@ -59,7 +59,7 @@ class Parser {
     LineReader lines(text);
     TextView line;
     while (file_.version <= kDataFileVersion && lines.Next(line)) {
-      if (!line.empty()) TakeLine(line);
+      if (!line.empty()) ParseLine(line);
     }
     file_.cut = IsCut(text, line);
     NumberStacks();
@@ -76,7 +76,7 @@ class Parser {
     return inRecord && text.back() != u'\n' && FindIgnoreCase(lastLine, u"<RTF>") == TextView::npos;
   }
 
-  void TakeLine(TextView line) {
+  void ParseLine(TextView line) {
     for (const SectionRow& row : kSections) {
       if (line == row.header) {
         section_ = row.section;
@@ -86,15 +86,15 @@ class Parser {
     }
     switch (section_) {
       case Section::kNone: return;
-      case Section::kOptions: return TakeOption(line);
+      case Section::kOptions: return ParseOption(line);
       case Section::kFriends: file_.friendLines.emplace_back(line); return;
-      case Section::kJotlets: return TakeJotlet(line);
-      case Section::kDeleted: return TakeDeleted(line);
+      case Section::kJotlets: return ParseJotlet(line);
+      case Section::kDeleted: return ParseDeleted(line);
       case Section::kStacks: file_.stacks.push_back(ParseStackLine(line, 0)); return;
     }
   }
 
-  void TakeOption(TextView line) {
+  void ParseOption(TextView line) {
     const Split split = SplitAtFirst(line, u'=');
     if (split.head.size() == line.size()) return;
     if (split.head == u"iniver") {
@@ -108,7 +108,7 @@ class Parser {
     }
   }
 
-  void TakeJotlet(TextView line) {
+  void ParseJotlet(TextView line) {
     if (LooksLikeRecord(line)) {
       file_.jotlets.push_back(ParseEncodedJotlet(line, Blank(), context_.freshId));
     } else {
@@ -116,7 +116,7 @@ class Parser {
     }
   }
 
-  void TakeDeleted(TextView line) {
+  void ParseDeleted(TextView line) {
     std::int32_t deletedTime = kNotSet;
     if (HasDeletionTime(line)) {
       const Split split = SplitAtFirst(line, u'|');

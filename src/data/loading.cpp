@@ -135,8 +135,8 @@ void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile&
 }
 
 void KeepSome(std::vector<FiledJotlet>& deleted, std::int32_t keepDeleted) {
-  const auto most = static_cast<std::size_t>(std::max(keepDeleted, 0));
-  if (deleted.size() > most) deleted.resize(most);
+  const auto maximum = static_cast<std::size_t>(std::max(keepDeleted, 0));
+  if (deleted.size() > maximum) deleted.resize(maximum);
 }
 
 using Stems = std::map<Text, Text>;  // folded stem to stem as it is written
@@ -168,7 +168,7 @@ bool LoadOptionsToReplace(Files& files, const CodePage& ansi, Log& log, const Lo
   const TextFile text = DecodeTextFile(content.bytes, ansi);
   LoadOptions(options, text.text);
   // A file with so many unknown lines is somebody else's: writing it anew would cut it short.
-  if (!text.damaged && options.others.size() < kMostUnknownOptions) return true;
+  if (!text.damaged && options.others.size() < kMaxUnknownOptions) return true;
   const Text kept = DatedName(files, path, kDamagedMark, now);
   const FileStatus status = files.Write(kept, content.bytes);
   log.Write(kLogLifecycle, u"Options file '", path, u"' is damaged, ",

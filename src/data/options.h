@@ -50,7 +50,7 @@ constexpr Colour ColourOfNumber(std::int32_t number) {
 
 /// More unknown lines than any version of ours writes; a foreign file must not cost a search through all of
 /// its lines for each.
-inline constexpr std::size_t kMostUnknownOptions = 1000;
+inline constexpr std::size_t kMaxUnknownOptions = 1000;
 
 /// Every setting, in the order of the file. Numbers that serve as switches are on when they are 1. What each
 /// of them does is told in the table of `options_file.cpp`, from which the reference page is made.

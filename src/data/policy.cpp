@@ -18,29 +18,29 @@ struct PolicyRow {
 };
 
 template <auto Member>
-void TakeYesNo(Policy& policy, const Value& value, Log& log, TextView front) {
+void ApplyYesNo(Policy& policy, const Value& value, Log& log, TextView front) {
   policy.*Member = value.number == 1;
   if (!front.empty()) LogLine(log, front, value.number == 1 ? u"yes" : u"no");
 }
 
 template <auto Member>
-void TakeNumber(Policy& policy, const Value& value, Log& log, TextView front) {
-  constexpr std::uint32_t kMost = std::numeric_limits<std::int32_t>::max();
-  policy.*Member = static_cast<std::int32_t>(value.number > kMost ? kMost : value.number);
+void ApplyNumber(Policy& policy, const Value& value, Log& log, TextView front) {
+  constexpr std::uint32_t kMax = std::numeric_limits<std::int32_t>::max();
+  policy.*Member = static_cast<std::int32_t>(value.number > kMax ? kMax : value.number);
   LogLine(log, front, IntText(value.number));
 }
 
-void TakePort(Policy& policy, const Value& value, Log& log) {
+void ApplyPort(Policy& policy, const Value& value, Log& log) {
   constexpr std::uint32_t kLastPort = 65535;
   if (value.number < 1 || value.number > kLastPort) {
     log.Write(kLogLifecycle, u"GPO ignored, no port: ", value.number);
   } else {
-    TakeNumber<&Policy::port>(policy, value, log, u"GPO port ");
+    ApplyNumber<&Policy::port>(policy, value, log, u"GPO port ");
   }
 }
 
 template <auto Member>
-void TakeText(Policy& policy, const Value& value, Log& log, TextView front) {
+void ApplyText(Policy& policy, const Value& value, Log& log, TextView front) {
   policy.*Member = value.text;
   if (!front.empty()) LogLine(log, front, value.text);
 }
@@ -51,27 +51,27 @@ constexpr auto kText = Value::Type::kText;
 
 constexpr std::array kRows = {
     PolicyRow{u"SyncWithServer", kNumber,
-              [](P& p, const Value& v, Log& log) { TakeYesNo<&P::syncWithServer>(p, v, log, {}); }},
+              [](P& p, const Value& v, Log& log) { ApplyYesNo<&P::syncWithServer>(p, v, log, {}); }},
     PolicyRow{
         u"ServerName", kText,
-        [](P& p, const Value& v, Log& log) { TakeText<&P::serverName>(p, v, log, u"GPO server ip: "); }},
+        [](P& p, const Value& v, Log& log) { ApplyText<&P::serverName>(p, v, log, u"GPO server ip: "); }},
     PolicyRow{u"UseDNS", kNumber,
-              [](P& p, const Value& v, Log& log) { TakeYesNo<&P::useDns>(p, v, log, u"GPO usedns:"); }},
+              [](P& p, const Value& v, Log& log) { ApplyYesNo<&P::useDns>(p, v, log, u"GPO usedns:"); }},
     PolicyRow{
         u"UseNetworking", kNumber,
-        [](P& p, const Value& v, Log& log) { TakeYesNo<&P::useNetworking>(p, v, log, u"GPO network:"); }},
-    PolicyRow{u"Port", kNumber, [](P& p, const Value& v, Log& log) { TakePort(p, v, log); }},
+        [](P& p, const Value& v, Log& log) { ApplyYesNo<&P::useNetworking>(p, v, log, u"GPO network:"); }},
+    PolicyRow{u"Port", kNumber, [](P& p, const Value& v, Log& log) { ApplyPort(p, v, log); }},
     PolicyRow{u"LogAllNetworking", kNumber,
               [](P& p, const Value& v, Log& log) {
-                TakeYesNo<&P::logAllNetworking>(p, v, log, u"GPO logalltoserver: ");
+                ApplyYesNo<&P::logAllNetworking>(p, v, log, u"GPO logalltoserver: ");
               }},
     PolicyRow{u"SkinFile", kText,
-              [](P& p, const Value& v, Log& log) { TakeText<&P::skinFile>(p, v, log, {}); }},
+              [](P& p, const Value& v, Log& log) { ApplyText<&P::skinFile>(p, v, log, {}); }},
     PolicyRow{u"UseEmail", kNumber,
-              [](P& p, const Value& v, Log& log) { TakeNumber<&P::useEmail>(p, v, log, u"GPO useemail"); }},
+              [](P& p, const Value& v, Log& log) { ApplyNumber<&P::useEmail>(p, v, log, u"GPO useemail"); }},
     PolicyRow{
         u"SMTPServerName", kText,
-        [](P& p, const Value& v, Log& log) { TakeText<&P::smtpServerName>(p, v, log, u"GPO smtp server:"); }},
+        [](P& p, const Value& v, Log& log) { ApplyText<&P::smtpServerName>(p, v, log, u"GPO smtp server:"); }},
 };
 
 constexpr auto kNames = [] {

@@ -34,10 +34,10 @@ int HexDigit(char c) {
 
 class RtfTextReader {
  public:
-  RtfTextReader(std::string_view rtf, std::size_t most) : rest_(rtf), most_(most) {}
+  RtfTextReader(std::string_view rtf, std::size_t maximum) : rest_(rtf), maximum_(maximum) {}
 
   Text Read() {
-    while (!rest_.empty() && text_.size() < most_) {
+    while (!rest_.empty() && text_.size() < maximum_) {
       const char c = Take();
       if (c == '{') {
         ++depth_;
@@ -49,7 +49,7 @@ class RtfTextReader {
         AddCharacter(static_cast<unsigned char>(c));
       }
     }
-    text_.resize(std::min(text_.size(), most_));
+    text_.resize(std::min(text_.size(), maximum_));
     return std::move(text_);
   }
 
@@ -151,7 +151,7 @@ class RtfTextReader {
   }
 
   std::string_view rest_;
-  std::size_t most_;
+  std::size_t maximum_;
   Text text_;
   std::size_t depth_ = 0;
   std::size_t skippedDepth_ = 0;  // of the group that is left out, 0 for none
@@ -161,6 +161,6 @@ class RtfTextReader {
 
 }  // namespace
 
-Text RtfTextStart(std::string_view rtf, std::size_t most) { return RtfTextReader(rtf, most).Read(); }
+Text RtfTextStart(std::string_view rtf, std::size_t maximum) { return RtfTextReader(rtf, maximum).Read(); }
 
 }  // namespace jotlets

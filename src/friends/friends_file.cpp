@@ -15,7 +15,7 @@ constexpr TextView kHomeMark = u"(home)";
 
 // Braces decide the levels and blanks are for people; a list as deep as it is long must not become a file as
 // large as its square.
-constexpr std::size_t kMostIndent = 32 * 1024 * 1024;
+constexpr std::size_t kMaxIndent = 32 * 1024 * 1024;
 
 TextView WithoutLeadingBlanks(TextView line) {
   return line.substr(std::min(line.find_first_not_of(u' '), line.size()));
@@ -48,7 +48,7 @@ FriendEntry FriendOfLine(TextView line) {
 
 }  // namespace
 
-bool FriendReader::TakeSetting(TextView line) {
+bool FriendReader::ParseSetting(TextView line) {
   if (line.starts_with(kDate)) {
     list_.lastUpdate = line.substr(kDate.size());
     return true;
@@ -68,14 +68,14 @@ void FriendReader::LoadFriendLine(TextView whole) {
     place_ = Place::kInside;
     level_ = 1;
   } else if (place_ == Place::kInside) {
-    TakeEntry(line);
-  } else if (!TakeSetting(whole) && place_ == Place::kBehind && line.find_first_of(u"={}") != line.npos) {
+    ParseEntry(line);
+  } else if (!ParseSetting(whole) && place_ == Place::kBehind && line.find_first_of(u"={}") != line.npos) {
     // A brace too many must not cost the rest of the list.
-    TakeEntry(line);
+    ParseEntry(line);
   }
 }
 
-void FriendReader::TakeEntry(TextView line) {
+void FriendReader::ParseEntry(TextView line) {
   if (line.empty()) return;
   if (line.find(u'{') == TextView::npos && line.find(u'}') != TextView::npos) return Close();
   FriendEntry entry;
@@ -136,7 +136,7 @@ class Writer {
     CorrectLevels(list_);
     std::size_t indent = 0;
     for (const FriendEntry& entry : list_.entries) indent += static_cast<std::size_t>(entry.level) * 4;
-    indents_ = indent <= kMostIndent;
+    indents_ = indent <= kMaxIndent;
   }
 
   Text Compose() {

@@ -18,8 +18,8 @@ class FriendReader {
 
  private:
   enum class Place { kBefore, kInside, kBehind };
-  bool TakeSetting(TextView line);
-  void TakeEntry(TextView line);
+  bool ParseSetting(TextView line);
+  void ParseEntry(TextView line);
   void Close();
 
   FriendList list_;

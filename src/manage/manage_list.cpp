@@ -45,8 +45,6 @@ bool IsSame(const ManageRow& row, const JotletData& record) {
          row.more == MoreOf(record);
 }
 
-}  // namespace
-
 ManageRow RowOf(const JotletData& record) {
   ManageRow row;
   row.id = record.id;
@@ -70,6 +68,8 @@ ManageRow RowOf(const StackRecord& stack) {
   row.type = ManageRow::Type::kStack;
   return row;
 }
+
+}  // namespace
 
 const ManageTexts::Known* ManageTexts::Find(const ManageRow& row) const {
   if (row.unsaved) return nullptr;
@@ -132,7 +132,7 @@ void ManageList::SetRows(std::vector<ManageRow> rows) {
   matches_.assign(rows_.size(), Match::kUnknown);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (rows_[i].untitled) {
-      if (const ManageTexts::Known* known = texts_.Find(rows_[i])) TakeTitle(rows_[i], *known);
+      if (const ManageTexts::Known* known = texts_.Find(rows_[i])) ApplyTitle(rows_[i], *known);
     }
     // At once, as far as the texts are known: what is shown must not go and come back.
     matches_[i] = MatchFully(rows_[i]);
@@ -175,7 +175,7 @@ void ManageList::ReadOne() {
   ManageRow& row = rows_[index];
   const ManageTexts::Known* known = texts_.Find(row);
   if (known == nullptr) known = &texts_.Read(row);
-  TakeTitle(row, *known);
+  ApplyTitle(row, *known);
   matches_[index] = MatchText(row, known->folded);
 }
 
@@ -235,7 +235,7 @@ ManageList::Match ManageList::MatchFully(const ManageRow& row) const {
   return known == nullptr ? byKeys : MatchText(row, known->folded);
 }
 
-void ManageList::TakeTitle(ManageRow& row, const ManageTexts::Known& known) {
+void ManageList::ApplyTitle(ManageRow& row, const ManageTexts::Known& known) {
   if (!row.untitled || row.title == known.beginning) return;
   row.title = known.beginning;
   row.key = Folded(row.title);

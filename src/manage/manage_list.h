@@ -121,7 +121,7 @@ class ManageList {
   Match MatchText(const ManageRow& row, const std::string& text) const;
   Match MatchFully(const ManageRow& row) const;
   bool Holds(const ManageRow& row, const std::string& word) const;
-  void TakeTitle(ManageRow& row, const ManageTexts::Known& known);
+  void ApplyTitle(ManageRow& row, const ManageTexts::Known& known);
   void FindUnread();
   bool Precedes(std::uint32_t a, std::uint32_t b) const;
   void Sort();
@@ -139,9 +139,5 @@ class ManageList {
   std::int32_t what_ = 0;
   bool titlesCame_ = false;
 };
-
-/// The rows of single records.
-ManageRow RowOf(const JotletData& record);
-ManageRow RowOf(const StackRecord& stack);
 
 }  // namespace jotlets

@@ -44,7 +44,7 @@ bool Animation::Start(Point from, Point to, AnimationKind what) {
 
 std::optional<AnimationFrame> Animation::Tick(std::int32_t speed) {
   if (!running) return std::nullopt;
-  const std::int32_t steps = std::min(speed, kMostAnimationSteps);
+  const std::int32_t steps = std::min(speed, kMaxAnimationSteps);
   if (step >= steps) return FinishNow();
   const double progress = AnimationProgress(static_cast<double>(step++) / steps);
   return AnimationFrame{{Between(start.x, end.x, progress), Between(start.y, end.y, progress)}, false};

@@ -17,7 +17,7 @@ enum class AnimationKind {
 };
 
 /// More steps than this are a damaged option, which must not keep a note on its way for hours.
-inline constexpr std::int32_t kMostAnimationSteps = 1000;
+inline constexpr std::int32_t kMaxAnimationSteps = 1000;
 
 /// How far along its way, 0 to 1, a move is at the time `t` of 0 to 1: a cubic curve with the control points
 /// (0.42, 0) and (0.58, 1), slow at both ends.

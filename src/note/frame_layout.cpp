@@ -73,11 +73,6 @@ Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum) {
   return result;
 }
 
-Rect SizedBounds(const Rect& start, FramePart part, Point offset, Size minimum) {
-  const DraggedEdges dragged = EdgesOf(part);
-  return SafeBounds(DraggedBounds(start, dragged, offset), dragged, minimum);
-}
-
 Text ShownTitle(TextView title, TextView plainText) {
   if (!title.empty()) return OneLine(title);
   while (!plainText.empty()) {

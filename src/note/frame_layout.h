@@ -53,10 +53,6 @@ Rect DraggedBounds(const Rect& bounds, DraggedEdges dragged, Point offset);
 /// `bounds` brought up to `minimum`, which the dragged edges give way for.
 Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum);
 
-/// The window while an edge or corner is dragged by `offset`: the dragged edges follow the mouse, the
-/// opposite ones stay, and the size never falls below `minimum`.
-Rect SizedBounds(const Rect& start, FramePart part, Point offset, Size minimum);
-
 /// The title that a note shows: its own, or else the first line of its text that is not blank, at most 80
 /// units.
 Text ShownTitle(TextView title, TextView plainText);

@@ -45,10 +45,10 @@ Rect WorkAreaAt(const MonitorList& monitors, const Rect& bounds) {
   };
   const std::span<const Rect> rects = monitors.Rects();
   Rect best;
-  double most = -1;
+  double maximum = -1;
   for (std::size_t at = 0; at + 1 < rects.size(); at += 2) {
-    if (seen(rects[at + 1]) <= most) continue;
-    most = seen(rects[at + 1]);
+    if (seen(rects[at + 1]) <= maximum) continue;
+    maximum = seen(rects[at + 1]);
     best = rects[at];
   }
   return best;

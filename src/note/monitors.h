@@ -11,7 +11,7 @@
 namespace jotlets {
 
 /// How many monitors are recorded; further ones are left out.
-inline constexpr std::size_t kMostMonitors = 33;
+inline constexpr std::size_t kMaxMonitors = 33;
 
 /// The rectangles of the monitors, two for each in the order of the system: its work area, then all of it.
 class MonitorList {
@@ -22,7 +22,7 @@ class MonitorList {
   friend bool operator==(const MonitorList&, const MonitorList&) = default;
 
  private:
-  std::array<Rect, 2 * kMostMonitors> rects_{};
+  std::array<Rect, 2 * kMaxMonitors> rects_{};
   std::size_t count_ = 0;
 };
 

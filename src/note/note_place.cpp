@@ -6,10 +6,10 @@ namespace jotlets {
 namespace {
 
 // Scales that no system has come from errors and must not blow a note up.
-constexpr std::int32_t kLeastDpi = 24;
-constexpr std::int32_t kMostDpi = 2400;
+constexpr std::int32_t kMinDpi = 24;
+constexpr std::int32_t kMaxDpi = 2400;
 
-std::int32_t Usable(std::int32_t dpi) { return std::clamp(dpi, kLeastDpi, kMostDpi); }
+std::int32_t Usable(std::int32_t dpi) { return std::clamp(dpi, kMinDpi, kMaxDpi); }
 
 Size SizeOf(const Rect& bounds) { return {bounds.Width(), bounds.Height()}; }
 

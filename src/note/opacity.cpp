@@ -13,9 +13,4 @@ FocusLoss OnFocusLoss(std::int32_t percent, bool opaqueEdit, bool dontFade) {
   return dontFade ? FocusLoss::kReturnsAtOnce : FocusLoss::kFades;
 }
 
-std::optional<GhostLook> SwitchGhost(bool isGhost, bool on, std::int32_t percent) {
-  if (isGhost == on) return std::nullopt;
-  return GhostLook{on, AlphaOfOpacity(percent)};
-}
-
 }  // namespace jotlets

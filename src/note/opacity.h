@@ -29,15 +29,4 @@ constexpr bool IsOpaqueInFocus(std::int32_t percent, bool opaqueEdit) { return o
 enum class FocusLoss { kStays, kReturnsAtOnce, kFades };
 FocusLoss OnFocusLoss(std::int32_t percent, bool opaqueEdit, bool dontFade);
 
-/// What the window of a note takes on when it becomes a ghost, which lets the mouse through, or ceases to be
-/// one.
-struct GhostLook {
-  bool clickThrough = false;
-  std::uint8_t alpha = 255;
-  friend bool operator==(const GhostLook&, const GhostLook&) = default;
-};
-
-/// Nothing when the note is in that state already.
-std::optional<GhostLook> SwitchGhost(bool isGhost, bool on, std::int32_t percent);
-
 }  // namespace jotlets

@@ -9,7 +9,7 @@ namespace {
 // The system's fonts take no longer names.
 constexpr std::size_t kLongestFaceName = 31;
 // Beyond these a length or an angle means nothing, and its negative must be a number too.
-constexpr std::int32_t kMostPixels = 32767;
+constexpr std::int32_t kMaxPixels = 32767;
 
 using S = TextStyle;
 
@@ -30,7 +30,7 @@ constexpr StyleField Number() {
 
 template <auto Member>
 constexpr StyleField Pixels() {
-  return Number<Member, -kMostPixels, kMostPixels>();
+  return Number<Member, -kMaxPixels, kMaxPixels>();
 }
 
 template <auto Member>

@@ -57,7 +57,6 @@
 #define ID_STACK_ROLL 1108
 #define ID_STACK_CLOSE 1109
 
-
 #define IDC_ORPHAN_LIST 1200
 #define IDC_RESTORE_TEXT 1201
 #define IDC_RESTORE_LIST 1202
@@ -101,7 +100,7 @@
 #define IDC_REC_WEEKLY_TIME 1326
 #define IDC_REC_MONTHLY_TIME 1327
 #define IDC_REC_YEARLY_TIME 1328
-#define IDC_REC_MONDAY 1329 // and the six days after it
+#define IDC_REC_MONDAY 1329  // and the six days after it
 #define IDC_REC_ALL_DAYS 1336
 #define IDC_REC_ON_DAY 1337
 #define IDC_REC_ON_WEEKDAY 1338
@@ -210,10 +209,10 @@
 #define IDS_NOT_IMPORTED 2046
 #define IDS_BEGINNING 2047
 #define IDS_NOT_FOUND 2048
-#define IDS_UNIT_ONE 2100 // "minute" and the four longer units
-#define IDS_UNIT_MANY 2105 // "minutes" and so on
-#define IDS_ORDINAL 2110 // "First" to "Fourth" and "Last"
-#define IDS_KIND_OF_DAY 2115 // "Day", "Weekday", "Weekend Day"
+#define IDS_UNIT_ONE 2100     // "minute" and the four longer units
+#define IDS_UNIT_MANY 2105    // "minutes" and so on
+#define IDS_ORDINAL 2110      // "First" to "Fourth" and "Last"
+#define IDS_KIND_OF_DAY 2115  // "Day", "Weekday", "Weekend Day"
 #define IDS_SLEEP_PAST 2118
 #define IDS_ALARM_PAST 2119
 #define IDS_SNOOZE 2120

@@ -22,9 +22,14 @@ std::vector<Text> Folded(std::span<const WindowFacts> windows, Text WindowFacts:
   std::vector<Text> folded;
   folded.reserve(windows.size());
   for (const WindowFacts& window : windows) {
-    folded.push_back(FoldCase(TextView(window.*text).substr(0, kMostWindowText)));
+    folded.push_back(FoldCase(TextView(window.*text).substr(0, kMaxWindowText)));
   }
   return folded;
+}
+
+// The alarm of a waiting note; `now` in seconds since 1970 UTC.
+bool IsAlarmDueBy(const JotletData& record, std::int32_t now) {
+  return record.alarm != kNone && record.alarm <= now;
 }
 
 }  // namespace
@@ -60,10 +65,6 @@ const AttachMatch& AttachMatcher::Find(const Attachment& attachment) {
     match.active = match.active || window.foreground;
   }
   return match;
-}
-
-bool IsAlarmDueBy(const JotletData& record, std::int32_t now) {
-  return record.alarm != kNone && record.alarm <= now;
 }
 
 std::optional<Point> AttachedPosition(const Attachment& attachment, const Rect& target) {

@@ -13,7 +13,7 @@
 namespace jotlets {
 
 /// No more of a window's title or class is looked at.
-inline constexpr std::size_t kMostWindowText = 260;
+inline constexpr std::size_t kMaxWindowText = 260;
 
 /// A top-level window of another program.
 struct WindowFacts {
@@ -82,9 +82,6 @@ struct AttachDecision {
   std::vector<std::size_t> alarms;   // notes whose alarm may sound now
   std::vector<std::size_t> departs;  // notes that no window is left for
 };
-
-/// Whether the alarm of a waiting note is due: it has one, not later than `now` (seconds since 1970 UTC).
-bool IsAlarmDueBy(const JotletData& record, std::int32_t now);
 
 /// The pass. `screen` is the virtual screen: no note follows a window off it. Deliberately, a window that is
 /// not visible brings no note and leads none, but keeps the one that has come: what a program hides for a

@@ -19,8 +19,8 @@ std::int64_t SecondsOf(const LocalTime& t) {
   return DayNumber(t.year, t.month, t.day) * kDay + t.hour * 3600 + t.minute * 60 + t.second;
 }
 
-// How far local time is ahead of UTC. Clocks know the centuries around those that records can hold; beyond, the
-// offset is that at the end of them.
+// How far local time is ahead of UTC. Clocks know the centuries around those that records can hold; beyond,
+// the offset is that at the end of them.
 std::int64_t OffsetAt(std::int64_t instant, const Clock& clock) {
   constexpr std::int64_t kKnown = std::int64_t{1} << 33;
   const std::int64_t asked = std::clamp(instant, -kKnown, kKnown);

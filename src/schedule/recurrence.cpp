@@ -101,8 +101,8 @@ std::int64_t NextStep(const WakeRule& rule, std::int64_t base, std::int64_t now,
   return base > now ? base : base + ((now - base) / step + 1) * step;
 }
 
-bool IsWithin(std::int32_t value, std::int32_t least, std::int32_t most) {
-  return value >= least && value <= most;
+bool IsWithin(std::int32_t value, std::int32_t minimum, std::int32_t maximum) {
+  return value >= minimum && value <= maximum;
 }
 
 }  // namespace

@@ -9,11 +9,11 @@ enum WakeBit : std::int32_t { kSoundBit = 1, kAlarmBit = 2, kOnTopBit = 4 };
 
 constexpr std::int64_t kUnitSeconds[] = {60, 3600, 86400, 604800, 2592000};
 
-}  // namespace
-
 std::int32_t ToBits(const WakeFlags& flags) {
   return (flags.sound ? kSoundBit : 0) | (flags.alarm ? kAlarmBit : 0) | (flags.onTop ? kOnTopBit : 0);
 }
+
+}  // namespace
 
 WakeFlags FlagsOf(const JotletData& record) {
   const std::int32_t bits = record.sleep.flags;

@@ -16,8 +16,7 @@ struct WakeFlags {
   friend bool operator==(const WakeFlags&, const WakeFlags&) = default;
 };
 
-/// The bits of the record: 1 sound, 2 alarm, 4 on top.
-std::int32_t ToBits(const WakeFlags& flags);
+/// From the bits of the record: 1 sound, 2 alarm, 4 on top.
 WakeFlags FlagsOf(const JotletData& record);
 /// "101": sound and on top. Any other character than "1", and a missing one, is off.
 WakeFlags ParseWakeFlags(TextView text);

@@ -74,7 +74,7 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
   }
   constexpr std::array<std::uint32_t, 5> kDepths = {1, 4, 8, 24, 32};
   if (std::find(kDepths.begin(), kDepths.end(), header.bits) == kDepths.end()) return std::nullopt;
-  if (header.width <= 0 || header.height <= 0 || header.width > kMostSheetPixels / header.height)
+  if (header.width <= 0 || header.height <= 0 || header.width > kMaxSheetPixels / header.height)
     return std::nullopt;
   // The last row may lack its padding.
   const std::int64_t needed = header.Stride() * (header.height - 1) + header.BytesOfRow();
@@ -166,7 +166,7 @@ std::optional<Picture> DecodeBmp(std::string_view bytes) {
 }
 
 std::optional<Picture> DecodePicture(std::string_view bytes) {
-  return bytes.starts_with("BM") ? DecodeBmp(bytes) : DecodePng(bytes, kMostSheetPixels);
+  return bytes.starts_with("BM") ? DecodeBmp(bytes) : DecodePng(bytes, kMaxSheetPixels);
 }
 
 }  // namespace jotlets

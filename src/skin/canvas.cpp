@@ -93,10 +93,10 @@ class PicturePen {
 
   /// Makes row `y` of the part ready. Both it and the columns, one for each pixel, count from the corner of
   /// the part's source and lie inside it.
-  void TakeRow(std::int32_t y, const std::vector<std::int32_t>& columns) {
+  void PrepareRow(std::int32_t y, const std::vector<std::int32_t>& columns) {
     colours_.assign(columns.size() * 4, 0);
     rests_.assign(columns.size(), kOpaque);
-    for (std::size_t at = 0; at < columns.size(); ++at) TakePixel(at, columns[at], y);
+    for (std::size_t at = 0; at < columns.size(); ++at) PreparePixel(at, columns[at], y);
     covers_ = std::all_of(rests_.begin(), rests_.end(), [](std::uint8_t rest) { return rest == 0; });
   }
 
@@ -116,7 +116,7 @@ class PicturePen {
   }
 
  private:
-  void TakePixel(std::size_t at, std::int32_t x, std::int32_t y) {
+  void PreparePixel(std::size_t at, std::int32_t x, std::int32_t y) {
     const std::uint8_t* from =
         PixelAt(std::int64_t{part_.source.left} + x, std::int64_t{part_.source.top} + y);
     if (from == nullptr) return;
@@ -184,7 +184,7 @@ void TilePart(Canvas& canvas, const SheetPart& part, const Rect& area) {
   for (std::size_t at = 0; at < columns.size(); ++at)
     columns[at] = (drawn.left - area.left + static_cast<std::int32_t>(at)) % width;
   for (std::int32_t y = drawn.top; y < drawn.bottom; ++y) {
-    pen.TakeRow((y - area.top) % height, columns);
+    pen.PrepareRow((y - area.top) % height, columns);
     pen.PutRow(y, drawn.left, drawn.right);
   }
 }
@@ -203,7 +203,7 @@ void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area) {
   std::int32_t taken = -1;
   for (std::int32_t y = drawn.top; y < drawn.bottom; ++y) {
     const auto row = static_cast<std::int32_t>((std::int64_t{y} - area.top) * height / area.Height());
-    if (std::exchange(taken, row) != row) pen.TakeRow(row, columns);
+    if (std::exchange(taken, row) != row) pen.PrepareRow(row, columns);
     pen.PutRow(y, drawn.left, drawn.right);
   }
 }

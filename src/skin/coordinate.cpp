@@ -63,11 +63,16 @@ Point ResolvePoint(const CoordinatePoint& point, const CoordinateSpace& space) {
   return {ResolveX(point.x, space), ResolveY(point.y, space)};
 }
 
+namespace {
+
+// Where an element begins that has a size or an extent.
 Point ResolvePlace(const CoordinatePoint& place, const CoordinateSpace& space) {
   Point point = ResolvePoint(place, space);
   if (place.y.marker == CoordinateMarker::kPercent) point.y = ResolveX(place.y, space);
   return point;
 }
+
+}  // namespace
 
 Rect ResolvePlaceAndSize(const CoordinatePoint& place, Size size, const CoordinateSpace& space) {
   const Point at = ResolvePlace(place, space);

@@ -11,7 +11,7 @@ namespace jotlets {
 
 /// What a number of a skin is counted from.
 enum class CoordinateMarker : std::uint8_t {
-  kPlain,         // the window's left or top; the right or bottom when negative
+  kPlain,        // the window's left or top; the right or bottom when negative
   kPercent,      // "50%": percent of the window
   kMiddle,       // "m-10": the window's middle
   kTopLeft,      // "tl2": the scroll thumb's left or top
@@ -64,12 +64,9 @@ std::int32_t ResolveX(Coordinate x, const CoordinateSpace& space);
 std::int32_t ResolveY(Coordinate y, const CoordinateSpace& space);
 Point ResolvePoint(const CoordinatePoint& point, const CoordinateSpace& space);
 
-/// The `place` of an element that has a size or an extent. Deliberately, a vertical percentage is taken of
-/// the window's width here, as existing skins expect.
-Point ResolvePlace(const CoordinatePoint& place, const CoordinateSpace& space);
-
 /// The rectangles below are never inside out: one without room is empty, with its right edge at its left or
-/// its bottom at its top.
+/// its bottom at its top. Deliberately, where an element has a size or an extent, a vertical percentage of
+/// its `place` is taken of the window's width, as existing skins expect.
 
 Rect ResolvePlaceAndSize(const CoordinatePoint& place, Size size, const CoordinateSpace& space);
 

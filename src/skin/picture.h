@@ -19,10 +19,10 @@ struct Picture {
 };
 
 /// Pictures above this many pixels are refused: a small hostile file can claim any size.
-inline constexpr std::int64_t kMostPicturePixels = 64 * 1024 * 1024;
+inline constexpr std::int64_t kMaxPicturePixels = 64 * 1024 * 1024;
 
 /// Decodes a PNG; nothing when the bytes are no PNG, are damaged, or hold more pixels than `mostPixels`.
-std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels = kMostPicturePixels);
+std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels = kMaxPicturePixels);
 
 /// Multiplies the colours of straight pixels by their alpha, as `Picture` holds them.
 void MultiplyByAlpha(std::vector<std::uint8_t>& pixels);

@@ -47,7 +47,6 @@ struct TextFormat {
 
 /// Values of `stripType` and `setCase` with a meaning of their own; others are kept as they are.
 inline constexpr std::int32_t kStripFromPicture = 0;
-inline constexpr std::int32_t kStripFromColours = 2;
 inline constexpr std::int32_t kCaseAsWritten = 0;
 
 /// One drawn element. Which members count depends on its kind; lengths are pixels from 0 to `kLongestLength`.

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::int32_t kTileStretched = 1;
 
-constexpr auto kBeyondSheets = static_cast<std::int32_t>(kMostPicturePixels);
-static_assert(kMostPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
+constexpr auto kBeyondSheets = static_cast<std::int32_t>(kMaxPicturePixels);
+static_assert(kMaxPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
               std::numeric_limits<std::int32_t>::max());
 
 // Draws one skin for one view.

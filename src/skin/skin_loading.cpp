@@ -18,13 +18,13 @@ constexpr TextView kPackageExtension = u".jsk";
 constexpr TextView kTextExtension = u".ini";
 constexpr TextView kStackText = u"stack.ini";
 
-// A UTF-16 text with its mark, of the most units that are looked at.
-constexpr std::size_t kMostTextBytes = 2 * kMostSkinText + 2;
-constexpr std::size_t kMostFileBytes = kMostInflated;
+// A UTF-16 text with its mark, of the maximum of units that is looked at.
+constexpr std::size_t kMaxTextBytes = 2 * kMaxSkinText + 2;
+constexpr std::size_t kMaxFileBytes = kMaxInflated;
 
 // Where the files of one skin are: a package, or the folder itself.
 struct SkinPlace {
-  std::function<std::optional<std::string>(TextView name, std::size_t most)> read;
+  std::function<std::optional<std::string>(TextView name, std::size_t maximum)> read;
   Text package;  // its file name; empty for the folder
 };
 
@@ -33,37 +33,38 @@ void Complain(const SkinFolder& folder, Text what, const SkinPlace& place) {
   folder.log.Write(kLogLifecycle, what);
 }
 
-std::optional<std::string> ReadFile(const SkinFolder& folder, const Text& path, std::size_t most) {
-  if (folder.files.Size(path) > most) return std::nullopt;
+std::optional<std::string> ReadFile(const SkinFolder& folder, const Text& path, std::size_t maximum) {
+  if (folder.files.Size(path) > maximum) return std::nullopt;
   FileContent content = folder.files.Read(path);
   if (content.state != FileContent::State::kRead) return std::nullopt;
   return std::move(content.bytes);
 }
 
 SkinPlace LoosePlace(const SkinFolder& folder) {
-  return {
-      [&folder](TextView name, std::size_t most) { return ReadFile(folder, folder.path + Text(name), most); },
-      {}};
+  return {[&folder](TextView name, std::size_t maximum) {
+            return ReadFile(folder, folder.path + Text(name), maximum);
+          },
+          {}};
 }
 
 // Packing programs write names as UTF-8 or in some 8-bit code page: both are tried.
 std::optional<std::string> ReadPacked(const SkinFolder& folder, const ZipArchive& archive, TextView name,
-                                      std::size_t most) {
-  auto bytes = archive.Read(ToUtf8(name), most);
-  return bytes ? bytes : archive.Read(folder.ansi.Encode(name), most);
+                                      std::size_t maximum) {
+  auto bytes = archive.Read(ToUtf8(name), maximum);
+  return bytes ? bytes : archive.Read(folder.ansi.Encode(name), maximum);
 }
 
 SkinPlace PackagePlace(const SkinFolder& folder, Text fileName) {
   const auto bytes = std::make_shared<const std::string>(
-      ReadFile(folder, folder.path + fileName, kMostFileBytes).value_or(std::string()));
-  return {[&folder, bytes, archive = ZipArchive(*bytes)](TextView name, std::size_t most) {
-            return ReadPacked(folder, archive, name, most);
+      ReadFile(folder, folder.path + fileName, kMaxFileBytes).value_or(std::string()));
+  return {[&folder, bytes, archive = ZipArchive(*bytes)](TextView name, std::size_t maximum) {
+            return ReadPacked(folder, archive, name, maximum);
           },
           std::move(fileName)};
 }
 
 std::optional<SkinData> LoadText(const SkinFolder& folder, const SkinPlace& place, TextView name) {
-  const auto bytes = place.read(name, kMostTextBytes);
+  const auto bytes = place.read(name, kMaxTextBytes);
   if (!bytes) return std::nullopt;
   return ParseSkin(DecodeTextFile(*bytes, folder.ansi).text);
 }
@@ -74,7 +75,7 @@ std::optional<LoadedSkin> Load(const SkinFolder& folder, const SkinPlace& place,
     Complain(folder, u"Cannot read the skin text " + textName, place);
     return std::nullopt;
   }
-  const auto sheet = IsPlainFileName(data->bitmap) ? place.read(data->bitmap, kMostFileBytes) : std::nullopt;
+  const auto sheet = IsPlainFileName(data->bitmap) ? place.read(data->bitmap, kMaxFileBytes) : std::nullopt;
   auto picture = sheet ? DecodePicture(*sheet) : std::nullopt;
   if (!picture) {
     Complain(folder, u"Cannot read the skin picture " + data->bitmap, place);

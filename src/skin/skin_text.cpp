@@ -8,7 +8,7 @@
 namespace jotlets {
 namespace {
 
-constexpr std::size_t kMostRegionNumbers = 2000;
+constexpr std::size_t kMaxRegionNumbers = 2000;
 
 // The first `Count` of the parts between commas; nothing when there are fewer.
 template <std::size_t Count>
@@ -87,7 +87,7 @@ void ReadAlpha(std::optional<std::uint8_t>& field, TextView value) {
 
 void ReadRegion(std::vector<Coordinate>& field, TextView value) {
   field.clear();
-  while (!value.empty() && field.size() < kMostRegionNumbers) {
+  while (!value.empty() && field.size() < kMaxRegionNumbers) {
     const Split split = SplitAtFirst(value, u',');
     field.push_back(ParseCoordinate(split.head));
     value = split.tail;
@@ -212,7 +212,7 @@ constexpr SectionRow kSections[] = {
 bool StartElement(std::vector<SkinElement>& elements, TextView line) {
   const auto row = std::find_if(std::begin(kSections), std::end(kSections),
                                 [line](const SectionRow& section) { return section.line == line; });
-  if (row == std::end(kSections) || elements.size() >= kMostElements) return false;
+  if (row == std::end(kSections) || elements.size() >= kMaxElements) return false;
   elements.emplace_back().kind = row->kind;
   return true;
 }
@@ -233,7 +233,7 @@ SkinData ParseSkin(TextView text) {
   SkinData skin;
   bool skinWide = true;
   bool inElement = false;
-  LineReader lines(text.substr(0, kMostSkinText));
+  LineReader lines(text.substr(0, kMaxSkinText));
   for (TextView line; lines.Next(line);) {
     if (line.starts_with(u'[')) {
       skinWide = false;

@@ -7,10 +7,10 @@
 namespace jotlets {
 
 /// No skin has more elements; what follows is left out.
-inline constexpr std::size_t kMostElements = 10'000;
+inline constexpr std::size_t kMaxElements = 10'000;
 
 /// No skin text is read beyond so many units.
-inline constexpr std::size_t kMostSkinText = 4 * 1024 * 1024;
+inline constexpr std::size_t kMaxSkinText = 4 * 1024 * 1024;
 
 /// Reads any text. Keys match exactly. Lines that are no known key, and values with fewer parts than their
 /// key needs, change nothing; a number that cannot be read is 0. After a section line of an unknown kind,

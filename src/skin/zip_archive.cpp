@@ -55,7 +55,7 @@ struct Inflation {
 // Grows with what really comes out: the declared size is not believed.
 std::optional<std::string> Inflate(std::string_view packed, std::size_t most) {
   Inflation inflation;
-  if (!inflation.started || packed.size() > kMostInflated) return std::nullopt;
+  if (!inflation.started || packed.size() > kMaxInflated) return std::nullopt;
   z_stream& stream = inflation.stream;
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
   stream.avail_in = static_cast<uInt>(packed.size());
@@ -116,7 +116,7 @@ std::optional<std::string> ZipArchive::Read(std::string_view name, std::size_t m
   if (name.find_first_of("/\\") != std::string_view::npos) return std::nullopt;
   const auto entry = std::find_if(entries_.begin(), entries_.end(),
                                   [name](const Entry& candidate) { return SameName(candidate.name, name); });
-  most = std::min(most, kMostInflated);
+  most = std::min(most, kMaxInflated);
   if (entry == entries_.end() || (entry->flags & kEncrypted) != 0 || entry->size > most) return std::nullopt;
   const auto packed = PackedBytes(*entry);
   if (!packed) return std::nullopt;

@@ -10,7 +10,7 @@
 namespace jotlets {
 
 /// No file is taken out of an archive that is larger when inflated, whatever its size is declared to be.
-inline constexpr std::size_t kMostInflated = 64 * 1024 * 1024;
+inline constexpr std::size_t kMaxInflated = 64 * 1024 * 1024;
 
 /// The stored and deflated files of one archive. Archives that are damaged, span several disks or need 64-bit
 /// sizes hold nothing.
@@ -22,7 +22,7 @@ class ZipArchive {
   /// The file called `name`, which is compared byte by byte but without regard to ASCII case. Nothing when
   /// there is none, when the name holds a path separator, or when the file is encrypted, compressed in
   /// another way, damaged (its checksum is looked at), or larger than `most` bytes.
-  std::optional<std::string> Read(std::string_view name, std::size_t most = kMostInflated) const;
+  std::optional<std::string> Read(std::string_view name, std::size_t most = kMaxInflated) const;
 
  private:
   struct Entry {

@@ -27,8 +27,6 @@ struct GdiDeleter {
 template <typename Handle>
 using UniqueGdi = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 using UniqueFont = UniqueGdi<HFONT>;
-using UniqueBrush = UniqueGdi<HBRUSH>;
-using UniquePen = UniqueGdi<HPEN>;
 using UniqueBitmap = UniqueGdi<HBITMAP>;
 
 using UniqueMenu = UniqueWinHandle<HMENU, DestroyMenu>;

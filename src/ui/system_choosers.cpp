@@ -29,16 +29,16 @@ Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Tex
   const Text pairs = WithNuls(filter);
   Text path(kLongestPath, u'\0');
   name.copy(path.data(), std::min(name.size(), kLongestPath - 1));
-  OPENFILENAMEW how{};
-  how.lStructSize = sizeof how;
-  how.hwndOwner = owner;
-  how.lpstrFilter = Wide(pairs);
-  how.lpstrFile = WideBuffer(path);
-  how.nMaxFile = static_cast<DWORD>(path.size());
-  how.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
-  how.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR |
-              (save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
-  if (!(save ? GetSaveFileNameW(&how) : GetOpenFileNameW(&how))) return {};
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner;
+  dialog.lpstrFilter = Wide(pairs);
+  dialog.lpstrFile = WideBuffer(path);
+  dialog.nMaxFile = static_cast<DWORD>(path.size());
+  dialog.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
+  dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR |
+                 (save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
+  if (!(save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog))) return {};
   path.resize(path.find(u'\0'));
   return path;
 }
@@ -48,14 +48,14 @@ Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Tex
 std::optional<Colour> ChooseSystemColour(HWND owner, Colour colour) {
   // The user's own sixteen; they live as long as the program.
   static COLORREF custom[16] = {};
-  CHOOSECOLORW how{};
-  how.lStructSize = sizeof how;
-  how.hwndOwner = owner;
-  how.rgbResult = ToCOLORREF(colour);
-  how.lpCustColors = custom;
-  how.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
-  if (!ChooseColorW(&how)) return std::nullopt;
-  return Colour{GetRValue(how.rgbResult), GetGValue(how.rgbResult), GetBValue(how.rgbResult)};
+  CHOOSECOLORW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner;
+  dialog.rgbResult = ToCOLORREF(colour);
+  dialog.lpCustColors = custom;
+  dialog.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
+  if (!ChooseColorW(&dialog)) return std::nullopt;
+  return Colour{GetRValue(dialog.rgbResult), GetGValue(dialog.rgbResult), GetBValue(dialog.rgbResult)};
 }
 
 Text ChooseFileToSave(HWND owner, const Text& filter, const Text& extension, const Text& name) {
@@ -66,11 +66,11 @@ Text ChooseFileToOpen(HWND owner, const Text& filter) { return ChooseFile(owner,
 
 Text ChooseFolder(HWND owner, const Resources& resources, UINT question, TextView present) {
   const Text title = resources.String(question);
-  BROWSEINFOW how{};
-  how.hwndOwner = owner;
-  how.lpszTitle = Wide(title);
-  how.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_EDITBOX;
-  const std::unique_ptr<ITEMIDLIST, FreeTaskMemory> chosen(SHBrowseForFolderW(&how));
+  BROWSEINFOW dialog{};
+  dialog.hwndOwner = owner;
+  dialog.lpszTitle = Wide(title);
+  dialog.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_EDITBOX;
+  const std::unique_ptr<ITEMIDLIST, FreeTaskMemory> chosen(SHBrowseForFolderW(&dialog));
   Text path(MAX_PATH, u'\0');
   if (!chosen || !SHGetPathFromIDListW(chosen.get(), WideBuffer(path))) return {};
   path = WithSeparator(path.substr(0, path.find(u'\0')));

@@ -287,7 +287,8 @@ int RunBench(const std::vector<std::string>& wanted) {
   // By notes, rounds, whether they sleep, and further ones.
   std::map<std::tuple<int, int, bool, int>, std::vector<const Figure*>> groups;
   for (const Figure& figure : kFigures) {
-    if (IsWanted(figure, wanted)) groups[{figure.notes, figure.rounds, figure.asleep, figure.further}].push_back(&figure);
+    if (IsWanted(figure, wanted))
+      groups[{figure.notes, figure.rounds, figure.asleep, figure.further}].push_back(&figure);
   }
   std::map<const Figure*, Results> results;
   for (const auto& [group, figures] : groups) {

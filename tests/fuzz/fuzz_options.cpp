@@ -1,6 +1,6 @@
 // Any bytes as an options file. What was written once is read as it was.
-#include "data/options_file.h"
 #include "data/loading.h"
+#include "data/options_file.h"
 #include "data/saving.h"
 #include "fuzz.h"
 

@@ -31,10 +31,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const std::int32_t length : {skin.top, skin.bottom, skin.left, skin.right, skin.rolledHeight,
                                     skin.minimumWidth, skin.minimumHeight, skin.minimumThumbTrackHeight})
     CheckLength(length);
-  Check(skin.elements.size() <= kMostElements);
-  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  Check(skin.elements.size() <= kMaxElements);
+  constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
   for (const CoordinateSpace& space : {CoordinateSpace{{200, 100}, {190, 30, 197, 60}},
-                                       CoordinateSpace{{kMost, kMost}, {-kMost, -kMost, kMost, kMost}}}) {
+                                       CoordinateSpace{{kMax, kMax}, {-kMax, -kMax, kMax, kMax}}}) {
     if (skin.titlebar) CheckRect(ResolveCorners(*skin.titlebar, space));
     if (skin.scrollbar) CheckRect(ResolveTrack(*skin.scrollbar, space));
     for (const Coordinate& number : skin.region) ResolvePoint({number, number}, space);

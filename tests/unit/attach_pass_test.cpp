@@ -122,7 +122,7 @@ TEST(AttachPass, AlarmsBringNotesAndKeepThem) {
 
 TEST(AttachPass, PatternsAndTitlesOfAnyLengthAreCompared) {
   const Text longTitle(100'000, u'x');
-  EXPECT_TRUE(Comes(Attached(Text(kMostWindowText, u'X')), {Window(longTitle)}));
+  EXPECT_TRUE(Comes(Attached(Text(kMaxWindowText, u'X')), {Window(longTitle)}));
   EXPECT_FALSE(Comes(Attached(Text(1000, u'x')), {Window(longTitle)}));
   EXPECT_TRUE(Comes(Attached(u""), {Window(u"")}));
   // Pairs of patterns that read the same when they are joined.

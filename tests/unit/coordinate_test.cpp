@@ -56,16 +56,16 @@ TEST(Coordinate, OfTwoCornersAndOfATrackIncludesTheFarOne) {
 }
 
 TEST(Coordinate, NeverOverflows) {
-  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-  constexpr CoordinateSpace kHuge{{kMost, kMost}, {-kMost, -kMost, kMost, kMost}};
+  constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+  constexpr CoordinateSpace kHuge{{kMax, kMax}, {-kMax, -kMax, kMax, kMax}};
   for (const TextView text : {u"99999999999", u"99999999999%", u"-99999999999%", u"m99999999999",
                               u"tl-99999999999", u"br99999999999", u"sc99999999999"}) {
     const CoordinatePoint point = At(text, text);
     EXPECT_EQ(std::abs(ResolvePoint(point, kHuge).x), kFarthestCoordinate) << ToUtf8(text);
     for (const Rect& rect :
-         {ResolvePlaceAndExtent(point, point, kHuge), ResolvePlaceAndSize(point, {kMost, kMost}, kHuge),
+         {ResolvePlaceAndExtent(point, point, kHuge), ResolvePlaceAndSize(point, {kMax, kMax}, kHuge),
           ResolveCorners({At(u"-99999999999%", u"0"), point}, kHuge),
-          ResolveTrack({point.x, point.y, point.y, kMost}, kHuge)}) {
+          ResolveTrack({point.x, point.y, point.y, kMax}, kHuge)}) {
       EXPECT_GE(rect.Width(), 0);
       EXPECT_GE(rect.Height(), 0);
     }

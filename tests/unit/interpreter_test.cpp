@@ -211,7 +211,7 @@ TEST_F(Commands, MenusOfOtherProgramsHoldEachWordOnce) {
   EXPECT_EQ(Reply(u"do jotletmenudel Go"), u"000 OK removed");
   EXPECT_EQ(Reply(u"do jotletmenudel Go"), u"997 Not found to remove");
   EXPECT_FALSE(program.menus[1].IsEmpty());
-  for (std::size_t i = 0; i < CustomCommands::kMost; ++i)
+  for (std::size_t i = 0; i < CustomCommands::kMax; ++i)
     Reply(u"do jotletmenuadd w" + IntText(static_cast<std::int64_t>(i)));
   EXPECT_EQ(Reply(u"do jotletmenuadd more"), u"997 unable to add");
 }

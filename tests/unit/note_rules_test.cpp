@@ -9,10 +9,10 @@
 namespace jotlets {
 namespace {
 
-constexpr std::int32_t kMost = 0x7FFFFFFF;
+constexpr std::int32_t kMax = 0x7FFFFFFF;
 
 TEST(Opacity, IsWhatRemainsAndNothingMeansAll) {
-  EXPECT_TRUE(AlphaOfOpacity(0) == 255 && AlphaOfOpacity(100) == 255 && AlphaOfOpacity(kMost) == 255);
+  EXPECT_TRUE(AlphaOfOpacity(0) == 255 && AlphaOfOpacity(100) == 255 && AlphaOfOpacity(kMax) == 255);
   EXPECT_TRUE(AlphaOfOpacity(10) == 25 && AlphaOfOpacity(30) == 76);
   EXPECT_GT(AlphaOfOpacity(-5), 0);  // a note that cannot be seen cannot be helped
 }
@@ -29,15 +29,12 @@ TEST(Opacity, FadesInFiftyStepsOfWhichTheLastIsLeftOut) {
   }
 }
 
-TEST(Opacity, GivesWayToTheFocusAndGhostsAreSwitchedOnce) {
+TEST(Opacity, GivesWayToTheFocus) {
   EXPECT_TRUE(IsOpaqueInFocus(30, true) && !IsOpaqueInFocus(30, false) && !IsOpaqueInFocus(0, true));
   EXPECT_EQ(OnFocusLoss(30, true, false), FocusLoss::kFades);
   EXPECT_EQ(OnFocusLoss(30, true, true), FocusLoss::kReturnsAtOnce);
   for (const std::int32_t percent : {0, 30})
     EXPECT_EQ(OnFocusLoss(percent, percent == 0, false), FocusLoss::kStays);
-  EXPECT_EQ(SwitchGhost(false, true, 30), (GhostLook{true, 76}));
-  EXPECT_EQ(SwitchGhost(true, true, 30), std::nullopt);
-  EXPECT_EQ(SwitchGhost(true, false, 0), (GhostLook{false, 255}));
 }
 
 TEST(Animation, FollowsItsTimingCurve) {
@@ -70,9 +67,9 @@ TEST(Animation, EndsWhereItsKindSays) {
   EXPECT_EQ(hide.FinishNow(), (AnimationFrame{{1, 2}, true}));
   EXPECT_TRUE(hide.FinishNow() == std::nullopt && hide.Start({}, {}, AnimationKind::kMove));
   Animation far;
-  far.Start({-kMost - 1, kMost}, {kMost, -kMost - 1}, AnimationKind::kMove);
+  far.Start({-kMax - 1, kMax}, {kMax, -kMax - 1}, AnimationKind::kMove);
   int ticks = 0;
-  for (; !far.Tick(kMost).value().finished; ++ticks) EXPECT_LT(ticks, kMostAnimationSteps);
+  for (; !far.Tick(kMax).value().finished; ++ticks) EXPECT_LT(ticks, kMaxAnimationSteps);
 }
 
 constexpr RollSettings kRolls{25, false};
@@ -93,7 +90,7 @@ TEST(Rolled, HeightIsTheUnrolledOne) {
   note.height = -1;
   EXPECT_EQ(GetJotletHeight(note, 25, kRolls), std::nullopt);
   EXPECT_EQ(HeightFromContent(100, 12, 22), 134);
-  EXPECT_EQ(HeightFromContent(kMost, kMost, kMost), kMost);
+  EXPECT_EQ(HeightFromContent(kMax, kMax, kMax), kMax);
 }
 
 TEST(Rolled, ItStaysWhereItIsAndKeepsItsHeight) {
@@ -121,8 +118,8 @@ TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{11, 21, 311, 46}));
   note.altY = kNotSet, note.altWidth = kNotSet;  // a record that was cut off
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 21, 1000, 46}));
-  note.altX = note.altY = kMost;  // a window so far off still has its size
-  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{kMost - 300, kMost - 25, kMost, kMost}));
+  note.altX = note.altY = kMax;  // a window so far off still has its size
+  EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{kMax - 300, kMax - 25, kMax, kMax}));
 }
 
 constexpr TextView kStyle = u"-12|0|0|0|400|0|0|0|0|3|2|1|34|Tahoma|0|0|0|255|0|0";

@@ -12,8 +12,8 @@ namespace jotlets {
 namespace {
 
 constexpr Point kAnywhere{kNotSet, kNotSet};
-constexpr std::int32_t kMost = 0x7FFFFFFF;
-constexpr std::int32_t kLeast = -kMost - 1;
+constexpr std::int32_t kMax = 0x7FFFFFFF;
+constexpr std::int32_t kMin = -kMax - 1;
 
 PlacementSettings Settings(std::int32_t appear) {
   return {appear, {30, 40}, true, {201, 101}, {1920, 1080}, {3840, 1081}};
@@ -46,8 +46,8 @@ TEST(Placement, StepsOffIdenticalCornersOnly) {
   }
   settings.preventOverlap = false;
   EXPECT_EQ(Place(kAnywhere, settings, notes).position, (Point{860, 490}));
-  settings = Settings(2), settings.coords = {kMost, kMost - 20};
-  EXPECT_EQ(Place(kAnywhere, settings, {settings.coords}).position, (Point{kMost, kMost - 4}));
+  settings = Settings(2), settings.coords = {kMax, kMax - 20};
+  EXPECT_EQ(Place(kAnywhere, settings, {settings.coords}).position, (Point{kMax, kMax - 4}));
   notes.assign(10000, Point{30, 40});
   for (std::int32_t i = 10000; i > 0; --i) notes.push_back({30 + 16 * i, 40 + 16 * i});
   const auto start = std::chrono::steady_clock::now();
@@ -71,11 +71,11 @@ TEST(Rescue, MovesWhatLiesBeyondTheScreenAndNothingElse) {
   const Rect screen{-1920, -10, 1920, 1080};
   EXPECT_EQ(RescuedPosition({-5000, 0}, screen), (Point{-1912, 0}));
   EXPECT_EQ(RescuedPosition({1921, -11}, screen), (Point{1792, -2}));
-  EXPECT_EQ(RescuedPosition({0, kMost}, screen), (Point{0, 952}));
+  EXPECT_EQ(RescuedPosition({0, kMax}, screen), (Point{0, 952}));
   for (const Point in : {screen.TopLeft(), Point{1920, 1080}}) EXPECT_EQ(RescuedPosition(in, screen), in);
   // What the near edge has moved past the far one is moved again.
   EXPECT_EQ(RescuedPosition({-1, 0}, {0, 0, 5, 5}), (Point{5 - 128, 0}));
-  EXPECT_EQ(RescuedPosition({kLeast, kMost}, {kMost, kLeast, kMost, kLeast}), (Point{kMost, kLeast}));
+  EXPECT_EQ(RescuedPosition({kMin, kMax}, {kMax, kMin, kMax, kMin}), (Point{kMax, kMin}));
 }
 
 // The second monitor is to the right, lower by 200 and less high.
@@ -104,10 +104,10 @@ TEST(ShownPlace, IsTheChosenOneWhileItsCornerIsOnAMonitor) {
   EXPECT_EQ(shown({2500, 0}), (Point{2500, 208}));
   EXPECT_EQ(shown({2500, 1010}), (Point{2500, 999 - 128}));
   EXPECT_EQ(shown({3200, 300}), (Point{3199 - 128, 300}));
-  EXPECT_EQ(ShownPlace({kLeast, kLeast, kMost, kMost}, Screens(1)).TopLeft(), (Point{8, 8}));
+  EXPECT_EQ(ShownPlace({kMin, kMin, kMax, kMax}, Screens(1)).TopLeft(), (Point{8, 8}));
   const MonitorSetup inDoubt{{0, 0, 5, 5}, Screens(1).monitors};  // then the monitors are believed
   EXPECT_EQ(ShownPlace({90, 90, 99, 99}, inDoubt), (Rect{90, 90, 99, 99}));
-  EXPECT_EQ(ShownPlace({kMost, kMost, kMost, kMost}, {}).TopLeft(), (Point{-128, -128}));
+  EXPECT_EQ(ShownPlace({kMax, kMax, kMax, kMax}, {}).TopLeft(), (Point{-128, -128}));
 }
 
 TEST(NotePlace, NotesReturnWithTheirMonitor) {

@@ -10,8 +10,8 @@
 namespace jotlets {
 namespace {
 
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 
 SkinView ViewOf(Size window, bool rolled = false, bool focus = false, bool mouseOver = false) {
   SkinView view;
@@ -158,9 +158,9 @@ TEST(Scrollbar, FollowsItsThumb) {
 TEST(Scrollbar, StaysOnItsTrackWhateverItIsTold) {
   const Rect far{0, -kFarthestCoordinate, 7, kFarthestCoordinate};
   for (const Rect& track : {Rect{190, 30, 197, 130}, Rect{5, 9, 5, 9}, far}) {
-    for (const std::int32_t position : {kLeast, 0, kMost}) {
-      for (const std::int32_t page : {kLeast, -1, 0, 1, kMost}) {
-        for (const std::int32_t range : {kLeast, -1, 0, 1, kMost}) {
+    for (const std::int32_t position : {kMin, 0, kMax}) {
+      for (const std::int32_t page : {kMin, -1, 0, 1, kMax}) {
+        for (const std::int32_t range : {kMin, -1, 0, 1, kMax}) {
           const ScrollState scroll{position, page, range};
           const Rect thumb = ScrollThumb(track, 15, scroll);
           EXPECT_TRUE(thumb.top >= track.top && thumb.bottom <= track.bottom && thumb.top <= thumb.bottom);

@@ -113,10 +113,10 @@ TEST(ParseSkin, TakesNoNumberAs0AndBringsNumbersIntoRange) {
 
 TEST(ParseSkin, LeavesOutElementsBeyondTheMost) {
   Text text;
-  for (std::size_t i = 0; i <= kMostElements; ++i)
+  for (std::size_t i = 0; i <= kMaxElements; ++i)
     text.append(u"[text]\nname=").append(IntText(int(i))) += u'\n';
   const SkinData s = ParseSkin(text);
-  ASSERT_EQ(s.elements.size(), kMostElements);
+  ASSERT_EQ(s.elements.size(), kMaxElements);
   EXPECT_EQ(s.elements.back().name, u"9999");
 }
 

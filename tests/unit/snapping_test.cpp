@@ -9,7 +9,7 @@ namespace {
 
 constexpr SnapSettings kSnap{true, 10, 2};
 constexpr Rect kOther{100, 100, 300, 200};
-constexpr std::int32_t kMost = 0x7FFFFFFF;
+constexpr std::int32_t kMax = 0x7FFFFFFF;
 
 // A window of 120 x 50 pixels dragged to `at`.
 Point Move(Point at, const std::vector<Rect>& windows, const std::vector<Rect>& monitors = {},
@@ -108,25 +108,28 @@ TEST(SnappedSizing, LinesUpWithWindowsThatAreWithinTheGap) {
 }
 
 TEST(SafeBounds, DraggedEdgesGiveWayToTheMinimum) {
-  EXPECT_EQ(SizedBounds({0, 0, 100, 100}, FramePart::kTopLeft, {90, 95}, {20, 30}), (Rect{80, 70, 100, 100}));
-  EXPECT_EQ(SizedBounds({0, 0, 100, 100}, FramePart::kBottomRight, {-90, 5}, {20, 30}),
-            (Rect{0, 0, 20, 105}));
+  const auto dragged = [](FramePart part, Point offset) {
+    const DraggedEdges edges = EdgesOf(part);
+    return SafeBounds(DraggedBounds({0, 0, 100, 100}, edges, offset), edges, {20, 30});
+  };
+  EXPECT_EQ(dragged(FramePart::kTopLeft, {90, 95}), (Rect{80, 70, 100, 100}));
+  EXPECT_EQ(dragged(FramePart::kBottomRight, {-90, 5}), (Rect{0, 0, 20, 105}));
 }
 
 TEST(Snapping, EndsAtTheLimitsOfNumbers) {
-  const std::vector<Rect> all = {{-kMost - 1, -kMost - 1, kMost, kMost}, {kMost, kMost, -kMost, -kMost}};
-  for (const Rect& r : {all[0], all[1], Rect{kMost - 5, kMost - 5, kMost, kMost}}) {
-    for (const SnapSettings& settings : {SnapSettings{true, kMost, kMost}, SnapSettings{true, -kMost, 5}}) {
+  const std::vector<Rect> all = {{-kMax - 1, -kMax - 1, kMax, kMax}, {kMax, kMax, -kMax, -kMax}};
+  for (const Rect& r : {all[0], all[1], Rect{kMax - 5, kMax - 5, kMax, kMax}}) {
+    for (const SnapSettings& settings : {SnapSettings{true, kMax, kMax}, SnapSettings{true, -kMax, 5}}) {
       const SnapTargets targets{all, all};
       SnappedMove(r, settings, false, targets);
       for (const std::int32_t edge : {-1, 1}) SnappedSizing(r, {edge, edge}, settings, false, targets);
     }
   }
-  const Rect sized = SizedBounds({0, 0, 10, 10}, FramePart::kBottomRight, {kMost, kMost}, {5, 5});
-  EXPECT_EQ(sized, (Rect{0, 0, kMost, kMost}));
-  const std::vector<Rect> last = {{kMost - 300, 0, kMost - 1, 10}};
+  const Rect dragged = DraggedBounds({0, 0, 10, 10}, EdgesOf(FramePart::kBottomRight), {kMax, kMax});
+  EXPECT_EQ(dragged, (Rect{0, 0, kMax, kMax}));
+  const std::vector<Rect> last = {{kMax - 300, 0, kMax - 1, 10}};
   const SnapTargets atTheEnd{last, {}};
-  EXPECT_EQ(SnappedMove({kMost - 5, 0, kMost, 10}, {true, 10, 50}, false, atTheEnd).left, kMost);
+  EXPECT_EQ(SnappedMove({kMax - 5, 0, kMax, 10}, {true, 10, 50}, false, atTheEnd).left, kMax);
 }
 
 }  // namespace

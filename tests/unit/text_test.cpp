@@ -9,22 +9,22 @@
 namespace jotlets {
 namespace {
 
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 
 TEST(ParseInt, ReadsADecimalPrefixAndSaturates) {
   EXPECT_EQ(ParseInt(u"0005"), 5);
   EXPECT_EQ(ParseInt(u" -65535px3"), -65535);
   for (const TextView none : {u"", u"  ", u"-", u"abc", u"--5", u"- 5", u".5"}) EXPECT_EQ(ParseInt(none), 0);
-  EXPECT_EQ(ParseInt(u"2147483648"), kMost);
-  EXPECT_EQ(ParseInt(u"-2147483648"), kLeast);
-  EXPECT_EQ(ParseInt(Text(5000, u'9')), kMost);
-  EXPECT_EQ(ParseInt(u"-" + Text(5000, u'9')), kLeast);
+  EXPECT_EQ(ParseInt(u"2147483648"), kMax);
+  EXPECT_EQ(ParseInt(u"-2147483648"), kMin);
+  EXPECT_EQ(ParseInt(Text(5000, u'9')), kMax);
+  EXPECT_EQ(ParseInt(u"-" + Text(5000, u'9')), kMin);
 }
 
 TEST(PaddedInt, FillsFourPlacesSignIncluded) {
   Text all;
-  for (const std::int32_t value : {0, 5, -5, -123, 12345, -65535, kLeast}) {
+  for (const std::int32_t value : {0, 5, -5, -123, 12345, -65535, kMin}) {
     AppendPaddedInt(all, value);
     all.push_back(u' ');
   }

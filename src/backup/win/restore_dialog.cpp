@@ -20,12 +20,12 @@ Text ShownSize(std::uint64_t bytes) {
 }  // namespace
 
 Text ChooseBackup(HWND owner, const Resources& resources, UINT question, const BackupKeeper& backups) {
-  std::vector<Backup> there = backups.Describe();
-  if (there.empty()) {
+  std::vector<Backup> found = backups.Describe();
+  if (found.empty()) {
     Tell(owner, resources, IDS_NO_BACKUPS, backups.BackupsFolder());
     return {};
   }
-  return BRestoreDlg(resources, question, std::move(there)).Choose(owner);
+  return BRestoreDlg(resources, question, std::move(found)).Choose(owner);
 }
 
 Text BRestoreDlg::Choose(HWND owner) {

@@ -9,7 +9,7 @@ namespace {
 constexpr wchar_t kClientClass[] = L"BraskJotletsClient";
 constexpr wchar_t kServerClass[] = L"BraskSoftwareJotletsMain";
 // A command may save thousands of notes before it replies.
-constexpr UINT kMostMilliseconds = 60000;
+constexpr UINT kMaxMilliseconds = 60000;
 
 // Event lines have codes from 500 to 599, replies have all others.
 bool IsEvent(TextView line) { return line.size() >= 3 && line[0] == u'5'; }
@@ -27,7 +27,7 @@ bool CommandClient::SendBytes(const void* bytes, DWORD count, bool withSender, U
   DWORD_PTR taken = 0;
   const WPARAM sender = withSender ? reinterpret_cast<WPARAM>(Handle()) : 0;
   return SendMessageTimeoutW(server, WM_COPYDATA, sender, reinterpret_cast<LPARAM>(&record), SMTO_NORMAL,
-                             kMostMilliseconds, &taken) != 0 &&
+                             kMaxMilliseconds, &taken) != 0 &&
          taken != 0;
 }
 

@@ -22,7 +22,7 @@ Delivery CopyDataTransport::Send(ClientWindow client, std::uintptr_t tag, TextVi
   DWORD_PTR answer = 0;
   const LRESULT sent =
       SendMessageTimeoutW(WindowOf(client), WM_COPYDATA, reinterpret_cast<WPARAM>(sender_),
-                          reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG, kMostMilliseconds, &answer);
+                          reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG, kMaxMilliseconds, &answer);
   if (sent != 0) return Delivery::kDelivered;
   return Exists(client) ? Delivery::kHung : Delivery::kGone;
 }

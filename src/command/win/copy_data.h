@@ -16,7 +16,7 @@ Text TextOfCopyData(const COPYDATASTRUCT& record, const CodePage& ansi);
 /// event.
 class CopyDataTransport final : public LineTransport {
  public:
-  static constexpr UINT kMostMilliseconds = 2000;
+  static constexpr UINT kMaxMilliseconds = 2000;
 
   explicit CopyDataTransport(const CodePage& ansi) : ansi_(ansi) {}
   void SetSender(HWND sender) { sender_ = sender; }

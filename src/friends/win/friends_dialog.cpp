@@ -79,10 +79,10 @@ void BFriendsDlg::OnInit() {
 bool BFriendsDlg::OnCommand(UINT control, UINT notification) {
   const int slot = static_cast<int>(control) - IDC_FRIEND_FAVOURITE;
   if (slot >= 0 && slot < static_cast<int>(kFavouriteSlots)) {
-    if (notification == CBN_SELCHANGE) TakeFavourite(static_cast<std::size_t>(slot));
+    if (notification == CBN_SELCHANGE) AssignFavourite(static_cast<std::size_t>(slot));
     return true;
   }
-  if (control == IDOK) return !TakeList();
+  if (control == IDOK) return !ApplyList();
   for (const Button& button : kButtons) {
     if (button.control != control) continue;
     (this->*button.run)();
@@ -91,7 +91,7 @@ bool BFriendsDlg::OnCommand(UINT control, UINT notification) {
   return false;
 }
 
-bool BFriendsDlg::TakeList() {
+bool BFriendsDlg::ApplyList() {
   if (IsDlgButtonChecked(Handle(), IDC_FRIEND_TAKE_LIST) != BST_CHECKED) return true;
   const FileStatus written = book_.Replace(list_);
   if (!written) Tell(Handle(), resources_, IDS_NOT_WRITTEN, written.reason);
@@ -218,7 +218,7 @@ void BFriendsDlg::ShowFavourites() {
   }
 }
 
-void BFriendsDlg::TakeFavourite(std::size_t slot) {
+void BFriendsDlg::AssignFavourite(std::size_t slot) {
   list_.favourites[slot] = ItemText(IDC_FRIEND_FAVOURITE + static_cast<int>(slot));
 }
 

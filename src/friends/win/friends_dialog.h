@@ -55,14 +55,14 @@ class BFriendsDlg final : public Dialog {
   void SetHome();
   void ClearHome();
   void Sort();
-  bool TakeList();
+  bool ApplyList();
 
   void Insert(FriendEntry entry);
   /// Shows the list anew, with this entry selected.
   void ShowTree(std::size_t selected);
   void ShowFavourites();
   void ShowFacts();
-  void TakeFavourite(std::size_t slot);
+  void AssignFavourite(std::size_t slot);
   Text Shown(const FriendEntry& entry) const;
 
   std::size_t Selected() const;

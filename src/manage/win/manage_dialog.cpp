@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/win/wide.h"
+#include "note/monitors.h"
 #include "note/win/monitor_setup.h"
 #include "res/resource.h"
 #include "ui/window.h"
@@ -26,32 +27,10 @@ constexpr int kButtonGap = 6;
 constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 260;
 constexpr int kSearchLabelWidth = 56;
-constexpr int kLastColumnWidth = 120;
 
 ManageView ViewAt(int index) { return static_cast<ManageView>(index); }
 
 }  // namespace
-
-struct BManageDlg::KeyRow {
-  WORD key;
-  bool ctrl;
-  bool shift;
-  bool alsoInSearch;  // else the search field has a use of its own for it
-  void (BManageDlg::*run)();
-};
-
-const BManageDlg::KeyRow BManageDlg::kKeys[] = {
-    {'F', true, false, true, &BManageDlg::FocusSearch},
-    {VK_F3, false, false, true, &BManageDlg::FocusSearch},
-    {VK_F5, false, false, true, &BManageDlg::Reload},
-    {'A', true, false, false, &BManageDlg::SelectAll},
-    {VK_DELETE, false, false, false, &BManageDlg::Delete},
-    {'Z', true, false, false, &BManageDlg::Undo},
-    {VK_TAB, true, false, true, &BManageDlg::NextView},
-    {VK_TAB, true, true, true, &BManageDlg::PreviousView},
-    {VK_NEXT, true, false, true, &BManageDlg::NextView},
-    {VK_PRIOR, true, false, true, &BManageDlg::PreviousView},
-};
 
 bool BManageDlg::OpenWindow(bool activate) {
   if (IsOpen() || !Open(resources_, IDD_MANAGE)) return false;
@@ -84,14 +63,11 @@ void BManageDlg::Enable(bool enabled) {
 }
 
 void BManageDlg::OnInit() {
-  for (std::size_t i = 0; i < typeNames_.size(); ++i)
-    typeNames_[i] = resources_.String(IDS_MANAGE_TYPE + static_cast<UINT>(i));
   const auto icon =
       reinterpret_cast<LPARAM>(LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_JOTLETS)));
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon);
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
-  ListView_SetExtendedListViewStyle(Item(IDC_MANAGE_LIST), LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-  AddColumns();
+  table_.SetUp(Item(IDC_MANAGE_LIST), resources_, options_.manageWidths);
   AddViews();
   RestorePlace();
   list_.Search({}, options_.manageWindowSearchWhat);
@@ -99,22 +75,9 @@ void BManageDlg::OnInit() {
   const std::int32_t column = sorted < 0 ? -1 - sorted : sorted;
   list_.SortBy(static_cast<ManageColumn>(std::clamp<std::int32_t>(column, 0, kManageColumns - 1)),
                sorted < 0);
-  ShowSorting();
+  table_.ShowSorting(options_.manageSorted);
   Layout();
   Show(view_);
-}
-
-void BManageDlg::AddColumns() {
-  for (std::size_t i = 0; i < kManageColumns; ++i) {
-    Text title = resources_.String(IDS_MANAGE_COLUMN + static_cast<UINT>(i));
-    const bool kept = i < options_.manageWidths.size();
-    const int width = kept ? std::clamp(options_.manageWidths[i], 20, 4000) : kLastColumnWidth;
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH;
-    column.pszText = WideBuffer(title);
-    column.cx = MulDiv(width, static_cast<int>(GetDpiForWindow(Handle())), 96);
-    ListView_InsertColumn(Item(IDC_MANAGE_LIST), static_cast<int>(i), &column);
-  }
 }
 
 void BManageDlg::AddViews() {
@@ -150,10 +113,7 @@ void BManageDlg::StoreSettings() {
   options_.manageWindowMax =
       placement.showCmd == SW_SHOWMAXIMIZED ||
       (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
-  for (std::size_t i = 0; i < options_.manageWidths.size(); ++i) {
-    const int width = ListView_GetColumnWidth(Item(IDC_MANAGE_LIST), static_cast<int>(i));
-    options_.manageWidths[i] = MulDiv(width, 96, static_cast<int>(GetDpiForWindow(Handle())));
-  }
+  table_.StoreWidths(options_.manageWidths);
   if (options_ != before) owner_.OnManageSettings();
 }
 
@@ -186,20 +146,7 @@ void BManageDlg::Layout() {
     left += scaled(kButtonWidth + kButtonGap);
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
-  FitLastColumn();
-}
-
-// It takes what the others leave beside the scroll bar.
-void BManageDlg::FitLastColumn() {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  constexpr int kLast = static_cast<int>(kManageColumns) - 1;
-  RECT client{};
-  GetClientRect(list, &client);
-  int width = client.right;
-  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(list, i);
-  const int smallest = MulDiv(kLastColumnWidth, static_cast<int>(GetDpiForWindow(Handle())), 96);
-  width = std::max(width, smallest);
-  if (ListView_GetColumnWidth(list, kLast) != width) ListView_SetColumnWidth(list, kLast, width);
+  table_.FitLastColumn();
 }
 
 void BManageDlg::Show(ManageView view) {
@@ -221,27 +168,10 @@ void BManageDlg::StepView(int step) {
   Show(ViewAt((static_cast<int>(view_) + step + kViews) % kViews));
 }
 
-BManageDlg::Selection BManageDlg::Selected() const {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  Selection selection;
-  const auto at = [this](int place) -> Text {
-    const auto index = static_cast<std::size_t>(place);
-    return place >= 0 && index < list_.Size() ? list_.At(index).id : Text();
-  };
-  const std::size_t count = ListView_GetSelectedCount(list);
-  selection.all = count > 1 && count == list_.Size();
-  selection.ids.reserve(count);
-  for (int place = -1; (place = ListView_GetNextItem(list, place, LVNI_SELECTED)) >= 0;)
-    selection.ids.push_back(at(place));
-  selection.focusedPlace = ListView_GetNextItem(list, -1, LVNI_FOCUSED);
-  selection.focused = at(selection.focusedPlace);
-  return selection;
-}
-
 // Changes the rows of the list and keeps what is selected, by id.
 template <typename Change>
 void BManageDlg::ChangeList(Change change) {
-  const Selection selection = Selected();
+  const ManageTable::Selection selection = table_.Selected();
   if (change()) {
     ShowRows(selection);
   } else {
@@ -249,41 +179,9 @@ void BManageDlg::ChangeList(Change change) {
   }
 }
 
-void BManageDlg::ShowRows(const Selection& selection) {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  changing_ = true;
-  ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
-  ListView_SetItemCountEx(list, static_cast<int>(list_.Size()), LVSICF_NOSCROLL);
-  Restore(selection);
-  changing_ = false;
-  FitLastColumn();
+void BManageDlg::ShowRows(const ManageTable::Selection& selection) {
+  table_.ShowRows(selection);
   UpdateState();
-}
-
-void BManageDlg::Restore(const Selection& selection) {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  if (list_.Size() == 0 || selection.focusedPlace < 0) return;
-  const std::vector<std::size_t> places = list_.PlacesOf(selection.ids);
-  if (selection.all && places.size() == list_.Size()) {
-    ListView_SetItemState(list, -1, LVIS_SELECTED, LVIS_SELECTED);
-  } else {
-    for (const std::size_t place : places)
-      ListView_SetItemState(list, static_cast<int>(place), LVIS_SELECTED, LVIS_SELECTED);
-  }
-  const std::vector<std::size_t> focused = list_.PlacesOf({selection.focused});
-  const int last = static_cast<int>(list_.Size()) - 1;
-  const int focus = focused.empty() ? std::min(selection.focusedPlace, last) : static_cast<int>(focused[0]);
-  const bool inherits = selection.inherited && places.empty() && !selection.ids.empty();
-  const UINT state = LVIS_FOCUSED | (inherits ? LVIS_SELECTED : 0U);
-  ListView_SetItemState(list, focus, state, state);
-}
-
-void BManageDlg::Select(int place, bool focus) {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  constexpr UINT kState = LVIS_SELECTED | LVIS_FOCUSED;
-  ListView_SetItemState(list, place, kState, kState);
-  ListView_EnsureVisible(list, place, FALSE);
-  if (focus) SetFocus(list);
 }
 
 void BManageDlg::RefreshSoon() {
@@ -303,7 +201,7 @@ void BManageDlg::Reload() {
 }
 
 void BManageDlg::Search() {
-  Selection selection = Selected();
+  ManageTable::Selection selection = table_.Selected();
   selection.inherited = false;
   list_.Search(ItemText(IDC_MANAGE_SEARCH), options_.manageWindowSearchWhat);
   ShowRows(selection);
@@ -320,22 +218,8 @@ void BManageDlg::SortBy(ManageColumn column) {
     list_.SortBy(column, backwards);
     return true;
   });
-  ShowSorting();
+  table_.ShowSorting(options_.manageSorted);
   owner_.OnManageSettings();
-}
-
-void BManageDlg::ShowSorting() {
-  const HWND header = ListView_GetHeader(Item(IDC_MANAGE_LIST));
-  const std::int32_t sorted = options_.manageSorted;
-  for (std::int32_t i = 0; i < static_cast<std::int32_t>(kManageColumns); ++i) {
-    HDITEMW item{};
-    item.mask = HDI_FORMAT;
-    Header_GetItem(header, i, &item);
-    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
-    if (sorted == i) item.fmt |= HDF_SORTUP;
-    if (sorted == -1 - i) item.fmt |= HDF_SORTDOWN;
-    Header_SetItem(header, i, &item);
-  }
 }
 
 // Texts are read in slices: what the user does goes first.
@@ -413,13 +297,13 @@ void BManageDlg::ActSoon(ManageAction action) {
 
 void BManageDlg::Act(ManageAction action) {
   if (!IsEnabled(action, Facts())) return;
-  owner_.DoManageAction(action, view_, Selected().ids);
+  owner_.DoManageAction(action, view_, table_.Selected().ids);
   if (IsOpen()) Refresh();
 }
 
 void BManageDlg::ActByDefault() {
   if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0) {
-    if (list_.Size() > 0) Select(0, true);
+    if (list_.Size() > 0) table_.Select(0, true);
     return;
   }
   if (const auto action = DefaultAction(view_)) ActSoon(*action);
@@ -477,13 +361,13 @@ void BManageDlg::OnWindowEnd() {
 
 std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
   switch (header.code) {
-    case LVN_GETDISPINFOW: OnDisplayInfo(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
+    case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
     case LVN_COLUMNCLICK:
       SortBy(static_cast<ManageColumn>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
       return 0;
     case LVN_ITEMCHANGED:
     case LVN_ODSTATECHANGED:
-      if (!changing_) UpdateState();
+      if (!table_.IsChanging()) UpdateState();
       return 0;
     case NM_DBLCLK:
       if (header.idFrom == IDC_MANAGE_LIST && reinterpret_cast<NMITEMACTIVATE&>(header).iItem >= 0)
@@ -496,106 +380,6 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
     case TCN_SELCHANGE: Show(ViewAt(TabCtrl_GetCurSel(header.hwndFrom))); return 0;
     default: return std::nullopt;
   }
-}
-
-void BManageDlg::OnDisplayInfo(NMLVDISPINFOW& info) {
-  LVITEMW& item = info.item;
-  const auto place = static_cast<std::size_t>(item.iItem);
-  if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
-  const Text text = item.iItem >= 0 && place < list_.Size()
-                        ? CellText(list_.At(place), static_cast<ManageColumn>(item.iSubItem))
-                        : Text();
-  lstrcpynW(item.pszText, Wide(text), item.cchTextMax);
-}
-
-Text BManageDlg::CellText(const ManageRow& row, ManageColumn column) const {
-  const auto time = [this](std::int32_t utc) { return utc > 0 ? owner_.ManagedTime(utc) : Text(); };
-  switch (column) {
-    case ManageColumn::kTitle: return row.title;
-    case ManageColumn::kType: return typeNames_[static_cast<std::size_t>(row.type)];
-    case ManageColumn::kCreated: return time(row.created);
-    case ManageColumn::kModified: return time(row.modified);
-    case ManageColumn::kNextWake: return time(row.nextWake);
-  }
-  return {};
-}
-
-void BManageDlg::OnContextMenu(POINT at) {
-  const HWND list = Item(IDC_MANAGE_LIST);
-  if (at.x == -1 && at.y == -1) {  // by the keyboard
-    RECT row{8, 8, 8, 8};
-    const int focused = ListView_GetNextItem(list, -1, LVNI_FOCUSED);
-    if (focused >= 0) ListView_GetItemRect(list, focused, &row, LVIR_LABEL);
-    at = {row.left + 8, row.bottom};
-    ClientToScreen(list, &at);
-  }
-  const UniqueMenu menu(CreatePopupMenu());
-  const ManageFacts facts = Facts();
-  for (std::size_t i = 0; i < kManageActions; ++i) {
-    const auto action = static_cast<ManageAction>(i);
-    if (!Offers(view_, action)) continue;
-    const Text words = ItemText(IDC_MANAGE_ACTION + static_cast<int>(i));
-    AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
-    if (DefaultAction(view_) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
-  }
-  const int chosen =
-      TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, Handle(), nullptr);
-  if (chosen > 0 && IsOpen()) ActSoon(static_cast<ManageAction>(chosen - 1));
-}
-
-void BManageDlg::FocusSearch() {
-  SetFocus(Item(IDC_MANAGE_SEARCH));
-  SendMessageW(Item(IDC_MANAGE_SEARCH), EM_SETSEL, 0, -1);
-}
-
-void BManageDlg::SelectAll() {
-  ListView_SetItemState(Item(IDC_MANAGE_LIST), -1, LVIS_SELECTED, LVIS_SELECTED);
-}
-
-// What is typed in the list goes on in the search.
-bool BManageDlg::TypeIntoSearch(const MSG& message) {
-  constexpr WPARAM kBackspace = 8;
-  const HWND search = Item(IDC_MANAGE_SEARCH);
-  const bool erases = message.wParam == kBackspace || message.wParam == ' ';
-  if (message.wParam < ' ' && message.wParam != kBackspace) return false;
-  if (erases && GetWindowTextLengthW(search) == 0) return false;
-  SetFocus(search);
-  SendMessageW(search, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(search)), -1);
-  SendMessageW(search, WM_CHAR, message.wParam, message.lParam);
-  return true;
-}
-
-// The keys that go through a list lead from the search into it.
-bool BManageDlg::GoIntoList(const MSG& message) {
-  const WPARAM key = message.wParam;
-  if (key != VK_DOWN && key != VK_UP && key != VK_NEXT && key != VK_PRIOR) return false;
-  const HWND list = Item(IDC_MANAGE_LIST);
-  SetFocus(list);
-  if (ListView_GetNextItem(list, -1, LVNI_FOCUSED) >= 0) {
-    SendMessageW(list, message.message, key, message.lParam);
-  } else if (list_.Size() > 0) {
-    Select(0, false);
-  }
-  return true;
-}
-
-bool BManageDlg::TranslateKey(const MSG& message) {
-  if (!IsOpen() || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) return false;
-  const bool inSearch = message.hwnd == Item(IDC_MANAGE_SEARCH);
-  const bool inList = message.hwnd == Item(IDC_MANAGE_LIST);
-  if (message.message == WM_CHAR) return inList && TypeIntoSearch(message);
-  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4)
-    return PostMessageW(Handle(), WM_CLOSE, 0, 0);
-  if (message.message != WM_KEYDOWN) return false;
-  const bool ctrl = GetKeyState(VK_CONTROL) < 0;
-  const bool shift = GetKeyState(VK_SHIFT) < 0;
-  for (const KeyRow& row : kKeys) {
-    if (row.key != message.wParam || row.ctrl != ctrl || row.shift != shift) continue;
-    if (inSearch && !row.alsoInSearch) return false;
-    (this->*row.run)();
-    return true;
-  }
-  return inSearch && !ctrl && GoIntoList(message);
 }
 
 }  // namespace jotlets

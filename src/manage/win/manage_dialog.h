@@ -5,39 +5,28 @@
 
 #include <commctrl.h>
 
-#include <array>
 #include <optional>
 #include <vector>
 
 #include "data/options.h"
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
-#include "note/monitors.h"
+#include "manage/win/manage_owner.h"
+#include "manage/win/manage_table.h"
 #include "ui/dialog.h"
 
 namespace jotlets {
-
-/// What the manage window asks of the program.
-class ManageOwner {
- public:
-  virtual ~ManageOwner() = default;
-  /// Puts the notes of a view into the list; false when they are there already.
-  virtual bool FillManageList(ManageView view, ManageList& list) = 0;
-  virtual std::array<std::size_t, kManageViews> CountManaged() = 0;
-  /// Does something with notes, after asking the user where that is right. The window may be gone when the
-  /// call returns.
-  virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
-  virtual bool CanUndoManaged() const = 0;
-  virtual Text ManagedTime(std::int32_t utc) = 0;
-  /// The options that keep the look of the window have changed.
-  virtual void OnManageSettings() = 0;
-};
 
 class BManageDlg final : public Dialog {
  public:
   /// Place, widths, sorting and what is searched are kept in `options`.
   BManageDlg(const Resources& resources, ManageOwner& owner, NoteTexts& texts, Options& options)
-      : resources_(resources), owner_(owner), options_(options), texts_(texts), list_(texts_) {}
+      : resources_(resources),
+        owner_(owner),
+        options_(options),
+        texts_(texts),
+        list_(texts_),
+        table_(list_, owner_) {}
 
   /// Opens the window; false when it is open already, or the system could not. It takes the focus when
   /// `activate`.
@@ -65,43 +54,28 @@ class BManageDlg final : public Dialog {
   struct KeyRow;
   static const KeyRow kKeys[];
 
-  struct Selection {
-    std::vector<Text> ids;
-    Text focused;
-    int focusedPlace = -1;
-    bool all = false;
-    bool inherited = true;  // when all of it has gone, by what took its place
-  };
-
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> AnswerNotify(NMHDR& header);
-  void OnDisplayInfo(NMLVDISPINFOW& info);
   void OnContextMenu(POINT at);
   void OnWindowTimer(UINT_PTR timer);
   void OnWindowEnd();
 
-  void AddColumns();
   void AddViews();
   void RestorePlace();
   void StoreSettings();
   void Layout();
-  void FitLastColumn();
 
   void Show(ManageView view);
   void StepView(int step);
   void Refresh();
   void Search();
   void SortBy(ManageColumn column);
-  void ShowSorting();
   void ReadTexts();
   template <typename Change>
   void ChangeList(Change change);
-  void ShowRows(const Selection& selection);
-  Selection Selected() const;
-  void Restore(const Selection& selection);
-  void Select(int place, bool focus);
+  void ShowRows(const ManageTable::Selection& selection);
 
   ManageFacts Facts() const;
   void UpdateState();
@@ -109,13 +83,11 @@ class BManageDlg final : public Dialog {
   void ActSoon(ManageAction action);
   void Act(ManageAction action);
   void ActByDefault();
-  Text CellText(const ManageRow& row, ManageColumn column) const;
   bool TypeIntoSearch(const MSG& message);
-  bool GoIntoList(const MSG& message);
 
   void FocusSearch();
   void Reload();
-  void SelectAll();
+  void SelectAll() { table_.SelectAll(); }
   void Delete() { ActSoon(ManageAction::kDelete); }
   void Undo() { ActSoon(ManageAction::kUndo); }
   void NextView() { StepView(1); }
@@ -126,9 +98,8 @@ class BManageDlg final : public Dialog {
   Options& options_;
   ManageTexts texts_;
   ManageList list_;
+  ManageTable table_;
   ManageView view_ = ManageView::kDesktop;
-  std::array<Text, 3> typeNames_;
-  bool changing_ = false;  // the selection is being put back, which is no change of it
   bool refreshComes_ = false;
 };
 

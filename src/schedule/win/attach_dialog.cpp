@@ -53,7 +53,7 @@ void BAttachDlg::List() {
 }
 
 // The fields take the window's own texts, which the user then turns into patterns.
-void BAttachDlg::TakeSelected() {
+void BAttachDlg::ReadSelected() {
   const LRESULT at = SendMessageW(Item(IDC_ATTACH_LIST), LB_GETCURSEL, 0, 0);
   if (at < 0 || static_cast<std::size_t>(at) >= listed_.size()) return;
   const ForeignWindow& window = listed_[static_cast<std::size_t>(at)];
@@ -83,9 +83,9 @@ void BAttachDlg::Preview() {
 bool BAttachDlg::OnCommand(UINT control, UINT notification) {
   switch (control) {
     case IDC_ATTACH_LIST:
-      if (notification == LBN_SELCHANGE) TakeSelected();
+      if (notification == LBN_SELCHANGE) ReadSelected();
       if (notification != LBN_DBLCLK) return true;
-      TakeSelected();
+      ReadSelected();
       Take();
       End(IDOK);
       return true;

@@ -32,7 +32,7 @@ class BAttachDlg final : public Dialog {
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
   void List();
-  void TakeSelected();
+  void ReadSelected();
   void Preview();
   void Take();
 

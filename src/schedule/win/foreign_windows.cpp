@@ -23,7 +23,7 @@ bool IsCloaked(HWND window) {
 
 template <typename Read>
 Text ReadText(HWND window, Read read) {
-  Text text(kMostWindowText + 1, u'\0');
+  Text text(kMaxWindowText + 1, u'\0');
   const int length = read(window, WideBuffer(text), static_cast<int>(text.size()));
   text.resize(static_cast<std::size_t>(length > 0 ? length : 0));
   return text;

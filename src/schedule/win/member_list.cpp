@@ -11,7 +11,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::int32_t kThumbWidth = 3;
-constexpr std::int32_t kLeastThumb = 12;
+constexpr std::int32_t kMinThumb = 12;
 // What shows on light paper, and on dark.
 struct Inks {
   Colour ink;
@@ -96,7 +96,7 @@ void MemberListInlay::DrawThumb(HDC dc) const {
   const ScrollState scroll{list_.scroll, list_.area.Height(), list_.Height()};
   if (scroll.range <= scroll.page) return;
   const Rect track{list_.area.right - kThumbWidth, list_.area.top, list_.area.right, list_.area.bottom};
-  Fill(dc, ScrollThumb(track, kLeastThumb, scroll), kFrame);
+  Fill(dc, ScrollThumb(track, kMinThumb, scroll), kFrame);
 }
 
 }  // namespace jotlets

@@ -1,6 +1,7 @@
 #include "skin/win/clipboard.h"
 
 #include <cstring>
+#include <span>
 #include <vector>
 
 #include "skin/picture_file.h"
@@ -11,6 +12,11 @@ namespace {
 // Another program may be looking at it just now.
 constexpr int kTries = 10;
 constexpr DWORD kPauseMilliseconds = 10;
+
+struct ClipboardItem {
+  UINT format;
+  std::string bytes;
+};
 
 class OpenedClipboard {
  public:
@@ -59,8 +65,6 @@ std::string WithNul(TextView text) {
   return {reinterpret_cast<const char*>(Text(text).c_str()), (text.size() + 1) * sizeof(char16_t)};
 }
 
-}  // namespace
-
 bool PutOnClipboard(HWND owner, std::span<const ClipboardItem> items) {
   const OpenedClipboard opened(owner);
   if (!opened || !EmptyClipboard()) return false;
@@ -68,6 +72,8 @@ bool PutOnClipboard(HWND owner, std::span<const ClipboardItem> items) {
   for (const ClipboardItem& item : items) all = Put(item) && all;
   return all;
 }
+
+}  // namespace
 
 bool PutTextOnClipboard(HWND owner, TextView plain, const std::string& rtf) {
   std::vector<ClipboardItem> items;

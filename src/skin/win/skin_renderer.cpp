@@ -13,20 +13,20 @@ constexpr std::int32_t kGrowth = 64;  // windows are sized a pixel at a time, th
 constexpr std::int32_t kPointsPerInch = 72;
 constexpr std::int32_t kPixelsPerInch = 96;  // a skin's pixels and points keep their proportion
 constexpr std::int32_t kDefaultPoint = 8;
-constexpr std::size_t kMostFonts = 64;
+constexpr std::size_t kMaxFonts = 64;
 
 // Values of `setcase`.
 enum CaseOfText : std::int32_t { kUpper = 1, kLower = 2, kTitle = 3 };
 
 Text InCase(const Text& words, std::int32_t setCase) {
-  const DWORD how = setCase == kUpper   ? LCMAP_UPPERCASE
-                    : setCase == kLower ? LCMAP_LOWERCASE
-                    : setCase == kTitle ? LCMAP_TITLECASE
-                                        : 0u;
-  if (how == 0 || words.empty()) return words;
+  const DWORD mapping = setCase == kUpper   ? LCMAP_UPPERCASE
+                        : setCase == kLower ? LCMAP_LOWERCASE
+                        : setCase == kTitle ? LCMAP_TITLECASE
+                                            : 0u;
+  if (mapping == 0 || words.empty()) return words;
   const int count = static_cast<int>(words.size());
   const auto map = [&](wchar_t* to, int room) {
-    return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, how | LCMAP_LINGUISTIC_CASING, Wide(words), count, to,
+    return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, mapping | LCMAP_LINGUISTIC_CASING, Wide(words), count, to,
                          room, nullptr, nullptr, 0);
   };
   Text changed(static_cast<std::size_t>(std::max(map(nullptr, 0), 0)), u'\0');
@@ -106,7 +106,7 @@ HFONT SkinRenderer::FontOf(const SkinElement& element) {
   const TextFormat& format = element.format;
   const std::int32_t point = element.point > 0 ? element.point : kDefaultPoint;
   // Skins that are tried out one after another leave fonts behind.
-  if (fonts_.size() > kMostFonts) fonts_.clear();
+  if (fonts_.size() > kMaxFonts) fonts_.clear();
   UniqueFont& font = fonts_[{element.font, point, format.bold, format.italic, format.underline, format.noAa}];
   if (!font) {
     LOGFONTW logical{};

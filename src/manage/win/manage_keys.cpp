@@ -1,0 +1,82 @@
+// The keys and the menu of the manage window.
+#include "base/win/wide.h"
+#include "manage/win/manage_dialog.h"
+#include "res/resource.h"
+
+namespace jotlets {
+
+struct BManageDlg::KeyRow {
+  WORD key;
+  bool ctrl;
+  bool shift;
+  bool alsoInSearch;  // else the search field has a use of its own for it
+  void (BManageDlg::*run)();
+};
+
+const BManageDlg::KeyRow BManageDlg::kKeys[] = {
+    {'F', true, false, true, &BManageDlg::FocusSearch},
+    {VK_F3, false, false, true, &BManageDlg::FocusSearch},
+    {VK_F5, false, false, true, &BManageDlg::Reload},
+    {'A', true, false, false, &BManageDlg::SelectAll},
+    {VK_DELETE, false, false, false, &BManageDlg::Delete},
+    {'Z', true, false, false, &BManageDlg::Undo},
+    {VK_TAB, true, false, true, &BManageDlg::NextView},
+    {VK_TAB, true, true, true, &BManageDlg::PreviousView},
+    {VK_NEXT, true, false, true, &BManageDlg::NextView},
+    {VK_PRIOR, true, false, true, &BManageDlg::PreviousView},
+};
+
+void BManageDlg::FocusSearch() {
+  SetFocus(Item(IDC_MANAGE_SEARCH));
+  SendMessageW(Item(IDC_MANAGE_SEARCH), EM_SETSEL, 0, -1);
+}
+
+// What is typed in the list goes on in the search.
+bool BManageDlg::TypeIntoSearch(const MSG& message) {
+  constexpr WPARAM kBackspace = 8;
+  const HWND search = Item(IDC_MANAGE_SEARCH);
+  const bool erases = message.wParam == kBackspace || message.wParam == ' ';
+  if (message.wParam < ' ' && message.wParam != kBackspace) return false;
+  if (erases && GetWindowTextLengthW(search) == 0) return false;
+  SetFocus(search);
+  SendMessageW(search, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(search)), -1);
+  SendMessageW(search, WM_CHAR, message.wParam, message.lParam);
+  return true;
+}
+
+bool BManageDlg::TranslateKey(const MSG& message) {
+  if (!IsOpen() || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) return false;
+  const bool inSearch = message.hwnd == Item(IDC_MANAGE_SEARCH);
+  const bool inList = message.hwnd == Item(IDC_MANAGE_LIST);
+  if (message.message == WM_CHAR) return inList && TypeIntoSearch(message);
+  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4)
+    return PostMessageW(Handle(), WM_CLOSE, 0, 0);
+  if (message.message != WM_KEYDOWN) return false;
+  const bool ctrl = GetKeyState(VK_CONTROL) < 0;
+  const bool shift = GetKeyState(VK_SHIFT) < 0;
+  for (const KeyRow& row : kKeys) {
+    if (row.key != message.wParam || row.ctrl != ctrl || row.shift != shift) continue;
+    if (inSearch && !row.alsoInSearch) return false;
+    (this->*row.run)();
+    return true;
+  }
+  return inSearch && !ctrl && table_.Enter(message);
+}
+
+void BManageDlg::OnContextMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) at = table_.PlaceForMenu();  // by the keyboard
+  const UniqueMenu menu(CreatePopupMenu());
+  const ManageFacts facts = Facts();
+  for (std::size_t i = 0; i < kManageActions; ++i) {
+    const auto action = static_cast<ManageAction>(i);
+    if (!Offers(view_, action)) continue;
+    const Text words = ItemText(IDC_MANAGE_ACTION + static_cast<int>(i));
+    AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
+    if (DefaultAction(view_) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
+  }
+  const int chosen =
+      TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, Handle(), nullptr);
+  if (chosen > 0 && IsOpen()) ActSoon(static_cast<ManageAction>(chosen - 1));
+}
+
+}  // namespace jotlets

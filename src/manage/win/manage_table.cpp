@@ -1,0 +1,162 @@
+#include "manage/win/manage_table.h"
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "res/resource.h"
+
+namespace jotlets {
+namespace {
+
+constexpr int kLastColumnWidth = 120;  // pixels at 96 dots per inch
+
+}  // namespace
+
+void ManageTable::SetUp(HWND control, const Resources& resources, std::span<const std::int32_t> widths) {
+  control_ = control;
+  for (std::size_t i = 0; i < typeNames_.size(); ++i)
+    typeNames_[i] = resources.String(IDS_MANAGE_TYPE + static_cast<UINT>(i));
+  ListView_SetExtendedListViewStyle(control_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  AddColumns(resources, widths);
+}
+
+int ManageTable::Dpi() const { return static_cast<int>(GetDpiForWindow(control_)); }
+
+void ManageTable::AddColumns(const Resources& resources, std::span<const std::int32_t> widths) {
+  for (std::size_t i = 0; i < kManageColumns; ++i) {
+    Text title = resources.String(IDS_MANAGE_COLUMN + static_cast<UINT>(i));
+    const bool kept = i < widths.size();
+    const int width = kept ? std::clamp(widths[i], 20, 4000) : kLastColumnWidth;
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = WideBuffer(title);
+    column.cx = MulDiv(width, Dpi(), 96);
+    ListView_InsertColumn(control_, static_cast<int>(i), &column);
+  }
+}
+
+void ManageTable::StoreWidths(std::span<std::int32_t> widths) const {
+  for (std::size_t i = 0; i < widths.size(); ++i)
+    widths[i] = MulDiv(ListView_GetColumnWidth(control_, static_cast<int>(i)), 96, Dpi());
+}
+
+// It takes what the others leave beside the scroll bar.
+void ManageTable::FitLastColumn() {
+  constexpr int kLast = static_cast<int>(kManageColumns) - 1;
+  RECT client{};
+  GetClientRect(control_, &client);
+  int width = client.right;
+  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(control_, i);
+  const int smallest = MulDiv(kLastColumnWidth, Dpi(), 96);
+  width = std::max(width, smallest);
+  if (ListView_GetColumnWidth(control_, kLast) != width) ListView_SetColumnWidth(control_, kLast, width);
+}
+
+void ManageTable::ShowSorting(std::int32_t sorted) {
+  const HWND header = ListView_GetHeader(control_);
+  for (std::int32_t i = 0; i < static_cast<std::int32_t>(kManageColumns); ++i) {
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    Header_GetItem(header, i, &item);
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (sorted == i) item.fmt |= HDF_SORTUP;
+    if (sorted == -1 - i) item.fmt |= HDF_SORTDOWN;
+    Header_SetItem(header, i, &item);
+  }
+}
+
+ManageTable::Selection ManageTable::Selected() const {
+  Selection selection;
+  const auto at = [this](int place) -> Text {
+    const auto index = static_cast<std::size_t>(place);
+    return place >= 0 && index < list_.Size() ? list_.At(index).id : Text();
+  };
+  const std::size_t count = ListView_GetSelectedCount(control_);
+  selection.all = count > 1 && count == list_.Size();
+  selection.ids.reserve(count);
+  for (int place = -1; (place = ListView_GetNextItem(control_, place, LVNI_SELECTED)) >= 0;)
+    selection.ids.push_back(at(place));
+  selection.focusedPlace = ListView_GetNextItem(control_, -1, LVNI_FOCUSED);
+  selection.focused = at(selection.focusedPlace);
+  return selection;
+}
+
+void ManageTable::ShowRows(const Selection& selection) {
+  changing_ = true;
+  ListView_SetItemState(control_, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  ListView_SetItemCountEx(control_, static_cast<int>(list_.Size()), LVSICF_NOSCROLL);
+  Restore(selection);
+  changing_ = false;
+  FitLastColumn();
+}
+
+void ManageTable::Restore(const Selection& selection) {
+  if (list_.Size() == 0 || selection.focusedPlace < 0) return;
+  const std::vector<std::size_t> places = list_.PlacesOf(selection.ids);
+  if (selection.all && places.size() == list_.Size()) {
+    ListView_SetItemState(control_, -1, LVIS_SELECTED, LVIS_SELECTED);
+  } else {
+    for (const std::size_t place : places)
+      ListView_SetItemState(control_, static_cast<int>(place), LVIS_SELECTED, LVIS_SELECTED);
+  }
+  const std::vector<std::size_t> focused = list_.PlacesOf({selection.focused});
+  const int last = static_cast<int>(list_.Size()) - 1;
+  const int focus = focused.empty() ? std::min(selection.focusedPlace, last) : static_cast<int>(focused[0]);
+  const bool inherits = selection.inherited && places.empty() && !selection.ids.empty();
+  const UINT state = LVIS_FOCUSED | (inherits ? LVIS_SELECTED : 0U);
+  ListView_SetItemState(control_, focus, state, state);
+}
+
+void ManageTable::Select(int place, bool focus) {
+  constexpr UINT kState = LVIS_SELECTED | LVIS_FOCUSED;
+  ListView_SetItemState(control_, place, kState, kState);
+  ListView_EnsureVisible(control_, place, FALSE);
+  if (focus) SetFocus(control_);
+}
+
+void ManageTable::SelectAll() { ListView_SetItemState(control_, -1, LVIS_SELECTED, LVIS_SELECTED); }
+
+bool ManageTable::Enter(const MSG& message) {
+  const WPARAM key = message.wParam;
+  if (key != VK_DOWN && key != VK_UP && key != VK_NEXT && key != VK_PRIOR) return false;
+  SetFocus(control_);
+  if (ListView_GetNextItem(control_, -1, LVNI_FOCUSED) >= 0) {
+    SendMessageW(control_, message.message, key, message.lParam);
+  } else if (list_.Size() > 0) {
+    Select(0, false);
+  }
+  return true;
+}
+
+POINT ManageTable::PlaceForMenu() const {
+  RECT row{8, 8, 8, 8};
+  const int focused = ListView_GetNextItem(control_, -1, LVNI_FOCUSED);
+  if (focused >= 0) ListView_GetItemRect(control_, focused, &row, LVIR_LABEL);
+  POINT at{row.left + 8, row.bottom};
+  ClientToScreen(control_, &at);
+  return at;
+}
+
+void ManageTable::Answer(NMLVDISPINFOW& info) const {
+  LVITEMW& item = info.item;
+  const auto place = static_cast<std::size_t>(item.iItem);
+  if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
+  const Text text = item.iItem >= 0 && place < list_.Size()
+                        ? CellText(list_.At(place), static_cast<ManageColumn>(item.iSubItem))
+                        : Text();
+  lstrcpynW(item.pszText, Wide(text), item.cchTextMax);
+}
+
+Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {
+  const auto time = [this](std::int32_t utc) { return utc > 0 ? owner_.ManagedTime(utc) : Text(); };
+  switch (column) {
+    case ManageColumn::kTitle: return row.title;
+    case ManageColumn::kType: return typeNames_[static_cast<std::size_t>(row.type)];
+    case ManageColumn::kCreated: return time(row.created);
+    case ManageColumn::kModified: return time(row.modified);
+    case ManageColumn::kNextWake: return time(row.nextWake);
+  }
+  return {};
+}
+
+}  // namespace jotlets

@@ -1,0 +1,69 @@
+// The table of the manage window: the rows of a ManageList in a list view, with what is selected of them. It
+// knows nothing of views, buttons or commands.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "manage/manage_list.h"
+#include "manage/win/manage_owner.h"
+#include "ui/resources.h"
+
+namespace jotlets {
+
+class ManageTable {
+ public:
+  struct Selection {
+    std::vector<Text> ids;
+    Text focused;
+    int focusedPlace = -1;
+    bool all = false;
+    bool inherited = true;  // when all of it has gone, by what took its place
+  };
+
+  ManageTable(const ManageList& list, ManageOwner& owner) : list_(list), owner_(owner) {}
+
+  /// Makes the columns of an empty list view. Widths are pixels at 96 dots per inch; the last column takes
+  /// the rest.
+  void SetUp(HWND control, const Resources& resources, std::span<const std::int32_t> widths);
+  void StoreWidths(std::span<std::int32_t> widths) const;
+  /// After a change of size.
+  void FitLastColumn();
+  /// Marks the column by which the list is sorted: its number, or -1 less it when sorted backwards.
+  void ShowSorting(std::int32_t sorted);
+
+  Selection Selected() const;
+  /// Shows the rows that the list has now, and selects what was selected before.
+  void ShowRows(const Selection& selection);
+  void Select(int place, bool focus);
+  void SelectAll();
+  /// The selection is being put back, which is no change of it.
+  bool IsChanging() const { return changing_; }
+
+  /// A key that goes through a list leads into this one; false for any other key.
+  bool Enter(const MSG& message);
+  /// Where a menu opens that was asked for by the keyboard, on the screen.
+  POINT PlaceForMenu() const;
+  /// Answers what the control asks about a cell.
+  void Answer(NMLVDISPINFOW& info) const;
+
+ private:
+  int Dpi() const;
+  void AddColumns(const Resources& resources, std::span<const std::int32_t> widths);
+  void Restore(const Selection& selection);
+  Text CellText(const ManageRow& row, ManageColumn column) const;
+
+  const ManageList& list_;
+  ManageOwner& owner_;
+  HWND control_ = nullptr;
+  std::array<Text, 3> typeNames_;
+  bool changing_ = false;
+};
+
+}  // namespace jotlets
