@@ -69,9 +69,10 @@ constexpr std::array kRows = {
               [](P& p, const Value& v, Log& log) { ApplyText<&P::skinFile>(p, v, log, {}); }},
     PolicyRow{u"UseEmail", kNumber,
               [](P& p, const Value& v, Log& log) { ApplyNumber<&P::useEmail>(p, v, log, u"GPO useemail"); }},
-    PolicyRow{
-        u"SMTPServerName", kText,
-        [](P& p, const Value& v, Log& log) { ApplyText<&P::smtpServerName>(p, v, log, u"GPO smtp server:"); }},
+    PolicyRow{u"SMTPServerName", kText,
+              [](P& p, const Value& v, Log& log) {
+                ApplyText<&P::smtpServerName>(p, v, log, u"GPO smtp server:");
+              }},
 };
 
 constexpr auto kNames = [] {

@@ -8,8 +8,8 @@
 
 namespace jotlets {
 
-/// The beginning of a rich text as plain text of at most `maximum` code units, lines ended by "\r\n". Reads no
-/// further than it has to. Any bytes give some text; 8-bit characters are taken for Latin-1.
+/// The beginning of a rich text as plain text of at most `maximum` code units, lines ended by "\r\n". Reads
+/// no further than it has to. Any bytes give some text; 8-bit characters are taken for Latin-1.
 Text RtfTextStart(std::string_view rtf, std::size_t maximum);
 
 }  // namespace jotlets
