@@ -113,6 +113,7 @@ class FakeFiles final : public Files {
   std::set<Text> unchangeable;              // folded paths: every change that touches one fails
   int changesUntilFailure = -1;             // counts down to the one change that fails
   std::function<void(TextView to)> onCopy;  // what happens between a copy and the next call
+  std::function<void()> onWrite;            // what happens while a file is written
 
   void Put(TextView path, std::string bytes) { files_[Key(path)] = {Text(path), std::move(bytes)}; }
   std::string Get(TextView path) const {
@@ -148,6 +149,7 @@ class FakeFiles final : public Files {
     return a.state == FileContent::State::kRead && b.state == a.state && a.bytes == b.bytes;
   }
   FileStatus Write(TextView path, std::string_view bytes) override {
+    if (onWrite) onWrite();
     return Change(path, [&] { Put(path, std::string(bytes)); });
   }
   FileStatus Append(TextView path, std::string_view bytes) override {

@@ -17,10 +17,8 @@ std::string CMainFrame::ContentOf(const JotletData& record) const {
 
 Text CMainFrame::RichTextOf(const JotletData& record) {
   if (record.IsImage()) return {};
-  BJotlet* jotlet = FindJotlet(record.id);
-  // Of a text that is too large the editor has the beginning alone.
-  if (jotlet != nullptr && jotlet->Editor() != nullptr && !jotlet->Editor()->ShowsBeginning())
-    return jotlet->Rtf();
+  const BJotlet* jotlet = FindJotlet(record.id);
+  if (jotlet != nullptr && jotlet->Content().IsWhole()) return jotlet->Content().RichText();
   const std::string bytes = ContentOf(record);
   return bytes.starts_with("{\\rtf1") ? ansi_.Decode(bytes) : Text();
 }
@@ -99,7 +97,7 @@ std::string CMainFrame::ReadPicture(TextView path) const {
 
 bool CMainFrame::SetJotletPicture(BJotlet& jotlet, TextView path) {
   const std::string png = ReadPicture(path);
-  if (png.empty() || !jotlet.StoredRecord().IsImage()) return false;
+  if (png.empty() || !jotlet.Content().Fits(png)) return false;
   const FileStatus written = files_.Write(folder_ + ContentPath(jotlet.StoredRecord()), png);
   if (!written) {
     Log(kLogLifecycle, u"Unable to write a picture: ", written.reason);

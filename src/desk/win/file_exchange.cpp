@@ -1,6 +1,5 @@
 #include "desk/win/file_exchange.h"
 
-#include "data/rtf_bytes.h"
 #include "data/text_file.h"
 #include "desk/note_file.h"
 
@@ -27,14 +26,10 @@ Text NameOf(TextView path) {
 }  // namespace
 
 FileStatus WriteNoteCopy(Files& files, BJotlet& jotlet, TextView dataFolder, TextView path) {
-  const JotletData& record = jotlet.StoredRecord();
-  const bool plain = HasExtension(path, u".txt");
-  // Of a text that is too large the editor has the beginning alone.
-  const bool partly = jotlet.Editor() != nullptr && jotlet.Editor()->ShowsBeginning();
-  if (partly && plain) return FileStatus::Failed(u"the text is too large to be made plain text");
-  if (record.IsImage() || partly) return files.Copy(Text(dataFolder) + ContentPath(record), path);
-  if (plain) return files.Write(path, EncodeTextFile(jotlet.PlainText()));
-  return files.Write(path, RtfBytes(jotlet.Rtf()));
+  const ContentCopy copy = jotlet.Content().Copy(HasExtension(path, u".txt"));
+  if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
+  if (copy.bytes) return files.Write(path, *copy.bytes);
+  return files.Copy(Text(dataFolder) + ContentPath(jotlet.StoredRecord()), path);
 }
 
 std::optional<NewJotlet> NoteFromFile(const Files& files, const CodePage& ansi, TextView path, Text& reason) {

@@ -3,17 +3,22 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "data/loading.h"
-#include "data/rtf_bytes.h"
 #include "note/placement.h"
+#include "note/win/picture_content.h"
+#include "note/win/text_content.h"
 
 namespace jotlets {
 namespace {
 
-// How far into the text the first line that can serve as a title is looked for.
-constexpr std::int32_t kTitleSearch = 256;
+std::unique_ptr<ShownContent> MakeContent(const JotletData& record, ContentWatcher& watcher) {
+  if (record.IsImage()) return std::make_unique<PictureContent>();
+  return std::make_unique<TextContent>(watcher);
+}
 
 }  // namespace
+
+BJotlet::BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record)
+    : owner_(owner), shared_(std::move(record)), record_(*shared_), content_(MakeContent(record_, *this)) {}
 
 bool BJotlet::CreateWindowFor() {
   skin_ = owner_.SkinOf(record_.skin);
@@ -23,7 +28,7 @@ bool BJotlet::CreateWindowFor() {
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
   if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
-  if (!record_.IsImage()) edit_.Create(Handle(), {}, EditLook(), *this);
+  content_->CreateIn(Handle(), ContentLook());
   place_ = NotePlace(bounds, Dpi());
   ApplySkin();
   return true;
@@ -53,23 +58,9 @@ Size BJotlet::SmallestSize() const {
 }
 
 TextView BJotlet::LoadContent(std::string_view bytes) {
-  TextView fault;
-  if (record_.IsImage()) {
-    const auto picture = DecodePng(bytes);
-    if (!picture || !picture_.Load(*picture)) fault = u"no readable picture";
-  } else {
-    if (!bytes.empty() && !bytes.starts_with("{\\rtf")) {
-      edit_.SetPlainText(FromUtf8(bytes));
-      fault = u"no rich text";
-    } else if (bytes.size() > BEdit::kLargestRtf) {
-      edit_.LoadBeginning(bytes, owner_.BeginningNotice());
-      fault = u"too large, only its beginning is shown";
-    } else if (!edit_.SetRtf(bytes)) {
-      fault = u"not read whole";
-    }
-    if (!fault.empty()) KeepOldContent();
-    if (record_.scroll != Point{}) edit_.SetScrollPosition(record_.scroll);
-  }
+  const TextView fault = content_->Load(bytes);
+  if (!fault.empty()) KeepOldContent();
+  if (record_.scroll != Point{}) content_->SetScrollPosition(record_.scroll);
   TitleChanged();
   return fault;
 }
@@ -87,7 +78,7 @@ void BJotlet::Hide() {
 
 JotletData& BJotlet::Record() {
   SyncPlace();
-  if (Handle() != nullptr && !record_.IsImage()) record_.scroll = edit_.ScrollPosition();
+  if (Handle() != nullptr) record_.scroll = content_->ScrollPosition().value_or(record_.scroll);
   return record_;
 }
 
@@ -119,55 +110,17 @@ bool BJotlet::Rescue(const Rect& screen) {
 }
 
 FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment& now) {
-  if (!contentChanged_ || record_.IsImage() || Handle() == nullptr || edit_.ShowsBeginning()) return {};
-  const Text path = Text(dataFolder) + ContentPath(record_);
-  if (keepOldContent_ && files.Exists(path)) {
-    const FileStatus kept = files.Copy(path, DatedName(files, path, kDamagedMark, now.local));
-    if (!kept) return kept;
-  }
-  keepOldContent_ = false;
-  // Taken back first: typing that arrives while the file is written must count as a change again.
-  contentChanged_ = false;
-  const FileStatus written = files.Write(path, edit_.Rtf());
-  if (written) {
-    record_.modified = RecordTime(now.utc);
-  } else {
-    contentChanged_ = true;
-  }
-  return written;
+  if (Handle() == nullptr) return {};
+  const ContentSaved saved =
+      SaveContentFile(*content_, keepOldContent_, files, Text(dataFolder) + ContentPath(record_), now.local);
+  if (saved.written) record_.modified = RecordTime(now.utc);
+  return saved.status;
 }
-
-Text BJotlet::PlainText() const { return record_.IsImage() ? Text() : edit_.PlainText(); }
-
-Text BJotlet::Rtf() const { return record_.IsImage() ? Text() : FromAscii(edit_.Rtf()); }
 
 void BJotlet::SetTitle(TextView title) {
   record_.title = title;
   TitleChanged();
   owner_.OnJotletChanged();
-}
-
-bool BJotlet::SetPlainText(TextView text) {
-  if (record_.IsImage()) return false;
-  edit_.SetPlainText(text);
-  ContentChanged();
-  return true;
-}
-
-bool BJotlet::SetRtf(TextView rtf) {
-  if (record_.IsImage()) return false;
-  edit_.SetRtf(RtfBytes(rtf));
-  ContentChanged();
-  return true;
-}
-
-void BJotlet::PasteAtEnd(bool formatted) {
-  if (record_.IsImage()) return;
-  const CHARRANGE selected = edit_.Selection();
-  const LONG end = edit_.Length();
-  edit_.Select({end, end});
-  PasteClipboard(formatted);
-  edit_.Select(selected);
 }
 
 void BJotlet::MoveTo(Point position) {
@@ -195,7 +148,12 @@ void BJotlet::BringForward() {
 
 void BJotlet::TakeFocus() {
   SetForegroundWindow(Handle());
-  SetFocus(record_.IsImage() ? Handle() : edit_.Handle());
+  SetFocus(FocusWindow());
+}
+
+HWND BJotlet::FocusWindow() const {
+  const HWND window = content_->ContentWindow();
+  return window == nullptr ? Handle() : window;
 }
 
 LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -205,11 +163,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETCURSOR:
       if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != Handle()) break;
       return OnSetCursor();
-    case WM_NOTIFY: {
-      const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-      if (header.hwndFrom != nullptr && header.hwndFrom == edit_.Handle()) edit_.OnNotify(header);
-      return 0;
-    }
+    case WM_NOTIFY: content_->OnNotify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_PARENTNOTIFY:
       // A click into the editor.
@@ -222,11 +176,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_RBUTTONUP: owner_.OnJotletAction(*this, kActionOpenJotletContext); return 0;
-    case WM_CONTEXTMENU: {
-      const bool ofText = edit_.Handle() != nullptr && reinterpret_cast<HWND>(wParam) == edit_.Handle();
-      owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
-      return 0;
-    }
+    case WM_CONTEXTMENU: OnMenuAsked(reinterpret_cast<HWND>(wParam)); return 0;
     case WM_WINDOWPOSCHANGED: {
       // The default turns it into WM_SIZE.
       const LRESULT result = Default(message, wParam, lParam);
@@ -247,9 +197,17 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return Default(message, wParam, lParam);
 }
 
+void BJotlet::OnMenuAsked(HWND window) {
+  const bool ofText = window != nullptr && window == content_->ContentWindow();
+  owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
+}
+
 LRESULT BJotlet::OnControl(UINT control, UINT notification) {
   if (control != BEdit::kControlId) return 0;
-  if (notification == EN_CHANGE) ContentChanged();
+  if (notification == EN_CHANGE) {
+    content_->SetUnsavedChanges(true);
+    OnContentChanged();
+  }
   if (notification == EN_SETFOCUS) OnFocus(true);
   if (notification == EN_KILLFOCUS) OnFocus(false);
   return 0;
@@ -264,8 +222,8 @@ void BJotlet::Place(const Rect& bounds) {
 
 void BJotlet::OnFocus(bool gained) {
   // The editor tells of its own focus; the frame only passes the focus on to it.
-  if (gained && edit_.Handle() != nullptr && !view_.rolled && GetFocus() == Handle()) {
-    SetFocus(edit_.Handle());
+  if (gained && content_->ContentWindow() != nullptr && !view_.rolled && GetFocus() == Handle()) {
+    SetFocus(content_->ContentWindow());
     return;
   }
   if (hasFocus_ == gained) return;
@@ -293,16 +251,14 @@ Size BJotlet::ClientSize() const {
   return {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
 }
 
-void BJotlet::ContentChanged() {
-  contentChanged_ = true;
+void BJotlet::OnContentChanged() {
   if (record_.title.empty()) TitleChanged();
   owner_.OnJotletChanged();
 }
 
 // The window text follows the title, for other programs and for accessibility.
 void BJotlet::TitleChanged() {
-  const bool fromText = record_.title.empty() && edit_.Handle() != nullptr;
-  Text title = ShownTitle(record_.title, fromText ? edit_.TextBetween({0, kTitleSearch}) : Text());
+  Text title = ShownTitle(record_.title, record_.title.empty() ? content_->TitleWords() : Text());
   if (title == shownTitle_) return;
   shownTitle_ = std::move(title);
   SetWindowTextW(Handle(), Wide(shownTitle_));

@@ -1,4 +1,4 @@
-// A note on the desktop: a borderless window drawn by its skin, holding its record and its editor or picture.
+// A note on the desktop: a borderless window drawn by its skin, holding its record and its content.
 #pragma once
 
 #include <string_view>
@@ -15,22 +15,21 @@
 #include "note/win/edit.h"
 #include "note/win/jotlet_owner.h"
 #include "note/win/note_shadow.h"
+#include "note/win/shown_content.h"
 #include "note/win/title_tooltip.h"
 #include "schedule/alarm.h"
 #include "skin/skin_layout.h"
-#include "skin/win/picture_bitmap.h"
 #include "ui/window.h"
 
 namespace jotlets {
 
 inline constexpr wchar_t kJotletClass[] = L"BraskJotletNote";
 
-class BJotlet final : public Window, private EditWatcher {
+class BJotlet final : public Window, private ContentWatcher {
  public:
   /// `record` has a place and a size, and is shared with whoever keeps the lists: not changed elsewhere while
   /// the note is open. `owner` outlives the note.
-  BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record)
-      : owner_(owner), shared_(std::move(record)), record_(*shared_) {}
+  BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record);
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
@@ -40,9 +39,10 @@ class BJotlet final : public Window, private EditWatcher {
     Destroy();
   }
 
-  /// Loads the content from its bytes: a rich text, or a PNG for a picture note. A rich-text file that holds
-  /// something else is shown as the plain text that it is. What of it could not be shown as it is, empty for
-  /// nothing.
+  /// What the note holds. A change of it is a change of the note.
+  NoteContent& Content() { return *content_; }
+  const NoteContent& Content() const { return *content_; }
+  /// Loads the content from the bytes of its file. What of it could not be shown as it is, empty for nothing.
   TextView LoadContent(std::string_view bytes);
   /// The content file is there but was not read whole: it is kept under another name before it is replaced.
   void KeepOldContent() { keepOldContent_ = true; }
@@ -55,17 +55,21 @@ class BJotlet final : public Window, private EditWatcher {
   /// The record as it was last brought up to date.
   const JotletData& StoredRecord() const { return record_; }
 
-  bool HasUnsavedContent() const { return contentChanged_; }
+  bool HasUnsavedContent() const { return content_->HasUnsavedChanges(); }
   /// Writes the content file when the content has changed since; after a failure it still counts as changed.
   FileStatus SaveContent(Files& files, TextView dataFolder, const Moment& now);
 
   /// Its editor; nullptr for a picture.
-  BEdit* Editor() { return edit_.Handle() == nullptr ? nullptr : &edit_; }
-  const BEdit* Editor() const { return edit_.Handle() == nullptr ? nullptr : &edit_; }
+  BEdit* Editor() { return content_->Editor(); }
+  const BEdit* Editor() const { return content_->Editor(); }
+  /// Puts all of the content on the clipboard, a text also with its formatting if `formatted`.
+  void CopyContent(HWND owner, bool formatted, const ContentFile& file) const {
+    content_->PutOnClipboard(owner, formatted, file);
+  }
   /// Its title, or, when it has none, the beginning of its text.
   const Text& TitleShown() const { return shownTitle_; }
-  Text PlainText() const;
-  Text Rtf() const;
+  Text PlainText() const { return content_->PlainText(); }
+  Text Rtf() const { return content_->RichText(); }
   void SetTitle(TextView title);
   void SetColour(Colour colour);
   /// Shows the note in the skin of a name, empty for the default one.
@@ -118,8 +122,8 @@ class BJotlet final : public Window, private EditWatcher {
   /// click in client pixels. False for a code that is no command of a note. The note may be gone when the
   /// call returns.
   bool DoAction(ActionCode action, Point at);
-  bool SetPlainText(TextView text);
-  bool SetRtf(TextView rtf);
+  bool SetPlainText(TextView text) { return content_->SetPlainText(text); }
+  bool SetRtf(TextView rtf) { return content_->SetRichText(rtf); }
   void MoveTo(Point position);
   /// Makes the note as wide as its longest line wants, at most half the screen.
   void FitWidth();
@@ -138,10 +142,7 @@ class BJotlet final : public Window, private EditWatcher {
   void SetAttachment(const Attachment& attachment);
   /// Takes a size, but never below the smallest of the skin.
   void SetSizeSafe(Size size);
-  /// Puts the clipboard in the place of the selection, or at the end of the text, where the selection stays
-  /// as it is. A picture or a locked note takes nothing.
-  void PasteClipboard(bool formatted = true) { formatted ? edit_.Paste() : edit_.PastePlain(); }
-  void PasteAtEnd(bool formatted);
+  void PasteClipboard(bool formatted = true) { content_->Paste(formatted); }
   void BringForward();
   void TakeFocus();
 
@@ -156,6 +157,7 @@ class BJotlet final : public Window, private EditWatcher {
   LRESULT OnPaint();
   LRESULT OnSetCursor();
   LRESULT OnControl(UINT control, UINT notification);
+  void OnMenuAsked(HWND window);
   void OnButtonDown(Point at);
   void OnDoubleClick(Point at);
   void DragTo(Point offset);
@@ -182,10 +184,13 @@ class BJotlet final : public Window, private EditWatcher {
   void OnEditScrolled() override;
   void OnEditMouse() override;
   void OnEditLink(const Text& target) override { owner_.OnJotletLink(target); }
+  void OnContentChanged() override;
+  Text BeginningNotice() override { return owner_.BeginningNotice(); }
 
   Size ClientSize() const;
   Size SmallestSize() const;
-  BEdit::Look EditLook() const;
+  ShownContent::Look ContentLook() const;
+  HWND FocusWindow() const;
   FramePart PartAt(Point at) const;
   bool BeginScrolling(Point at);
   ScrollState Scrolled() const;
@@ -195,7 +200,6 @@ class BJotlet final : public Window, private EditWatcher {
   void ApplySkin();
   void ApplyRegion();
   void Mark(bool JotletData::*flag, bool on);
-  void ContentChanged();
   void TitleChanged();
   void ApplyOpacity();
   void ApplyGhost();
@@ -212,8 +216,7 @@ class BJotlet final : public Window, private EditWatcher {
   JotletData& record_;
   std::shared_ptr<const LoadedSkin> skin_;
   SkinView view_;
-  BEdit edit_;
-  PictureBitmap picture_;
+  std::unique_ptr<ShownContent> content_;
   TitleTooltip tooltip_;
   NoteShadow shadow_;
   NotePlace place_{Rect{}};
@@ -224,7 +227,6 @@ class BJotlet final : public Window, private EditWatcher {
   Point alarmOrigin_;  // while it sounds
   bool alarmPending_ = false;
   bool waitsForWindow_ = false;
-  bool contentChanged_ = false;
   bool keepOldContent_ = false;
   bool hasFocus_ = false;
   bool hasRegion_ = false;

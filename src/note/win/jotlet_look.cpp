@@ -2,13 +2,12 @@
 #include <algorithm>
 
 #include "note/opacity.h"
-#include "note/win/edit_text.h"
 #include "note/win/jotlet.h"
 #include "note/win/note_words.h"
 
 namespace jotlets {
 
-BEdit::Look BJotlet::EditLook() const {
+ShownContent::Look BJotlet::ContentLook() const {
   return {PaperColour(skin_->data, ShownColour()), record_.readOnly, !skin_->data.useScrollbar,
           skin_->data.drawOnRtfBg};
 }
@@ -21,12 +20,7 @@ void BJotlet::ApplySkin() {
                     skin_->data.drawOnRtfBg ? style & ~WS_CLIPCHILDREN : style | WS_CLIPCHILDREN);
   tooltip_.Forget();
   ApplyOpacity();
-  if (edit_.Handle() != nullptr) {
-    const BEdit::Look look = EditLook();
-    const BEdit::Look& made = edit_.MadeWith();
-    if (made.scrollbar != look.scrollbar || made.seeThrough != look.seeThrough) edit_.Recreate(look);
-    edit_.SetBackground(look.background);
-  }
+  content_->SetLook(ContentLook());
   OnSize();
 }
 
@@ -45,7 +39,7 @@ void BJotlet::RefreshSkin() {
 
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
-  if (edit_.Handle() != nullptr) edit_.SetBackground(PaperColour(skin_->data, colour));
+  content_->SetBackground(PaperColour(skin_->data, colour));
   UpdateView();
   owner_.OnJotletChanged();
 }
@@ -54,30 +48,29 @@ LRESULT BJotlet::OnPaint() {
   PAINTSTRUCT paint{};
   const HDC dc = BeginPaint(Handle(), &paint);
   const NoteWords words(owner_, record_, shownTitle_, view_.window);
-  const PictureInlay inlay(picture_, TextArea(skin_->data, view_));
-  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words,
-                          picture_.IsLoaded() ? &inlay : nullptr);
+  const auto inlay = content_->Inlay(TextArea(skin_->data, view_));
+  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, inlay.get());
   EndPaint(Handle(), &paint);
   return 0;
 }
 
 void BJotlet::OnSize() {
   UpdateView();
-  if (edit_.Handle() != nullptr) {
-    edit_.Show(!view_.rolled);
-    if (!view_.rolled) edit_.SetBounds(TextArea(skin_->data, view_));
-  }
+  content_->Show(!view_.rolled);
+  if (!view_.rolled) content_->SetBounds(TextArea(skin_->data, view_));
   UpdateView();
   ApplyRegion();
   InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void BJotlet::FitWidth() {
-  if (edit_.Handle() == nullptr || view_.rolled || IsFrozen()) return;
+  if (view_.rolled || IsFrozen()) return;
+  const std::optional<std::int32_t> natural = content_->NaturalWidth();
+  if (!natural) return;
   constexpr std::int32_t kCaretRoom = 8;
   const Rect bounds = Bounds();
   const std::int32_t frame = bounds.Width() - TextArea(skin_->data, view_).Width();
-  const std::int32_t wanted = NaturalWidth(edit_) + frame + kCaretRoom;
+  const std::int32_t wanted = *natural + frame + kCaretRoom;
   SetSizeSafe({std::min(wanted, owner_.Screens().virtualScreen.Width() / 2), bounds.Height()});
   if (Bounds() != bounds) owner_.OnJotletSized(*this);
 }
@@ -128,10 +121,7 @@ void BJotlet::FadeStep() {
   }
 }
 
-ScrollState BJotlet::Scrolled() const {
-  if (edit_.Handle() == nullptr) return {};
-  return {edit_.ScrollPosition().y, TextArea(skin_->data, view_).Height(), edit_.TextHeight()};
-}
+ScrollState BJotlet::Scrolled() const { return content_->Scrolled(TextArea(skin_->data, view_).Height()); }
 
 void BJotlet::OnEditScrolled() {
   // Without a scroll bar of the skin's own, nothing that it shows follows the text.

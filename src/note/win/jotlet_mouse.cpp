@@ -28,7 +28,7 @@ LRESULT BJotlet::OnSetCursor() {
 void BJotlet::OnButtonDown(Point at) {
   StopAlarm();
   const bool ctrl = IsHeld(VK_CONTROL);
-  SetFocus(edit_.Handle() == nullptr || view_.rolled ? Handle() : edit_.Handle());
+  SetFocus(view_.rolled ? Handle() : FocusWindow());
   pressedButton_ = ButtonAt(skin_->data, view_, at);
   dragPart_ = PartAt(at);
   dragStart_ = MousePosition();
@@ -37,7 +37,7 @@ void BJotlet::OnButtonDown(Point at) {
     drag_ = Drag::kButton;
   } else if (BeginScrolling(at)) {
     drag_ = Drag::kThumb;
-  } else if (dragPart_ == FramePart::kContent && !record_.IsImage()) {
+  } else if (dragPart_ == FramePart::kContent && content_->TakesPresses()) {
     return;
   } else {
     owner_.OnJotletPressed(*this, ctrl);
@@ -60,8 +60,8 @@ void BJotlet::OnDoubleClick(Point at) {
 bool BJotlet::BeginScrolling(Point at) {
   if (!view_.states.Has(SkinState::kScrollbarRequired)) return false;
   if (!ScrollTrack(skin_->data, view_.window).Contains(at)) return false;
-  if (at.y < view_.thumb.top) edit_.ScrollBy(-edit_.PageHeight());
-  if (at.y >= view_.thumb.bottom) edit_.ScrollBy(edit_.PageHeight());
+  if (at.y < view_.thumb.top) content_->ScrollPages(-1);
+  if (at.y >= view_.thumb.bottom) content_->ScrollPages(1);
   UpdateView();
   dragBounds_ = view_.thumb;
   return true;
@@ -82,10 +82,9 @@ void BJotlet::OnMouseMove(Point at) {
     case Drag::kIdle:
     case Drag::kButton: break;
     case Drag::kThumb:
-      edit_.SetScrollPosition(
-          {edit_.ScrollPosition().x,
-           ScrollPositionAt(dragBounds_.top + offset.y, ScrollTrack(skin_->data, view_.window),
-                            skin_->data.minimumThumbTrackHeight, Scrolled())});
+      content_->ScrollDownTo(ScrollPositionAt(dragBounds_.top + offset.y,
+                                              ScrollTrack(skin_->data, view_.window),
+                                              skin_->data.minimumThumbTrackHeight, Scrolled()));
       break;
     case Drag::kMoving:
     case Drag::kSizing: DragTo(offset); break;
@@ -157,7 +156,7 @@ void BJotlet::OnMouseLeave() {
 void BJotlet::OnEditMouse() {
   const Point mouse = MousePosition();
   const HWND under = WindowFromPoint({mouse.x, mouse.y});
-  mouseOver_ = under != nullptr && (under == Handle() || under == edit_.Handle());
+  mouseOver_ = under != nullptr && (under == Handle() || under == content_->ContentWindow());
   UpdateView();
 }
 

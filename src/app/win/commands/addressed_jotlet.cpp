@@ -1,16 +1,13 @@
 #include "app/win/commands/addressed_jotlet.h"
 
 #include "app/win/main_frame.h"
-#include "data/rtf_bytes.h"
 #include "note/text_style.h"
 #include "note/win/edit_text.h"
-#include "skin/picture_file.h"
-#include "skin/win/clipboard.h"
 
 namespace jotlets {
 
 JotletData& AddressedJotlet::Record() { return jotlet_.Record(); }
-Text AddressedJotlet::PlainText() { return jotlet_.PlainText(); }
+Text AddressedJotlet::PlainText() { return jotlet_.Content().PlainText(); }
 Text AddressedJotlet::Rtf() { return frame_.RichTextOf(jotlet_.StoredRecord()); }
 std::int64_t AddressedJotlet::WindowNumber() { return reinterpret_cast<std::intptr_t>(jotlet_.Handle()); }
 
@@ -36,8 +33,8 @@ bool AddressedJotlet::SetRolled(bool rolled) {
   return jotlet_.StoredRecord().rolled == rolled;
 }
 
-bool AddressedJotlet::SetPlainText(TextView text) { return jotlet_.SetPlainText(text); }
-bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.SetRtf(rtf); }
+bool AddressedJotlet::SetPlainText(TextView text) { return jotlet_.Content().SetPlainText(text); }
+bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.Content().SetRichText(rtf); }
 
 bool AddressedJotlet::SetSkin(TextView path) { return frame_.SetJotletSkin(jotlet_, path); }
 
@@ -60,14 +57,12 @@ bool AddressedJotlet::ApplyStyle(TextView name) {
 bool AddressedJotlet::SetPicture(TextView path) { return frame_.SetJotletPicture(jotlet_, path); }
 
 void AddressedJotlet::CopyContent(bool formatted) {
-  if (jotlet_.StoredRecord().IsImage()) {
-    PutPictureOnClipboard(frame_.Handle(), frame_.ContentOf(jotlet_.StoredRecord()));
-  } else {
-    PutTextOnClipboard(frame_.Handle(), jotlet_.PlainText(), formatted ? RtfBytes(Rtf()) : std::string());
-  }
+  const JotletData& record = jotlet_.StoredRecord();
+  jotlet_.CopyContent(frame_.Handle(), formatted,
+                      {[&] { return frame_.ContentOf(record); }, [&] { return frame_.RichTextOf(record); }});
 }
 
-void AddressedJotlet::PasteAtEnd(bool formatted) { jotlet_.PasteAtEnd(formatted); }
+void AddressedJotlet::PasteAtEnd(bool formatted) { jotlet_.Content().PasteAtEnd(formatted); }
 
 bool AddressedJotlet::SaveContent() { return frame_.SaveContent(jotlet_.StoredRecord().id); }
 

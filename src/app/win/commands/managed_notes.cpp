@@ -73,7 +73,8 @@ void ManagedNotes::OnManageSettings() { frame_.SetOptionsDirty(); }
 
 Text ManagedNotes::TextOf(const ManageRow& row) {
   if (row.type != ManageRow::Type::kText) return {};
-  if (const BJotlet* jotlet = desktop_.Find(row.id)) return jotlet->PlainText().substr(0, kMostSearched);
+  if (const BJotlet* jotlet = desktop_.Find(row.id))
+    return jotlet->Content().PlainText().substr(0, kMostSearched);
   JotletData named;
   named.id = row.id;
   const Text path = frame_.DataFolder() + ContentPath(named);

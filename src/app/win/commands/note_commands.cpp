@@ -63,6 +63,21 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionManage, .command = ID_MANAGE},
 };
 
+namespace {
+
+// Those that are commands of the program, whatever the note.
+constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
+    {kActionNewJotlet, ID_NEW_JOTLET}, {kActionNewFromClipboard, ID_NEW_FROM_CLIPBOARD},
+    {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
+    {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
+    {kActionFriends, ID_FRIENDS},      {kActionManage, ID_MANAGE},
+};
+
+// The files that a content can be saved as, by the extension of its own.
+UINT FilterOf(const Text& extension) { return extension == u"png" ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT; }
+
+}  // namespace
+
 bool NoteCommands::Do(const Text& id, ActionCode action) {
   static_assert(AreHandlersBy(ActionBy::kProgram, kHandlers));
   const Handler* handler = HandlerOf(kHandlers, RowOf(action));
@@ -238,9 +253,8 @@ void NoteCommands::Save(BJotlet&) { frame_.SaveIfDirty(); }
 
 bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const bool image = jotlet.StoredRecord().IsImage();
-  const Text filter = resources_.String(image ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT);
-  const Text path = ChooseFileToSave(jotlet.Handle(), filter, image ? u"png" : u"rtf", {});
+  const Text extension(jotlet.Content().Extension());
+  const Text path = ChooseFileToSave(jotlet.Handle(), resources_.String(FilterOf(extension)), extension, {});
   BJotlet* there = frame_.FindJotlet(id);
   if (path.empty() || there == nullptr) return false;
   const FileStatus written = frame_.WriteCopy(*there, path);

@@ -1,0 +1,72 @@
+// The content of a note as its window shows it.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "note/note_content.h"
+#include "note/win/edit.h"
+#include "skin/skin_layout.h"
+#include "skin/win/skin_renderer.h"
+
+namespace jotlets {
+
+/// What the content tells its note.
+class ContentWatcher : public EditWatcher {
+ public:
+  /// It has changed and is unsaved.
+  virtual void OnContentChanged() = 0;
+  /// The line above the beginning of a text that is too large to be shown.
+  virtual Text BeginningNotice() = 0;
+};
+
+/// The content file, for what of it the window does not hold.
+struct ContentFile {
+  std::function<std::string()> bytes;
+  std::function<Text()> richText;
+};
+
+/// A content with a window of its own says what that does; one that the note paints is painted by its inlay.
+class ShownContent : public NoteContent {
+ public:
+  using Look = BEdit::Look;
+
+  /// Makes its window inside the note's, if it has one.
+  virtual void CreateIn(HWND, const Look&) {}
+  /// Its window, which takes the keyboard; nullptr for none.
+  virtual HWND ContentWindow() const { return nullptr; }
+  /// The editor, for the commands that act on one; nullptr for none.
+  virtual BEdit* Editor() { return nullptr; }
+  /// Whether presses on its area are its own affair; otherwise they take hold of the note.
+  virtual bool TakesPresses() const { return false; }
+
+  virtual void SetLook(const Look&) {}
+  virtual void SetBackground(Colour) {}
+  virtual void SetReadOnly(bool) {}
+  virtual void Show(bool) {}
+  /// `area` in client pixels of the note.
+  virtual void SetBounds(const Rect&) {}
+  /// What the note paints into the area of the content.
+  virtual std::unique_ptr<SkinInlay> Inlay(const Rect&) const { return nullptr; }
+
+  /// Nothing for a content that cannot be scrolled.
+  virtual std::optional<Point> ScrollPosition() const { return std::nullopt; }
+  virtual void SetScrollPosition(Point) {}
+  /// How far it is scrolled down in an area of this height.
+  virtual ScrollState Scrolled(std::int32_t) const { return {}; }
+  virtual void ScrollDownTo(std::int32_t) {}
+  /// Turns pages, down for positive ones.
+  virtual void ScrollPages(std::int32_t) {}
+  /// How wide its longest line is when nothing is wrapped; nothing for a content without lines.
+  virtual std::optional<std::int32_t> NaturalWidth() { return std::nullopt; }
+
+  /// Serves a WM_NOTIFY that the note was sent.
+  virtual void OnNotify(const NMHDR&) {}
+  /// Puts all of it on the clipboard, a text also with its formatting if `formatted`.
+  virtual void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const = 0;
+};
+
+}  // namespace jotlets

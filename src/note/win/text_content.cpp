@@ -1,0 +1,119 @@
+#include "note/win/text_content.h"
+
+#include "data/rtf_bytes.h"
+#include "data/text_file.h"
+#include "note/win/edit_text.h"
+#include "skin/win/clipboard.h"
+
+namespace jotlets {
+namespace {
+
+// How far into the text the first line that can serve as a title is looked for.
+constexpr std::int32_t kTitleSearch = 256;
+
+}  // namespace
+
+bool TextContent::Fits(std::string_view bytes) const { return bytes.starts_with("{\\rtf"); }
+
+TextView TextContent::Load(std::string_view bytes) {
+  if (!bytes.empty() && !Fits(bytes)) {
+    edit_.SetPlainText(FromUtf8(bytes));
+    return u"no rich text";
+  }
+  if (bytes.size() > BEdit::kLargestRtf) {
+    edit_.LoadBeginning(bytes, watcher_.BeginningNotice());
+    return u"too large, only its beginning is shown";
+  }
+  return edit_.SetRtf(bytes) ? TextView() : TextView(u"not read whole");
+}
+
+std::optional<std::string> TextContent::BytesToSave() const {
+  if (!unsaved_ || !IsWhole()) return std::nullopt;
+  return edit_.Rtf();
+}
+
+ContentCopy TextContent::Copy(bool asPlainText) const {
+  if (!IsWhole()) {
+    return {std::nullopt,
+            asPlainText ? TextView(u"the text is too large to be made plain text") : TextView()};
+  }
+  return {asPlainText ? EncodeTextFile(PlainText()) : RtfBytes(RichText()), {}};
+}
+
+Text TextContent::RichText() const { return FromAscii(edit_.Rtf()); }
+
+Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch}); }
+
+bool TextContent::SetPlainText(TextView text) {
+  edit_.SetPlainText(text);
+  Changed();
+  return true;
+}
+
+bool TextContent::SetRichText(TextView rtf) {
+  edit_.SetRtf(RtfBytes(rtf));
+  Changed();
+  return true;
+}
+
+void TextContent::Changed() {
+  unsaved_ = true;
+  watcher_.OnContentChanged();
+}
+
+void TextContent::PasteAtEnd(bool formatted) {
+  const CHARRANGE selected = edit_.Selection();
+  const LONG end = edit_.Length();
+  edit_.Select({end, end});
+  Paste(formatted);
+  edit_.Select(selected);
+}
+
+void TextContent::SetLook(const Look& look) {
+  if (edit_.Handle() == nullptr) return;
+  const Look& made = edit_.MadeWith();
+  if (made.scrollbar != look.scrollbar || made.seeThrough != look.seeThrough) edit_.Recreate(look);
+  edit_.SetBackground(look.background);
+}
+
+void TextContent::SetBackground(Colour colour) {
+  if (edit_.Handle() != nullptr) edit_.SetBackground(colour);
+}
+
+void TextContent::SetReadOnly(bool readOnly) {
+  if (edit_.Handle() != nullptr) edit_.SetReadOnly(readOnly);
+}
+
+void TextContent::Show(bool shown) {
+  if (edit_.Handle() != nullptr) edit_.Show(shown);
+}
+
+void TextContent::SetBounds(const Rect& area) {
+  if (edit_.Handle() != nullptr) edit_.SetBounds(area);
+}
+
+ScrollState TextContent::Scrolled(std::int32_t areaHeight) const {
+  if (edit_.Handle() == nullptr) return {};
+  return {edit_.ScrollPosition().y, areaHeight, edit_.TextHeight()};
+}
+
+void TextContent::ScrollDownTo(std::int32_t position) {
+  edit_.SetScrollPosition({edit_.ScrollPosition().x, position});
+}
+
+std::optional<std::int32_t> TextContent::NaturalWidth() {
+  if (edit_.Handle() == nullptr) return std::nullopt;
+  return jotlets::NaturalWidth(edit_);
+}
+
+void TextContent::OnNotify(const NMHDR& header) {
+  if (header.hwndFrom != nullptr && header.hwndFrom == edit_.Handle()) edit_.OnNotify(header);
+}
+
+void TextContent::PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const {
+  std::string rtf;
+  if (formatted) rtf = RtfBytes(IsWhole() ? RichText() : file.richText());
+  PutTextOnClipboard(owner, PlainText(), rtf);
+}
+
+}  // namespace jotlets

@@ -1,0 +1,110 @@
+#include "note/note_content.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes.h"
+
+namespace jotlets {
+namespace {
+
+const Text kPath = u"D:\\rtf\\A.rtf";
+const LocalTime kNow{2026, 11, 21, 9, 5, 7};
+
+// A text as far as saving asks for it.
+class FakeContent final : public NoteContent {
+ public:
+  std::string bytes = "new";
+  bool unsaved = true;
+  bool whole = true;
+
+  TextView Extension() const override { return u"rtf"; }
+  bool Fits(std::string_view) const override { return true; }
+  TextView Load(std::string_view) override { return {}; }
+  bool IsWhole() const override { return whole; }
+  bool HasUnsavedChanges() const override { return unsaved; }
+  void SetUnsavedChanges(bool changed) override { unsaved = changed; }
+  std::optional<std::string> BytesToSave() const override {
+    return unsaved && whole ? std::optional(bytes) : std::nullopt;
+  }
+  ContentCopy Copy(bool) const override { return {}; }
+  Text PlainText() const override { return {}; }
+  Text RichText() const override { return {}; }
+  Text TitleWords() const override { return {}; }
+  bool SetPlainText(TextView) override { return false; }
+  bool SetRichText(TextView) override { return false; }
+  void Paste(bool) override {}
+  void PasteAtEnd(bool) override {}
+};
+
+struct NoteContentSaving : testing::Test {
+  FakeContent content;
+  FakeFiles files;
+  bool keepOld = false;
+
+  NoteContentSaving() { files.Put(kPath, "old"); }
+  ContentSaved Save() { return SaveContentFile(content, keepOld, files, kPath, kNow); }
+};
+
+TEST_F(NoteContentSaving, WritesWhatHasChangedOnce) {
+  const ContentSaved saved = Save();
+  EXPECT_TRUE(saved.status.ok);
+  EXPECT_TRUE(saved.written);
+  EXPECT_EQ("new", files.Get(kPath));
+  EXPECT_FALSE(content.unsaved);
+  content.bytes = "never asked for";
+  EXPECT_FALSE(Save().written);
+  EXPECT_EQ("new", files.Get(kPath));
+  EXPECT_EQ(1u, files.Paths().size()) << "nothing was kept beside it";
+}
+
+TEST_F(NoteContentSaving, TheBeginningOfATextNeverTakesThePlaceOfAllOfIt) {
+  content.whole = false;
+  keepOld = true;
+  const ContentSaved saved = Save();
+  EXPECT_TRUE(saved.status.ok);
+  EXPECT_FALSE(saved.written);
+  EXPECT_EQ("old", files.Get(kPath));
+  EXPECT_TRUE(content.unsaved);
+  EXPECT_TRUE(keepOld);
+}
+
+TEST_F(NoteContentSaving, KeepsAFileThatWasNotReadWholeOnce) {
+  keepOld = true;
+  EXPECT_TRUE(Save().written);
+  EXPECT_EQ("new", files.Get(kPath));
+  EXPECT_TRUE(files.Keeps("old"));
+  content.unsaved = true;
+  EXPECT_TRUE(Save().written);
+  EXPECT_EQ(2u, files.Paths().size());
+}
+
+TEST_F(NoteContentSaving, AFailureAtAnyStepLosesNothingAndIsMadeGoodByTheNextAttempt) {
+  for (int step = 0; step < 2; ++step) {
+    files.Put(kPath, "old");
+    content.unsaved = true;
+    keepOld = true;
+    files.changesUntilFailure = step;
+    const ContentSaved failed = Save();
+    EXPECT_FALSE(failed.status.ok) << step;
+    EXPECT_FALSE(failed.written) << step;
+    EXPECT_TRUE(content.unsaved) << step;
+    EXPECT_EQ("old", files.Get(kPath)) << step;
+    EXPECT_EQ(step == 0, keepOld) << step;
+    EXPECT_TRUE(Save().written) << step;
+    EXPECT_EQ("new", files.Get(kPath)) << step;
+    EXPECT_TRUE(files.Keeps("old")) << step;
+  }
+}
+
+TEST_F(NoteContentSaving, WhatIsTypedWhileTheFileIsWrittenIsUnsaved) {
+  files.onWrite = [this] {
+    content.bytes = "typed";
+    content.unsaved = true;
+  };
+  EXPECT_TRUE(Save().written);
+  EXPECT_EQ("new", files.Get(kPath));
+  EXPECT_TRUE(content.unsaved);
+}
+
+}  // namespace
+}  // namespace jotlets
