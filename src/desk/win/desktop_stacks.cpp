@@ -6,6 +6,7 @@
 #include "app/win/main_frame.h"
 #include "base/win/wide.h"
 #include "data/data_file.h"
+#include "note/snapping.h"
 #include "res/resource.h"
 #include "schedule/win/close_stack_dialog.h"
 

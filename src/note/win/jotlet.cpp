@@ -18,7 +18,11 @@ std::unique_ptr<ShownContent> MakeContent(const JotletData& record, ContentWatch
 }  // namespace
 
 BJotlet::BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record)
-    : owner_(owner), shared_(std::move(record)), record_(*shared_), content_(MakeContent(record_, *this)) {}
+    : SkinnedWindow({owner.NoteOptions(), owner.Screens(), owner.Renderer()}, kNoteShadowClass),
+      owner_(owner),
+      shared_(std::move(record)),
+      record_(*shared_),
+      content_(MakeContent(record_, *this)) {}
 
 bool BJotlet::CreateWindowFor() {
   skin_ = owner_.SkinOf(record_.skin);
@@ -47,15 +51,7 @@ void BJotlet::PlaceByRecord() {
   Place(place_.Shown());
 }
 
-RollSettings BJotlet::Rolling() const {
-  return {std::min(skin_->data.rolledHeight, owner_.Screens().virtualScreen.Height()),
-          owner_.NoteOptions().rolledHasAltPosition};
-}
-
-Size BJotlet::SmallestSize() const {
-  const Rect& screen = owner_.Screens().virtualScreen;
-  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
-}
+RollSettings BJotlet::Rolling() const { return {RolledHeight(), owner_.NoteOptions().rolledHasAltPosition}; }
 
 TextView BJotlet::LoadContent(std::string_view bytes) {
   const TextView fault = content_->Load(bytes);
@@ -96,9 +92,7 @@ void BJotlet::SyncPlace() {
 
 bool BJotlet::ShowOnScreens(const MonitorSetup& screens) {
   SyncPlace();
-  if (!place_.MonitorsChanged(screens)) return false;
-  Place(place_.Shown());
-  return true;
+  return PlaceOnScreens(screens);
 }
 
 bool BJotlet::Rescue(const Rect& screen) {
@@ -141,9 +135,7 @@ void BJotlet::SetSizeSafe(Size size) {
 }
 
 void BJotlet::BringForward() {
-  if (record_.hidden) return;
-  SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  if (!record_.hidden) Raise(record_.onTop);
 }
 
 void BJotlet::TakeFocus() {
@@ -158,43 +150,21 @@ HWND BJotlet::FocusWindow() const {
 
 LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: return OnPaint();
-    case WM_SETCURSOR:
-      if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != Handle()) break;
-      return OnSetCursor();
     case WM_NOTIFY: content_->OnNotify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_PARENTNOTIFY:
       // A click into the editor.
       if (LOWORD(wParam) == WM_LBUTTONDOWN) StopAlarm();
       return 0;
-    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
-    case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
-    case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
-    case WM_MOUSELEAVE: OnMouseLeave(); return 0;
-    case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
-    case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_RBUTTONUP: owner_.OnJotletAction(*this, kActionOpenJotletContext); return 0;
     case WM_CONTEXTMENU: OnMenuAsked(reinterpret_cast<HWND>(wParam)); return 0;
-    case WM_WINDOWPOSCHANGED: {
-      // The default turns it into WM_SIZE.
-      const LRESULT result = Default(message, wParam, lParam);
-      FollowWithShadow();
-      return result;
-    }
-    case WM_SIZE: OnSize(); return 0;
-    case WM_SETFOCUS: OnFocus(true); return 0;
-    case WM_KILLFOCUS: OnFocus(false); return 0;
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
       return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
-    case WM_DPICHANGED: OnDpiChanged(HIWORD(wParam)); return 0;
-    default: break;
+    default: return SkinnedWindow::OnMessage(message, wParam, lParam);
   }
-  return Default(message, wParam, lParam);
 }
 
 void BJotlet::OnMenuAsked(HWND window) {
@@ -215,9 +185,7 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
 
 void BJotlet::Place(const Rect& bounds) {
   if (IsSounding()) alarmOrigin_ = bounds.TopLeft();
-  if (bounds == Bounds()) return;
-  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  SkinnedWindow::Place(bounds);
 }
 
 void BJotlet::OnFocus(bool gained) {
@@ -238,19 +206,6 @@ void BJotlet::OnFocus(bool gained) {
   owner_.OnJotletFocus(*this, gained);
 }
 
-// The place that the system suggests is passed over: computed from sizes that were rounded before, it would
-// creep with every change.
-void BJotlet::OnDpiChanged(std::int32_t dpi) {
-  SyncPlace();
-  if (place_.ScaleChanged(dpi)) Place(place_.Shown());
-}
-
-Size BJotlet::ClientSize() const {
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  return {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
-}
-
 void BJotlet::OnContentChanged() {
   if (record_.title.empty()) TitleChanged();
   owner_.OnJotletChanged();
@@ -262,7 +217,7 @@ void BJotlet::TitleChanged() {
   if (title == shownTitle_) return;
   shownTitle_ = std::move(title);
   SetWindowTextW(Handle(), Wide(shownTitle_));
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Repaint();
 }
 
 }  // namespace jotlets

@@ -8,24 +8,19 @@
 #include "base/files.h"
 #include "data/jotlet_data.h"
 #include "note/animation.h"
-#include "note/frame_layout.h"
-#include "note/note_place.h"
 #include "note/rolled.h"
-#include "note/snapping.h"
 #include "note/win/edit.h"
 #include "note/win/jotlet_owner.h"
-#include "note/win/note_shadow.h"
 #include "note/win/shown_content.h"
+#include "note/win/skinned_window.h"
 #include "note/win/title_tooltip.h"
 #include "schedule/alarm.h"
-#include "skin/skin_layout.h"
-#include "ui/window.h"
 
 namespace jotlets {
 
 inline constexpr wchar_t kJotletClass[] = L"BraskJotletNote";
 
-class BJotlet final : public Window, private ContentWatcher {
+class BJotlet final : public SkinnedWindow, private ContentWatcher {
  public:
   /// `record` has a place and a size, and is shared with whoever keeps the lists: not changed elsewhere while
   /// the note is open. `owner` outlives the note.
@@ -33,11 +28,6 @@ class BJotlet final : public Window, private ContentWatcher {
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
-  /// Takes the window away, for good.
-  void DestroyWindowNow() {
-    shadow_.Close();
-    Destroy();
-  }
 
   /// What the note holds. A change of it is a change of the note.
   NoteContent& Content() { return *content_; }
@@ -76,7 +66,6 @@ class BJotlet final : public Window, private ContentWatcher {
   void SetSkin(TextView name);
   /// Takes its skin anew, after the default one or the files have changed.
   void RefreshSkin();
-  const LoadedSkin& Skin() const { return *skin_; }
   void SetRolled(bool rolled);
   void SetOnTop(bool onTop);
   void SetReadOnly(bool readOnly);
@@ -149,56 +138,52 @@ class BJotlet final : public Window, private ContentWatcher {
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
   static constexpr UINT_PTR kAlarmTimer = 1228;
-  struct ActionHandler;
-  static const ActionHandler kHandlers[];
-  enum class Drag { kIdle, kMoving, kSizing, kButton, kThumb };
+  struct ActionRow;
+  static const ActionRow kActions[];
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  LRESULT OnPaint();
-  LRESULT OnSetCursor();
+  void Draw(HDC dc, const Rect& part) override;
+  FramePart PartAt(Point at) const override;
+  bool DoSkinAction(ActionCode action, Point at) override { return DoAction(action, at); }
+  std::vector<Rect> WindowsToSnapTo() const override { return owner_.WindowsToSnapTo(*this); }
+  void BeginPress() override;
+  Press PressAt(Point at, bool ctrl) override;
+  bool RollsAt(Point at) const override;
+  void OnHover(Point at) override;
+  void OnMouseGone() override { OnEditMouse(); }
+  void DragContent(Point mouse) override;
+  void DragFrame(const Rect& bounds) override;
+  void OnDragEnded(Drag ended, bool shift) override;
+  void OnSize() override;
+  void OnFocus(bool gained) override;
+  void SyncPlace() override;
+  void Place(const Rect& bounds) override;
+  void FillView() override;
+  ScrollState Scrolled() const override;
+  void Invalidate(const SkinView& before) override;
+
   LRESULT OnControl(UINT control, UINT notification);
   void OnMenuAsked(HWND window);
-  void OnButtonDown(Point at);
-  void OnDoubleClick(Point at);
-  void DragTo(Point offset);
-  void OnMouseMove(Point at);
-  void OnMouseLeave();
-  void Place(const Rect& bounds);
   void PlaceByRecord();
   void MoveBy(Point offset);
   /// A locked note can be frozen to its place.
   bool IsFrozen() const { return record_.readOnly && owner_.NoteOptions().lockingFreezes; }
-  void SyncPlace();
   RollSettings Rolling() const;
-  void ApplyAlpha(std::int32_t percent);
-  void FollowWithShadow();
+  void ShowOpacity(std::int32_t percent);
   void BeginFade();
   void FadeStep();
-  void OfferTooltip(Point at);
-  void OnButtonUp(Point at);
-  void EndDrag();
   bool TakeFrame(const AnimationFrame& frame);
-  void OnSize();
-  void OnFocus(bool gained);
-  void OnDpiChanged(std::int32_t dpi);
   void OnEditScrolled() override;
   void OnEditMouse() override;
   void OnEditLink(const Text& target) override { owner_.OnJotletLink(target); }
   void OnContentChanged() override;
   Text BeginningNotice() override { return owner_.BeginningNotice(); }
 
-  Size ClientSize() const;
-  Size SmallestSize() const;
   ShownContent::Look ContentLook() const;
   HWND FocusWindow() const;
-  FramePart PartAt(Point at) const;
   bool BeginScrolling(Point at);
-  ScrollState Scrolled() const;
   SkinStates States() const;
-  void UpdateView();
-  void Invalidate(const SkinView& before);
   void ApplySkin();
-  void ApplyRegion();
   void Mark(bool JotletData::*flag, bool on);
   void TitleChanged();
   void ApplyOpacity();
@@ -214,12 +199,8 @@ class BJotlet final : public Window, private ContentWatcher {
   JotletOwner& owner_;
   std::shared_ptr<JotletData> shared_;
   JotletData& record_;
-  std::shared_ptr<const LoadedSkin> skin_;
-  SkinView view_;
   std::unique_ptr<ShownContent> content_;
   TitleTooltip tooltip_;
-  NoteShadow shadow_;
-  NotePlace place_{Rect{}};
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;
@@ -228,19 +209,8 @@ class BJotlet final : public Window, private ContentWatcher {
   bool alarmPending_ = false;
   bool waitsForWindow_ = false;
   bool keepOldContent_ = false;
-  bool hasFocus_ = false;
-  bool hasRegion_ = false;
   bool selected_ = false;
-  bool mouseOver_ = false;
-  bool trackingMouse_ = false;
-  bool dropping_ = false;  // the button was let go with Shift held
-  std::size_t hotButton_ = kNoElement;
-  Drag drag_ = Drag::kIdle;
-  FramePart dragPart_ = FramePart::kContent;
-  std::size_t pressedButton_ = kNoElement;
-  Point dragStart_;                // mouse position on the screen at the press
-  Rect dragBounds_;                // the window at the press, or the thumb in client pixels
-  std::vector<Rect> snapWindows_;  // at the press
+  Rect draggedThumb_;  // in client pixels, at the press
 };
 
 }  // namespace jotlets

@@ -15,8 +15,7 @@ void BJotlet::SetRolled(bool rolled) {
 
 void BJotlet::SetOnTop(bool onTop) {
   record_.onTop = onTop;
-  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  KeepOnTop(onTop);
   UpdateView();
   owner_.OnJotletChanged();
 }
@@ -63,7 +62,7 @@ void BJotlet::SetTransparency(std::int32_t percent) {
   const bool later = percent != 0 && hasFocus_ && owner_.NoteOptions().opaqueEdit;
   if (!later) {
     KillTimer(Handle(), kFadeTimer);
-    ApplyAlpha(percent);
+    ShowOpacity(percent);
   }
   owner_.OnJotletChanged();
 }
@@ -109,7 +108,7 @@ bool BJotlet::TakeFrame(const AnimationFrame& frame) {
 
 void BJotlet::SetUserString(TextView words) {
   record_.userString1 = words;
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Repaint();
   owner_.OnJotletChanged();
 }
 
@@ -117,7 +116,7 @@ void BJotlet::SetStack(std::int32_t number) {
   if (record_.stack == number) return;
   record_.stack = number;
   UpdateView();
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Repaint();
   owner_.OnJotletChanged();
 }
 

@@ -15,7 +15,7 @@ void BJotlet::SetAlarm(std::int32_t time) {
 // The indicators and words of the skin that tell of it.
 void BJotlet::ShowAlarm() {
   UpdateView();
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Repaint();
 }
 
 void BJotlet::StartAlarm() {

@@ -44,14 +44,10 @@ void BJotlet::SetColour(Colour colour) {
   owner_.OnJotletChanged();
 }
 
-LRESULT BJotlet::OnPaint() {
-  PAINTSTRUCT paint{};
-  const HDC dc = BeginPaint(Handle(), &paint);
+void BJotlet::Draw(HDC dc, const Rect& part) {
   const NoteWords words(owner_, record_, shownTitle_, view_.window);
   const auto inlay = content_->Inlay(TextArea(skin_->data, view_));
-  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, inlay.get());
-  EndPaint(Handle(), &paint);
-  return 0;
+  context_.renderer.Paint(dc, part, *skin_, view_, words, inlay.get());
 }
 
 void BJotlet::OnSize() {
@@ -60,7 +56,7 @@ void BJotlet::OnSize() {
   if (!view_.rolled) content_->SetBounds(TextArea(skin_->data, view_));
   UpdateView();
   ApplyRegion();
-  InvalidateRect(Handle(), nullptr, FALSE);
+  Repaint();
 }
 
 void BJotlet::FitWidth() {
@@ -75,38 +71,18 @@ void BJotlet::FitWidth() {
   if (Bounds() != bounds) owner_.OnJotletSized(*this);
 }
 
-void BJotlet::ApplyRegion() {
-  const HRGN region = MakeSkinRegion(skin_->data, view_.window);
-  // The window takes the region over.
-  if (region != nullptr || hasRegion_) SetWindowRgn(Handle(), region, TRUE);
-  hasRegion_ = region != nullptr;
-}
-
 void BJotlet::ApplyOpacity() {
-  ApplyAlpha(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_
-                 ? 0
-                 : record_.transparency);
+  ShowOpacity(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_
+                  ? 0
+                  : record_.transparency);
 }
 
-void BJotlet::ApplyAlpha(std::int32_t percent) {
-  const std::optional<Colour>& key = skin_->data.transparent;
-  SetLayeredWindowAttributes(Handle(), key ? ToCOLORREF(*key) : 0, AlphaOfOpacity(percent),
-                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
-  FollowWithShadow();
-}
-
-void BJotlet::FollowWithShadow() {
-  const bool wanted = owner_.NoteOptions().shadows;
-  if (!wanted && shadow_.Handle() == nullptr) return;
-  BYTE alpha = 255;
-  GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
-  shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), alpha);
-}
+void BJotlet::ShowOpacity(std::int32_t percent) { ApplyAlpha(AlphaOfOpacity(percent)); }
 
 void BJotlet::BeginFade() {
   const Options& options = owner_.NoteOptions();
   const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, options.dontFadeToTransparent);
-  if (loss == FocusLoss::kReturnsAtOnce) ApplyAlpha(record_.transparency);
+  if (loss == FocusLoss::kReturnsAtOnce) ShowOpacity(record_.transparency);
   if (loss != FocusLoss::kFades) return;
   fadeStep_ = 0;
   SetTimer(Handle(), kFadeTimer, kFadePeriod, nullptr);
@@ -115,7 +91,7 @@ void BJotlet::BeginFade() {
 void BJotlet::FadeStep() {
   const auto opacity = FadeOpacity(++fadeStep_, record_.transparency);
   if (opacity) {
-    ApplyAlpha(*opacity);
+    ShowOpacity(*opacity);
   } else {
     KillTimer(Handle(), kFadeTimer);
   }
@@ -148,24 +124,12 @@ SkinStates BJotlet::States() const {
   return states;
 }
 
-void BJotlet::UpdateView() {
-  const SkinData& skin = skin_->data;
-  const SkinView before = view_;
-  view_.window = ClientSize();
+void BJotlet::FillView() {
   view_.colour = ShownColour();
   view_.rolled = IsShownRolled(record_, Rolling());
   // A note that is selected with others looks like the one that has the focus.
   view_.focus = hasFocus_ || selected_;
-  view_.mouseOver = mouseOver_;
-  view_.hotButton = hotButton_;
   view_.states = States();
-  view_.thumb = {};
-  const ScrollState scroll = Scrolled();
-  if (IsScrollbarRequired(skin, view_, scroll)) {
-    view_.states.Set(SkinState::kScrollbarRequired, true);
-    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
-  }
-  if (view_ != before) Invalidate(before);
 }
 
 // What changes most often, the button under the mouse and the thumb, changes little of the window.
@@ -174,7 +138,7 @@ void BJotlet::Invalidate(const SkinView& before) {
   rest.hotButton = view_.hotButton;
   rest.thumb = view_.thumb;
   if (rest != view_) {
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Repaint();
     return;
   }
   for (const std::size_t button : {before.hotButton, view_.hotButton}) {

@@ -2,15 +2,12 @@
 #include <algorithm>
 
 #include "note/shortcuts.h"
-#include "note/snapping.h"
-#include "note/win/frame_cursor.h"
 #include "schedule/win/stack_window.h"
 
 namespace jotlets {
 namespace {
 
 constexpr std::int32_t kRowsPerNotch = 3;
-bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
 
 }  // namespace
 
@@ -21,110 +18,60 @@ FramePart BStackDlg::PartAt(Point at) const {
   return part == FramePart::kContent ? FramePart::kMove : part;
 }
 
-LRESULT BStackDlg::OnSetCursor() {
-  POINT at{MousePosition().x, MousePosition().y};
-  ScreenToClient(Handle(), &at);
-  const Point point{static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
-  const bool button = ButtonAt(skin_->data, view_, point) != kNoElement;
-  const bool row = List().RowAt(point).has_value();
-  SetCursor(LoadCursorW(nullptr, button ? IDC_ARROW : row ? IDC_HAND : CursorOf(PartAt(point))));
-  return TRUE;
+LPCWSTR BStackDlg::CursorAt(Point at) const {
+  const bool row = ButtonAt(skin_->data, view_, at) == kNoElement && List().RowAt(at);
+  return row ? IDC_HAND : SkinnedWindow::CursorAt(at);
 }
 
-void BStackDlg::OnButtonDown(Point at) {
+void BStackDlg::BeginPress() {
   SetFocus(Handle());
   BringForward();
-  pressedButton_ = ButtonAt(skin_->data, view_, at);
-  dragPart_ = PartAt(at);
-  dragStart_ = MousePosition();
-  dragBounds_ = Bounds();
   pressedMember_.reset();
-  if (pressedButton_ != kNoElement) {
-    drag_ = Drag::kButton;
-  } else if (const auto row = List().RowAt(at)) {
-    drag_ = Drag::kRow;
-    pressedMember_ = MemberAt(row);
-    selectedRow_ = row;
-    Repaint();
-  } else {
-    drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
-    snapWindows_ = owner_.WindowsToSnapTo(*this);
-  }
-  SetCapture(Handle());
 }
 
-void BStackDlg::OnDoubleClick(Point at) {
-  const bool onFrame = ButtonAt(skin_->data, view_, at) == kNoElement && !List().RowAt(at);
-  if (!onFrame || !DoAction(kActionRoll)) OnButtonDown(at);
+SkinnedWindow::Press BStackDlg::PressAt(Point at, bool) {
+  const auto row = List().RowAt(at);
+  if (!row) return Press::kOfFrame;
+  pressedMember_ = MemberAt(row);
+  selectedRow_ = row;
+  Repaint();
+  return Press::kOfContent;
 }
 
-void BStackDlg::OnMouseMove(Point at) {
-  if (!trackingMouse_) {
-    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
-    trackingMouse_ = TrackMouseEvent(&track) != 0;
-  }
-  mouseOver_ = true;
-  hotButton_ = ButtonAt(skin_->data, view_, at);
-  const auto row = hotButton_ == kNoElement ? List().RowAt(at) : std::nullopt;
-  if (row != hotRow_) {
-    hotRow_ = row;
-    Repaint();
-  }
-  UpdateView();
-  const Point mouse = MousePosition();
-  if (drag_ == Drag::kRow && !Bounds().Contains(mouse)) return DragOut();
-  if (drag_ == Drag::kMoving || drag_ == Drag::kSizing)
-    DragTo({mouse.x - dragStart_.x, mouse.y - dragStart_.y});
+bool BStackDlg::RollsAt(Point at) const {
+  return ButtonAt(skin_->data, view_, at) == kNoElement && !List().RowAt(at);
 }
 
-void BStackDlg::OnMouseLeave() {
-  trackingMouse_ = false;
+void BStackDlg::OnHover(Point at) {
+  const auto row = view_.hotButton == kNoElement ? List().RowAt(at) : std::nullopt;
+  if (row == hotRow_) return;
+  hotRow_ = row;
+  Repaint();
+}
+
+void BStackDlg::OnMouseGone() {
   mouseOver_ = false;
-  hotButton_ = kNoElement;
   hotRow_.reset();
   UpdateView();
   Repaint();
 }
 
-void BStackDlg::DragTo(Point offset) {
-  const bool alt = IsHeld(VK_MENU);
-  const SnapSettings snap = SnapSettingsFrom(owner_.NoteOptions());
-  const SnapTargets targets{snapWindows_, owner_.Screens().monitors.Rects()};
-  if (drag_ == Drag::kMoving) {
-    const Rect moved = RectAt({dragBounds_.left + offset.x, dragBounds_.top + offset.y},
-                              {dragBounds_.Width(), dragBounds_.Height()});
-    return Place(SnappedMove(moved, snap, alt, targets));
-  }
-  Size least = SmallestSize();
-  // Its height is not the user's to change while it is rolled up.
-  if (view_.rolled) least.height = dragBounds_.Height();
-  const DraggedEdges edges = EdgesOf(dragPart_);
-  const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
-  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, least));
-}
-
-void BStackDlg::DragOut() {
+// Out of the window the member is a note that follows the mouse.
+void BStackDlg::DragContent(Point mouse) {
+  if (Bounds().Contains(mouse)) return;
   const auto member = std::exchange(pressedMember_, std::nullopt);
   drag_ = Drag::kIdle;
   ReleaseCapture();
   if (member) owner_.OnMemberDraggedOut(*this, *member);
 }
 
-void BStackDlg::OnButtonUp(Point at) {
-  const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
-  const auto member = drag_ == Drag::kRow ? pressedMember_ : std::nullopt;
-  ReleaseCapture();
-  if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button) {
-    DoAction(skin_->data.elements[button].action);
-  } else if (member && MemberAt(List().RowAt(at)) == member) {
-    owner_.OnMemberClicked(*this, *member);
-  }
+void BStackDlg::DropContent(Point at) {
+  const auto member = pressedMember_;
+  if (member && MemberAt(List().RowAt(at)) == member) owner_.OnMemberClicked(*this, *member);
 }
 
-// Also reached when the capture is taken away in the middle of a drag.
-void BStackDlg::EndDrag() {
-  const Drag ended = std::exchange(drag_, Drag::kIdle);
-  if ((ended == Drag::kMoving || ended == Drag::kSizing) && Bounds() != dragBounds_) Changed();
+void BStackDlg::OnDragEnded(Drag ended, bool) {
+  if (WasPlaced(ended)) Changed();
 }
 
 void BStackDlg::OnWheel(int delta) { ScrollTo(scroll_ - delta * kRowsPerNotch * rowHeight_ / WHEEL_DELTA); }
@@ -171,10 +118,7 @@ bool BStackDlg::OnKey(WPARAM key) {
 }
 
 void BStackDlg::OnMenu(bool byMouse) {
-  POINT at{MousePosition().x, MousePosition().y};
-  ScreenToClient(Handle(), &at);
-  const auto row = byMouse ? List().RowAt({static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)})
-                           : selectedRow_;
+  const auto row = byMouse ? List().RowAt(ToClient(MousePosition())) : selectedRow_;
   owner_.OnStackMenu(*this, MemberAt(row));
 }
 

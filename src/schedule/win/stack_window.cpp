@@ -50,10 +50,7 @@ bool BStackDlg::CreateWindowFor() {
 void BStackDlg::Show() { ShowWindow(Handle(), SW_SHOWNOACTIVATE); }
 void BStackDlg::Hide() { ShowWindow(Handle(), SW_HIDE); }
 
-void BStackDlg::BringForward() {
-  SetWindowPos(Handle(), record_.onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
+void BStackDlg::BringForward() { Raise(record_.onTop); }
 
 void BStackDlg::SetMembers(std::vector<StackMember> members) {
   if (members == members_) return;
@@ -86,8 +83,7 @@ void BStackDlg::SetKeepColour(bool keep) {
 
 void BStackDlg::SetOnTop(bool onTop) {
   record_.onTop = onTop;
-  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  KeepOnTop(onTop);
   Changed();
 }
 
@@ -99,7 +95,7 @@ void BStackDlg::SetUnpacked(bool unpacked) {
 
 void BStackDlg::SetRolled(bool rolled) {
   if (rolled == view_.rolled || RolledHeight() <= 0) return;
-  TakePlace();
+  SyncPlace();
   Rect bounds = place_.Shown();
   if (rolled) unrolledHeight_ = bounds.Height();
   const std::int32_t open =
@@ -123,10 +119,6 @@ void BStackDlg::RefreshSkin() {
   ApplySkin();
 }
 
-void BStackDlg::ShowOnScreens(const MonitorSetup& screens) {
-  if (place_.MonitorsChanged(screens)) Place(place_.Shown());
-}
-
 void BStackDlg::MoveTo(Point position) {
   const Rect bounds = Bounds();
   Place(RectAt(position, {bounds.Width(), bounds.Height()}));
@@ -146,46 +138,19 @@ bool BStackDlg::DoAction(ActionCode action) {
 
 LRESULT BStackDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: return OnPaint();
-    case WM_SETCURSOR:
-      if (LOWORD(lParam) != HTCLIENT) break;
-      return OnSetCursor();
-    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
-    case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
-    case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
-    case WM_MOUSELEAVE: OnMouseLeave(); return 0;
-    case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
-    case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_MOUSEWHEEL: OnWheel(static_cast<std::int16_t>(HIWORD(wParam))); return 0;
     case WM_KEYDOWN:
       if (OnKey(wParam)) return 0;
       break;
     case WM_RBUTTONUP: OnMenu(true); return 0;
     case WM_CONTEXTMENU: OnMenu(false); return 0;
-    case WM_WINDOWPOSCHANGED: {
-      // The default turns it into WM_SIZE.
-      const LRESULT result = Default(message, wParam, lParam);
-      FollowWithShadow();
-      return result;
-    }
-    case WM_SIZE: OnSize(); return 0;
-    case WM_SETFOCUS: OnFocus(true); return 0;
-    case WM_KILLFOCUS: OnFocus(false); return 0;
     case WM_CLOSE: DoAction(kActionClose); return 0;
-    case WM_DPICHANGED:
-      TakePlace();
-      if (place_.ScaleChanged(HIWORD(wParam))) Place(place_.Shown());
-      MakeFonts();
-      return 0;
     default: break;
   }
-  return Default(message, wParam, lParam);
+  return SkinnedWindow::OnMessage(message, wParam, lParam);
 }
 
-LRESULT BStackDlg::OnPaint() {
-  PAINTSTRUCT paint{};
-  const HDC dc = BeginPaint(Handle(), &paint);
+void BStackDlg::Draw(HDC dc, const Rect& part) {
   const StackWords words(record_, members_.size());
   MemberListLook look;
   look.font = font_.get();
@@ -196,16 +161,13 @@ LRESULT BStackDlg::OnPaint() {
   look.dropTarget = dropTarget_;
   const Text hint = members_.empty() ? owner_.EmptyHint() : Text();
   const MemberListInlay inlay(List(), members_, look, hint);
-  owner_.Renderer().Paint(dc, FromRECT(paint.rcPaint), *skin_, view_, words, &inlay);
-  EndPaint(Handle(), &paint);
-  return 0;
+  context_.renderer.Paint(dc, part, *skin_, view_, words, &inlay);
 }
 
 void BStackDlg::OnSize() {
   scroll_ = List().SafeScroll(scroll_);
   UpdateView();
-  // The window takes the region over.
-  SetWindowRgn(Handle(), MakeSkinRegion(skin_->data, view_.window), TRUE);
+  ApplyRegion();
   Repaint();
 }
 
@@ -213,15 +175,6 @@ void BStackDlg::OnFocus(bool gained) {
   hasFocus_ = gained;
   UpdateView();
   Repaint();
-}
-
-std::int32_t BStackDlg::RolledHeight() const {
-  return std::min(skin_->data.rolledHeight, owner_.Screens().virtualScreen.Height());
-}
-
-Size BStackDlg::SmallestSize() const {
-  const Rect& screen = owner_.Screens().virtualScreen;
-  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
 }
 
 // As high as the whole list needs, as far as the screen has room.
@@ -239,15 +192,9 @@ std::optional<Text> BStackDlg::MemberAt(std::optional<std::size_t> row) const {
   return members_[*row].id;
 }
 
-void BStackDlg::Place(const Rect& bounds) {
-  if (bounds == Bounds()) return;
-  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 // Where the window is counts as the user's choice, unless it is where missing monitors have put it. The size
 // in the record stays as it was written until it is changed, also when the skin asks for more.
-void BStackDlg::TakePlace() {
+void BStackDlg::SyncPlace() {
   const Rect bounds = Bounds();
   const Rect before = place_.Chosen();
   if (bounds == place_.Shown()) return;
@@ -259,16 +206,14 @@ void BStackDlg::TakePlace() {
 }
 
 void BStackDlg::Changed() {
-  TakePlace();
+  SyncPlace();
   UpdateView();
   Repaint();
   owner_.OnStackChanged(*this);
 }
 
 void BStackDlg::ApplySkin() {
-  const std::optional<Colour>& key = skin_->data.transparent;
-  SetLayeredWindowAttributes(Handle(), key ? ToCOLORREF(*key) : 0, 255,
-                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
+  ApplyAlpha(255);
   MakeFonts();
   UpdateView();
   OnSize();
@@ -294,36 +239,20 @@ void BStackDlg::MakeFonts() {
   rowHeight_ = -logical.lfHeight + MulDiv(kRowPadding, Dpi(), kUsualDpi);
 }
 
-void BStackDlg::UpdateView() {
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  const SkinView before = view_;
-  view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
+void BStackDlg::FillView() {
   view_.colour = StackColour(record_, members_);
   view_.focus = hasFocus_ || dropTarget_;
-  view_.mouseOver = mouseOver_;
-  view_.hotButton = hotButton_;
   const auto any = [this](auto is) { return std::any_of(members_.begin(), members_.end(), is); };
   view_.states.Set(SkinState::kOnTop, record_.onTop);
   view_.states.Set(SkinState::kTitle, !record_.title.empty());
   view_.states.Set(SkinState::kAlarm, any([](const StackMember& m) { return m.alarm; }));
   view_.states.Set(SkinState::kInStack,
                    any([](const StackMember& m) { return m.state == MemberState::kShown; }));
-  const StackList list = List();
-  const ScrollState scroll{list.scroll, list.area.Height(), list.Height()};
-  view_.states.Set(SkinState::kScrollbarRequired, IsScrollbarRequired(skin_->data, view_, scroll));
-  view_.thumb = {};
-  if (view_.states.Has(SkinState::kScrollbarRequired)) {
-    view_.thumb =
-        ScrollThumb(ScrollTrack(skin_->data, view_.window), skin_->data.minimumThumbTrackHeight, scroll);
-  }
-  if (view_ != before) Repaint();
 }
 
-void BStackDlg::FollowWithShadow() {
-  const bool wanted = owner_.NoteOptions().shadows;
-  if (wanted || shadow_.Handle() != nullptr)
-    shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), 255);
+ScrollState BStackDlg::Scrolled() const {
+  const StackList list = List();
+  return {list.scroll, list.area.Height(), list.Height()};
 }
 
 }  // namespace jotlets

@@ -7,30 +7,24 @@
 #include <utility>
 
 #include "data/stack_record.h"
-#include "note/frame_layout.h"
-#include "note/note_place.h"
-#include "note/win/note_shadow.h"
+#include "note/win/skinned_window.h"
 #include "schedule/win/stack_owner.h"
-#include "skin/skin_layout.h"
-#include "ui/window.h"
 
 namespace jotlets {
 
 inline constexpr wchar_t kStackClass[] = L"BraskJotletStack";
 inline constexpr wchar_t kStackShadowClass[] = L"BraskJotletStackShadow";
 
-class BStackDlg final : public Window {
+class BStackDlg final : public SkinnedWindow {
  public:
   /// `owner` outlives the stack.
-  BStackDlg(StackOwner& owner, StackRecord record) : owner_(owner), record_(std::move(record)) {}
+  BStackDlg(StackOwner& owner, StackRecord record)
+      : SkinnedWindow({owner.NoteOptions(), owner.Screens(), owner.Renderer()}, kStackShadowClass),
+        owner_(owner),
+        record_(std::move(record)) {}
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
-  /// Takes the window away, for good.
-  void DestroyWindowNow() {
-    shadow_.Close();
-    Destroy();
-  }
   void Show();
   void Hide();
   void BringForward();
@@ -55,7 +49,7 @@ class BStackDlg final : public Window {
 
   void RefreshSkin();
   /// The monitors are (now) these; the stack is shown where it can be seen.
-  void ShowOnScreens(const MonitorSetup& screens);
+  void ShowOnScreens(const MonitorSetup& screens) { PlaceOnScreens(screens); }
   void MoveTo(Point position);
 
   /// Carries out the command of an action code; false for one that is none of a stack. The stack may be gone
@@ -63,68 +57,52 @@ class BStackDlg final : public Window {
   bool DoAction(ActionCode action);
 
  private:
-  enum class Drag { kIdle, kMoving, kSizing, kButton, kRow };
-
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  LRESULT OnPaint();
-  LRESULT OnSetCursor();
-  void OnButtonDown(Point at);
-  void OnDoubleClick(Point at);
-  void OnMouseMove(Point at);
-  void OnMouseLeave();
-  void OnButtonUp(Point at);
+  void Draw(HDC dc, const Rect& part) override;
+  FramePart PartAt(Point at) const override;
+  LPCWSTR CursorAt(Point at) const override;
+  bool DoSkinAction(ActionCode action, Point) override { return DoAction(action); }
+  std::vector<Rect> WindowsToSnapTo() const override { return owner_.WindowsToSnapTo(*this); }
+  void BeginPress() override;
+  Press PressAt(Point at, bool ctrl) override;
+  bool RollsAt(Point at) const override;
+  void OnHover(Point at) override;
+  void OnMouseGone() override;
+  void DragContent(Point mouse) override;
+  void DropContent(Point at) override;
+  void OnDragEnded(Drag ended, bool shift) override;
+  void OnSize() override;
+  void OnFocus(bool gained) override;
+  void SyncPlace() override;
+  void OnScaleChanged() override { MakeFonts(); }
+  void FillView() override;
+  ScrollState Scrolled() const override;
+
   void OnWheel(int delta);
   bool OnKey(WPARAM key);
   void OnMenu(bool byMouse);
-  void DragTo(Point offset);
-  void DragOut();
-  void EndDrag();
-  void OnSize();
-  void OnFocus(bool gained);
 
   StackList List() const;
   std::optional<Text> MemberAt(std::optional<std::size_t> row) const;
   void ScrollTo(std::int32_t position);
   void SelectRow(std::optional<std::size_t> row);
-  FramePart PartAt(Point at) const;
-  Size SmallestSize() const;
-  std::int32_t RolledHeight() const;
   std::int32_t HeightForList() const;
-  void Place(const Rect& bounds);
-  void TakePlace();
   void Changed();
   void ApplySkin();
   void MakeFonts();
-  void UpdateView();
-  void Repaint() { InvalidateRect(Handle(), nullptr, FALSE); }
-  void FollowWithShadow();
 
   StackOwner& owner_;
   StackRecord record_;
   std::vector<StackMember> members_;
-  std::shared_ptr<const LoadedSkin> skin_;
-  SkinView view_;
-  NotePlace place_{Rect{}};
-  NoteShadow shadow_{kStackShadowClass};
   UniqueFont font_;
   UniqueFont awayFont_;
   std::int32_t rowHeight_ = 1;
   std::int32_t scroll_ = 0;
   std::int32_t unrolledHeight_ = 0;  // 0: not known
-  bool hasFocus_ = false;
-  bool mouseOver_ = false;
-  bool trackingMouse_ = false;
   bool dropTarget_ = false;
   std::optional<std::size_t> hotRow_;       // under the mouse
   std::optional<std::size_t> selectedRow_;  // by the keyboard
-  std::size_t hotButton_ = kNoElement;
-  Drag drag_ = Drag::kIdle;
-  FramePart dragPart_ = FramePart::kContent;
-  std::size_t pressedButton_ = kNoElement;
   std::optional<Text> pressedMember_;
-  Point dragStart_;
-  Rect dragBounds_;
-  std::vector<Rect> snapWindows_;
 };
 
 }  // namespace jotlets

@@ -1,0 +1,226 @@
+#include "note/win/skinned_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "note/snapping.h"
+#include "note/win/frame_cursor.h"
+
+namespace jotlets {
+
+LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND: return 1;
+    case WM_PAINT: return OnPaint();
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != Handle()) break;
+      SetCursor(LoadCursorW(nullptr, CursorAt(ToClient(MousePosition()))));
+      return TRUE;
+    case WM_LBUTTONDOWN: OnButtonDown(PointOf(lParam)); return 0;
+    case WM_LBUTTONDBLCLK:
+      if (!RollsAt(PointOf(lParam)) || !DoSkinAction(kActionRoll, PointOf(lParam)))
+        OnButtonDown(PointOf(lParam));
+      return 0;
+    case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
+    case WM_MOUSELEAVE: OnMouseLeave(); return 0;
+    case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
+    case WM_CAPTURECHANGED: EndDrag(); return 0;
+    case WM_WINDOWPOSCHANGED: {
+      // The default turns it into WM_SIZE.
+      const LRESULT result = Default(message, wParam, lParam);
+      FollowWithShadow();
+      return result;
+    }
+    case WM_SIZE: OnSize(); return 0;
+    case WM_SETFOCUS: OnFocus(true); return 0;
+    case WM_KILLFOCUS: OnFocus(false); return 0;
+    case WM_DPICHANGED:
+      // The place that the system suggests is passed over: computed from sizes that were rounded before, it
+      // would creep with every change.
+      SyncPlace();
+      if (place_.ScaleChanged(HIWORD(wParam))) Place(place_.Shown());
+      OnScaleChanged();
+      return 0;
+    default: break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+LRESULT SkinnedWindow::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC dc = BeginPaint(Handle(), &paint);
+  Draw(dc, FromRECT(paint.rcPaint));
+  EndPaint(Handle(), &paint);
+  return 0;
+}
+
+LPCWSTR SkinnedWindow::CursorAt(Point at) const {
+  return ButtonAt(skin_->data, view_, at) != kNoElement ? IDC_ARROW : CursorOf(PartAt(at));
+}
+
+void SkinnedWindow::OnButtonDown(Point at) {
+  const bool ctrl = IsHeld(VK_CONTROL);
+  BeginPress();
+  pressedButton_ = ButtonAt(skin_->data, view_, at);
+  dragPart_ = PartAt(at);
+  dragStart_ = MousePosition();
+  dragBounds_ = Bounds();
+  if (pressedButton_ != kNoElement) {
+    drag_ = Drag::kButton;
+  } else {
+    const Press press = PressAt(at, ctrl);
+    if (press == Press::kPassedOver) return;
+    if (press == Press::kOfContent) {
+      drag_ = Drag::kContent;
+    } else {
+      drag_ = EdgesOf(dragPart_) == DraggedEdges{} ? Drag::kMoving : Drag::kSizing;
+      snapWindows_ = WindowsToSnapTo();
+    }
+  }
+  SetCapture(Handle());
+}
+
+void SkinnedWindow::OnMouseMove(Point at) {
+  if (!trackingMouse_) {
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+    trackingMouse_ = TrackMouseEvent(&track) != 0;
+  }
+  mouseOver_ = true;
+  hotButton_ = ButtonAt(skin_->data, view_, at);
+  UpdateView();
+  OnHover(at);
+  const Point mouse = MousePosition();
+  if (drag_ == Drag::kContent) return DragContent(mouse);
+  if (drag_ == Drag::kMoving || drag_ == Drag::kSizing)
+    DragTo({mouse.x - dragStart_.x, mouse.y - dragStart_.y});
+}
+
+void SkinnedWindow::DragTo(Point offset) {
+  const bool alt = IsHeld(VK_MENU);
+  const SnapSettings snap = SnapSettingsFrom(context_.options);
+  const SnapTargets targets{snapWindows_, context_.screens.monitors.Rects()};
+  if (drag_ == Drag::kMoving) {
+    const Rect moved = RectAt({dragBounds_.left + offset.x, dragBounds_.top + offset.y},
+                              {dragBounds_.Width(), dragBounds_.Height()});
+    return DragFrame(SnappedMove(moved, snap, alt, targets));
+  }
+  Size least = SmallestSize();
+  // Its height is not the user's to change while it is rolled up.
+  if (view_.rolled) least.height = dragBounds_.Height();
+  const DraggedEdges edges = EdgesOf(dragPart_);
+  const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
+  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, least));
+}
+
+void SkinnedWindow::OnMouseLeave() {
+  trackingMouse_ = false;
+  hotButton_ = kNoElement;
+  OnMouseGone();
+}
+
+void SkinnedWindow::OnButtonUp(Point at) {
+  const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
+  const bool ofContent = drag_ == Drag::kContent;
+  dropping_ = drag_ == Drag::kMoving && IsHeld(VK_SHIFT);
+  ReleaseCapture();
+  if (ofContent) return DropContent(at);
+  if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
+    DoSkinAction(skin_->data.elements[button].action, at);
+}
+
+void SkinnedWindow::EndDrag() {
+  const Drag ended = std::exchange(drag_, Drag::kIdle);
+  OnDragEnded(ended, std::exchange(dropping_, false));
+}
+
+bool SkinnedWindow::WasPlaced(Drag ended) const {
+  return (ended == Drag::kMoving || ended == Drag::kSizing) && Bounds() != dragBounds_;
+}
+
+void SkinnedWindow::BeginMove(Point mouse) {
+  dragStart_ = mouse;
+  dragBounds_ = Bounds();
+  dragPart_ = FramePart::kMove;
+  drag_ = Drag::kMoving;
+  snapWindows_ = WindowsToSnapTo();
+  SetCapture(Handle());
+}
+
+void SkinnedWindow::Place(const Rect& bounds) {
+  if (bounds == Bounds()) return;
+  SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool SkinnedWindow::PlaceOnScreens(const MonitorSetup& screens) {
+  if (!place_.MonitorsChanged(screens)) return false;
+  Place(place_.Shown());
+  return true;
+}
+
+void SkinnedWindow::Raise(bool onTop) {
+  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void SkinnedWindow::KeepOnTop(bool onTop) {
+  SetWindowPos(Handle(), onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+Size SkinnedWindow::SmallestSize() const {
+  const Rect& screen = context_.screens.virtualScreen;
+  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
+}
+
+std::int32_t SkinnedWindow::RolledHeight() const {
+  return std::min(skin_->data.rolledHeight, context_.screens.virtualScreen.Height());
+}
+
+void SkinnedWindow::UpdateView() {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const SkinView before = view_;
+  view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
+  view_.mouseOver = mouseOver_;
+  view_.hotButton = hotButton_;
+  FillView();
+  const SkinData& skin = skin_->data;
+  const ScrollState scroll = Scrolled();
+  const bool scrollbar = IsScrollbarRequired(skin, view_, scroll);
+  view_.states.Set(SkinState::kScrollbarRequired, scrollbar);
+  view_.thumb = {};
+  if (scrollbar)
+    view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
+  if (view_ != before) Invalidate(before);
+}
+
+void SkinnedWindow::ApplyRegion() {
+  const HRGN region = MakeSkinRegion(skin_->data, view_.window);
+  // The window takes the region over.
+  if (region != nullptr || hasRegion_) SetWindowRgn(Handle(), region, TRUE);
+  hasRegion_ = region != nullptr;
+}
+
+void SkinnedWindow::ApplyAlpha(BYTE alpha) {
+  const std::optional<Colour>& key = skin_->data.transparent;
+  SetLayeredWindowAttributes(Handle(), key ? ToCOLORREF(*key) : 0, alpha,
+                             key ? LWA_ALPHA | LWA_COLORKEY : LWA_ALPHA);
+  FollowWithShadow();
+}
+
+void SkinnedWindow::FollowWithShadow() {
+  const bool wanted = context_.options.shadows;
+  if (!wanted && shadow_.Handle() == nullptr) return;
+  BYTE alpha = 255;
+  GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
+  shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), alpha);
+}
+
+Point SkinnedWindow::ToClient(Point screen) const {
+  POINT at{screen.x, screen.y};
+  ScreenToClient(Handle(), &at);
+  return {static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
+}
+
+}  // namespace jotlets

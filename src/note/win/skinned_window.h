@@ -1,0 +1,134 @@
+// A borderless window on the desktop that its skin draws and the mouse drags: what notes and stacks have in
+// common. It knows nothing of what the window is about.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <vector>
+
+#include "note/actions.h"
+#include "note/frame_layout.h"
+#include "note/note_place.h"
+#include "note/win/note_context.h"
+#include "note/win/note_shadow.h"
+#include "skin/skin_layout.h"
+#include "ui/window.h"
+
+namespace jotlets {
+
+class SkinnedWindow : public Window {
+ public:
+  /// Takes the window away, for good.
+  void DestroyWindowNow() {
+    shadow_.Close();
+    Destroy();
+  }
+  const LoadedSkin& Skin() const { return *skin_; }
+
+ protected:
+  /// What holds the mouse button: the frame, which moves or sizes the window, a button of the skin, or
+  /// something in the content.
+  enum class Drag { kIdle, kMoving, kSizing, kButton, kContent };
+  enum class Press { kPassedOver, kOfContent, kOfFrame };
+
+  SkinnedWindow(const NoteContext& context, const wchar_t* shadowClass)
+      : context_(context), shadow_(shadowClass) {}
+
+  /// Serves what windows of both kinds serve alike; the rest is the system's.
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  /// Draws `part` of the window.
+  virtual void Draw(HDC dc, const Rect& part) = 0;
+  virtual FramePart PartAt(Point at) const = 0;
+  virtual LPCWSTR CursorAt(Point at) const;
+  /// Carries out the command of a skin button, or of a double click. False for none of the window's. The
+  /// window may be gone when the call returns.
+  virtual bool DoSkinAction(ActionCode action, Point at) = 0;
+  /// The windows that this one snaps to.
+  virtual std::vector<Rect> WindowsToSnapTo() const = 0;
+
+  /// Called first of all for every press.
+  virtual void BeginPress() = 0;
+  /// Takes a press that is of no button; `ctrl` is how the key was at the press.
+  virtual Press PressAt(Point at, bool ctrl) = 0;
+  /// Whether a double click here rolls the window up; elsewhere it is a second press.
+  virtual bool RollsAt(Point at) const = 0;
+  virtual void OnHover(Point at) = 0;
+  virtual void OnMouseGone() = 0;
+  /// The mouse, at this point of the screen, drags what the press took hold of in the content.
+  virtual void DragContent(Point mouse) = 0;
+  virtual void DropContent(Point) {}
+  /// The window is moved to here, snapped to its neighbours.
+  virtual void DragFrame(const Rect& bounds) { Place(bounds); }
+  /// Also reached when the capture is taken away in the middle of a drag; `shift` only when the button was
+  /// let go with it held after a move.
+  virtual void OnDragEnded(Drag ended, bool shift) = 0;
+
+  virtual void OnSize() = 0;
+  virtual void OnFocus(bool gained) = 0;
+  /// Brings the place up to date with where the window is.
+  virtual void SyncPlace() = 0;
+  virtual void Place(const Rect& bounds);
+  virtual void OnScaleChanged() {}
+
+  /// Fills in what of the view is the window's own: all but size, mouse and scroll bar.
+  virtual void FillView() = 0;
+  virtual ScrollState Scrolled() const = 0;
+  /// What the window shows has changed from this.
+  virtual void Invalidate(const SkinView&) { Repaint(); }
+
+  void UpdateView();
+  void Repaint() { InvalidateRect(Handle(), nullptr, FALSE); }
+  void ApplyRegion();
+  /// How opaque the window is, 255 for all of it, and what colour of the skin is see-through.
+  void ApplyAlpha(BYTE alpha);
+  void FollowWithShadow();
+  bool PlaceOnScreens(const MonitorSetup& screens);
+  /// Before other windows, and before all that are not always on top if it is one of these.
+  void Raise(bool onTop);
+  void KeepOnTop(bool onTop);
+  /// The smallest size that the skin and the screens allow.
+  Size SmallestSize() const;
+  std::int32_t RolledHeight() const;
+  /// From here on the window follows the mouse, whose button is held.
+  void BeginMove(Point mouse);
+  /// The mouse has put the window elsewhere.
+  bool WasPlaced(Drag ended) const;
+
+  /// A point of the screen in client pixels.
+  Point ToClient(Point screen) const;
+  /// As the keyboard is now: the state that a thread is told of lags behind while another window has the
+  /// focus.
+  static bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
+
+  const NoteContext context_;
+  std::shared_ptr<const LoadedSkin> skin_;
+  SkinView view_;
+  NotePlace place_{Rect{}};
+  bool hasFocus_ = false;
+  bool mouseOver_ = false;
+  Drag drag_ = Drag::kIdle;
+  FramePart dragPart_ = FramePart::kContent;
+  Point dragStart_;  // mouse position on the screen at the press
+  Rect dragBounds_;  // the window at the press
+
+ private:
+  LRESULT OnPaint();
+  void OnButtonDown(Point at);
+  void OnMouseMove(Point at);
+  void OnMouseLeave();
+  void OnButtonUp(Point at);
+  void DragTo(Point offset);
+  void EndDrag();
+
+  NoteShadow shadow_;
+  std::size_t hotButton_ = kNoElement;
+  std::size_t pressedButton_ = kNoElement;
+  std::vector<Rect> snapWindows_;  // at the press
+  bool trackingMouse_ = false;
+  bool hasRegion_ = false;
+  bool dropping_ = false;  // the button was let go with Shift held
+};
+
+}  // namespace jotlets
