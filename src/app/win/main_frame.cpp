@@ -25,7 +25,7 @@ CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bo
       options_(files_, ansi_, clock_, log_),
       skins_(resources, files_, ansi_, log_),
       desktop_(*this, files_, clock_, log_, options_.Current(), skins_),
-      stacks_(*this, resources, lists_, desktop_, skins_),
+      stacks_(*this, resources, lists_, desktop_),
       attachments_(*this, lists_),
       saver_(files_, clock_, log_, options_.Current(), lists_, desktop_),
       friends_(files_, ansi_, clock_, log_),

@@ -17,7 +17,7 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
   // How large a note may become depends on them.
   if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
   const FileContent content = files_.Read(folder_ + ContentPath(record));
-  auto jotlet = std::make_unique<BJotlet>(*this, std::make_shared<JotletData>(std::move(record)));
+  auto jotlet = std::make_unique<BJotlet>(*this, context_, std::make_shared<JotletData>(std::move(record)));
   if (!jotlet->CreateWindowFor()) {
     log_.Write(kLogLifecycle, u"No window for jotlet ", id, u": ", LastErrorText(u"CreateWindowEx"));
     return nullptr;
@@ -286,6 +286,32 @@ FileStatus DesktopJotlets::SaveContents(const Moment& now) {
     if (!saved && first) first = saved;
   }
   return first;
+}
+
+void DesktopJotlets::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
+  switch (event) {
+    case JotletEvent::kChanged: return owner_.SetDirty();
+    case JotletEvent::kMoved: return OnJotletMoved(jotlet);
+    case JotletEvent::kSized: return OnJotletSized(jotlet);
+    case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
+    case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
+    case JotletEvent::kSounding: return OnAlarm(jotlet, true);
+    case JotletEvent::kSilent: return OnAlarm(jotlet, false);
+    case JotletEvent::kAnimated: animating_.push_back(jotlet.StoredRecord().id); return;
+  }
+}
+
+void DesktopJotlets::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) {
+  switch (mouse) {
+    case JotletMouse::kPressed: return OnJotletPressed(jotlet, key);
+    case JotletMouse::kDragged: return owner_.OnNoteDragged(key);
+    case JotletMouse::kDropped: return owner_.OnNoteDropped(jotlet, key);
+  }
+}
+
+std::optional<Text> DesktopJotlets::StackName(std::int32_t number) const {
+  if (!owner_.HasStack(number)) return std::nullopt;
+  return owner_.StackName(number);
 }
 
 // Notes that were moved together are told of in one line.

@@ -50,7 +50,22 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
  public:
   DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, const Options& options,
                  ProgramSkins& skins)
-      : owner_(owner), files_(files), clock_(clock), log_(log), options_(options), skins_(skins) {}
+      : owner_(owner),
+        files_(files),
+        clock_(clock),
+        log_(log),
+        options_(options),
+        skins_(skins),
+        context_{options_,
+                 screens_,
+                 skins_,
+                 clock_,
+                 [this](std::int32_t number) { return StackName(number); },
+                 [this] { return EditingContext(); },
+                 [this] { return owner_.BeginningNotice(); },
+                 [this](const Text& target) { OnJotletLink(target); }} {}
+  DesktopJotlets(const DesktopJotlets&) = delete;
+  DesktopJotlets& operator=(const DesktopJotlets&) = delete;
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 
@@ -107,40 +122,30 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   bool HasUnsavedContent() const override;
   FileStatus SaveContents(const Moment& now) override;
 
-  void OnJotletChanged() override { owner_.SetDirty(); }
-  void OnJotletMoved(BJotlet& jotlet) override;
-  void OnJotletSized(BJotlet& jotlet) override;
-  void OnJotletDragged(BJotlet&, bool shift) override { owner_.OnNoteDragged(shift); }
-  void OnJotletDropped(BJotlet& jotlet, bool shift) override { owner_.OnNoteDropped(jotlet, shift); }
-  void OnJotletFocus(BJotlet& jotlet, bool gained) override;
+  void OnJotletEvent(BJotlet& jotlet, JotletEvent event) override;
+  void OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) override;
   bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
     return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
   }
   bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
     return owner_.IsActionEnabled(jotlet, action);
   }
-  void OnAlarm(BJotlet& jotlet, bool sounding) override;
-  const Options& NoteOptions() const override { return options_; }
-  EditContext EditingContext() override;
-  void OnJotletLink(const Text& target) override;
-  Text BeginningNotice() override { return owner_.BeginningNotice(); }
+  /// What the windows on the desktop share.
+  const NoteContext& Context() const { return context_; }
+  const Options& NoteOptions() const { return options_; }
+  EditContext EditingContext();
   /// The back colours of the highlights, from the options.
   HighlightColours Highlights() const;
   /// What "find" looked for last.
   void SetSearched(TextView text) { searched_ = text; }
   const Text& Searched() const { return searched_; }
   std::vector<BJotlet*> GroupOf(BJotlet& jotlet) override;
-  void OnJotletPressed(BJotlet& jotlet, bool ctrl) override;
   std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
-  const MonitorSetup& Screens() override { return screens_; }
-  void OnAnimationBegun(BJotlet& jotlet) override { animating_.push_back(jotlet.StoredRecord().id); }
+  const MonitorSetup& Screens() { return screens_; }
   void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
-  std::shared_ptr<const LoadedSkin> SkinOf(TextView name) override { return skins_.OfNote(name); }
-  SkinRenderer& Renderer() override { return skins_.Renderer(); }
-  LocalTime ToLocal(std::int32_t utc) override;
+  /// The local time of seconds since 1970 UTC; now for 0.
+  LocalTime ToLocal(std::int32_t utc);
   bool IsTargetBehind(BJotlet& jotlet) override { return owner_.IsTargetBehind(jotlet); }
-  bool HasStack(std::int32_t number) const override { return owner_.HasStack(number); }
-  Text StackName(std::int32_t number) override { return owner_.StackName(number); }
 
   /// Gives a note another id, which no note has; its content file is the caller's affair.
   void SetId(BJotlet& jotlet, TextView id);
@@ -152,6 +157,13 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
  private:
   template <typename Do>
   void ForEachOf(const std::vector<Text>& ids, Do act);
+  void OnJotletMoved(BJotlet& jotlet);
+  void OnJotletSized(BJotlet& jotlet);
+  void OnJotletFocus(BJotlet& jotlet, bool gained);
+  void OnAlarm(BJotlet& jotlet, bool sounding);
+  void OnJotletPressed(BJotlet& jotlet, bool ctrl);
+  void OnJotletLink(const Text& target);
+  std::optional<Text> StackName(std::int32_t number) const;
   void LogRescue(const BJotlet& jotlet, const Rect& from);
   void ShowOnScreens(BJotlet& jotlet);
 
@@ -162,6 +174,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   const Options& options_;
   ProgramSkins& skins_;
   MonitorSetup screens_;
+  const NoteContext context_;
   std::vector<FontStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;

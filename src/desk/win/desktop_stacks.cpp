@@ -22,7 +22,7 @@ StackMember MemberOf(const JotletData& record, const Text& title, MemberState st
 }  // namespace
 
 BStackDlg* DesktopStacks::Open(const StackRecord& record) {
-  auto stack = std::make_unique<BStackDlg>(*this, record);
+  auto stack = std::make_unique<BStackDlg>(*this, desktop_.Context(), record);
   if (!stack->CreateWindowFor()) {
     frame_.Log(kLogLifecycle, u"No window for stack ", record.number, u": ",
                LastErrorText(u"CreateWindowEx"));
@@ -124,7 +124,7 @@ void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes
   for (const BJotlet* note : all) sizes.push_back({note->Bounds().Width(), note->Bounds().Height()});
   const Rect from = stack.Bounds();
   const std::vector<Point> places =
-      SpreadPlaces(from, sizes, AreaOf(stack), SnapSettingsFrom(NoteOptions()).gap);
+      SpreadPlaces(from, sizes, AreaOf(stack), SnapSettingsFrom(desktop_.NoteOptions()).gap);
   for (std::size_t index = 0; index < all.size(); ++index) {
     BJotlet* note = all[index];
     if (std::find(notes.begin(), notes.end(), note) == notes.end()) continue;

@@ -15,9 +15,8 @@ class CMainFrame;
 
 class DesktopStacks final : public StackOwner {
  public:
-  DesktopStacks(CMainFrame& frame, const Resources& resources, JotletLists& lists, DesktopJotlets& desktop,
-                ProgramSkins& skins)
-      : frame_(frame), resources_(resources), lists_(lists), desktop_(desktop), skins_(skins) {}
+  DesktopStacks(CMainFrame& frame, const Resources& resources, JotletLists& lists, DesktopJotlets& desktop)
+      : frame_(frame), resources_(resources), lists_(lists), desktop_(desktop) {}
 
   /// Opens a window for every stack of the lists, not yet shown.
   void OpenAll();
@@ -64,10 +63,6 @@ class DesktopStacks final : public StackOwner {
   void OnMemberDraggedOut(BStackDlg& stack, const Text& id) override;
   void OnMemberTakenOut(BStackDlg& stack, const Text& id) override;
   std::vector<Rect> WindowsToSnapTo(const BStackDlg& stack) override;
-  const Options& NoteOptions() const override { return desktop_.NoteOptions(); }
-  const MonitorSetup& Screens() override { return desktop_.Screens(); }
-  std::shared_ptr<const LoadedSkin> StackSkin() override { return skins_.OfStack({}); }
-  SkinRenderer& Renderer() override { return skins_.Renderer(); }
   Text EmptyHint() const override;
 
  private:
@@ -87,7 +82,6 @@ class DesktopStacks final : public StackOwner {
   const Resources& resources_;
   JotletLists& lists_;
   DesktopJotlets& desktop_;
-  ProgramSkins& skins_;
   std::vector<std::unique_ptr<BStackDlg>> stacks_;
   // A stack may be closed while one of its messages is being served; it then waits here.
   std::vector<std::unique_ptr<BStackDlg>> removed_;

@@ -17,15 +17,15 @@ std::unique_ptr<ShownContent> MakeContent(const JotletData& record, ContentWatch
 
 }  // namespace
 
-BJotlet::BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record)
-    : SkinnedWindow({owner.NoteOptions(), owner.Screens(), owner.Renderer()}, kNoteShadowClass),
+BJotlet::BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr<JotletData> record)
+    : SkinnedWindow(context, kNoteShadowClass),
       owner_(owner),
       shared_(std::move(record)),
       record_(*shared_),
       content_(MakeContent(record_, *this)) {}
 
 bool BJotlet::CreateWindowFor() {
-  skin_ = owner_.SkinOf(record_.skin);
+  skin_ = context_.skins.OfNote(record_.skin);
   const Rect bounds = BoundsFor(record_, Rolling());
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
@@ -47,11 +47,11 @@ void BJotlet::PlaceByRecord() {
   size.width = std::max(size.width, least.width);
   if (!IsShownRolled(record_, Rolling())) size.height = std::max(size.height, least.height);
   place_ = NotePlace(RectAt(bounds.TopLeft(), size), Dpi());
-  place_.MonitorsChanged(owner_.Screens());
+  place_.MonitorsChanged(context_.screens);
   Place(place_.Shown());
 }
 
-RollSettings BJotlet::Rolling() const { return {RolledHeight(), owner_.NoteOptions().rolledHasAltPosition}; }
+RollSettings BJotlet::Rolling() const { return {RolledHeight(), context_.options.rolledHasAltPosition}; }
 
 TextView BJotlet::LoadContent(std::string_view bytes) {
   const TextView fault = content_->Load(bytes);
@@ -114,13 +114,13 @@ FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment&
 void BJotlet::SetTitle(TextView title) {
   record_.title = title;
   TitleChanged();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::MoveTo(Point position) {
   if (IsSounding()) alarmOrigin_ = position;
   SetWindowPos(Handle(), nullptr, position.x, position.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::PlaceAt(Point position) {
@@ -131,7 +131,7 @@ void BJotlet::PlaceAt(Point position) {
 void BJotlet::SetSizeSafe(Size size) {
   const Size safe = SafeSize(size, SmallestSize());
   SetWindowPos(Handle(), nullptr, 0, 0, safe.width, safe.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::BringForward() {
@@ -203,12 +203,12 @@ void BJotlet::OnFocus(bool gained) {
     BeginFade();
   }
   UpdateView();
-  owner_.OnJotletFocus(*this, gained);
+  Tell(gained ? JotletEvent::kFocused : JotletEvent::kUnfocused);
 }
 
 void BJotlet::OnContentChanged() {
   if (record_.title.empty()) TitleChanged();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 // The window text follows the title, for other programs and for accessibility.

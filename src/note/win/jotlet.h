@@ -23,8 +23,8 @@ inline constexpr wchar_t kJotletClass[] = L"BraskJotletNote";
 class BJotlet final : public SkinnedWindow, private ContentWatcher {
  public:
   /// `record` has a place and a size, and is shared with whoever keeps the lists: not changed elsewhere while
-  /// the note is open. `owner` outlives the note.
-  BJotlet(JotletOwner& owner, std::shared_ptr<JotletData> record);
+  /// the note is open. `owner` and `context` outlive the note.
+  BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr<JotletData> record);
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
@@ -167,7 +167,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void PlaceByRecord();
   void MoveBy(Point offset);
   /// A locked note can be frozen to its place.
-  bool IsFrozen() const { return record_.readOnly && owner_.NoteOptions().lockingFreezes; }
+  bool IsFrozen() const { return record_.readOnly && context_.options.lockingFreezes; }
   RollSettings Rolling() const;
   void ShowOpacity(std::int32_t percent);
   void BeginFade();
@@ -175,9 +175,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool TakeFrame(const AnimationFrame& frame);
   void OnEditScrolled() override;
   void OnEditMouse() override;
-  void OnEditLink(const Text& target) override { owner_.OnJotletLink(target); }
+  void OnEditLink(const Text& target) override { context_.openLink(target); }
   void OnContentChanged() override;
-  Text BeginningNotice() override { return owner_.BeginningNotice(); }
+  Text BeginningNotice() override { return context_.beginningNotice(); }
 
   ShownContent::Look ContentLook() const;
   HWND FocusWindow() const;
@@ -185,6 +185,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   SkinStates States() const;
   void ApplySkin();
   void Mark(bool JotletData::*flag, bool on);
+  void Tell(JotletEvent event) { owner_.OnJotletEvent(*this, event); }
   void TitleChanged();
   void ApplyOpacity();
   void ApplyGhost();

@@ -10,21 +10,21 @@ void BJotlet::SetRolled(bool rolled) {
   record_.rolled = rolled;
   PlaceByRecord();
   OnSize();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetOnTop(bool onTop) {
   record_.onTop = onTop;
   KeepOnTop(onTop);
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetReadOnly(bool readOnly) {
   record_.readOnly = readOnly;
   content_->SetReadOnly(readOnly);
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetHidden(bool hidden) {
@@ -35,7 +35,7 @@ void BJotlet::SetHidden(bool hidden) {
   } else {
     Show();
   }
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetGhost(bool ghost) {
@@ -44,7 +44,7 @@ void BJotlet::SetGhost(bool ghost) {
   ApplyGhost();
   ApplyOpacity();
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 // A ghost whose alarm sounds can be clicked, or nobody could quieten it.
@@ -59,12 +59,12 @@ void BJotlet::ApplyGhost() {
 void BJotlet::SetTransparency(std::int32_t percent) {
   record_.transparency = percent;
   // While it has the focus, a note that is opaque for editing stays so until it loses it.
-  const bool later = percent != 0 && hasFocus_ && owner_.NoteOptions().opaqueEdit;
+  const bool later = percent != 0 && hasFocus_ && context_.options.opaqueEdit;
   if (!later) {
     KillTimer(Handle(), kFadeTimer);
     ShowOpacity(percent);
   }
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetSelected(bool selected) {
@@ -73,7 +73,7 @@ void BJotlet::SetSelected(bool selected) {
 }
 
 void BJotlet::GoAway() {
-  const Rect screen = owner_.Screens().virtualScreen;
+  const Rect screen = context_.screens.virtualScreen;
   const Rect bounds = Bounds();
   const bool left = bounds.left - screen.left < screen.right - bounds.right;
   StartAnimation({bounds.left, bounds.top}, {left ? screen.left - bounds.Width() : screen.right, bounds.top},
@@ -82,11 +82,11 @@ void BJotlet::GoAway() {
 
 void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
   SyncPlace();
-  if (animation_.Start(from, to, kind)) owner_.OnAnimationBegun(*this);
+  if (animation_.Start(from, to, kind)) Tell(JotletEvent::kAnimated);
 }
 
 bool BJotlet::TickAnimation() {
-  const auto frame = animation_.Tick(owner_.NoteOptions().animationSpeed);
+  const auto frame = animation_.Tick(context_.options.animationSpeed);
   return frame && TakeFrame(*frame);
 }
 
@@ -100,7 +100,7 @@ bool BJotlet::TakeFrame(const AnimationFrame& frame) {
   SetWindowPos(Handle(), nullptr, frame.position.x, frame.position.y, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (!frame.finished) return true;
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
   StartPendingAlarm();
   owner_.OnAnimationEnded(*this, animation_.kind);
   return false;
@@ -109,7 +109,7 @@ bool BJotlet::TakeFrame(const AnimationFrame& frame) {
 void BJotlet::SetUserString(TextView words) {
   record_.userString1 = words;
   Repaint();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetStack(std::int32_t number) {
@@ -117,13 +117,13 @@ void BJotlet::SetStack(std::int32_t number) {
   record_.stack = number;
   UpdateView();
   Repaint();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::SetAttachment(const Attachment& attachment) {
   record_.attachment = attachment;
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::TakeProperties(const JotletData& wanted) {
@@ -178,7 +178,7 @@ bool BJotlet::DoAction(ActionCode action, Point) {
     return action >= r.first && action <= r.last;
   });
   if (row == std::end(kActions)) {
-    if (Editor() != nullptr && DoEditAction(*Editor(), action, owner_.EditingContext())) return true;
+    if (Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing())) return true;
     return owner_.OnJotletAction(*this, action);
   }
   // All notes of a selection take the state that this one takes.
@@ -190,7 +190,7 @@ bool BJotlet::DoAction(ActionCode action, Point) {
 void BJotlet::Mark(bool JotletData::*flag, bool on) {
   record_.*flag = on;
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 }  // namespace jotlets

@@ -9,7 +9,7 @@ void BJotlet::SetAlarm(std::int32_t time) {
   record_.alarm = time;
   if (waitsForWindow_) StopAlarm();
   ShowAlarm();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 // The indicators and words of the skin that tell of it.
@@ -26,7 +26,7 @@ void BJotlet::StartAlarm() {
     alarmPending_ = true;
     return Hide();
   }
-  if (waited && owner_.NoteOptions().hidden != 1) ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+  if (waited && context_.options.hidden != 1) ShowWindow(Handle(), SW_SHOWNOACTIVATE);
   // What cannot be seen, or is on its way, sounds when it is there.
   alarmPending_ = record_.hidden || !IsWindowVisible(Handle()) || animation_.running;
   if (alarmPending_) return;
@@ -39,8 +39,8 @@ void BJotlet::StartAlarm() {
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ShowPaper();
   ShowAlarm();
-  owner_.OnJotletChanged();
-  owner_.OnAlarm(*this, true);
+  Tell(JotletEvent::kChanged);
+  Tell(JotletEvent::kSounding);
   // Last: the focus is told of, and a listener may take the note away.
   SetForegroundWindow(Handle());
 }
@@ -60,7 +60,7 @@ void BJotlet::StopAlarm() {
   }
   ShowPaper();
   ShowAlarm();
-  owner_.OnAlarm(*this, false);
+  Tell(JotletEvent::kSilent);
 }
 
 void BJotlet::EndWaitForWindow() {
@@ -75,7 +75,7 @@ void BJotlet::StartPendingAlarm() {
 void BJotlet::TickAlarm() {
   if (!IsSounding()) return;
   alarmPhase_ = NextAlarmPhase(alarmPhase_);
-  const Options& options = owner_.NoteOptions();
+  const Options& options = context_.options;
   if (options.flashAlarm == 1) ShowPaper();
   if (options.jiggleAlarm != 1) return;
   const auto offset = [] {
@@ -87,7 +87,7 @@ void BJotlet::TickAlarm() {
 }
 
 Colour BJotlet::ShownColour() const {
-  const bool flashes = IsSounding() && owner_.NoteOptions().flashAlarm == 1;
+  const bool flashes = IsSounding() && context_.options.flashAlarm == 1;
   return flashes ? FlashColour(record_.colour, alarmPhase_) : record_.colour;
 }
 

@@ -27,12 +27,12 @@ void BJotlet::ApplySkin() {
 void BJotlet::SetSkin(TextView name) {
   record_.skin = name;
   RefreshSkin();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::RefreshSkin() {
   Record();
-  skin_ = owner_.SkinOf(record_.skin);
+  skin_ = context_.skins.OfNote(record_.skin);
   PlaceByRecord();
   ApplySkin();
 }
@@ -41,13 +41,13 @@ void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
   content_->SetBackground(PaperColour(skin_->data, colour));
   UpdateView();
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
 }
 
 void BJotlet::Draw(HDC dc, const Rect& part) {
-  const NoteWords words(owner_, record_, shownTitle_, view_.window);
+  const NoteWords words(context_.clock, context_.stackName, record_, shownTitle_, view_.window);
   const auto inlay = content_->Inlay(TextArea(skin_->data, view_));
-  context_.renderer.Paint(dc, part, *skin_, view_, words, inlay.get());
+  context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, inlay.get());
 }
 
 void BJotlet::OnSize() {
@@ -67,12 +67,12 @@ void BJotlet::FitWidth() {
   const Rect bounds = Bounds();
   const std::int32_t frame = bounds.Width() - TextArea(skin_->data, view_).Width();
   const std::int32_t wanted = *natural + frame + kCaretRoom;
-  SetSizeSafe({std::min(wanted, owner_.Screens().virtualScreen.Width() / 2), bounds.Height()});
-  if (Bounds() != bounds) owner_.OnJotletSized(*this);
+  SetSizeSafe({std::min(wanted, context_.screens.virtualScreen.Width() / 2), bounds.Height()});
+  if (Bounds() != bounds) Tell(JotletEvent::kSized);
 }
 
 void BJotlet::ApplyOpacity() {
-  ShowOpacity(IsOpaqueInFocus(record_.transparency, owner_.NoteOptions().opaqueEdit) && hasFocus_
+  ShowOpacity(IsOpaqueInFocus(record_.transparency, context_.options.opaqueEdit) && hasFocus_
                   ? 0
                   : record_.transparency);
 }
@@ -80,7 +80,7 @@ void BJotlet::ApplyOpacity() {
 void BJotlet::ShowOpacity(std::int32_t percent) { ApplyAlpha(AlphaOfOpacity(percent)); }
 
 void BJotlet::BeginFade() {
-  const Options& options = owner_.NoteOptions();
+  const Options& options = context_.options;
   const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, options.dontFadeToTransparent);
   if (loss == FocusLoss::kReturnsAtOnce) ShowOpacity(record_.transparency);
   if (loss != FocusLoss::kFades) return;
@@ -111,7 +111,7 @@ SkinStates BJotlet::States() const {
   states.Set(SkinState::kAlarm, record_.alarm > 0);
   states.Set(SkinState::kAttached, record_.IsAttached());
   states.Set(SkinState::kTransmit, !record_.lastSend.empty());
-  states.Set(SkinState::kInStack, owner_.HasStack(record_.stack));
+  states.Set(SkinState::kInStack, context_.stackName(record_.stack).has_value());
   states.Set(SkinState::kSleeping, record_.sleep.asleep);
   states.Set(SkinState::kRecurring, record_.sleep.recurring);
   states.Set(SkinState::kGhost, record_.ghost);

@@ -15,7 +15,7 @@ void BJotlet::BeginPress() {
 SkinnedWindow::Press BJotlet::PressAt(Point at, bool ctrl) {
   if (BeginScrolling(at)) return Press::kOfContent;
   if (dragPart_ == FramePart::kContent && content_->TakesPresses()) return Press::kPassedOver;
-  owner_.OnJotletPressed(*this, ctrl);
+  owner_.OnJotletMouse(*this, JotletMouse::kPressed, ctrl);
   return IsFrozen() ? Press::kPassedOver : Press::kOfFrame;
 }
 
@@ -46,7 +46,7 @@ void BJotlet::DragFrame(const Rect& bounds) {
   // An alarm may begin in the middle of it.
   const Rect before = SettledBounds();
   const Point by{bounds.left - before.left, bounds.top - before.top};
-  owner_.OnJotletDragged(*this, IsHeld(VK_SHIFT));
+  owner_.OnJotletMouse(*this, JotletMouse::kDragged, IsHeld(VK_SHIFT));
   if (by == Point{}) return;
   for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(by);
 }
@@ -59,8 +59,8 @@ void BJotlet::MoveBy(Point offset) {
 void BJotlet::MoveByKey(Point offset) {
   if (IsFrozen()) return;
   for (BJotlet* jotlet : owner_.GroupOf(*this)) jotlet->MoveBy(offset);
-  owner_.OnJotletChanged();
-  owner_.OnJotletMoved(*this);
+  Tell(JotletEvent::kChanged);
+  Tell(JotletEvent::kMoved);
 }
 
 void BJotlet::GrowByKey(Size growth) {
@@ -71,8 +71,8 @@ void BJotlet::GrowByKey(Size growth) {
   const DraggedEdges edges{growth.width != 0 ? 1 : 0, growth.height != 0 ? 1 : 0};
   Place(SafeBounds(DraggedBounds(before, edges, {growth.width, growth.height}), edges, least));
   if (Bounds() == before) return;
-  owner_.OnJotletChanged();
-  owner_.OnJotletSized(*this);
+  Tell(JotletEvent::kChanged);
+  Tell(JotletEvent::kSized);
 }
 
 void BJotlet::OnHover(Point at) {
@@ -101,13 +101,13 @@ void BJotlet::TakeDrag() {
 }
 
 void BJotlet::OnDragEnded(Drag ended, bool shift) {
-  if (ended == Drag::kMoving) owner_.OnJotletDropped(*this, shift);
+  if (ended == Drag::kMoving) owner_.OnJotletMouse(*this, JotletMouse::kDropped, shift);
   if (!WasPlaced(ended)) return;
-  owner_.OnJotletChanged();
+  Tell(JotletEvent::kChanged);
   if (ended == Drag::kMoving) {
-    owner_.OnJotletMoved(*this);
+    Tell(JotletEvent::kMoved);
   } else {
-    owner_.OnJotletSized(*this);
+    Tell(JotletEvent::kSized);
   }
 }
 

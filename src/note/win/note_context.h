@@ -1,17 +1,31 @@
-// What the windows on the desktop, notes and stacks, need from outside besides their owner. All of it
-// outlives them.
+// What the windows on the desktop, notes and stacks, need from outside besides their owner.
 #pragma once
 
+#include <functional>
+#include <optional>
+
+#include "base/clock.h"
 #include "data/options.h"
 #include "note/monitors.h"
-#include "skin/win/skin_renderer.h"
+#include "note/win/edit_actions.h"
+#include "skin/win/program_skins.h"
 
 namespace jotlets {
 
+/// The title of the stack of a number; nothing when there is no such stack.
+using StackNames = std::function<std::optional<Text>(std::int32_t number)>;
+
+/// All of it outlives the windows.
 struct NoteContext {
   const Options& options;
   const MonitorSetup& screens;  // those of this moment
-  SkinRenderer& renderer;
+  ProgramSkins& skins;
+  const Clock& clock;
+  StackNames stackName;
+  std::function<EditContext()> editing;  // what the commands of an editor need to know
+  /// The line above the beginning of a text that is too large to be shown.
+  std::function<Text()> beginningNotice;
+  std::function<void(const Text& target)> openLink;  // an address that the user wants opened
 };
 
 }  // namespace jotlets

@@ -7,24 +7,23 @@ namespace {
 
 struct WordRow {
   TextView placeholder;
-  Text (*words)(JotletOwner& owner, const JotletData& record);
+  Text (*words)(const Clock& clock, const JotletData& record);
 };
 
-Text TimeWords(JotletOwner& owner, std::int32_t utc) {
-  return utc > 0 ? ShownTime(owner.ToLocal(utc)) : Text();
+Text TimeWords(const Clock& clock, std::int32_t utc) {
+  return utc > 0 ? ShownTime(clock.ToLocal(utc)) : Text();
 }
 
 constexpr WordRow kRows[] = {
-    {u"SOURCE", [](JotletOwner&, const JotletData& r) { return r.source; }},
-    {u"STACKNAME", [](JotletOwner& o, const JotletData& r) { return o.StackName(r.stack); }},
-    {u"ALARM", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.alarm); }},
-    {u"CREATED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.created); }},
-    {u"MODIFIED", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.modified); }},
-    {u"WAKE", [](JotletOwner& o, const JotletData& r) { return TimeWords(o, r.sleep.nextWake); }},
-    {u"DATE", [](JotletOwner& o, const JotletData&) { return ShownDate(o.ToLocal(0)); }},
-    {u"TIME", [](JotletOwner& o, const JotletData&) { return ShownTimeOfDay(o.ToLocal(0)); }},
-    {u"USERSTRING1", [](JotletOwner&, const JotletData& r) { return r.userString1; }},
-    {u"ID", [](JotletOwner&, const JotletData& r) { return r.id; }},
+    {u"SOURCE", [](const Clock&, const JotletData& r) { return r.source; }},
+    {u"ALARM", [](const Clock& c, const JotletData& r) { return TimeWords(c, r.alarm); }},
+    {u"CREATED", [](const Clock& c, const JotletData& r) { return TimeWords(c, r.created); }},
+    {u"MODIFIED", [](const Clock& c, const JotletData& r) { return TimeWords(c, r.modified); }},
+    {u"WAKE", [](const Clock& c, const JotletData& r) { return TimeWords(c, r.sleep.nextWake); }},
+    {u"DATE", [](const Clock& c, const JotletData&) { return ShownDate(c.Now().local); }},
+    {u"TIME", [](const Clock& c, const JotletData&) { return ShownTimeOfDay(c.Now().local); }},
+    {u"USERSTRING1", [](const Clock&, const JotletData& r) { return r.userString1; }},
+    {u"ID", [](const Clock&, const JotletData& r) { return r.id; }},
 };
 
 }  // namespace
@@ -32,8 +31,9 @@ constexpr WordRow kRows[] = {
 std::optional<Text> NoteWords::Find(TextView placeholder) const {
   if (placeholder == u"TITLE") return shownTitle_;
   if (placeholder == u"SIZE") return IntText(window_.width) + u" x " + IntText(window_.height);
+  if (placeholder == u"STACKNAME") return OneLine(stackName_(record_.stack).value_or(Text()));
   for (const WordRow& row : kRows) {
-    if (row.placeholder == placeholder) return OneLine(row.words(owner_, record_));
+    if (row.placeholder == placeholder) return OneLine(row.words(clock_, record_));
   }
   return std::nullopt;
 }

@@ -1,8 +1,9 @@
 // The words that a note's skin shows in the place of placeholders.
 #pragma once
 
+#include "base/clock.h"
 #include "data/jotlet_data.h"
-#include "note/win/jotlet_owner.h"
+#include "note/win/note_context.h"
 #include "skin/skin_view.h"
 
 namespace jotlets {
@@ -10,12 +11,15 @@ namespace jotlets {
 /// TITLE, SOURCE, STACKNAME, ALARM, CREATED, MODIFIED, WAKE, DATE, TIME, SIZE, USERSTRING1 and ID of a note.
 class NoteWords final : public SkinWords {
  public:
-  NoteWords(JotletOwner& owner, const JotletData& record, const Text& shownTitle, Size window)
-      : owner_(owner), record_(record), shownTitle_(shownTitle), window_(window) {}
+  /// All of it outlives the words.
+  NoteWords(const Clock& clock, const StackNames& stackName, const JotletData& record, const Text& shownTitle,
+            Size window)
+      : clock_(clock), stackName_(stackName), record_(record), shownTitle_(shownTitle), window_(window) {}
   std::optional<Text> Find(TextView placeholder) const override;
 
  private:
-  JotletOwner& owner_;
+  const Clock& clock_;
+  const StackNames& stackName_;
   const JotletData& record_;
   const Text& shownTitle_;
   Size window_;

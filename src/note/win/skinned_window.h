@@ -32,6 +32,7 @@ class SkinnedWindow : public Window {
   enum class Drag { kIdle, kMoving, kSizing, kButton, kContent };
   enum class Press { kPassedOver, kOfContent, kOfFrame };
 
+  /// `context` outlives the window.
   SkinnedWindow(const NoteContext& context, const wchar_t* shadowClass)
       : context_(context), shadow_(shadowClass) {}
 
@@ -102,7 +103,7 @@ class SkinnedWindow : public Window {
   /// focus.
   static bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
 
-  const NoteContext context_;
+  const NoteContext& context_;
   std::shared_ptr<const LoadedSkin> skin_;
   SkinView view_;
   NotePlace place_{Rect{}};

@@ -1,15 +1,12 @@
-// What a stack window needs from whoever owns it. It speaks to its owner through this and nothing else.
+// What a stack window tells and asks whoever owns it. What else it needs is in its `NoteContext`.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <vector>
 
-#include "data/options.h"
+#include "base/geometry.h"
+#include "base/text.h"
 #include "note/actions.h"
-#include "note/monitors.h"
-#include "schedule/stack_rules.h"
-#include "skin/win/skin_renderer.h"
 
 namespace jotlets {
 
@@ -34,10 +31,6 @@ class StackOwner {
 
   /// The other windows that this one snaps to: the shown notes, then the other stacks.
   virtual std::vector<Rect> WindowsToSnapTo(const BStackDlg& stack) = 0;
-  virtual const Options& NoteOptions() const = 0;
-  virtual const MonitorSetup& Screens() = 0;
-  virtual std::shared_ptr<const LoadedSkin> StackSkin() = 0;
-  virtual SkinRenderer& Renderer() = 0;
   /// What an empty list says.
   virtual Text EmptyHint() const = 0;
 };

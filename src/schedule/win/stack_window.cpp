@@ -31,7 +31,7 @@ class StackWords final : public SkinWords {
 }  // namespace
 
 bool BStackDlg::CreateWindowFor() {
-  skin_ = owner_.StackSkin();
+  skin_ = context_.skins.OfStack({});
   const Size least = SmallestSize();
   const bool rolled = IsStackRolled(record_.height, RolledHeight());
   const Size size{std::max(record_.width, least.width),
@@ -43,7 +43,7 @@ bool BStackDlg::CreateWindowFor() {
   view_.rolled = rolled;
   place_ = NotePlace(bounds, Dpi());
   ApplySkin();
-  ShowOnScreens(owner_.Screens());
+  ShowOnScreens(context_.screens);
   return true;
 }
 
@@ -115,7 +115,7 @@ void BStackDlg::SetDropTarget(bool target) {
 }
 
 void BStackDlg::RefreshSkin() {
-  skin_ = owner_.StackSkin();
+  skin_ = context_.skins.OfStack({});
   ApplySkin();
 }
 
@@ -161,7 +161,7 @@ void BStackDlg::Draw(HDC dc, const Rect& part) {
   look.dropTarget = dropTarget_;
   const Text hint = members_.empty() ? owner_.EmptyHint() : Text();
   const MemberListInlay inlay(List(), members_, look, hint);
-  context_.renderer.Paint(dc, part, *skin_, view_, words, &inlay);
+  context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, &inlay);
 }
 
 void BStackDlg::OnSize() {
@@ -180,7 +180,7 @@ void BStackDlg::OnFocus(bool gained) {
 // As high as the whole list needs, as far as the screen has room.
 std::int32_t BStackDlg::HeightForList() const {
   const std::int64_t wanted = std::int64_t{skin_->data.top} + skin_->data.bottom + List().Height();
-  return Saturated(std::min<std::int64_t>(wanted, owner_.Screens().virtualScreen.Height() / 2));
+  return Saturated(std::min<std::int64_t>(wanted, context_.screens.virtualScreen.Height() / 2));
 }
 
 StackList BStackDlg::List() const {

@@ -8,6 +8,7 @@
 
 #include "data/stack_record.h"
 #include "note/win/skinned_window.h"
+#include "schedule/stack_rules.h"
 #include "schedule/win/stack_owner.h"
 
 namespace jotlets {
@@ -17,11 +18,9 @@ inline constexpr wchar_t kStackShadowClass[] = L"BraskJotletStackShadow";
 
 class BStackDlg final : public SkinnedWindow {
  public:
-  /// `owner` outlives the stack.
-  BStackDlg(StackOwner& owner, StackRecord record)
-      : SkinnedWindow({owner.NoteOptions(), owner.Screens(), owner.Renderer()}, kStackShadowClass),
-        owner_(owner),
-        record_(std::move(record)) {}
+  /// `owner` and `context` outlive the stack.
+  BStackDlg(StackOwner& owner, const NoteContext& context, StackRecord record)
+      : SkinnedWindow(context, kStackShadowClass), owner_(owner), record_(std::move(record)) {}
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
