@@ -12,6 +12,7 @@
 #include "command/custom_commands.h"
 #include "data/data_file.h"
 #include "data/jotlet_data.h"
+#include "desk/note_lists.h"
 #include "friends/friend_list.h"
 #include "schedule/sleep_times.h"
 
@@ -88,7 +89,6 @@ class CommandHost {
   virtual bool CloseDesktop(TextView id) = 0;
   /// Sends event 502, then deletes an open note; false when it is not there (any more).
   virtual bool DeleteDesktop(TextView id) = 0;
-  enum class Renamed { kYes, kTaken, kNoName, kFailed };
   /// Gives an open note another id, and its content another file.
   virtual Renamed SetDesktopId(TextView id, TextView newId) = 0;
 

@@ -3,7 +3,7 @@
 #include "command/command_table.h"
 #include "command/desktop_commands.h"
 #include "command/desktop_fields.h"
-#include "command/event_table.h"
+#include "desk/note_event.h"
 
 namespace jotlets {
 namespace {
@@ -55,7 +55,7 @@ Text CommandsPage() {
   }
   page.append(u"\n## Events\n\n");
   AppendHead(page, {u"Line", u"Sent when"});
-  for (const EventRow& row : EventRows()) AppendRow(page, {row.line, row.purpose});
+  for (const EventPageRow& row : EventPage()) AppendRow(page, {row.line, row.purpose});
   return page;
 }
 

@@ -36,4 +36,10 @@ class CustomCommands {
   std::vector<CustomCommand> commands_;
 };
 
+/// The entries of both menus.
+struct CustomMenus {
+  CustomCommands ofNotes;
+  CustomCommands ofProgram;
+};
+
 }  // namespace jotlets

@@ -196,10 +196,10 @@ void WriteTransparency(const CommandCall& call, DesktopJotlet& jotlet, TextView 
 void WriteId(const CommandCall& call, DesktopJotlet& jotlet, TextView value) {
   const Text id = jotlet.Record().id;
   switch (call.host.SetDesktopId(id, TrimBlanks(value))) {
-    case CommandHost::Renamed::kYes: SavedOk(call, u"id set"); break;
-    case CommandHost::Renamed::kTaken: call.reply.SendLine(u"996 id already exists"); break;
-    case CommandHost::Renamed::kNoName: call.reply.SendLine(u"997 unable to set id"); break;
-    case CommandHost::Renamed::kFailed: call.reply.SendLine(kProblemSaving); break;
+    case Renamed::kYes: SavedOk(call, u"id set"); break;
+    case Renamed::kTaken: call.reply.SendLine(u"996 id already exists"); break;
+    case Renamed::kNoName: call.reply.SendLine(u"997 unable to set id"); break;
+    case Renamed::kFailed: call.reply.SendLine(kProblemSaving); break;
   }
 }
 

@@ -31,17 +31,7 @@ bool Listeners::IsRegistered(ClientWindow client) const {
                      [client](const Listener& listener) { return listener.client == client; });
 }
 
-void Listeners::Notify(TextView eventText, TextView id) {
-  NotifyText(Text(eventText).append(u" ").append(id));
-}
-
-void Listeners::NotifyMany(TextView eventText, std::span<const Text> ids) {
-  Text line = Text(eventText).append(u" ");
-  for (const Text& id : ids) line.append(id).push_back(u',');
-  NotifyText(line);
-}
-
-void Listeners::NotifyText(TextView text) {
+void Listeners::NotifyListeners(TextView line) {
   // A listener may register, deregister or go away while an event is under way: the list is copied first, and
   // each listener looked up again.
   const std::vector<Listener> now = listeners_;
@@ -51,8 +41,8 @@ void Listeners::NotifyText(TextView text) {
       Deregister(each.client);
       continue;
     }
-    LogSending(log_, text);
-    const Delivery delivery = transport_.Send(each.client, 0, text);
+    LogSending(log_, line);
+    const Delivery delivery = transport_.Send(each.client, 0, line);
     Listener* listener = Find(each.client);
     if (listener == nullptr) continue;
     listener->hungInARow = delivery == Delivery::kHung ? listener->hungInARow + 1 : 0;

@@ -7,6 +7,7 @@
 
 #include "base/log.h"
 #include "base/text.h"
+#include "desk/note_event.h"
 
 namespace jotlets {
 
@@ -28,7 +29,7 @@ class LineTransport {
 /// A client whose window is gone is dropped at the next event. One that hangs holds us up once for the bound
 /// of the transport and is then passed over: `kHungLimit` hung deliveries in a row drop it, so that a dead
 /// program cannot slow every later event down.
-class Listeners {
+class Listeners final : public EventSink {
  public:
   static constexpr int kHungLimit = 2;
   Listeners(LineTransport& transport, Log& log) : transport_(transport), log_(log) {}
@@ -37,12 +38,9 @@ class Listeners {
   bool Deregister(ClientWindow client);  // false: it was not there
   bool IsRegistered(ClientWindow client) const;
 
-  /// The event text, a blank and the note's id.
-  void Notify(TextView eventText, TextView id);
-  /// The event text, a blank and the ids, each followed by a comma.
-  void NotifyMany(TextView eventText, std::span<const Text> ids);
-  /// The text as it is.
-  void NotifyText(TextView text);
+  /// Sends an event to all of them, in the order in which they came.
+  void Send(const NoteEvent& event) override { NotifyListeners(EventLine(event)); }
+  void NotifyListeners(TextView line);
 
  private:
   struct Listener {

@@ -216,12 +216,12 @@ void AppendDataFile(Text& text, const DataFileView& view, RecordLines& lines) {
   }
   for (const Text& line : view.verbatim) text.append(line).push_back(u'\n');
   text.append(u"\n[Deleted jotlets]\n");
-  for (const JotletData& record : view.deleted) {
-    if (record.deletedTime != kNotSet) {
-      AppendInt(text, record.deletedTime);
+  for (const JotletData* record : view.deleted) {
+    if (record->deletedTime != kNotSet) {
+      AppendInt(text, record->deletedTime);
       text.push_back(u'|');
     }
-    lines.Append(text, record, view.rolledHasAltPosition);
+    lines.Append(text, *record, view.rolledHasAltPosition);
     text.push_back(u'\n');
   }
 }

@@ -59,7 +59,7 @@ struct DataFileView {
   std::span<const StackRecord> stacks;
   std::vector<const JotletData*> jotlets;  // desktop, then attached, then sleeping
   std::span<const Text> verbatim;
-  std::span<const JotletData> deleted;
+  std::vector<const JotletData*> deleted;
   bool rolledHasAltPosition = false;
 };
 

@@ -7,19 +7,18 @@
 #include "base/files.h"
 #include "base/log.h"
 #include "data/data_file.h"
+#include "desk/note_lists.h"
 
 namespace jotlets {
 
 struct AdmissionContext {
   Files& files;
   Log& log;
-  TextView folder;          // the data folder
-  const JotletData& blank;  // a `Reset` record
-  FreshId freshId;          // gives ids that are not taken
+  TextView folder;   // the data folder
+  JotletData blank;  // a `Reset` record
+  FreshId freshId;   // gives ids that are not taken
   std::function<bool(TextView id)> isTaken;
 };
-
-enum class NoteList { kDesktop, kSleeping, kAttached, kClosed };
 
 struct AdmittedNote {
   JotletData record;

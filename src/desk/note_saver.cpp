@@ -1,5 +1,6 @@
 #include "desk/note_saver.h"
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -20,21 +21,40 @@ void NoteSaver::RemoveContentLater(const JotletData& record) {
   contentToRemove_.push_back(ContentPath(record));
 }
 
+bool NoteSaver::HasUnsavedContent() const {
+  return std::any_of(lists_.desktop.begin(), lists_.desktop.end(), [this](const auto& record) {
+    return windows_.ContentOf(record->id).HasUnsavedChanges();
+  });
+}
+
+// The first failure counts; the rest is written all the same.
+FileStatus NoteSaver::SaveContents() {
+  FileStatus first;
+  for (const auto& record : lists_.desktop) {
+    const FileStatus saved = windows_.SaveContent(record->id);
+    if (!saved && first) first = saved;
+  }
+  return first;
+}
+
 bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   log_.Write(kLogDetail, u"SaveJotlets started for '", path, u"'");
   FileStatus status;
   if (isMainSave) {
     if (!PutUnreadFileAside()) return false;
-    status = open_.SaveContents(clock_.Now());
+    status = SaveContents();
   }
   DataFileView view;
   view.installId = installId_;
   view.stacks = lists_.stacks;
-  view.jotlets = open_.Records();
+  for (const auto& record : lists_.desktop) {
+    windows_.Sync(record->id);
+    view.jotlets.push_back(record.get());
+  }
   for (const JotletData& record : lists_.attached) view.jotlets.push_back(&record);
   for (const JotletData& record : lists_.sleeping) view.jotlets.push_back(&record);
   view.verbatim = lists_.verbatim;
-  view.deleted = lists_.deleted;
+  for (const JotletData& record : lists_.closed) view.deleted.push_back(&record);
   view.rolledHasAltPosition = options_.rolledHasAltPosition;
   const FileStatus written = SaveDataFile(files_, path, view, lines_);
   if (status) status = written;
@@ -70,7 +90,7 @@ void NoteSaver::RemoveContents(const DataFileView& view) {
   std::set<Text> inUse;
   if (!contentToRemove_.empty()) {
     for (const JotletData* record : view.jotlets) inUse.insert(FoldCase(ContentPath(*record)));
-    for (const JotletData& record : view.deleted) inUse.insert(FoldCase(ContentPath(record)));
+    for (const JotletData* record : view.deleted) inUse.insert(FoldCase(ContentPath(*record)));
   }
   for (const Text& path : std::exchange(contentToRemove_, {})) {
     if (inUse.contains(FoldCase(path))) continue;

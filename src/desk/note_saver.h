@@ -8,27 +8,16 @@
 #include "base/files.h"
 #include "base/log.h"
 #include "data/options.h"
-#include "desk/jotlet_lists.h"
+#include "desk/note_lists.h"
+#include "desk/note_windows.h"
 
 namespace jotlets {
 
-/// What saving needs of the open notes.
-class OpenNotes {
- public:
-  virtual ~OpenNotes() = default;
-  /// Their records, brought up to date with the screen, in list order.
-  virtual std::vector<const JotletData*> Records() = 0;
-  virtual bool HasUnsavedContent() const = 0;
-  /// Writes the content files of the notes whose content has changed; the first failure is returned, the rest
-  /// is written all the same.
-  virtual FileStatus SaveContents(const Moment& now) = 0;
-};
-
 class NoteSaver {
  public:
-  NoteSaver(Files& files, const Clock& clock, Log& log, const Options& options, const JotletLists& lists,
-            OpenNotes& open)
-      : files_(files), clock_(clock), log_(log), options_(options), lists_(lists), open_(open) {}
+  NoteSaver(Files& files, const Clock& clock, Log& log, const Options& options, const NoteLists& lists,
+            NoteWindows& windows)
+      : files_(files), clock_(clock), log_(log), options_(options), lists_(lists), windows_(windows) {}
 
   /// Where the data file lives and whose it is; before this nothing can be saved.
   void SetFolder(TextView dataFolder, TextView installId);
@@ -38,7 +27,7 @@ class NoteSaver {
   void KeepUnreadFile() { unreadFileInPlace_ = true; }
 
   void SetDirty() { dirty_ = true; }
-  bool IsDirty() const { return dirty_ || open_.HasUnsavedContent(); }
+  bool IsDirty() const { return dirty_ || HasUnsavedContent(); }
 
   /// A content file to be removed with the next successful save: until then the data file on disk may still
   /// name it.
@@ -54,6 +43,8 @@ class NoteSaver {
   Text MainPath() const;
 
  private:
+  bool HasUnsavedContent() const;
+  FileStatus SaveContents();
   bool PutUnreadFileAside();
   void RemoveContents(const DataFileView& view);
 
@@ -61,8 +52,8 @@ class NoteSaver {
   const Clock& clock_;
   Log& log_;
   const Options& options_;
-  const JotletLists& lists_;
-  OpenNotes& open_;
+  const NoteLists& lists_;
+  NoteWindows& windows_;
   Text folder_;
   Text installId_;
   std::vector<Text> contentToRemove_;

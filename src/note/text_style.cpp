@@ -109,10 +109,4 @@ TextStyle SavedTextStyle(const Options& options, std::size_t number) {
   return number < options.styles.size() ? ParseTextStyle(options.styles[number]) : TextStyle();
 }
 
-void SaveTextStyle(Options& options, std::size_t number, const TextStyle& style) {
-  if (number >= kTextStyles) return;
-  if (options.styles.size() <= number) options.styles.resize(number + 1);
-  options.styles[number] = ComposeTextStyle(style);
-}
-
 }  // namespace jotlets

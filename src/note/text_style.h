@@ -56,7 +56,4 @@ Text ComposeTextStyle(const TextStyle& style);
 /// The style that the options keep under a number; not set when they have none there.
 TextStyle SavedTextStyle(const Options& options, std::size_t number);
 
-/// Keeps a style under one of the ten numbers; any other number does nothing.
-void SaveTextStyle(Options& options, std::size_t number, const TextStyle& style);
-
 }  // namespace jotlets

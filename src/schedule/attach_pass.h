@@ -25,6 +25,13 @@ struct WindowFacts {
   Rect bounds;  // where it would be restored to while it is minimised
 };
 
+/// The windows of other programs, from the topmost down.
+class WindowWatcher {
+ public:
+  virtual ~WindowWatcher() = default;
+  virtual std::vector<WindowFacts> Look() = 0;
+};
+
 /// What a note's patterns and requirements find among the windows.
 struct AttachMatch {
   std::optional<std::size_t> target;  // the uppermost visible window that matches

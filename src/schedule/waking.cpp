@@ -29,7 +29,7 @@ bool IsAlarmDue(const JotletData& record, std::int64_t now) {
 }
 
 template <typename Due>
-std::vector<Text> IdsWhere(const SleepingList& records, Due due) {
+std::vector<Text> IdsWhere(const RecordList& records, Due due) {
   std::vector<Text> ids;
   for (const JotletData& record : records) {
     if (due(record)) ids.push_back(record.id);
@@ -74,88 +74,57 @@ void Waking::WakeSleeping() {
   if (now < holdUntil_ && now >= holdUntil_ - kHold) return;
   FindEarliest();
   if (earliestWake_ > now) return;
-  bool changed = false;
   for (const Text& id : IdsWhere(sleeping_, [now](const auto& r) { return WakeTimeOf(r) <= now; })) {
-    const Outcome outcome = WakeDue(id, now);
-    if (outcome == Outcome::kNoWindow) {
-      holdUntil_ = now + kHold;
-      break;
-    }
-    changed = changed || outcome != Outcome::kAsleep;
+    if (WakeDue(id, now) != Outcome::kNoWindow) continue;
+    holdUntil_ = now + kHold;
+    break;
   }
   if (std::exchange(soundDue_, false)) host_.PlayWakeSound();
-  if (changed) host_.OnListsChanged();
 }
 
 bool Waking::WakeSleeping(TextView id) {
   if (!enabled_ || sleeping_.Find(id) == nullptr) return false;
   const bool woken = WakeForGood(Text(id), clock_.Now().utc) == Outcome::kWoken;
   if (std::exchange(soundDue_, false)) host_.PlayWakeSound();
-  if (woken) host_.OnListsChanged();
   return woken;
 }
 
 // Meanwhile a listener may have taken it away, or changed it.
 Waking::Outcome Waking::WakeDue(const Text& id, std::int64_t now) {
-  const JotletData* record = std::as_const(sleeping_).Find(id);
+  const JotletData* record = sleeping_.Find(id);
   if (record == nullptr || WakeTimeOf(*record) > now) return Outcome::kAsleep;
   return record->sleep.recurring ? WakeRecurring(id, now) : WakeForGood(id, now);
 }
 
 Waking::Outcome Waking::WakeForGood(const Text& id, std::int64_t now) {
-  const JotletData* asleep = std::as_const(sleeping_).Find(id);
+  const JotletData* asleep = sleeping_.Find(id);
   if (asleep == nullptr || HasEnded(*asleep, now)) return Outcome::kAsleep;
   LogWaking(*asleep, now);
-  JotletData record = *sleeping_.Remove(id);
-  const JotletData kept = record;
-  record.sleep.asleep = record.sleep.recurring = false;
-  const WakeFlags flags = FlagsOf(record);
-  if (!host_.Wake(std::move(record), u"waking", flags)) {
-    sleeping_.push_back(kept);
-    return Outcome::kNoWindow;
-  }
+  const WakeFlags flags = FlagsOf(*asleep);
+  if (!host_.Wake(id, flags)) return Outcome::kNoWindow;
   soundDue_ = soundDue_ || flags.sound;
   return Outcome::kWoken;
 }
 
 Waking::Outcome Waking::WakeRecurring(const Text& id, std::int64_t now) {
-  const JotletData source = *std::as_const(sleeping_).Find(id);
+  const JotletData source = *sleeping_.Find(id);
   const bool suppressed =
       (options_.preventDuplicates == 1 && host_.HasCopyOf(source)) || HasEnded(source, now);
   if (!suppressed) {
     LogWaking(source, now);
-    JotletData copy = source;
-    copy.id = host_.NewJotletId();
-    copy.fromRecurring = source.id;
-    copy.sleep.asleep = copy.sleep.recurring = false;
-    CopyContentOf(source, copy);
     const WakeFlags flags = FlagsOf(source);
-    if (!host_.Wake(copy, u"recurring", flags)) {
-      host_.ForgetContent(copy);
-      return Outcome::kNoWindow;
-    }
+    if (!host_.WakeCopy(source, flags)) return Outcome::kNoWindow;
     soundDue_ = soundDue_ || flags.sound;
   }
   Advance(id, now);
-  return suppressed ? Outcome::kAdvanced : Outcome::kWoken;
-}
-
-void Waking::CopyContentOf(const JotletData& source, const JotletData& copy) {
-  const FileStatus copied = host_.CopyContent(source, copy);
-  if (!copied) {
-    log_.Write(kLogLifecycle, u"Unable to copy the content of jotlet ", source.id, u": ", copied.reason);
-  }
+  return suppressed ? Outcome::kAsleep : Outcome::kWoken;
 }
 
 void Waking::Advance(const Text& id, std::int64_t now) {
-  const JotletData* source = std::as_const(sleeping_).Find(id);
+  const JotletData* source = sleeping_.Find(id);
   if (source == nullptr || !source->sleep.recurring) return;
-  if (HasEnded(*source, now)) {
-    if (const auto finished = sleeping_.Remove(id)) host_.ForgetContent(*finished);
-    return;
-  }
-  JotletData& waiting = *sleeping_.FindToChange(id);
-  waiting.sleep.nextWake = TimeAfter(RuleOf(waiting), waiting.sleep.nextWake, now, clock_);
+  if (HasEnded(*source, now)) return host_.RemoveFinished(id);
+  host_.SetNextWake(id, TimeAfter(RuleOf(*source), source->sleep.nextWake, now, clock_));
 }
 
 void Waking::LogWaking(const JotletData& record, std::int64_t now) {

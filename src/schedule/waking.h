@@ -8,7 +8,7 @@
 #include "base/files.h"
 #include "base/log.h"
 #include "data/options.h"
-#include "data/sleeping_list.h"
+#include "data/record_list.h"
 #include "schedule/sleep_times.h"
 
 namespace jotlets {
@@ -18,24 +18,23 @@ class WakeHost {
  public:
   virtual ~WakeHost() = default;
 
-  /// Puts a note on the desktop, where it can be seen and without taking the keyboard focus from anyone, and
-  /// does what `flags` ask for but the sound. False when it has no window: the note is not there then.
-  virtual bool Wake(JotletData record, TextView reason, const WakeFlags& flags) = 0;
+  /// Puts a sleeping note on the desktop, where it can be seen and without taking the keyboard focus from
+  /// anyone, and does what `flags` ask for but the sound. False when it gets no window and sleeps on.
+  virtual bool Wake(TextView id, const WakeFlags& flags) = 0;
+  /// The same with a copy of a recurring note, which sleeps on.
+  virtual bool WakeCopy(const JotletData& source, const WakeFlags& flags) = 0;
   /// Whether the desktop has an untouched copy of a recurring note.
   virtual bool HasCopyOf(const JotletData& source) = 0;
-  virtual Text NewJotletId() = 0;
-  /// Copies the content file of one note for another.
-  virtual FileStatus CopyContent(const JotletData& from, const JotletData& to) = 0;
-  /// A note is gone for good, and its content file with it.
-  virtual void ForgetContent(const JotletData& record) = 0;
+  /// When a recurring note comes next.
+  virtual void SetNextWake(TextView id, std::int32_t time) = 0;
+  /// A recurrence has ended: the note is deleted for good.
+  virtual void RemoveFinished(TextView id) = 0;
 
   /// Starts the alarms of the notes on the desktop, in list order, that are due before `now`.
   virtual void StartDueAlarms(std::int64_t now) = 0;
 
   virtual void PlayWakeSound() = 0;
   virtual void StopSounds() = 0;
-  /// Notes have come, gone or changed among the sleeping and the open ones.
-  virtual void OnListsChanged() = 0;
   /// A time in the user's own form.
   virtual Text ShownTime(std::int32_t utc) = 0;
 };
@@ -46,7 +45,7 @@ bool IsUntouchedCopy(const JotletData& note, const JotletData& source);
 
 class Waking {
  public:
-  Waking(SleepingList& sleeping, WakeHost& host, const Clock& clock, Log& log, const Options& options)
+  Waking(const RecordList& sleeping, WakeHost& host, const Clock& clock, Log& log, const Options& options)
       : sleeping_(sleeping), host_(host), clock_(clock), log_(log), options_(options) {}
 
   /// The notes can be woken from now on, or, while the program must hold still, cannot.
@@ -61,18 +60,17 @@ class Waking {
   void CheckAlarms();
 
  private:
-  enum class Outcome { kAsleep, kAdvanced, kWoken, kNoWindow };
+  enum class Outcome { kAsleep, kWoken, kNoWindow };
 
   void FindEarliest();
   Outcome WakeDue(const Text& id, std::int64_t now);
   Outcome WakeRecurring(const Text& id, std::int64_t now);
   Outcome WakeForGood(const Text& id, std::int64_t now);
-  void CopyContentOf(const JotletData& source, const JotletData& copy);
   void Advance(const Text& id, std::int64_t now);
   void LogWaking(const JotletData& record, std::int64_t now);
   void TellFault(const JotletData& record);
 
-  SleepingList& sleeping_;
+  const RecordList& sleeping_;
   WakeHost& host_;
   const Clock& clock_;
   Log& log_;

@@ -43,7 +43,7 @@ Text MakeFolder(int closed) {
   }
   DataFileView view;
   view.installId = u"BENCH";
-  view.deleted = records;
+  for (const JotletData& gone : records) view.deleted.push_back(&gone);
   files.Write(folder + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
   files.Write(
       folder + Text(kOptionsFileName),

@@ -39,6 +39,9 @@ class RunningSubject {
   /// Starts it and waits until it answers and shows its notes: nothing when it does not.
   static std::optional<RunningSubject> Start(const Subject& subject, int notes);
   RunningSubject(RunningSubject&&) = default;
+  RunningSubject& operator=(RunningSubject&&) = delete;
+  RunningSubject(const RunningSubject&) = delete;
+  RunningSubject& operator=(const RunningSubject&) = delete;
   ~RunningSubject();
 
   const Subject& What() const { return *subject_; }

@@ -13,9 +13,8 @@ DataFile Parse(std::string_view bytes) {
 }
 
 std::string Compose(const DataFile& file) {
-  std::vector<JotletData> deleted;
-  for (const FiledJotlet& jotlet : file.deleted) deleted.push_back(jotlet.record);
-  DataFileView view{file.installId, file.stacks, {}, file.verbatim, deleted, true};
+  DataFileView view{file.installId, file.stacks, {}, file.verbatim, {}, true};
+  for (const FiledJotlet& jotlet : file.deleted) view.deleted.push_back(&jotlet.record);
   for (const FiledJotlet& jotlet : file.jotlets) view.jotlets.push_back(&jotlet.record);
   return EncodeTextFile(ComposeDataFile(view));
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/jotlet_lists.h"
+#include "data/record_list.h"
 #include "fakes.h"
 
 namespace jotlets {
@@ -30,7 +30,7 @@ TEST(DataFile, IsWrittenInItsOrderAndReadBack) {
   deleted[0].deletedTime = 1400000000;
   const std::vector<StackRecord> stacks = {ParseStackLine(u"<X>5<ID>4<TITLE>Work", 1)};
   const std::vector<Text> verbatim = {u"kept as it is", u"two:3"};
-  const Text text = ComposeDataFile({u"ME", stacks, {&a, &b}, verbatim, deleted, false});
+  const Text text = ComposeDataFile({u"ME", stacks, {&a, &b}, verbatim, {&deleted[0], &deleted[1]}, false});
   EXPECT_EQ(text, u"[Options]\niniver=3\nVersion=Jotlets v8.0c\nID=ME\n\n[Stacks]\n" +
                       MakeStackLine(stacks[0]) + u"\n\n[Jotlets]\n" + MakeJotletLine(a, false) + u"\n" +
                       MakeJotletLine(b, false) + u"\nkept as it is\ntwo:3\n\n[Deleted jotlets]\n1400000000|" +
@@ -149,40 +149,6 @@ TEST(ACutFile, IsToldByItsLastRecordLine) {
     EXPECT_FALSE(Parse(whole).cut);
 }
 
-TEST(Lists, TakeEachNoteByItsState) {
-  JotletLists lists;
-  const auto desktop =
-      lists.Take(Parse(u"[Stacks]\n<ID>9\n[Jotlets]\nkept\n<ID>A<RTF>\n<ID>B<ATTACHCLASS>c<RTF>\n"
-                       u"<ID>C<SLEEPING>1<ATTACHCLASS>c<RTF>\n[Deleted jotlets]\n<ID>D<RTF>\n"));
-  EXPECT_EQ(IdsOf(desktop), std::vector<Text>{u"A"});
-  EXPECT_EQ(IdsOf(lists.attached), std::vector<Text>{u"B"});
-  EXPECT_EQ(IdsOf(lists.sleeping), std::vector<Text>{u"C"});
-  EXPECT_EQ(IdsOf(lists.deleted), std::vector<Text>{u"D"});
-  EXPECT_TRUE(lists.verbatim.size() == 1 && lists.stacks.size() == 1);
-  EXPECT_TRUE(lists.Holds(u"b") && lists.Holds(u"c") && lists.Holds(u"d") && !lists.Holds(u"A"));
-}
-
-TEST(Lists, NoNoteStaysHiddenInAStackThatIsGone) {
-  JotletLists lists;
-  lists.Take(
-      Parse(u"[Jotlets]\n<ID>A<STACK>1<HIDDEN><ATTACHCLASS>c<RTF>\n<ID>B<STACK>1<HIDDEN><SLEEPING>1<RTF>\n"
-            u"<ID>C<STACK>2<HIDDEN><SLEEPING>1<RTF>\n"));
-  lists.LeaveStack(1);
-  EXPECT_TRUE(lists.attached[0].stack == kNone && !lists.attached[0].hidden);
-  const auto& sleeping = std::as_const(lists.sleeping);
-  EXPECT_TRUE(sleeping.Find(u"B")->stack == kNone && !sleeping.Find(u"B")->hidden);
-  EXPECT_TRUE(sleeping.Find(u"C")->stack == 2 && sleeping.Find(u"C")->hidden);
-}
-
-TEST(Lists, KeepTheLatestClosedNotes) {
-  JotletLists lists;
-  EXPECT_TRUE(lists.AddClosed(Note(u"A"), 5, 2).empty() && lists.AddClosed(Note(u"B"), 6, 2).empty());
-  EXPECT_EQ(IdsOf(lists.AddClosed(Note(u"C"), 7, 2)), std::vector<Text>{u"A"});
-  EXPECT_EQ(IdsOf(lists.deleted), (std::vector<Text>{u"C", u"B"}));
-  EXPECT_EQ(lists.deleted[0].deletedTime, 7);
-  EXPECT_EQ(lists.AddClosed(Note(u"D"), 8, -1).size(), 3u);
-}
-
 TEST(RecordLines, AreNeverOlderThanTheirRecords) {
   std::vector<JotletData> records(4);
   for (std::size_t i = 0; i < records.size(); ++i) records[i].id = u"R" + IntText(static_cast<int>(i));
@@ -191,7 +157,7 @@ TEST(RecordLines, AreNeverOlderThanTheirRecords) {
   const auto expectSame = [&](bool alt = false) {
     DataFileView view{u"ME", {}, {}, {}, {}, alt};
     for (const JotletData& record : records) view.jotlets.push_back(&record);
-    view.deleted = std::span(records).subspan(0, 1);
+    view.deleted = {&records.front()};
     Text text;
     AppendDataFile(text, view, lines);
     EXPECT_EQ(text, ComposeDataFile(view));

@@ -25,7 +25,7 @@
 #include "command/reply_channel.h"
 #include "data/jotlet_id.h"
 #include "data/jotlet_line.h"
-#include "desk/jotlet_lists.h"
+#include "data/record_list.h"
 
 namespace jotlets {
 
@@ -158,7 +158,7 @@ class FakeFiles final : public Files {
   FileStatus Copy(TextView from, TextView to) override {
     if (!IsFile(from)) return FileStatus::Failed(u"no such file");
     if (unreadable.contains(FoldCase(from))) return FileStatus::Failed(u"locked");
-    const FileStatus status = Change(to, [&] { Put(to, Get(from)); });
+    FileStatus status = Change(to, [&] { Put(to, Get(from)); });
     if (onCopy) onCopy(to);
     return status;
   }
@@ -316,8 +316,8 @@ class FakeProgram final : public CommandHost {
   FakeTransport transport;
   Listeners listeners{transport, log};
   std::vector<std::unique_ptr<FakeJotlet>> notes;
-  std::vector<JotletData> attached, closed;
-  SleepingList sleeping;
+  RecordList attached, closed;
+  RecordList sleeping;
   std::vector<Text> journal;
   std::vector<std::int32_t> stacks;
   StackRecord stack;
@@ -363,13 +363,8 @@ class FakeProgram final : public CommandHost {
     for (const auto& note : notes) ids.push_back(note->record.id);
     return ids;
   }
-  static const JotletData* Find(const std::vector<JotletData>& records, TextView id) {
-    const auto found = std::find_if(records.begin(), records.end(),
-                                    [id](const JotletData& r) { return EqualIgnoreCase(r.id, id); });
-    return found == records.end() ? nullptr : &*found;
-  }
-  const JotletData* FindAttached(TextView id) override { return Find(attached, id); }
-  const JotletData* FindClosed(TextView id) override { return Find(closed, id); }
+  const JotletData* FindAttached(TextView id) override { return std::as_const(attached).Find(id); }
+  const JotletData* FindClosed(TextView id) override { return std::as_const(closed).Find(id); }
   Text DesktopOfWindow(std::int64_t handle) override {
     return handle == 65812 && !notes.empty() ? notes.front()->record.id : Text();
   }
@@ -382,9 +377,9 @@ class FakeProgram final : public CommandHost {
   }
   Text CreateDesktop(TextView text) override {
     if (!works) return {};
-    const Text id = u"NEW" + IntText(++created);
+    Text id = u"NEW" + IntText(++created);
     Add(id).text = text;
-    listeners.Notify(u"500 created desktop jotlet api", id);
+    listeners.Send({EventKind::kCreated, Reason::kApi, {id}, {}});
     return id;
   }
   Pasted CreateFromClipboard(Paste what) override {
@@ -408,11 +403,11 @@ class FakeProgram final : public CommandHost {
   }
   bool CloseDesktop(TextView id) override {
     if (!works || std::erase_if(notes, Has(id)) == 0) return false;
-    listeners.Notify(u"501 closed desktop jotlet api", id);
+    listeners.Send({EventKind::kClosed, Reason::kApi, {Text(id)}, {}});
     return true;
   }
   bool DeleteDesktop(TextView id) override {
-    listeners.Notify(u"502 deleted desktop jotlet api", id);
+    listeners.Send({EventKind::kDeleted, Reason::kApi, {Text(id)}, {}});
     return std::erase_if(notes, Has(id)) > 0;
   }
   Text ContentForTransfer(const JotletData&) override { return u"{\\rtf1 a\r\nb}"; }
@@ -465,7 +460,9 @@ class FakeProgram final : public CommandHost {
   LocalTime ToLocal(std::int32_t utc) override { return FakeClock().ToLocal(utc); }
   const FriendList& Friends() override { return friends; }
   CustomCommands& CustomMenu(MenuKind kind) override { return menus[kind == MenuKind::kOfNotes ? 0 : 1]; }
-  void NotifyMoved(TextView id) override { listeners.Notify(u"509 desktop jotlet moved", id); }
+  void NotifyMoved(TextView id) override {
+    listeners.Send({EventKind::kMoved, Reason::kNotGiven, {Text(id)}, {}});
+  }
   bool RolledHasAltPosition() const override { return false; }
   Text DataPath() const override { return u"C:\\data\\"; }
   Text UniqueId() const override { return u"INSTALL"; }

@@ -136,10 +136,11 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   const auto record = [](TextView id) {
     JotletData made;
     made.id = id;
-    return std::vector<JotletData>{made};
+    return made;
   };
-  program.sleeping.push_back(record(u"e")[0]);
-  program.attached = record(u"d"), program.closed = record(u"f");
+  program.sleeping.push_back(record(u"e"));
+  program.attached.push_back(record(u"d"));
+  program.closed.push_back(record(u"f"));
   program.stacks = {2, 11};
   EXPECT_EQ(Reply(u"get list desktop"), u"001 a,b,c,");
   EXPECT_EQ(Reply(u"get list attached"), u"001 d,");
@@ -147,9 +148,9 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list closed"), u"001 f,");
   EXPECT_EQ(Reply(u"get list stacks"), u"001 2,11,");
   EXPECT_EQ(Reply(u"get list stored work"), u"001 ");
-  program.closed[0].deletedTime = 77;
+  program.closed.FindToChange(u"f")->deletedTime = 77;
   EXPECT_EQ(Reply(u"get closed F encoded"),
-            u"001 <CLOSED>77" + MakeJotletLine(program.closed[0], false) + u"<RTF>{\\rtf1 a^Mb}");
+            u"001 <CLOSED>77" + MakeJotletLine(program.closed.back(), false) + u"<RTF>{\\rtf1 a^Mb}");
   EXPECT_EQ(Reply(u"get closed F title"), u"999 Not understood");
   EXPECT_EQ(Reply(u"get closed d encoded"), u"998 closed jotlet not found");
 }
@@ -158,7 +159,7 @@ TEST_F(Commands, ReadWaitingNotesAndStacks) {
   JotletData waiting;
   waiting.id = u"w1";
   waiting.attachment.className = u"Pad";
-  program.attached = {waiting};
+  program.attached.push_back(waiting);
   EXPECT_EQ(Reply(u"GET ATTACHED W1 Encoded "),
             u"001 " + MakeJotletLine(waiting, false) + u"<RTF>{\\rtf1 a^Mb}");
   program.stack = {0, 0, 0, 0, 12, 0, u"Hi"};
@@ -311,12 +312,13 @@ TEST_F(Commands, ExamplesOfTheTableAreUnderstood) {
     FakeProgram fresh;
     fresh.manageOpen = false;
     fresh.Add(u"A1");
-    fresh.closed.emplace_back().id = u"C1";
-    fresh.attached.emplace_back().id = u"T1";
     fresh.stack.number = 1;
-    JotletData asleep;
-    asleep.id = u"S1";
-    fresh.sleeping.push_back(asleep);
+    JotletData note;
+    for (auto [list, id] :
+         {std::pair{&fresh.closed, u"C1"}, {&fresh.attached, u"T1"}, {&fresh.sleeping, u"S1"}}) {
+      note.id = id;
+      list->push_back(note);
+    }
     const Text reply = fresh.Reply(row.example);
     EXPECT_TRUE(StartsWithIgnoreCase(row.example, row.keyword)) << ToUtf8(row.example);
     EXPECT_FALSE(reply.starts_with(u"999") || reply.starts_with(u"998")) << ToUtf8(row.example);

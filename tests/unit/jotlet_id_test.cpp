@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "data/record_index.h"
-
 namespace jotlets {
 namespace {
 
@@ -32,21 +30,6 @@ TEST(FileName, IsRefusedWhenItLeavesItsFolderOrNamesADevice) {
   }
   EXPECT_FALSE(IsPlainFileName(TextView(u"a\0b", 3)));
   EXPECT_FALSE(IsPlainFileName(Text(300, u'x')));
-}
-
-TEST(RecordIndex, FollowsAListThatChangesWithoutTellingIt) {
-  std::vector<JotletData> records(3);
-  records[0].id = u"A", records[1].id = u"b", records[2].id = u"\u00C4";
-  RecordIndex index;
-  EXPECT_EQ(index.Find(records, u"B"), &records[1]);
-  EXPECT_EQ(index.Find(records, u"\u00E4"), &records[2]);
-  records.erase(records.begin());
-  EXPECT_EQ(index.Find(records, u"b"), &records[0]);
-  EXPECT_EQ(index.Find(records, u"A"), nullptr);
-  records[0].id = u"C";
-  EXPECT_EQ(index.Find(records, u"b"), nullptr);
-  EXPECT_EQ(index.Find(records, u"c"), &records[0]);
-  EXPECT_EQ(index.Find({}, u"c"), nullptr);
 }
 
 }  // namespace

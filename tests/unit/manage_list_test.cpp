@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "desk/jotlet_lists.h"
+#include "data/record_list.h"
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
 
@@ -174,14 +174,6 @@ TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
   EXPECT_FALSE(IsEnabled(ManageAction::kDelete, {ManageView::kClosed, 0, true, true}));
   EXPECT_EQ(DefaultAction(ManageView::kAttached), std::nullopt);
   EXPECT_EQ(DefaultAction(ManageView::kClosed), ManageAction::kRestore);
-}
-
-TEST(JotletListsTest, TakesClosedNotesByTheirIds) {
-  JotletLists lists;
-  for (const TextView id : {u"A1", u"B2", u"C3"}) lists.deleted.emplace_back().id = id;
-  const std::vector<JotletData> taken = lists.TakeClosed({u"c3", u"none", u"A1"});
-  EXPECT_EQ(IdsOf(taken), (std::vector<Text>{u"A1", u"C3"}));
-  EXPECT_EQ(IdsOf(lists.deleted), std::vector<Text>{u"B2"});
 }
 
 }  // namespace

@@ -3,25 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "data/text_file.h"
-#include "fakes.h"
+#include "fake_desk.h"
 
 namespace jotlets {
 namespace {
-
-class FakeOpenNotes final : public OpenNotes {
- public:
-  std::vector<JotletData> notes;
-  bool unsaved = false;
-  FileStatus contents;
-
-  std::vector<const JotletData*> Records() override {
-    std::vector<const JotletData*> records;
-    for (const JotletData& note : notes) records.push_back(&note);
-    return records;
-  }
-  bool HasUnsavedContent() const override { return unsaved; }
-  FileStatus SaveContents(const Moment&) override { return contents; }
-};
 
 JotletData Note(TextView id) {
   JotletData record;
@@ -46,15 +31,20 @@ class Saving : public testing::Test {
   FakeClock clock;
   FakeLog log;
   Options options;
-  JotletLists lists;
-  FakeOpenNotes open;
-  NoteSaver saver{files, clock, log, options, lists, open};
+  // Opens a note, as the desk does.
+  void Open(TextView id) {
+    lists.desktop.Add(std::make_shared<JotletData>(Note(id)));
+    windows.Open(*lists.desktop.begin());
+  }
+  NoteLists lists;
+  FakeWindows windows{files};
+  NoteSaver saver{files, clock, log, options, lists, windows};
 };
 
 TEST_F(Saving, WritesOpenThenAttachedThenSleepingNotes) {
   lists.sleeping.push_back(Note(u"C"));
-  lists.attached = {Note(u"B")};
-  open.notes = {Note(u"A")};
+  lists.attached.push_back(Note(u"B"));
+  Open(u"A");
   EXPECT_TRUE(saver.SaveIfDirty());
   EXPECT_TRUE(files.Paths().empty());
   saver.SetDirty();
@@ -62,7 +52,7 @@ TEST_F(Saving, WritesOpenThenAttachedThenSleepingNotes) {
   EXPECT_EQ(Saved(), u"A B C ");
   EXPECT_EQ(log.lines,
             (std::vector<Text>{u"SaveJotlets started for 'D:\\jotlets.ini'", u"SaveJotlets completed OK"}));
-  open.unsaved = true;
+  windows.Type(u"A", u"more");
   EXPECT_TRUE(saver.IsDirty());
 }
 
@@ -81,17 +71,19 @@ TEST_F(Saving, AFailureKeepsEverythingForTheNextTime) {
   saver.SetDirty();
   files.changesUntilFailure = 0;
   EXPECT_FALSE(saver.SaveIfDirty());
-  open.contents = FileStatus::Failed(u"no room");
+  Open(u"A");
+  windows.Type(u"A", u"more");
+  files.unchangeable.insert(u"d:\\rtf\\a.rtf");
   EXPECT_FALSE(saver.SaveIfDirty());
-  EXPECT_TRUE(saver.IsDirty() && files.Exists(u"D:\\rtf\\X.rtf") && log.Holds(u"disk full") &&
-              log.Holds(u"no room"));
-  open.contents = {};
+  EXPECT_TRUE(saver.IsDirty() && files.Exists(u"D:\\rtf\\X.rtf") && log.Holds(u"disk full"));
+  files.unchangeable.clear();
   EXPECT_TRUE(saver.SaveIfDirty() && !saver.IsDirty() && !files.Exists(u"D:\\rtf\\X.rtf"));
   files.Put(u"D:\\rtf\\X.rtf", "");  // a later note of that id keeps its content
   files.Put(u"D:\\rtf\\Y.rtf", "");
   for (const TextView gone : {u"x", u"Y"}) saver.RemoveContentLater(Note(gone));
-  open.notes = {Note(u"X")};
-  lists.deleted = {Note(u"y")};
+  lists.desktop.Remove(u"A");
+  Open(u"X");
+  lists.closed.push_back(Note(u"y"));
   EXPECT_TRUE(saver.SaveJotlets(saver.MainPath(), true) && files.Exists(u"D:\\rtf\\X.rtf") &&
               files.Exists(u"D:\\rtf\\Y.rtf"));
 }

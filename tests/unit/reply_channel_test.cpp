@@ -12,7 +12,7 @@ class Events : public testing::Test {
   // The clients that got the last lines, in order.
   std::vector<ClientWindow> SentTo(TextView event = u"x") {
     transport.sent.clear();
-    listeners.NotifyText(event);
+    listeners.NotifyListeners(event);
     std::vector<ClientWindow> clients;
     for (const auto& sent : transport.sent) clients.push_back(sent.client);
     return clients;
@@ -38,9 +38,9 @@ TEST_F(Events, GoToEveryListenerInOrderOfRegistration) {
 
 TEST_F(Events, HaveTheirFormAndNoTag) {
   listeners.Register(5);
-  listeners.Notify(u"500 created desktop jotlet ", u"A");
-  listeners.NotifyMany(u"509 desktop jotlet moved", std::vector<Text>{u"A", u"B"});
-  listeners.NotifyText(u"503 jotlets is exiting, so long");
+  listeners.Send({EventKind::kCreated, Reason::kNotGiven, {u"A"}, {}});
+  listeners.Send({EventKind::kMoved, Reason::kNotGiven, {u"A", u"B"}, {}});
+  listeners.Send({EventKind::kExiting});
   EXPECT_EQ(transport.sent, (std::vector<FakeTransport::Sent>{{5, 0, u"500 created desktop jotlet  A"},
                                                               {5, 0, u"509 desktop jotlet moved A,B,"},
                                                               {5, 0, u"503 jotlets is exiting, so long"}}));
@@ -83,9 +83,9 @@ TEST_F(Events, ListenersMayComeAndGoFromInsideAnEvent) {
 TEST_F(Events, AnEventInsideAnEventReachesEveryoneOnce) {
   for (const ClientWindow client : {1u, 2u}) listeners.Register(client);
   transport.onSend = [this](ClientWindow client, TextView line) {
-    if (client == 1 && line == u"outer") listeners.NotifyText(u"inner");
+    if (client == 1 && line == u"outer") listeners.NotifyListeners(u"inner");
   };
-  listeners.NotifyText(u"outer");
+  listeners.NotifyListeners(u"outer");
   Text order;
   for (const auto& sent : transport.sent)
     order.append(sent.line).append(IntText(static_cast<int>(sent.client))).push_back(u' ');

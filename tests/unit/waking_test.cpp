@@ -2,32 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/jotlet_lists.h"
-#include "fakes.h"
+#include "fake_desk.h"
 #include "schedule/alarm.h"
 
 namespace jotlets {
 namespace {
 
-// A desktop on which everything is written down in the order in which it happens.
-class FakeDesktop final : public WakeHost {
- public:
-  SleepingList sleeping;
-  FakeClock clock;
-  FakeLog log;
-  Options options;
-  Waking waking{sleeping, *this, clock, log, options};
-  std::vector<JotletData> notes;
-  std::vector<Text> journal;
-  bool hasWindows = true, hasCopy = false, diskFull = false;
-  int ids = 0, windowsTried = 0;
-  std::function<void()> onWake;
-
-  FakeDesktop() { waking.Enable(true); }
-  std::int32_t Now() const { return static_cast<std::int32_t>(clock.now.utc); }
+class Waking : public testing::Test, public FakeDesk {
+ protected:
   JotletData Note(TextView id, std::int32_t fromNow, std::int32_t flags = 0) const {
     JotletData record;
     record.id = id, record.title = Text(u"about ").append(id);
+    record.x = record.y = 9;
     PutToSleep(record, Now() + fromNow, {});
     record.sleep.flags = flags;
     return record;
@@ -35,211 +21,193 @@ class FakeDesktop final : public WakeHost {
   JotletData Source(TextView id, WakeRule rule, std::int32_t fromNow, std::int32_t end = kNone) const {
     JotletData record;
     record.id = id;
+    record.x = record.y = 9;
+    record.width = record.height = 200;
     MakeRecurring(record, rule, Now() + fromNow, end, {});
     return record;
   }
-  std::vector<Text> TakeJournal() { return std::exchange(journal, {}); }
-  std::vector<Text> AfterWaking() {
-    waking.WakeSleeping();
-    return TakeJournal();
+  /// Puts a note to sleep, with a content file.
+  void Asleep(const JotletData& record) {
+    files.Put(Text(kFolder) + ContentPath(record), "{\\rtf1 " + ToUtf8(record.id) + "}");
+    DataFile file;
+    file.jotlets.push_back({record, {}});
+    desk.Load(std::move(file));
   }
-
-  bool Wake(JotletData record, TextView reason, const WakeFlags& flags) override {
-    ++windowsTried;
-    if (!hasWindows) return false;
-    EXPECT_FALSE(record.sleep.asleep || record.sleep.recurring);
-    journal.push_back(Text(reason) + u" " + record.id + (flags.alarm ? u" alarm" : u"") +
-                      (flags.onTop ? u" top" : u""));
-    notes.push_back(std::move(record));
-    if (onWake) onWake();
-    return true;
-  }
-  bool HasCopyOf(const JotletData&) override { return hasCopy; }
-  Text NewJotletId() override { return u"COPY" + IntText(++ids); }
-  FileStatus CopyContent(const JotletData& from, const JotletData& to) override {
-    journal.push_back(from.id + u" to " + to.id);
-    return diskFull ? FileStatus::Failed(u"disk full") : FileStatus();
-  }
-  void ForgetContent(const JotletData& record) override { journal.push_back(u"forget " + record.id); }
-  void StartDueAlarms(std::int64_t now) override {
-    for (JotletData& note : notes) {
-      if (note.alarm == kNone || note.alarm >= now) continue;
-      note.alarm = kNone;
-      journal.push_back(u"sounds " + note.id);
+  const RecordList& Sleeping() const { return Lists().sleeping; }
+  // What came: windows that show are left out, copies are named for their source.
+  std::vector<Text> Journal() {
+    std::vector<Text> lines;
+    for (Text line : TakeJournal()) {
+      if (line.starts_with(u"show ")) continue;
+      line = ReplaceAll(line, u"created desktop jotlet ", u"");
+      for (const auto& open : Lists().desktop) {
+        if (!open->fromRecurring.empty()) line = ReplaceAll(line, open->id, u"of " + open->fromRecurring);
+      }
+      lines.push_back(std::move(line));
     }
+    return lines;
   }
-  void PlayWakeSound() override { journal.push_back(u"sound"); }
-  void StopSounds() override { journal.push_back(u"silence"); }
-  void OnListsChanged() override { journal.push_back(u"changed"); }
-  Text ShownTime(std::int32_t) override { return u"today"; }
+  std::vector<Text> AfterWaking() {
+    asleep.WakeSleeping();
+    return Journal();
+  }
 };
 
 using Lines = std::vector<Text>;
 constexpr WakeRule kEveryHour{kEvery, 0, 1, kHours};
 
-TEST(Waking, WhatIsDueComesInListOrderAndOnce) {
-  FakeDesktop desktop;
+TEST_F(Waking, WhatIsDueComesInListOrderAndOnce) {
   for (const auto& [id, fromNow, flags] :
        {std::tuple{u"A", 60, 0}, {u"B", 30, 1}, {u"C", 60, 7}, {u"D", 90, 0}})
-    desktop.sleeping.push_back(desktop.Note(id, fromNow, flags));
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
+    Asleep(Note(id, fromNow, flags));
+  EXPECT_EQ(AfterWaking(), Lines{});
   // One that comes later is due earlier than all the others.
-  desktop.sleeping.push_back(desktop.Note(u"E", 29));
-  desktop.clock.Move(29);
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"waking E", u"changed"}));
+  Asleep(Note(u"E", 29));
+  clock.Move(29);
+  EXPECT_EQ(AfterWaking(), Lines{u"waking E"});
+  EXPECT_FALSE(Lists().desktop.Find(u"E")->sleep.asleep);
   // The computer slept: everything since then, in order, with one sound.
-  desktop.clock.Move(31);
-  EXPECT_EQ(desktop.AfterWaking(),
-            (Lines{u"waking A", u"waking B", u"waking C alarm top", u"sound", u"changed"}));
-  EXPECT_EQ(IdsOf(desktop.sleeping), Lines{u"D"});
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
-  EXPECT_TRUE(desktop.log.Holds(u"Waking jotlet 'about B'. Jotlet next wake time: "));
-  EXPECT_TRUE(desktop.log.Holds(u" (today), time now: " + IntText(desktop.Now())));
+  clock.Move(31);
+  EXPECT_EQ(AfterWaking(), (Lines{u"waking A", u"waking B", u"top C", u"waking C", u"sounds C", u"sound"}));
+  EXPECT_EQ(IdsOf(Sleeping()), Lines{u"D"});
+  const int before = changes;
+  EXPECT_EQ(AfterWaking(), Lines{});
+  EXPECT_EQ(changes, before);
+  EXPECT_TRUE(log.Holds(u"Waking jotlet 'about B'. Jotlet next wake time: "));
+  EXPECT_TRUE(log.Holds(u" (today), time now: " + IntText(Now())));
+  EXPECT_TRUE(log.Holds(u"Created (waking) B"));
 }
 
-TEST(Waking, ARecurringNoteSendsCopies) {
-  FakeDesktop desktop;
-  desktop.sleeping.push_back(desktop.Source(u"S", kEveryHour, 0, desktop.Now() + 5 * 3600));
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"S to COPY1", u"recurring COPY1", u"changed"}));
-  EXPECT_EQ(desktop.notes.back().fromRecurring, u"S");
-  EXPECT_EQ(desktop.sleeping.Find(u"s")->sleep.nextWake, desktop.Now() + 3600);
-  // Two missed: one copy.
-  desktop.clock.Move(2 * 3600 + 100);
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"S to COPY2", u"recurring COPY2", u"changed"}));
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
-  // An untouched copy is there: no further one, unless that is not minded.
-  desktop.hasCopy = true;
-  desktop.clock.Move(3600);
-  EXPECT_EQ(desktop.AfterWaking(), Lines{u"changed"});
-  EXPECT_GT(desktop.sleeping.Find(u"S")->sleep.nextWake, desktop.Now());
-  desktop.options.preventDuplicates = 0;
-  desktop.diskFull = true;
-  desktop.clock.Move(3600);
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"S to COPY3", u"recurring COPY3", u"changed"}));
-  EXPECT_TRUE(desktop.log.Holds(u"Unable to copy the content of jotlet S: disk full"));
+TEST_F(Waking, ARecurringNoteSendsCopies) {
+  Asleep(Source(u"S", kEveryHour, 0, Now() + 5 * 3600));
+  EXPECT_EQ(AfterWaking(), Lines{u"recurring of S"});
+  const Text copy = (*Lists().desktop.begin())->id;
+  EXPECT_EQ(files.Get(u"D:\\rtf\\" + copy + u".rtf"), "{\\rtf1 S}");
+  EXPECT_EQ(Sleeping().Find(u"s")->sleep.nextWake, Now() + 3600);
+  // Two missed, and an untouched copy is there: no further one, unless that is not minded.
+  clock.Move(2 * 3600 + 100);
+  EXPECT_EQ(AfterWaking(), Lines{});
+  EXPECT_GT(Sleeping().Find(u"S")->sleep.nextWake, Now());
+  windows.Type(copy, u"{\\rtf1 touched}");
+  clock.Move(3600);
+  EXPECT_EQ(AfterWaking(), Lines{u"recurring of S"});
+  EXPECT_EQ(AfterWaking(), Lines{});
+  options.preventDuplicates = 0;
+  files.Remove(u"D:\\rtf\\S.rtf");
+  clock.Move(3600);
+  EXPECT_EQ(AfterWaking(), Lines{u"recurring of S"});
+  EXPECT_TRUE(log.Holds(u"Unable to copy the content of jotlet S: "));
   // Past its end it goes at its next time, without a copy.
-  desktop.clock.Move(3600);
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"forget S", u"changed"}));
-  EXPECT_TRUE(desktop.sleeping.empty());
+  clock.Move(3600);
+  EXPECT_EQ(AfterWaking(), Lines{});
+  EXPECT_TRUE(Sleeping().empty());
 }
 
-TEST(Waking, APlainNoteWithAnEndStaysAsleepAndChangesNothing) {
-  FakeDesktop desktop;
+TEST_F(Waking, APlainNoteWithAnEndStaysAsleepAndChangesNothing) {
   for (const std::int32_t end : {-1, 20}) {
-    JotletData note = desktop.Note(u"A" + IntText(end), 10);
-    note.sleep.lastWake = desktop.Now() + end;
-    desktop.sleeping.push_back(note);
+    JotletData note = Note(u"A" + IntText(end), 10);
+    note.sleep.lastWake = Now() + end;
+    Asleep(note);
   }
-  desktop.clock.Move(60);
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
-  EXPECT_EQ(desktop.sleeping.size(), 2u);
+  const int before = changes;
+  clock.Move(60);
+  EXPECT_EQ(AfterWaking(), Lines{});
+  EXPECT_TRUE(Sleeping().size() == 2 && changes == before);
 }
 
-TEST(Waking, ForcedANoteComesItself) {
-  FakeDesktop desktop;
-  desktop.sleeping.push_back(desktop.Source(u"S", kEveryHour, 3600));
-  desktop.sleeping.push_back(desktop.Note(u"A", 3600, 1));
-  desktop.sleeping.push_back(desktop.Source(u"OVER", kEveryHour, 3600, desktop.Now() - 1));
-  desktop.hasCopy = true;
-  EXPECT_TRUE(desktop.waking.WakeSleeping(u"s"));
-  EXPECT_TRUE(desktop.waking.WakeSleeping(u"A"));
-  EXPECT_EQ(desktop.TakeJournal(), (Lines{u"waking S", u"changed", u"waking A", u"sound", u"changed"}));
-  EXPECT_FALSE(desktop.waking.WakeSleeping(u"A"));
-  EXPECT_FALSE(desktop.waking.WakeSleeping(u"OVER"));
-  desktop.waking.Enable(false);
-  desktop.sleeping.push_back(desktop.Note(u"B", 0));
-  EXPECT_FALSE(desktop.waking.WakeSleeping(u"B"));
-  EXPECT_EQ(desktop.AfterWaking(), Lines{}) << "while the program holds still";
-  EXPECT_EQ(desktop.sleeping.size(), 2U);
+TEST_F(Waking, ForcedANoteComesItself) {
+  Asleep(Source(u"S", kEveryHour, 3600));
+  Asleep(Note(u"A", 3600, 1));
+  Asleep(Source(u"OVER", kEveryHour, 3600, Now() - 1));
+  EXPECT_TRUE(asleep.WakeSleeping(u"s"));
+  EXPECT_TRUE(asleep.WakeSleeping(u"A"));
+  EXPECT_EQ(Journal(), (Lines{u"waking S", u"waking A", u"sound"}));
+  EXPECT_FALSE(asleep.WakeSleeping(u"A"));
+  EXPECT_FALSE(asleep.WakeSleeping(u"OVER"));
+  asleep.Enable(false);
+  Asleep(Note(u"B", 0));
+  EXPECT_FALSE(asleep.WakeSleeping(u"B"));
+  EXPECT_EQ(AfterWaking(), Lines{}) << "while the program holds still";
+  EXPECT_EQ(Sleeping().size(), 2U);
 }
 
-TEST(Waking, RulesThatAreNoneAreToldOnceAndKept) {
-  FakeDesktop desktop;
-  desktop.sleeping.push_back(desktop.Source(u"WEEK", {kWeekly, 9, 0, 0}, -100));
-  desktop.sleeping.push_back(desktop.Source(u"COUNT", {kEvery, 0, 0, kMinutes}, -100));
-  desktop.sleeping.push_back(desktop.Source(u"FAR", {kEvery, 0, 2147483647, kWeeks}, -100));
-  desktop.sleeping.push_back(desktop.Note(u"OLD", 0));
-  desktop.sleeping.FindToChange(u"OLD")->sleep.nextWake = -2147483647;
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"FAR to COPY1", u"recurring COPY1", u"waking OLD", u"changed"}));
+TEST_F(Waking, RulesThatAreNoneAreToldOnceAndKept) {
+  Asleep(Source(u"WEEK", {kWeekly, 9, 0, 0}, -100));
+  Asleep(Source(u"COUNT", {kEvery, 0, 0, kMinutes}, -100));
+  Asleep(Source(u"FAR", {kEvery, 0, 2147483647, kWeeks}, -100));
+  Asleep(Note(u"OLD", 0));
+  desk.ChangeSleeping(u"OLD", [](JotletData& record) { record.sleep.nextWake = -2147483647; });
+  EXPECT_EQ(AfterWaking(), (Lines{u"recurring of FAR", u"waking OLD"}));
   for (int seconds = 0; seconds < 5; ++seconds) {
-    desktop.clock.Move(1);
-    EXPECT_EQ(desktop.AfterWaking(), Lines{});
+    clock.Move(1);
+    EXPECT_EQ(AfterWaking(), Lines{});
   }
-  desktop.clock.Move(kNeverAgain);
-  EXPECT_EQ(desktop.AfterWaking(), Lines{}) << "beyond the range of the records";
-  EXPECT_EQ(IdsOf(desktop.sleeping), (Lines{u"WEEK", u"COUNT", u"FAR"}));
-  EXPECT_EQ(std::count_if(desktop.log.lines.begin(), desktop.log.lines.end(),
+  clock.Move(kNeverAgain);
+  EXPECT_EQ(AfterWaking(), Lines{}) << "beyond the range of the records";
+  EXPECT_EQ(IdsOf(Sleeping()), (Lines{u"WEEK", u"COUNT", u"FAR"}));
+  EXPECT_EQ(std::count_if(log.lines.begin(), log.lines.end(),
                           [](const Text& line) { return line.find(u"cannot be followed") != Text::npos; }),
             2);
 }
 
-TEST(Waking, WithoutAWindowANoteSleepsOn) {
-  FakeDesktop desktop;
-  desktop.hasWindows = false;
-  desktop.sleeping.push_back(desktop.Note(u"A", -5, 1));
-  desktop.sleeping.push_back(desktop.Source(u"S", kEveryHour, -5));
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
-  desktop.clock.Move(1);
-  EXPECT_EQ(desktop.AfterWaking(), Lines{});
-  EXPECT_EQ(desktop.windowsTried, 1) << "not every second";
-  EXPECT_EQ(desktop.sleeping.size(), 2U);
-  EXPECT_TRUE(desktop.sleeping.Find(u"A")->sleep.asleep);
-  desktop.hasWindows = true;
-  desktop.clock.Move(60);
-  EXPECT_EQ(desktop.AfterWaking(),
-            (Lines{u"S to COPY1", u"recurring COPY1", u"waking A", u"sound", u"changed"}));
+TEST_F(Waking, WithoutAWindowANoteSleepsOn) {
+  windows.hasWindows = false;
+  Asleep(Note(u"A", -5, 1));
+  Asleep(Source(u"S", kEveryHour, -5));
+  EXPECT_EQ(AfterWaking(), Lines{});
+  clock.Move(1);
+  EXPECT_EQ(AfterWaking(), Lines{});
+  EXPECT_EQ(windows.tried, 1) << "not every second";
+  EXPECT_TRUE(Sleeping().size() == 2 && Sleeping().Find(u"A")->sleep.asleep);
+  windows.hasWindows = true;
+  clock.Move(60);
+  EXPECT_EQ(AfterWaking(), (Lines{u"waking A", u"recurring of S", u"sound"}));
 }
 
-TEST(Waking, ListenersMayChangeTheListMeanwhile) {
-  FakeDesktop desktop;
-  for (const auto* id : {u"A", u"B", u"C", u"D"}) desktop.sleeping.push_back(desktop.Note(id, -1));
-  desktop.onWake = [&desktop] {
-    desktop.onWake = nullptr;
-    desktop.sleeping.Remove(u"B");
-    desktop.sleeping.FindToChange(u"C")->sleep.nextWake += 100;
-    desktop.waking.WakeSleeping(u"D");
+TEST_F(Waking, ListenersMayChangeTheListMeanwhile) {
+  for (const auto* id : {u"A", u"B", u"C", u"D"}) Asleep(Note(id, -1));
+  onEvent = [this](const NoteEvent&) {
+    onEvent = nullptr;
+    desk.CloseWaiting({u"B"});
+    desk.ChangeSleeping(u"C", [](JotletData& record) { record.sleep.nextWake += 100; });
+    asleep.WakeSleeping(u"D");
   };
-  EXPECT_EQ(desktop.AfterWaking(), (Lines{u"waking A", u"waking D", u"changed", u"changed"}));
-  EXPECT_EQ(IdsOf(desktop.sleeping), Lines{u"C"});
+  EXPECT_EQ(AfterWaking(), (Lines{u"waking A", u"waking D"}));
+  EXPECT_EQ(IdsOf(Sleeping()), Lines{u"C"});
 }
 
-TEST(Alarms, SoundInOrderAndWakeSleepers) {
-  FakeDesktop desktop;
-  JotletData open, asleep = desktop.Note(u"ASLEEP", 1000, 1), later = desktop.Note(u"LATER", 1000);
-  open.id = u"OPEN", open.alarm = desktop.Now() + 10;
-  asleep.alarm = desktop.Now() + 10;
-  later.alarm = desktop.Now() + 11;
-  desktop.notes = {open};
-  desktop.sleeping.push_back(asleep);
-  desktop.sleeping.push_back(later);
-  desktop.clock.Move(10);
-  desktop.waking.CheckAlarms();
-  EXPECT_EQ(desktop.TakeJournal(), Lines{}) << "due when the time is past";
-  desktop.clock.Move(1);
-  desktop.waking.CheckAlarms();
-  EXPECT_EQ(desktop.TakeJournal(),
-            (Lines{u"sounds OPEN", u"waking ASLEEP", u"sound", u"changed", u"silence", u"sounds ASLEEP"}));
+TEST_F(Waking, AlarmsSoundInOrderAndWakeSleepers) {
+  JotletData open = Note(u"OPEN", 0), dozing = Note(u"ASLEEP", 1000, 1), later = Note(u"LATER", 1000);
+  open.sleep = {};
+  open.alarm = dozing.alarm = Now() + 10;
+  later.alarm = Now() + 11;
+  for (const JotletData& record : {open, dozing, later}) Asleep(record);
+  clock.Move(10);
+  asleep.CheckAlarms();
+  EXPECT_EQ(Journal(), Lines{}) << "due when the time is past";
+  clock.Move(1);
+  asleep.CheckAlarms();
+  EXPECT_EQ(Journal(), (Lines{u"sounds OPEN", u"waking ASLEEP", u"sound", u"silence", u"sounds ASLEEP"}));
   // One that cannot be woken does not hold the program up.
-  desktop.hasWindows = false;
-  desktop.clock.Move(1);
-  desktop.waking.CheckAlarms();
-  EXPECT_EQ(IdsOf(desktop.sleeping), Lines{u"LATER"});
+  windows.hasWindows = false;
+  clock.Move(1);
+  asleep.CheckAlarms();
+  EXPECT_EQ(IdsOf(Sleeping()), Lines{u"LATER"});
 }
 
-TEST(Alarms, AListenerThatPutsTheNoteBackToSleepDoesNotHoldTheProgramUp) {
-  FakeDesktop desktop;
-  JotletData asleep = desktop.Note(u"ASLEEP", 1000);
-  asleep.alarm = desktop.Now() - 1;
-  desktop.sleeping.push_back(asleep);
-  desktop.onWake = [&desktop, &asleep, times = 0]() mutable {
+TEST_F(Waking, AListenerThatPutsTheNoteBackToSleepDoesNotHoldTheProgramUp) {
+  JotletData dozing = Note(u"ASLEEP", 1000);
+  dozing.alarm = Now() - 1;
+  Asleep(dozing);
+  onEvent = [this, times = 0](const NoteEvent& event) mutable {
+    if (event.reason != Reason::kWaking) return;
     ASSERT_LT(++times, 3);
-    desktop.notes.clear();
-    desktop.sleeping.push_back(asleep);
+    desk.Sleep(u"ASLEEP", Now() + 1000, {});
   };
-  desktop.waking.CheckAlarms();
-  EXPECT_EQ(desktop.windowsTried, 1);
-  desktop.waking.CheckAlarms();
-  EXPECT_EQ(desktop.windowsTried, 2) << "the next second tries again";
+  asleep.CheckAlarms();
+  EXPECT_EQ(windows.tried, 1);
+  asleep.CheckAlarms();
+  EXPECT_EQ(windows.tried, 2) << "the next second tries again";
 }
 
 TEST(Alarms, JiggleLopsidedlyThroughTheirPhases) {
@@ -257,7 +225,7 @@ TEST(Alarms, JiggleLopsidedlyThroughTheirPhases) {
   }
 }
 
-TEST(Waking, ACopyIsUntouchedWhileNothingOfItChanged) {
+TEST(WakingRules, ACopyIsUntouchedWhileNothingOfItChanged) {
   JotletData source;
   source.x = 10, source.y = 20, source.title = u"t", source.sleep.flags = 4;
   JotletData copy = source;

@@ -31,6 +31,9 @@ class Process {
   /// A program that is running already.
   explicit Process(DWORD id);
   Process(Process&&) = default;
+  Process& operator=(Process&&) = default;
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
   ~Process() { Kill(); }
 
   bool Running() const { return handle_ && WaitForSingleObject(handle_.get(), 0) == WAIT_TIMEOUT; }

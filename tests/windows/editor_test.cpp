@@ -161,9 +161,6 @@ TEST_F(EditorTest, FontsComeFromTheDialogsTermsAndFromSavedStyles) {
   const Text longest(40, u'x');
   SetFont(edit_, {.face = longest, .points10 = 90, .colour = {}});
   EXPECT_EQ(CurrentFont(edit_).face, longest.substr(0, 31));
-  SetTextColour(edit_, {1, 2, 3});
-  EXPECT_EQ(At(0).crTextColor, RGB(1, 2, 3));
-  EXPECT_EQ(At(8).dwEffects & CFE_AUTOCOLOR, CFE_AUTOCOLOR);
 }
 
 TEST_F(EditorTest, ParagraphsAreAlignedTurnedAndListed) {

@@ -29,7 +29,7 @@ class ManageTest : public WindowTest {
     DataFileView view;
     view.installId = u"TEST";
     for (const JotletData& record : open) view.jotlets.push_back(&record);
-    view.deleted = closed;
+    for (const JotletData& gone : closed) view.deleted.push_back(&gone);
     for (const JotletData& record : closed)
       Write(folder_ + ContentPath(record), "{\\rtf1\\ansi about " + ToUtf8(record.id) + "}");
     Write(folder_ + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));

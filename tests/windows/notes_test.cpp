@@ -132,7 +132,7 @@ TEST_F(DemoTest, EveryEncodingOfTheDataFileLoadsAlike) {
   std::vector<JotletData> deleted;
   for (const FiledJotlet& jotlet : file.jotlets) view.jotlets.push_back(&jotlet.record);
   for (const FiledJotlet& jotlet : file.deleted) deleted.push_back(jotlet.record);
-  view.deleted = deleted;
+  for (const JotletData& gone : deleted) view.deleted.push_back(&gone);
   view.stacks = file.stacks;
   const Text text = ComposeDataFile(view);
   for (const std::string& bytes :

@@ -14,11 +14,7 @@ namespace {
 int RunMessageLoop(CMainFrame& frame) {
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (frame.TranslateDialogKey(message)) continue;
-    if (frame.Handle() != nullptr && TranslateAcceleratorW(frame.Handle(), frame.Accelerators(), &message))
-      continue;
-    if (frame.TranslateDialog(message)) continue;
-    if (frame.Handle() != nullptr && frame.TranslateKey(message)) continue;
+    if (frame.Translate(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -9,18 +9,22 @@
 #include "base/win/wide.h"
 #include "note/text_style.h"
 #include "note/win/monitor_setup.h"
+#include "res/resource.h"
+#include "schedule/win/alarm_sound.h"
+#include "ui/foreground_keeper.h"
+#include "ui/screen.h"
 
 namespace jotlets {
 
-BJotlet* DesktopJotlets::Open(JotletData record) {
-  const Text id = record.id;
+bool DesktopJotlets::Open(std::shared_ptr<JotletData> record) {
+  const Text id = record->id;
   // How large a note may become depends on them.
   if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
-  const FileContent content = files_.Read(folder_ + ContentPath(record));
-  auto jotlet = std::make_unique<BJotlet>(*this, context_, std::make_shared<JotletData>(std::move(record)));
+  const FileContent content = files_.Read(folder_ + ContentPath(*record));
+  auto jotlet = std::make_unique<BJotlet>(*this, context_, std::move(record));
   if (!jotlet->CreateWindowFor()) {
     log_.Write(kLogLifecycle, u"No window for jotlet ", id, u": ", LastErrorText(u"CreateWindowEx"));
-    return nullptr;
+    return false;
   }
   if (content.state == FileContent::State::kRead) {
     const TextView fault = jotlet->LoadContent(content.bytes);
@@ -33,10 +37,10 @@ BJotlet* DesktopJotlets::Open(JotletData record) {
   BJotlet* opened = jotlets_.back().get();
   ShowOnScreens(*opened);
   byId_[FoldCase(id)] = opened;
-  return opened;
+  return true;
 }
 
-BJotlet* DesktopJotlets::Find(TextView id) {
+BJotlet* DesktopJotlets::Find(TextView id) const {
   const auto found = byId_.find(FoldCase(id));
   return found == byId_.end() ? nullptr : found->second;
 }
@@ -48,21 +52,10 @@ std::vector<Text> DesktopJotlets::Ids() const {
   return ids;
 }
 
-bool DesktopJotlets::SaveContent(TextView id, const Moment& now) {
+void DesktopJotlets::Close(TextView id) {
   BJotlet* jotlet = Find(id);
-  if (jotlet == nullptr) return false;
-  const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
-  if (!saved) {
-    log_.Write(kLogLifecycle, u"Unable to save the content of jotlet ", id, u": ", saved.reason);
-  }
-  return saved.ok;
-}
-
-std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
-  BJotlet* jotlet = Find(id);
-  if (jotlet == nullptr) return std::nullopt;
+  if (jotlet == nullptr) return;
   jotlet->StopAlarm();
-  JotletData record = jotlet->Record();
   byId_.erase(FoldCase(id));
   const auto at =
       std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
@@ -70,8 +63,68 @@ std::optional<JotletData> DesktopJotlets::Remove(TextView id) {
   jotlets_.erase(at);
   jotlet->DestroyWindowNow();
   owner_.PurgeSoon();
-  return record;
 }
+
+void DesktopJotlets::Show(TextView id, Showing showing) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return;
+  jotlet->Show();
+  if (showing == Showing::kQuietly) return;
+  // Showing tells of the focus that it takes, and a listener may take the note away.
+  jotlet = Find(id);
+  if (jotlet != nullptr) jotlet->TakeFocus();
+}
+
+void DesktopJotlets::Sync(TextView id) {
+  if (BJotlet* jotlet = Find(id)) jotlet->Record();
+}
+
+void DesktopJotlets::Rename(TextView id, TextView newId) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return;
+  for (Text& moving : animating_) {
+    if (EqualIgnoreCase(moving, id)) moving = newId;
+  }
+  byId_.erase(FoldCase(id));
+  byId_[FoldCase(newId)] = jotlet;
+}
+
+FileStatus DesktopJotlets::SaveContent(TextView id) {
+  BJotlet* jotlet = Find(id);
+  return jotlet == nullptr ? FileStatus() : jotlet->SaveContent(files_, folder_, clock_.Now());
+}
+
+NoteContent& DesktopJotlets::ContentOf(TextView id) { return Find(id)->Content(); }
+
+NoteWindowState DesktopJotlets::StateOf(TextView id) const {
+  const BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr) return {};
+  return {jotlet->Bounds(), jotlet->IsMoving(), jotlet->IsSounding(), jotlet->WaitsForWindow()};
+}
+
+void DesktopJotlets::PlaceAt(TextView id, Point position) {
+  if (BJotlet* jotlet = Find(id)) jotlet->PlaceAt(position);
+}
+
+void DesktopJotlets::SetOnTop(TextView id) {
+  if (BJotlet* jotlet = Find(id)) jotlet->SetOnTop(true);
+}
+
+void DesktopJotlets::Attach(TextView id, const Attachment& attachment) {
+  if (BJotlet* jotlet = Find(id)) jotlet->SetAttachment(attachment);
+}
+
+void DesktopJotlets::StartAlarm(TextView id) {
+  const ForegroundKeeper keeper;
+  if (BJotlet* jotlet = Find(id)) jotlet->StartAlarm();
+}
+
+void DesktopJotlets::EndWaitForWindow(TextView id) {
+  const ForegroundKeeper keeper;
+  if (BJotlet* jotlet = Find(id)) jotlet->EndWaitForWindow();
+}
+
+ScreenFacts DesktopJotlets::Screen() const { return {PrimaryScreenSize(), VirtualScreen()}; }
 
 // From the topmost down: each window then finds its place among shown ones. From the bottom
 // up, the system looks for that place past every window that is still hidden, which a thousand notes make
@@ -96,7 +149,7 @@ void DesktopJotlets::ForEachOf(const std::vector<Text>& ids, Do act) {
 void DesktopJotlets::UnhideAll() {
   for (const auto& jotlet : jotlets_) jotlet->Record().hidden = false;
   ShowAll();
-  owner_.SetDirty();
+  owner_.OnNoteChanged();
 }
 
 void DesktopJotlets::HideAll() {
@@ -148,9 +201,9 @@ void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
 }
 
 void DesktopJotlets::FollowMonitors() {
-  MonitorSetup now = ReadMonitors();
-  if (now == screens_) return;
-  screens_ = std::move(now);
+  const MonitorSetup current = ReadMonitors();
+  if (current == screens_) return;
+  screens_ = current;
   for (const auto& jotlet : jotlets_) ShowOnScreens(*jotlet);
 }
 
@@ -251,46 +304,13 @@ void DesktopJotlets::Enable(bool enabled) {
   for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
 }
 
-void DesktopJotlets::CloseAll() {
-  for (const Text& id : Ids()) {
-    owner_.NotifyListeners(u"501 closed desktop jotlet appExit", id);
-  }
-  byId_.clear();
-  for (auto& jotlet : jotlets_) {
-    jotlet->DestroyWindowNow();
-    removed_.push_back(std::move(jotlet));
-  }
-  jotlets_.clear();
-}
-
 void DesktopJotlets::Purge() {
   std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
 }
 
-std::vector<const JotletData*> DesktopJotlets::Records() {
-  std::vector<const JotletData*> records;
-  records.reserve(jotlets_.size());
-  for (const auto& jotlet : jotlets_) records.push_back(&jotlet->Record());
-  return records;
-}
-
-bool DesktopJotlets::HasUnsavedContent() const {
-  return std::any_of(jotlets_.begin(), jotlets_.end(),
-                     [](const auto& jotlet) { return jotlet->HasUnsavedContent(); });
-}
-
-FileStatus DesktopJotlets::SaveContents(const Moment& now) {
-  FileStatus first;
-  for (const auto& jotlet : jotlets_) {
-    const FileStatus saved = jotlet->SaveContent(files_, folder_, now);
-    if (!saved && first) first = saved;
-  }
-  return first;
-}
-
 void DesktopJotlets::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   switch (event) {
-    case JotletEvent::kChanged: return owner_.SetDirty();
+    case JotletEvent::kChanged: return owner_.OnNoteChanged();
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
@@ -310,28 +330,30 @@ void DesktopJotlets::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key)
 }
 
 std::optional<Text> DesktopJotlets::StackName(std::int32_t number) const {
-  if (!owner_.HasStack(number)) return std::nullopt;
-  return owner_.StackName(number);
+  const StackRecord* stack = owner_.FindStack(number);
+  return stack == nullptr ? std::nullopt : std::optional(stack->title);
 }
 
 // Notes that were moved together are told of in one line.
 void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
-  constexpr TextView kMoved = u"509 desktop jotlet moved";
-  std::vector<Text> ids;
-  for (BJotlet* moved : GroupOf(jotlet)) {
+  NoteEvent moved{EventKind::kMoved};
+  for (BJotlet* each : GroupOf(jotlet)) {
     // Before anybody is told: that takes its time, in which the window may go on.
-    owner_.OnNoteMoved(*moved);
-    ids.push_back(moved->StoredRecord().id);
+    owner_.OnNoteMoved(each->StoredRecord());
+    moved.ids.push_back(each->StoredRecord().id);
   }
-  if (ids.size() == 1) return owner_.NotifyListeners(kMoved, ids.front());
-  owner_.NotifyListenersMany(kMoved, ids);
+  events_.Send(moved);
 }
 
 void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
   sounding_ += sounding ? 1 : -1;
   log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
              jotlet.TitleShown());
-  owner_.OnAlarm(sounding);
+  if (!sounding) {
+    StopSounds();
+  } else if (options_.soundAlarm == 1) {
+    PlayAlarmSound(options_, log_, kAlarmSound);
+  }
 }
 
 void DesktopJotlets::StopAlarms() {
@@ -339,23 +361,18 @@ void DesktopJotlets::StopAlarms() {
 }
 
 void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {
-  owner_.NotifyListeners(u"510 desktop jotlet sized", jotlet.StoredRecord().id);
+  events_.Send({EventKind::kSized, Reason::kNotGiven, {jotlet.StoredRecord().id}, {}});
 }
 
 void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
-  owner_.NotifyListeners(gained ? u"506 desktop jotlet focus" : u"507 desktop jotlet losefocus",
-                         jotlet.StoredRecord().id);
+  events_.Send({gained ? EventKind::kFocus : EventKind::kLostFocus,
+                Reason::kNotGiven,
+                {jotlet.StoredRecord().id},
+                {}});
 }
 
 LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
   return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
-}
-
-void DesktopJotlets::SetId(BJotlet& jotlet, TextView id) {
-  std::replace(animating_.begin(), animating_.end(), jotlet.StoredRecord().id, Text(id));
-  byId_.erase(FoldCase(jotlet.StoredRecord().id));
-  jotlet.Record().id = id;
-  byId_[FoldCase(id)] = &jotlet;
 }
 
 void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {

@@ -4,53 +4,51 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <unordered_map>
 #include <vector>
 
 #include "base/clock.h"
-#include "desk/note_saver.h"
+#include "data/stack_record.h"
+#include "desk/note_event.h"
+#include "desk/note_windows.h"
 #include "note/win/jotlet.h"
+#include "res/resource.h"
 #include "skin/win/program_skins.h"
 #include "ui/handle.h"
+#include "ui/resources.h"
 
 namespace jotlets {
 
-/// What the open notes tell their owner.
-class DesktopOwner {
+/// What the open notes ask of the rest of the program.
+class OpenNotesOwner {
  public:
-  virtual ~DesktopOwner() = default;
-  virtual void SetDirty() = 0;
-  virtual void NotifyListeners(TextView eventText, TextView id) = 0;
-  virtual void NotifyListenersMany(TextView eventText, std::span<const Text> ids) = 0;
-  virtual bool HasStack(std::int32_t number) const = 0;
-  virtual Text StackName(std::int32_t number) const = 0;
-  /// The stacks on the screen.
-  virtual std::vector<Rect> StackBounds() const = 0;
+  virtual ~OpenNotesOwner() = default;
+  /// A note or its content has changed and wants to be saved.
+  virtual void OnNoteChanged() = 0;
+  /// The mouse moves a note, or has let go of it; with Shift it may join a stack.
   virtual void OnNoteDragged(bool shift) = 0;
   virtual void OnNoteDropped(BJotlet& jotlet, bool shift) = 0;
-  /// Whether the note is attached to a window that is there, but behind another.
-  virtual bool IsTargetBehind(BJotlet& jotlet) = 0;
   /// The user has moved a note, by itself or with others.
-  virtual void OnNoteMoved(BJotlet& jotlet) = 0;
+  virtual void OnNoteMoved(const JotletData& record) = 0;
+  /// Whether the note is attached to a window that is there, but behind another.
+  virtual bool IsTargetBehind(const JotletData& record) = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
-  virtual Text BeginningNotice() const = 0;
-  /// A note begins or ends to sound.
-  virtual void OnAlarm(bool sounding) = 0;
-  /// Notes have gone from one list to another, or changed among those without a window.
-  virtual void OnListsChanged() = 0;
-  virtual bool DoJotletAction(const Text& id, ActionCode action) = 0;
-  virtual bool IsActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
+  virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
+  virtual bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
+  /// The stacks on the screen, and one of them by its number.
+  virtual std::vector<Rect> StackBounds() const = 0;
+  virtual const StackRecord* FindStack(std::int32_t number) const = 0;
   /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
 };
 
-class DesktopJotlets final : public JotletOwner, public OpenNotes {
+class DesktopJotlets final : public JotletOwner, public NoteWindows {
  public:
-  DesktopJotlets(DesktopOwner& owner, Files& files, const Clock& clock, Log& log, const Options& options,
-                 ProgramSkins& skins)
+  DesktopJotlets(OpenNotesOwner& owner, EventSink& events, const Resources& resources, Files& files,
+                 const Clock& clock, Log& log, const Options& options, ProgramSkins& skins)
       : owner_(owner),
+        events_(events),
         files_(files),
         clock_(clock),
         log_(log),
@@ -62,29 +60,32 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
                  clock_,
                  [this](std::int32_t number) { return StackName(number); },
                  [this] { return EditingContext(); },
-                 [this] { return owner_.BeginningNotice(); },
+                 [&resources] { return resources.String(IDS_BEGINNING); },
                  [this](const Text& target) { OnJotletLink(target); }} {}
+  ~DesktopJotlets() override = default;
   DesktopJotlets(const DesktopJotlets&) = delete;
   DesktopJotlets& operator=(const DesktopJotlets&) = delete;
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 
-  /// Opens a note window for a record with a place and a size, its content read from its content file, and
-  /// puts it at the end of the list, not yet shown. nullptr, with a log line, when the window could not be
-  /// made.
-  BJotlet* Open(JotletData record);
-
-  BJotlet* Find(TextView id);
+  BJotlet* Find(TextView id) const;
   const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
   std::vector<Text> Ids() const;
 
-  /// Writes a note's unsaved content; false, with a log line, when that failed, and when there is no such
-  /// note.
-  bool SaveContent(TextView id, const Moment& now);
-
-  /// Takes a note off the desktop and returns its record; unsaved content is dropped. Nothing when there is
-  /// no such note.
-  std::optional<JotletData> Remove(TextView id);
+  bool Open(std::shared_ptr<JotletData> record) override;
+  void Close(TextView id) override;
+  void Show(TextView id, Showing showing) override;
+  void Sync(TextView id) override;
+  void Rename(TextView id, TextView newId) override;
+  FileStatus SaveContent(TextView id) override;
+  NoteContent& ContentOf(TextView id) override;
+  NoteWindowState StateOf(TextView id) const override;
+  void PlaceAt(TextView id, Point position) override;
+  void SetOnTop(TextView id) override;
+  void Attach(TextView id, const Attachment& attachment) override;
+  void StartAlarm(TextView id) override;
+  void EndWaitForWindow(TextView id) override;
+  ScreenFacts Screen() const override;
 
   /// Shows every note that is not hidden.
   void ShowAll();
@@ -97,7 +98,7 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// itself when no other is shown.
   BJotlet* Neighbour(const BJotlet& jotlet, int step);
   /// Hides every note but one.
-  void HideOthers(const BJotlet& jotlet);
+  void HideOthers(const BJotlet& shown);
   /// The note whose window this is, or is inside of; nullptr for other windows.
   BJotlet* FindWindowOwner(HWND window);
   /// Brings notes off `screen` back on to it, each of which is logged, and ends the ghost state of all.
@@ -110,7 +111,6 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// Whether a note sounds.
   bool IsAnySounding() const { return sounding_ > 0; }
   void StopAlarms();
-  void CloseAll();
   /// Whether notes take the mouse and the keyboard.
   void Enable(bool enabled);
 
@@ -118,17 +118,13 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   /// which may take as long as a menu of theirs is open.
   void Purge();
 
-  std::vector<const JotletData*> Records() override;
-  bool HasUnsavedContent() const override;
-  FileStatus SaveContents(const Moment& now) override;
-
   void OnJotletEvent(BJotlet& jotlet, JotletEvent event) override;
   void OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) override;
   bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
-    return owner_.DoJotletAction(Text(jotlet.StoredRecord().id), action);
+    return owner_.DoNoteAction(Text(jotlet.StoredRecord().id), action);
   }
   bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
-    return owner_.IsActionEnabled(jotlet, action);
+    return owner_.IsNoteActionEnabled(jotlet, action);
   }
   /// What the windows on the desktop share.
   const NoteContext& Context() const { return context_; }
@@ -145,10 +141,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) override;
   /// The local time of seconds since 1970 UTC; now for 0.
   LocalTime ToLocal(std::int32_t utc);
-  bool IsTargetBehind(BJotlet& jotlet) override { return owner_.IsTargetBehind(jotlet); }
+  bool IsTargetBehind(BJotlet& jotlet) override { return owner_.IsTargetBehind(jotlet.StoredRecord()); }
 
-  /// Gives a note another id, which no note has; its content file is the caller's affair.
-  void SetId(BJotlet& jotlet, TextView id);
   /// Shows a note in a skin and logs it.
   void SetSkin(BJotlet& jotlet, TextView name);
   /// Every note takes its skin anew.
@@ -167,7 +161,8 @@ class DesktopJotlets final : public JotletOwner, public OpenNotes {
   void LogRescue(const BJotlet& jotlet, const Rect& from);
   void ShowOnScreens(BJotlet& jotlet);
 
-  DesktopOwner& owner_;
+  OpenNotesOwner& owner_;
+  EventSink& events_;
   Files& files_;
   const Clock& clock_;
   Log& log_;

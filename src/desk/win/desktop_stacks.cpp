@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 
-#include "app/win/main_frame.h"
 #include "base/win/wide.h"
 #include "data/data_file.h"
 #include "note/snapping.h"
@@ -24,7 +23,7 @@ StackMember MemberOf(const JotletData& record, const Text& title, MemberState st
 BStackDlg* DesktopStacks::Open(const StackRecord& record) {
   auto stack = std::make_unique<BStackDlg>(*this, desktop_.Context(), record);
   if (!stack->CreateWindowFor()) {
-    frame_.Log(kLogLifecycle, u"No window for stack ", record.number, u": ",
+    log_.Write(kLogLifecycle, u"No window for stack ", record.number, u": ",
                LastErrorText(u"CreateWindowEx"));
     return nullptr;
   }
@@ -34,7 +33,7 @@ BStackDlg* DesktopStacks::Open(const StackRecord& record) {
 
 void DesktopStacks::OpenAll() {
   desktop_.FollowMonitors();
-  for (const StackRecord& record : lists_.stacks) Open(record);
+  for (const StackRecord& record : desk_.Lists().stacks) Open(record);
   Refresh();
 }
 
@@ -54,10 +53,9 @@ std::vector<Rect> DesktopStacks::Bounds() const {
 
 BStackDlg* DesktopStacks::Create(const BJotlet& beside) {
   StackRecord record;
-  record.number = NewStackNumber(lists_.stacks);
+  record.number = NewStackNumber(desk_.Lists().stacks);
   // Notes may still name a stack of this number that is no longer there.
   for (BJotlet* note : NotesOf(record.number)) note->SetStack(kNone);
-  lists_.LeaveStack(record.number);
   record.title = ReplaceAll(resources_.String(IDS_STACK_TITLE), u"%s", IntText(record.number));
   record.width = kNewStack.width;
   record.height = kNewStack.height;
@@ -68,9 +66,8 @@ BStackDlg* DesktopStacks::Create(const BJotlet& beside) {
   record.y = place.y;
   BStackDlg* stack = Open(record);
   if (stack == nullptr) return nullptr;
-  lists_.stacks.push_back(record);
+  desk_.AddStack(record);
   stack->Show();
-  frame_.SetDirty();
   return stack;
 }
 
@@ -161,7 +158,7 @@ void DesktopStacks::Gather(BStackDlg& stack) {
 void DesktopStacks::Close(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
-  frame_.Log(kLogLifecycle, u"BStackDlg::OnClose()");
+  log_.Write(kLogLifecycle, u"BStackDlg::OnClose()");
   auto fate = NotesOfClosedStack::kStay;
   if (!stack->Members().empty()) {
     const auto chosen = BCloseStackDlg(resources_, stack->Members().size()).Ask(stack->Handle());
@@ -174,29 +171,27 @@ void DesktopStacks::Close(std::int32_t number) {
   std::vector<Text> ids;
   for (const BJotlet* note : NotesOf(number)) ids.push_back(note->StoredRecord().id);
   for (const Text& id : ids) {
-    if (fate == NotesOfClosedStack::kClose) frame_.CloseForUser(id);
+    if (fate == NotesOfClosedStack::kClose) owner_.CloseForUser(id);
     BJotlet* note = desktop_.Find(id);
     if (note == nullptr) continue;
     // Hidden in a stack that is gone, one that could not be closed would be out of reach.
     note->SetStack(kNone);
     note->SetHidden(false);
   }
-  lists_.LeaveStack(number);
   stack = Find(number);
   if (stack == nullptr) return;
   Remove(*stack);
-  frame_.Log(kLogLifecycle, u"stack deleted");
-  frame_.SetDirty();
+  log_.Write(kLogLifecycle, u"stack deleted");
 }
 
 void DesktopStacks::Remove(BStackDlg& stack) {
-  std::erase_if(lists_.stacks, [&](const StackRecord& record) { return record.number == stack.Number(); });
+  desk_.RemoveStack(stack.Number());
   const auto at =
       std::find_if(stacks_.begin(), stacks_.end(), [&](const auto& s) { return s.get() == &stack; });
   removed_.push_back(std::move(*at));
   stacks_.erase(at);
   stack.DestroyWindowNow();
-  frame_.PurgeSoon();
+  owner_.PurgeSoon();
 }
 
 // The uppermost stack under the mouse; the note that is being dragged lies over it.
@@ -225,7 +220,7 @@ void DesktopStacks::OnNoteDropped(BJotlet& jotlet, bool shift) {
 void DesktopStacks::RefreshSoon() {
   if (stacks_.empty() || refreshComes_) return;
   refreshComes_ = true;
-  frame_.RefreshStacksSoon();
+  owner_.RefreshStacksSoon();
 }
 
 void DesktopStacks::Refresh() {
@@ -241,8 +236,8 @@ void DesktopStacks::Refresh() {
     const JotletData& record = jotlet->StoredRecord();
     add(record, jotlet->TitleShown(), record.hidden ? MemberState::kHidden : MemberState::kShown);
   }
-  for (const JotletData& record : lists_.attached) add(record, record.title, MemberState::kAway);
-  for (const JotletData& record : lists_.sleeping) add(record, record.title, MemberState::kAway);
+  for (const JotletData& record : desk_.Lists().attached) add(record, record.title, MemberState::kAway);
+  for (const JotletData& record : desk_.Lists().sleeping) add(record, record.title, MemberState::kAway);
   for (const auto& stack : stacks_) stack->SetMembers(std::move(members[stack->Number()]));
 }
 
@@ -263,7 +258,7 @@ void DesktopStacks::Rescue(const Rect& screen) {
     const auto to = RescuedStackPosition(stack->Bounds(), screen);
     if (!to) continue;
     stack->MoveTo(*to);
-    frame_.Log(kLogLifecycle, u"Rescued a stack");
+    log_.Write(kLogLifecycle, u"Rescued a stack");
   }
 }
 
@@ -292,15 +287,14 @@ void DesktopStacks::Purge() {
 }
 
 void DesktopStacks::OnStackChanged(BStackDlg& stack) {
-  StackRecord* record = lists_.FindStack(stack.Number());
+  const StackRecord* record = desk_.Lists().FindStack(stack.Number());
   if (record == nullptr) return;
   const bool renamed = record->title != stack.Record().title;
-  *record = stack.Record();
+  desk_.ChangeStack(stack.Record());
   if (renamed) {
     // Notes show the name of their stack.
     for (BJotlet* note : NotesOf(stack.Number())) InvalidateRect(note->Handle(), nullptr, FALSE);
   }
-  frame_.SetDirty();
 }
 
 std::vector<Rect> DesktopStacks::WindowsToSnapTo(const BStackDlg& stack) {

@@ -4,19 +4,31 @@
 #include <memory>
 #include <vector>
 
-#include "desk/jotlet_lists.h"
+#include "desk/note_desk.h"
 #include "desk/win/desktop_jotlets.h"
 #include "schedule/win/stack_window.h"
 #include "ui/resources.h"
 
 namespace jotlets {
 
-class CMainFrame;
+/// What the stacks ask of the rest of the program.
+class StacksOwner {
+ public:
+  virtual ~StacksOwner() = default;
+  /// Carries out a command of the tray menu.
+  virtual void DoProgramCommand(UINT command) = 0;
+  /// Closes a note for the user, who is told when that is not possible.
+  virtual void CloseForUser(const Text& id) = 0;
+  /// `DesktopStacks::Refresh` and `DesktopStacks::Purge` are to be called from the message loop.
+  virtual void RefreshStacksSoon() = 0;
+  virtual void PurgeSoon() = 0;
+};
 
 class DesktopStacks final : public StackOwner {
  public:
-  DesktopStacks(CMainFrame& frame, const Resources& resources, JotletLists& lists, DesktopJotlets& desktop)
-      : frame_(frame), resources_(resources), lists_(lists), desktop_(desktop) {}
+  DesktopStacks(StacksOwner& owner, const Resources& resources, Log& log, NoteDesk& desk,
+                DesktopJotlets& desktop)
+      : owner_(owner), resources_(resources), log_(log), desk_(desk), desktop_(desktop) {}
 
   /// Opens a window for every stack of the lists, not yet shown.
   void OpenAll();
@@ -78,9 +90,10 @@ class DesktopStacks final : public StackOwner {
   void EditTitle(std::int32_t number);
   void ChooseColour(std::int32_t number);
 
-  CMainFrame& frame_;
+  StacksOwner& owner_;
   const Resources& resources_;
-  JotletLists& lists_;
+  Log& log_;
+  NoteDesk& desk_;
   DesktopJotlets& desktop_;
   std::vector<std::unique_ptr<BStackDlg>> stacks_;
   // A stack may be closed while one of its messages is being served; it then waits here.

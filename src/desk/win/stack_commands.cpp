@@ -1,7 +1,6 @@
 // What the user does with a stack: its buttons, its menu and the rows of its list.
 #include <algorithm>
 
-#include "app/win/main_frame.h"
 #include "base/win/wide.h"
 #include "desk/win/desktop_stacks.h"
 #include "res/resource.h"
@@ -26,8 +25,8 @@ bool DesktopStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
     }
     case kActionEditTitle: EditTitle(stack.Number()); return true;
     case kActionColour: ChooseColour(stack.Number()); return true;
-    case kActionNewJotlet: frame_.OnCommand(ID_NEW_JOTLET); return true;
-    case kActionRescue: frame_.OnCommand(ID_RESCUE); return true;
+    case kActionNewJotlet: owner_.DoProgramCommand(ID_NEW_JOTLET); return true;
+    case kActionRescue: owner_.DoProgramCommand(ID_RESCUE); return true;
     default: return false;
   }
 }

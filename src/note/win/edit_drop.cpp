@@ -107,10 +107,9 @@ bool HoldsFiles(IDataObject& data) { return HoldsFormat(data, CF_HDROP); }
 
 bool IsReadOnlyEdit(HWND edit) { return (SendMessageW(edit, EM_GETOPTIONS, 0, 0) & ECO_READONLY) != 0; }
 
-Text DroppedText(IDataObject& data) { return HoldsFiles(data) ? TextOfFiles(data) : PlainText(data); }
-
 bool InsertDropped(HWND edit, IDataObject& data, Point at) {
-  const Text text = DroppedText(data);
+  // Of text files at most a megabyte each, else their path; files one below the other.
+  const Text text = HoldsFiles(data) ? TextOfFiles(data) : PlainText(data);
   if (text.empty() || IsReadOnlyEdit(edit)) return false;
   POINT inside{at.x, at.y};
   ScreenToClient(edit, &inside);

@@ -16,10 +16,6 @@ bool HoldsFormat(IDataObject& data, CLIPFORMAT format);
 bool HoldsFiles(IDataObject& data);
 bool IsReadOnlyEdit(HWND edit);
 
-/// The text to insert for what is dropped; empty when there is none. Of text files at most a megabyte each,
-/// else their path; files one below the other.
-Text DroppedText(IDataObject& data);
-
 /// Inserts what is dropped at a point of the screen, as one step of undoing; false when there was nothing or
 /// the editor is read-only.
 bool InsertDropped(HWND edit, IDataObject& data, Point at);

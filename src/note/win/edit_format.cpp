@@ -184,12 +184,6 @@ FontStyle FromLogFont(const LOGFONTW& font, std::int32_t points10, Colour colour
           font.lfCharSet};
 }
 
-void SetTextColour(BEdit& edit, Colour colour) {
-  CHARFORMAT2W format = Characters(CFM_COLOR);
-  format.crTextColor = ToCOLORREF(colour);
-  Set(edit, format);
-}
-
 void ToggleEffect(BEdit& edit, TextEffect effect) {
   const auto bit = static_cast<DWORD>(effect);
   const CHARFORMAT2W current = CharacterFormat(edit);
@@ -268,9 +262,11 @@ LiftedFormat LiftFormat(const BEdit& edit) { return {CharacterFormat(edit), Para
 
 void ApplyFormat(BEdit& edit, const LiftedFormat& format) {
   CHARFORMAT2W characters = format.characters;
-  // What a text is, a link for instance, is not how it looks.
+  // What a text is, a link for instance, is not how it looks. The system's mask of effects repeats some
+  // flags. NOLINTNEXTLINE(misc-redundant-expression)
   characters.dwMask &= CFM_EFFECTS2 | CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_OFFSET | CFM_BACKCOLOR |
                        CFM_UNDERLINETYPE | CFM_SPACING;
+  // NOLINTEND(misc-redundant-expression)
   characters.dwMask &= ~DWORD{CFM_LINK | CFM_PROTECTED | CFM_HIDDEN | CFM_REVISED};
   Set(edit, characters);
   Set(edit, format.paragraphs);

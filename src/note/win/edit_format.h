@@ -34,7 +34,6 @@ void SetFont(BEdit& edit, const FontStyle& style);
 /// exact size (`iPointSize`, in tenths of a point) beside its LOGFONT.
 LOGFONTW ToLogFont(const FontStyle& style);
 FontStyle FromLogFont(const LOGFONTW& font, std::int32_t points10, Colour colour);
-void SetTextColour(BEdit& edit, Colour colour);
 
 enum class TextEffect : DWORD {
   kBold = CFE_BOLD,

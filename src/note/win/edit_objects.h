@@ -17,7 +17,7 @@ namespace jotlets {
 class EditObjects final : public ComObject<IRichEditOleCallback> {
  public:
   /// Puts a guard before a rich edit control, and takes drops there where the control does not do so itself:
-  /// of a text its plain form, of files what `DroppedText` makes of them. The thread has called
+  /// of a text its plain form, of files what dropping them inserts. The thread has called
   /// OleInitialize.
   static ComPointer<EditObjects> Guard(HWND edit);
 

@@ -138,8 +138,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
   static constexpr UINT_PTR kAlarmTimer = 1228;
-  struct ActionRow;
-  static const ActionRow kActions[];
+  struct ActionHandler;
+  static const ActionHandler kHandlers[];
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void Draw(HDC dc, const Rect& part) override;

@@ -143,50 +143,6 @@ void BJotlet::TakeProperties(const JotletData& wanted) {
   SetHidden(wanted.hidden);
 }
 
-struct BJotlet::ActionRow {
-  ActionCode first;
-  ActionCode last;         // the same, or the last of a family
-  bool JotletData::*flag;  // what the command turns round; nullptr for none
-  void (*run)(BJotlet& jotlet, ActionCode action, bool on);
-};
-
-// What is not here is asked of the owner.
-const BJotlet::ActionRow BJotlet::kActions[] = {
-    {kActionOnTop, kActionOnTop, &JotletData::onTop, [](BJotlet& j, ActionCode, bool on) { j.SetOnTop(on); }},
-    {kActionRoll, kActionRoll, &JotletData::rolled, [](BJotlet& j, ActionCode, bool on) { j.SetRolled(on); }},
-    {kActionLock, kActionLock, &JotletData::readOnly,
-     [](BJotlet& j, ActionCode, bool on) { j.SetReadOnly(on); }},
-    {kActionAutoWidth, kActionAutoWidth, nullptr, [](BJotlet& j, ActionCode, bool) { j.FitWidth(); }},
-    {kActionGoAway, kActionGoAway, nullptr, [](BJotlet& j, ActionCode, bool) { j.GoAway(); }},
-    {kActionUser1, kActionUser1, &JotletData::user1,
-     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user1, on); }},
-    {kActionUser2, kActionUser2, &JotletData::user2,
-     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user2, on); }},
-    {kActionUser3, kActionUser3, &JotletData::user3,
-     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::user3, on); }},
-    {kActionStang, kActionStang, &JotletData::stang,
-     [](BJotlet& j, ActionCode, bool on) { j.Mark(&JotletData::stang, on); }},
-    {kActionTransparentOpaque, kActionTransparent10pc, nullptr,
-     [](BJotlet& j, ActionCode action, bool) { j.SetTransparency(OpacityOf(action).value_or(0)); }},
-};
-
-bool BJotlet::DoAction(ActionCode action, Point) {
-  if (!owner_.IsActionEnabled(*this, action)) return false;
-  // The menu of a sounding note offers to let it sound again later.
-  if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
-  const auto row = std::find_if(std::begin(kActions), std::end(kActions), [action](const ActionRow& r) {
-    return action >= r.first && action <= r.last;
-  });
-  if (row == std::end(kActions)) {
-    if (Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing())) return true;
-    return owner_.OnJotletAction(*this, action);
-  }
-  // All notes of a selection take the state that this one takes.
-  const bool on = row->flag != nullptr && !(record_.*row->flag);
-  for (BJotlet* jotlet : owner_.GroupOf(*this)) row->run(*jotlet, action, on);
-  return true;
-}
-
 void BJotlet::Mark(bool JotletData::*flag, bool on) {
   record_.*flag = on;
   UpdateView();

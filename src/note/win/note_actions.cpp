@@ -35,7 +35,7 @@ bool BJotlet::DoAction(ActionCode action, Point) {
   if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const NoteAction& row = RowOf(action);
   if (row.by == ActionBy::kEditor)
-    return Editor() != nullptr && DoEditAction(edit_, action, owner_.EditingContext());
+    return Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing());
   const ActionHandler* handler = HandlerOf(kHandlers, row);
   if (handler == nullptr) return owner_.OnJotletAction(*this, action);
   // All notes of a selection take the state that this one takes.

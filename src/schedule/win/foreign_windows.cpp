@@ -92,4 +92,10 @@ HWND FrontWindow::Now() {
   return last_;
 }
 
+std::vector<WindowFacts> ForeignWindowWatcher::Look() {
+  std::vector<WindowFacts> facts;
+  for (ForeignWindow& window : ListForeignWindows(front_.Now())) facts.push_back(std::move(window.facts));
+  return facts;
+}
+
 }  // namespace jotlets

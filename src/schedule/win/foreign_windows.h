@@ -33,4 +33,13 @@ class FrontWindow {
   HWND last_ = nullptr;
 };
 
+class ForeignWindowWatcher final : public WindowWatcher {
+ public:
+  std::vector<WindowFacts> Look() override;
+  FrontWindow& Front() { return front_; }
+
+ private:
+  FrontWindow front_;
+};
+
 }  // namespace jotlets

@@ -1,6 +1,5 @@
 #include "app/win/commands/addressed_jotlet.h"
 
-#include "app/win/main_frame.h"
 #include "note/text_style.h"
 #include "note/win/edit_text.h"
 
@@ -8,7 +7,7 @@ namespace jotlets {
 
 JotletData& AddressedJotlet::Record() { return jotlet_.Record(); }
 Text AddressedJotlet::PlainText() { return jotlet_.Content().PlainText(); }
-Text AddressedJotlet::Rtf() { return frame_.RichTextOf(jotlet_.StoredRecord()); }
+Text AddressedJotlet::Rtf() { return tools_.contents.RichTextOf(jotlet_.StoredRecord()); }
 std::int64_t AddressedJotlet::WindowNumber() { return reinterpret_cast<std::intptr_t>(jotlet_.Handle()); }
 
 // The skin that is shown: the one that a record names may not be there.
@@ -36,34 +35,35 @@ bool AddressedJotlet::SetRolled(bool rolled) {
 bool AddressedJotlet::SetPlainText(TextView text) { return jotlet_.Content().SetPlainText(text); }
 bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.Content().SetRichText(rtf); }
 
-bool AddressedJotlet::SetSkin(TextView path) { return frame_.SetJotletSkin(jotlet_, path); }
+bool AddressedJotlet::SetSkin(TextView path) { return tools_.skins.SetOfNote(jotlet_, path); }
 
 bool AddressedJotlet::ApplyStyle(TextView name) {
   constexpr TextView kFront = u"Style0";
   if (!StartsWithIgnoreCase(name, kFront) || name.size() != kFront.size() + 1) return false;
   const auto number = static_cast<std::size_t>(name.back() - u'0');
-  if (number >= kTextStyles || !SavedTextStyle(frame_.CurrentOptions(), number).IsSet()) return false;
+  if (number >= kTextStyles || !SavedTextStyle(tools_.options, number).IsSet()) return false;
   BEdit* edit = jotlet_.Editor();
   if (edit == nullptr) return false;
   const CHARRANGE selected = edit->Selection();
   SelectAll(*edit);
   const bool done =
       DoEditAction(*edit, static_cast<ActionCode>(kActionApplyStyle0 + static_cast<int>(number)),
-                   frame_.Desktop().EditingContext());
+                   tools_.notes.EditingContext());
   edit->Select(selected);
   return done;
 }
 
-bool AddressedJotlet::SetPicture(TextView path) { return frame_.SetJotletPicture(jotlet_, path); }
+bool AddressedJotlet::SetPicture(TextView path) { return tools_.contents.SetPicture(jotlet_, path); }
 
 void AddressedJotlet::CopyContent(bool formatted) {
   const JotletData& record = jotlet_.StoredRecord();
-  jotlet_.CopyContent(frame_.Handle(), formatted,
-                      {[&] { return frame_.ContentOf(record); }, [&] { return frame_.RichTextOf(record); }});
+  jotlet_.CopyContent(
+      tools_.window.Handle(), formatted,
+      {[&] { return tools_.contents.BytesOf(record); }, [&] { return tools_.contents.RichTextOf(record); }});
 }
 
 void AddressedJotlet::PasteAtEnd(bool formatted) { jotlet_.Content().PasteAtEnd(formatted); }
 
-bool AddressedJotlet::SaveContent() { return frame_.SaveContent(jotlet_.StoredRecord().id); }
+bool AddressedJotlet::SaveContent() { return tools_.desk.SaveContent(jotlet_.StoredRecord().id); }
 
 }  // namespace jotlets

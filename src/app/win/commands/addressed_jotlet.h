@@ -1,16 +1,25 @@
 // An open note as commands see it.
 #pragma once
 
+#include "app/win/commands/skin_commands.h"
 #include "command/command_host.h"
+#include "desk/win/note_contents.h"
 
 namespace jotlets {
 
-class BJotlet;
-class CMainFrame;
+/// What commands on a note work with.
+struct NoteTools {
+  const Options& options;
+  NoteDesk& desk;
+  DesktopJotlets& notes;
+  NoteContents& contents;
+  SkinCommands& skins;
+  const ProgramWindow& window;
+};
 
 class AddressedJotlet final : public DesktopJotlet {
  public:
-  AddressedJotlet(CMainFrame& frame, BJotlet& jotlet) : frame_(frame), jotlet_(jotlet) {}
+  AddressedJotlet(const NoteTools& tools, BJotlet& jotlet) : tools_(tools), jotlet_(jotlet) {}
 
   JotletData& Record() override;
   Text PlainText() override;
@@ -36,7 +45,7 @@ class AddressedJotlet final : public DesktopJotlet {
   bool SaveContent() override;
 
  private:
-  CMainFrame& frame_;
+  const NoteTools& tools_;
   BJotlet& jotlet_;
 };
 

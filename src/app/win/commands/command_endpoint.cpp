@@ -1,24 +1,21 @@
 #include "app/win/commands/command_endpoint.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "app/win/main_frame.h"
-#include "skin/picture_file.h"
+#include "backup/backup.h"
 #include "skin/win/clipboard.h"
-#include "ui/foreground_keeper.h"
 
 namespace jotlets {
 namespace {
 
-NewJotlet ByCommand() {
-  NewJotlet fresh;
-  fresh.reason = u"api";
+NewNote ByCommand() {
+  NewNote fresh;
+  fresh.reason = Reason::kApi;
   return fresh;
 }
 
-NewJotlet PictureNote(std::string png) {
-  NewJotlet fresh = ByCommand();
+NewNote PictureNote(std::string png) {
+  NewNote fresh = ByCommand();
   fresh.isImage = true;
   fresh.picture = std::move(png);
   return fresh;
@@ -26,161 +23,155 @@ NewJotlet PictureNote(std::string png) {
 
 }  // namespace
 
-CommandEndpoint::CommandEndpoint(CMainFrame& frame, const CodePage& ansi, Log& log)
-    : frame_(frame), ansi_(ansi), log_(log), transport_(ansi), listeners_(transport_, log) {}
-
 void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
   // The payload is the sender's memory; all that follows works on a copy.
-  const Text text = TextOfCopyData(record, ansi_);
-  const Inbound inbound = RouteInbound(text, frame_.IsSkinFixedByPolicy());
+  const Text text = TextOfCopyData(record, program_.ansi);
+  const Inbound inbound = RouteInbound(text, note_.skins.IsFixedByPolicy());
   switch (inbound.kind) {
     case InboundKind::kCommand: {
-      const ApiReplyChannel reply(transport_, listeners_, log_, record.dwData,
+      const ApiReplyChannel reply(program_.transport, program_.listeners, program_.log, record.dwData,
                                   reinterpret_cast<ClientWindow>(sender));
-      ExecuteApiCommand(*this, reply, log_, inbound.text);
+      ExecuteApiCommand(*this, reply, program_.log, inbound.text);
       break;
     }
-    case InboundKind::kSkinFile: frame_.OpenSkinFile(inbound.text); break;
-    case InboundKind::kNoteMessage: frame_.ImportNoteMessage(inbound.text); break;
+    case InboundKind::kSkinFile: note_.skins.OpenFile(inbound.text); break;
+    case InboundKind::kNoteMessage: program_.tray.ImportNoteMessage(inbound.text); break;
   }
 }
 
 DesktopJotlet* CommandEndpoint::FindDesktop(TextView id) {
-  BJotlet* jotlet = frame_.FindJotlet(id);
+  BJotlet* jotlet = note_.notes.Find(id);
   if (jotlet == nullptr) return nullptr;
-  return &addressed_.emplace(frame_, *jotlet);
+  return &addressed_.emplace(note_, *jotlet);
 }
 
-const JotletData* CommandEndpoint::FindAttached(TextView id) {
-  return attached_.Find(frame_.Lists().attached, id);
-}
+const JotletData* CommandEndpoint::FindAttached(TextView id) { return Lists().attached.Find(id); }
 
-const JotletData* CommandEndpoint::FindClosed(TextView id) {
-  return closed_.Find(frame_.Lists().deleted, id);
-}
+const JotletData* CommandEndpoint::FindClosed(TextView id) { return Lists().closed.Find(id); }
 
 Text CommandEndpoint::DesktopOfWindow(std::int64_t handle) {
-  for (const auto& jotlet : frame_.Desktop().All()) {
+  for (const auto& jotlet : note_.notes.All()) {
     if (reinterpret_cast<std::intptr_t>(jotlet->Handle()) == handle) return jotlet->StoredRecord().id;
   }
   return {};
 }
 
-std::vector<Text> CommandEndpoint::DesktopIds() const { return frame_.Desktop().Ids(); }
-std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(frame_.Lists().attached); }
-std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(frame_.Lists().sleeping); }
-std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(frame_.Lists().deleted); }
+std::vector<Text> CommandEndpoint::DesktopIds() const { return note_.notes.Ids(); }
+std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(Lists().attached); }
+std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(Lists().sleeping); }
+std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(Lists().closed); }
 
-const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const { return frame_.FindStack(number); }
+const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const { return Lists().FindStack(number); }
 
 std::vector<std::int32_t> CommandEndpoint::StackNumbers() const {
   std::vector<std::int32_t> numbers;
-  for (const StackRecord& stack : frame_.Lists().stacks) numbers.push_back(stack.number);
+  for (const StackRecord& stack : Lists().stacks) numbers.push_back(stack.number);
   return numbers;
 }
 
-Text CommandEndpoint::ContentForTransfer(const JotletData& record) { return frame_.RichTextOf(record); }
+Text CommandEndpoint::ContentForTransfer(const JotletData& record) {
+  return note_.contents.RichTextOf(record);
+}
 
 Text CommandEndpoint::CreateDesktop(TextView text) {
-  NewJotlet fresh = ByCommand();
+  NewNote fresh = ByCommand();
   fresh.text = text;
-  return frame_.CreateJotlet(fresh);
+  return note_.desk.Create(fresh);
 }
 
 CommandHost::Pasted CommandEndpoint::CreateFromClipboard(Paste what) {
   if (what == Paste::kPicture) {
-    std::string png = ClipboardPicture(frame_.Handle());
-    if (png.empty()) return {frame_.CreateJotlet(ByCommand()), false};
-    return {frame_.CreateJotlet(PictureNote(std::move(png))), true};
+    std::string png = ClipboardPicture(note_.window.Handle());
+    if (png.empty()) return {note_.desk.Create(ByCommand()), false};
+    return {note_.desk.Create(PictureNote(std::move(png))), true};
   }
-  NewJotlet fresh = ByCommand();
+  NewNote fresh = ByCommand();
   fresh.fromClipboard = true;
   fresh.plainClipboard = what == Paste::kPlain;
-  return {frame_.CreateJotlet(fresh), true};
+  return {note_.desk.Create(fresh), true};
 }
 
 Text CommandEndpoint::CreateFromPicture(TextView path) {
-  std::string png = frame_.ReadPicture(path);
-  return png.empty() ? Text() : frame_.CreateJotlet(PictureNote(std::move(png)));
+  std::string png = note_.contents.ReadPicture(path);
+  return png.empty() ? Text() : note_.desk.Create(PictureNote(std::move(png)));
 }
 
 Text CommandEndpoint::CreateEncoded(TextView encoded, bool asleep) {
-  return frame_.AdmitJotlet(encoded, asleep, u"api");
+  return note_.desk.Admit(encoded, asleep, Reason::kApi);
 }
 
-bool CommandEndpoint::CloseDesktop(TextView id) { return frame_.CloseJotlet(id, u"api"); }
-bool CommandEndpoint::DeleteDesktop(TextView id) { return frame_.DeleteJotlet(id, u"api"); }
-CommandHost::Renamed CommandEndpoint::SetDesktopId(TextView id, TextView newId) {
-  return frame_.SetJotletId(id, newId);
-}
+bool CommandEndpoint::CloseDesktop(TextView id) { return note_.desk.Close(id, Reason::kApi); }
+bool CommandEndpoint::DeleteDesktop(TextView id) { return note_.desk.Delete(id, Reason::kApi); }
+Renamed CommandEndpoint::SetDesktopId(TextView id, TextView newId) { return note_.desk.Rename(id, newId); }
 
-const JotletData* CommandEndpoint::FindSleeping(TextView id) {
-  return std::as_const(frame_).Lists().sleeping.Find(id);
-}
+const JotletData* CommandEndpoint::FindSleeping(TextView id) { return Lists().sleeping.Find(id); }
 
-bool CommandEndpoint::WakeSleeping(TextView id) { return frame_.WakeSleeping(id); }
+bool CommandEndpoint::WakeSleeping(TextView id) { return program_.sleeping.WakeSleeping(id); }
 
 bool CommandEndpoint::Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) {
-  return frame_.Sleeping().Sleep(id, frame_.Sleeping().Now() + seconds, flags);
+  return note_.desk.Sleep(id, program_.clock.Now().utc + seconds, flags);
 }
 
 bool CommandEndpoint::Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
                             std::int32_t end) {
-  return frame_.Sleeping().Recur(id, rule, start == kNone ? frame_.Sleeping().Now() : start, end, flags);
+  return note_.desk.Recur(id, rule, start == kNone ? program_.clock.Now().utc : start, end, flags);
 }
 
 void CommandEndpoint::SoundAlarm(TextView id, bool on) {
-  BJotlet* jotlet = frame_.FindJotlet(id);
+  BJotlet* jotlet = note_.notes.Find(id);
   if (jotlet == nullptr) return;
   if (!on) return jotlet->StopAlarm();
-  const ForegroundKeeper keeper;
-  jotlet->StartAlarm();
+  note_.notes.StartAlarm(id);
 }
 
 void CommandEndpoint::MoveSleeping(TextView id, Point position) {
-  JotletData* record = frame_.Lists().sleeping.FindToChange(id);
-  if (record == nullptr) return;
-  record->x = position.x;
-  record->y = position.y;
-  frame_.OnListsChanged();
+  note_.desk.ChangeSleeping(id, [position](JotletData& record) {
+    record.x = position.x;
+    record.y = position.y;
+  });
 }
 
 void CommandEndpoint::SetWakeTime(TextView id, std::int32_t time) {
-  JotletData* record = frame_.Lists().sleeping.FindToChange(id);
-  if (record == nullptr) return;
-  record->sleep.nextWake = time;
-  frame_.OnListsChanged();
+  note_.desk.ChangeSleeping(id, [time](JotletData& record) { record.sleep.nextWake = time; });
 }
 
 bool CommandEndpoint::SaveNow() {
-  frame_.SaveOptionsIfDirty();
-  return frame_.SaveJotlets();
+  program_.saving.SaveOptionsIfDirty();
+  return program_.saving.SaveJotlets();
 }
 
-bool CommandEndpoint::Backup(TextView folder) { return frame_.BackUpInto(folder); }
-void CommandEndpoint::BringForward() { frame_.BringForward(); }
-void CommandEndpoint::HideAll(bool hidden) { frame_.HideAll(hidden); }
-void CommandEndpoint::RecreateIcon() { frame_.RecreateIcon(); }
-// This version has none.
+bool CommandEndpoint::Backup(TextView folder) {
+  if (!program_.saving.SaveForBackup()) return false;
+  const FileStatus taken = BackUpInto(program_.files, program_.ansi, note_.desk.Folder(), folder);
+  program_.log.Write(kLogLifecycle, u"Backup into '", folder, u"': ",
+                     taken ? TextView(u"taken") : TextView(taken.reason));
+  return taken.ok;
+}
+
+void CommandEndpoint::BringForward() { program_.tray.BringForward(); }
+void CommandEndpoint::HideAll(bool hidden) { program_.tray.HideAll(hidden); }
+void CommandEndpoint::RecreateIcon() { program_.icon.AddAgain(); }
 std::optional<bool> CommandEndpoint::OpenManageWindow(bool open) {
-  BManageDlg& dialog = frame_.Managed().Dialog();
+  BManageDlg& dialog = program_.managed.Dialog();
   // As other windows that commands bring up, it leaves the keyboard where it is.
   return open ? dialog.OpenWindow(false) : dialog.CloseWindow();
 }
-bool CommandEndpoint::IsSkinFixed() { return frame_.IsSkinFixedByPolicy(); }
-bool CommandEndpoint::SetDefaultSkin(TextView path) { return frame_.SetDefaultSkin(path); }
-Text CommandEndpoint::DefaultSkinPath() { return frame_.Skins().DefaultPath(); }
-std::array<std::int32_t, 3> CommandEndpoint::Snapping() const { return frame_.CurrentOptions().snap; }
-bool CommandEndpoint::RolledHasAltPosition() const { return frame_.CurrentOptions().rolledHasAltPosition; }
-Text CommandEndpoint::DataPath() const { return frame_.DataFolder(); }
-Text CommandEndpoint::UniqueId() const { return frame_.InstallId(); }
-LocalTime CommandEndpoint::ToLocal(std::int32_t utc) { return frame_.ToLocal(utc); }
-const FriendList& CommandEndpoint::Friends() { return frame_.Friends().List(); }
+bool CommandEndpoint::IsSkinFixed() { return note_.skins.IsFixedByPolicy(); }
+bool CommandEndpoint::SetDefaultSkin(TextView path) { return note_.skins.SetDefault(path); }
+Text CommandEndpoint::DefaultSkinPath() { return note_.skins.DefaultPath(); }
+std::array<std::int32_t, 3> CommandEndpoint::Snapping() const { return note_.options.snap; }
+bool CommandEndpoint::RolledHasAltPosition() const { return note_.options.rolledHasAltPosition; }
+Text CommandEndpoint::DataPath() const { return note_.desk.Folder(); }
+Text CommandEndpoint::UniqueId() const { return program_.installId; }
+LocalTime CommandEndpoint::ToLocal(std::int32_t utc) { return program_.clock.ToLocal(utc); }
+const FriendList& CommandEndpoint::Friends() { return program_.friends.List(); }
 
 CustomCommands& CommandEndpoint::CustomMenu(MenuKind kind) {
-  return kind == MenuKind::kOfNotes ? ofNotes_ : ofProgram_;
+  return kind == MenuKind::kOfNotes ? program_.menus.ofNotes : program_.menus.ofProgram;
 }
 
-void CommandEndpoint::NotifyMoved(TextView id) { frame_.NotifyListeners(u"509 desktop jotlet moved", id); }
+void CommandEndpoint::NotifyMoved(TextView id) {
+  program_.listeners.Send({EventKind::kMoved, Reason::kNotGiven, {Text(id)}, {}});
+}
 
 }  // namespace jotlets

@@ -6,26 +6,40 @@
 #include <optional>
 
 #include "app/win/commands/addressed_jotlet.h"
+#include "app/win/commands/managed_notes.h"
+#include "app/win/commands/tray_commands.h"
 #include "command/interpreter.h"
 #include "command/win/copy_data.h"
-#include "data/record_index.h"
+#include "desk/sleeping_notes.h"
+#include "friends/friend_book.h"
 
 namespace jotlets {
 
-class CMainFrame;
+/// What commands reach beside notes.
+struct ProgramTools {
+  const CodePage& ansi;
+  const Clock& clock;
+  Log& log;
+  Files& files;
+  const FriendBook& friends;
+  SleepingNotes& sleeping;
+  ProgramSaving& saving;
+  ManagedNotes& managed;
+  TrayCommands& tray;
+  CSystemTray& icon;
+  Listeners& listeners;
+  CopyDataTransport& transport;
+  CustomMenus& menus;
+  const Text& installId;
+};
 
 /// The command language's view of the program.
 class CommandEndpoint final : public CommandHost {
  public:
-  CommandEndpoint(CMainFrame& frame, const CodePage& ansi, Log& log);
-
-  /// Replies and events go out in the name of this window.
-  void SetWindow(HWND window) { transport_.SetSender(window); }
+  CommandEndpoint(const NoteTools& note, const ProgramTools& program) : note_(note), program_(program) {}
 
   /// Serves a copy-data message.
   void OnCopyData(HWND sender, const COPYDATASTRUCT& record);
-
-  jotlets::Listeners& Listeners() { return listeners_; }
 
   DesktopJotlet* FindDesktop(TextView id) override;
   const JotletData* FindAttached(TextView id) override;
@@ -75,16 +89,11 @@ class CommandEndpoint final : public CommandHost {
   void NotifyMoved(TextView id) override;
 
  private:
-  CMainFrame& frame_;
-  const CodePage& ansi_;
-  Log& log_;
-  CopyDataTransport transport_;
-  jotlets::Listeners listeners_;
+  const NoteLists& Lists() const { return note_.desk.Lists(); }
+
+  NoteTools note_;
+  ProgramTools program_;
   std::optional<AddressedJotlet> addressed_;  // the note that the command under way is about
-  RecordIndex attached_;
-  RecordIndex closed_;
-  CustomCommands ofNotes_;
-  CustomCommands ofProgram_;
 };
 
 }  // namespace jotlets

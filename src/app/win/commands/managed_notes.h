@@ -3,40 +3,33 @@
 
 #include <vector>
 
-#include "desk/jotlet_lists.h"
-#include "desk/note_saver.h"
-#include "desk/win/desktop_jotlets.h"
-#include "desk/win/jotlet_maker.h"
+#include "app/win/program_saving.h"
+#include "desk/sleeping_notes.h"
+#include "desk/win/desktop_stacks.h"
+#include "desk/win/note_contents.h"
 #include "manage/win/manage_dialog.h"
 
 namespace jotlets {
 
-class CMainFrame;
-
 class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
-  ManagedNotes(CMainFrame& frame, const Resources& resources, const Files& files, JotletLists& lists,
-               DesktopJotlets& desktop, JotletMaker& maker, NoteSaver& saver, Options& options)
-      : frame_(frame),
-        resources_(resources),
-        files_(files),
-        lists_(lists),
-        desktop_(desktop),
-        maker_(maker),
-        saver_(saver),
+  ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
+               DesktopJotlets& notes, DesktopStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
+               ProgramSaving& saving, const ProgramWindow& window, const ProgramState& state)
+      : resources_(resources),
+        clock_(clock),
         options_(options),
+        desk_(desk),
+        notes_(notes),
+        stacks_(stacks),
+        sleeping_(sleeping),
+        contents_(contents),
+        saving_(saving),
+        window_(window),
+        state_(state),
         dialog_(resources, *this, *this, options) {}
 
   BManageDlg& Dialog() { return dialog_; }
-
-  /// Opens closed notes where they were before, and tells the listeners; how many could not be opened and are
-  /// closed still.
-  std::size_t Restore(const std::vector<Text>& ids);
-  /// Deletes closed notes for good, and tells the listeners.
-  void DeleteClosed(const std::vector<Text>& ids);
-  /// Notes that wait for the windows that they are attached to become plain notes of the desktop, as do those
-  /// that are there already; how many did not.
-  std::size_t Unattach(const std::vector<Text>& ids);
 
   bool FillManageList(ManageView view, ManageList& list) override;
   std::array<std::size_t, kManageViews> CountManaged() override;
@@ -62,22 +55,20 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
-  std::vector<JotletData> TakeWaiting(ManageView view, const std::vector<Text>& ids);
   std::size_t Undo();
   void Remember(Deleted step);
-  /// Opens records that belong to no list any more, `change`d; those that got no window are returned as they
-  /// were.
-  std::vector<JotletData> OpenOnDesktop(std::vector<JotletData> records, TextView reason,
-                                        void (*change)(JotletData&) = nullptr);
 
-  CMainFrame& frame_;
   const Resources& resources_;
-  const Files& files_;
-  JotletLists& lists_;
-  DesktopJotlets& desktop_;
-  JotletMaker& maker_;
-  NoteSaver& saver_;
+  const Clock& clock_;
   Options& options_;
+  NoteDesk& desk_;
+  DesktopJotlets& notes_;
+  DesktopStacks& stacks_;
+  SleepingNotes& sleeping_;
+  NoteContents& contents_;
+  ProgramSaving& saving_;
+  const ProgramWindow& window_;
+  const ProgramState& state_;
   BManageDlg dialog_;
   std::vector<Deleted> deleted_;  // the latest last
 };

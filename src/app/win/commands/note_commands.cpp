@@ -2,7 +2,6 @@
 
 #include <shellapi.h>
 
-#include "app/win/main_frame.h"
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
@@ -13,7 +12,6 @@
 #include "note/win/properties_dialog.h"
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"
-#include "skin/win/skin_dialog.h"
 #include "ui/system_choosers.h"
 #include "ui/text_dialog.h"
 #include "ui/user_messages.h"
@@ -21,7 +19,7 @@
 namespace jotlets {
 
 struct NoteCommands::Handler {
-  ActionCode code;
+  ActionCode code = kActionNone;
   void (NoteCommands::*run)(BJotlet& jotlet) = nullptr;
   UINT command = 0;  // instead, one of the program's, whatever the note
 };
@@ -65,14 +63,6 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
 
 namespace {
 
-// Those that are commands of the program, whatever the note.
-constexpr std::pair<ActionCode, UINT> kOfProgram[] = {
-    {kActionNewJotlet, ID_NEW_JOTLET}, {kActionNewFromClipboard, ID_NEW_FROM_CLIPBOARD},
-    {kActionRescue, ID_RESCUE},        {kActionHideAll, ID_SHOW_OR_HIDE},
-    {kActionExitApp, ID_EXIT_JOTLETS}, {kActionBackup, ID_BACKUP},
-    {kActionFriends, ID_FRIENDS},      {kActionManage, ID_MANAGE},
-};
-
 // The files that a content can be saved as, by the extension of its own.
 UINT FilterOf(const Text& extension) { return extension == u"png" ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT; }
 
@@ -82,8 +72,8 @@ bool NoteCommands::Do(const Text& id, ActionCode action) {
   static_assert(AreHandlersBy(ActionBy::kProgram, kHandlers));
   const Handler* handler = HandlerOf(kHandlers, RowOf(action));
   if (handler == nullptr) return false;
-  if (handler->command != 0) return frame_.OnCommand(handler->command), true;
-  BJotlet* jotlet = frame_.FindJotlet(id);
+  if (handler->command != 0) return tools_.program.Do(handler->command), true;
+  BJotlet* jotlet = tools_.notes.Find(id);
   if (jotlet == nullptr) return false;
   (this->*handler->run)(*jotlet);
   return true;
@@ -101,30 +91,31 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
   facts.user2 = record.user2;
   facts.user3 = record.user3;
   facts.transparency = record.transparency;
-  if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(frame_.Desktop().Highlights());
-  facts.skinFixed = frame_.IsSkinFixedByPolicy();
-  facts.inStack = frame_.FindStack(record.stack) != nullptr;
+  if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
+  facts.skinFixed = tools_.skins.IsFixedByPolicy();
+  facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   return facts;
 }
 
 void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
   if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
-  const ActionMenu menu(resources_, which, FactsOf(jotlet), ExtrasOf(jotlet));
-  CustomCommands& custom = frame_.Commands().CustomMenu(MenuKind::kOfNotes);
+  const ActionMenu menu(tools_.resources, which, FactsOf(jotlet), ExtrasOf(jotlet));
+  CustomCommands& custom = tools_.menus.ofNotes;
   if (which == NoteMenu::kJotletMenu) InsertCustomEntries(menu.Handle(), -1, custom);
   std::vector<std::int32_t> stacks;
-  for (const StackRecord& stack : frame_.Lists().stacks) stacks.push_back(stack.number);
+  for (const StackRecord& stack : tools_.desk.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
   const UINT chosen = menu.Choose(jotlet.Handle());
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (there == nullptr || chosen == 0) return;
   if (const Text word = custom.WordOf(static_cast<std::int32_t>(chosen)); !word.empty()) {
-    frame_.NotifyListeners(u"505 custom jotlet command: " + word, id);
+    tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {id}, word});
     return;
   }
   if (chosen >= kFirstStack) {
-    frame_.Stacks().Add(stacks[chosen - kFirstStack], *there);
+    const std::size_t stack = chosen - kFirstStack;
+    if (stack < stacks.size()) tools_.stacks.Add(stacks[stack], *there);
   } else if (chosen >= kFirstExtra) {
     DoExtra(*there, chosen);
   } else {
@@ -135,15 +126,15 @@ void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
 // Entries that only some notes have, or that depend on which stacks there are.
 std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) const {
   const JotletData& record = jotlet.StoredRecord();
-  const bool inStack = frame_.FindStack(record.stack) != nullptr;
+  const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   std::vector<ExtraEntry> extras = {
-      {MenuPart::kAttachment, kUnattach, resources_.String(IDS_MENU_UNATTACH), record.IsAttached()},
-      {MenuPart::kStacks, kNewStack, resources_.String(IDS_MENU_NEW_STACK)},
-      {MenuPart::kStacks, kLeaveStack, resources_.String(IDS_MENU_LEAVE_STACK), inStack},
-      {MenuPart::kStacks, kShowStack, resources_.String(IDS_MENU_SHOW_STACK), inStack}};
-  if (!frame_.Lists().stacks.empty()) extras.push_back({MenuPart::kStacks});
+      {MenuPart::kAttachment, kUnattach, tools_.resources.String(IDS_MENU_UNATTACH), record.IsAttached()},
+      {MenuPart::kStacks, kNewStack, tools_.resources.String(IDS_MENU_NEW_STACK)},
+      {MenuPart::kStacks, kLeaveStack, tools_.resources.String(IDS_MENU_LEAVE_STACK), inStack},
+      {MenuPart::kStacks, kShowStack, tools_.resources.String(IDS_MENU_SHOW_STACK), inStack}};
+  if (!tools_.desk.Lists().stacks.empty()) extras.push_back({MenuPart::kStacks});
   UINT entry = kFirstStack;
-  for (const StackRecord& stack : frame_.Lists().stacks) {
+  for (const StackRecord& stack : tools_.desk.Lists().stacks) {
     // An ampersand of the name is no mnemonic.
     extras.push_back({MenuPart::kStacks, entry++, ReplaceAll(OneLine(stack.title), u"&", u"&&"), true,
                       stack.number == record.stack});
@@ -154,20 +145,19 @@ std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) const {
 void NoteCommands::DoExtra(BJotlet& jotlet, UINT chosen) {
   switch (chosen) {
     case kUnattach:
-      for (BJotlet* note : frame_.Desktop().GroupOf(jotlet)) note->SetAttachment({});
+      for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
       break;
     case kNewStack:
-      if (const BStackDlg* stack = frame_.Stacks().Create(jotlet))
-        frame_.Stacks().Add(stack->Number(), jotlet);
+      if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
       break;
-    case kLeaveStack: frame_.Stacks().TakeOut(jotlet); break;
+    case kLeaveStack: tools_.stacks.TakeOut(jotlet); break;
     case kShowStack: ShowParent(jotlet); break;
     default: break;
   }
 }
 
 void NoteCommands::ShowParent(BJotlet& jotlet) {
-  BStackDlg* stack = frame_.Stacks().Find(jotlet.StoredRecord().stack);
+  BStackDlg* stack = tools_.stacks.Find(jotlet.StoredRecord().stack);
   if (stack == nullptr) return;
   stack->Show();
   stack->BringForward();
@@ -176,46 +166,60 @@ void NoteCommands::ShowParent(BJotlet& jotlet) {
 
 void NoteCommands::Attach(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto choice = BAttachDlg(resources_, frame_.AttachedNotes().Front(), jotlet.StoredRecord(),
-                                 frame_.CurrentOptions().attachShowSystemWindows)
+  const auto choice = BAttachDlg(tools_.resources, tools_.front, jotlet.StoredRecord(),
+                                 tools_.options.attachShowSystemWindows)
                           .Choose(jotlet.Handle());
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (!choice || there == nullptr) return;
-  for (BJotlet* note : frame_.Desktop().GroupOf(*there)) frame_.AttachedNotes().Attach(*note, *choice);
+  // The window that the user pointed at goes before others that match, unless he changed the patterns so that
+  // it does not.
+  std::vector<WindowFacts> windows;
+  for (ForeignWindow& window : ListForeignWindows(tools_.front.Now())) {
+    const bool pointedAt = choice->window != nullptr && window.window == choice->window;
+    windows.insert(pointedAt ? windows.begin() : windows.end(), std::move(window.facts));
+  }
+  for (BJotlet* note : tools_.notes.GroupOf(*there))
+    tools_.attached.Attach(note->StoredRecord().id, choice->attachment, windows);
 }
 
 void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kJotletMenu); }
 void NoteCommands::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kTextMenu); }
 
-void NoteCommands::Close(BJotlet& jotlet) { frame_.CloseForUser(jotlet.StoredRecord().id); }
+void NoteCommands::CloseForUser(const Text& id) {
+  if (!tools_.desk.Close(id, Reason::kUser) && tools_.notes.Find(id) != nullptr)
+    Tell(tools_.window.Handle(), tools_.resources, IDS_SAVE_FAILED, tools_.desk.Folder());
+}
+
+void NoteCommands::Close(BJotlet& jotlet) { CloseForUser(Text(jotlet.StoredRecord().id)); }
 
 void NoteCommands::Delete(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  if (Ask(jotlet.Handle(), resources_, IDS_CONFIRM_DELETE)) frame_.DeleteJotlet(id, u"deleted");
+  if (Ask(jotlet.Handle(), tools_.resources, IDS_CONFIRM_DELETE)) tools_.desk.Delete(id, Reason::kDeleted);
 }
 
-void NoteCommands::OrphanCheck(BJotlet&) { frame_.CheckContent(); }
+void NoteCommands::OrphanCheck(BJotlet&) { tools_.program.CheckContent(); }
 
 void NoteCommands::EditTitle(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto title = BTextDlg(resources_, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
+  const auto title =
+      BTextDlg(tools_.resources, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
   // A dialog lets everything else go on: the note may be gone when it ends. So below.
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (title && there != nullptr) there->SetTitle(*title);
 }
 
 void NoteCommands::EditUserString(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto words =
-      BTextDlg(resources_, IDS_EDIT_USER_STRING, jotlet.StoredRecord().userString1).Ask(jotlet.Handle());
-  BJotlet* there = frame_.FindJotlet(id);
+  const auto words = BTextDlg(tools_.resources, IDS_EDIT_USER_STRING, jotlet.StoredRecord().userString1)
+                         .Ask(jotlet.Handle());
+  BJotlet* there = tools_.notes.Find(id);
   if (words && there != nullptr) there->SetUserString(*words);
 }
 
 void NoteCommands::ChooseColour(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (colour && there != nullptr) there->SetColour(*colour);
 }
 
@@ -223,42 +227,32 @@ void NoteCommands::ChooseFont(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   if (jotlet.Editor() == nullptr) return;
   const auto style = ChooseSystemFont(jotlet.Handle(), CurrentFont(*jotlet.Editor()));
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (style && there != nullptr && there->Editor() != nullptr) SetFont(*there->Editor(), *style);
 }
 
 void NoteCommands::FindText(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto words = BTextDlg(resources_, IDS_FIND_TEXT, frame_.Desktop().Searched()).Ask(jotlet.Handle());
-  BJotlet* there = frame_.FindJotlet(id);
+  const auto words = BTextDlg(tools_.resources, IDS_FIND_TEXT, tools_.notes.Searched()).Ask(jotlet.Handle());
+  BJotlet* there = tools_.notes.Find(id);
   if (!words || words->empty() || there == nullptr || there->Editor() == nullptr) return;
-  frame_.Desktop().SetSearched(*words);
-  if (!FindNextText(*there->Editor(), *words)) Tell(there->Handle(), resources_, IDS_NOT_FOUND, *words);
+  tools_.notes.SetSearched(*words);
+  if (!FindNextText(*there->Editor(), *words)) Tell(there->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
 }
 
-void NoteCommands::ChooseSkin(BJotlet& jotlet) {
-  if (frame_.IsSkinFixedByPolicy()) return;
-  const Text id = jotlet.StoredRecord().id;
-  const JotletData& record = jotlet.StoredRecord();
-  const Text now = record.skin.empty() ? frame_.CurrentOptions().skin : record.skin;
-  const std::optional<SkinChoice> choice =
-      BSkinDlg(resources_, frame_.Skins(), now, record.colour).Choose(jotlet.Handle());
-  BJotlet* there = frame_.FindJotlet(id);
-  if (!choice || there == nullptr) return;
-  if (choice->asDefault) frame_.UseDefaultSkin(choice->name);
-  frame_.Desktop().SetSkin(*there, choice->asDefault ? TextView() : TextView(choice->name));
-}
+void NoteCommands::ChooseSkin(BJotlet& jotlet) { tools_.skins.Choose(jotlet); }
 
-void NoteCommands::Save(BJotlet&) { frame_.SaveIfDirty(); }
+void NoteCommands::Save(BJotlet&) { tools_.saving.SaveIfDirty(); }
 
 bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const Text extension(jotlet.Content().Extension());
-  const Text path = ChooseFileToSave(jotlet.Handle(), resources_.String(FilterOf(extension)), extension, {});
-  BJotlet* there = frame_.FindJotlet(id);
+  const Text path =
+      ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension, {});
+  BJotlet* there = tools_.notes.Find(id);
   if (path.empty() || there == nullptr) return false;
-  const FileStatus written = frame_.WriteCopy(*there, path);
-  if (!written) Tell(there->Handle(), resources_, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
+  const FileStatus written = tools_.contents.WriteCopy(*there, path);
+  if (!written) Tell(there->Handle(), tools_.resources, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
   return written.ok;
 }
 
@@ -267,33 +261,33 @@ void NoteCommands::CopyToFile(BJotlet& jotlet) { SaveToFile(jotlet); }
 // Closed, not deleted: the file may not hold all that the note was.
 void NoteCommands::MoveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  if (SaveToFile(jotlet)) frame_.CloseJotlet(id, u"movedToFile");
+  if (SaveToFile(jotlet)) tools_.desk.Close(id, Reason::kMovedToFile);
 }
 
 void NoteCommands::ImportFromFile(BJotlet& jotlet) {
-  const Text path = ChooseFileToOpen(jotlet.Handle(), resources_.String(IDS_FILTER_IMPORT));
-  if (!path.empty()) frame_.ImportFile(path);
+  const Text path = ChooseFileToOpen(jotlet.Handle(), tools_.resources.String(IDS_FILTER_IMPORT));
+  if (!path.empty()) tools_.program.ImportFile(path);
 }
 
 void NoteCommands::OpenDocument(BJotlet& jotlet, TextView name) {
-  const Text path = frame_.DataFolder() + Text(name);
+  const Text path = tools_.desk.Folder() + Text(name);
   const auto result = reinterpret_cast<INT_PTR>(ShellExecuteW(
       jotlet.Handle(), L"open", L"notepad.exe", Wide(u"\"" + path + u"\""), nullptr, SW_SHOWNORMAL));
   constexpr INT_PTR kLastError = 32;  // of those that stand for failures
-  if (result <= kLastError) frame_.Log(kLogLifecycle, u"Unable to open '", path, u"'");
+  if (result <= kLastError) tools_.log.Write(kLogLifecycle, u"Unable to open '", path, u"'");
 }
 
 void NoteCommands::OpenLog(BJotlet& jotlet) { OpenDocument(jotlet, kActivityLogName); }
 void NoteCommands::OpenIni(BJotlet& jotlet) { OpenDocument(jotlet, kDataFileName); }
 
-void NoteCommands::Solo(BJotlet& jotlet) { frame_.Desktop().HideOthers(jotlet); }
+void NoteCommands::Solo(BJotlet& jotlet) { tools_.notes.HideOthers(jotlet); }
 
 void NoteCommands::Properties(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  BPropertiesDlg dialog(resources_, jotlet.Record(),
-                        [this](std::int32_t utc) { return ShownTime(frame_.Desktop().ToLocal(utc)); });
+  BPropertiesDlg dialog(tools_.resources, jotlet.Record(),
+                        [this](std::int32_t utc) { return ShownTime(tools_.notes.ToLocal(utc)); });
   if (!dialog.Edit(jotlet.Handle())) return;
-  BJotlet* there = frame_.FindJotlet(id);
+  BJotlet* there = tools_.notes.Find(id);
   if (there != nullptr) there->TakeProperties(dialog.Record());
 }
 

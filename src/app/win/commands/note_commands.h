@@ -5,20 +5,49 @@
 
 #include <vector>
 
+#include "app/win/commands/skin_commands.h"
 #include "app/win/commands/time_commands.h"
+#include "app/win/commands/tray_commands.h"
+#include "command/custom_commands.h"
+#include "desk/attached_notes.h"
+#include "desk/win/note_contents.h"
 #include "note/action_state.h"
 #include "note/win/action_menu.h"
+#include "schedule/win/foreign_windows.h"
 #include "ui/resources.h"
 
 namespace jotlets {
 
-class BJotlet;
-class CMainFrame;
+/// What the commands of a note reach beyond the note.
+struct NoteCommandTools {
+  const Resources& resources;
+  const Clock& clock;
+  Log& log;
+  Options& options;
+  NoteDesk& desk;
+  DesktopJotlets& notes;
+  DesktopStacks& stacks;
+  AttachedNotes& attached;
+  FrontWindow& front;
+  NoteContents& contents;
+  SkinCommands& skins;
+  ProgramSaving& saving;
+  TrayCommands& program;
+  EventSink& events;
+  CustomMenus& menus;
+  const ProgramWindow& window;
+  const ProgramState& state;
+};
 
 class NoteCommands {
  public:
-  NoteCommands(CMainFrame& frame, const Resources& resources)
-      : frame_(frame), resources_(resources), sleep_(frame, resources) {}
+  explicit NoteCommands(const NoteCommandTools& tools)
+      : tools_(tools),
+        sleep_(tools.resources, tools.clock, tools.log, tools.options, tools.desk, tools.notes, tools.saving,
+               tools.window, tools.state) {}
+
+  /// Closes a note for the user, who is told when that is not possible.
+  void CloseForUser(const Text& id);
 
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
@@ -66,8 +95,7 @@ class NoteCommands {
   bool SaveToFile(BJotlet& jotlet);
   void OpenDocument(BJotlet& jotlet, TextView name);
 
-  CMainFrame& frame_;
-  const Resources& resources_;
+  NoteCommandTools tools_;
   TimeCommands sleep_;
 };
 

@@ -1,10 +1,10 @@
 #include "app/win/commands/time_commands.h"
 
-#include "app/win/main_frame.h"
 #include "base/win/wide.h"
 #include "note/win/action_menu.h"
 #include "res/resource.h"
 #include "schedule/alarm.h"
+#include "schedule/win/alarm_sound.h"
 #include "schedule/win/recurrence_dialog.h"
 #include "ui/user_messages.h"
 
@@ -12,68 +12,61 @@ namespace jotlets {
 
 std::vector<Text> TimeCommands::GroupOf(BJotlet& jotlet) {
   std::vector<Text> ids;
-  for (const BJotlet* other : frame_.Desktop().GroupOf(jotlet)) ids.push_back(other->StoredRecord().id);
+  for (const BJotlet* other : notes_.GroupOf(jotlet)) ids.push_back(other->StoredRecord().id);
   return ids;
 }
 
 void TimeCommands::Remember(const SleepChoice& choice) {
   const std::array<std::int32_t, 2> values = {choice.number, choice.unit};
-  Options& options = frame_.CurrentOptions();
-  if (choice.clear || options.sleepValues == values) return;
-  options.sleepValues = values;
-  frame_.SetOptionsDirty();
+  if (choice.clear || options_.sleepValues == values) return;
+  options_.sleepValues = values;
+  saving_.SetOptionsDirty();
 }
 
 void TimeCommands::Sleep(BJotlet& jotlet) {
   const std::vector<Text> ids = GroupOf(jotlet);
-  SleepingJotlets& sleeping = frame_.Sleeping();
-  const auto choice = BSleepDlg(resources_, BSleepDlg::Form::kSleep, frame_.CurrentOptions(), sleeping.Time())
-                          .Ask(jotlet.Handle());
-  if (!choice || frame_.IsExiting()) return;
+  const auto choice = BSleepDlg(resources_, BSleepDlg::Form::kSleep, options_, clock_).Ask(jotlet.Handle());
+  if (!choice || state_.exiting) return;
   Remember(*choice);
-  const std::int64_t now = sleeping.Now();
+  const std::int64_t now = Now();
   const std::int64_t wakeTime = choice->relative ? now + choice->seconds : choice->seconds;
-  if (!choice->relative && wakeTime <= now) return Tell(frame_.Handle(), resources_, IDS_SLEEP_PAST, {});
+  if (!choice->relative && wakeTime <= now) return Tell(window_.Handle(), resources_, IDS_SLEEP_PAST, {});
   bool all = true;
   for (const Text& id : ids)
-    all = (sleeping.Sleep(id, wakeTime, choice->flags) || frame_.FindJotlet(id) == nullptr) && all;
-  if (!all) Tell(frame_.Handle(), resources_, IDS_SAVE_FAILED, frame_.DataFolder());
+    all = (desk_.Sleep(id, wakeTime, choice->flags) || notes_.Find(id) == nullptr) && all;
+  if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
 }
 
 void TimeCommands::Recur(BJotlet& jotlet) {
   const std::vector<Text> ids = GroupOf(jotlet);
-  SleepingJotlets& sleeping = frame_.Sleeping();
   const auto chosen =
-      BRecurranceDlg(resources_, jotlet.StoredRecord(), frame_.CurrentOptions(), sleeping.Time())
-          .Ask(jotlet.Handle());
-  if (!chosen || frame_.IsExiting()) return;
+      BRecurranceDlg(resources_, jotlet.StoredRecord(), options_, clock_).Ask(jotlet.Handle());
+  if (!chosen || state_.exiting) return;
   bool all = true;
   for (const Text& id : ids) {
-    all = (sleeping.Recur(id, chosen->rule, chosen->start, chosen->end, chosen->flags) ||
-           frame_.FindJotlet(id) == nullptr) &&
+    all = (desk_.Recur(id, chosen->rule, chosen->start, chosen->end, chosen->flags) ||
+           notes_.Find(id) == nullptr) &&
           all;
   }
-  if (!all) Tell(frame_.Handle(), resources_, IDS_SAVE_FAILED, frame_.DataFolder());
+  if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
 }
 
 void TimeCommands::Alarm(BJotlet& jotlet) {
   const std::vector<Text> ids = GroupOf(jotlet);
-  const auto choice =
-      BSleepDlg(resources_, BSleepDlg::Form::kAlarm, frame_.CurrentOptions(), frame_.Sleeping().Time())
-          .Ask(jotlet.Handle());
-  if (!choice || frame_.IsExiting()) return;
+  const auto choice = BSleepDlg(resources_, BSleepDlg::Form::kAlarm, options_, clock_).Ask(jotlet.Handle());
+  if (!choice || state_.exiting) return;
   Remember(*choice);
   bool inTime = true;
   for (const Text& id : ids) inTime = SetAlarm(id, *choice) && inTime;
-  if (!inTime) Tell(frame_.Handle(), resources_, IDS_ALARM_PAST, {});
+  if (!inTime) Tell(window_.Handle(), resources_, IDS_ALARM_PAST, {});
 }
 
 bool TimeCommands::SetAlarm(const Text& id, const SleepChoice& choice) {
-  BJotlet* jotlet = frame_.FindJotlet(id);
+  BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr) return true;
-  const std::int64_t now = frame_.Sleeping().Now();
+  const std::int64_t now = Now();
   const std::int64_t time = choice.clear ? kNone : choice.relative ? now + choice.seconds : choice.seconds;
-  frame_.Log(kLogDetail, u"Setting alarm type ", choice.relative ? 0 : 1, u" for ", jotlet->TitleShown(),
+  log_.Write(kLogDetail, u"Setting alarm type ", choice.relative ? 0 : 1, u" for ", jotlet->TitleShown(),
              u" to ", time);
   if (choice.clear || time <= now) {
     jotlet->SetAlarm(kNone);
@@ -81,11 +74,11 @@ bool TimeCommands::SetAlarm(const Text& id, const SleepChoice& choice) {
   }
   jotlet->SetAlarm(RecordTime(time));
   const WakeFlags flags{false, false, jotlet->StoredRecord().onTop};
-  if (choice.sleepUntilAlarm) frame_.Sleeping().Sleep(id, time + kSleepPastAlarm, flags);
+  if (choice.sleepUntilAlarm) desk_.Sleep(id, time + kSleepPastAlarm, flags);
   return true;
 }
 
-void TimeCommands::PlayAlarm() { frame_.PlayAlarmSound(kAlarmSound); }
+void TimeCommands::PlayAlarm() { PlayAlarmSound(options_, log_, kAlarmSound); }
 
 void TimeCommands::Snooze(BJotlet& jotlet) {
   enum : UINT { kSnooze = 1, kSnoozeAndSleep };
@@ -94,7 +87,7 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
   const UniqueMenu menu(CreatePopupMenu());
   for (const UINT command : {kSnooze, kSnoozeAndSleep}) {
     const Text words = resources_.String(command == kSnooze ? IDS_SNOOZE : IDS_SNOOZE_AND_SLEEP);
-    const Text minutes = ReplaceAll(words, u"%i", IntText(frame_.CurrentOptions().snoozeMinutes));
+    const Text minutes = ReplaceAll(words, u"%i", IntText(options_.snoozeMinutes));
     const Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
     AppendMenuW(menu.get(), MF_STRING, command, Wide(text));
   }
@@ -103,12 +96,12 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
 }
 
 void TimeCommands::SnoozeNote(const Text& id, bool sleeps) {
-  BJotlet* jotlet = frame_.FindJotlet(id);
-  if (jotlet == nullptr || frame_.IsExiting()) return;
-  const std::int64_t time = SnoozeUntil(frame_.Sleeping().Now(), frame_.CurrentOptions().snoozeMinutes);
+  BJotlet* jotlet = notes_.Find(id);
+  if (jotlet == nullptr || state_.exiting) return;
+  const std::int64_t time = SnoozeUntil(Now(), options_.snoozeMinutes);
   jotlet->SetAlarm(RecordTime(time));
   const WakeFlags flags{false, false, jotlet->StoredRecord().onTop};
-  if (sleeps) frame_.Sleeping().Sleep(id, time, flags);
+  if (sleeps) desk_.Sleep(id, time, flags);
 }
 
 }  // namespace jotlets

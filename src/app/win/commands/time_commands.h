@@ -1,20 +1,30 @@
 // What the user can do with the time of notes: sleep, alarm, recurrence, snooze.
 #pragma once
 
-#include <span>
 #include <vector>
 
+#include "app/win/program_saving.h"
+#include "desk/note_desk.h"
+#include "desk/win/desktop_jotlets.h"
 #include "schedule/win/sleep_dialog.h"
 #include "ui/resources.h"
 
 namespace jotlets {
 
-class BJotlet;
-class CMainFrame;
-
 class TimeCommands {
  public:
-  TimeCommands(CMainFrame& frame, const Resources& resources) : frame_(frame), resources_(resources) {}
+  TimeCommands(const Resources& resources, const Clock& clock, Log& log, Options& options, NoteDesk& desk,
+               DesktopJotlets& notes, ProgramSaving& saving, const ProgramWindow& window,
+               const ProgramState& state)
+      : resources_(resources),
+        clock_(clock),
+        log_(log),
+        options_(options),
+        desk_(desk),
+        notes_(notes),
+        saving_(saving),
+        window_(window),
+        state_(state) {}
 
   /// These three ask by a dialog, and do what is chosen to the note and all that are selected with it.
   void Sleep(BJotlet& jotlet);
@@ -32,8 +42,17 @@ class TimeCommands {
   bool SetAlarm(const Text& id, const SleepChoice& choice);
   void SnoozeNote(const Text& id, bool sleeps);
 
-  CMainFrame& frame_;
+  std::int64_t Now() const { return clock_.Now().utc; }
+
   const Resources& resources_;
+  const Clock& clock_;
+  Log& log_;
+  Options& options_;
+  NoteDesk& desk_;
+  DesktopJotlets& notes_;
+  ProgramSaving& saving_;
+  const ProgramWindow& window_;
+  const ProgramState& state_;
 };
 
 }  // namespace jotlets

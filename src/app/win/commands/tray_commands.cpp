@@ -1,29 +1,30 @@
 #include "app/win/commands/tray_commands.h"
 
 #include "app/win/hot_keys.h"
-#include "app/win/main_frame.h"
 #include "app/win/main_menus.h"
-#include "desk/win/file_exchange.h"
+#include "desk/note_import.h"
 #include "friends/win/friends_dialog.h"
 #include "res/resource.h"
+#include "ui/screen.h"
 #include "ui/system_choosers.h"
 #include "ui/user_messages.h"
 
 namespace jotlets {
 
 void TrayCommands::Do(UINT command) {
+  if (!tools_.state.ready || tools_.state.exiting) return;
   switch (command) {
-    case ID_NEW_JOTLET: NewNote(false); break;
-    case ID_NEW_FROM_CLIPBOARD: NewNote(true); break;
+    case ID_NEW_JOTLET: MakeNote(false); break;
+    case ID_NEW_FROM_CLIPBOARD: MakeNote(true); break;
     case ID_IMPORT: ChooseImport(); break;
     case ID_FRIENDS: EditFriends(); break;
-    case ID_RESCUE: frame_.RescueOffScreen(); break;
+    case ID_RESCUE: RescueOffScreen(); break;
     case ID_MANAGE: OpenManageWindow(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
-    case ID_BACKUP: backups_.TakeManualBackup(); break;
-    case ID_RESTORE: backups_.ChooseRestore(); break;
-    case ID_SHOW_OR_HIDE: HideAll(options_.hidden != 1); break;
-    case ID_EXIT_JOTLETS: frame_.ExitJotlets(u"user"); break;
+    case ID_BACKUP: tools_.backups.TakeManualBackup(); break;
+    case ID_RESTORE: tools_.backups.ChooseRestore(); break;
+    case ID_SHOW_OR_HIDE: HideAll(tools_.options.hidden != 1); break;
+    case ID_EXIT_JOTLETS: tools_.control.ExitJotlets(u"user"); break;
     default: ChooseCustom(command); break;
   }
 }
@@ -33,15 +34,15 @@ void TrayCommands::EditFriends() {
     SetForegroundWindow(editingFriends_);
     return;
   }
-  BFriendsDlg dialog(resources_, frame_.Friends(), editingFriends_);
-  dialog.Show(resources_, IDD_FRIENDS, frame_.Handle());
+  BFriendsDlg dialog(tools_.resources, tools_.friends, editingFriends_);
+  dialog.Show(tools_.resources, IDD_FRIENDS, tools_.window.Handle());
   editingFriends_ = nullptr;
 }
 
 // An entry that another program has added to the menu.
 void TrayCommands::ChooseCustom(UINT command) {
-  const Text word = frame_.Commands().CustomMenu(MenuKind::kOfProgram).WordOf(static_cast<int>(command));
-  if (!word.empty()) frame_.NotifyListenersText(u"504 custom Jotlets command: " + word);
+  const Text word = tools_.menus.ofProgram.WordOf(static_cast<int>(command));
+  if (!word.empty()) tools_.events.Send({EventKind::kProgramCommand, Reason::kNotGiven, {}, word});
 }
 
 void TrayCommands::OnHotKey(int id) {
@@ -51,74 +52,101 @@ void TrayCommands::OnHotKey(int id) {
   const int index = id - kFirstHotKey;
   if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
   if (kCommands[index] == 0) {
-    frame_.BringForward();
+    BringForward();
   } else {
-    frame_.OnCommand(kCommands[index]);
+    Do(kCommands[index]);
   }
 }
 
 void TrayCommands::OnTray(UINT message) {
   if (message == WM_RBUTTONUP)
-    return ShowPopupMenu(frame_.Handle(), MakeTrayMenu(resources_, options_.hidden == 1,
-                                                       frame_.Commands().CustomMenu(MenuKind::kOfProgram))
-                                              .get());
+    return ShowPopupMenu(
+        tools_.window.Handle(),
+        MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, tools_.menus.ofProgram).get());
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
-  frame_.StopFlashing();
-  const bool creates = options_.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
+  StopFlashing();
+  const bool creates =
+      tools_.options.singleClickCreates ? message == WM_LBUTTONUP : message == WM_LBUTTONDBLCLK;
   if (creates) {
-    frame_.OnCommand(ID_NEW_JOTLET);
+    Do(ID_NEW_JOTLET);
   } else if (message == WM_LBUTTONUP) {
-    frame_.BringForward();
+    BringForward();
   }
 }
 
-void TrayCommands::NewNote(bool fromClipboard) {
-  NewJotlet fresh;
-  fresh.reason = fromClipboard ? u"clipboard" : u"user";
-  fresh.isImage = !fromClipboard && options_.defaultImage;
+void TrayCommands::MakeNote(bool fromClipboard) {
+  NewNote fresh;
+  fresh.reason = fromClipboard ? Reason::kClipboard : Reason::kUser;
+  fresh.isImage = !fromClipboard && tools_.options.defaultImage;
   fresh.fromClipboard = fromClipboard;
-  BJotlet* jotlet = frame_.FindJotlet(frame_.CreateJotlet(fresh));
-  if (jotlet != nullptr) jotlet->TakeFocus();
+  tools_.desk.Show(tools_.desk.Create(fresh), Showing::kWithFocus);
 }
 
 void TrayCommands::OpenManageWindow() {
-  BManageDlg& dialog = frame_.Managed().Dialog();
+  BManageDlg& dialog = tools_.managed.Dialog();
   if (!dialog.OpenWindow(true)) dialog.Activate();
 }
 
 void TrayCommands::ChooseImport() {
-  const Text path = ChooseFileToOpen(frame_.Handle(), resources_.String(IDS_FILTER_IMPORT));
+  const Text path = ChooseFileToOpen(tools_.window.Handle(), tools_.resources.String(IDS_FILTER_IMPORT));
   if (!path.empty()) ImportFile(path);
 }
 
 void TrayCommands::ImportFile(TextView path) {
   Text reason;
-  const std::optional<NewJotlet> fresh = NoteFromFile(files_, ansi_, path, reason);
+  const std::optional<NewNote> fresh =
+      NoteFromFile(tools_.files, tools_.ansi, path, VirtualScreen().Width(), reason);
   if (fresh) {
-    frame_.CreateJotlet(*fresh);
+    tools_.desk.Create(*fresh);
   } else {
-    Tell(frame_.Handle(), resources_, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
+    Tell(tools_.window.Handle(), tools_.resources, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
   }
+}
+
+void TrayCommands::ImportNoteMessage(TextView text) {
+  const auto message = ParseNoteMessage(text);
+  if (!message) {
+    tools_.log.Write(kLogDetail, u"Ignored a message that is no note");
+    return;
+  }
+  tools_.desk.Create(FromNoteMessage(*message, VirtualScreen().Width()));
+}
+
+// The stacks first: notes lie over them.
+void TrayCommands::BringForward() {
+  tools_.stacks.BringForward();
+  tools_.notes.BringForward();
+}
+
+void TrayCommands::RescueOffScreen() {
+  tools_.notes.Rescue(VirtualScreen());
+  tools_.stacks.Rescue(VirtualScreen());
+}
+
+void TrayCommands::StopFlashing() {
+  if (tools_.window.Stop(ProgramTimer::kFlash)) tools_.tray.StopFlashing();
 }
 
 void TrayCommands::HideAll(bool hidden) {
-  options_.hidden = hidden ? 1 : 0;
+  tools_.options.hidden = hidden ? 1 : 0;
   if (hidden) {
-    frame_.Desktop().HideAll();
-    frame_.Stacks().HideAll();
+    tools_.notes.HideAll();
+    tools_.stacks.HideAll();
   } else {
-    frame_.Desktop().UnhideAll();
-    frame_.Stacks().ShowAll();
+    tools_.notes.UnhideAll();
+    tools_.stacks.ShowAll();
   }
-  tray_.ShowHidden(hidden);
-  frame_.SetOptionsDirty();
+  tools_.tray.ShowHidden(hidden);
+  tools_.saving.SetOptionsDirty();
 }
 
 void TrayCommands::MoveDataLocation() {
-  const Text folder = ChooseFolder(frame_.Handle(), resources_, IDS_MOVE_CHOOSE, frame_.DataFolder());
-  if (folder.empty() || frame_.IsExiting()) return;
-  const FileStatus moved = frame_.MoveDataTo(folder);
-  if (!moved) Tell(frame_.Handle(), resources_, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
+  const Text folder =
+      ChooseFolder(tools_.window.Handle(), tools_.resources, IDS_MOVE_CHOOSE, tools_.desk.Folder());
+  if (folder.empty() || tools_.state.exiting) return;
+  const FileStatus moved = tools_.control.MoveDataTo(folder);
+  if (!moved)
+    Tell(tools_.window.Handle(), tools_.resources, IDS_MOVE_FAILED, folder + u"\n\n" + moved.reason);
 }
 
 }  // namespace jotlets

@@ -3,27 +3,53 @@
 
 #include <windows.h>
 
+#include "app/win/commands/managed_notes.h"
+#include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
-#include "data/options_keeper.h"
+#include "command/custom_commands.h"
+#include "desk/win/desktop_stacks.h"
+#include "friends/friend_book.h"
 
 namespace jotlets {
 
-class CMainFrame;
+/// What only the program as a whole can do.
+class ProgramControl {
+ public:
+  virtual ~ProgramControl() = default;
+  virtual void ExitJotlets(TextView reason) = 0;
+  /// Saves everything, moves the data folder to another place and starts anew from there.
+  virtual FileStatus MoveDataTo(TextView folder) = 0;
+  /// Compares the content files with the notes; the user may adopt what belongs to none.
+  virtual void CheckContent() = 0;
+};
+
+struct TrayCommandTools {
+  const Resources& resources;
+  const Files& files;
+  const CodePage& ansi;
+  Log& log;
+  Options& options;
+  NoteDesk& desk;
+  DesktopJotlets& notes;
+  DesktopStacks& stacks;
+  ManagedNotes& managed;
+  FriendBook& friends;
+  ProgramSaving& saving;
+  CSystemTray& tray;
+  BackupCommands& backups;
+  EventSink& events;
+  CustomMenus& menus;
+  const ProgramWindow& window;
+  const ProgramState& state;
+  ProgramControl& control;
+};
 
 class TrayCommands {
  public:
-  TrayCommands(CMainFrame& frame, const Resources& resources, Files& files, const CodePage& ansi,
-               OptionsKeeper& options, CSystemTray& tray, BackupCommands& backups)
-      : frame_(frame),
-        resources_(resources),
-        files_(files),
-        ansi_(ansi),
-        options_(options.Current()),
-        tray_(tray),
-        backups_(backups) {}
+  explicit TrayCommands(const TrayCommandTools& tools) : tools_(tools) {}
 
-  /// Carries out a command of the tray menu.
+  /// Carries out a command of the tray menu, unless the program is coming up or going down.
   void Do(UINT command);
   /// Serves a hot key of the program (see `hot_keys.h`).
   void OnHotKey(int id);
@@ -36,21 +62,24 @@ class TrayCommands {
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path);
 
+  /// The same with a note message.
+  void ImportNoteMessage(TextView text);
+  void CheckContent() { tools_.control.CheckContent(); }
+  void BringForward();
+  /// Brings all notes and stacks back on to the screen.
+  void RescueOffScreen();
+  /// The user has seen why the tray icon flashes.
+  void StopFlashing();
+
  private:
-  void NewNote(bool fromClipboard);
+  void MakeNote(bool fromClipboard);
   void OpenManageWindow();
   void ChooseImport();
   void MoveDataLocation();
   void ChooseCustom(UINT command);
   void EditFriends();
 
-  CMainFrame& frame_;
-  const Resources& resources_;
-  Files& files_;
-  const CodePage& ansi_;
-  Options& options_;
-  CSystemTray& tray_;
-  BackupCommands& backups_;
+  TrayCommandTools tools_;
   HWND editingFriends_ = nullptr;  // the dialog, while it is open
 };
 

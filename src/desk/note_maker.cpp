@@ -1,17 +1,14 @@
-#include "desk/win/jotlet_maker.h"
+#include "desk/note_maker.h"
 
 #include <algorithm>
 
-#include "app/win/system_facts.h"
 #include "data/data_folder.h"
-#include "data/loading.h"
 #include "note/frame_layout.h"
 #include "note/placement.h"
+#include "note/rolled.h"
 #include "skin/picture.h"
-#include "ui/screen.h"
 
 namespace jotlets {
-
 namespace {
 
 // Larger than any screen, smaller than what the system's coordinates can hold.
@@ -27,28 +24,18 @@ void KeepSizeUsable(JotletData& record) {
 
 }  // namespace
 
-NewJotlet FromNoteMessage(const NoteMessage& message) {
-  NewJotlet fresh;
-  fresh.reason = u"import";
+NewNote FromNoteMessage(const NoteMessage& message, std::int32_t maximumWidth) {
+  NewNote fresh;
+  fresh.reason = Reason::kImport;
   (message.isRtf ? fresh.rtf : fresh.text) = message.content;
   fresh.title = message.title;
   fresh.source = message.source;
   fresh.colour = message.colour;
-  fresh.width = std::min(message.width, VirtualScreen().Width());
+  fresh.width = std::min(message.width, maximumWidth);
   return fresh;
 }
 
-JotletMaker::JotletMaker(Files& files, const Clock& clock, Log& log, const Options& options,
-                         const JotletLists& lists, DesktopJotlets& desktop)
-    : files_(files),
-      clock_(clock),
-      log_(log),
-      options_(options),
-      lists_(lists),
-      desktop_(desktop),
-      ids_(InstanceNumber()) {}
-
-void JotletMaker::ProvideTemplates(std::string_view rtf) {
+void NoteMaker::ProvideTemplates(std::string_view rtf) {
   const Text rtfPath = folder_ + Text(kDefaultRtfName);
   if (!files_.Exists(rtfPath)) files_.Write(rtfPath, rtf);
   const Text pngPath = folder_ + Text(kDefaultPngName);
@@ -59,23 +46,23 @@ void JotletMaker::ProvideTemplates(std::string_view rtf) {
   files_.Write(pngPath, EncodePng(white));
 }
 
-Text JotletMaker::NewJotletId() {
+Text NoteMaker::NewJotletId() {
   for (;;) {
     Text id = ids_.Next(clock_.Now().local);
     if (!IsTaken(id)) return id;
   }
 }
 
-bool JotletMaker::IsTaken(TextView id) const {
+bool NoteMaker::IsTaken(TextView id) const {
   JotletData text;
   text.id = id;
   JotletData picture = text;
   picture.isImage = 1;
-  return desktop_.Find(id) != nullptr || lists_.Holds(id) || files_.Exists(folder_ + ContentPath(text)) ||
+  return lists_.WhereIs(id).has_value() || files_.Exists(folder_ + ContentPath(text)) ||
          files_.Exists(folder_ + ContentPath(picture));
 }
 
-Text JotletMaker::AdoptableId(const Orphan& orphan) {
+Text NoteMaker::AdoptableId(const Orphan& orphan) {
   if (IsPlainFileName(orphan.id)) return orphan.id;
   JotletData named;
   named.isImage = orphan.isImage ? 1 : 0;
@@ -88,10 +75,14 @@ Text JotletMaker::AdoptableId(const Orphan& orphan) {
   return {};
 }
 
-BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
+JotletData NoteMaker::Blank(Text id) const {
   JotletData record;
-  record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc),
-               fresh.id.empty() ? NewJotletId() : fresh.id);
+  record.Reset(options_.ForRecords(), RecordTime(clock_.Now().utc), std::move(id));
+  return record;
+}
+
+std::optional<JotletData> NoteMaker::Make(const NewNote& fresh) {
+  JotletData record = Blank(fresh.id.empty() ? NewJotletId() : fresh.id);
   record.isImage = fresh.isImage ? 1 : 0;
   record.title = fresh.title;
   record.source = fresh.source;
@@ -99,22 +90,11 @@ BJotlet* JotletMaker::Make(const NewJotlet& fresh) {
   Place(record);
   if (fresh.width > 0) record.width = fresh.width;
   KeepSizeUsable(record);
-  const Text id = record.id;
-  if (fresh.id.empty() && !ProvideContent(record, fresh.picture)) return nullptr;
-  BJotlet* jotlet = desktop_.Open(std::move(record));
-  if (jotlet == nullptr) return nullptr;
-  if (!fresh.rtf.empty()) {
-    jotlet->SetRtf(fresh.rtf);
-  } else if (!fresh.text.empty()) {
-    jotlet->SetPlainText(fresh.text);
-  }
-  if (fresh.fromClipboard) jotlet->PasteClipboard(!fresh.plainClipboard);
-  jotlet->Show();
-  log_.Write(kLogDetail, u"Created (", fresh.reason, u") ", id);
-  return jotlet;
+  if (fresh.id.empty() && !ProvideContent(record, fresh.picture)) return std::nullopt;
+  return record;
 }
 
-BJotlet* JotletMaker::OpenLoaded(JotletData record) {
+void NoteMaker::Complete(JotletData& record) const {
   if (record.x == kNotSet || record.y == kNotSet) {
     const Size size{record.width, record.height};
     Place(record);
@@ -124,18 +104,15 @@ BJotlet* JotletMaker::OpenLoaded(JotletData record) {
   if (record.width <= 0) record.width = options_.defaultWidth;
   if (record.height <= 0) record.height = options_.defaultHeight;
   KeepSizeUsable(record);
-  return desktop_.Open(std::move(record));
 }
 
-void JotletMaker::Place(JotletData& record) const {
-  const Rect screen = VirtualScreen();
+void NoteMaker::Place(JotletData& record) const {
+  const ScreenFacts screen = windows_.Screen();
   const PlacementSettings settings = PlacementFrom(options_, NoteOrigin::kUser, record.IsImage(),
-                                                   PrimaryScreenSize(), {screen.Width(), screen.Height()});
+                                                   screen.primary, {screen.all.Width(), screen.all.Height()});
   std::vector<Point> corners;
-  for (const auto& jotlet : desktop_.All()) {
-    const Rect bounds = jotlet->Bounds();
-    corners.push_back({bounds.left, bounds.top});
-  }
+  corners.reserve(lists_.desktop.size());
+  for (const auto& open : lists_.desktop) corners.push_back(windows_.StateOf(open->id).bounds.TopLeft());
   const Placed placed =
       PlaceNewJotlet({record.x, record.y}, {record.width, record.height}, settings, corners);
   record.x = placed.position.x;
@@ -146,20 +123,21 @@ void JotletMaker::Place(JotletData& record) const {
 
 // A new note begins as a copy of the user's template, so that its content is on the disk from the first
 // moment.
-bool JotletMaker::ProvideContent(const JotletData& record, std::string_view picture) {
+bool NoteMaker::ProvideContent(const JotletData& record, std::string_view picture) {
+  const Text path = folder_ + ContentPath(record);
   if (!picture.empty()) {
-    const FileStatus written = files_.Write(folder_ + ContentPath(record), picture);
+    const FileStatus written = files_.Write(path, picture);
     if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: ", written.reason);
     return written.ok;
   }
-  const Text original = folder_ + Text(record.IsImage() ? kDefaultPngName : kDefaultRtfName);
-  const FileStatus copied = files_.Copy(original, folder_ + ContentPath(record));
+  const FileStatus copied =
+      files_.Copy(folder_ + Text(record.IsImage() ? kDefaultPngName : kDefaultRtfName), path);
   if (copied) return true;
   if (record.IsImage()) {
     log_.Write(kLogLifecycle, u"No picture for a new jotlet: ", copied.reason);
     return false;
   }
-  const FileStatus written = files_.Write(folder_ + ContentPath(record), kPlaceholderRtf);
+  const FileStatus written = files_.Write(path, kPlaceholderRtf);
   if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: ", written.reason);
   return true;
 }

@@ -1,5 +1,6 @@
-// The sleeping notes, in the order in which they were put to sleep. There may be very many: each is found by
-// its id at once, and whoever remembers something about all of them can tell whether it still holds.
+// Notes without a window in an order of their own: those that sleep, that wait for a window, or that were
+// closed. There may be very many: each is found by its id at once, and whoever remembers something about all
+// of them can tell whether it still holds.
 #pragma once
 
 #include <cstdint>
@@ -12,16 +13,19 @@
 
 namespace jotlets {
 
-class SleepingList {
+class RecordList {
  public:
-  SleepingList() = default;
-  SleepingList(const SleepingList&) = delete;
-  SleepingList& operator=(const SleepingList&) = delete;
+  RecordList() = default;
+  ~RecordList() = default;
+  RecordList(const RecordList&) = delete;
+  RecordList& operator=(const RecordList&) = delete;
 
-  /// Adds a note at the end. Ids are unique; of two notes with the same one, the first is found.
+  /// Adds a note at the end, or in front. Ids are unique; of two notes with the same one, the first that came
+  /// is found.
   void push_back(JotletData record);
+  void push_front(JotletData record);
   /// The note of this id, without regard to case, to be read or, with the second, changed; nullptr when there
-  /// is none. Good until a note is removed.
+  /// is none. Good until that note is removed.
   const JotletData* Find(TextView id) const;
   JotletData* FindToChange(TextView id);
   /// Takes the note of this id off the list; nothing when there is none.
@@ -29,6 +33,7 @@ class SleepingList {
 
   auto begin() const { return records_.begin(); }
   auto end() const { return records_.end(); }
+  const JotletData& back() const { return records_.back(); }
   std::size_t size() const { return records_.size(); }
   bool empty() const { return records_.empty(); }
 
@@ -40,5 +45,8 @@ class SleepingList {
   std::unordered_map<Text, std::list<JotletData>::iterator> byId_;  // by folded id
   std::uint64_t version_ = 1;
 };
+
+/// The ids of a list, in its order.
+std::vector<Text> IdsOf(const RecordList& records);
 
 }  // namespace jotlets

@@ -1,4 +1,4 @@
-#include "desk/win/file_exchange.h"
+#include "desk/note_import.h"
 
 #include "data/text_file.h"
 #include "desk/note_file.h"
@@ -25,14 +25,8 @@ Text NameOf(TextView path) {
 
 }  // namespace
 
-FileStatus WriteNoteCopy(Files& files, BJotlet& jotlet, TextView dataFolder, TextView path) {
-  const ContentCopy copy = jotlet.Content().Copy(HasExtension(path, u".txt"));
-  if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
-  if (copy.bytes) return files.Write(path, *copy.bytes);
-  return files.Copy(Text(dataFolder) + ContentPath(jotlet.StoredRecord()), path);
-}
-
-std::optional<NewJotlet> NoteFromFile(const Files& files, const CodePage& ansi, TextView path, Text& reason) {
+std::optional<NewNote> NoteFromFile(const Files& files, const CodePage& ansi, TextView path,
+                                    std::int32_t maximumWidth, Text& reason) {
   if (files.Size(path) > kLargestImport) {
     reason = u"the file is over 4 MB";
     return std::nullopt;
@@ -47,17 +41,17 @@ std::optional<NewJotlet> NoteFromFile(const Files& files, const CodePage& ansi, 
     reason = u"the file holds no text";
     return std::nullopt;
   }
-  NewJotlet fresh;
+  NewNote fresh;
   if (HasExtension(path, u".jtl")) {
     const auto message = ParseNoteMessage(NoteMessageFromFile(text.text));
     if (!message) reason = u"the file holds no note";
     if (!message) return std::nullopt;
-    fresh = FromNoteMessage(*message);
+    fresh = FromNoteMessage(*message, maximumWidth);
   } else {
     fresh.title = NameOf(path);
     (text.text.starts_with(u"{\\rtf") ? fresh.rtf : fresh.text) = text.text;
   }
-  fresh.reason = u"import";
+  fresh.reason = Reason::kImport;
   return fresh;
 }
 

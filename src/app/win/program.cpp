@@ -1,0 +1,202 @@
+#include "app/win/program.h"
+
+#include "app/win/data_location.h"
+#include "app/win/hot_keys.h"
+#include "app/win/system_facts.h"
+#include "data/data_folder.h"
+#include "desk/win/note_keys.h"
+#include "desk/win/orphan_dialog.h"
+#include "res/resource.h"
+#include "ui/user_messages.h"
+
+namespace jotlets {
+namespace {
+
+constexpr int kSafetyCopyMinutes = 60;
+
+}  // namespace
+
+Program::Program(const Resources& resources, ProgramInstance& instance, bool rescue)
+    : resources_(resources),
+      instance_(instance),
+      rescue_(rescue),
+      options_(system_.files, system_.ansi, system_.clock, system_.log),
+      transport_(system_.ansi),
+      listeners_(transport_, system_.log),
+      skins_(resources, system_.files, system_.ansi, system_.log),
+      notes_(*this, listeners_, resources, system_.files, system_.clock, system_.log, options_.Current(),
+             skins_),
+      desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, listeners_,
+             [this] { OnDeskChanged(); }, InstanceNumber()}),
+      stacks_(*this, resources, system_.log, desk_, notes_),
+      attached_(desk_, notes_, options_.Current(), system_.clock, foreign_),
+      signs_(options_.Current(), system_.clock, system_.log),
+      sleeping_(desk_, notes_, system_.files, system_.clock, system_.log, options_.Current(), signs_),
+      friends_(system_.files, system_.ansi, system_.clock, system_.log),
+      contents_(system_.files, system_.ansi, system_.clock, system_.log, desk_, notes_),
+      saving_(resources, window_, state_, options_, desk_.Saver()),
+      tray_(resources, resources.String(IDS_TOOLTIP)),
+      backups_(*this, resources, system_.files, system_.ansi, system_.clock, system_.log, options_.Current()),
+      skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
+                    saving_, tray_),
+      managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
+               saving_, window_, state_),
+      trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_, notes_,
+                     stacks_, managed_, friends_, saving_, tray_, backups_, listeners_, menus_, window_,
+                     state_, *this}),
+      noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
+                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
+                     listeners_, menus_, window_, state_}),
+      commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
+                {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, saving_,
+                 managed_, trayCommands_, tray_, listeners_, transport_, menus_, installId_}) {}
+
+void Program::OnTimer(ProgramTimer timer) {
+  if (state_.exiting) return;
+  switch (timer) {
+    case ProgramTimer::kSave:
+      window_.Stop(timer);
+      saving_.SaveIfDirty();
+      break;
+    case ProgramTimer::kOptions:
+      window_.Stop(timer);
+      saving_.SaveOptions();
+      break;
+    case ProgramTimer::kMinute: OnMinute(); break;
+    case ProgramTimer::kSecond: OnSecond(); break;
+    case ProgramTimer::kFlash: tray_.Flash(); break;
+    case ProgramTimer::kAnimation: notes_.Animate(); break;
+    case ProgramTimer::kBackup:
+      if (!backups_.Step()) window_.Stop(timer);
+      break;
+  }
+}
+
+void Program::OnMessage(ProgramMessage message, LPARAM detail) {
+  switch (message) {
+    case kTrayMessage: trayCommands_.OnTray(static_cast<UINT>(detail)); break;
+    case kPurgeMessage:
+      notes_.Purge();
+      stacks_.Purge();
+      break;
+    case kRefreshStacksMessage: stacks_.Refresh(); break;
+    case kCheckContentMessage: CheckContent(); break;
+  }
+}
+
+bool Program::TranslateNoteKey(const MSG& message) {
+  return !state_.exiting && ServeNoteKey(notes_, message);
+}
+
+void Program::FollowMonitors() {
+  if (!state_.ready) return;
+  notes_.FollowMonitors();
+  stacks_.FollowMonitors();
+}
+
+void Program::OnMinute() {
+  if (++minutes_ % kSafetyCopyMinutes == 0) saving_.SaveCopy(desk_.Folder() + Text(kSafetyCopyName));
+  if (backups_.BeginIfDue()) window_.Start(ProgramTimer::kBackup);
+}
+
+void Program::OnSecond() {
+  notes_.Purge();
+  stacks_.Purge();
+  // Not every change of the monitors is announced.
+  FollowMonitors();
+  sleeping_.WakeSleeping();
+  sleeping_.CheckAlarms();
+  attached_.Pass();
+  ++secondsRun_;
+}
+
+// Whatever changed may show in the list of a stack, or in the manage window.
+void Program::OnDeskChanged() {
+  if (state_.exiting || desk_.Folder().empty()) return;
+  saving_.StartSaveTimer();
+  stacks_.RefreshSoon();
+  managed_.Dialog().RefreshSoon();
+}
+
+void Program::OnAnimationClosed(const Text& id, bool deletes) {
+  if (deletes) {
+    desk_.Delete(id, Reason::kEndOfTrans);
+  } else {
+    desk_.Close(id, Reason::kEndOfTrans);
+  }
+}
+
+void Program::CheckContent() {
+  std::vector<Orphan> orphans =
+      CheckContentFiles(system_.files, desk_.Folder(), desk_.Lists().ByKind(), system_.log);
+  if (orphans.empty()) return;
+  BOrphanDlg dialog(std::move(orphans));
+  if (dialog.Show(resources_, IDD_ORPHANS, window_.Handle()) != IDOK || state_.exiting) return;
+  for (const Orphan& orphan : dialog.Chosen()) {
+    NewNote adopted;
+    adopted.reason = Reason::kAdopting;
+    adopted.id = desk_.Maker().AdoptableId(orphan);
+    adopted.isImage = orphan.isImage;
+    // Meanwhile a command may have made a note of this name.
+    if (!adopted.id.empty() && !desk_.Lists().WhereIs(adopted.id)) desk_.Create(adopted);
+  }
+}
+
+FileStatus Program::MoveDataTo(TextView folder) {
+  // Everything that is in memory goes along.
+  saving_.SaveOptions();
+  FileStatus moved = saving_.SaveJotlets() ? MoveData(system_.files, system_.log, desk_.Folder(), folder)
+                                           : FileStatus::Failed(saving_.MainPath());
+  if (moved) Restart();
+  return moved;
+}
+
+// While the files are being replaced, what is on the screen must neither change nor be written.
+void Program::HoldStill(bool still) {
+  if (still) listeners_.Send({EventKind::kRestoring});
+  state_.exiting = still;
+  notes_.Enable(!still);
+  sleeping_.Enable(!still);
+  stacks_.Enable(!still);
+  managed_.Dialog().Enable(!still);
+  // What was not saved before is tried again.
+  if (!still) desk_.Changed();
+}
+
+// The data has been replaced or moved: a new start of the program loads it.
+void Program::Restart() {
+  state_.exiting = true;
+  tray_.Remove();
+  instance_.Restart(system_.log);
+}
+
+void Program::ExitJotlets(TextView reason, bool silent) {
+  if (state_.exiting) return;
+  state_.exiting = true;
+  if (!state_.ready) {
+    // Asked to end while a box of the start is open: nothing is loaded, and nothing may be saved.
+    state_.notesGone = true;
+    PostQuitMessage(0);
+    return;
+  }
+  state_.ready = false;
+  sleeping_.Enable(false);
+  notes_.StopAlarms();
+  UnregisterHotKeys(window_.Handle());
+  backups_.Abandon();
+  managed_.Dialog().CloseForExit();
+  saving_.SaveOptionsIfDirty();
+  if (!saving_.SaveJotlets() && !silent)
+    Tell(window_.Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saving_.MainPath());
+  saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
+  state_.notesGone = true;
+  desk_.CloseAll();
+  stacks_.CloseAll();
+  listeners_.Send({EventKind::kExiting});
+  tray_.Remove();
+  system_.log.Write(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
+  PostQuitMessage(0);
+  DestroyWindow(window_.Handle());
+}
+
+}  // namespace jotlets

@@ -1,0 +1,143 @@
+// The composition: every part of the program, in the order in which they depend on each other, and what
+// connects them. How they come up is in program_start.cpp.
+#pragma once
+
+#include "app/activity_log.h"
+#include "app/win/commands/command_endpoint.h"
+#include "app/win/commands/managed_notes.h"
+#include "app/win/commands/note_commands.h"
+#include "app/win/commands/skin_commands.h"
+#include "app/win/commands/tray_commands.h"
+#include "app/win/program_instance.h"
+#include "app/win/program_saving.h"
+#include "app/win/program_window.h"
+#include "app/win/system_tray.h"
+#include "backup/win/backup_commands.h"
+#include "base/win/ansi_code_page.h"
+#include "base/win/disk_files.h"
+#include "base/win/system_clock.h"
+#include "data/options_keeper.h"
+#include "data/policy.h"
+#include "desk/attached_notes.h"
+#include "desk/sleeping_notes.h"
+#include "desk/win/desktop_jotlets.h"
+#include "desk/win/desktop_stacks.h"
+#include "desk/win/note_contents.h"
+#include "friends/friend_book.h"
+#include "schedule/win/foreign_windows.h"
+#include "schedule/win/schedule_signs.h"
+
+namespace jotlets {
+
+/// The system and the log, as all parts use them.
+struct ProgramSystem {
+  DiskFiles files;
+  SystemClock clock;
+  AnsiCodePage ansi;
+  ActivityLog log{files, clock};
+};
+
+class Program final : private OpenNotesOwner,
+                      private StacksOwner,
+                      private BackupOwner,
+                      private ProgramControl {
+ public:
+  Program(const Resources& resources, ProgramInstance& instance, bool rescue);
+
+  /// Brings the program up in its window; false: it must not run (and nothing has been written).
+  bool Start(HWND window);
+  /// The shutdown, once, whatever the path that leads here. The window is destroyed and the message loop
+  /// ends.
+  void ExitJotlets(TextView reason, bool silent);
+
+  const ProgramState& State() const { return state_; }
+  void OnCopyData(HWND sender, const COPYDATASTRUCT& record) { commands_.OnCopyData(sender, record); }
+  void OnTimer(ProgramTimer timer);
+  void OnMessage(ProgramMessage message, LPARAM detail);
+  void OnCommand(UINT command) { trayCommands_.Do(command); }
+  void OnHotKey(int id) { trayCommands_.OnHotKey(id); }
+  void OnTaskbarCreated() { tray_.AddAgain(); }
+  void FollowMonitors();
+  /// Serves the keys of windows other than notes, before accelerators, those of notes, and what is left for
+  /// the first, after accelerators; true when the message is done with.
+  bool TranslateDialogKey(const MSG& message) { return managed_.Dialog().TranslateKey(message); }
+  bool TranslateNoteKey(const MSG& message);
+  bool TranslateDialog(MSG& message) { return managed_.Dialog().TranslateRest(message); }
+
+ private:
+  void RegisterClasses();
+  bool FindDataFolder();
+  void FinishRestore();
+  bool LoadOptions();
+  void ProvideFirstRun();
+  bool LoadJotlets();
+  void TellDamage(const LoadedData& loaded);
+  void OpenBackups();
+  void OnMinute();
+  void OnSecond();
+  void OnDeskChanged();
+  void Restart();
+
+  void OnNoteChanged() override { desk_.Changed(); }
+  void OnNoteDragged(bool shift) override { stacks_.OnNoteDragged(shift); }
+  void OnNoteDropped(BJotlet& jotlet, bool shift) override { stacks_.OnNoteDropped(jotlet, shift); }
+  void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }
+  bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
+  void OnAnimationClosed(const Text& id, bool deletes) override;
+  bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
+  bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
+    return StateOf(action, noteCommands_.FactsOf(jotlet)).enabled;
+  }
+  std::vector<Rect> StackBounds() const override { return stacks_.Bounds(); }
+  const StackRecord* FindStack(std::int32_t number) const override { return desk_.Lists().FindStack(number); }
+  void PurgeSoon() override { window_.Post(kPurgeMessage); }
+
+  void DoProgramCommand(UINT command) override { trayCommands_.Do(command); }
+  void CloseForUser(const Text& id) override { noteCommands_.CloseForUser(id); }
+  void RefreshStacksSoon() override { window_.Post(kRefreshStacksMessage); }
+
+  HWND BackupWindow() const override { return window_.Handle(); }
+  bool SaveForBackup() override { return saving_.SaveForBackup(); }
+  void HoldStill(bool still) override;
+  void TellQuietly(const Text& words) override { tray_.Balloon(kVersionText, words); }
+  void RestartAfterRestore() override { Restart(); }
+
+  void ExitJotlets(TextView reason) override { ExitJotlets(reason, false); }
+  FileStatus MoveDataTo(TextView folder) override;
+  void CheckContent() override;
+
+  const Resources& resources_;
+  ProgramInstance& instance_;
+  const bool rescue_;
+  ProgramWindow window_;
+  ProgramState state_;
+  ProgramSystem system_;
+  OptionsKeeper options_;
+  Policy policy_;
+  Text installId_;
+  CopyDataTransport transport_;
+  Listeners listeners_;
+  CustomMenus menus_;
+  ProgramSkins skins_;
+  DesktopJotlets notes_;
+  NoteDesk desk_;
+  DesktopStacks stacks_;
+  ForeignWindowWatcher foreign_;
+  AttachedNotes attached_;
+  ScheduleSigns signs_;
+  SleepingNotes sleeping_;
+  FriendBook friends_;
+  NoteContents contents_;
+  ProgramSaving saving_;
+  CSystemTray tray_;
+  BackupCommands backups_;
+  SkinCommands skinCommands_;
+  ManagedNotes managed_;
+  TrayCommands trayCommands_;
+  NoteCommands noteCommands_;
+  CommandEndpoint commands_;
+  std::uint32_t secondsRun_ = 0;
+  int minutes_ = 0;
+};
+
+}  // namespace jotlets

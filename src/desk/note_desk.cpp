@@ -1,0 +1,324 @@
+#include "desk/note_desk.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "schedule/recurrence.h"
+
+namespace jotlets {
+namespace {
+
+// What a new note begins with, in the place of its template.
+void Fill(NoteContent& content, const NewNote& fresh) {
+  if (!fresh.rtf.empty()) {
+    content.SetRichText(fresh.rtf);
+  } else if (!fresh.text.empty()) {
+    content.SetPlainText(fresh.text);
+  }
+  if (fresh.fromClipboard) content.Paste(!fresh.plainClipboard);
+}
+
+// A record comes to the desktop as a plain note that is seen.
+void Awaken(JotletData& record) {
+  record.sleep.asleep = false;
+  record.sleep.recurring = false;
+  record.hidden = false;
+  record.deletedTime = kNotSet;
+}
+
+}  // namespace
+
+NoteDesk::NoteDesk(DeskContext context)
+    : context_(std::move(context)),
+      maker_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
+             context_.instance),
+      saver_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows) {}
+
+void NoteDesk::SetFolder(TextView dataFolder, TextView installId) {
+  folder_ = dataFolder;
+  maker_.SetFolder(dataFolder);
+  saver_.SetFolder(dataFolder, installId);
+}
+
+void NoteDesk::Load(DataFile file) {
+  lists_.verbatim = std::move(file.verbatim);
+  lists_.stacks = std::move(file.stacks);
+  for (FiledJotlet& jotlet : file.deleted) lists_.closed.push_back(std::move(jotlet.record));
+  for (FiledJotlet& jotlet : file.jotlets) {
+    JotletData& record = jotlet.record;
+    if (record.sleep.asleep) {
+      lists_.sleeping.push_back(std::move(record));
+    } else if (record.IsAttached()) {
+      lists_.attached.push_back(std::move(record));
+    } else {
+      // Hidden in a stack that is lost, it would be out of reach.
+      if (record.stack > 0 && lists_.FindStack(record.stack) == nullptr) record.hidden = false;
+      if (OpenWindow(record)) continue;
+      // Without a window it would be missing from the next save.
+      PutToSleep(record, context_.clock.Now().utc, {});
+      lists_.sleeping.push_back(std::move(record));
+    }
+  }
+}
+
+void NoteDesk::Changed() {
+  saver_.SetDirty();
+  context_.changed();
+}
+
+RecordList& NoteDesk::ListOf(NoteList list) {
+  return list == NoteList::kSleeping   ? lists_.sleeping
+         : list == NoteList::kAttached ? lists_.attached
+                                       : lists_.closed;
+}
+
+// Makes the window first: as long as there is none, the note is where it was.
+bool NoteDesk::OpenWindow(JotletData record) {
+  // Two notes of one id would share a content file.
+  if (lists_.desktop.Find(record.id) != nullptr) return false;
+  maker_.Complete(record);
+  auto shared = std::make_shared<JotletData>(std::move(record));
+  if (!context_.windows.Open(shared)) return false;
+  lists_.desktop.Add(std::move(shared));
+  return true;
+}
+
+bool NoteDesk::ToDesktop(NoteList from, TextView id, const Change& change) {
+  const JotletData* before = std::as_const(ListOf(from)).Find(id);
+  if (before == nullptr) return false;
+  JotletData record = *before;
+  change(record);
+  const Text own = record.id;
+  if (!OpenWindow(std::move(record))) return false;
+  ListOf(from).Remove(own);
+  return true;
+}
+
+bool NoteDesk::FromDesktop(TextView id, NoteList to, const Change& change) {
+  // What could not be written would be gone.
+  if (!SaveContent(id)) return false;
+  const Text own = lists_.desktop.Find(id)->id;
+  context_.windows.Sync(own);
+  JotletData record = *lists_.desktop.Remove(own);
+  change(record);
+  if (to == NoteList::kClosed) {
+    EnterClosed(std::move(record), Now());
+  } else {
+    ListOf(to).push_back(std::move(record));
+  }
+  context_.windows.Close(own);
+  Changed();
+  return true;
+}
+
+void NoteDesk::EnterClosed(JotletData record, std::int32_t closedAt) {
+  record.deletedTime = closedAt;
+  lists_.closed.push_front(std::move(record));
+  const auto maximum = static_cast<std::size_t>(std::max(context_.options.keepDeleted, 0));
+  while (lists_.closed.size() > maximum) {
+    const Text oldest = lists_.closed.back().id;
+    const std::optional<JotletData> gone = lists_.closed.Remove(oldest);
+    if (!gone) break;
+    saver_.RemoveContentLater(*gone);
+    dropped_.push_back(oldest);
+  }
+}
+
+void NoteDesk::TellDropped() {
+  for (const Text& id : std::exchange(dropped_, {}))
+    context_.events.Send({EventKind::kDeletedClosed, Reason::kNotGiven, {id}, {}});
+}
+
+void NoteDesk::TellCreated(const Text& id, Reason reason) {
+  context_.log.Write(kLogDetail, u"Created (", WordOf(reason), u") ", id);
+  Changed();
+  context_.events.Send({EventKind::kCreated, reason, {id}, {}});
+}
+
+void NoteDesk::Show(TextView id, Showing showing) {
+  const JotletData* record = lists_.desktop.Find(id);
+  if (record != nullptr && !record->hidden && context_.options.hidden != 1)
+    context_.windows.Show(id, showing);
+}
+
+bool NoteDesk::SaveContent(TextView id) {
+  if (lists_.desktop.Find(id) == nullptr) return false;
+  const FileStatus saved = context_.windows.SaveContent(id);
+  if (!saved)
+    context_.log.Write(kLogLifecycle, u"Unable to save the content of jotlet ", id, u": ", saved.reason);
+  return saved.ok;
+}
+
+Text NoteDesk::Create(const NewNote& fresh) {
+  std::optional<JotletData> record = maker_.Make(fresh);
+  if (!record) return {};
+  Text id = record->id;
+  if (!OpenWindow(std::move(*record))) return {};
+  Fill(context_.windows.ContentOf(id), fresh);
+  Show(id, Showing::kQuietly);
+  TellCreated(id, fresh.reason);
+  return id;
+}
+
+bool NoteDesk::CreateCopy(const JotletData& source, const WakeFlags& flags) {
+  JotletData copy = source;
+  copy.id = maker_.NewJotletId();
+  copy.fromRecurring = source.id;
+  copy.sleep.asleep = copy.sleep.recurring = false;
+  const Text id = copy.id;
+  const FileStatus copied = context_.files.Copy(folder_ + ContentPath(source), folder_ + ContentPath(copy));
+  if (!copied) {
+    context_.log.Write(kLogLifecycle, u"Unable to copy the content of jotlet ", source.id, u": ",
+                       copied.reason);
+  }
+  const JotletData named = copy;
+  if (!OpenWindow(std::move(copy))) {
+    saver_.RemoveContentLater(named);
+    return false;
+  }
+  FinishWaking(id, Reason::kRecurring, flags);
+  return true;
+}
+
+Text NoteDesk::Admit(TextView encoded, bool asleep, Reason reason) {
+  std::optional<AdmittedNote> note = AdmitEncodedNote(
+      {context_.files, context_.log, folder_, maker_.Blank({}), [this] { return maker_.NewJotletId(); },
+       [this](TextView id) { return maker_.IsTaken(id); }},
+      encoded, asleep);
+  if (!note) return {};
+  Text id = note->record.id;
+  if (note->list == NoteList::kDesktop) {
+    if (!OpenWindow(std::move(note->record))) return {};
+    Show(id, Showing::kQuietly);
+    TellCreated(id, reason);
+    return id;
+  }
+  if (note->list == NoteList::kClosed) {
+    const std::int32_t closedAt = note->record.deletedTime;
+    EnterClosed(std::move(note->record), closedAt);
+  } else {
+    ListOf(note->list).push_back(std::move(note->record));
+  }
+  Changed();
+  TellDropped();
+  return id;
+}
+
+bool NoteDesk::Close(TextView id, Reason reason) {
+  const JotletData* record = lists_.desktop.Find(id);
+  if (record == nullptr) return false;
+  const Text own = record->id;
+  if (!FromDesktop(own, NoteList::kClosed, [](JotletData&) {})) return false;
+  context_.events.Send({EventKind::kClosed, reason, {own}, {}});
+  TellDropped();
+  return true;
+}
+
+std::vector<Text> NoteDesk::CloseWaiting(const std::vector<Text>& ids) {
+  std::vector<Text> closed;
+  for (const Text& id : ids) {
+    std::optional<JotletData> record = lists_.sleeping.Remove(id);
+    if (!record) record = lists_.attached.Remove(id);
+    if (!record) continue;
+    closed.push_back(record->id);
+    EnterClosed(std::move(*record), Now());
+  }
+  Changed();
+  TellDropped();
+  return closed;
+}
+
+bool NoteDesk::Delete(TextView id, Reason reason) {
+  const JotletData* record = lists_.desktop.Find(id);
+  if (record == nullptr) return false;
+  const Text own = record->id;
+  context_.events.Send({EventKind::kDeleted, reason, {own}, {}});
+  // A listener may have deleted it from inside the event.
+  const std::shared_ptr<JotletData> gone = lists_.desktop.Remove(own);
+  if (gone == nullptr) return false;
+  saver_.RemoveContentLater(*gone);
+  context_.windows.Close(own);
+  Changed();
+  return true;
+}
+
+void NoteDesk::DeleteClosed(const std::vector<Text>& ids) {
+  for (const Text& id : ids) {
+    const std::optional<JotletData> gone = lists_.closed.Remove(id);
+    if (!gone) continue;
+    saver_.RemoveContentLater(*gone);
+    dropped_.push_back(gone->id);
+  }
+  Changed();
+  TellDropped();
+}
+
+// Nobody is told before all of them are where they belong: whoever hears of it may make the program save or
+// end.
+std::size_t NoteDesk::ManyToDesktop(NoteList from, const std::vector<Text>& ids, Reason reason,
+                                    const Change& change) {
+  std::vector<Text> opened;
+  for (const Text& id : ids) {
+    if (ToDesktop(from, id, change)) opened.push_back(lists_.desktop.Find(id)->id);
+  }
+  const Showing showing = ids.size() == 1 ? Showing::kWithFocus : Showing::kQuietly;
+  Changed();
+  for (const Text& id : opened) Show(id, showing);
+  for (const Text& id : opened) TellCreated(id, reason);
+  return ids.size() - opened.size();
+}
+
+std::size_t NoteDesk::Restore(const std::vector<Text>& ids) {
+  return ManyToDesktop(NoteList::kClosed, ids, Reason::kRestored, Awaken);
+}
+
+std::size_t NoteDesk::BringBack(const std::vector<Text>& ids, NoteList to) {
+  std::size_t gone = 0;
+  for (const Text& id : ids) {
+    std::optional<JotletData> record = lists_.closed.Remove(id);
+    if (!record) {
+      ++gone;
+      continue;
+    }
+    record->deletedTime = kNotSet;
+    ListOf(to).push_back(std::move(*record));
+  }
+  Changed();
+  return gone;
+}
+
+Renamed NoteDesk::Rename(TextView id, TextView newId) {
+  const JotletData* record = lists_.desktop.Find(id);
+  if (record == nullptr || !IsAddressableId(newId)) return Renamed::kNoName;
+  const bool otherLetters = !EqualIgnoreCase(id, newId);
+  if (otherLetters && maker_.IsTaken(newId)) return Renamed::kTaken;
+  if (otherLetters) {
+    // The data file on disk names the old content until the next save, the one in memory the new.
+    if (!SaveContent(id)) return Renamed::kFailed;
+    const JotletData before = *record;
+    JotletData after = before;
+    after.id = newId;
+    const FileStatus copied =
+        context_.files.Copy(folder_ + ContentPath(before), folder_ + ContentPath(after));
+    if (!copied && context_.files.Exists(folder_ + ContentPath(before))) {
+      context_.log.Write(kLogLifecycle, u"Unable to rename jotlet ", before.id, u": ", copied.reason);
+      return Renamed::kFailed;
+    }
+    saver_.RemoveContentLater(before);
+  }
+  context_.windows.Rename(Text(id), newId);
+  lists_.desktop.Rename(Text(id), newId);
+  Changed();
+  return Renamed::kYes;
+}
+
+void NoteDesk::CloseAll() {
+  for (const Text& id : IdsOf(lists_.desktop))
+    context_.events.Send({EventKind::kClosed, Reason::kAppExit, {id}, {}});
+  for (const Text& id : IdsOf(lists_.desktop)) {
+    lists_.desktop.Remove(id);
+    context_.windows.Close(id);
+  }
+}
+
+}  // namespace jotlets

@@ -1,0 +1,69 @@
+#include "desk/note_lists.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace jotlets {
+
+void OpenNoteList::Add(std::shared_ptr<JotletData> record) {
+  byId_[FoldCase(record->id)] = record.get();
+  records_.push_back(std::move(record));
+}
+
+std::shared_ptr<JotletData> OpenNoteList::Remove(TextView id) {
+  const auto found = byId_.find(FoldCase(id));
+  if (found == byId_.end()) return nullptr;
+  const auto at = std::find_if(records_.begin(), records_.end(),
+                               [&](const auto& record) { return record.get() == found->second; });
+  byId_.erase(found);
+  std::shared_ptr<JotletData> record = std::move(*at);
+  records_.erase(at);
+  return record;
+}
+
+JotletData* OpenNoteList::Find(TextView id) const {
+  const auto found = byId_.find(FoldCase(id));
+  return found == byId_.end() ? nullptr : found->second;
+}
+
+void OpenNoteList::Rename(TextView id, TextView newId) {
+  const auto found = byId_.find(FoldCase(id));
+  if (found == byId_.end()) return;
+  JotletData* record = found->second;
+  byId_.erase(found);
+  record->id = newId;
+  byId_[FoldCase(newId)] = record;
+}
+
+std::vector<Text> IdsOf(const OpenNoteList& records) {
+  std::vector<Text> ids;
+  ids.reserve(records.size());
+  for (const auto& record : records) ids.push_back(record->id);
+  return ids;
+}
+
+std::optional<NoteList> NoteLists::WhereIs(TextView id) const {
+  if (desktop.Find(id) != nullptr) return NoteList::kDesktop;
+  if (attached.Find(id) != nullptr) return NoteList::kAttached;
+  if (sleeping.Find(id) != nullptr) return NoteList::kSleeping;
+  if (closed.Find(id) != nullptr) return NoteList::kClosed;
+  return std::nullopt;
+}
+
+const StackRecord* NoteLists::FindStack(std::int32_t number) const {
+  const auto at = std::find_if(stacks.begin(), stacks.end(),
+                               [number](const StackRecord& stack) { return stack.number == number; });
+  return at == stacks.end() ? nullptr : &*at;
+}
+
+std::vector<NotesOfKind> NoteLists::ByKind() const {
+  std::vector<NotesOfKind> kinds{
+      {u"Desktop", {}}, {u"Attached", {}}, {u"Sleeping/recurring", {}}, {u"Closed", {}}};
+  for (const auto& record : desktop) kinds[0].notes.push_back(record.get());
+  for (const JotletData& record : attached) kinds[1].notes.push_back(&record);
+  for (const JotletData& record : sleeping) kinds[2].notes.push_back(&record);
+  for (const JotletData& record : closed) kinds[3].notes.push_back(&record);
+  return kinds;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,63 @@
+#include "desk/win/note_contents.h"
+
+#include "data/rtf_text.h"
+#include "skin/picture_file.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::uint64_t kLargestPictureFile = 256 * 1024 * 1024;
+// A file that is too large to be opened for a search.
+constexpr std::uint64_t kLargestSearched = 8 << 20;
+
+}  // namespace
+
+std::string NoteContents::BytesOf(const JotletData& record) const {
+  return files_.Read(desk_.Folder() + ContentPath(record)).bytes;
+}
+
+Text NoteContents::RichTextOf(const JotletData& record) const {
+  if (record.IsImage()) return {};
+  const BJotlet* jotlet = notes_.Find(record.id);
+  if (jotlet != nullptr && jotlet->Content().IsWhole()) return jotlet->Content().RichText();
+  const std::string bytes = BytesOf(record);
+  return bytes.starts_with("{\\rtf1") ? ansi_.Decode(bytes) : Text();
+}
+
+Text NoteContents::WordsOf(TextView id, std::size_t maximum) const {
+  if (const BJotlet* jotlet = notes_.Find(id)) return jotlet->Content().PlainText().substr(0, maximum);
+  JotletData named;
+  named.id = id;
+  const Text path = desk_.Folder() + ContentPath(named);
+  if (files_.Size(path) > kLargestSearched) return {};
+  return RtfTextStart(files_.Read(path).bytes, maximum);
+}
+
+std::string NoteContents::ReadPicture(TextView path) const {
+  if (files_.Size(path) > kLargestPictureFile) return {};
+  return PngOfPicture(files_.Read(path).bytes);
+}
+
+bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {
+  const std::string png = ReadPicture(path);
+  if (png.empty() || !jotlet.Content().Fits(png)) return false;
+  const FileStatus written = files_.Write(desk_.Folder() + ContentPath(jotlet.StoredRecord()), png);
+  if (!written) {
+    log_.Write(kLogLifecycle, u"Unable to write a picture: ", written.reason);
+    return false;
+  }
+  jotlet.LoadContent(png);
+  jotlet.Record().modified = RecordTime(clock_.Now().utc);
+  InvalidateRect(jotlet.Handle(), nullptr, FALSE);
+  desk_.Changed();
+  return true;
+}
+
+FileStatus NoteContents::WriteCopy(const BJotlet& jotlet, TextView path) {
+  const ContentCopy copy = jotlet.Content().Copy(HasExtension(path, u".txt"));
+  if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
+  if (copy.bytes) return files_.Write(path, *copy.bytes);
+  return files_.Copy(desk_.Folder() + ContentPath(jotlet.StoredRecord()), path);
+}
+
+}  // namespace jotlets

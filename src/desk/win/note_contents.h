@@ -1,0 +1,39 @@
+// The contents of notes for those who look in from outside, open or not: their bytes, their rich text, their
+// pictures.
+#pragma once
+
+#include "base/code_page.h"
+#include "desk/note_desk.h"
+#include "desk/win/desktop_jotlets.h"
+
+namespace jotlets {
+
+class NoteContents {
+ public:
+  NoteContents(Files& files, const CodePage& ansi, const Clock& clock, Log& log, NoteDesk& desk,
+               DesktopJotlets& notes)
+      : files_(files), ansi_(ansi), clock_(clock), log_(log), desk_(desk), notes_(notes) {}
+
+  /// The bytes of a note's content file.
+  std::string BytesOf(const JotletData& record) const;
+  /// The rich text of a note as it is now, open or not; empty when it has none.
+  Text RichTextOf(const JotletData& record) const;
+  /// As much of the plain text of a note as is searched.
+  Text WordsOf(TextView id, std::size_t maximum) const;
+  /// A picture file as PNG bytes; empty when it is none.
+  std::string ReadPicture(TextView path) const;
+  /// Puts a picture file in the place of a picture note's content.
+  bool SetPicture(BJotlet& jotlet, TextView path);
+  /// Writes a note's content to a file, as plain text when the name ends in ".txt".
+  FileStatus WriteCopy(const BJotlet& jotlet, TextView path);
+
+ private:
+  Files& files_;
+  const CodePage& ansi_;
+  const Clock& clock_;
+  Log& log_;
+  NoteDesk& desk_;
+  DesktopJotlets& notes_;
+};
+
+}  // namespace jotlets
