@@ -4,7 +4,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::size_t kLongestText = 1024;
-constexpr std::size_t kMostHeld = 1000;
+constexpr std::size_t kMaximumHeld = 1000;
 
 }  // namespace
 
@@ -33,7 +33,7 @@ void ActivityLog::WriteEntry(int level, TextView text) {
   Text entry = LogEntry(clock_.Now().local, text);
   if (!path_.empty()) {
     files_.Append(path_, ToUtf8(entry));
-  } else if (held_.size() < kMostHeld) {
+  } else if (held_.size() < kMaximumHeld) {
     held_.emplace_back(level, std::move(entry));
   }
 }

@@ -60,17 +60,17 @@ std::size_t DecodeUtf8(std::string_view bytes, std::size_t at, char32_t& c) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned lead = byte(at);
   std::size_t length = 0;
-  char32_t least = 0;
+  char32_t minimum = 0;
   if (lead < 0x80) {
     c = lead;
     return 1;
   }
   if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2, c = lead & 0x1F, least = 0x80;
+    length = 2, c = lead & 0x1F, minimum = 0x80;
   } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3, c = lead & 0x0F, least = 0x800;
+    length = 3, c = lead & 0x0F, minimum = 0x800;
   } else if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4, c = lead & 0x07, least = 0x10000;
+    length = 4, c = lead & 0x07, minimum = 0x10000;
   } else {
     return 0;
   }
@@ -79,7 +79,7 @@ std::size_t DecodeUtf8(std::string_view bytes, std::size_t at, char32_t& c) {
     if ((byte(at + i) & 0xC0) != 0x80) return 0;
     c = (c << 6) | (byte(at + i) & 0x3F);
   }
-  return c >= least && c <= 0x10FFFF ? length : 0;
+  return c >= minimum && c <= 0x10FFFF ? length : 0;
 }
 
 }  // namespace
@@ -127,9 +127,9 @@ Text IntText(std::int64_t value) {
   return out;
 }
 
-std::vector<std::int32_t> ParseIntList(TextView text, std::size_t most) {
+std::vector<std::int32_t> ParseIntList(TextView text, std::size_t maximum) {
   std::vector<std::int32_t> values;
-  while (values.size() < most) {
+  while (values.size() < maximum) {
     const std::size_t comma = text.find(u',');
     values.push_back(ParseInt(text.substr(0, comma)));
     if (comma == TextView::npos) break;

@@ -29,7 +29,7 @@ void AppendHex(Text& out, std::uint32_t value);
 Text IntText(std::int64_t value);
 
 /// Up to `most` comma-separated numbers of `text`; missing ones are not added.
-std::vector<std::int32_t> ParseIntList(TextView text, std::size_t most);
+std::vector<std::int32_t> ParseIntList(TextView text, std::size_t maximum);
 
 /// One code unit without regard to case: ASCII, Latin, Greek and Cyrillic letters.
 char16_t FoldCase(char16_t unit);

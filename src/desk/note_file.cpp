@@ -23,7 +23,7 @@ constexpr std::array kFields = {
     FieldRow{u"Source:", &NoteFields::source},
 };
 
-bool TakeField(NoteFields& fields, TextView line) {
+bool NextField(NoteFields& fields, TextView line) {
   for (const FieldRow& row : kFields) {
     if (!line.starts_with(row.key)) continue;
     fields.*row.field = TrimBlanks(line.substr(row.key.size()));
@@ -40,7 +40,7 @@ Text NoteMessageFromFile(TextView fileText) {
   TextView line;
   TextView content;
   while (lines.Next(line)) {
-    if (line.empty() || TakeField(fields, line)) continue;
+    if (line.empty() || NextField(fields, line)) continue;
     content = fileText.substr(static_cast<std::size_t>(line.data() - fileText.data()));
     break;
   }

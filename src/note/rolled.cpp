@@ -29,7 +29,7 @@ std::int32_t HeightFromContent(std::int32_t content, std::int32_t top, std::int3
   return Saturated(std::int64_t{content} + top + bottom);
 }
 
-void TakeBounds(JotletData& record, const Rect& bounds, const RollSettings& settings) {
+void StoreBounds(JotletData& record, const Rect& bounds, const RollSettings& settings) {
   const bool own = HasOwnPlace(record, settings);
   (own ? record.altX : record.x) = bounds.left;
   (own ? record.altY : record.y) = bounds.top;

@@ -33,12 +33,12 @@ std::optional<std::int32_t> GetJotletHeight(const JotletData& record, std::int32
 /// The height that shows `content` pixels of text between the skin's `top` and `bottom`.
 std::int32_t HeightFromContent(std::int32_t content, std::int32_t top, std::int32_t bottom);
 
-/// Rolling a note, or changing one of the settings: `TakeBounds` under the old state, then the change, then
+/// Rolling a note, or changing one of the settings: `StoreBounds` under the old state, then the change, then
 /// the window is given `BoundsFor` the new one.
 ///
 /// Writes the place of the note into the fields of the record that hold it in its state: x, y, width and,
 /// unless shown rolled, height; with a place of its own altX, altY and altWidth instead.
-void TakeBounds(JotletData& record, const Rect& bounds, const RollSettings& settings);
+void StoreBounds(JotletData& record, const Rect& bounds, const RollSettings& settings);
 
 /// The bounds that the record gives its window. What has not been set yet of a rolled note's own place is as
 /// it is unrolled.

@@ -85,7 +85,7 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
 
 // Indices beyond the palette are black.
 std::array<Pixel, 256> ReadPalette(const Header& header, std::string_view bytes) {
-  std::array<Pixel, 256> palette;
+  std::array<Pixel, 256> palette{};
   palette.fill({0, 0, 0, 255});
   const std::size_t entryLength = header.length == kCoreHeader ? 3 : 4;
   const std::size_t whole = std::size_t{1} << std::min(header.bits, 8U);
@@ -102,8 +102,8 @@ std::array<Pixel, 256> ReadPalette(const Header& header, std::string_view bytes)
 std::uint8_t Channel(std::uint32_t value, std::uint32_t mask) {
   if (mask == 0) return 0;
   const int shift = std::countr_zero(mask);
-  const std::uint64_t most = mask >> shift;
-  return static_cast<std::uint8_t>(((value & mask) >> shift) * std::uint64_t{255} / most);
+  const std::uint64_t maximum = mask >> shift;
+  return static_cast<std::uint8_t>(((value & mask) >> shift) * std::uint64_t{255} / maximum);
 }
 
 Pixel DirectPixel(const Header& header, std::string_view row, std::size_t x) {

@@ -53,7 +53,7 @@ struct Inflation {
 };
 
 // Grows with what really comes out: the declared size is not believed.
-std::optional<std::string> Inflate(std::string_view packed, std::size_t most) {
+std::optional<std::string> Inflate(std::string_view packed, std::size_t maximum) {
   Inflation inflation;
   if (!inflation.started || packed.size() > kMaxInflated) return std::nullopt;
   z_stream& stream = inflation.stream;
@@ -63,13 +63,13 @@ std::optional<std::string> Inflate(std::string_view packed, std::size_t most) {
   for (int result = Z_OK; result != Z_STREAM_END;) {
     const std::size_t filled = out.size();
     // One byte more than is allowed, so that what is too long can be told.
-    const std::size_t room = std::min(std::max<std::size_t>(filled, 65536), most + 1 - filled);
+    const std::size_t room = std::min(std::max<std::size_t>(filled, 65536), maximum + 1 - filled);
     out.resize(filled + room);
     stream.next_out = reinterpret_cast<Bytef*>(out.data() + filled);
     stream.avail_out = static_cast<uInt>(room);
     result = inflate(&stream, Z_NO_FLUSH);
     out.resize(out.size() - stream.avail_out);
-    if ((result != Z_OK && result != Z_STREAM_END) || out.size() > most) return std::nullopt;
+    if ((result != Z_OK && result != Z_STREAM_END) || out.size() > maximum) return std::nullopt;
   }
   return out;
 }
@@ -112,17 +112,20 @@ std::optional<std::string_view> ZipArchive::PackedBytes(const Entry& entry) cons
   return bytes_.substr(begin, entry.packedSize);
 }
 
-std::optional<std::string> ZipArchive::Read(std::string_view name, std::size_t most) const {
+std::optional<std::string> ZipArchive::Read(std::string_view name, std::size_t maximum) const {
   if (name.find_first_of("/\\") != std::string_view::npos) return std::nullopt;
   const auto entry = std::find_if(entries_.begin(), entries_.end(),
                                   [name](const Entry& candidate) { return SameName(candidate.name, name); });
-  most = std::min(most, kMaxInflated);
-  if (entry == entries_.end() || (entry->flags & kEncrypted) != 0 || entry->size > most) return std::nullopt;
+  maximum = std::min(maximum, kMaxInflated);
+  if (entry == entries_.end() || (entry->flags & kEncrypted) != 0 || entry->size > maximum)
+    return std::nullopt;
   const auto packed = PackedBytes(*entry);
   if (!packed) return std::nullopt;
-  std::optional<std::string> bytes;
-  if (entry->method == kStored) bytes.emplace(*packed);
-  if (entry->method == kDeflated) bytes = Inflate(*packed, entry->size);
+  const auto unpacked = [&]() -> std::optional<std::string> {
+    if (entry->method == kDeflated) return Inflate(*packed, entry->size);
+    return entry->method == kStored ? std::optional<std::string>(*packed) : std::nullopt;
+  };
+  const std::optional<std::string> bytes = unpacked();
   if (!bytes || bytes->size() != entry->size) return std::nullopt;
   const auto crc = crc32(0, reinterpret_cast<const Bytef*>(bytes->data()), static_cast<uInt>(bytes->size()));
   return crc == entry->crc ? bytes : std::nullopt;

@@ -22,7 +22,7 @@ class ZipArchive {
   /// The file called `name`, which is compared byte by byte but without regard to ASCII case. Nothing when
   /// there is none, when the name holds a path separator, or when the file is encrypted, compressed in
   /// another way, damaged (its checksum is looked at), or larger than `most` bytes.
-  std::optional<std::string> Read(std::string_view name, std::size_t most = kMaxInflated) const;
+  std::optional<std::string> Read(std::string_view name, std::size_t maximum = kMaxInflated) const;
 
  private:
   struct Entry {

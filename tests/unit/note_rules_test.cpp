@@ -95,10 +95,10 @@ TEST(Rolled, HeightIsTheUnrolledOne) {
 
 TEST(Rolled, ItStaysWhereItIsAndKeepsItsHeight) {
   JotletData note = Note();
-  TakeBounds(note, {50, 60, 250, 160}, kRolls);
+  StoreBounds(note, {50, 60, 250, 160}, kRolls);
   note.rolled = true;
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{50, 60, 250, 85}));
-  TakeBounds(note, {1, 2, 91, 27}, kRolls);
+  StoreBounds(note, {1, 2, 91, 27}, kRolls);
   EXPECT_EQ(BoundsFor(note, {0, false}), (Rect{1, 2, 91, 102}));
   note.rolled = false;
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{1, 2, 91, 102}));
@@ -109,10 +109,10 @@ TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
   JotletData note = Note();
   note.rolled = true;
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{10, 20, 310, 45}));
-  TakeBounds(note, {700, 5, 790, 30}, kRollsAside);
+  StoreBounds(note, {700, 5, 790, 30}, kRollsAside);
   note.rolled = false;
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{10, 20, 310, 420}));
-  TakeBounds(note, {11, 21, 311, 421}, kRollsAside);
+  StoreBounds(note, {11, 21, 311, 421}, kRollsAside);
   note.rolled = true;
   EXPECT_EQ(BoundsFor(note, kRollsAside), (Rect{700, 5, 790, 30}));
   EXPECT_EQ(BoundsFor(note, kRolls), (Rect{11, 21, 311, 46}));

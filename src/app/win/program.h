@@ -20,9 +20,9 @@
 #include "data/policy.h"
 #include "desk/attached_notes.h"
 #include "desk/sleeping_notes.h"
-#include "desk/win/desktop_jotlets.h"
-#include "desk/win/desktop_stacks.h"
 #include "desk/win/note_contents.h"
+#include "desk/win/open_notes.h"
+#include "desk/win/open_stacks.h"
 #include "friends/friend_book.h"
 #include "schedule/win/foreign_windows.h"
 #include "schedule/win/schedule_signs.h"
@@ -119,9 +119,9 @@ class Program final : private OpenNotesOwner,
   Listeners listeners_;
   CustomMenus menus_;
   ProgramSkins skins_;
-  DesktopJotlets notes_;
+  OpenNotes notes_;
   NoteDesk desk_;
-  DesktopStacks stacks_;
+  OpenStacks stacks_;
   ForeignWindowWatcher foreign_;
   AttachedNotes attached_;
   ScheduleSigns signs_;

@@ -10,7 +10,7 @@ namespace jotlets {
 namespace {
 
 constexpr wchar_t kPolicyKey[] = L"Software\\Policies\\Brask\\Jotlets";
-constexpr DWORD kMostBytes = 64 * 1024;
+constexpr DWORD kMaximumBytes = 64 * 1024;
 
 }  // namespace
 
@@ -32,7 +32,7 @@ PolicySource::Value RegistryPolicy::Read(TextView name) const {
       value.type = Value::Type::kNumber;
       value.number = number;
     }
-  } else if (type == REG_SZ && bytes <= kMostBytes) {
+  } else if (type == REG_SZ && bytes <= kMaximumBytes) {
     Text text(bytes / sizeof(wchar_t) + 1, u'\0');
     bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
     if (RegGetValueW(HKEY_LOCAL_MACHINE, kPolicyKey, Wide(valueName), RRF_RT_REG_SZ, nullptr, text.data(),

@@ -4,14 +4,14 @@
 
 #include "base/code_page.h"
 #include "desk/note_desk.h"
-#include "desk/win/desktop_jotlets.h"
+#include "desk/win/open_notes.h"
 
 namespace jotlets {
 
 class NoteContents {
  public:
   NoteContents(Files& files, const CodePage& ansi, const Clock& clock, Log& log, NoteDesk& desk,
-               DesktopJotlets& notes)
+               OpenNotes& notes)
       : files_(files), ansi_(ansi), clock_(clock), log_(log), desk_(desk), notes_(notes) {}
 
   /// The bytes of a note's content file.
@@ -33,7 +33,7 @@ class NoteContents {
   const Clock& clock_;
   Log& log_;
   NoteDesk& desk_;
-  DesktopJotlets& notes_;
+  OpenNotes& notes_;
 };
 
 }  // namespace jotlets

@@ -1,6 +1,6 @@
 #include "desk/win/note_keys.h"
 
-#include "desk/win/desktop_jotlets.h"
+#include "desk/win/open_notes.h"
 #include "note/shortcuts.h"
 
 namespace jotlets {
@@ -14,10 +14,10 @@ bool Quietens(WPARAM key) { return key != VK_APPS && key != VK_CONTROL && key !=
 void GoTo(BJotlet* jotlet) {
   if (jotlet == nullptr) return;
   jotlet->BringForward();
-  jotlet->TakeFocus();
+  jotlet->FocusNow();
 }
 
-void Serve(DesktopJotlets& desktop, BJotlet& jotlet, const WindowKey& key) {
+void Serve(OpenNotes& desktop, BJotlet& jotlet, const WindowKey& key) {
   if (key.toNote != 0) return GoTo(desktop.Neighbour(jotlet, key.toNote));
   if (key.move != Point{}) return jotlet.MoveByKey(key.move);
   jotlet.GrowByKey(key.grow);
@@ -25,7 +25,7 @@ void Serve(DesktopJotlets& desktop, BJotlet& jotlet, const WindowKey& key) {
 
 }  // namespace
 
-bool ServeNoteKey(DesktopJotlets& desktop, const MSG& message) {
+bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), IsHeld(VK_CONTROL), IsHeld(VK_SHIFT),
                          IsHeld(VK_MENU)};

@@ -5,10 +5,10 @@
 
 namespace jotlets {
 
-class DesktopJotlets;
+class OpenNotes;
 
 /// Serves a key that was pressed in a note or its editor, from the message loop; false when the message is
 /// none, or the key belongs to the text. The note may be gone when the call returns.
-bool ServeNoteKey(DesktopJotlets& desktop, const MSG& message);
+bool ServeNoteKey(OpenNotes& desktop, const MSG& message);
 
 }  // namespace jotlets

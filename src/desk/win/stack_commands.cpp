@@ -2,14 +2,14 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "desk/win/desktop_stacks.h"
+#include "desk/win/open_stacks.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
 #include "ui/text_dialog.h"
 
 namespace jotlets {
 
-bool DesktopStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
+bool OpenStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
   switch (action) {
     case kActionClose: Close(stack.Number()); return true;
     case kActionStack: {
@@ -31,7 +31,7 @@ bool DesktopStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
   }
 }
 
-void DesktopStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member) {
+void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member) {
   const std::int32_t number = stack.Number();
   const UniqueMenu resource = resources_.Menu(IDM_STACK);
   const HMENU menu = GetSubMenu(resource.get(), 0);
@@ -41,9 +41,9 @@ void DesktopStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& mem
   check(ID_STACK_KEEP_COLOUR, stack.Record().keepColour);
   check(ID_STACK_ON_TOP, stack.Record().onTop);
   check(ID_STACK_ROLL, stack.IsRolled());
-  const bool there = member && desktop_.Find(*member) != nullptr;
-  for (const UINT ofRow : {ID_STACK_SHOW_MEMBER, ID_STACK_TAKE_OUT})
-    EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (there ? MF_ENABLED : MF_GRAYED));
+  const bool isOpen = member && desktop_.Find(*member) != nullptr;
+  for (const UINT ofRow : {UINT{ID_STACK_SHOW_MEMBER}, UINT{ID_STACK_TAKE_OUT}})
+    EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (isOpen ? MF_ENABLED : MF_GRAYED));
   POINT at{MousePosition().x, MousePosition().y};
   const RECT bounds = ToRECT(stack.Bounds());
   if (!PtInRect(&bounds, at)) at = {bounds.left + 16, bounds.top + 24};
@@ -54,7 +54,7 @@ void DesktopStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& mem
   if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
 }
 
-bool DesktopStacks::DoMenuCommand(BStackDlg& stack, UINT command, const std::optional<Text>& member) {
+bool OpenStacks::DoMenuCommand(BStackDlg& stack, UINT command, const std::optional<Text>& member) {
   switch (command) {
     case ID_STACK_SHOW_MEMBER:
       if (member) OnMemberClicked(stack, *member);
@@ -75,7 +75,7 @@ bool DesktopStacks::DoMenuCommand(BStackDlg& stack, UINT command, const std::opt
   return true;
 }
 
-void DesktopStacks::EditTitle(std::int32_t number) {
+void OpenStacks::EditTitle(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   const auto title = BTextDlg(resources_, IDS_EDIT_TITLE, stack->Record().title).Ask(stack->Handle());
@@ -84,7 +84,7 @@ void DesktopStacks::EditTitle(std::int32_t number) {
   if (title && stack != nullptr) stack->SetTitle(*title);
 }
 
-void DesktopStacks::ChooseColour(std::int32_t number) {
+void OpenStacks::ChooseColour(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   const auto colour = ChooseSystemColour(stack->Handle(), StackColour(stack->Record(), stack->Members()));
@@ -92,7 +92,7 @@ void DesktopStacks::ChooseColour(std::int32_t number) {
   if (colour && stack != nullptr) stack->SetColour(*colour);
 }
 
-void DesktopStacks::OnMemberClicked(BStackDlg& stack, const Text& id) {
+void OpenStacks::OnMemberClicked(BStackDlg& stack, const Text& id) {
   BJotlet* note = desktop_.Find(id);
   if (note == nullptr) return;
   if (note->StoredRecord().hidden) {
@@ -103,15 +103,15 @@ void DesktopStacks::OnMemberClicked(BStackDlg& stack, const Text& id) {
   RefreshSoon();
 }
 
-void DesktopStacks::OnMemberDraggedOut(BStackDlg&, const Text& id) {
+void OpenStacks::OnMemberDraggedOut(BStackDlg&, const Text& id) {
   BJotlet* note = desktop_.Find(id);
   if (note == nullptr) return;
   note->SetStack(kNone);
-  note->TakeDrag();
+  note->BeginDragAtMouse();
   Refresh();
 }
 
-void DesktopStacks::OnMemberTakenOut(BStackDlg& stack, const Text& id) {
+void OpenStacks::OnMemberTakenOut(BStackDlg& stack, const Text& id) {
   BJotlet* note = desktop_.Find(id);
   if (note == nullptr) return;
   MoveOut(stack, {note}, true);

@@ -108,7 +108,7 @@ void BEdit::Recreate(const Look& look) {
   if (!Create(parent, FromRECT(bounds), look, *watcher_)) {
     edit_ = former;
     SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
-    objects_->TakeDrops(edit_);
+    objects_->AcceptDrops(edit_);
     return;
   }
   SetRtf(rtf);
@@ -233,11 +233,11 @@ Text BEdit::PlainText() const {
   const LRESULT units = SendMessageW(edit_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0);
   if (units <= 0) return {};
   Text text(static_cast<std::size_t>(units) + 1, u'\0');
-  GETTEXTEX how{};
-  how.cb = static_cast<DWORD>(text.size() * 2);
-  how.flags = GT_USECRLF;
-  how.codepage = 1200;
-  const LRESULT got = SendMessageW(edit_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how),
+  GETTEXTEX request{};
+  request.cb = static_cast<DWORD>(text.size() * 2);
+  request.flags = GT_USECRLF;
+  request.codepage = 1200;
+  const LRESULT got = SendMessageW(edit_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&request),
                                    reinterpret_cast<LPARAM>(text.data()));
   text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(got, 0, units)));
   return text;

@@ -15,7 +15,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::uint64_t kLargestFile = 1024 * 1024;
-constexpr UINT kMostFiles = 1000;
+constexpr UINT kMaximumFiles = 1000;
 
 FORMATETC MemoryFormat(CLIPFORMAT format) { return {format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL}; }
 
@@ -57,7 +57,7 @@ Text TextOfFiles(IDataObject& data) {
   const DroppedMemory dropped(data, CF_HDROP);
   const auto list = static_cast<HDROP>(dropped.Memory());
   if (list == nullptr) return {};
-  const UINT count = std::min(DragQueryFileW(list, 0xFFFFFFFF, nullptr, 0), kMostFiles);
+  const UINT count = std::min(DragQueryFileW(list, 0xFFFFFFFF, nullptr, 0), kMaximumFiles);
   Text text;
   for (UINT i = 0; i < count; ++i) {
     Text path(DragQueryFileW(list, i, nullptr, 0) + 1, u'\0');

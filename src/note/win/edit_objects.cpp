@@ -19,11 +19,11 @@ ComPointer<EditObjects> EditObjects::Guard(HWND edit) {
   ComPointer<EditObjects> guard(new EditObjects(edit));
   SendMessageW(edit, EM_SETOLECALLBACK, 0,
                reinterpret_cast<LPARAM>(static_cast<IRichEditOleCallback*>(guard.get())));
-  guard->TakeDrops(edit);
+  guard->AcceptDrops(edit);
   return guard;
 }
 
-void EditObjects::TakeDrops(HWND edit) {
+void EditObjects::AcceptDrops(HWND edit) {
   const ComPointer<IDropTarget> target = MakeDropTarget(edit);
   // Fails where the control takes drops itself; it asks `QueryAcceptData` then.
   ownDrops_ = SUCCEEDED(RegisterDragDrop(edit, target.get()));

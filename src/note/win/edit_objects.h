@@ -21,7 +21,7 @@ class EditObjects final : public ComObject<IRichEditOleCallback> {
   /// OleInitialize.
   static ComPointer<EditObjects> Guard(HWND edit);
 
-  void TakeDrops(HWND edit);
+  void AcceptDrops(HWND edit);
   /// To be called before the control goes.
   void StopDrops(HWND edit);
 

@@ -15,9 +15,9 @@ constexpr LONG kLinkSearch = 4096;
 
 bool IsEmpty(const CHARRANGE& range) { return range.cpMin == range.cpMax; }
 
-bool FindFrom(BEdit& edit, LONG first, const Text& what, WPARAM how) {
+bool FindFrom(BEdit& edit, LONG first, const Text& what, WPARAM request) {
   FINDTEXTEXW find{{first, -1}, Wide(what), {}};
-  if (SendMessageW(edit.Handle(), EM_FINDTEXTEXW, how, reinterpret_cast<LPARAM>(&find)) < 0) return false;
+  if (SendMessageW(edit.Handle(), EM_FINDTEXTEXW, request, reinterpret_cast<LPARAM>(&find)) < 0) return false;
   edit.Select(find.chrgText);
   SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
   return true;
@@ -41,13 +41,13 @@ void InsertText(BEdit& edit, TextView text) {
 }
 
 std::int32_t NaturalWidth(BEdit& edit) {
-  constexpr LRESULT kMostLines = 10000;
+  constexpr LRESULT kMaximumLines = 10000;
   const HWND window = edit.Handle();
   const Point scroll = edit.ScrollPosition();
   // No line is wrapped meanwhile.
   SendMessageW(window, EM_SETTARGETDEVICE, 0, 1);
   edit.SetScrollPosition({});
-  const LRESULT lines = std::min(SendMessageW(window, EM_GETLINECOUNT, 0, 0), kMostLines);
+  const LRESULT lines = std::min(SendMessageW(window, EM_GETLINECOUNT, 0, 0), kMaximumLines);
   LONG widest = 0;
   for (LRESULT line = 0; line < lines; ++line) {
     const LRESULT first = SendMessageW(window, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
@@ -64,8 +64,8 @@ std::int32_t NaturalWidth(BEdit& edit) {
 bool FindNextText(BEdit& edit, TextView what, bool matchCase) {
   if (what.empty()) return false;
   const Text wanted(what);
-  const WPARAM how = FR_DOWN | (matchCase ? FR_MATCHCASE : 0);
-  return FindFrom(edit, edit.Selection().cpMax, wanted, how) || FindFrom(edit, 0, wanted, how);
+  const WPARAM request = FR_DOWN | (matchCase ? FR_MATCHCASE : 0);
+  return FindFrom(edit, edit.Selection().cpMax, wanted, request) || FindFrom(edit, 0, wanted, request);
 }
 
 bool OpenSelectedLink(BEdit& edit) {

@@ -8,15 +8,16 @@ namespace jotlets {
 
 std::optional<FontStyle> ChooseSystemFont(HWND owner, const FontStyle& style) {
   LOGFONTW font = ToLogFont(style);
-  CHOOSEFONTW how{};
-  how.lStructSize = sizeof how;
-  how.hwndOwner = owner;
-  how.lpLogFont = &font;
-  how.rgbColors = ToCOLORREF(style.colour);
-  how.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT;
-  if (!ChooseFontW(&how)) return std::nullopt;
-  return FromLogFont(font, how.iPointSize,
-                     {GetRValue(how.rgbColors), GetGValue(how.rgbColors), GetBValue(how.rgbColors)});
+  CHOOSEFONTW request{};
+  request.lStructSize = sizeof request;
+  request.hwndOwner = owner;
+  request.lpLogFont = &font;
+  request.rgbColors = ToCOLORREF(style.colour);
+  request.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT;
+  if (!ChooseFontW(&request)) return std::nullopt;
+  return FromLogFont(
+      font, request.iPointSize,
+      {GetRValue(request.rgbColors), GetGValue(request.rgbColors), GetBValue(request.rgbColors)});
 }
 
 }  // namespace jotlets

@@ -43,9 +43,9 @@ bool BJotlet::CreateWindowFor() {
 void BJotlet::PlaceByRecord() {
   const Rect bounds = BoundsFor(record_, Rolling());
   Size size{bounds.Width(), bounds.Height()};
-  const Size least = SmallestSize();
-  size.width = std::max(size.width, least.width);
-  if (!IsShownRolled(record_, Rolling())) size.height = std::max(size.height, least.height);
+  const Size minimum = SmallestSize();
+  size.width = std::max(size.width, minimum.width);
+  if (!IsShownRolled(record_, Rolling())) size.height = std::max(size.height, minimum.height);
   place_ = NotePlace(RectAt(bounds.TopLeft(), size), Dpi());
   place_.MonitorsChanged(context_.screens);
   Place(place_.Shown());
@@ -87,7 +87,7 @@ void BJotlet::SyncPlace() {
   Rect bounds = SettledBounds();
   if (animation_.running) bounds = RectAt(animation_.end, {bounds.Width(), bounds.Height()});
   if (bounds != place_.Shown()) place_.Choose(bounds);
-  TakeBounds(record_, place_.Chosen(), Rolling());
+  StoreBounds(record_, place_.Chosen(), Rolling());
 }
 
 bool BJotlet::ShowOnScreens(const MonitorSetup& screens) {
@@ -138,7 +138,7 @@ void BJotlet::BringForward() {
   if (!record_.hidden) Raise(record_.onTop);
 }
 
-void BJotlet::TakeFocus() {
+void BJotlet::FocusNow() {
   SetForegroundWindow(Handle());
   SetFocus(FocusWindow());
 }

@@ -106,7 +106,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void FinishAnimation();
   void SetUserString(TextView words);
   /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
-  void TakeProperties(const JotletData& wanted);
+  void ApplyProperties(const JotletData& wanted);
   /// Carries out the command of an action code, unless it cannot be carried out now; `at` is the place of the
   /// click in client pixels. False for a code that is no command of a note. The note may be gone when the
   /// call returns.
@@ -124,7 +124,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// The user is moving or sizing the note, or it is on an animated way.
   bool IsMoving() const { return drag_ == Drag::kMoving || drag_ == Drag::kSizing || animation_.running; }
   /// Comes under the mouse, whose button is held, and is dragged from there on.
-  void TakeDrag();
+  void BeginDragAtMouse();
   /// The number of the stack that the note belongs to, -1 for none.
   void SetStack(std::int32_t number);
   /// The window that the note is attached to; a default one is none.
@@ -133,7 +133,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void SetSizeSafe(Size size);
   void PasteClipboard(bool formatted = true) { content_->Paste(formatted); }
   void BringForward();
-  void TakeFocus();
+  void FocusNow();
 
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
@@ -172,7 +172,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void ShowOpacity(std::int32_t percent);
   void BeginFade();
   void FadeStep();
-  bool TakeFrame(const AnimationFrame& frame);
+  bool ShowFrame(const AnimationFrame& frame);
   void OnEditScrolled() override;
   void OnEditMouse() override;
   void OnEditLink(const Text& target) override { context_.openLink(target); }

@@ -87,14 +87,14 @@ void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
 
 bool BJotlet::TickAnimation() {
   const auto frame = animation_.Tick(context_.options.animationSpeed);
-  return frame && TakeFrame(*frame);
+  return frame && ShowFrame(*frame);
 }
 
 void BJotlet::FinishAnimation() {
-  if (const auto frame = animation_.FinishNow()) TakeFrame(*frame);
+  if (const auto frame = animation_.FinishNow()) ShowFrame(*frame);
 }
 
-bool BJotlet::TakeFrame(const AnimationFrame& frame) {
+bool BJotlet::ShowFrame(const AnimationFrame& frame) {
   // Hidden before it is put back to where it was, so that nobody sees it jump.
   if (frame.finished && animation_.kind == AnimationKind::kHide) SetHidden(true);
   SetWindowPos(Handle(), nullptr, frame.position.x, frame.position.y, 0, 0,
@@ -126,7 +126,7 @@ void BJotlet::SetAttachment(const Attachment& attachment) {
   Tell(JotletEvent::kChanged);
 }
 
-void BJotlet::TakeProperties(const JotletData& wanted) {
+void BJotlet::ApplyProperties(const JotletData& wanted) {
   if (wanted.title != record_.title) SetTitle(wanted.title);
   if (wanted.userString1 != record_.userString1) SetUserString(wanted.userString1);
   if (wanted.colour != record_.colour) SetColour(wanted.colour);

@@ -65,11 +65,11 @@ void BJotlet::MoveByKey(Point offset) {
 
 void BJotlet::GrowByKey(Size growth) {
   if (IsFrozen() || (view_.rolled && growth.height != 0)) return;
-  Size least = SmallestSize();
+  Size minimum = SmallestSize();
   const Rect before = Bounds();
-  if (view_.rolled) least.height = before.Height();
+  if (view_.rolled) minimum.height = before.Height();
   const DraggedEdges edges{growth.width != 0 ? 1 : 0, growth.height != 0 ? 1 : 0};
-  Place(SafeBounds(DraggedBounds(before, edges, {growth.width, growth.height}), edges, least));
+  Place(SafeBounds(DraggedBounds(before, edges, {growth.width, growth.height}), edges, minimum));
   if (Bounds() == before) return;
   Tell(JotletEvent::kChanged);
   Tell(JotletEvent::kSized);
@@ -90,7 +90,7 @@ void BJotlet::OnEditMouse() {
   UpdateView();
 }
 
-void BJotlet::TakeDrag() {
+void BJotlet::BeginDragAtMouse() {
   constexpr std::int32_t kGrip = 8;  // below the top edge, where every skin has its title
   const Point mouse = MousePosition();
   FinishAnimation();

@@ -24,8 +24,8 @@ constexpr FlagRow kFlags[] = {
 struct NumberRow {
   int control;
   std::int32_t JotletData::*member;
-  std::int32_t least;
-  std::int32_t most;
+  std::int32_t minimum;
+  std::int32_t maximum;
 };
 
 constexpr NumberRow kNumbers[] = {
@@ -85,7 +85,7 @@ void BPropertiesDlg::Take() {
   for (const NumberRow& row : kNumbers) {
     const Text typed = ItemText(row.control);
     // A field that was emptied leaves the size as it is.
-    if (!typed.empty()) record_.*row.member = std::clamp(ParseInt(typed), row.least, row.most);
+    if (!typed.empty()) record_.*row.member = std::clamp(ParseInt(typed), row.minimum, row.maximum);
   }
   const LRESULT chosen = SendMessageW(Item(IDC_PROP_OPACITY), CB_GETCURSEL, 0, 0);
   const std::int32_t percent = 100 - static_cast<std::int32_t>(chosen) * kOpacityStep;

@@ -104,12 +104,12 @@ void SkinnedWindow::DragTo(Point offset) {
                               {dragBounds_.Width(), dragBounds_.Height()});
     return DragFrame(SnappedMove(moved, snap, alt, targets));
   }
-  Size least = SmallestSize();
+  Size minimum = SmallestSize();
   // Its height is not the user's to change while it is rolled up.
-  if (view_.rolled) least.height = dragBounds_.Height();
+  if (view_.rolled) minimum.height = dragBounds_.Height();
   const DraggedEdges edges = EdgesOf(dragPart_);
   const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
-  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, least));
+  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, minimum));
 }
 
 void SkinnedWindow::OnMouseLeave() {

@@ -32,10 +32,10 @@ class StackWords final : public SkinWords {
 
 bool BStackDlg::CreateWindowFor() {
   skin_ = context_.skins.OfStack({});
-  const Size least = SmallestSize();
+  const Size minimum = SmallestSize();
   const bool rolled = IsStackRolled(record_.height, RolledHeight());
-  const Size size{std::max(record_.width, least.width),
-                  rolled ? RolledHeight() : std::max(record_.height, least.height)};
+  const Size size{std::max(record_.width, minimum.width),
+                  rolled ? RolledHeight() : std::max(record_.height, minimum.height)};
   const Rect bounds = RectAt({record_.x, record_.y}, size);
   WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;

@@ -11,7 +11,7 @@ namespace jotlets {
 struct NoteTools {
   const Options& options;
   NoteDesk& desk;
-  DesktopJotlets& notes;
+  OpenNotes& notes;
   NoteContents& contents;
   SkinCommands& skins;
   const ProgramWindow& window;

@@ -19,7 +19,7 @@ bool IsIn(ManageView view, const JotletData& sleeping) {
 }
 
 bool IsUnsaved(const JotletData& record, void* desktop) {
-  const BJotlet* jotlet = static_cast<DesktopJotlets*>(desktop)->Find(record.id);
+  const BJotlet* jotlet = static_cast<OpenNotes*>(desktop)->Find(record.id);
   return jotlet != nullptr && jotlet->HasUnsavedContent();
 }
 
@@ -90,9 +90,9 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
   switch (action) {
     case ManageAction::kOpen:
       if (view == ManageView::kStacks) {
-        OpenStacks(ids);
+        ShowStacks(ids);
       } else {
-        OpenNotes(ids);
+        ShowNotes(ids);
       }
       return 0;
     case ManageAction::kWake: return Wake(ids);
@@ -104,18 +104,18 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
   return 0;
 }
 
-void ManagedNotes::OpenNotes(const std::vector<Text>& ids) {
+void ManagedNotes::ShowNotes(const std::vector<Text>& ids) {
   for (const Text& id : ids) {
     BJotlet* jotlet = notes_.Find(id);
     if (jotlet == nullptr) continue;
     if (jotlet->StoredRecord().hidden) jotlet->SetHidden(false);
     jotlet->Show();
     jotlet->BringForward();
-    if (&id == &ids.back()) jotlet->TakeFocus();
+    if (&id == &ids.back()) jotlet->FocusNow();
   }
 }
 
-void ManagedNotes::OpenStacks(const std::vector<Text>& ids) {
+void ManagedNotes::ShowStacks(const std::vector<Text>& ids) {
   for (const Text& id : ids) {
     BStackDlg* stack = stacks_.Find(ParseInt(id));
     if (stack == nullptr) continue;

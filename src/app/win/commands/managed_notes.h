@@ -5,8 +5,8 @@
 
 #include "app/win/program_saving.h"
 #include "desk/sleeping_notes.h"
-#include "desk/win/desktop_stacks.h"
 #include "desk/win/note_contents.h"
+#include "desk/win/open_stacks.h"
 #include "manage/win/manage_dialog.h"
 
 namespace jotlets {
@@ -14,7 +14,7 @@ namespace jotlets {
 class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
-               DesktopJotlets& notes, DesktopStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
+               OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
                ProgramSaving& saving, const ProgramWindow& window, const ProgramState& state)
       : resources_(resources),
         clock_(clock),
@@ -49,8 +49,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
 
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
-  void OpenNotes(const std::vector<Text>& ids);
-  void OpenStacks(const std::vector<Text>& ids);
+  void ShowNotes(const std::vector<Text>& ids);
+  void ShowStacks(const std::vector<Text>& ids);
   std::size_t Wake(const std::vector<Text>& ids);
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
@@ -62,8 +62,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   const Clock& clock_;
   Options& options_;
   NoteDesk& desk_;
-  DesktopJotlets& notes_;
-  DesktopStacks& stacks_;
+  OpenNotes& notes_;
+  OpenStacks& stacks_;
   SleepingNotes& sleeping_;
   NoteContents& contents_;
   ProgramSaving& saving_;

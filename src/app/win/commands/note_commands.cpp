@@ -107,19 +107,19 @@ void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
   for (const StackRecord& stack : tools_.desk.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
   const UINT chosen = menu.Choose(jotlet.Handle());
-  BJotlet* there = tools_.notes.Find(id);
-  if (there == nullptr || chosen == 0) return;
+  BJotlet* note = tools_.notes.Find(id);
+  if (note == nullptr || chosen == 0) return;
   if (const Text word = custom.WordOf(static_cast<std::int32_t>(chosen)); !word.empty()) {
     tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {id}, word});
     return;
   }
   if (chosen >= kFirstStack) {
     const std::size_t stack = chosen - kFirstStack;
-    if (stack < stacks.size()) tools_.stacks.Add(stacks[stack], *there);
+    if (stack < stacks.size()) tools_.stacks.Add(stacks[stack], *note);
   } else if (chosen >= kFirstExtra) {
-    DoExtra(*there, chosen);
+    DoExtra(*note, chosen);
   } else {
-    there->DoAction(static_cast<ActionCode>(chosen), {});
+    note->DoAction(static_cast<ActionCode>(chosen), {});
   }
 }
 
@@ -150,7 +150,7 @@ void NoteCommands::DoExtra(BJotlet& jotlet, UINT chosen) {
     case kNewStack:
       if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
       break;
-    case kLeaveStack: tools_.stacks.TakeOut(jotlet); break;
+    case kLeaveStack: tools_.stacks.RemoveMember(jotlet); break;
     case kShowStack: ShowParent(jotlet); break;
     default: break;
   }
@@ -169,8 +169,8 @@ void NoteCommands::Attach(BJotlet& jotlet) {
   const auto choice = BAttachDlg(tools_.resources, tools_.front, jotlet.StoredRecord(),
                                  tools_.options.attachShowSystemWindows)
                           .Choose(jotlet.Handle());
-  BJotlet* there = tools_.notes.Find(id);
-  if (!choice || there == nullptr) return;
+  BJotlet* note = tools_.notes.Find(id);
+  if (!choice || note == nullptr) return;
   // The window that the user pointed at goes before others that match, unless he changed the patterns so that
   // it does not.
   std::vector<WindowFacts> windows;
@@ -178,8 +178,8 @@ void NoteCommands::Attach(BJotlet& jotlet) {
     const bool pointedAt = choice->window != nullptr && window.window == choice->window;
     windows.insert(pointedAt ? windows.begin() : windows.end(), std::move(window.facts));
   }
-  for (BJotlet* note : tools_.notes.GroupOf(*there))
-    tools_.attached.Attach(note->StoredRecord().id, choice->attachment, windows);
+  for (BJotlet* each : tools_.notes.GroupOf(*note))
+    tools_.attached.Attach(each->StoredRecord().id, choice->attachment, windows);
 }
 
 void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kJotletMenu); }
@@ -204,40 +204,40 @@ void NoteCommands::EditTitle(BJotlet& jotlet) {
   const auto title =
       BTextDlg(tools_.resources, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
   // A dialog lets everything else go on: the note may be gone when it ends. So below.
-  BJotlet* there = tools_.notes.Find(id);
-  if (title && there != nullptr) there->SetTitle(*title);
+  BJotlet* note = tools_.notes.Find(id);
+  if (title && note != nullptr) note->SetTitle(*title);
 }
 
 void NoteCommands::EditUserString(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const auto words = BTextDlg(tools_.resources, IDS_EDIT_USER_STRING, jotlet.StoredRecord().userString1)
                          .Ask(jotlet.Handle());
-  BJotlet* there = tools_.notes.Find(id);
-  if (words && there != nullptr) there->SetUserString(*words);
+  BJotlet* note = tools_.notes.Find(id);
+  if (words && note != nullptr) note->SetUserString(*words);
 }
 
 void NoteCommands::ChooseColour(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
-  BJotlet* there = tools_.notes.Find(id);
-  if (colour && there != nullptr) there->SetColour(*colour);
+  BJotlet* note = tools_.notes.Find(id);
+  if (colour && note != nullptr) note->SetColour(*colour);
 }
 
 void NoteCommands::ChooseFont(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   if (jotlet.Editor() == nullptr) return;
   const auto style = ChooseSystemFont(jotlet.Handle(), CurrentFont(*jotlet.Editor()));
-  BJotlet* there = tools_.notes.Find(id);
-  if (style && there != nullptr && there->Editor() != nullptr) SetFont(*there->Editor(), *style);
+  BJotlet* note = tools_.notes.Find(id);
+  if (style && note != nullptr && note->Editor() != nullptr) SetFont(*note->Editor(), *style);
 }
 
 void NoteCommands::FindText(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const auto words = BTextDlg(tools_.resources, IDS_FIND_TEXT, tools_.notes.Searched()).Ask(jotlet.Handle());
-  BJotlet* there = tools_.notes.Find(id);
-  if (!words || words->empty() || there == nullptr || there->Editor() == nullptr) return;
+  BJotlet* note = tools_.notes.Find(id);
+  if (!words || words->empty() || note == nullptr || note->Editor() == nullptr) return;
   tools_.notes.SetSearched(*words);
-  if (!FindNextText(*there->Editor(), *words)) Tell(there->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
+  if (!FindNextText(*note->Editor(), *words)) Tell(note->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
 }
 
 void NoteCommands::ChooseSkin(BJotlet& jotlet) { tools_.skins.Choose(jotlet); }
@@ -249,10 +249,10 @@ bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text extension(jotlet.Content().Extension());
   const Text path =
       ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension, {});
-  BJotlet* there = tools_.notes.Find(id);
-  if (path.empty() || there == nullptr) return false;
-  const FileStatus written = tools_.contents.WriteCopy(*there, path);
-  if (!written) Tell(there->Handle(), tools_.resources, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
+  BJotlet* note = tools_.notes.Find(id);
+  if (path.empty() || note == nullptr) return false;
+  const FileStatus written = tools_.contents.WriteCopy(*note, path);
+  if (!written) Tell(note->Handle(), tools_.resources, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
   return written.ok;
 }
 
@@ -287,8 +287,8 @@ void NoteCommands::Properties(BJotlet& jotlet) {
   BPropertiesDlg dialog(tools_.resources, jotlet.Record(),
                         [this](std::int32_t utc) { return ShownTime(tools_.notes.ToLocal(utc)); });
   if (!dialog.Edit(jotlet.Handle())) return;
-  BJotlet* there = tools_.notes.Find(id);
-  if (there != nullptr) there->TakeProperties(dialog.Record());
+  BJotlet* note = tools_.notes.Find(id);
+  if (note != nullptr) note->ApplyProperties(dialog.Record());
 }
 
 }  // namespace jotlets

@@ -25,8 +25,8 @@ struct NoteCommandTools {
   Log& log;
   Options& options;
   NoteDesk& desk;
-  DesktopJotlets& notes;
-  DesktopStacks& stacks;
+  OpenNotes& notes;
+  OpenStacks& stacks;
   AttachedNotes& attached;
   FrontWindow& front;
   NoteContents& contents;

@@ -5,14 +5,14 @@
 #include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
 #include "data/policy.h"
-#include "desk/win/desktop_stacks.h"
+#include "desk/win/open_stacks.h"
 
 namespace jotlets {
 
 class SkinCommands {
  public:
   SkinCommands(const Resources& resources, Files& files, Log& log, OptionsKeeper& options,
-               const Policy& policy, ProgramSkins& skins, DesktopJotlets& notes, DesktopStacks& stacks,
+               const Policy& policy, ProgramSkins& skins, OpenNotes& notes, OpenStacks& stacks,
                ProgramSaving& saving, CSystemTray& tray)
       : resources_(resources),
         files_(files),
@@ -45,8 +45,8 @@ class SkinCommands {
   OptionsKeeper& options_;
   const Policy& policy_;
   ProgramSkins& skins_;
-  DesktopJotlets& notes_;
-  DesktopStacks& stacks_;
+  OpenNotes& notes_;
+  OpenStacks& stacks_;
   ProgramSaving& saving_;
   CSystemTray& tray_;
 };

@@ -5,7 +5,7 @@
 
 #include "app/win/program_saving.h"
 #include "desk/note_desk.h"
-#include "desk/win/desktop_jotlets.h"
+#include "desk/win/open_notes.h"
 #include "schedule/win/sleep_dialog.h"
 #include "ui/resources.h"
 
@@ -14,7 +14,7 @@ namespace jotlets {
 class TimeCommands {
  public:
   TimeCommands(const Resources& resources, const Clock& clock, Log& log, Options& options, NoteDesk& desk,
-               DesktopJotlets& notes, ProgramSaving& saving, const ProgramWindow& window,
+               OpenNotes& notes, ProgramSaving& saving, const ProgramWindow& window,
                const ProgramState& state)
       : resources_(resources),
         clock_(clock),
@@ -49,7 +49,7 @@ class TimeCommands {
   Log& log_;
   Options& options_;
   NoteDesk& desk_;
-  DesktopJotlets& notes_;
+  OpenNotes& notes_;
   ProgramSaving& saving_;
   const ProgramWindow& window_;
   const ProgramState& state_;

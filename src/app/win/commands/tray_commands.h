@@ -8,7 +8,7 @@
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
 #include "command/custom_commands.h"
-#include "desk/win/desktop_stacks.h"
+#include "desk/win/open_stacks.h"
 #include "friends/friend_book.h"
 
 namespace jotlets {
@@ -31,8 +31,8 @@ struct TrayCommandTools {
   Log& log;
   Options& options;
   NoteDesk& desk;
-  DesktopJotlets& notes;
-  DesktopStacks& stacks;
+  OpenNotes& notes;
+  OpenStacks& stacks;
   ManagedNotes& managed;
   FriendBook& friends;
   ProgramSaving& saving;

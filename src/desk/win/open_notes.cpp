@@ -1,4 +1,4 @@
-#include "desk/win/desktop_jotlets.h"
+#include "desk/win/open_notes.h"
 
 #include <shellapi.h>
 
@@ -16,7 +16,7 @@
 
 namespace jotlets {
 
-bool DesktopJotlets::Open(std::shared_ptr<JotletData> record) {
+bool OpenNotes::Open(std::shared_ptr<JotletData> record) {
   const Text id = record->id;
   // How large a note may become depends on them.
   if (screens_ == MonitorSetup{}) screens_ = ReadMonitors();
@@ -40,19 +40,19 @@ bool DesktopJotlets::Open(std::shared_ptr<JotletData> record) {
   return true;
 }
 
-BJotlet* DesktopJotlets::Find(TextView id) const {
+BJotlet* OpenNotes::Find(TextView id) const {
   const auto found = byId_.find(FoldCase(id));
   return found == byId_.end() ? nullptr : found->second;
 }
 
-std::vector<Text> DesktopJotlets::Ids() const {
+std::vector<Text> OpenNotes::Ids() const {
   std::vector<Text> ids;
   ids.reserve(jotlets_.size());
   for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
   return ids;
 }
 
-void DesktopJotlets::Close(TextView id) {
+void OpenNotes::Close(TextView id) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return;
   jotlet->StopAlarm();
@@ -65,21 +65,21 @@ void DesktopJotlets::Close(TextView id) {
   owner_.PurgeSoon();
 }
 
-void DesktopJotlets::Show(TextView id, Showing showing) {
+void OpenNotes::Show(TextView id, Showing showing) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return;
   jotlet->Show();
   if (showing == Showing::kQuietly) return;
   // Showing tells of the focus that it takes, and a listener may take the note away.
   jotlet = Find(id);
-  if (jotlet != nullptr) jotlet->TakeFocus();
+  if (jotlet != nullptr) jotlet->FocusNow();
 }
 
-void DesktopJotlets::Sync(TextView id) {
+void OpenNotes::Sync(TextView id) {
   if (BJotlet* jotlet = Find(id)) jotlet->Record();
 }
 
-void DesktopJotlets::Rename(TextView id, TextView newId) {
+void OpenNotes::Rename(TextView id, TextView newId) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return;
   for (Text& moving : animating_) {
@@ -89,47 +89,47 @@ void DesktopJotlets::Rename(TextView id, TextView newId) {
   byId_[FoldCase(newId)] = jotlet;
 }
 
-FileStatus DesktopJotlets::SaveContent(TextView id) {
+FileStatus OpenNotes::SaveContent(TextView id) {
   BJotlet* jotlet = Find(id);
   return jotlet == nullptr ? FileStatus() : jotlet->SaveContent(files_, folder_, clock_.Now());
 }
 
-NoteContent& DesktopJotlets::ContentOf(TextView id) { return Find(id)->Content(); }
+NoteContent& OpenNotes::ContentOf(TextView id) { return Find(id)->Content(); }
 
-NoteWindowState DesktopJotlets::StateOf(TextView id) const {
+NoteWindowState OpenNotes::StateOf(TextView id) const {
   const BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return {};
   return {jotlet->Bounds(), jotlet->IsMoving(), jotlet->IsSounding(), jotlet->WaitsForWindow()};
 }
 
-void DesktopJotlets::PlaceAt(TextView id, Point position) {
+void OpenNotes::PlaceAt(TextView id, Point position) {
   if (BJotlet* jotlet = Find(id)) jotlet->PlaceAt(position);
 }
 
-void DesktopJotlets::SetOnTop(TextView id) {
+void OpenNotes::SetOnTop(TextView id) {
   if (BJotlet* jotlet = Find(id)) jotlet->SetOnTop(true);
 }
 
-void DesktopJotlets::Attach(TextView id, const Attachment& attachment) {
+void OpenNotes::Attach(TextView id, const Attachment& attachment) {
   if (BJotlet* jotlet = Find(id)) jotlet->SetAttachment(attachment);
 }
 
-void DesktopJotlets::StartAlarm(TextView id) {
+void OpenNotes::StartAlarm(TextView id) {
   const ForegroundKeeper keeper;
   if (BJotlet* jotlet = Find(id)) jotlet->StartAlarm();
 }
 
-void DesktopJotlets::EndWaitForWindow(TextView id) {
+void OpenNotes::EndWaitForWindow(TextView id) {
   const ForegroundKeeper keeper;
   if (BJotlet* jotlet = Find(id)) jotlet->EndWaitForWindow();
 }
 
-ScreenFacts DesktopJotlets::Screen() const { return {PrimaryScreenSize(), VirtualScreen()}; }
+ScreenFacts OpenNotes::Screen() const { return {PrimaryScreenSize(), VirtualScreen()}; }
 
 // From the topmost down: each window then finds its place among shown ones. From the bottom
 // up, the system looks for that place past every window that is still hidden, which a thousand notes make
 // felt.
-void DesktopJotlets::ShowAll() {
+void OpenNotes::ShowAll() {
   std::vector<Text> ids = Ids();
   std::reverse(ids.begin(), ids.end());
   ForEachOf(ids, [](BJotlet& jotlet) {
@@ -140,27 +140,27 @@ void DesktopJotlets::ShowAll() {
 // Showing, hiding and making an editor anew move the focus, which is told of, and a listener may take notes
 // away.
 template <typename Do>
-void DesktopJotlets::ForEachOf(const std::vector<Text>& ids, Do act) {
+void OpenNotes::ForEachOf(const std::vector<Text>& ids, Do act) {
   for (const Text& id : ids) {
     if (BJotlet* jotlet = Find(id)) act(*jotlet);
   }
 }
 
-void DesktopJotlets::UnhideAll() {
+void OpenNotes::UnhideAll() {
   for (const auto& jotlet : jotlets_) jotlet->Record().hidden = false;
   ShowAll();
   owner_.OnNoteChanged();
 }
 
-void DesktopJotlets::HideAll() {
+void OpenNotes::HideAll() {
   ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.Hide(); });
 }
 
-void DesktopJotlets::BringForward() {
+void OpenNotes::BringForward() {
   for (const auto& jotlet : jotlets_) jotlet->BringForward();
 }
 
-BJotlet* DesktopJotlets::Neighbour(const BJotlet& jotlet, int step) {
+BJotlet* OpenNotes::Neighbour(const BJotlet& jotlet, int step) {
   const std::size_t count = jotlets_.size();
   std::size_t at = 0;
   while (at < count && jotlets_[at].get() != &jotlet) ++at;
@@ -171,20 +171,20 @@ BJotlet* DesktopJotlets::Neighbour(const BJotlet& jotlet, int step) {
   return nullptr;
 }
 
-void DesktopJotlets::HideOthers(const BJotlet& shown) {
+void OpenNotes::HideOthers(const BJotlet& shown) {
   ForEachOf(Ids(), [&shown](BJotlet& jotlet) {
     if (&jotlet != &shown) jotlet.SetHidden(true);
   });
 }
 
-BJotlet* DesktopJotlets::FindWindowOwner(HWND window) {
+BJotlet* OpenNotes::FindWindowOwner(HWND window) {
   const HWND root = GetAncestor(window, GA_ROOT);
   const auto at = std::find_if(jotlets_.begin(), jotlets_.end(),
                                [root](const auto& jotlet) { return jotlet->Handle() == root; });
   return at == jotlets_.end() ? nullptr : at->get();
 }
 
-void DesktopJotlets::Rescue(const Rect& screen) {
+void OpenNotes::Rescue(const Rect& screen) {
   for (const auto& jotlet : jotlets_) {
     // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
     jotlet->SetGhost(false);
@@ -193,26 +193,26 @@ void DesktopJotlets::Rescue(const Rect& screen) {
   }
 }
 
-void DesktopJotlets::LogRescue(const BJotlet& jotlet, const Rect& from) {
+void OpenNotes::LogRescue(const BJotlet& jotlet, const Rect& from) {
   const Rect to = jotlet.Bounds();
   log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
              u" from appearing off screen (moved from ", from.left, u",", from.top, u" to ", to.left, u",",
              to.top, u")");
 }
 
-void DesktopJotlets::FollowMonitors() {
+void OpenNotes::FollowMonitors() {
   const MonitorSetup current = ReadMonitors();
   if (current == screens_) return;
   screens_ = current;
   for (const auto& jotlet : jotlets_) ShowOnScreens(*jotlet);
 }
 
-void DesktopJotlets::ShowOnScreens(BJotlet& jotlet) {
+void OpenNotes::ShowOnScreens(BJotlet& jotlet) {
   const Rect from = jotlet.Bounds();
   if (jotlet.ShowOnScreens(screens_)) LogRescue(jotlet, from);
 }
 
-void DesktopJotlets::Animate() {
+void OpenNotes::Animate() {
   if (animating_.empty()) return;
   // The end of a move may take notes away and begin other moves.
   for (const Text& id : std::exchange(animating_, {})) {
@@ -221,7 +221,7 @@ void DesktopJotlets::Animate() {
   }
 }
 
-void DesktopJotlets::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
+void OpenNotes::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
   if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
   if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
 }
@@ -243,13 +243,13 @@ FontStyle FontOf(const TextStyle& style) {
   return font;
 }
 
-HighlightColours DesktopJotlets::Highlights() const {
+HighlightColours OpenNotes::Highlights() const {
   HighlightColours colours;
   std::transform(options_.hilites.begin(), options_.hilites.end(), colours.begin(), ColourOfNumber);
   return colours;
 }
 
-EditContext DesktopJotlets::EditingContext() {
+EditContext OpenNotes::EditingContext() {
   styles_.clear();
   for (std::size_t number = 0; number < kTextStyles; ++number) {
     const TextStyle style = SavedTextStyle(options_, number);
@@ -264,14 +264,14 @@ EditContext DesktopJotlets::EditingContext() {
           .searched = searched_};
 }
 
-void DesktopJotlets::OnJotletLink(const Text& target) {
+void OpenNotes::OnJotletLink(const Text& target) {
   const auto result = reinterpret_cast<INT_PTR>(
       ShellExecuteW(nullptr, L"open", Wide(target), nullptr, nullptr, SW_SHOWNORMAL));
   constexpr INT_PTR kLastError = 32;
   if (result <= kLastError) log_.Write(kLogLifecycle, u"Unable to open '", target, u"'");
 }
 
-std::vector<BJotlet*> DesktopJotlets::GroupOf(BJotlet& jotlet) {
+std::vector<BJotlet*> OpenNotes::GroupOf(BJotlet& jotlet) {
   std::vector<BJotlet*> group = {&jotlet};
   if (!jotlet.IsSelected()) return group;
   for (const auto& other : jotlets_) {
@@ -280,7 +280,7 @@ std::vector<BJotlet*> DesktopJotlets::GroupOf(BJotlet& jotlet) {
   return group;
 }
 
-void DesktopJotlets::OnJotletPressed(BJotlet& jotlet, bool ctrl) {
+void OpenNotes::OnJotletPressed(BJotlet& jotlet, bool ctrl) {
   if (ctrl) return jotlet.SetSelected(!jotlet.IsSelected());
   if (jotlet.IsSelected()) return;
   for (const auto& other : jotlets_) {
@@ -288,7 +288,7 @@ void DesktopJotlets::OnJotletPressed(BJotlet& jotlet, bool ctrl) {
   }
 }
 
-std::vector<Rect> DesktopJotlets::WindowsToSnapTo(const BJotlet& jotlet) {
+std::vector<Rect> OpenNotes::WindowsToSnapTo(const BJotlet& jotlet) {
   std::vector<Rect> windows;
   for (const auto& other : jotlets_) {
     // What moves along is nothing to snap to.
@@ -300,15 +300,15 @@ std::vector<Rect> DesktopJotlets::WindowsToSnapTo(const BJotlet& jotlet) {
   return windows;
 }
 
-void DesktopJotlets::Enable(bool enabled) {
+void OpenNotes::Enable(bool enabled) {
   for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
 }
 
-void DesktopJotlets::Purge() {
+void OpenNotes::Purge() {
   std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
 }
 
-void DesktopJotlets::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
+void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   switch (event) {
     case JotletEvent::kChanged: return owner_.OnNoteChanged();
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
@@ -321,7 +321,7 @@ void DesktopJotlets::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   }
 }
 
-void DesktopJotlets::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) {
+void OpenNotes::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) {
   switch (mouse) {
     case JotletMouse::kPressed: return OnJotletPressed(jotlet, key);
     case JotletMouse::kDragged: return owner_.OnNoteDragged(key);
@@ -329,13 +329,13 @@ void DesktopJotlets::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key)
   }
 }
 
-std::optional<Text> DesktopJotlets::StackName(std::int32_t number) const {
+std::optional<Text> OpenNotes::StackName(std::int32_t number) const {
   const StackRecord* stack = owner_.FindStack(number);
   return stack == nullptr ? std::nullopt : std::optional(stack->title);
 }
 
 // Notes that were moved together are told of in one line.
-void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
+void OpenNotes::OnJotletMoved(BJotlet& jotlet) {
   NoteEvent moved{EventKind::kMoved};
   for (BJotlet* each : GroupOf(jotlet)) {
     // Before anybody is told: that takes its time, in which the window may go on.
@@ -345,7 +345,7 @@ void DesktopJotlets::OnJotletMoved(BJotlet& jotlet) {
   events_.Send(moved);
 }
 
-void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
+void OpenNotes::OnAlarm(BJotlet& jotlet, bool sounding) {
   sounding_ += sounding ? 1 : -1;
   log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
              jotlet.TitleShown());
@@ -356,31 +356,29 @@ void DesktopJotlets::OnAlarm(BJotlet& jotlet, bool sounding) {
   }
 }
 
-void DesktopJotlets::StopAlarms() {
+void OpenNotes::StopAlarms() {
   for (const auto& jotlet : jotlets_) jotlet->StopAlarm();
 }
 
-void DesktopJotlets::OnJotletSized(BJotlet& jotlet) {
+void OpenNotes::OnJotletSized(BJotlet& jotlet) {
   events_.Send({EventKind::kSized, Reason::kNotGiven, {jotlet.StoredRecord().id}, {}});
 }
 
-void DesktopJotlets::OnJotletFocus(BJotlet& jotlet, bool gained) {
+void OpenNotes::OnJotletFocus(BJotlet& jotlet, bool gained) {
   events_.Send({gained ? EventKind::kFocus : EventKind::kLostFocus,
                 Reason::kNotGiven,
                 {jotlet.StoredRecord().id},
                 {}});
 }
 
-LocalTime DesktopJotlets::ToLocal(std::int32_t utc) {
-  return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc);
-}
+LocalTime OpenNotes::ToLocal(std::int32_t utc) { return utc == 0 ? clock_.Now().local : clock_.ToLocal(utc); }
 
-void DesktopJotlets::SetSkin(BJotlet& jotlet, TextView name) {
+void OpenNotes::SetSkin(BJotlet& jotlet, TextView name) {
   log_.Write(kLogDetail, u"Setting skin:", name);
   jotlet.SetSkin(name);
 }
 
-void DesktopJotlets::RefreshSkins() {
+void OpenNotes::RefreshSkins() {
   ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.RefreshSkin(); });
 }
 

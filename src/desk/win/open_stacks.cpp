@@ -1,4 +1,4 @@
-#include "desk/win/desktop_stacks.h"
+#include "desk/win/open_stacks.h"
 
 #include <algorithm>
 #include <map>
@@ -20,7 +20,7 @@ StackMember MemberOf(const JotletData& record, const Text& title, MemberState st
 
 }  // namespace
 
-BStackDlg* DesktopStacks::Open(const StackRecord& record) {
+BStackDlg* OpenStacks::Open(const StackRecord& record) {
   auto stack = std::make_unique<BStackDlg>(*this, desktop_.Context(), record);
   if (!stack->CreateWindowFor()) {
     log_.Write(kLogLifecycle, u"No window for stack ", record.number, u": ",
@@ -31,19 +31,19 @@ BStackDlg* DesktopStacks::Open(const StackRecord& record) {
   return stacks_.back().get();
 }
 
-void DesktopStacks::OpenAll() {
+void OpenStacks::OpenAll() {
   desktop_.FollowMonitors();
   for (const StackRecord& record : desk_.Lists().stacks) Open(record);
   Refresh();
 }
 
-BStackDlg* DesktopStacks::Find(std::int32_t number) {
+BStackDlg* OpenStacks::Find(std::int32_t number) {
   const auto at = std::find_if(stacks_.begin(), stacks_.end(),
                                [number](const auto& stack) { return stack->Number() == number; });
   return at == stacks_.end() ? nullptr : at->get();
 }
 
-std::vector<Rect> DesktopStacks::Bounds() const {
+std::vector<Rect> OpenStacks::Bounds() const {
   std::vector<Rect> bounds;
   for (const auto& stack : stacks_) {
     if (IsWindowVisible(stack->Handle())) bounds.push_back(stack->Bounds());
@@ -51,7 +51,7 @@ std::vector<Rect> DesktopStacks::Bounds() const {
   return bounds;
 }
 
-BStackDlg* DesktopStacks::Create(const BJotlet& beside) {
+BStackDlg* OpenStacks::Create(const BJotlet& beside) {
   StackRecord record;
   record.number = NewStackNumber(desk_.Lists().stacks);
   // Notes may still name a stack of this number that is no longer there.
@@ -71,7 +71,7 @@ BStackDlg* DesktopStacks::Create(const BJotlet& beside) {
   return stack;
 }
 
-std::vector<BJotlet*> DesktopStacks::NotesOf(std::int32_t number) {
+std::vector<BJotlet*> OpenStacks::NotesOf(std::int32_t number) {
   std::vector<BJotlet*> notes;
   for (const auto& jotlet : desktop_.All()) {
     if (jotlet->StoredRecord().stack == number) notes.push_back(jotlet.get());
@@ -79,7 +79,7 @@ std::vector<BJotlet*> DesktopStacks::NotesOf(std::int32_t number) {
   return notes;
 }
 
-void DesktopStacks::Add(std::int32_t number, BJotlet& jotlet) {
+void OpenStacks::Add(std::int32_t number, BJotlet& jotlet) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   const std::vector<BJotlet*> group = desktop_.GroupOf(jotlet);
@@ -92,7 +92,7 @@ void DesktopStacks::Add(std::int32_t number, BJotlet& jotlet) {
   Refresh();
 }
 
-void DesktopStacks::TakeOut(BJotlet& jotlet) {
+void OpenStacks::RemoveMember(BJotlet& jotlet) {
   for (BJotlet* note : desktop_.GroupOf(jotlet)) {
     BStackDlg* stack = Find(note->StoredRecord().stack);
     if (stack != nullptr) MoveOut(*stack, {note}, true);
@@ -101,23 +101,24 @@ void DesktopStacks::TakeOut(BJotlet& jotlet) {
   Refresh();
 }
 
-Rect DesktopStacks::AreaOf(const BStackDlg& stack) {
+Rect OpenStacks::AreaOf(const BStackDlg& stack) {
   return WorkAreaAt(desktop_.Screens().monitors, stack.Bounds());
 }
 
 // A note that is still on its way into the stack would be hidden when it gets there, and one that jiggles has
 // no place to begin from.
-void DesktopStacks::Settle(BJotlet& jotlet) {
+void OpenStacks::Settle(BJotlet& jotlet) {
   jotlet.FinishAnimation();
   if (jotlet.IsSounding()) jotlet.StopAlarm();
 }
 
 // Each note goes to the place that it has among all of the stack, so that one that is shown by itself does
 // not cover another. A hidden one comes out of the stack, unless it was put away at a place of its own.
-void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden) {
+void OpenStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden) {
   const std::vector<BJotlet*> all = NotesOf(stack.Number());
   for (BJotlet* note : notes) Settle(*note);
   std::vector<Size> sizes;
+  sizes.reserve(all.size());
   for (const BJotlet* note : all) sizes.push_back({note->Bounds().Width(), note->Bounds().Height()});
   const Rect from = stack.Bounds();
   const std::vector<Point> places =
@@ -139,23 +140,23 @@ void DesktopStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes
 }
 
 // The note goes back to its place while it is hidden: shown by itself, it is where it was.
-void DesktopStacks::MoveIn(BStackDlg& stack, BJotlet& jotlet) {
+void OpenStacks::MoveIn(BStackDlg& stack, BJotlet& jotlet) {
   Settle(jotlet);
   if (jotlet.StoredRecord().hidden) return;
   jotlet.StartAnimation(jotlet.Bounds().TopLeft(), stack.Bounds().TopLeft(), AnimationKind::kHide);
 }
 
-void DesktopStacks::Spread(BStackDlg& stack) {
+void OpenStacks::Spread(BStackDlg& stack) {
   MoveOut(stack, NotesOf(stack.Number()), false);
   stack.SetUnpacked(true);
 }
 
-void DesktopStacks::Gather(BStackDlg& stack) {
+void OpenStacks::Gather(BStackDlg& stack) {
   for (BJotlet* note : NotesOf(stack.Number())) MoveIn(stack, *note);
   stack.SetUnpacked(false);
 }
 
-void DesktopStacks::Close(std::int32_t number) {
+void OpenStacks::Close(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   log_.Write(kLogLifecycle, u"BStackDlg::OnClose()");
@@ -184,7 +185,7 @@ void DesktopStacks::Close(std::int32_t number) {
   log_.Write(kLogLifecycle, u"stack deleted");
 }
 
-void DesktopStacks::Remove(BStackDlg& stack) {
+void OpenStacks::Remove(BStackDlg& stack) {
   desk_.RemoveStack(stack.Number());
   const auto at =
       std::find_if(stacks_.begin(), stacks_.end(), [&](const auto& s) { return s.get() == &stack; });
@@ -195,7 +196,7 @@ void DesktopStacks::Remove(BStackDlg& stack) {
 }
 
 // The uppermost stack under the mouse; the note that is being dragged lies over it.
-BStackDlg* DesktopStacks::UnderMouse() {
+BStackDlg* OpenStacks::UnderMouse() {
   const Point mouse = MousePosition();
   if (stacks_.empty()) return nullptr;
   for (HWND window = GetTopWindow(nullptr); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
@@ -206,24 +207,25 @@ BStackDlg* DesktopStacks::UnderMouse() {
   return nullptr;
 }
 
-void DesktopStacks::OnNoteDragged(bool shift) {
+void OpenStacks::OnNoteDragged(bool shift) {
   const BStackDlg* target = shift ? UnderMouse() : nullptr;
+  // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): a stack that was moved out of the list has left it
   for (const auto& stack : stacks_) stack->SetDropTarget(stack.get() == target);
 }
 
-void DesktopStacks::OnNoteDropped(BJotlet& jotlet, bool shift) {
+void OpenStacks::OnNoteDropped(BJotlet& jotlet, bool shift) {
   BStackDlg* target = shift ? UnderMouse() : nullptr;
   OnNoteDragged(false);
   if (target != nullptr) Add(target->Number(), jotlet);
 }
 
-void DesktopStacks::RefreshSoon() {
+void OpenStacks::RefreshSoon() {
   if (stacks_.empty() || refreshComes_) return;
   refreshComes_ = true;
   owner_.RefreshStacksSoon();
 }
 
-void DesktopStacks::Refresh() {
+void OpenStacks::Refresh() {
   refreshComes_ = false;
   if (stacks_.empty()) return;
   std::map<std::int32_t, std::vector<StackMember>> members;
@@ -241,19 +243,19 @@ void DesktopStacks::Refresh() {
   for (const auto& stack : stacks_) stack->SetMembers(std::move(members[stack->Number()]));
 }
 
-void DesktopStacks::ShowAll() {
+void OpenStacks::ShowAll() {
   for (const auto& stack : stacks_) stack->Show();
 }
 
-void DesktopStacks::HideAll() {
+void OpenStacks::HideAll() {
   for (const auto& stack : stacks_) stack->Hide();
 }
 
-void DesktopStacks::BringForward() {
+void OpenStacks::BringForward() {
   for (const auto& stack : stacks_) stack->BringForward();
 }
 
-void DesktopStacks::Rescue(const Rect& screen) {
+void OpenStacks::Rescue(const Rect& screen) {
   for (const auto& stack : stacks_) {
     const auto to = RescuedStackPosition(stack->Bounds(), screen);
     if (!to) continue;
@@ -262,19 +264,19 @@ void DesktopStacks::Rescue(const Rect& screen) {
   }
 }
 
-void DesktopStacks::FollowMonitors() {
+void OpenStacks::FollowMonitors() {
   for (const auto& stack : stacks_) stack->ShowOnScreens(desktop_.Screens());
 }
 
-void DesktopStacks::RefreshSkins() {
+void OpenStacks::RefreshSkins() {
   for (const auto& stack : stacks_) stack->RefreshSkin();
 }
 
-void DesktopStacks::Enable(bool enabled) {
+void OpenStacks::Enable(bool enabled) {
   for (const auto& stack : stacks_) EnableWindow(stack->Handle(), enabled);
 }
 
-void DesktopStacks::CloseAll() {
+void OpenStacks::CloseAll() {
   for (auto& stack : stacks_) {
     stack->DestroyWindowNow();
     removed_.push_back(std::move(stack));
@@ -282,11 +284,11 @@ void DesktopStacks::CloseAll() {
   stacks_.clear();
 }
 
-void DesktopStacks::Purge() {
+void OpenStacks::Purge() {
   std::erase_if(removed_, [](const auto& stack) { return !stack->IsBusy(); });
 }
 
-void DesktopStacks::OnStackChanged(BStackDlg& stack) {
+void OpenStacks::OnStackChanged(BStackDlg& stack) {
   const StackRecord* record = desk_.Lists().FindStack(stack.Number());
   if (record == nullptr) return;
   const bool renamed = record->title != stack.Record().title;
@@ -297,7 +299,7 @@ void DesktopStacks::OnStackChanged(BStackDlg& stack) {
   }
 }
 
-std::vector<Rect> DesktopStacks::WindowsToSnapTo(const BStackDlg& stack) {
+std::vector<Rect> OpenStacks::WindowsToSnapTo(const BStackDlg& stack) {
   std::vector<Rect> windows;
   for (const auto& jotlet : desktop_.All()) {
     if (!jotlet->StoredRecord().hidden) windows.push_back(jotlet->Bounds());
@@ -308,6 +310,6 @@ std::vector<Rect> DesktopStacks::WindowsToSnapTo(const BStackDlg& stack) {
   return windows;
 }
 
-Text DesktopStacks::EmptyHint() const { return resources_.String(IDS_STACK_EMPTY); }
+Text OpenStacks::EmptyHint() const { return resources_.String(IDS_STACK_EMPTY); }
 
 }  // namespace jotlets

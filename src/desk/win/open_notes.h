@@ -39,14 +39,14 @@ class OpenNotesOwner {
   /// The stacks on the screen, and one of them by its number.
   virtual std::vector<Rect> StackBounds() const = 0;
   virtual const StackRecord* FindStack(std::int32_t number) const = 0;
-  /// A note waits to be thrown away: `DesktopJotlets::Purge` is to be called from the message loop.
+  /// A note waits to be thrown away: `OpenNotes::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
 };
 
-class DesktopJotlets final : public JotletOwner, public NoteWindows {
+class OpenNotes final : public JotletOwner, public NoteWindows {
  public:
-  DesktopJotlets(OpenNotesOwner& owner, EventSink& events, const Resources& resources, Files& files,
-                 const Clock& clock, Log& log, const Options& options, ProgramSkins& skins)
+  OpenNotes(OpenNotesOwner& owner, EventSink& events, const Resources& resources, Files& files,
+            const Clock& clock, Log& log, const Options& options, ProgramSkins& skins)
       : owner_(owner),
         events_(events),
         files_(files),
@@ -62,9 +62,9 @@ class DesktopJotlets final : public JotletOwner, public NoteWindows {
                  [this] { return EditingContext(); },
                  [&resources] { return resources.String(IDS_BEGINNING); },
                  [this](const Text& target) { OnJotletLink(target); }} {}
-  ~DesktopJotlets() override = default;
-  DesktopJotlets(const DesktopJotlets&) = delete;
-  DesktopJotlets& operator=(const DesktopJotlets&) = delete;
+  ~OpenNotes() override = default;
+  OpenNotes(const OpenNotes&) = delete;
+  OpenNotes& operator=(const OpenNotes&) = delete;
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
 

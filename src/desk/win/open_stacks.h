@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desk/note_desk.h"
-#include "desk/win/desktop_jotlets.h"
+#include "desk/win/open_notes.h"
 #include "schedule/win/stack_window.h"
 #include "ui/resources.h"
 
@@ -19,15 +19,14 @@ class StacksOwner {
   virtual void DoProgramCommand(UINT command) = 0;
   /// Closes a note for the user, who is told when that is not possible.
   virtual void CloseForUser(const Text& id) = 0;
-  /// `DesktopStacks::Refresh` and `DesktopStacks::Purge` are to be called from the message loop.
+  /// `OpenStacks::Refresh` and `OpenStacks::Purge` are to be called from the message loop.
   virtual void RefreshStacksSoon() = 0;
   virtual void PurgeSoon() = 0;
 };
 
-class DesktopStacks final : public StackOwner {
+class OpenStacks final : public StackOwner {
  public:
-  DesktopStacks(StacksOwner& owner, const Resources& resources, Log& log, NoteDesk& desk,
-                DesktopJotlets& desktop)
+  OpenStacks(StacksOwner& owner, const Resources& resources, Log& log, NoteDesk& desk, OpenNotes& desktop)
       : owner_(owner), resources_(resources), log_(log), desk_(desk), desktop_(desktop) {}
 
   /// Opens a window for every stack of the lists, not yet shown.
@@ -40,7 +39,7 @@ class DesktopStacks final : public StackOwner {
   /// The note, and those selected with it, join the stack.
   void Add(std::int32_t number, BJotlet& jotlet);
   /// The note, and those selected with it, belong to no stack any more and are shown.
-  void TakeOut(BJotlet& jotlet);
+  void RemoveMember(BJotlet& jotlet);
   /// Shows all notes of a stack side by side next to it, or brings all of them in.
   void Spread(BStackDlg& stack);
   void Gather(BStackDlg& stack);
@@ -94,7 +93,7 @@ class DesktopStacks final : public StackOwner {
   const Resources& resources_;
   Log& log_;
   NoteDesk& desk_;
-  DesktopJotlets& desktop_;
+  OpenNotes& desktop_;
   std::vector<std::unique_ptr<BStackDlg>> stacks_;
   // A stack may be closed while one of its messages is being served; it then waits here.
   std::vector<std::unique_ptr<BStackDlg>> removed_;
