@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "desk/note_desk.h"
+#include "note/frame_layout.h"
 #include "note/placement.h"
 #include "schedule/recurrence.h"
 
@@ -51,7 +52,11 @@ void NoteDesk::FinishWaking(const Text& id, Reason reason, const WakeFlags& flag
   Show(id, Showing::kQuietly);
   TellCreated(id, reason);
   // A listener may have taken it away.
-  if (flags.alarm && lists_.desktop.Find(id) != nullptr) context_.windows.StartAlarm(id);
+  JotletData* record = lists_.desktop.Find(id);
+  if (!flags.alarm || record == nullptr) return;
+  // Out of sight it sounds when it is shown, if that is only after the next start.
+  if (record->hidden || context_.options.hidden == 1) record->alarm = Now();
+  context_.windows.StartAlarm(id);
 }
 
 bool NoteDesk::ChangeSleeping(TextView id, const std::function<void(JotletData&)>& change) {
@@ -92,7 +97,9 @@ bool NoteDesk::Depart(TextView id) {
   const JotletData* record = lists_.desktop.Find(id);
   if (record == nullptr) return false;
   const Text own = record->id;
-  context_.log.Write(kLogDetail, u"About to move Desktop ", OneLine(record->title), u" to the attached list");
+  context_.log.Write(kLogDetail, u"About to move Desktop ",
+                     OneLine(ShownTitle(record->title, context_.windows.ContentOf(own).TitleWords())),
+                     u" to the attached list");
   if (!FromDesktop(own, NoteList::kAttached, [](JotletData&) {})) return false;
   context_.events.Send({EventKind::kDeleted, Reason::kUnattached, {own}, {}});
   return true;

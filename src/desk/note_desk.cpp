@@ -1,6 +1,7 @@
 #include "desk/note_desk.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "schedule/recurrence.h"
@@ -16,6 +17,17 @@ void Fill(NoteContent& content, const NewNote& fresh) {
     content.SetPlainText(fresh.text);
   }
   if (fresh.fromClipboard) content.Paste(!fresh.plainClipboard);
+}
+
+// Those of the ids that a list has, in its order.
+std::vector<Text> InOrder(const RecordList& list, const std::vector<Text>& ids) {
+  std::unordered_set<Text> wanted;
+  for (const Text& id : ids) wanted.insert(FoldCase(id));
+  std::vector<Text> present;
+  for (const JotletData& record : list) {
+    if (wanted.contains(FoldCase(record.id))) present.push_back(record.id);
+  }
+  return present;
 }
 
 // A record comes to the desktop as a plain note that is seen.
@@ -94,38 +106,41 @@ bool NoteDesk::ToDesktop(NoteList from, TextView id, const Change& change) {
   return true;
 }
 
-bool NoteDesk::FromDesktop(TextView id, NoteList to, const Change& change) {
+std::optional<std::vector<Text>> NoteDesk::FromDesktop(TextView id, NoteList to, const Change& change) {
   // What could not be written would be gone.
-  if (!SaveContent(id)) return false;
+  if (!SaveContent(id)) return std::nullopt;
   const Text own = lists_.desktop.Find(id)->id;
   context_.windows.Sync(own);
   JotletData record = *lists_.desktop.Remove(own);
   change(record);
+  std::vector<Text> dropped;
   if (to == NoteList::kClosed) {
-    EnterClosed(std::move(record), Now());
+    dropped = EnterClosed(std::move(record), Now());
   } else {
     ListOf(to).push_back(std::move(record));
   }
   context_.windows.Close(own);
   Changed();
-  return true;
+  return dropped;
 }
 
-void NoteDesk::EnterClosed(JotletData record, std::int32_t closedAt) {
+std::vector<Text> NoteDesk::EnterClosed(JotletData record, std::int32_t closedAt) {
   record.deletedTime = closedAt;
   lists_.closed.push_front(std::move(record));
+  std::vector<Text> dropped;
   const auto maximum = static_cast<std::size_t>(std::max(context_.options.keepDeleted, 0));
   while (lists_.closed.size() > maximum) {
     const Text oldest = lists_.closed.back().id;
     const std::optional<JotletData> gone = lists_.closed.Remove(oldest);
     if (!gone) break;
     saver_.RemoveContentLater(*gone);
-    dropped_.push_back(oldest);
+    dropped.push_back(oldest);
   }
+  return dropped;
 }
 
-void NoteDesk::TellDropped() {
-  for (const Text& id : std::exchange(dropped_, {}))
+void NoteDesk::TellDropped(const std::vector<Text>& dropped) {
+  for (const Text& id : dropped)
     context_.events.Send({EventKind::kDeletedClosed, Reason::kNotGiven, {id}, {}});
 }
 
@@ -193,14 +208,15 @@ Text NoteDesk::Admit(TextView encoded, bool asleep, Reason reason) {
     TellCreated(id, reason);
     return id;
   }
+  std::vector<Text> dropped;
   if (note->list == NoteList::kClosed) {
     const std::int32_t closedAt = note->record.deletedTime;
-    EnterClosed(std::move(note->record), closedAt);
+    dropped = EnterClosed(std::move(note->record), closedAt);
   } else {
     ListOf(note->list).push_back(std::move(note->record));
   }
   Changed();
-  TellDropped();
+  TellDropped(dropped);
   return id;
 }
 
@@ -208,23 +224,25 @@ bool NoteDesk::Close(TextView id, Reason reason) {
   const JotletData* record = lists_.desktop.Find(id);
   if (record == nullptr) return false;
   const Text own = record->id;
-  if (!FromDesktop(own, NoteList::kClosed, [](JotletData&) {})) return false;
+  const auto dropped = FromDesktop(own, NoteList::kClosed, [](JotletData&) {});
+  if (!dropped) return false;
   context_.events.Send({EventKind::kClosed, reason, {own}, {}});
-  TellDropped();
+  TellDropped(*dropped);
   return true;
 }
 
 std::vector<Text> NoteDesk::CloseWaiting(const std::vector<Text>& ids) {
   std::vector<Text> closed;
+  std::vector<Text> dropped;
   for (const Text& id : ids) {
     std::optional<JotletData> record = lists_.sleeping.Remove(id);
     if (!record) record = lists_.attached.Remove(id);
     if (!record) continue;
     closed.push_back(record->id);
-    EnterClosed(std::move(*record), Now());
+    for (Text& oldest : EnterClosed(std::move(*record), Now())) dropped.push_back(std::move(oldest));
   }
   Changed();
-  TellDropped();
+  TellDropped(dropped);
   return closed;
 }
 
@@ -243,25 +261,22 @@ bool NoteDesk::Delete(TextView id, Reason reason) {
 }
 
 void NoteDesk::DeleteClosed(const std::vector<Text>& ids) {
-  for (const Text& id : ids) {
-    const std::optional<JotletData> gone = lists_.closed.Remove(id);
-    if (!gone) continue;
-    saver_.RemoveContentLater(*gone);
-    dropped_.push_back(gone->id);
-  }
+  const std::vector<Text> present = InOrder(lists_.closed, ids);
+  for (const Text& id : present) saver_.RemoveContentLater(*lists_.closed.Remove(id));
   Changed();
-  TellDropped();
+  TellDropped(present);
 }
 
 // Nobody is told before all of them are where they belong: whoever hears of it may make the program save or
 // end.
 std::size_t NoteDesk::ManyToDesktop(NoteList from, const std::vector<Text>& ids, Reason reason,
                                     const Change& change) {
+  const std::vector<Text> present = InOrder(ListOf(from), ids);
   std::vector<Text> opened;
-  for (const Text& id : ids) {
-    if (ToDesktop(from, id, change)) opened.push_back(lists_.desktop.Find(id)->id);
+  for (const Text& id : present) {
+    if (ToDesktop(from, id, change)) opened.push_back(id);
   }
-  const Showing showing = ids.size() == 1 ? Showing::kWithFocus : Showing::kQuietly;
+  const Showing showing = present.size() == 1 ? Showing::kWithFocus : Showing::kQuietly;
   Changed();
   for (const Text& id : opened) Show(id, showing);
   for (const Text& id : opened) TellCreated(id, reason);
@@ -273,18 +288,14 @@ std::size_t NoteDesk::Restore(const std::vector<Text>& ids) {
 }
 
 std::size_t NoteDesk::BringBack(const std::vector<Text>& ids, NoteList to) {
-  std::size_t gone = 0;
-  for (const Text& id : ids) {
-    std::optional<JotletData> record = lists_.closed.Remove(id);
-    if (!record) {
-      ++gone;
-      continue;
-    }
-    record->deletedTime = kNotSet;
-    ListOf(to).push_back(std::move(*record));
+  const std::vector<Text> present = InOrder(lists_.closed, ids);
+  for (const Text& id : present) {
+    JotletData record = *lists_.closed.Remove(id);
+    record.deletedTime = kNotSet;
+    ListOf(to).push_back(std::move(record));
   }
   Changed();
-  return gone;
+  return ids.size() - present.size();
 }
 
 Renamed NoteDesk::Rename(TextView id, TextView newId) {

@@ -116,10 +116,12 @@ class NoteDesk {
   bool OpenWindow(JotletData record);
   bool ToDesktop(NoteList from, TextView id, const Change& change);
   std::size_t ManyToDesktop(NoteList from, const std::vector<Text>& ids, Reason reason, const Change& change);
-  bool FromDesktop(TextView id, NoteList to, const Change& change);
-  void EnterClosed(JotletData record, std::int32_t closedAt);
+  /// The ids of the closed notes that fell off the end by that, to be told of at the end; nothing when the
+  /// note stays.
+  std::optional<std::vector<Text>> FromDesktop(TextView id, NoteList to, const Change& change);
+  std::vector<Text> EnterClosed(JotletData record, std::int32_t closedAt);
   void TellCreated(const Text& id, Reason reason);
-  void TellDropped();
+  void TellDropped(const std::vector<Text>& dropped);
   void FinishWaking(const Text& id, Reason reason, const WakeFlags& flags);
   std::int32_t Now() const { return RecordTime(context_.clock.Now().utc); }
 
@@ -128,7 +130,6 @@ class NoteDesk {
   NoteMaker maker_;
   NoteSaver saver_;
   Text folder_;
-  std::vector<Text> dropped_;  // ids of closed notes that fell off the end, not told of yet
 };
 
 }  // namespace jotlets

@@ -101,12 +101,33 @@ TEST(Desk, ClosedNotesFallOffTheEndOnceTheyAreToldOf) {
   EXPECT_TRUE(home.Lists().closed.empty());
 }
 
+TEST(Desk, WhatAListenerClosesMeanwhileFallsOffInItsTurn) {
+  FakeDesk home;
+  home.options.keepDeleted = 0;
+  home.Load(u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n<ID>B<X>5<Y>5<RTF>\n");
+  home.windows.onClose = [&](const Text& id) {
+    if (id == u"A") home.desk.Close(u"B", Reason::kApi);
+  };
+  home.desk.Close(u"A", Reason::kUser);
+  EXPECT_EQ(home.TakeJournal(), (Lines{u"closed desktop jotlet api B", u"deleted closed jotlet B",
+                                       u"closed desktop jotlet user A", u"deleted closed jotlet A"}));
+}
+
+TEST(Desk, AnAlarmOutOfSightIsKeptForTheNextStart) {
+  FakeDesk home;
+  home.Load(u"[Jotlets]\n<ID>C<SLEEPING>1<SLEEPNEXTWAKE>5<SLEEPALARM>2<RTF>\n");
+  home.options.hidden = 1;
+  home.asleep.WakeSleeping();
+  EXPECT_EQ(home.Lists().desktop.Find(u"C")->alarm, home.Now());
+}
+
 TEST(Desk, RestoresManyBeforeItTellsOfAny) {
   FakeDesk home;
   home.Load(u"[Deleted jotlets]\n<ID>A<SLEEPING>1<HIDDEN><RTF>\n<ID>B<RTF>\n");
   home.onEvent = [&](const NoteEvent&) { EXPECT_TRUE(home.IsOpen(u"A") && home.IsOpen(u"B")); };
-  EXPECT_EQ(home.desk.Restore({u"A", u"b", u"gone"}), 1u);
-  EXPECT_EQ(home.events.size(), 2u);
+  EXPECT_EQ(home.desk.Restore({u"b", u"A", u"gone"}), 1u);
+  ASSERT_EQ(home.events.size(), 2u);
+  EXPECT_EQ(home.events[0].ids, Lines{u"A"}) << "in the order of the list";
   home.onEvent = nullptr;
   EXPECT_TRUE(home.windows.At(u"A").shown);
   home.desk.Close(u"B", Reason::kUser);

@@ -182,6 +182,7 @@ TEST_F(Waking, AlarmsSoundInOrderAndWakeSleepers) {
   open.alarm = dozing.alarm = Now() + 10;
   later.alarm = Now() + 11;
   for (const JotletData& record : {open, dozing, later}) Asleep(record);
+  desk.Show(u"OPEN", Showing::kQuietly);
   clock.Move(10);
   asleep.CheckAlarms();
   EXPECT_EQ(Journal(), Lines{}) << "due when the time is past";

@@ -52,7 +52,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                  managed_, trayCommands_, tray_, listeners_, transport_, menus_, installId_}) {}
 
 void Program::OnTimer(ProgramTimer timer) {
-  if (state_.exiting) return;
+  if (state_.exiting || !state_.ready) return;
   switch (timer) {
     case ProgramTimer::kSave:
       window_.Stop(timer);
