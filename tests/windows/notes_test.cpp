@@ -4,7 +4,6 @@
 #include <map>
 #include <set>
 
-#include "base/win/ansi_code_page.h"
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
 #include "window_test.h"
@@ -123,32 +122,6 @@ TEST_F(DemoTest, WhatAPersonChangesIsSavedByItselfAndThereAgainAtTheNextStart) {
   EXPECT_EQ(ById(again.jotlets), records);
   EXPECT_EQ(ById(again.deleted), ById(saved.deleted));
   EXPECT_EQ(again.stacks, saved.stacks);
-}
-
-TEST_F(DemoTest, EveryEncodingOfTheDataFileLoadsAlike) {
-  DataFile file = ParseData();
-  file.jotlets[0].record.source = u"Gr\u00FC\u00DFe aus K\u00F6ln";
-  DataFileView view;
-  std::vector<JotletData> deleted;
-  for (const FiledJotlet& jotlet : file.jotlets) view.jotlets.push_back(&jotlet.record);
-  for (const FiledJotlet& jotlet : file.deleted) deleted.push_back(jotlet.record);
-  for (const JotletData& gone : deleted) view.deleted.push_back(&gone);
-  view.stacks = file.stacks;
-  const Text text = ComposeDataFile(view);
-  for (const std::string& bytes :
-       {EncodeTextFile(text), "\xEF\xBB\xBF" + ToUtf8(text), AnsiCodePage().Encode(text)}) {
-    SCOPED_TRACE(bytes.substr(0, 12));
-    Write(folder_ + Text(kDataFileName), bytes);
-    ASSERT_TRUE(StartProgram());
-    ExpectOnScreen(ById(file.jotlets));
-    EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
-    EXPECT_TRUE(Read(folder_ + Text(kDataFileName)).starts_with("\xFF\xFE"));
-    const DataFile saved = ParseData();
-    EXPECT_EQ(ById(saved.jotlets), ById(file.jotlets));
-    EXPECT_EQ(ById(saved.deleted), ById(file.deleted));
-    EXPECT_EQ(saved.stacks, file.stacks);
-    program_->Kill();
-  }
 }
 
 class KeysTest : public WindowTest {
