@@ -7,7 +7,6 @@
 #include "backup/backup.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
-#include "base/win/system_clock.h"
 #include "base/win/wide.h"
 #include "data/loading.h"
 #include "data/text_file.h"
@@ -38,9 +37,9 @@ class BackupsTest : public WindowTest {
     return process;
   }
 
-  void PutBackup(const Text& name, const Text& note = u"AA09") {
+  void PutBackup(const Text& name) {
     ASSERT_TRUE(MakeContentFolders(files_, backups_ + name + u"\\"));
-    const JotletData record = NoteRecord(note, {10, 10});
+    const JotletData record = NoteRecord(u"AA09", {10, 10});
     DataFileView view;
     view.jotlets.push_back(&record);
     Write(backups_ + name + u"\\" + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
@@ -182,29 +181,6 @@ TEST_F(BackupsTest, OneTakenByHandHoldsWhatIsOnTheScreen) {
   EXPECT_EQ(Kept(), std::vector<Text>());
 }
 
-TEST_F(BackupsTest, OneIsTakenAtTheStartWhenDueAndOldOnesGo) {
-  for (const Text name : {u"202001010000", u"202001020000", u"202001030000", u"202001040000.partial", u"old"})
-    PutBackup(name);
-  Write(backups_ + u"202001050000", "a file");
-  WriteData({NoteRecord(u"AA01", {300, 300})}, kDataFileName, u"Debug=3\nKeepBackups=2");
-  ASSERT_TRUE(StartProgram());
-  EXPECT_TRUE(WaitUntil([&] { return Kept().size() == 3; }));
-  const std::vector<Text> kept = Kept();
-  const Text now = MinuteStamp(SystemClock().Now().local);
-  EXPECT_EQ(kept[0], u"202001030000");
-  EXPECT_TRUE(kept[1].starts_with(now.substr(0, 8))) << ToUtf8(kept[1]);
-  EXPECT_EQ(kept[2], u"old");
-  EXPECT_EQ(Read(backups_ + kept[1] + u"\\rtf\\AA01.rtf"), Read(folder_ + u"rtf\\AA01.rtf"));
-  EXPECT_EQ(Logged("Removing backup directory:"), 2u);
-  EXPECT_EQ(Close(), 0u);
-
-  ASSERT_TRUE(StartProgram());
-  EXPECT_EQ(Logged("Most recent backup is: " + ToUtf8(kept[1])), 1u);
-  EXPECT_EQ(Logged("Taking an automated backup"), 1u) << "none was due at the second start";
-  EXPECT_EQ(Kept(), kept);
-  EXPECT_EQ(Read(backups_ + u"202001050000"), "a file");
-}
-
 TEST_F(BackupsTest, WhereNoneCanBeWrittenTheProgramSaysSoAndWorksOn) {
   const Text blocked = scratch_ + u"blocked";
   Write(blocked, "a file");
@@ -222,35 +198,6 @@ TEST_F(BackupsTest, WhereNoneCanBeWrittenTheProgramSaysSoAndWorksOn) {
   EXPECT_EQ(Close(), 0u);
   EXPECT_EQ(ParseData().jotlets.size(), 2u);
   EXPECT_EQ(Read(blocked), "a file");
-}
-
-TEST_F(BackupsTest, DamagedOptionsAreKeptAndTheLogHasTheirLevel) {
-  const Text path = folder_ + Text(kOptionsFileName);
-  WriteData({NoteRecord(u"AA01", {300, 300})}, kDataFileName, u"Debug=3\nSnoozeMinutes=17\nOfTomorrow=kept");
-  const std::string damaged = Read(path) + std::string(3, '\0');
-  Write(path, damaged);
-  ASSERT_TRUE(StartProgram());
-  std::vector<Text> kept = files_.List(folder_, {});
-  std::erase_if(kept, [](const Text& name) { return !name.starts_with(u"options.ini."); });
-  ASSERT_EQ(kept.size(), 1u);
-  EXPECT_TRUE(
-      kept[0].starts_with(u"options.ini.damaged-" + MinuteStamp(SystemClock().Now().local).substr(0, 8)));
-  EXPECT_EQ(Read(folder_ + kept[0]), damaged);
-  const TextFile mended = DecodeTextFile(Read(path), AnsiCodePage());
-  EXPECT_FALSE(mended.damaged);
-  for (const TextView line : {u"\nDebug=3\n", u"\nSnoozeMinutes=17\n", u"\nOfTomorrow=kept\n"})
-    EXPECT_NE(mended.text.find(line), Text::npos) << ToUtf8(line);
-  EXPECT_EQ(Logged("is damaged, kept as"), 1u);
-  EXPECT_EQ(Logged("SaveOptions completed OK"), 1u) << "the highest level";
-  EXPECT_EQ(Logged("Started Jotlets"), 1u) << "the lowest";
-  EXPECT_EQ(Close(), 0u);
-
-  const std::string before = Log();
-  Write(path, EncodeTextFile(u"[Options]\nDebug=0\n"));
-  ASSERT_TRUE(StartProgram());
-  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
-  EXPECT_EQ(Close(), 0u);
-  EXPECT_EQ(Log(), before);
 }
 
 class PolicyTest : public BackupsTest {
