@@ -53,20 +53,6 @@ TEST_F(StartupTest, TheUsageTextIsShownAndNothingElse) {
   EXPECT_EQ(FilesBelow(scratch_), std::vector<Text>());
 }
 
-TEST_F(StartupTest, RescueBringsNotesBackOnTheScreen) {
-  ASSERT_TRUE(
-      StartProgramWith({NoteRecord(u"AA01", {5000, 4000}, u"Lost"), NoteRecord(u"AA02", {-900, 300}, u"Left"),
-                        NoteRecord(u"AA03", {200, 210}, u"Here")}));
-  EXPECT_EQ(Value(u"get desktop AA01 position"), u"5000,4000");
-  program_->Kill();
-  ASSERT_TRUE(StartProgram(u"-rescue"));
-  for (const Text title : {u"Lost", u"Left"}) {
-    const Rect note = BoundsOf(NoteTitled(title));
-    EXPECT_TRUE(VirtualScreen().Contains({note.left, note.top})) << ToUtf8(title);
-  }
-  EXPECT_EQ(Value(u"get desktop AA03 position"), u"200,210");
-}
-
 TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(Value(u"get datapath"), ApplicationFolder());
@@ -80,28 +66,27 @@ TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
   EXPECT_EQ(List(u"desktop").size(), 1u) << "it is no first run any more";
 }
 
-TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWritten) {
+TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWrittenHoweverItsBoxEnds) {
   const Text path = folder_ + Text(kDataFileName);
   const std::string before = EncodeTextFile(u"[Options]\niniver=4\n[Jotlets]\n<X>10<Y>10<ID>AA01<RTF>\n");
   Write(path, before);
-  const Process process(ProgramFile(), u"");
-  EXPECT_EQ(
-      AnswerBox(process),
-      u"You need a newer version of Jotlets to load the data file below. Jotlets will now close.\n\n" + path);
-  EXPECT_EQ(process.WaitForEnd(), 0u);
-  EXPECT_EQ(FilesBelow(folder_), std::vector<Text>{Text(kDataFileName)});
-  EXPECT_EQ(Read(path), before);
-}
-
-TEST_F(StartupTest, BeingClosedWhileABoxOfTheStartIsOpenWritesNothing) {
-  Write(folder_ + Text(kDataFileName), EncodeTextFile(u"[Options]\niniver=4\n"));
   Write(folder_ + Text(kExitCopyName), "copy");
-  const Process process(ProgramFile(), u"");
-  ASSERT_TRUE(WaitUntil([] { return FindWindowW(L"#32770", nullptr) != nullptr; }));
-  PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(process.WaitForEnd(), 0u);
-  EXPECT_EQ(FilesBelow(folder_), (std::vector<Text>{Text(kExitCopyName), Text(kDataFileName)}));
-  EXPECT_EQ(Read(folder_ + Text(kExitCopyName)), "copy");
+  for (const bool answered : {true, false}) {
+    const Process process(ProgramFile(), u"");
+    if (answered) {
+      EXPECT_EQ(
+          AnswerBox(process),
+          u"You need a newer version of Jotlets to load the data file below. Jotlets will now close.\n\n" +
+              path);
+    } else {
+      ASSERT_TRUE(WaitUntil([] { return FindWindowW(L"#32770", nullptr) != nullptr; }));
+      PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
+    }
+    EXPECT_EQ(process.WaitForEnd(), 0u);
+    EXPECT_EQ(FilesBelow(folder_), (std::vector<Text>{Text(kExitCopyName), Text(kDataFileName)}));
+    EXPECT_EQ(Read(path), before);
+    EXPECT_EQ(Read(folder_ + Text(kExitCopyName)), "copy");
+  }
 }
 
 TEST_F(StartupTest, ANoteFileBecomesANote) {
@@ -118,20 +103,6 @@ TEST_F(StartupTest, ANoteFileBecomesANote) {
   EXPECT_EQ(record.source, u"a shop");
   EXPECT_EQ(record.width, 300);
   EXPECT_EQ(record.colour, (Colour{255, 255, 0}));
-}
-
-TEST_F(StartupTest, ADamagedDataFileIsKeptAndTheExitCopyLoaded) {
-  WriteData({NoteRecord(u"AA01", {300, 300}, u"Good")}, kExitCopyName);
-  const std::string damaged(4096, '\0');
-  Write(folder_ + Text(kDataFileName), damaged);
-  ASSERT_TRUE(StartProgram());
-  EXPECT_EQ(Value(u"get desktop AA01 title"), u"Good");
-  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
-  EXPECT_EQ(ParseData().jotlets.at(0).record.title, u"Good");
-  std::vector<Text> kept = FilesBelow(folder_);
-  std::erase_if(kept, [](const Text& name) { return !name.starts_with(u"jotlets.ini."); });
-  ASSERT_EQ(kept.size(), 1u);
-  EXPECT_EQ(Read(folder_ + kept[0]), damaged);
 }
 
 TEST_F(StartupTest, ContentWithoutANoteMayBeAdopted) {
