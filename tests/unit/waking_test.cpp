@@ -67,6 +67,7 @@ TEST_F(Waking, WhatIsDueComesInListOrderAndOnce) {
   EXPECT_EQ(AfterWaking(), Lines{u"waking E"});
   EXPECT_FALSE(Lists().desktop.Find(u"E")->sleep.asleep);
   // The computer slept: everything since then, in order, with one sound.
+  files.Remove(u"D:\\rtf\\B.rtf");
   clock.Move(31);
   EXPECT_EQ(AfterWaking(), (Lines{u"waking A", u"waking B", u"top C", u"waking C", u"sounds C", u"sound"}));
   EXPECT_EQ(IdsOf(Sleeping()), Lines{u"D"});
@@ -76,6 +77,7 @@ TEST_F(Waking, WhatIsDueComesInListOrderAndOnce) {
   EXPECT_TRUE(log.Holds(u"Waking jotlet 'about B'. Jotlet next wake time: "));
   EXPECT_TRUE(log.Holds(u" (today), time now: " + IntText(Now())));
   EXPECT_TRUE(log.Holds(u"Created (waking) B"));
+  EXPECT_TRUE(log.Holds(u"The content of jotlet B is gone; it wakes empty"));
 }
 
 TEST_F(Waking, ARecurringNoteSendsCopies) {

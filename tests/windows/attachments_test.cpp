@@ -64,13 +64,6 @@ class AttachmentsTest : public WindowTest {
     return WaitUntil([&] { return NoteOf(title) != nullptr && BoundsOf(NoteOf(title)).TopLeft() == place; },
                      8000);
   }
-  JotletData Saved(TextView id) {
-    Reply(u"do saveini");
-    for (const auto& line : ParseData().jotlets) {
-      if (line.record.id == id) return line.record;
-    }
-    return {};
-  }
 };
 
 TEST_F(AttachmentsTest, ComeWithTheirWindowFollowItAndGoWithIt) {
@@ -204,17 +197,14 @@ TEST_F(AttachmentsTest, AreAttachedByTheDialogAndUnattachedByTheMenu) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {500, 100}, u"AA01")}, kOptions));
   const ForeignProgram pad(u"letter.txt - Pad", u"ForeignPad");
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"AA01")));
-  const auto menuEntry = [](WORD key) {
+  const auto menuEntry = [this](WORD key) {
     PressKeys({VK_CONTROL, VK_APPS});
-    WaitUntil([] { return !WindowsOfClass(L"#32768").empty(); });
+    WaitUntil([this] { return MenuIsOpen(); });
     PressKeys({key});
   };
   menuEntry('W');
-  HWND dialog = nullptr;
-  ASSERT_TRUE(WaitUntil([&] {
-    for (const HWND window : WindowsOfClass(L"#32770", program_->Id())) dialog = window;
-    return dialog != nullptr && GetForegroundWindow() == dialog;
-  }));
+  const HWND dialog = DialogInFront();
+  ASSERT_NE(dialog, nullptr);
   const HWND title = GetDlgItem(dialog, IDC_ATTACH_TITLE);
   const auto foundInList = [&] {
     PressKeys({VK_DOWN});

@@ -213,13 +213,7 @@ TEST_F(RowsTest, MenusShowWhatProgramsAddAndTellThem) {
   ChooseInTrayMenu({'Z'});
   EXPECT_TRUE(WaitUntil([&] { return events == std::vector<Text>{u"504 custom Jotlets command: today"}; }));
   const HWND note = NoteTitled(u"One");
-  const Rect bounds = BoundsOf(note);
-  ASSERT_TRUE(ClickUntil(
-      [this] {
-        const auto menus = WindowsOfClass(L"#32768", program_->Id());
-        return std::any_of(menus.begin(), menus.end(), [](HWND menu) { return IsWindowVisible(menu); });
-      },
-      {bounds.left + 60, bounds.top + 10}, true));
+  ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, Title(note), true));
   PressKeys({'Z'});
   EXPECT_TRUE(WaitUntil([&] { return events.size() == 2; }));
   EXPECT_EQ(events.back(), u"505 custom jotlet command: translate AA01");

@@ -13,7 +13,6 @@ constexpr TextView kSnapping = u"Debug=3\nSnap=1,10,2\nTakeBackups=0";
 
 class NoteWindowTest : public WindowTest {
  protected:
-  static Point Title(HWND note) { return {BoundsOf(note).left + 60, BoundsOf(note).top + 9}; }
   static BYTE AlphaOf(HWND note) {
     BYTE alpha = 0;
     GetLayeredWindowAttributes(note, nullptr, &alpha, nullptr);
@@ -22,13 +21,6 @@ class NoteWindowTest : public WindowTest {
   static LONG_PTR ExtendedStyle(HWND note) { return GetWindowLongPtrW(note, GWL_EXSTYLE); }
   static bool Turns(HWND note, const Rect& bounds) {
     return WaitUntil([&] { return BoundsOf(note) == bounds; }, 3000);
-  }
-  JotletData Saved(TextView id) {
-    Reply(u"do saveini");
-    for (const auto& line : ParseData().jotlets) {
-      if (line.record.id == id) return line.record;
-    }
-    return {};
   }
 };
 
@@ -63,11 +55,7 @@ TEST_F(NoteWindowTest, MovesWithTheNotesThatAreSelectedAndCommandsReachThemAll) 
                        u"Debug=3\nSnap=0,10,2\nTakeBackups=0"));
   const HWND one = NoteTitled(u"One");
   const HWND two = NoteTitled(u"Two");
-  for (const HWND note : {one, two}) {
-    HoldKey(VK_CONTROL, true);
-    Drag(note, Title(note), {0, 0});
-    HoldKey(VK_CONTROL, false);
-  }
+  Select({u"One", u"Two"});
   std::vector<Text> moves;
   client_.OnEvent([&moves](TextView line) {
     if (line.starts_with(u"509")) moves.emplace_back(line);

@@ -1,8 +1,6 @@
 // Stacks, built and used with the mouse and the keyboard.
 #include <windows.h>
 
-#include <algorithm>
-
 #include "base/win/ansi_code_page.h"
 #include "base/win/wide.h"
 #include "data/text_file.h"
@@ -49,20 +47,11 @@ class StacksTest : public WindowTest {
     Reply(u"do saveini");
     return ParseData();
   }
-  std::int32_t StackOf(TextView id) {
-    for (const auto& line : SavedFile().jotlets) {
-      if (line.record.id == id) return line.record.stack;
-    }
-    return -99;
-  }
-  bool AnswerDialog(WORD key) {
-    HWND dialog = nullptr;
-    const bool there = WaitUntil([&] {
-      for (const HWND window : WindowsOfClass(L"#32770", program_->Id())) dialog = window;
-      return dialog != nullptr && GetForegroundWindow() == dialog;
-    });
+  std::int32_t StackOf(TextView id) { return Saved(id).stack; }
+  bool AnswerDialog(WORD key) const {
+    const HWND dialog = DialogInFront();
     PressKeys({VK_MENU, key});
-    return there && WaitUntil([&] { return !IsWindow(dialog); });
+    return dialog != nullptr && WaitUntil([&] { return !IsWindow(dialog); });
   }
   void StartWithStacks(const Text& stackLines, const std::vector<JotletData>& notes) {
     WriteData(notes, kDataFileName, kOptions);
@@ -87,14 +76,9 @@ TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
                                u"AA0" + IntText(each + 1)));
   ASSERT_TRUE(StartProgramWith(notes, kOptions));
   // Three of them are selected; a new stack takes them in.
-  for (const char16_t* title : {u"AA01", u"AA02", u"AA03"}) {
-    const HWND note = NoteTitled(title);
-    HoldKey(VK_CONTROL, true);
-    Drag(note, {BoundsOf(note).left + 60, BoundsOf(note).top + 9}, {0, 0});
-    HoldKey(VK_CONTROL, false);
-  }
+  Select({u"AA01", u"AA02", u"AA03"});
   PressKeys({VK_CONTROL, VK_APPS});
-  ASSERT_TRUE(WaitUntil([] { return !WindowsOfClass(L"#32768").empty(); }));
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
   PressKeys({'F'});
   ASSERT_TRUE(WaitUntil([] { return WindowsOfClass(L"#32768").size() == 2; }));
   PressKeys({'N'});
@@ -104,9 +88,8 @@ TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   // The others are dropped on it, one with Shift and one without.
   const auto drop = [&](const Text& title) {
     const HWND note = NoteTitled(title);
-    const Point grip{BoundsOf(note).left + 60, BoundsOf(note).top + 9};
     const Point to = Row(stack, 4);
-    return Drag(note, grip, {to.x - grip.x, to.y - grip.y});
+    return Drag(note, Title(note), {to.x - Title(note).x, to.y - Title(note).y});
   };
   ASSERT_TRUE(drop(u"AA05"));
   EXPECT_EQ(StackOf(u"AA05"), -1);
@@ -187,16 +170,9 @@ TEST_F(StacksTest, ClosingAsksWhatBecomesOfTheNotes) {
     EXPECT_NE(Log().find(line), std::string::npos);
 }
 
-TEST_F(StacksTest, DamagedStacksOpenAndComeBackFromOffTheScreen) {
-  StartWithStacks(
-      u"nothing\n<\n<ID>1<TITLE>First\n<ID>1<TITLE>Second\n<X>99999<Y>-99999<W>-5<H>2000000000<ID>7<TITLE>"
-      u"Far\n<ID>9<TITLE>" +
-          Text(5000, u'x') + u"\n",
-      {Member(u"AA01", {400, 60}, 1), Member(u"AA02", {650, 60}, 2), Member(u"AA03", {650, 300}, 55)});
-  EXPECT_EQ(List(u"stacks").size(), 6u);
-  EXPECT_TRUE(StackOf(u"AA01") == 1 && StackOf(u"AA02") == -1 && StackOf(u"AA03") == 55);
-  EXPECT_EQ(Value(u"get stack 99 utitle", u"998"), u" stack not found");
-  EXPECT_EQ(SavedFile().stacks.at(4).x, 99999) << "shown elsewhere, kept where it was";
+TEST_F(StacksTest, AStackOffTheScreenIsSeenKeepsItsPlaceAndIsRescued) {
+  StartWithStacks(u"<X>99999<Y>-99999<W>-5<H>2000000000<ID>7<TITLE>Far\n", {Member(u"AA01", {400, 60}, 7)});
+  EXPECT_EQ(SavedFile().stacks.at(0).x, 99999) << "shown elsewhere, kept where it was";
   EXPECT_TRUE(IsWindowVisible(Stack(u"Far")));
   EXPECT_EQ(Close(), 0u);
   ASSERT_TRUE(StartProgram(u"-rescue"));

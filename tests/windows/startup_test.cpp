@@ -175,11 +175,6 @@ class TranslationTest : public WindowTest {
     copy(ProgramFolder() + u"translation\\language80.dll", scratch_ + u"language80.dll");
   }
 
-  bool MenuIsOpen() const {
-    const auto menus = WindowsOfClass(L"#32768", program_->Id());
-    return !menus.empty() && IsWindowVisible(menus[0]);
-  }
-
   Text translated_;
 };
 

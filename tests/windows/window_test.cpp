@@ -99,6 +99,14 @@ DataFile WindowTest::ParseData(TextView name) const {
   return ParseDataFile(text.text, {options, [] { return Text(u"FRESH"); }, 0});
 }
 
+JotletData WindowTest::Saved(TextView id) {
+  Reply(u"do saveini");
+  for (const FiledJotlet& line : ParseData().jotlets) {
+    if (line.record.id == id) return line.record;
+  }
+  return {};
+}
+
 Text WindowTest::ProgramFile() { return ProgramFolder() + u"jotlets.exe"; }
 
 bool WindowTest::StartProgram(const Text& arguments, const Text& file) {
@@ -157,12 +165,23 @@ HWND WindowTest::DialogWith(int control) const {
   return dialog;
 }
 
+HWND WindowTest::DialogInFront() const {
+  HWND dialog = nullptr;
+  const bool there = WaitUntil([&] {
+    dialog = GetForegroundWindow();
+    const auto dialogs = WindowsOfClass(L"#32770", program_->Id());
+    return std::find(dialogs.begin(), dialogs.end(), dialog) != dialogs.end();
+  });
+  return there ? dialog : nullptr;
+}
+
+bool WindowTest::MenuIsOpen() const {
+  const auto menus = WindowsOfClass(L"#32768", program_->Id());
+  return std::any_of(menus.begin(), menus.end(), [](HWND menu) { return IsWindowVisible(menu) != 0; });
+}
+
 void WindowTest::ChooseInTrayMenu(std::initializer_list<WORD> keys) const {
-  const auto menuIsOpen = [this] {
-    const auto menus = WindowsOfClass(L"#32768", program_->Id());
-    return !menus.empty() && IsWindowVisible(menus[0]);
-  };
-  ASSERT_TRUE(ClickUntil(menuIsOpen, kTrayIcon, true));
+  ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, kTrayIcon, true));
   for (const WORD key : keys) PressKeys({key});
 }
 
@@ -175,6 +194,12 @@ HWND WindowTest::NoteTitled(const Text& title) {
     return note != nullptr && IsWindowVisible(note);
   })) << ToUtf8(title);
   return note;
+}
+
+void WindowTest::Select(std::initializer_list<Text> titles) {
+  HoldKey(VK_CONTROL, true);
+  for (const Text& title : titles) Drag(NoteTitled(title), Title(NoteTitled(title)), {0, 0});
+  HoldKey(VK_CONTROL, false);
 }
 
 }  // namespace jotlets

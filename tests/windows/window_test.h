@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -41,6 +42,8 @@ class WindowTest : public ::testing::Test {
   void WriteData(const std::vector<JotletData>& open, TextView name = kDataFileName,
                  TextView options = u"Debug=0");
   DataFile ParseData(TextView name = kDataFileName) const;
+  /// A note's record as the program saves it now; an empty one when it is not among the open ones.
+  JotletData Saved(TextView id);
   std::string Log() const { return Read(folder_ + Text(kActivityLogName)); }
 
   /// Starts a program file and waits until it answers commands.
@@ -68,12 +71,20 @@ class WindowTest : public ::testing::Test {
 
   /// The program's dialog with this control, once it is there.
   HWND DialogWith(int control) const;
+  /// The program's dialog in front, once it is there; null when none comes.
+  HWND DialogInFront() const;
+  /// Whether a menu of the program can be seen.
+  bool MenuIsOpen() const;
   /// Opens the menu of the tray icon and presses keys in it.
   void ChooseInTrayMenu(std::initializer_list<WORD> keys) const;
 
   static HWND MainWindow();
   /// The visible note with this title, once it is there.
   static HWND NoteTitled(const Text& title);
+  /// Where a note is taken hold of.
+  static Point Title(HWND note) { return {BoundsOf(note).left + 60, BoundsOf(note).top + 9}; }
+  /// Adds notes to those that are selected.
+  static void Select(std::initializer_list<Text> titles);
 
   Text scratch_;  // the folder of this test
   Text folder_;   // the data folder in it
