@@ -135,9 +135,11 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   waiting.attachment.className = u"NoSuchClass";
   waiting.attachment.title = u"*";
   WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk"), asleep, waiting}, {Closed(u"CC01", u"Old")},
-             u"Debug=3\nTakeBackups=0\nManageWindow=40,60,700,400\nManageWindowVisible=1");
+             u"Debug=3\nTakeBackups=0\nManageWindow=-9000,60,700,400\nManageWindowVisible=1\n"
+             u"ManageWidths=-5,0,x,99999999\nManageSorted=77\nManageWindowSearchWhat=-3");
   ASSERT_TRUE(StartProgram());
   ASSERT_TRUE(WaitUntil([] { return Find() != nullptr && IsWindowVisible(Find()); })) << "open as it was";
+  EXPECT_TRUE(VirtualScreen().Contains(BoundsOf(Find()).TopLeft())) << "but where it can be seen";
   ListenToChanges();
   Reply(u"do saveini");
   const DataFile before = ParseData();
@@ -192,33 +194,6 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   EXPECT_TRUE(WindowTest::List(u"attached").empty());
   Reply(u"do saveini");
   for (const FiledJotlet& line : ParseData().jotlets) EXPECT_FALSE(line.record.IsAttached());
-}
-
-TEST_F(ManageTest, NotesInABadStateAreListedAndComeBackWhereTheyCanBeSeen) {
-  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")},
-             {Closed(u"CC01", Text(10000, u'L')), Closed(u"CC02", u"No content"), Closed(u"CC03", u"Damaged"),
-              Closed(u"CC04", u"Far away", {9000, -7000})},
-             u"Debug=3\nTakeBackups=0\nManageWindow=-9000,5000,700,400\nManageWidths=-5,0,x,99999999\n"
-             u"ManageSorted=77\nManageWindowSearchWhat=-3");
-  Write(folder_ + u"rtf\\CC03.rtf", std::string("\x00\xFF{\\rtf1 \\u999999999999 {{{{", 28));
-  ASSERT_TRUE(StartProgram());
-  DeleteFileW(Wide(folder_ + u"rtf\\CC02.rtf"));
-  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
-  ASSERT_TRUE(OpenByKey());
-  const Rect screen = VirtualScreen();
-  EXPECT_TRUE(screen.Contains(BoundsOf(Find()).TopLeft()));
-  GoToView(4);
-  PressKeys({VK_CONTROL, 'A'});
-  EXPECT_TRUE(Shows(u"4 of 4, 4 selected")) << ToUtf8(Status());
-  PressKeys({VK_RETURN});
-  EXPECT_TRUE(WaitUntil([&] { return Listed(u"desktop").size() == 5; }));
-  EXPECT_TRUE(Shows(u"0 of 0")) << ToUtf8(Status());
-  for (const HWND note : WindowsOfClass(kJotletClass)) {
-    EXPECT_TRUE(IsWindowVisible(note) && screen.Contains(BoundsOf(note).TopLeft()));
-  }
-  EXPECT_EQ(Reply(u"do saveini"), u"000 OK saved");
-  EXPECT_EQ(ParseData().jotlets.size(), 5u);
-  EXPECT_EQ(Close(), 0u);
 }
 
 }  // namespace
