@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <set>
 
+#include "fakes.h"
 #include "note/action_state.h"
 #include "note/action_table.h"
 #include "res/resource.h"
@@ -25,8 +24,7 @@ TEST(Actions, AreFoundByTheirWholeNameWithoutRegardToCase) {
 }
 
 TEST(Actions, HaveATextInTheMenus) {
-  std::ifstream file("../src/res/jotlets.rc");
-  const std::string script(std::istreambuf_iterator<char>(file), {});
+  const std::string script = FileBytes("../src/res/jotlets.rc");
   for (const NoteAction& row : kNoteActions) {
     const std::string text = "\n  " + std::to_string(IDS_ACTION + row.code) + " \"";
     EXPECT_TRUE(row.menu == MenuPlace{} || script.find(text) != std::string::npos) << ToUtf8(row.name);

@@ -24,16 +24,16 @@ class FakeWindows final : public NoteWindows {
   // A text without an editor.
   struct Content final : NoteContent {
     std::string bytes;
-    bool unsaved = false;
+    bool unsaved = false, whole = true;
 
     TextView Extension() const override { return u"rtf"; }
     bool Fits(std::string_view) const override { return true; }
     TextView Load(std::string_view loaded) override { return bytes = loaded, TextView(); }
-    bool IsWhole() const override { return true; }
+    bool IsWhole() const override { return whole; }
     bool HasUnsavedChanges() const override { return unsaved; }
     void SetUnsavedChanges(bool changed) override { unsaved = changed; }
     std::optional<std::string> BytesToSave() const override {
-      return unsaved ? std::optional(bytes) : std::nullopt;
+      return unsaved && whole ? std::optional(bytes) : std::nullopt;
     }
     ContentCopy Copy(bool) const override { return {bytes, {}}; }
     Text PlainText() const override { return FromAscii(bytes); }

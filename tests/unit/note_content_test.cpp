@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes.h"
+#include "fake_desk.h"
 
 namespace jotlets {
 namespace {
@@ -10,38 +10,15 @@ namespace {
 const Text kPath = u"D:\\rtf\\A.rtf";
 const LocalTime kNow{2026, 11, 21, 9, 5, 7};
 
-// A text as far as saving asks for it.
-class FakeContent final : public NoteContent {
- public:
-  std::string bytes = "new";
-  bool unsaved = true;
-  bool whole = true;
-
-  TextView Extension() const override { return u"rtf"; }
-  bool Fits(std::string_view) const override { return true; }
-  TextView Load(std::string_view) override { return {}; }
-  bool IsWhole() const override { return whole; }
-  bool HasUnsavedChanges() const override { return unsaved; }
-  void SetUnsavedChanges(bool changed) override { unsaved = changed; }
-  std::optional<std::string> BytesToSave() const override {
-    return unsaved && whole ? std::optional(bytes) : std::nullopt;
-  }
-  ContentCopy Copy(bool) const override { return {}; }
-  Text PlainText() const override { return {}; }
-  Text RichText() const override { return {}; }
-  Text TitleWords() const override { return {}; }
-  bool SetPlainText(TextView) override { return false; }
-  bool SetRichText(TextView) override { return false; }
-  void Paste(bool) override {}
-  void PasteAtEnd(bool) override {}
-};
-
 struct NoteContentSaving : testing::Test {
-  FakeContent content;
+  FakeWindows::Content content;
   FakeFiles files;
   bool keepOld = false;
 
-  NoteContentSaving() { files.Put(kPath, "old"); }
+  NoteContentSaving() {
+    files.Put(kPath, "old");
+    content.bytes = "new", content.unsaved = true;
+  }
   ContentSaved Save() { return SaveContentFile(content, keepOld, files, kPath, kNow); }
 };
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "fakes.h"
@@ -95,12 +93,6 @@ TEST_F(PolicyKey, OfAnotherTypeIsIgnoredWithALogLine) {
   }
 }
 
-std::string FileText(const char* path) {
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // The first group of every match, sorted.
 Names Found(const std::string& text, const char* pattern) {
   const std::regex expression(pattern);
@@ -112,8 +104,8 @@ Names Found(const std::string& text, const char* pattern) {
 }
 
 TEST(PolicyTemplate, NamesTheValuesThatAreReadAndHasItsTexts) {
-  const std::string admx = FileText("../src/res/policy/jotlets.admx");
-  const std::string adml = FileText("../src/res/policy/en-US/jotlets.adml");
+  const std::string admx = FileBytes("../src/res/policy/jotlets.admx");
+  const std::string adml = FileBytes("../src/res/policy/en-US/jotlets.adml");
   Names names;
   for (const TextView name : PolicyValueNames()) names.push_back(ToUtf8(name));
   std::sort(names.begin(), names.end());

@@ -1,20 +1,14 @@
 // What docs/skins.md shows is what the program reads.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <regex>
 
+#include "fakes.h"
 #include "skin/skin_layout.h"
 #include "skin/skin_text.h"
 
 namespace jotlets {
 namespace {
-
-std::string Guide() {
-  std::ifstream file("../docs/skins.md");
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The indented lines below the line that begins with `before`.
 Text Example(const std::string& guide, const std::string& before) {
@@ -29,7 +23,7 @@ Text Example(const std::string& guide, const std::string& before) {
 }
 
 TEST(SkinGuide, ResolvesItsPlacesAsItSays) {
-  const std::string guide = Guide();
+  const std::string guide = FileBytes("../docs/skins.md");
   SkinView view;
   view.window = {200, 100}, view.thumb = {190, 40, 197, 70};
   const std::regex row(R"(\| `([^`]+)` `([^`]+)` \| (-?\d+),(-?\d+),(-?\d+),(-?\d+) \|)");
@@ -45,7 +39,7 @@ TEST(SkinGuide, ResolvesItsPlacesAsItSays) {
 }
 
 TEST(SkinGuide, HasAnExampleThatIsWhatItSays) {
-  const SkinData skin = ParseSkin(Example(Guide(), "`ribbon.ini` is"));
+  const SkinData skin = ParseSkin(Example(FileBytes("../docs/skins.md"), "`ribbon.ini` is"));
   SkinView view;
   view.window = {200, 100};
   EXPECT_EQ(skin.skinName, u"Ribbon");

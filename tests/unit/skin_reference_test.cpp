@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
+#include "fakes.h"
 #include "skin/skin_drawing.h"
 #include "skin/skin_layout.h"
 #include "skin/skin_text.h"
@@ -19,11 +19,6 @@ constexpr Size kSizes[] = {{0, 0}, {203, 121}, {260, 160}};  // the first become
 constexpr Colour kColours[] = {{255, 255, 255}, {255, 238, 136}, {72, 104, 152}};
 constexpr std::size_t kViewsInARow = 6;
 constexpr std::int32_t kGap = 8;
-
-std::string FileBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class PlaceholderNames final : public SkinWords {
  public:
@@ -174,8 +169,8 @@ class SkinReference : public testing::TestWithParam<ReferenceRow> {};
 
 TEST_P(SkinReference, IsDrawn) {
   const std::filesystem::path textPath = std::string("../src/res/skins/") + GetParam().text;
-  const SkinData skin = ParseSkin(FromUtf8(FileBytes(textPath.string())));
-  const auto sheet = DecodePng(FileBytes((textPath.parent_path() / ToUtf8(skin.bitmap)).string()));
+  const SkinData skin = ParseSkin(FromUtf8(FileBytes(textPath.string().c_str())));
+  const auto sheet = DecodePng(FileBytes((textPath.parent_path() / ToUtf8(skin.bitmap)).string().c_str()));
   ASSERT_TRUE(sheet && !skin.elements.empty());
   std::vector<SkinView> views;
   AddPlainViews(skin, views);
@@ -184,7 +179,7 @@ TEST_P(SkinReference, IsDrawn) {
   const Picture drawn = DrawViews(skin, *sheet, views);
 
   const std::string file = std::string(GetParam().name) + ".png";
-  const std::string difference = Difference(drawn, DecodePng(FileBytes("unit/reference/" + file)));
+  const std::string difference = Difference(drawn, DecodePng(FileBytes(("unit/reference/" + file).c_str())));
   if (difference.empty()) return;
   std::filesystem::create_directories("../build/logs");
   std::ofstream("../build/logs/skin-" + file, std::ios::binary) << EncodePng(drawn);
