@@ -8,6 +8,8 @@ namespace jotlets {
 CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue)
     : accelerators_(resources.Accelerators(IDA_MAIN)), program_(resources, instance, rescue) {}
 
+CMainFrame::~CMainFrame() = default;
+
 bool CMainFrame::Start() {
   taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
   if (!RegisterWindowClass(kMainWindowClass) || !Create(kMainWindowClass, WideLiteral(kVersionText), {}, {}))

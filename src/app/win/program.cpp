@@ -51,6 +51,8 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                 {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, saving_,
                  managed_, trayCommands_, tray_, listeners_, transport_, menus_, installId_}) {}
 
+Program::~Program() = default;
+
 void Program::OnTimer(ProgramTimer timer) {
   if (state_.exiting || !state_.ready) return;
   switch (timer) {

@@ -43,6 +43,8 @@ class Program final : private OpenNotesOwner,
                       private ProgramControl {
  public:
   Program(const Resources& resources, ProgramInstance& instance, bool rescue);
+  // Not inline: the linker stumbles over its thunks in several objects.
+  ~Program() override;
 
   /// Brings the program up in its window; false: it must not run (and nothing has been written).
   bool Start(HWND window);
