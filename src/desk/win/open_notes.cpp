@@ -55,12 +55,13 @@ std::vector<Text> OpenNotes::Ids() const {
 void OpenNotes::Close(TextView id) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return;
-  jotlet->StopAlarm();
+  // Off the lists first: what follows is told of, and a listener may open the note anew under the same id.
   byId_.erase(FoldCase(id));
   const auto at =
       std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
   removed_.push_back(std::move(*at));
   jotlets_.erase(at);
+  jotlet->StopAlarm();
   jotlet->DestroyWindowNow();
   owner_.PurgeSoon();
 }
