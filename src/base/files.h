@@ -27,6 +27,10 @@ struct FileContent {
   Text reason;  // why it is unreadable
 };
 
+/// Files are written under a name beside their own first; its last part. What a kill leaves of them is of no
+/// use.
+inline constexpr TextView kNeighbourExtension = u".new";
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -49,7 +53,7 @@ class Files {
   /// Appends to the file, creating it when missing. Not flushed to the disk.
   virtual FileStatus Append(TextView path, std::string_view bytes) = 0;
 
-  /// Copies one file; the target is replaced in one step. Not flushed to the disk.
+  /// Copies one file, flushed to the disk; the target is replaced in one step.
   virtual FileStatus Copy(TextView from, TextView to) = 0;
 
   /// Renames one file or folder within a volume; never replaces.

@@ -5,8 +5,7 @@ namespace jotlets {
 void NotYet(const CommandCall& call) { call.reply.SendLine(kNotUnderstood); }
 
 void SavedOk(const CommandCall& call, TextView word) {
-  call.host.SaveNow();
-  call.reply.Ok(word);
+  Answer(call, call.host.SaveNow(), word, kProblemSaving);
 }
 
 void Answer(const CommandCall& call, bool done, TextView word, TextView refusal) {

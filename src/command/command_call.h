@@ -28,7 +28,7 @@ inline constexpr TextView kForbidden = u"997 forbidden by GPO";
 /// The handler of a row whose feature this version does not have.
 void NotYet(const CommandCall& call);
 
-/// Saves, whatever comes of it, and replies "000 OK " and the word.
+/// Saves, and replies "000 OK " and the word, or that this failed; what the command did stands.
 void SavedOk(const CommandCall& call, TextView word);
 
 /// "000 OK " and the word, or the line of the refusal.

@@ -61,16 +61,23 @@ class Parser {
     while (file_.version <= kDataFileVersion && lines.Next(line)) {
       if (!line.empty()) ParseLine(line);
     }
-    file_.cut = IsCut(text, line);
+    if (IsCutInRecord(text, line)) file_.cutRecord = line;
+    file_.cut = !file_.cutRecord.empty() || IsCutBetween();
     NumberStacks();
     return std::move(file_);
   }
 
  private:
-  // Our own files end in a whole line of their last section. A file made by hand may lack the last line feed,
-  // but not the end of a record.
-  bool IsCut(TextView text, TextView lastLine) const {
-    if (ours_ && section_ != Section::kDeleted) return true;
+  // Our own files end in a whole line of their last section. What names no section of notes has lost all of
+  // them.
+  bool IsCutBetween() const {
+    if (file_.version > kDataFileVersion) return false;
+    return ours_ ? section_ != Section::kDeleted
+                 : section_ == Section::kOptions || section_ == Section::kNone;
+  }
+
+  // A file made by hand may lack the last line feed, but not the end of a record.
+  bool IsCutInRecord(TextView text, TextView lastLine) const {
     const bool inRecord =
         section_ == Section::kDeleted || (section_ == Section::kJotlets && lastLine.starts_with(u'<'));
     return inRecord && text.back() != u'\n' && FindIgnoreCase(lastLine, u"<RTF>") == TextView::npos;

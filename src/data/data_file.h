@@ -31,6 +31,8 @@ struct DataFile {
   bool recognised = false;
   /// The file ends before its end: it was cut.
   bool cut = false;
+  /// The line of its last record, if it ends within that.
+  Text cutRecord;
   Text installId;
   std::vector<Text> friendLines;  // of a [Friends] section, as they stand
   std::vector<StackRecord> stacks;

@@ -30,8 +30,12 @@ bool IsFullPath(TextView path) {
   return (separates(0) && separates(1)) || (path.size() > 1 && path[1] == u':' && separates(2));
 }
 
+Text NamedDataFolder(const DataFolderFacts& facts) {
+  return WithSeparator(ExpandProfile(facts.registryPath, facts.profileFolder));
+}
+
 Text FindDataFolder(const DataFolderFacts& facts, const Files& files) {
-  Text folder = WithSeparator(ExpandProfile(facts.registryPath, facts.profileFolder));
+  Text folder = NamedDataFolder(facts);
   if (HoldsData(files, folder)) return folder;
   folder = WithSeparator(facts.programFolder);
   if (HoldsData(files, folder)) return folder;
@@ -63,6 +67,20 @@ FileStatus MakeDataFolders(Files& files, TextView dataFolder) {
   FileStatus status = MakeContentFolders(files, dataFolder);
   if (status) status = files.MakeFolder(Text(dataFolder).append(kBackupsFolder));
   return status;
+}
+
+void RemoveLeftovers(Files& files, TextView dataFolder) {
+  constexpr std::size_t kDigits = 16;
+  for (const TextView inner : {TextView(), kRtfFolder, kImagesFolder}) {
+    const Text folder = Text(dataFolder).append(inner);
+    for (const Text& name : files.List(folder, kNeighbourExtension)) {
+      const TextView stem = TextView(name).substr(0, name.size() - kNeighbourExtension.size());
+      const std::size_t dot = stem.rfind(u'.');
+      if (dot == TextView::npos || stem.size() - dot - 1 != kDigits) continue;
+      if (stem.find_first_not_of(u"0123456789ABCDEF", dot + 1) != TextView::npos) continue;
+      files.Remove(folder + name);
+    }
+  }
 }
 
 FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder) {

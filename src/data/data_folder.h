@@ -13,6 +13,9 @@ inline constexpr TextView kOptionsFileName = u"options.ini";
 inline constexpr TextView kFriendsFileName = u"friends.ini";
 inline constexpr TextView kExitCopyName = u"jotlets.bye";
 inline constexpr TextView kSafetyCopyName = u"jotlets.bak";
+inline constexpr TextView kJournalName = u"jotlets.jnl";
+/// Who works with the folder, for whoever finds it in use.
+inline constexpr TextView kUserFileName = u"jotlets.usr";
 inline constexpr TextView kStoreFileName = u"store.mdb";
 inline constexpr TextView kActivityLogName = u"activity.log";
 inline constexpr TextView kRtfFolder = u"rtf\\";
@@ -33,6 +36,9 @@ struct DataFolderFacts {
 
 /// Whether a path names a folder whatever the current folder and drive are.
 bool IsFullPath(TextView path);
+
+/// The folder that the registry value names, ending in "\"; empty for none.
+Text NamedDataFolder(const DataFolderFacts& facts);
 
 /// The data folder, ending in "\": the folder of the registry value, else the program's own, whichever first
 /// holds "jotlets.ini" or "store.mdb"; else "jotlets\" in the application-data folder. In the registry value
@@ -56,6 +62,10 @@ FileStatus MakeContentFolders(Files& files, TextView folder);
 
 /// Creates the data folder's sub-folders.
 FileStatus MakeDataFolders(Files& files, TextView dataFolder);
+
+/// Removes what writes that were cut off have left: "<file>.<16 hexadecimal digits>.new". Only for who alone
+/// works with the folder.
+void RemoveLeftovers(Files& files, TextView dataFolder);
 
 /// Copies the data set from one data folder to another, creating it; the first file that cannot be copied
 /// ends it.

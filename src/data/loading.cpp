@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "data/data_folder.h"
+#include "data/journal_replay.h"
 #include "data/options_file.h"
 #include "data/rtf_bytes.h"
 #include "data/text_file.h"
@@ -71,20 +72,91 @@ bool HoldsNothing(const DataFile& file) {
   return file.jotlets.empty() && file.deleted.empty() && file.stacks.empty() && file.verbatim.empty();
 }
 
-void LoadCopyInstead(const LoadContext& context, const Text& folder, Reading& reading, LoadedData& loaded) {
-  Reading best;
+struct BestCopy {
+  Reading reading;
+  TextView name;  // empty: there is none
+};
+
+// A whole copy is better than one that is not, and then the later one.
+BestCopy FindBestCopy(const LoadContext& context, const Text& folder) {
+  BestCopy best;
   for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
     Reading copy = ReadDataFile(context, folder + Text(name));
     if (!copy.file.recognised || copy.file.version > kDataFileVersion) continue;
-    const bool better = loaded.loadedInstead.empty() || (copy.whole && !best.whole) ||
-                        (copy.whole == best.whole && LatestChange(copy.file) > LatestChange(best.file));
-    if (!better) continue;
-    best = std::move(copy);
-    loaded.loadedInstead = name;
+    const Reading& other = best.reading;
+    const bool better = best.name.empty() || (copy.whole && !other.whole) ||
+                        (copy.whole == other.whole && LatestChange(copy.file) > LatestChange(other.file));
+    if (better) best = {std::move(copy), name};
   }
-  if (loaded.loadedInstead.empty()) return;
-  context.log.Write(kLogLifecycle, u"Loaded '", folder, loaded.loadedInstead, u"' instead");
-  reading = std::move(best);
+  return best;
+}
+
+// A file that ends in the middle of its last section looks like one with fewer notes; but all of it is the
+// beginning of a copy.
+bool IsBeginningOfCopy(const LoadContext& context, const Text& folder, const FileContent& content) {
+  for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
+    if (context.files.Size(folder + Text(name)) <= content.bytes.size()) continue;
+    if (context.files.Read(folder + Text(name)).bytes.starts_with(content.bytes)) return true;
+  }
+  return false;
+}
+
+// What a record that was cut still says is less than what a copy says of that note; and one that was cut
+// before its id is whole cannot be told from those of the copy.
+void DropCutRecord(DataFile& file, const std::unordered_set<Text>& inCopy) {
+  if (file.cutRecord.empty()) return;
+  const std::size_t id = FindIgnoreCase(file.cutRecord, u"<ID>");
+  const bool named = id != Text::npos && file.cutRecord.find(u'<', id + 1) != Text::npos;
+  std::vector<FiledJotlet>& list = file.deleted.empty() ? file.jotlets : file.deleted;
+  if (list.empty() || (named && !inCopy.contains(FoldCase(list.back().record.id)))) return;
+  list.pop_back();
+}
+
+std::unordered_set<Text> IdsOf(const DataFile& file) {
+  std::unordered_set<Text> ids;
+  for (const auto* list : {&file.jotlets, &file.deleted}) {
+    for (const FiledJotlet& jotlet : *list) ids.insert(FoldCase(jotlet.record.id));
+  }
+  return ids;
+}
+
+// Adds the notes and stacks that the damaged file lacks; how many notes.
+std::size_t AddMissing(DataFile& file, DataFile copy) {
+  DropCutRecord(file, IdsOf(copy));
+  const std::unordered_set<Text> present = IdsOf(file);
+  const auto add = [&present](std::vector<FiledJotlet>& to, std::vector<FiledJotlet>& from) {
+    std::size_t added = 0;
+    for (FiledJotlet& jotlet : from) {
+      if (present.contains(FoldCase(jotlet.record.id))) continue;
+      to.push_back(std::move(jotlet));
+      ++added;
+    }
+    return added;
+  };
+  const std::size_t added = add(file.jotlets, copy.jotlets) + add(file.deleted, copy.deleted);
+  for (const StackRecord& stack : copy.stacks) {
+    const bool known = std::any_of(file.stacks.begin(), file.stacks.end(),
+                                   [&](const StackRecord& s) { return s.number == stack.number; });
+    if (!known) file.stacks.push_back(stack);
+  }
+  if (file.verbatim.empty()) file.verbatim = std::move(copy.verbatim);
+  if (file.installId.empty()) file.installId = std::move(copy.installId);
+  return added;
+}
+
+void CompleteFromCopy(const LoadContext& context, const Text& folder, Reading& reading, LoadedData& loaded) {
+  BestCopy best = FindBestCopy(context, folder);
+  if (best.name.empty()) return;
+  if (HoldsNothing(reading.file)) {
+    context.log.Write(kLogLifecycle, u"Loaded '", folder, best.name, u"' instead");
+    reading = std::move(best.reading);
+    loaded.loadedInstead = best.name;
+    return;
+  }
+  const std::size_t added = AddMissing(reading.file, std::move(best.reading.file));
+  if (added == 0) return;
+  context.log.Write(kLogLifecycle, u"Added ", added, u" jotlets of '", folder, best.name, u"'");
+  loaded.loadedInstead = best.name;
 }
 
 // False when some content could not be written: the line in the data file is then the only place that has it.
@@ -183,21 +255,21 @@ Text DatedName(const Files& files, TextView path, TextView word, const LocalTime
   return name;
 }
 
-LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
+LoadedData LoadJotlets(const LoadContext& context, TextView folderView, std::string_view journal) {
   const Text folder(folderView);
   const Text path = folder + Text(kDataFileName);
   LoadedData loaded;
   Reading reading = ReadDataFile(context, path);
   const FileContent content = std::move(reading.content);
-  if (content.state == FileContent::State::kMissing) return loaded;
-  if (reading.file.version <= kDataFileVersion && !reading.whole) {
+  const bool isThere = content.state != FileContent::State::kMissing;
+  const bool newer = reading.file.version > kDataFileVersion;
+  if (isThere && !newer && (!reading.whole || IsBeginningOfCopy(context, folder, content))) {
     loaded.damaged = true;
     loaded.keptAs = KeepDamagedFile(context, path, content);
     KeepCopies(context, folder);
-    // Headers alone are no reason to pass a copy over: the rest of the file may be NULs.
-    if (HoldsNothing(reading.file)) LoadCopyInstead(context, folder, reading, loaded);
+    CompleteFromCopy(context, folder, reading, loaded);
   }
-  if (reading.file.version > kDataFileVersion) {
+  if (newer) {
     context.log.Write(kLogDetail, u"Data file at ", path, u" is version ", reading.file.version,
                       u" but I only open version ", kDataFileVersion);
     loaded.file = std::move(reading.file);
@@ -205,6 +277,8 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView) {
   }
   context.options = std::move(reading.options);
   loaded.file = std::move(reading.file);
+  loaded.fingerprint = isThere ? FingerprintOf(content.bytes) : 0;
+  loaded.journal = ReplayJournal(context, folder, journal, loaded.fingerprint, loaded.damaged, loaded.file);
   KeepSome(loaded.file.deleted, context.options.keepDeleted);
   SeparateSharedIds(context, folder, loaded.file);
   const bool jotletsWritten = WriteInlineContents(context, folder, loaded.file.jotlets);
@@ -238,8 +312,6 @@ std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView,
         continue;
       }
       log.Write(kLogLifecycle, front, u".rtf' content file not found, fixing with a placeholder file");
-      const FileStatus written = files.Write(folder + ContentPath(*note), kPlaceholderRtf);
-      if (!written) log.Write(kLogLifecycle, u"Unable to write the placeholder: ", written.reason);
     }
   }
   std::vector<Orphan> orphans;

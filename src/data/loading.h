@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "base/log.h"
 #include "data/data_file.h"
+#include "data/journal_frames.h"
 
 namespace jotlets {
 
@@ -22,6 +23,14 @@ struct LoadContext {
   Log& log;
 };
 
+/// What became of the journal, see `ReplayJournal`.
+struct JournalReplay {
+  bool any = false;              // something was taken from it: that is to be saved
+  bool keep = false;             // it holds something that could not be used, or not be read
+  std::vector<JotletData> gone;  // notes that were deleted, whose content is to go with the next save
+  std::uint64_t nextSequence = 1;
+};
+
 /// What the data folder holds, after `LoadJotlets`.
 struct LoadedData {
   DataFile file;  // version above `kDataFileVersion`: nothing may be written, the program ends
@@ -31,16 +40,19 @@ struct LoadedData {
   Text keptAs;
   /// The file that was loaded in its place ("jotlets.bye", "jotlets.bak"), empty when there was none.
   Text loadedInstead;
+  JournalReplay journal;
+  Fingerprint fingerprint = 0;  // of the data file that was there
   /// The data file is there but could not be put aside; a save would destroy it.
   bool MustNotBeReplaced() const { return damaged && keptAs.empty(); }
 };
 
-/// Reads "jotlets.ini" of `folder`. A missing file loads nothing. One that cannot be read as ours is kept
-/// beside it under a dated name; what can be read of it is loaded, and when that is nothing the newest
-/// readable of "jotlets.bye" and "jotlets.bak". Content that older files hold in their lines is moved to
+/// Reads "jotlets.ini" of `folder`, and what `journal`, all of the journal file, knows beyond it. A missing
+/// file loads nothing but that. One that cannot be read as ours, or that is the beginning of one of its
+/// copies, is kept beside it under a dated name; what can be read of it is loaded, and what it lacks comes
+/// from the best of "jotlets.bye" and "jotlets.bak". Content that older files hold in their lines is moved to
 /// content files, notes that share an id get content files of their own, and closed notes beyond
 /// `KeepDeleted` are left out. Failures are logged; the rest goes on.
-LoadedData LoadJotlets(const LoadContext& context, TextView folder);
+LoadedData LoadJotlets(const LoadContext& context, TextView folder, std::string_view journal);
 
 /// Reads the options file into `options`; those it does not name stay as they are. False: there is none, or
 /// it could not be read.

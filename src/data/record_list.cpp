@@ -6,12 +6,14 @@ namespace jotlets {
 
 void RecordList::push_back(JotletData record) {
   ++version_;
+  changes_.Add(record);
   records_.push_back(std::move(record));
   byId_.try_emplace(FoldCase(records_.back().id), std::prev(records_.end()));
 }
 
 void RecordList::push_front(JotletData record) {
   ++version_;
+  changes_.Add(record);
   records_.push_front(std::move(record));
   byId_.try_emplace(FoldCase(records_.front().id), records_.begin());
 }
@@ -23,7 +25,9 @@ const JotletData* RecordList::Find(TextView id) const {
 
 JotletData* RecordList::FindToChange(TextView id) {
   ++version_;
-  return const_cast<JotletData*>(std::as_const(*this).Find(id));
+  auto* record = const_cast<JotletData*>(std::as_const(*this).Find(id));
+  if (record != nullptr) changes_.Add(*record);
+  return record;
 }
 
 std::optional<JotletData> RecordList::Remove(TextView id) {
@@ -31,6 +35,7 @@ std::optional<JotletData> RecordList::Remove(TextView id) {
   if (found == byId_.end()) return std::nullopt;
   ++version_;
   JotletData record = std::move(*found->second);
+  changes_.Add(record);
   records_.erase(found->second);
   byId_.erase(found);
   return record;

@@ -7,11 +7,23 @@
 #include <list>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/jotlet_data.h"
 
 namespace jotlets {
+
+/// Which notes came, went or may have been changed: folded ids, and whether the content is a picture.
+class ChangedNotes {
+ public:
+  void Add(const JotletData& record) { notes_.insert_or_assign(FoldCase(record.id), record.IsImage()); }
+  /// What has been added since the last call.
+  std::unordered_map<Text, bool> Take() { return std::exchange(notes_, {}); }
+
+ private:
+  std::unordered_map<Text, bool> notes_;
+};
 
 class RecordList {
  public:
@@ -39,11 +51,13 @@ class RecordList {
 
   /// Another number after every change.
   std::uint64_t Version() const { return version_; }
+  ChangedNotes& Changes() { return changes_; }
 
  private:
   std::list<JotletData> records_;
   std::unordered_map<Text, std::list<JotletData>::iterator> byId_;  // by folded id
   std::uint64_t version_ = 1;
+  ChangedNotes changes_;
 };
 
 /// The ids of a list, in its order.

@@ -6,10 +6,10 @@
 
 namespace jotlets {
 
-FileStatus SaveDataFile(Files& files, TextView path, const DataFileView& view, RecordLines& lines) {
+Text MarkedDataFile(const DataFileView& view, RecordLines& lines) {
   Text text(1, kByteOrderMark);
   AppendDataFile(text, view, lines);
-  return files.Write(path, MarkedBytes(text));
+  return text;
 }
 
 FileStatus SaveOptionsFile(Files& files, TextView path, const Options& options) {

@@ -9,9 +9,8 @@
 
 namespace jotlets {
 
-/// Writes a data file as a whole: after any failure or kill the old file stands. `lines` are those of the
-/// former save.
-FileStatus SaveDataFile(Files& files, TextView path, const DataFileView& view, RecordLines& lines);
+/// The bytes of a data file as a text, see `MarkedBytes`. `lines` are those of the former save.
+Text MarkedDataFile(const DataFileView& view, RecordLines& lines);
 
 /// Writes the options file.
 FileStatus SaveOptionsFile(Files& files, TextView path, const Options& options);

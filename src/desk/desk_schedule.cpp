@@ -120,6 +120,7 @@ std::size_t NoteDesk::Unattach(const std::vector<Text>& ids) {
 void NoteDesk::AddStack(const StackRecord& stack) {
   LeaveStack(stack.number);
   lists_.stacks.push_back(stack);
+  lists_.stacksChanged = true;
   Changed();
 }
 
@@ -128,12 +129,14 @@ void NoteDesk::ChangeStack(const StackRecord& stack) {
                                [&](const StackRecord& known) { return known.number == stack.number; });
   if (at == lists_.stacks.end()) return;
   *at = stack;
+  lists_.stacksChanged = true;
   Changed();
 }
 
 void NoteDesk::RemoveStack(std::int32_t number) {
   LeaveStack(number);
   std::erase_if(lists_.stacks, [number](const StackRecord& stack) { return stack.number == number; });
+  lists_.stacksChanged = true;
   Changed();
 }
 

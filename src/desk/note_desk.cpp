@@ -44,11 +44,14 @@ NoteDesk::NoteDesk(DeskContext context)
     : context_(std::move(context)),
       maker_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
              context_.instance),
-      saver_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows) {}
+      journal_(context_.journal, context_.files, context_.log, context_.options, lists_, context_.windows),
+      saver_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
+             journal_) {}
 
 void NoteDesk::SetFolder(TextView dataFolder, TextView installId) {
   folder_ = dataFolder;
   maker_.SetFolder(dataFolder);
+  journal_.SetFolder(dataFolder, installId);
   saver_.SetFolder(dataFolder, installId);
 }
 
@@ -71,11 +74,17 @@ void NoteDesk::Load(DataFile file) {
       lists_.sleeping.push_back(std::move(record));
     }
   }
+  journal_.ForgetChanges();
 }
 
 void NoteDesk::Changed() {
   saver_.SetDirty();
   context_.changed();
+}
+
+void NoteDesk::Changed(TextView id) {
+  lists_.desktop.MarkChanged(id);
+  Changed();
 }
 
 RecordList& NoteDesk::ListOf(NoteList list) {
@@ -158,6 +167,7 @@ void NoteDesk::Show(TextView id, Showing showing) {
 
 bool NoteDesk::SaveContent(TextView id) {
   if (lists_.desktop.Find(id) == nullptr) return false;
+  journal_.BeforeContents({Text(id)});
   const FileStatus saved = context_.windows.SaveContent(id);
   if (!saved)
     context_.log.Write(kLogLifecycle, u"Unable to save the content of jotlet ", id, u": ", saved.reason);

@@ -26,6 +26,7 @@ struct DeskContext {
   Log& log;
   const Options& options;
   NoteWindows& windows;
+  JournalFile& journal;
   EventSink& events;
   std::function<void()> changed;  // something wants to be saved, and lists to be shown anew
   std::uint32_t instance = 0;     // tells this process from others
@@ -44,6 +45,7 @@ class NoteDesk {
   const NoteLists& Lists() const { return lists_; }
   NoteMaker& Maker() { return maker_; }
   NoteSaver& Saver() { return saver_; }
+  NoteJournal& Journal() { return journal_; }
   const Text& Folder() const { return folder_; }
 
   /// Makes a new note and shows it; its id, empty when that failed.
@@ -106,8 +108,9 @@ class NoteDesk {
   /// No note without a window belongs to the stack any more; those that were hidden in it will be seen again.
   void LeaveStack(std::int32_t number);
 
-  /// Something about a note has changed.
+  /// Something that is saved has changed; a note, or its content.
   void Changed();
+  void Changed(TextView id);
 
  private:
   using Change = std::function<void(JotletData&)>;
@@ -128,6 +131,7 @@ class NoteDesk {
   DeskContext context_;
   NoteLists lists_;
   NoteMaker maker_;
+  NoteJournal journal_;
   NoteSaver saver_;
   Text folder_;
 };

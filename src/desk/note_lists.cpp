@@ -6,6 +6,7 @@
 namespace jotlets {
 
 void OpenNoteList::Add(std::shared_ptr<JotletData> record) {
+  changes_.Add(*record);
   byId_[FoldCase(record->id)] = record.get();
   records_.push_back(std::move(record));
 }
@@ -18,6 +19,7 @@ std::shared_ptr<JotletData> OpenNoteList::Remove(TextView id) {
   byId_.erase(found);
   std::shared_ptr<JotletData> record = std::move(*at);
   records_.erase(at);
+  changes_.Add(*record);
   return record;
 }
 
@@ -31,8 +33,15 @@ void OpenNoteList::Rename(TextView id, TextView newId) {
   if (found == byId_.end()) return;
   JotletData* record = found->second;
   byId_.erase(found);
+  changes_.Add(*record);
   record->id = newId;
+  changes_.Add(*record);
   byId_[FoldCase(newId)] = record;
+}
+
+void OpenNoteList::MarkChanged(TextView id) {
+  const JotletData* record = Find(id);
+  if (record != nullptr) changes_.Add(*record);
 }
 
 std::vector<Text> IdsOf(const OpenNoteList& records) {
@@ -40,6 +49,12 @@ std::vector<Text> IdsOf(const OpenNoteList& records) {
   ids.reserve(records.size());
   for (const auto& record : records) ids.push_back(record->id);
   return ids;
+}
+
+std::unordered_map<Text, bool> NoteLists::TakeChanges() {
+  std::unordered_map<Text, bool> all = desktop.Changes().Take();
+  for (RecordList* list : {&attached, &sleeping, &closed}) all.merge(list->Changes().Take());
+  return all;
 }
 
 std::optional<NoteList> NoteLists::WhereIs(TextView id) const {

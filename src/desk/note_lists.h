@@ -29,6 +29,9 @@ class OpenNoteList {
   /// The note of this id, without regard to case; nullptr when there is none.
   JotletData* Find(TextView id) const;
   void Rename(TextView id, TextView newId);
+  /// The record of this note has been changed, or its content.
+  void MarkChanged(TextView id);
+  ChangedNotes& Changes() { return changes_; }
 
   auto begin() const { return records_.begin(); }
   auto end() const { return records_.end(); }
@@ -38,6 +41,7 @@ class OpenNoteList {
  private:
   std::vector<std::shared_ptr<JotletData>> records_;
   std::unordered_map<Text, JotletData*> byId_;  // by folded id
+  ChangedNotes changes_;
 };
 
 std::vector<Text> IdsOf(const OpenNoteList& records);
@@ -49,6 +53,10 @@ struct NoteLists {
   RecordList closed;    // the latest first
   std::vector<Text> verbatim;
   std::vector<StackRecord> stacks;
+  bool stacksChanged = false;
+
+  /// What came, went or may have been changed in any list since the last call.
+  std::unordered_map<Text, bool> TakeChanges();
 
   /// Which list has a note of this id, without regard to case.
   std::optional<NoteList> WhereIs(TextView id) const;

@@ -7,6 +7,7 @@
 #include "data/data_folder.h"
 #include "data/loading.h"
 #include "data/saving.h"
+#include "data/text_file.h"
 
 namespace jotlets {
 
@@ -27,23 +28,34 @@ bool NoteSaver::HasUnsavedContent() const {
   });
 }
 
+// Somebody may take the data folder away while the program runs: what is open is all that is left of it.
+void NoteSaver::MakeFoldersAgain() {
+  if (files_.Exists(folder_ + Text(kRtfFolder))) return;
+  if (const FileStatus made = MakeDataFolders(files_, folder_); !made) {
+    log_.Write(kLogLifecycle, u"Unable to make '", folder_, u"' again: ", made.reason);
+    return;
+  }
+  log_.Write(kLogLifecycle, u"The folders of '", folder_, u"' were gone and have been made again");
+  for (const auto& record : lists_.desktop) windows_.ContentOf(record->id).SetUnsavedChanges(true);
+}
+
 // The first failure counts; the rest is written all the same.
 FileStatus NoteSaver::SaveContents() {
-  FileStatus first;
+  MakeFoldersAgain();
+  std::vector<Text> ids;
   for (const auto& record : lists_.desktop) {
-    const FileStatus saved = windows_.SaveContent(record->id);
+    if (windows_.ContentOf(record->id).HasUnsavedChanges()) ids.push_back(record->id);
+  }
+  journal_.BeforeContents(ids);
+  FileStatus first;
+  for (const Text& id : ids) {
+    const FileStatus saved = goesOn_() ? windows_.SaveContent(id) : FileStatus::Failed(u"the session ends");
     if (!saved && first) first = saved;
   }
   return first;
 }
 
-bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
-  log_.Write(kLogDetail, u"SaveJotlets started for '", path, u"'");
-  FileStatus status;
-  if (isMainSave) {
-    if (!PutUnreadFileAside()) return false;
-    status = SaveContents();
-  }
+DataFileView NoteSaver::View() {
   DataFileView view;
   view.installId = installId_;
   view.stacks = lists_.stacks;
@@ -56,7 +68,22 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   view.verbatim = lists_.verbatim;
   for (const JotletData& record : lists_.closed) view.deleted.push_back(&record);
   view.rolledHasAltPosition = options_.rolledHasAltPosition;
-  const FileStatus written = SaveDataFile(files_, path, view, lines_);
+  return view;
+}
+
+bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
+  log_.Write(kLogDetail, u"SaveJotlets started for '", path, u"'");
+  FileStatus status;
+  if (isMainSave) {
+    if (!PutUnreadFileAside()) return false;
+    status = SaveContents();
+  }
+  const DataFileView view = View();
+  Text text = MarkedDataFile(view, lines_);
+  const std::string_view bytes = MarkedBytes(text);
+  const Fingerprint fingerprint = isMainSave ? FingerprintOf(bytes) : 0;
+  if (isMainSave) journal_.BeforeSave(fingerprint, status.ok);
+  const FileStatus written = files_.Write(path, bytes);
   if (status) status = written;
   if (!status) {
     log_.Write(kLogLifecycle, u"SaveJotlets failed for '", path, u"': ", status.reason);
@@ -64,10 +91,32 @@ bool NoteSaver::SaveJotlets(TextView path, bool isMainSave) {
   }
   if (isMainSave) {
     dirty_ = false;
+    journal_.Reset(fingerprint);
     RemoveContents(view);
   }
   log_.Write(kLogDetail, u"SaveJotlets completed OK");
   return true;
+}
+
+bool NoteSaver::SaveBeforeEnd(std::function<bool()> goesOn) {
+  journal_.WriteChanges([] { return true; });
+  if (const FileStatus flushed = journal_.Flush(); !flushed)
+    log_.Write(kLogLifecycle, u"Unable to write the journal: ", flushed.reason);
+  goesOn_ = std::move(goesOn);
+  const bool saved = SaveJotlets(MainPath(), true);
+  goesOn_ = [] { return true; };
+  return saved;
+}
+
+FileStatus NoteSaver::SaveElsewhere(TextView folder) {
+  for (const auto& record : lists_.desktop) {
+    const ContentBytes content = windows_.ContentOf(record->id).BytesToSave();
+    FileStatus status = content.status;
+    if (status && content.bytes) status = files_.Write(Text(folder) + ContentPath(*record), *content.bytes);
+    if (!status) return status;
+  }
+  Text text = MarkedDataFile(View(), lines_);
+  return files_.Write(Text(folder) + Text(kDataFileName), MarkedBytes(text));
 }
 
 bool NoteSaver::SaveIfDirty() { return !IsDirty() || SaveJotlets(MainPath(), true); }

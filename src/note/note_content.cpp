@@ -6,7 +6,9 @@ namespace jotlets {
 
 ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, TextView path,
                              const LocalTime& now) {
-  const std::optional<std::string> bytes = content.BytesToSave();
+  const ContentBytes toSave = content.BytesToSave();
+  if (!toSave.status) return {toSave.status};
+  const std::optional<std::string>& bytes = toSave.bytes;
   if (!bytes) return {};
   if (keepOld && files.Exists(path)) {
     const FileStatus kept = files.Copy(path, DatedName(files, path, kDamagedMark, now));

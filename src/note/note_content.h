@@ -18,6 +18,11 @@ struct ContentCopy {
   TextView fault;                    // why there can be no such copy; empty for no fault
 };
 
+struct ContentBytes {
+  FileStatus status;
+  std::optional<std::string> bytes;
+};
+
 class NoteContent {
  public:
   virtual ~NoteContent() = default;
@@ -35,7 +40,8 @@ class NoteContent {
   virtual bool HasUnsavedChanges() const = 0;
   virtual void SetUnsavedChanges(bool unsaved) = 0;
   /// What the content file is to hold; nothing when there is nothing to save, or the content is not whole.
-  virtual std::optional<std::string> BytesToSave() const = 0;
+  /// Not ok when not all of it could be had, memory being short: then nothing may be written.
+  virtual ContentBytes BytesToSave() const = 0;
   /// A copy as plain text, or as what it is.
   virtual ContentCopy Copy(bool asPlainText) const = 0;
 

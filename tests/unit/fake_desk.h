@@ -11,6 +11,7 @@
 #include <set>
 #include <vector>
 
+#include "data/data_folder.h"
 #include "desk/attached_notes.h"
 #include "desk/sleeping_notes.h"
 #include "fakes.h"
@@ -19,12 +20,49 @@ namespace jotlets {
 
 inline constexpr TextView kFolder = u"D:\\";
 
+/// What is appended is lost in a power failure until it is flushed.
+class FakeJournalFile final : public JournalFile {
+ public:
+  explicit FakeJournalFile(FakeFiles& disk) : disk_(disk) {}
+
+  std::string bytes;
+  std::size_t flushed = 0;            // of them
+  std::optional<std::string> before;  // what was there before it was emptied, until that is flushed
+
+  FileContent Read() const override { return {FileContent::State::kRead, bytes, {}}; }
+  FileStatus Append(std::string_view more) override {
+    return Change([&] { bytes.append(more); });
+  }
+  FileStatus Reset(std::string_view fresh) override {
+    return Change([&] {
+      if (!before) before = bytes.substr(0, flushed);
+      bytes = fresh;
+      flushed = 0;
+    });
+  }
+  FileStatus Flush() override {
+    return Change([&] {
+      flushed = bytes.size();
+      before.reset();
+    });
+  }
+
+ private:
+  template <typename Effect>
+  FileStatus Change(Effect effect) {
+    if (!disk_.TakesChange()) return FileStatus::Failed(u"disk full");
+    effect();
+    return {};
+  }
+  FakeFiles& disk_;
+};
+
 class FakeWindows final : public NoteWindows {
  public:
   // A text without an editor.
   struct Content final : NoteContent {
     std::string bytes;
-    bool unsaved = false, whole = true;
+    bool unsaved = false, whole = true, cutShort = false;
 
     TextView Extension() const override { return u"rtf"; }
     bool Fits(std::string_view) const override { return true; }
@@ -32,8 +70,9 @@ class FakeWindows final : public NoteWindows {
     bool IsWhole() const override { return whole; }
     bool HasUnsavedChanges() const override { return unsaved; }
     void SetUnsavedChanges(bool changed) override { unsaved = changed; }
-    std::optional<std::string> BytesToSave() const override {
-      return unsaved && whole ? std::optional(bytes) : std::nullopt;
+    ContentBytes BytesToSave() const override {
+      if (cutShort) return {FileStatus::Failed(u"out of memory"), std::nullopt};
+      return {{}, unsaved && whole ? std::optional(bytes) : std::nullopt};
     }
     ContentCopy Copy(bool) const override { return {bytes, {}}; }
     Text PlainText() const override { return FromAscii(bytes); }
@@ -125,15 +164,17 @@ class FakeDesk : public EventSink, public TimeSigns {
   FakeLog log;
   Options options;
   FakeWindows windows{files};
+  FakeJournalFile journal{files};
   std::vector<NoteEvent> events;
   std::function<void(const NoteEvent&)> onEvent;  // what a listener does before it answers
   int changes = 0;
-  NoteDesk desk{{files, clock, log, options, windows, *this, [this] { ++changes; }, 0xABC}};
+  NoteDesk desk{{files, clock, log, options, windows, journal, *this, [this] { ++changes; }, 0xABC}};
   SleepingNotes asleep{desk, windows, files, clock, log, options, *this};
 
   FakeDesk() {
     desk.SetFolder(kFolder, u"ME");
     asleep.Enable(true);
+    files.MakeFolder(Text(kFolder) + Text(kRtfFolder));
     files.Put(Text(kFolder) + u"default.rtf", "{\\rtf1 new}");
   }
 

@@ -112,6 +112,7 @@ class FakeFiles final : public Files {
   std::set<Text> unreadable;                // folded paths
   std::set<Text> unchangeable;              // folded paths: every change that touches one fails
   int changesUntilFailure = -1;             // counts down to the one change that fails
+  int changesUntilDeath = -1;               // counts down to the change that fails with all after it
   std::function<void(TextView to)> onCopy;  // what happens between a copy and the next call
   std::function<void()> onWrite;            // what happens while a file is written
 
@@ -124,6 +125,12 @@ class FakeFiles final : public Files {
     std::vector<Text> paths;
     for (const auto& [folded, file] : files_) paths.push_back(file.first);
     return paths;
+  }
+  /// Whether the disk takes one more change. One that is dead takes none.
+  bool TakesChange() {
+    if (changesUntilDeath == 0) return false;
+    if (changesUntilDeath > 0) --changesUntilDeath;
+    return changesUntilFailure-- != 0;
   }
   /// Whether some file, whatever its name, has these bytes.
   bool Keeps(std::string_view bytes) const {
@@ -212,8 +219,7 @@ class FakeFiles final : public Files {
  private:
   template <typename Effect>
   FileStatus Change(TextView path, Effect effect) {
-    if (unchangeable.contains(FoldCase(path)) || changesUntilFailure-- == 0)
-      return FileStatus::Failed(u"disk full");
+    if (unchangeable.contains(FoldCase(path)) || !TakesChange()) return FileStatus::Failed(u"disk full");
     effect();
     return {};
   }

@@ -16,7 +16,10 @@ JotletData Note(TextView id) {
 
 class Saving : public testing::Test {
  protected:
-  Saving() { saver.SetFolder(u"D:\\", u"ME"); }
+  Saving() {
+    saver.SetFolder(u"D:\\", u"ME");
+    files.MakeFolder(u"D:\\rtf");
+  }
   // The ids in the data file, in its order.
   Text Saved(TextView path = u"D:\\jotlets.ini") const {
     Options ignored;
@@ -38,7 +41,9 @@ class Saving : public testing::Test {
   }
   NoteLists lists;
   FakeWindows windows{files};
-  NoteSaver saver{files, clock, log, options, lists, windows};
+  FakeJournalFile journalFile{files};
+  NoteJournal journal{journalFile, files, log, options, lists, windows};
+  NoteSaver saver{files, clock, log, options, lists, windows, journal};
 };
 
 TEST_F(Saving, WritesOpenThenAttachedThenSleepingNotes) {
@@ -69,8 +74,9 @@ TEST_F(Saving, AFailureKeepsEverythingForTheNextTime) {
   files.Put(u"D:\\rtf\\X.rtf", "");
   saver.RemoveContentLater(Note(u"X"));
   saver.SetDirty();
-  files.changesUntilFailure = 0;
+  files.unchangeable.insert(u"d:\\jotlets.ini");
   EXPECT_FALSE(saver.SaveIfDirty());
+  files.unchangeable.clear();
   Open(u"A");
   windows.Type(u"A", u"more");
   files.unchangeable.insert(u"d:\\rtf\\a.rtf");

@@ -155,7 +155,7 @@ TEST_F(EditorTest, FontsComeFromTheDialogsTermsAndFromSavedStyles) {
   Do(kActionApplyStyle1);
   EXPECT_EQ(CurrentFont(edit_), styles_[1]);
   EXPECT_EQ(FromLogFont(ToLogFont(styles_[1]), 125, styles_[1].colour), styles_[1]);
-  const std::string before = edit_.Rtf();
+  const std::string before = edit_.Rtf().value();
   EXPECT_TRUE(Do(kActionApplyStyle9)) << "not saved, so there is nothing to apply";
   EXPECT_EQ(edit_.Rtf(), before);
   const Text longest(40, u'x');
@@ -264,7 +264,7 @@ TEST_F(EditorTest, FindingGoesRoundAndScrolls) {
 TEST_F(EditorTest, LinksOpenOnlyWhenAskedForAndSurviveSaving) {
   constexpr TextView kText = u"see www.a.example now, news:x or b.example";
   edit_.SetPlainText(kText);
-  edit_.SetRtf(edit_.Rtf());
+  edit_.SetRtf(edit_.Rtf().value());
   EXPECT_EQ(edit_.PlainText(), kText);
   Click(6, 0);
   EXPECT_EQ(opened_, u"") << "a click there places the caret";
@@ -352,7 +352,7 @@ TEST_F(EditorTest, AReadOnlyNoteKeepsItsTextAndItsLooks) {
   lifted_ = LiftFormat(edit_);
   lifted_->characters.dwEffects = 0;
   changes = 0;
-  const std::string before = edit_.Rtf();
+  const std::string before = edit_.Rtf().value();
   for (std::int32_t code = 1; code < kActionEnd; ++code) Do(static_cast<ActionCode>(code));
   SendMessageW(edit_.Handle(), WM_PASTE, 0, 0);
   EXPECT_EQ(edit_.Rtf(), before);

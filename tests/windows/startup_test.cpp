@@ -7,6 +7,7 @@
 #include "base/win/wide.h"
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
+#include "res/resource.h"
 #include "ui/screen.h"
 #include "window_test.h"
 
@@ -87,6 +88,65 @@ TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWrittenHoweverItsBoxEnds) {
     EXPECT_EQ(Read(path), before);
     EXPECT_EQ(Read(folder_ + Text(kExitCopyName)), "copy");
   }
+}
+
+TEST_F(StartupTest, OneFolderHasOneProgram) {
+  WriteData({NoteRecord(u"AA01", {300, 300})});
+  Write(folder_ + Text(kUserFileName), EncodeTextFile(u"ann (ATTIC)"));
+  const Text journal = folder_ + Text(kJournalName);
+  UniqueHandle held = OwnHandle(
+      CreateFileW(Wide(journal), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+  ASSERT_TRUE(held);
+  const std::vector<Text> before = FilesBelow(folder_);
+  const Process second(ProgramFile(), u"");
+  const Text words = AnswerBox(second);
+  EXPECT_TRUE(words.find(folder_) != Text::npos && words.ends_with(u"ann (ATTIC)")) << ToUtf8(words);
+  EXPECT_EQ(second.WaitForEnd(), 0u);
+  EXPECT_EQ(FilesBelow(folder_), before);
+  held.reset();
+  EXPECT_TRUE(StartProgram());
+}
+
+TEST_F(StartupTest, AnEndThatCannotSaveIsAskedAbout) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}));
+  const Text path = folder_ + Text(kDataFileName);
+  const auto exit = [&](int button) {
+    SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(Reply(u"set desktop AA01 title Two"), u"995 problem saving");
+    PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
+    const HWND dialog = DialogWith(IDC_CHOICE_QUESTION);
+    ASSERT_NE(dialog, nullptr);
+    if (button == IDOK) SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
+    PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    EXPECT_TRUE(WaitUntil([dialog] { return !IsWindow(dialog); }));
+  };
+  exit(IDCANCEL);
+  EXPECT_TRUE(WaitUntil([&] { return Reply(u"do ping") == u"000 OK pong"; })) << "it goes on";
+  exit(IDOK);
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+  EXPECT_EQ(ParseData().jotlets.at(0).record.title, u"Two");
+}
+
+TEST_F(StartupTest, FoldersThatGoAwayAreMadeAgainWithAllThatIsOpen) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"Debug=1"));
+  // The data folder itself cannot go while the journal is held in it.
+  for (const Text name : {u"rtf", u"images", u"jotlets.ini"})
+    std::filesystem::remove_all(std::filesystem::path(folder_ + name));
+  EXPECT_EQ(Reply(u"set desktop AA01 title Two"), u"000 OK title set");
+  EXPECT_EQ(ParseData().jotlets.at(0).record.title, u"Two");
+  EXPECT_NE(Read(folder_ + u"rtf\\AA01.rtf").find("AA01"), std::string::npos);
+  program_->Kill();
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(u"AA01"), u"AA01");
+}
+
+TEST_F(StartupTest, ANamedFolderThatIsNotThereIsAskedAbout) {
+  std::filesystem::remove_all(std::filesystem::path(folder_));
+  const Process process(ProgramFile(), u"");
+  ASSERT_TRUE(WaitUntil([] { return FindWindowW(L"#32770", nullptr) != nullptr; }));
+  PostMessageW(FindWindowW(L"#32770", nullptr), WM_COMMAND, IDCANCEL, 0);
+  EXPECT_EQ(process.WaitForEnd(), 0u);
+  EXPECT_EQ(FilesBelow(scratch_), std::vector<Text>());
 }
 
 TEST_F(StartupTest, ANoteFileBecomesANote) {

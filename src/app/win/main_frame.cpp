@@ -38,14 +38,13 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kTrayMessage:
     case kPurgeMessage:
     case kRefreshStacksMessage:
+    case kJournalMessage:
     case kCheckContentMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE: program_.FollowMonitors(); break;
     case WM_CLOSE: program_.ExitJotlets(u"close", false); return 0;
-    case WM_QUERYENDSESSION: return TRUE;
-    case WM_ENDSESSION:
-      if (wParam != 0) program_.ExitJotlets(u"end of session", true);
-      return 0;
+    case WM_QUERYENDSESSION: program_.OnSessionEnding(); return TRUE;
+    case WM_ENDSESSION: program_.OnSessionEnded(wParam != 0); return 0;
     default: break;
   }
   if (message == taskbarCreated_ && message != 0) program_.OnTaskbarCreated();

@@ -3,6 +3,7 @@
 #include "app/win/data_location.h"
 #include "app/win/hot_keys.h"
 #include "app/win/system_facts.h"
+#include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "desk/win/note_keys.h"
 #include "desk/win/orphan_dialog.h"
@@ -26,7 +27,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       skins_(resources, system_.files, system_.ansi, system_.log),
       notes_(*this, listeners_, resources, system_.files, system_.clock, system_.log, options_.Current(),
              skins_),
-      desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, listeners_,
+      desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, journal_, listeners_,
              [this] { OnDeskChanged(); }, InstanceNumber()}),
       stacks_(*this, resources, system_.log, desk_, notes_),
       attached_(desk_, notes_, options_.Current(), system_.clock, foreign_),
@@ -34,7 +35,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       sleeping_(desk_, notes_, system_.files, system_.clock, system_.log, options_.Current(), signs_),
       friends_(system_.files, system_.ansi, system_.clock, system_.log),
       contents_(system_.files, system_.ansi, system_.clock, system_.log, desk_, notes_),
-      saving_(resources, window_, state_, options_, desk_.Saver()),
+      saving_(resources, system_.files, system_.log, window_, state_, options_, desk_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
       backups_(*this, resources, system_.files, system_.ansi, system_.clock, system_.log, options_.Current()),
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
@@ -71,6 +72,7 @@ void Program::OnTimer(ProgramTimer timer) {
     case ProgramTimer::kBackup:
       if (!backups_.Step()) window_.Stop(timer);
       break;
+    case ProgramTimer::kJournal: saving_.WriteJournal(); break;
   }
 }
 
@@ -83,6 +85,9 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       break;
     case kRefreshStacksMessage: stacks_.Refresh(); break;
     case kCheckContentMessage: CheckContent(); break;
+    case kJournalMessage:
+      if (state_.ready && !state_.exiting) saving_.WriteJournal();
+      break;
   }
 }
 
@@ -115,7 +120,7 @@ void Program::OnSecond() {
 // Whatever changed may show in the list of a stack, or in the manage window.
 void Program::OnDeskChanged() {
   if (state_.exiting || desk_.Folder().empty()) return;
-  saving_.StartSaveTimer();
+  saving_.OnChanged();
   stacks_.RefreshSoon();
   managed_.Dialog().RefreshSoon();
 }
@@ -169,7 +174,38 @@ void Program::HoldStill(bool still) {
 void Program::Restart() {
   state_.exiting = true;
   tray_.Remove();
+  journal_.Close();
   instance_.Restart(system_.log);
+}
+
+// Saves; without the user's leave nothing that is not saved is given up.
+bool Program::MayExit(bool silent) {
+  sleeping_.Enable(false);
+  notes_.StopAlarms();
+  UnregisterHotKeys(window_.Handle());
+  saving_.SaveOptionsIfDirty();
+  if (silent) {
+    saving_.SaveAtEndOfSession();
+    return true;
+  }
+  if (saving_.SaveAtExit()) return true;
+  RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
+  sleeping_.Enable(true);
+  state_.exiting = false;
+  desk_.Changed();
+  return false;
+}
+
+// Told to whoever waits for the session to end.
+void Program::OnSessionEnding() {
+  if (state_.ready && desk_.Saver().IsDirty())
+    ShutdownBlockReasonCreate(window_.Handle(), Wide(resources_.String(IDS_SAVING)));
+}
+
+void Program::OnSessionEnded(bool ended) {
+  const HWND window = window_.Handle();
+  if (ended) ExitJotlets(u"end of session", true);
+  ShutdownBlockReasonDestroy(window);
 }
 
 void Program::ExitJotlets(TextView reason, bool silent) {
@@ -181,21 +217,17 @@ void Program::ExitJotlets(TextView reason, bool silent) {
     PostQuitMessage(0);
     return;
   }
+  if (!MayExit(silent)) return;
   state_.ready = false;
-  sleeping_.Enable(false);
-  notes_.StopAlarms();
-  UnregisterHotKeys(window_.Handle());
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
-  saving_.SaveOptionsIfDirty();
-  if (!saving_.SaveJotlets() && !silent)
-    Tell(window_.Handle(), resources_, IDS_SAVE_FAILED_AT_EXIT, saving_.MainPath());
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
   state_.notesGone = true;
   desk_.CloseAll();
   stacks_.CloseAll();
   listeners_.Send({EventKind::kExiting});
   tray_.Remove();
+  system_.files.Remove(desk_.Folder() + Text(kUserFileName));
   system_.log.Write(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
   PostQuitMessage(0);
   DestroyWindow(window_.Handle());

@@ -15,6 +15,7 @@
 #include "backup/win/backup_commands.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
+#include "base/win/locked_file.h"
 #include "base/win/system_clock.h"
 #include "data/options_keeper.h"
 #include "data/policy.h"
@@ -60,6 +61,9 @@ class Program final : private OpenNotesOwner,
   void OnHotKey(int id) { trayCommands_.OnHotKey(id); }
   void OnTaskbarCreated() { tray_.AddAgain(); }
   void FollowMonitors();
+  /// The session is about to end, and has ended, or will not after all.
+  void OnSessionEnding();
+  void OnSessionEnded(bool ended);
   /// Serves the keys of windows other than notes, before accelerators, those of notes, and what is left for
   /// the first, after accelerators; true when the message is done with.
   bool TranslateDialogKey(const MSG& message) { return managed_.Dialog().TranslateKey(message); }
@@ -69,6 +73,11 @@ class Program final : private OpenNotesOwner,
  private:
   void RegisterClasses();
   bool FindDataFolder();
+  bool WaitForNamedFolder(const Text& folder);
+  bool ClaimDataFolder();
+  void GoOnFromJournal(const LoadedData& loaded, const FileContent& journal);
+  void LeaveDataFolder();
+  bool MayExit(bool silent);
   void FinishRestore();
   bool LoadOptions();
   void ProvideFirstRun();
@@ -80,7 +89,7 @@ class Program final : private OpenNotesOwner,
   void OnDeskChanged();
   void Restart();
 
-  void OnNoteChanged() override { desk_.Changed(); }
+  void OnNoteChanged(const Text& id) override { desk_.Changed(id); }
   void OnNoteDragged(bool shift) override { stacks_.OnNoteDragged(shift); }
   void OnNoteDropped(BJotlet& jotlet, bool shift) override { stacks_.OnNoteDropped(jotlet, shift); }
   void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }
@@ -122,6 +131,7 @@ class Program final : private OpenNotesOwner,
   CustomMenus menus_;
   ProgramSkins skins_;
   OpenNotes notes_;
+  LockedFile journal_;
   NoteDesk desk_;
   OpenStacks stacks_;
   ForeignWindowWatcher foreign_;

@@ -5,8 +5,11 @@
 #include "app/win/system_facts.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "data/journal_replay.h"
 #include "data/saving.h"
+#include "data/text_file.h"
 #include "res/resource.h"
+#include "ui/choice_dialog.h"
 #include "ui/screen.h"
 #include "ui/user_messages.h"
 
@@ -65,13 +68,40 @@ void Program::RegisterClasses() {
   }
 }
 
+// A folder that the user has named and that is not there is not replaced in silence by an empty one.
+bool Program::WaitForNamedFolder(const Text& folder) {
+  while (IsFullPath(folder) && !system_.files.Exists(folder)) {
+    const Text question = ReplaceAll(resources_.String(IDS_FOLDER_MISSING), u"%s", folder);
+    const Choice choice = BChoiceDlg(IDD_FOLDER_MISSING, question).Ask(resources_, window_.Handle());
+    if (state_.exiting || choice == Choice::kNeither) return false;
+    if (choice == Choice::kSecond) return true;
+  }
+  return true;
+}
+
 bool Program::FindDataFolder() {
-  const Text folder = jotlets::FindDataFolder(GatherDataFolderFacts(), system_.files);
+  const DataFolderFacts facts = GatherDataFolderFacts();
+  if (!WaitForNamedFolder(NamedDataFolder(facts))) return false;
+  const Text folder = jotlets::FindDataFolder(facts, system_.files);
   desk_.SetFolder(folder, installId_);
   notes_.SetFolder(folder);
-  if (MakeDataFolders(system_.files, folder)) return true;
+  if (MakeDataFolders(system_.files, folder)) return ClaimDataFolder();
   Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, folder);
   return false;
+}
+
+// Two programs would write over each other's notes. A folder that cannot be written to is shown without.
+bool Program::ClaimDataFolder() {
+  const Text folder = desk_.Folder();
+  const Text user = folder + Text(kUserFileName);
+  if (journal_.Open(folder + Text(kJournalName)) == LockedFile::Opened::kInUse) {
+    const Text who = DecodeTextFile(system_.files.Read(user).bytes, system_.ansi).text;
+    Tell(window_.Handle(), resources_, IDS_FOLDER_IN_USE, folder + u"\n\n" + who);
+    return false;
+  }
+  RemoveLeftovers(system_.files, folder);
+  system_.files.Write(user, EncodeTextFile(UserAndMachine()));
+  return true;
 }
 
 void Program::FinishRestore() {
@@ -83,7 +113,8 @@ void Program::FinishRestore() {
 // Whether this is the first run: there is no data file, and the user has no backup put in its place.
 bool Program::LoadOptions() {
   if (state_.exiting) return false;
-  bool firstRun = !system_.files.Exists(desk_.Folder() + Text(kDataFileName));
+  bool firstRun =
+      !system_.files.Exists(desk_.Folder() + Text(kDataFileName)) && !HoldsFirstNotes(journal_.Read().bytes);
   if (firstRun) {
     OpenBackups();
     firstRun = !backups_.OfferAtFirstRun();
@@ -99,6 +130,7 @@ void Program::ProvideFirstRun() {
   desk_.Maker().ProvideTemplates(resources_.Bytes(IDR_DEFAULT_RTF));
   installId_ = desk_.Maker().NewJotletId();
   desk_.SetFolder(Text(desk_.Folder()), installId_);
+  desk_.Journal().Reset(0);
   NewNote welcome;
   welcome.reason = Reason::kWelcome;
   welcome.title = resources_.String(IDS_WELCOME_TITLE);
@@ -107,11 +139,13 @@ void Program::ProvideFirstRun() {
 }
 
 bool Program::LoadJotlets() {
+  const FileContent journal = journal_.Read();
   LoadedData loaded =
       jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
                             [this] { return desk_.Maker().NewJotletId(); }, system_.clock.Now(), system_.log},
-                           desk_.Folder());
+                           desk_.Folder(), journal.bytes);
   if (loaded.file.version > kDataFileVersion) {
+    LeaveDataFolder();
     Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
     instance_.Release();
     return false;
@@ -122,11 +156,9 @@ bool Program::LoadJotlets() {
   const FileStatus friends = MoveFriends(system_.files, desk_.Folder(), loaded.file.friendLines);
   if (!friends) system_.log.Write(kLogLifecycle, u"Unable to write the friends file: ", friends.reason);
   TellDamage(loaded);
-  const bool damaged = loaded.damaged;
   desk_.Load(std::move(loaded.file));
   stacks_.OpenAll();
-  // At once: until then every start would find the same damage and keep one more copy of it.
-  if (damaged) saving_.SaveJotlets();
+  GoOnFromJournal(loaded, journal);
   if (rescue_) trayCommands_.RescueOffScreen();
   const bool hidden = options_.Current().hidden == 1;
   tray_.ShowHidden(hidden);
@@ -134,6 +166,35 @@ bool Program::LoadJotlets() {
   notes_.ShowAll();
   stacks_.ShowAll();
   return true;
+}
+
+// What was taken from the journal, or from a damaged data file, is saved at once: until then every start
+// would find the same again.
+void Program::GoOnFromJournal(const LoadedData& loaded, const FileContent& journal) {
+  const Text path = desk_.Folder() + Text(kJournalName);
+  if (loaded.journal.keep) {
+    const Text kept = DatedName(system_.files, path, kDamagedMark, system_.clock.Now().local);
+    const FileStatus status = system_.files.Write(kept, journal.bytes);
+    system_.log.Write(kLogLifecycle, u"Not all of the journal could be used, ",
+                      status ? u"kept as '" : u"nor be kept as '", kept, u"'");
+    // Nothing is written over what is nowhere else.
+    if (!status) return journal_.Close();
+  }
+  desk_.Journal().SetNextSequence(loaded.journal.nextSequence);
+  for (const JotletData& gone : loaded.journal.gone) desk_.Saver().RemoveContentLater(gone);
+  if (loaded.damaged || loaded.journal.any) {
+    saving_.SaveJotlets();
+  } else {
+    desk_.Journal().Reset(loaded.fingerprint);
+  }
+}
+
+// As it was before, but for what was there already.
+void Program::LeaveDataFolder() {
+  const bool made = journal_.Read().bytes.empty();
+  journal_.Close();
+  if (made) system_.files.Remove(desk_.Folder() + Text(kJournalName));
+  system_.files.Remove(desk_.Folder() + Text(kUserFileName));
 }
 
 void Program::TellDamage(const LoadedData& loaded) {

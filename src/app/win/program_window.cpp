@@ -12,6 +12,7 @@ UINT PeriodOf(ProgramTimer timer) {
     case ProgramTimer::kSecond: return 1000;
     case ProgramTimer::kAnimation: return 17;
     case ProgramTimer::kBackup: return 20;
+    case ProgramTimer::kJournal: return 200;
   }
   return 0;
 }

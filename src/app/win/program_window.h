@@ -13,7 +13,8 @@ enum class ProgramTimer : UINT_PTR {
   kSecond = 1227,
   kAnimation = 1228,
   kOptions = 1229,
-  kBackup = 1230,  // only while a backup is under way
+  kBackup = 1230,   // only while a backup is under way
+  kJournal = 1231,  // from the first change that is not in the journal
 };
 
 enum ProgramMessage : UINT {
@@ -21,6 +22,7 @@ enum ProgramMessage : UINT {
   kPurgeMessage,
   kCheckContentMessage,
   kRefreshStacksMessage,
+  kJournalMessage,
 };
 
 class ProgramWindow {

@@ -49,6 +49,17 @@ FileStatus WriteRegistryPath(TextView folder) {
   return FileStatus::Failed(LastErrorText(u"RegSetKeyValue", static_cast<DWORD>(status)));
 }
 
+Text UserAndMachine() {
+  constexpr DWORD kRoom = 257;
+  wchar_t user[kRoom] = {};
+  wchar_t machine[kRoom] = {};
+  DWORD userRoom = kRoom;
+  DWORD machineRoom = kRoom;
+  GetUserNameW(user, &userRoom);
+  GetComputerNameW(machine, &machineRoom);
+  return Text(FromWide(user)) + u" (" + Text(FromWide(machine)) + u")";
+}
+
 std::uint32_t InstanceNumber() {
   LARGE_INTEGER ticks{};
   QueryPerformanceCounter(&ticks);

@@ -15,4 +15,7 @@ FileStatus WriteRegistryPath(TextView folder);
 /// A number that tells this run of the program from others.
 std::uint32_t InstanceNumber();
 
+/// The user of this session and the machine, for people to read.
+Text UserAndMachine();
+
 }  // namespace jotlets

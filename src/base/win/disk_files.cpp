@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <random>
 
 #include "base/win/unique_handle.h"
 #include "base/win/wide.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::int64_t kLargestFile = 1LL << 30;
 constexpr DWORD kChunk = 1 << 24;
-constexpr TextView kNeighbour = u".new";
 
 bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
 
@@ -57,11 +57,32 @@ FileStatus WriteAll(HANDLE file, std::string_view bytes) {
   return {};
 }
 
+// A file beside another whose name nobody can know before, and so put a link there that leads elsewhere.
+Text NeighbourOf(const Text& path) {
+  std::random_device random;
+  Text name = path + u".";
+  for (int part = 0; part < 2; ++part) AppendHex(name, random() | 0x10000000u);
+  return name + Text(kNeighbourExtension);
+}
+
+UniqueHandle CreateNew(const Text& path) {
+  return OwnHandle(
+      CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 FileStatus WriteFlushed(const Text& path, std::string_view bytes) {
-  const UniqueHandle file = OwnHandle(
-      CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const UniqueHandle file = CreateNew(path);
   if (!file) return Outcome(false, u"CreateFile");
   if (FileStatus written = WriteAll(file.get(), bytes); !written) return written;
+  return Outcome(FlushFileBuffers(file.get()) != 0, u"FlushFileBuffers");
+}
+
+FileStatus FlushFile(const Text& path) {
+  // A copy has the attributes of what was copied.
+  SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
+  const UniqueHandle file = OwnHandle(
+      CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return Outcome(false, u"CreateFile");
   return Outcome(FlushFileBuffers(file.get()) != 0, u"FlushFileBuffers");
 }
 
@@ -145,7 +166,7 @@ bool DiskFiles::SameContent(TextView path, TextView other) const {
 
 FileStatus DiskFiles::Write(TextView path, std::string_view bytes) {
   const Text target(path);
-  const Text neighbour = target + Text(kNeighbour);
+  const Text neighbour = NeighbourOf(target);
   // A read-only target stands for "do not touch": replacing it would go through, unlike writing to it.
   const DWORD attributes = GetFileAttributesW(Wide(target));
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
@@ -167,8 +188,9 @@ FileStatus DiskFiles::Append(TextView path, std::string_view bytes) {
 
 FileStatus DiskFiles::Copy(TextView from, TextView to) {
   const Text target(to);
-  const Text neighbour = target + Text(kNeighbour);
-  FileStatus status = Outcome(CopyFileW(Wide(Text(from)), Wide(neighbour), FALSE) != 0, u"CopyFile");
+  const Text neighbour = NeighbourOf(target);
+  FileStatus status = Outcome(CopyFileW(Wide(Text(from)), Wide(neighbour), TRUE) != 0, u"CopyFile");
+  if (status) status = FlushFile(neighbour);
   if (status) status = PutInPlace(neighbour, target);
   if (!status) DeleteFileW(Wide(neighbour));
   return status;

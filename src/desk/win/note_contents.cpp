@@ -49,7 +49,7 @@ bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {
   jotlet.LoadContent(png);
   jotlet.Record().modified = RecordTime(clock_.Now().utc);
   InvalidateRect(jotlet.Handle(), nullptr, FALSE);
-  desk_.Changed();
+  desk_.Changed(jotlet.StoredRecord().id);
   return true;
 }
 

@@ -29,8 +29,10 @@ bool OpenNotes::Open(std::shared_ptr<JotletData> record) {
   if (content.state == FileContent::State::kRead) {
     const TextView fault = jotlet->LoadContent(content.bytes);
     if (!fault.empty()) log_.Write(kLogLifecycle, u"The content of jotlet ", id, u": ", fault);
-  } else if (content.state == FileContent::State::kUnreadable) {
-    log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
+  } else {
+    if (content.state == FileContent::State::kUnreadable)
+      log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
+    // A missing one may come later, from another machine.
     jotlet->KeepOldContent();
   }
   jotlets_.push_back(std::move(jotlet));
@@ -148,9 +150,11 @@ void OpenNotes::ForEachOf(const std::vector<Text>& ids, Do act) {
 }
 
 void OpenNotes::UnhideAll() {
-  for (const auto& jotlet : jotlets_) jotlet->Record().hidden = false;
+  for (const auto& jotlet : jotlets_) {
+    if (!std::exchange(jotlet->Record().hidden, false)) continue;
+    owner_.OnNoteChanged(jotlet->StoredRecord().id);
+  }
   ShowAll();
-  owner_.OnNoteChanged();
 }
 
 void OpenNotes::HideAll() {
@@ -311,7 +315,7 @@ void OpenNotes::Purge() {
 
 void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   switch (event) {
-    case JotletEvent::kChanged: return owner_.OnNoteChanged();
+    case JotletEvent::kChanged: return owner_.OnNoteChanged(jotlet.StoredRecord().id);
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);

@@ -24,7 +24,7 @@ class OpenNotesOwner {
  public:
   virtual ~OpenNotesOwner() = default;
   /// A note or its content has changed and wants to be saved.
-  virtual void OnNoteChanged() = 0;
+  virtual void OnNoteChanged(const Text& id) = 0;
   /// The mouse moves a note, or has let go of it; with Shift it may join a stack.
   virtual void OnNoteDragged(bool shift) = 0;
   virtual void OnNoteDropped(BJotlet& jotlet, bool shift) = 0;

@@ -7,7 +7,7 @@
 #include "data/data_file.h"
 #include "note/snapping.h"
 #include "res/resource.h"
-#include "schedule/win/close_stack_dialog.h"
+#include "ui/choice_dialog.h"
 
 namespace jotlets {
 namespace {
@@ -160,19 +160,21 @@ void OpenStacks::Close(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   log_.Write(kLogLifecycle, u"BStackDlg::OnClose()");
-  auto fate = NotesOfClosedStack::kStay;
+  bool closesNotes = false;
   if (!stack->Members().empty()) {
-    const auto chosen = BCloseStackDlg(resources_, stack->Members().size()).Ask(stack->Handle());
+    const Text count = IntText(static_cast<std::int64_t>(stack->Members().size()));
+    const Text question = ReplaceAll(resources_.String(IDS_STACK_CLOSING), u"%s", count);
+    const Choice choice = BChoiceDlg(IDD_CLOSE_STACK, question).Ask(resources_, stack->Handle());
     // The dialog lets everything else go on.
     stack = Find(number);
-    if (!chosen || stack == nullptr) return;
-    fate = *chosen;
+    if (choice == Choice::kNeither || stack == nullptr) return;
+    closesNotes = choice == Choice::kSecond;
   }
-  if (fate == NotesOfClosedStack::kStay) MoveOut(*stack, NotesOf(number), true);
+  if (!closesNotes) MoveOut(*stack, NotesOf(number), true);
   std::vector<Text> ids;
   for (const BJotlet* note : NotesOf(number)) ids.push_back(note->StoredRecord().id);
   for (const Text& id : ids) {
-    if (fate == NotesOfClosedStack::kClose) owner_.CloseForUser(id);
+    if (closesNotes) owner_.CloseForUser(id);
     BJotlet* note = desktop_.Find(id);
     if (note == nullptr) continue;
     // Hidden in a stack that is gone, one that could not be closed would be out of reach.

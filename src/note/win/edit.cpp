@@ -102,7 +102,8 @@ void BEdit::Recreate(const Look& look) {
   RECT bounds{};
   GetWindowRect(former, &bounds);
   MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
-  const std::string rtf = Rtf();
+  const std::optional<std::string> rtf = Rtf();
+  if (!rtf) return;
   const Point scroll = ScrollPosition();
   LetGo(former);
   if (!Create(parent, FromRECT(bounds), look, *watcher_)) {
@@ -111,7 +112,7 @@ void BEdit::Recreate(const Look& look) {
     objects_->AcceptDrops(edit_);
     return;
   }
-  SetRtf(rtf);
+  SetRtf(*rtf);
   beginningOnly_ = beginningOnly;
   SetReadOnly(look.readOnly);
   SetScrollPosition(scroll);
@@ -214,12 +215,15 @@ void BEdit::LoadBeginning(std::string_view rtf, TextView notice) {
   SetReadOnly(look_.readOnly);
 }
 
-std::string BEdit::Rtf() const {
+std::optional<std::string> BEdit::Rtf() const {
   std::string rtf;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, WriteBytes};
   SendMessageW(edit_, EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
   // The control ends its stream with a NUL or two, which belong to no rich text.
   while (!rtf.empty() && rtf.back() == '\0') rtf.pop_back();
+  // Some implementations go on after an error of ours, and end well.
+  const std::size_t last = rtf.find_last_not_of("\r\n ");
+  if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;
   return rtf;
 }
 

@@ -5,6 +5,7 @@
 
 #include <richedit.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,7 +57,8 @@ class BEdit {
   /// Replaces the content; the change does not count as the user's. False for a rich text that is damaged or
   /// holds objects, of which only the rest is shown.
   bool SetRtf(std::string_view rtf);
-  std::string Rtf() const;
+  /// The content as rich text; nothing when not all of it could be had.
+  std::optional<std::string> Rtf() const;
   /// Shows the words of the beginning of a large rich text below a line that says so, read-only until there
   /// is another content. What is shown must not be saved in its place.
   void LoadBeginning(std::string_view rtf, TextView notice);

@@ -15,7 +15,7 @@ class PictureContent final : public ShownContent {
   bool IsWhole() const override { return picture_.IsLoaded(); }
   bool HasUnsavedChanges() const override { return false; }
   void SetUnsavedChanges(bool) override {}
-  std::optional<std::string> BytesToSave() const override { return std::nullopt; }
+  ContentBytes BytesToSave() const override { return {}; }
   ContentCopy Copy(bool) const override { return {}; }
   Text PlainText() const override { return {}; }
   Text RichText() const override { return {}; }

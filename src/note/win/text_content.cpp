@@ -27,9 +27,11 @@ TextView TextContent::Load(std::string_view bytes) {
   return edit_.SetRtf(bytes) ? TextView() : TextView(u"not read whole");
 }
 
-std::optional<std::string> TextContent::BytesToSave() const {
-  if (!unsaved_ || !IsWhole()) return std::nullopt;
-  return edit_.Rtf();
+ContentBytes TextContent::BytesToSave() const {
+  if (!unsaved_ || !IsWhole()) return {};
+  std::optional<std::string> rtf = edit_.Rtf();
+  if (!rtf) return {FileStatus::Failed(u"the text could not be had whole"), std::nullopt};
+  return {{}, std::move(rtf)};
 }
 
 ContentCopy TextContent::Copy(bool asPlainText) const {
@@ -40,7 +42,7 @@ ContentCopy TextContent::Copy(bool asPlainText) const {
   return {asPlainText ? EncodeTextFile(PlainText()) : RtfBytes(RichText()), {}};
 }
 
-Text TextContent::RichText() const { return FromAscii(edit_.Rtf()); }
+Text TextContent::RichText() const { return FromAscii(edit_.Rtf().value_or(std::string())); }
 
 Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch}); }
 

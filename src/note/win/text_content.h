@@ -17,7 +17,7 @@ class TextContent final : public ShownContent {
   bool IsWhole() const override { return edit_.Handle() != nullptr && !edit_.ShowsBeginning(); }
   bool HasUnsavedChanges() const override { return unsaved_; }
   void SetUnsavedChanges(bool unsaved) override { unsaved_ = unsaved; }
-  std::optional<std::string> BytesToSave() const override;
+  ContentBytes BytesToSave() const override;
   ContentCopy Copy(bool asPlainText) const override;
   Text PlainText() const override { return edit_.PlainText(); }
   Text RichText() const override;
