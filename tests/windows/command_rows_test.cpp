@@ -344,17 +344,26 @@ TEST_F(FriendsTest, AreEditedAsATreeAndWrittenOnOk) {
   const auto middle = [&](LRESULT line) {
     return Point{bounds.left + 40, bounds.top + 2 + static_cast<std::int32_t>(line * row + row / 2)};
   };
+  const auto isDragged = [dialog] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info) && info.hwndCapture == dialog;
+  };
   const auto drag = [&](LRESULT from, LRESULT to) {
     const Point start = middle(from);
     const Point end = middle(to);
     SetCursorPos(start.x, start.y);
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    for (int step = 1; step <= 6; ++step) {
-      SetCursorPos(start.x + step, start.y + (end.y - start.y) * step / 6);
+    int step = 0;
+    ASSERT_TRUE(WaitUntil([&] {
+      SetCursorPos(start.x + ++step % 8, start.y);
       mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
-      WaitUntil([] { return false; }, 50);
-    }
+      return isDragged();
+    }));
+    SetCursorPos(end.x, end.y);
+    mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return !isDragged(); }));
   };
   drag(1, 2);
   Press(dialog, IDC_FRIEND_SET_HOME);  // refused: a friend is selected
