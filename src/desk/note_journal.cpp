@@ -26,14 +26,14 @@ void NoteJournal::SetFolder(TextView dataFolder, TextView installId) {
 }
 
 void NoteJournal::ForgetChanges() {
-  lists_.TakeChanges();
+  lists_.CollectChanges();
   lists_.stacksChanged = false;
 }
 
-void NoteJournal::TakeChanges() { pending_.merge(lists_.TakeChanges()); }
+void NoteJournal::CollectChanges() { pending_.merge(lists_.CollectChanges()); }
 
 bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
-  TakeChanges();
+  CollectChanges();
   if (!lists_.stacksChanged && pending_.empty()) return true;
   FileStatus status = CatchUp();
   if (status && lists_.stacksChanged) status = WriteStacks();
@@ -47,7 +47,7 @@ bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
 }
 
 void NoteJournal::BeforeContents(const std::vector<Text>& ids) {
-  TakeChanges();
+  CollectChanges();
   FileStatus status;
   bool written = false;
   for (const Text& id : ids) {

@@ -58,7 +58,7 @@ class NoteJournal {
     bool contentsWritten = false;
   };
 
-  void TakeChanges();
+  void CollectChanges();
   FileStatus CatchUp();
   FileStatus WriteNote(const Text& id, bool isImage);
   FileStatus WriteStacks();

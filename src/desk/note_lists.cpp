@@ -51,7 +51,7 @@ std::vector<Text> IdsOf(const OpenNoteList& records) {
   return ids;
 }
 
-std::unordered_map<Text, bool> NoteLists::TakeChanges() {
+std::unordered_map<Text, bool> NoteLists::CollectChanges() {
   std::unordered_map<Text, bool> all = desktop.Changes().Take();
   for (RecordList* list : {&attached, &sleeping, &closed}) all.merge(list->Changes().Take());
   return all;

@@ -56,7 +56,7 @@ struct NoteLists {
   bool stacksChanged = false;
 
   /// What came, went or may have been changed in any list since the last call.
-  std::unordered_map<Text, bool> TakeChanges();
+  std::unordered_map<Text, bool> CollectChanges();
 
   /// Which list has a note of this id, without regard to case.
   std::optional<NoteList> WhereIs(TextView id) const;

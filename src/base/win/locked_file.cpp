@@ -119,7 +119,7 @@ FileStatus LockedFile::Append(std::string_view bytes) {
 
 FileStatus LockedFile::Reset(std::string_view bytes) {
   if (!file_) return FileStatus::Failed(u"not open");
-  if (FileStatus there = ReopenIfGone(); !there) return there;
+  if (FileStatus reopened = ReopenIfGone(); !reopened) return reopened;
   FILE_END_OF_FILE_INFO end{};
   if (!SetFileInformationByHandle(file_.get(), FileEndOfFileInfo, &end, sizeof end))
     return Failed(u"SetEndOfFile");
