@@ -19,15 +19,15 @@ bool CustomCommands::Remove(TextView word) {
          0;
 }
 
-const std::vector<CustomCommand>& CustomCommands::Number(std::int32_t firstId) {
+std::vector<CustomCommand> CustomCommands::Number(std::int32_t firstId) {
   for (CustomCommand& command : commands_) command.menuId = firstId++;
   return commands_;
 }
 
-Text CustomCommands::WordOf(std::int32_t menuId) const {
-  const auto found = std::find_if(commands_.begin(), commands_.end(),
+Text WordOf(const std::vector<CustomCommand>& shown, std::int32_t menuId) {
+  const auto found = std::find_if(shown.begin(), shown.end(),
                                   [menuId](const CustomCommand& c) { return c.menuId == menuId; });
-  return found == commands_.end() ? Text() : found->word;
+  return found == shown.end() ? Text() : found->word;
 }
 
 }  // namespace jotlets

@@ -26,15 +26,17 @@ class CustomCommands {
   /// False when there is no such word.
   bool Remove(TextView word);
 
-  bool IsEmpty() const { return commands_.empty(); }
-  /// Gives the entries consecutive ids from `firstId` and returns them, for a menu that is built now.
-  const std::vector<CustomCommand>& Number(std::int32_t firstId);
-  /// The word of the entry that was last given this id; empty when there is none.
-  Text WordOf(std::int32_t menuId) const;
+  const std::vector<CustomCommand>& List() const { return commands_; }
+  /// Gives the entries consecutive ids from `firstId` and returns them as they are now: a menu that is built of
+  /// them stays true when they change while it is open.
+  std::vector<CustomCommand> Number(std::int32_t firstId);
 
  private:
   std::vector<CustomCommand> commands_;
 };
+
+/// The word of the entry with this id; empty when there is none.
+Text WordOf(const std::vector<CustomCommand>& shown, std::int32_t menuId);
 
 /// The entries of both menus.
 struct CustomMenus {

@@ -223,6 +223,17 @@ TEST_F(RowsTest, MenusShowWhatProgramsAddAndTellThem) {
   PressKeys({'Z'});
   EXPECT_TRUE(WaitUntil([&] { return events.size() == 2; }));
   EXPECT_EQ(events.back(), u"505 custom jotlet command: translate AA01");
+
+  // Left by the keyboard out of a menu below; then what is chosen has been removed meanwhile.
+  ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, Title(note), true));
+  for (const int key : {VK_UP, VK_UP, VK_UP, VK_UP, VK_RIGHT, VK_ESCAPE, VK_ESCAPE})
+    PressKeys({static_cast<WORD>(key)});
+  EXPECT_TRUE(WaitUntil([this] { return !MenuIsOpen(); }));
+  ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, Title(note), true));
+  EXPECT_EQ(Reply(u"do jotletmenudel translate"), u"000 OK removed");
+  PressKeys({'Z'});
+  EXPECT_TRUE(WaitUntil([&] { return events.size() == 3; }));
+  EXPECT_EQ(events.back(), u"505 custom jotlet command: translate AA01");
 }
 
 // What a fuzzer would send: rows cut, joined, doubled and filled with anything.

@@ -9,9 +9,21 @@ namespace {
 
 constexpr UINT kNotYet[] = {ID_OPTIONS, ID_HELP_JOTLETS};
 
+// Between separators, before the entry at `position`.
+void InsertCustomEntries(HMENU menu, int position, const std::vector<CustomCommand>& custom) {
+  if (custom.empty()) return;
+  const auto insert = [&](UINT flags, int id, const Text& text) {
+    InsertMenuW(menu, static_cast<UINT>(position++), MF_BYPOSITION | flags, static_cast<UINT_PTR>(id),
+                Wide(text));
+  };
+  insert(MF_SEPARATOR, 0, {});
+  for (const CustomCommand& command : custom) insert(MF_STRING, command.menuId, command.caption);
+  insert(MF_SEPARATOR, 0, {});
+}
+
 }  // namespace
 
-UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, CustomCommands& custom) {
+UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vector<CustomCommand>& custom) {
   UniqueMenu menu = resources.Menu(IDM_TRAY);
   for (const UINT command : kNotYet) EnableMenuItem(menu.get(), command, MF_BYCOMMAND | MF_GRAYED);
   const Text showOrHide = resources.String(hidden ? IDS_SHOW_ALL : IDS_HIDE_ALL);
@@ -19,19 +31,6 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, CustomCommands&
   const HMENU entries = GetSubMenu(menu.get(), 0);
   InsertCustomEntries(entries, GetMenuItemCount(entries) - 1, custom);
   return menu;
-}
-
-void InsertCustomEntries(HMENU menu, int position, CustomCommands& custom) {
-  if (custom.IsEmpty()) return;
-  if (position < 0) position = GetMenuItemCount(menu);
-  const auto insert = [&](UINT flags, int id, const Text& text) {
-    InsertMenuW(menu, static_cast<UINT>(position++), MF_BYPOSITION | flags, static_cast<UINT_PTR>(id),
-                Wide(text));
-  };
-  insert(MF_SEPARATOR, 0, {});
-  for (const CustomCommand& command : custom.Number(kFirstCustomId))
-    insert(MF_STRING, command.menuId, command.caption);
-  insert(MF_SEPARATOR, 0, {});
 }
 
 void ShowPopupMenu(HWND owner, HMENU menu) {

@@ -9,13 +9,9 @@
 namespace jotlets {
 
 /// The tray menu: what this version cannot do yet is greyed, and the entry without a fixed text says what it
-/// does now. The entries of other programs come before the last.
-UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, CustomCommands& custom);
-
-/// Adds a separator and the entries of other programs to a menu, with ids from `kFirstCustomId`, before the
-/// entry at `position`, -1 for the end.
-void InsertCustomEntries(HMENU menu, int position, CustomCommands& custom);
-inline constexpr int kFirstCustomId = 20000;
+/// does now. The entries of other programs come before the last, with their ids.
+UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vector<CustomCommand>& custom);
+inline constexpr std::int32_t kFirstCustomId = 20000;
 
 /// Shows the first pop-up of a menu at the mouse; the choice comes to `owner` as WM_COMMAND.
 void ShowPopupMenu(HWND owner, HMENU menu);

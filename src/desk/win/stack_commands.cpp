@@ -4,6 +4,7 @@
 #include "base/win/wide.h"
 #include "desk/win/open_stacks.h"
 #include "res/resource.h"
+#include "ui/popup_menu.h"
 #include "ui/system_choosers.h"
 #include "ui/text_dialog.h"
 
@@ -48,8 +49,7 @@ void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member
   const RECT bounds = ToRECT(stack.Bounds());
   if (!PtInRect(&bounds, at)) at = {bounds.left + 16, bounds.top + 24};
   SetForegroundWindow(stack.Handle());
-  const auto chosen = static_cast<UINT>(
-      TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, stack.Handle(), nullptr));
+  const UINT chosen = ChooseFromMenu(menu, {at.x, at.y}, stack.Handle());
   // The menu runs a message loop of its own, in which the stack may go.
   if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
 }

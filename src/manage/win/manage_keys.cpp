@@ -2,6 +2,7 @@
 #include "base/win/wide.h"
 #include "manage/win/manage_dialog.h"
 #include "res/resource.h"
+#include "ui/popup_menu.h"
 
 namespace jotlets {
 
@@ -74,8 +75,7 @@ void BManageDlg::OnContextMenu(POINT at) {
     AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
     if (DefaultAction(view_) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
   }
-  const int chosen =
-      TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, Handle(), nullptr);
+  const UINT chosen = ChooseFromMenu(menu.get(), {at.x, at.y}, Handle());
   if (chosen > 0 && IsOpen()) ActSoon(static_cast<ManageAction>(chosen - 1));
 }
 

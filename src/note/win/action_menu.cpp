@@ -1,15 +1,19 @@
 #include "note/win/action_menu.h"
 
 #include <algorithm>
-#include <vector>
+#include <span>
 
 #include "base/win/wide.h"
 #include "note/shortcuts.h"
 #include "res/resource.h"
+#include "ui/popup_menu.h"
 #include "ui/window.h"
 
 namespace jotlets {
 namespace {
+
+// The ids of extra entries, by their places; those of commands are their codes.
+constexpr UINT kFirstExtra = 1000;
 
 // An entry that is no command: a menu below, or the extra entries of a part, in a menu of their own when
 // there is a text.
@@ -25,6 +29,7 @@ constexpr OtherEntry kOthers[] = {
     {{NoteMenu::kJotletMenu, 240}, IDS_MENU_MARKS, NoteMenu::kMarksMenu},
     {.place = {NoteMenu::kJotletMenu, 440}, .part = MenuPart::kAttachment},
     {{NoteMenu::kJotletMenu, 450}, IDS_MENU_STACKS, NoteMenu::kStacksMenu, MenuPart::kStacks},
+    {.place = {NoteMenu::kJotletMenu, 900}, .part = MenuPart::kOfOthers},
     {{NoteMenu::kTextMenu, 310}, IDS_MENU_FORMAT, NoteMenu::kFormatMenu},
     {{NoteMenu::kTextMenu, 320}, IDS_MENU_ALIGN, NoteMenu::kAlignMenu},
     {{NoteMenu::kTextMenu, 330}, IDS_MENU_BULLETS, NoteMenu::kBulletsMenu},
@@ -59,10 +64,12 @@ UINT StateFlags(bool enabled, bool checked) {
 }
 
 void AppendExtras(HMENU menu, MenuPart part, std::span<const ExtraEntry> extras) {
+  UINT id = kFirstExtra;
   for (const ExtraEntry& extra : extras) {
+    const UINT own = id++;
     if (extra.part != part) continue;
-    const UINT flags = extra.id == 0 ? MF_SEPARATOR : StateFlags(extra.enabled, extra.checked);
-    AppendMenuW(menu, flags, extra.id, Wide(extra.text));
+    const UINT flags = extra.run ? StateFlags(extra.enabled, extra.checked) : MF_SEPARATOR;
+    AppendMenuW(menu, flags, own, Wide(extra.text));
   }
 }
 
@@ -77,6 +84,7 @@ class MenuBuilder {
     UniqueMenu menu(CreatePopupMenu());
     std::int32_t last = 0;
     for (const Entry& entry : EntriesOf(which)) {
+      if (!IsThere(entry)) continue;
       if (last != 0 && entry.at / kStretch != last / kStretch)
         AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
       last = entry.at;
@@ -90,6 +98,12 @@ class MenuBuilder {
   }
 
  private:
+  // A part without entries gets no separator either.
+  bool IsThere(const Entry& entry) const {
+    return entry.other == nullptr || entry.other->text != 0 ||
+           std::ranges::count(extras_, entry.other->part, &ExtraEntry::part) != 0;
+  }
+
   void AppendAction(HMENU menu, const NoteAction& row) const {
     const ActionState state = StateOf(row.code, facts_);
     const auto code = static_cast<UINT>(row.code);
@@ -115,8 +129,8 @@ class MenuBuilder {
 }  // namespace
 
 ActionMenu::ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
-                       std::span<const ExtraEntry> extras)
-    : menu_(MenuBuilder(resources, facts, extras).Build(which)) {}
+                       std::vector<ExtraEntry> extras)
+    : extras_(std::move(extras)), menu_(MenuBuilder(resources, facts, extras_).Build(which)) {}
 
 UINT ChooseFromMenu(HMENU menu, HWND owner) {
   Point at = MousePosition();
@@ -125,10 +139,15 @@ UINT ChooseFromMenu(HMENU menu, HWND owner) {
   GetWindowRect(owner, &bounds);
   const Rect area = FromRECT(bounds);
   if (!area.Contains(at)) at = {area.left + 16, area.top + 24};
-  const BOOL chosen = TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr);
-  return static_cast<UINT>(chosen);
+  return ChooseFromMenu(menu, at, owner);
 }
 
-UINT ActionMenu::Choose(HWND owner) const { return ChooseFromMenu(menu_.get(), owner); }
+MenuChoice ActionMenu::Choose(HWND owner) const {
+  const UINT chosen = ChooseFromMenu(menu_.get(), owner);
+  UINT id = kFirstExtra;
+  for (const ExtraEntry& extra : extras_)
+    if (id++ == chosen) return {kActionNone, &extra};
+  return {RowOf(static_cast<std::int32_t>(chosen)).code, nullptr};
+}
 
 }  // namespace jotlets

@@ -4,7 +4,8 @@
 
 #include <windows.h>
 
-#include <span>
+#include <functional>
+#include <vector>
 
 #include "note/action_state.h"
 #include "note/action_table.h"
@@ -12,34 +13,41 @@
 
 namespace jotlets {
 
-/// A part of a menu that is not the same for every note.
-enum class MenuPart { kNothing, kAttachment, kStacks };
+class BJotlet;
 
-/// An entry that is no action code, such as the name of a stack.
+/// A part of a menu that is not the same for every note.
+enum class MenuPart { kNothing, kAttachment, kStacks, kOfOthers };
+
+/// An entry that is no action code, such as the name of a stack. It brings along all that it needs to be carried
+/// out: while the menu is open, what it was made of may go.
 struct ExtraEntry {
   MenuPart part = MenuPart::kNothing;
-  UINT id = 0;  // `kFirstExtra` or above; 0 for a separator
   Text text;
+  std::function<void(BJotlet& jotlet)> run;  // none for a separator
   bool enabled = true;
   bool checked = false;
 };
-inline constexpr UINT kFirstExtra = 1000;
 
-/// Shows a menu at the mouse and waits; the number of the chosen entry, 0 when it was left.
+/// What was chosen: at most one of these.
+struct MenuChoice {
+  ActionCode action = kActionNone;
+  const ExtraEntry* extra = nullptr;  // of the menu
+};
+
+/// Shows a menu at the mouse, or at its window when the mouse is elsewhere, and waits; the id of the entry chosen,
+/// 0 when it was left.
 UINT ChooseFromMenu(HMENU menu, HWND owner);
 
 class ActionMenu {
  public:
   ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
-             std::span<const ExtraEntry> extras);
+             std::vector<ExtraEntry> extras);
 
-  /// For what others add to it.
-  HMENU Handle() const { return menu_.get(); }
-
-  /// Shows the menu at the mouse and waits; the action code or extra entry chosen, 0 when it was left.
-  UINT Choose(HWND owner) const;
+  /// Shows the menu at the mouse and waits.
+  MenuChoice Choose(HWND owner) const;
 
  private:
+  std::vector<ExtraEntry> extras_;
   UniqueMenu menu_;
 };
 

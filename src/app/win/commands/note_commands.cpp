@@ -2,7 +2,6 @@
 
 #include <shellapi.h>
 
-#include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
@@ -101,59 +100,56 @@ void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
   if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
   const Text id = jotlet.StoredRecord().id;
   const ActionMenu menu(tools_.resources, which, FactsOf(jotlet), ExtrasOf(jotlet));
-  CustomCommands& custom = tools_.menus.ofNotes;
-  if (which == NoteMenu::kJotletMenu) InsertCustomEntries(menu.Handle(), -1, custom);
-  std::vector<std::int32_t> stacks;
-  for (const StackRecord& stack : tools_.desk.Lists().stacks) stacks.push_back(stack.number);
   // The menu runs a message loop of its own, in which anything may happen to the note.
-  const UINT chosen = menu.Choose(jotlet.Handle());
+  const MenuChoice chosen = menu.Choose(jotlet.Handle());
   BJotlet* note = tools_.notes.Find(id);
-  if (note == nullptr || chosen == 0) return;
-  if (const Text word = custom.WordOf(static_cast<std::int32_t>(chosen)); !word.empty()) {
-    tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {id}, word});
-    return;
-  }
-  if (chosen >= kFirstStack) {
-    const std::size_t stack = chosen - kFirstStack;
-    if (stack < stacks.size()) tools_.stacks.Add(stacks[stack], *note);
-  } else if (chosen >= kFirstExtra) {
-    DoExtra(*note, chosen);
-  } else {
-    note->DoAction(static_cast<ActionCode>(chosen), {});
+  if (note == nullptr) return;
+  if (chosen.extra != nullptr) {
+    chosen.extra->run(*note);
+  } else if (chosen.action != kActionNone) {
+    note->DoAction(chosen.action, {});
   }
 }
 
-// Entries that only some notes have, or that depend on which stacks there are.
-std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) const {
+// Entries that only some notes have, that depend on which stacks there are, or that others have added.
+std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   const JotletData& record = jotlet.StoredRecord();
   const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
+  const auto text = [this](UINT id) { return tools_.resources.String(id); };
   std::vector<ExtraEntry> extras = {
-      {MenuPart::kAttachment, kUnattach, tools_.resources.String(IDS_MENU_UNATTACH), record.IsAttached()},
-      {MenuPart::kStacks, kNewStack, tools_.resources.String(IDS_MENU_NEW_STACK)},
-      {MenuPart::kStacks, kLeaveStack, tools_.resources.String(IDS_MENU_LEAVE_STACK), inStack},
-      {MenuPart::kStacks, kShowStack, tools_.resources.String(IDS_MENU_SHOW_STACK), inStack}};
-  if (!tools_.desk.Lists().stacks.empty()) extras.push_back({MenuPart::kStacks});
-  UINT entry = kFirstStack;
-  for (const StackRecord& stack : tools_.desk.Lists().stacks) {
-    // An ampersand of the name is no mnemonic.
-    extras.push_back({MenuPart::kStacks, entry++, ReplaceAll(OneLine(stack.title), u"&", u"&&"), true,
-                      stack.number == record.stack});
+      {MenuPart::kAttachment, text(IDS_MENU_UNATTACH), [this](BJotlet& note) { Unattach(note); },
+       record.IsAttached()},
+      {MenuPart::kStacks, text(IDS_MENU_NEW_STACK), [this](BJotlet& note) { AddToNewStack(note); }},
+      {MenuPart::kStacks, text(IDS_MENU_LEAVE_STACK),
+       [this](BJotlet& note) { tools_.stacks.RemoveMember(note); }, inStack},
+      {MenuPart::kStacks, text(IDS_MENU_SHOW_STACK), [this](BJotlet& note) { ShowParent(note); }, inStack}};
+  AddStacks(record, extras);
+  for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
+    extras.push_back({MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
+                        tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven,
+                                            {note.StoredRecord().id}, word});
+                      }});
   }
   return extras;
 }
 
-void NoteCommands::DoExtra(BJotlet& jotlet, UINT chosen) {
-  switch (chosen) {
-    case kUnattach:
-      for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
-      break;
-    case kNewStack:
-      if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
-      break;
-    case kLeaveStack: tools_.stacks.RemoveMember(jotlet); break;
-    case kShowStack: ShowParent(jotlet); break;
-    default: break;
+void NoteCommands::AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras) {
+  const std::vector<StackRecord>& stacks = tools_.desk.Lists().stacks;
+  if (!stacks.empty()) extras.push_back({MenuPart::kStacks});
+  for (const StackRecord& stack : stacks) {
+    // An ampersand of the name is no mnemonic.
+    extras.push_back({MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
+                      [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); }, true,
+                      stack.number == record.stack});
   }
+}
+
+void NoteCommands::Unattach(BJotlet& jotlet) {
+  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
+}
+
+void NoteCommands::AddToNewStack(BJotlet& jotlet) {
+  if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
 }
 
 void NoteCommands::ShowParent(BJotlet& jotlet) {

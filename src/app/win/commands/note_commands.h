@@ -56,7 +56,6 @@ class NoteCommands {
   ActionFacts FactsOf(const BJotlet& jotlet) const;
 
  private:
-  enum Extra : UINT { kUnattach = kFirstExtra, kNewStack, kLeaveStack, kShowStack, kFirstStack };
   struct Handler;
   static const Handler kHandlers[];
 
@@ -86,8 +85,10 @@ class NoteCommands {
   void Attach(BJotlet& jotlet);
   void ShowParent(BJotlet& jotlet);
 
-  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet) const;
-  void DoExtra(BJotlet& jotlet, UINT chosen);
+  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet);
+  void AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras);
+  void Unattach(BJotlet& jotlet);
+  void AddToNewStack(BJotlet& jotlet);
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, NoteMenu which);

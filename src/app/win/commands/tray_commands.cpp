@@ -41,7 +41,7 @@ void TrayCommands::EditFriends() {
 
 // An entry that another program has added to the menu.
 void TrayCommands::ChooseCustom(UINT command) {
-  const Text word = tools_.menus.ofProgram.WordOf(static_cast<int>(command));
+  const Text word = WordOf(shownCustom_, static_cast<std::int32_t>(command));
   if (!word.empty()) tools_.events.Send({EventKind::kProgramCommand, Reason::kNotGiven, {}, word});
 }
 
@@ -59,10 +59,11 @@ void TrayCommands::OnHotKey(int id) {
 }
 
 void TrayCommands::OnTray(UINT message) {
-  if (message == WM_RBUTTONUP)
-    return ShowPopupMenu(
-        tools_.window.Handle(),
-        MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, tools_.menus.ofProgram).get());
+  if (message == WM_RBUTTONUP) {
+    shownCustom_ = tools_.menus.ofProgram.Number(kFirstCustomId);
+    const UniqueMenu menu = MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, shownCustom_);
+    return ShowPopupMenu(tools_.window.Handle(), menu.get());
+  }
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
   StopFlashing();
   const bool creates =

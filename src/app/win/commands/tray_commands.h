@@ -80,6 +80,7 @@ class TrayCommands {
   void EditFriends();
 
   TrayCommandTools tools_;
+  std::vector<CustomCommand> shownCustom_;  // the entries of others in the menu that was shown last
   HWND editingFriends_ = nullptr;  // the dialog, while it is open
 };
 

@@ -1,0 +1,29 @@
+#include "ui/popup_menu.h"
+
+namespace jotlets {
+namespace {
+
+bool HasCommand(HMENU menu, UINT command) {
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    MENUITEMINFOW entry{};
+    entry.cbSize = sizeof entry;
+    entry.fMask = MIIM_ID | MIIM_SUBMENU | MIIM_FTYPE;
+    if (!GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &entry)) continue;
+    if (entry.hSubMenu != nullptr) {
+      if (HasCommand(entry.hSubMenu, command)) return true;
+    } else if (entry.wID == command && (entry.fType & MFT_SEPARATOR) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+UINT ChooseFromMenu(HMENU menu, Point at, HWND owner) {
+  const auto chosen = static_cast<UINT>(
+      TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
+  return HasCommand(menu, chosen) ? chosen : 0;
+}
+
+}  // namespace jotlets
