@@ -10,6 +10,9 @@ constexpr std::array kDataSetFiles = {kDataFileName,    kStoreFileName,         
                                       kOptionsFileName, kFriendsFileName,        kDefaultRtfName,
                                       kDefaultPngName,  TextView(u"borders.png")};
 
+// What a skin is made of: packages, and loose ones with their pictures.
+constexpr std::array kSkinExtensions = {TextView(u".jsk"), TextView(u".ini"), TextView(u".png"), TextView(u".bmp")};
+
 bool HoldsData(const Files& files, const Text& folder) {
   return !folder.empty() &&
          (files.Exists(folder + Text(kDataFileName)) || files.Exists(folder + Text(kStoreFileName)));
@@ -49,6 +52,11 @@ std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder) {
       paths.push_back(Text(folder) + name);
     }
   }
+  for (const TextView extension : kSkinExtensions) {
+    for (const Text& name : files.List(Text(dataFolder).append(kSkinsFolder), extension)) {
+      paths.push_back(Text(kSkinsFolder) + name);
+    }
+  }
   for (const TextView name : kDataSetFiles) {
     if (files.Exists(Text(dataFolder).append(name))) paths.emplace_back(name);
   }
@@ -60,6 +68,7 @@ FileStatus MakeContentFolders(Files& files, TextView folder) {
   for (const ContentFolder& content : kContentFolders) {
     if (status) status = files.MakeFolder(Text(folder).append(content.folder));
   }
+  if (status) status = files.MakeFolder(Text(folder).append(kSkinsFolder));
   return status;
 }
 

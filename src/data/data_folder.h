@@ -54,10 +54,10 @@ inline constexpr std::array<ContentFolder, 2> kContentFolders = {
     {{kImagesFolder, u".png"}, {kRtfFolder, u".rtf"}}};
 
 /// The files of the data set that are there, as paths inside the data folder: every picture and rich text,
-/// the data, options and friends files, the store and what travels with them.
+/// the data, options and friends files, the store, and what travels with them, skins among it.
 std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder);
 
-/// Creates a folder with the folders of content files.
+/// Creates a folder with the folders that files of the data set are in.
 FileStatus MakeContentFolders(Files& files, TextView folder);
 
 /// Creates the data folder's sub-folders.

@@ -133,7 +133,7 @@ TEST_F(BackupFolder, LeavesNothingAndHarmsNothingWhenAnyStepFails) {
     EXPECT_NE(job.Reason(), u"");
     EXPECT_EQ(job.Step(1), Job::State::kFailed);
   }
-  EXPECT_EQ(failures, 9);  // three folders, five files, the rename
+  EXPECT_EQ(failures, 10);  // four folders, five files, the rename
 }
 
 TEST_F(BackupFolder, FollowsNotesThatChangeOrGoMeanwhile) {
