@@ -1,5 +1,7 @@
 #include "backup/backup_keeper.h"
 
+#include <algorithm>
+
 #include "data/data_folder.h"
 
 namespace jotlets {
@@ -9,11 +11,25 @@ constexpr std::int64_t kRetrySeconds = 3600;
 
 }  // namespace
 
+Text BackupKeeper::FolderByOptions() const {
+  const Text folder = options_.backupDir.empty() ? Text(kBackupsFolder) : WithSeparator(options_.backupDir);
+  // The current folder is whatever the program happened to be started from.
+  return IsFullPath(folder) ? folder : data_ + folder;
+}
+
+void BackupKeeper::FollowOptions() {
+  if (FolderByOptions() != backups_) Open(Text(data_));
+}
+
+void BackupKeeper::LogNewest() const {
+  const std::vector<Text> names = files_.ListFolders(backups_);
+  const auto newest = std::find_if(names.rbegin(), names.rend(), [](const Text& name) { return BackupTime(name).has_value(); });
+  if (newest != names.rend()) log_.Write(kLogLifecycle, u"Most recent backup is: ", *newest);
+}
+
 void BackupKeeper::Open(TextView dataFolder) {
   data_ = dataFolder;
-  backups_ = options_.backupDir.empty() ? Text(kBackupsFolder) : WithSeparator(options_.backupDir);
-  // The current folder is whatever the program happened to be started from.
-  if (!IsFullPath(backups_)) backups_.insert(0, data_);
+  backups_ = FolderByOptions();
   last_.reset();
   hasAny_ = false;
   // Names from before the clock was set back say nothing about when the last one was taken.
@@ -26,7 +42,6 @@ void BackupKeeper::Open(TextView dataFolder) {
     hasAny_ = true;
     const std::int64_t utc = clock_.ToUtc(*taken);
     if (utc > latest) continue;
-    log_.Write(kLogLifecycle, u"Most recent backup is: ", *name);
     last_ = utc;
   }
 }

@@ -15,9 +15,12 @@ class BackupKeeper {
   BackupKeeper(Files& files, const CodePage& ansi, const Clock& clock, Log& log, const Options& options)
       : files_(files), ansi_(ansi), clock_(clock), log_(log), options_(options) {}
 
-  /// Looks for the newest backup of a data folder and logs it. Call it when the options are known: one of
-  /// them may name another place for the backups.
+  /// Looks for the backups of a data folder, at the place that the options name.
   void Open(TextView dataFolder);
+  /// Looks again when the options name another place by now.
+  void FollowOptions();
+  /// Logs the newest backup there, by its name.
+  void LogNewest() const;
 
   /// Where the backups are, with "\" at the end.
   const Text& BackupsFolder() const { return backups_; }
@@ -49,6 +52,8 @@ class BackupKeeper {
   RestoreJob Restore(TextView name);
 
  private:
+  Text FolderByOptions() const;
+
   Files& files_;
   const CodePage& ansi_;
   const Clock& clock_;

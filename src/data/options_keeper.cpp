@@ -14,6 +14,8 @@ void OptionsKeeper::Peek(TextView dataFolder) {
 
 void OptionsKeeper::Load(TextView dataFolder) {
   path_ = Text(dataFolder) + Text(kOptionsFileName);
+  // What was peeked at may have been replaced by a backup since.
+  options_ = {};
   unread_ = !LoadOptionsToReplace(files_, ansi_, log_, clock_.Now().local, path_, options_);
   // How many closed notes to keep is then not known: none is dropped.
   if (unread_) options_.keepDeleted = std::numeric_limits<std::int32_t>::max();

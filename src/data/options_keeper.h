@@ -19,7 +19,7 @@ class OptionsKeeper {
   Options& Current() { return options_; }
   const Options& Current() const { return options_; }
 
-  /// Takes what the options file of a data folder says, for a start that may still have to leave it alone.
+  /// Takes what the options file of a data folder says, for a start that has not come to load it.
   void Peek(TextView dataFolder);
   /// Loads the options of a data folder, which are written back from now on. A file that could be neither
   /// read nor kept under another name is never replaced, and no closed note is dropped while that holds.

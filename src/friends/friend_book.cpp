@@ -3,6 +3,7 @@
 #include "data/data_folder.h"
 #include "data/loading.h"
 #include "data/text_file.h"
+#include "friends/friend_merging.h"
 
 namespace jotlets {
 
@@ -13,8 +14,19 @@ void FriendBook::Open(TextView dataFolder) {
     log_.Write(kLogLifecycle, u"Unable to read '", path_, u"': ", content.reason);
   }
   const TextFile file = DecodeTextFile(content.bytes, ansi_);
-  keepOldFile_ = file.damaged || content.state == FileContent::State::kUnreadable;
-  list_ = ParseFriends(file.text);
+  FriendReader reader;
+  LineReader lines(file.text);
+  for (TextView line; lines.Next(line);) reader.LoadFriendLine(line);
+  keepOldFile_ = file.damaged || reader.PassedOver() || content.state == FileContent::State::kUnreadable;
+  list_ = reader.List();
+}
+
+void FriendBook::Merge(std::span<const Text> friendLines) {
+  FriendReader reader;
+  for (const Text& line : friendLines) reader.LoadFriendLine(line);
+  const std::size_t added = MergeFriends(list_, reader.List());
+  dirty_ = dirty_ || added != 0;
+  if (added != 0) log_.Write(kLogLifecycle, u"Entries of the data file's friends added: ", added);
 }
 
 FileStatus FriendBook::Replace(FriendList list) {
@@ -26,6 +38,7 @@ FileStatus FriendBook::Replace(FriendList list) {
   FileStatus written = SaveFriends(files_, log_, path_, list);
   if (written) {
     keepOldFile_ = false;
+    dirty_ = false;
     list_ = std::move(list);
   }
   return written;

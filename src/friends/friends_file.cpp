@@ -69,9 +69,13 @@ void FriendReader::LoadFriendLine(TextView whole) {
     level_ = 1;
   } else if (place_ == Place::kInside) {
     ParseEntry(line);
-  } else if (!ParseSetting(whole) && place_ == Place::kBehind && line.find_first_of(u"={}") != line.npos) {
+  } else if (ParseSetting(whole)) {
+    return;
+  } else if (place_ == Place::kBehind && line.find_first_of(u"={}") != line.npos) {
     // A brace too many must not cost the rest of the list.
     ParseEntry(line);
+  } else if (const TextView words = TrimBlanks(line); !words.empty() && words != kSection) {
+    passedOver_ = true;
   }
 }
 

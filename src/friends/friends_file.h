@@ -15,6 +15,8 @@ class FriendReader {
   void LoadFriendLine(TextView line);
   /// What has been read so far.
   const FriendList& List() const { return list_; }
+  /// Whether a line was passed over that says something: the list alone would not give it back.
+  bool PassedOver() const { return passedOver_; }
 
  private:
   enum class Place { kBefore, kInside, kBehind };
@@ -26,6 +28,7 @@ class FriendReader {
   Place place_ = Place::kBefore;
   std::int32_t level_ = 1;
   std::size_t home_ = kNoFriend;
+  bool passedOver_ = false;
 };
 
 /// The list in a whole text.

@@ -118,6 +118,29 @@ TEST(FriendBook, KeepsADamagedFileAndFailsWithoutLoss) {
   EXPECT_EQ(files.Get(u"C:\\friends.ini"), EncodeTextFile(ComposeFriends({})));
 }
 
+TEST(FriendBook, TakesWhatAnOlderDataFileHasBesides) {
+  FakeFiles files;
+  FakeLog log;
+  FakeClock clock;
+  const Latin1 ansi;
+  files.Put(u"C:\\friends.ini", EncodeTextFile(u"[Friends]\nDate=d\nFF1:Ann\nnobody's line\nFriends {\n"
+                                                u"Ann=1||\nWork {\nBen=2||\n}\n}\n"));
+  const std::string before = files.Get(u"C:\\friends.ini");
+  FriendBook book(files, ansi, clock, log);
+  const std::vector<Text> older = {u"Date=o",    u"FF1:Zoe", u"FF2:Ann", u"Friends {", u"Ann=1||", u"-",
+                                   u"Work { (home)", u"Ben=3||", u"In {", u"Cleo=4||",  u"}", u"}",
+                                   u"Home {",    u"Ann=9||", u"}",       u"}"};
+  for (int start = 0; start < 2; ++start) {
+    book.Open(u"C:\\");
+    book.Merge(older);
+    EXPECT_EQ(Outline(book.List()), u"Ann Work{ Ben Ben 2 In{ Cleo } } Home{ Ann 2 }");
+    EXPECT_EQ(book.List().favourites[1] + book.List().favourites[2] + book.List().lastUpdate, u"AnnAnnd");
+    EXPECT_TRUE(book.Save());
+  }
+  EXPECT_TRUE(files.Keeps(before)) << "a line that the list does not hold";
+  EXPECT_EQ(files.Paths().size(), 2u);
+}
+
 TEST(Friends, AreFoundByNameAndAddress) {
   FriendList list{{Group(u"ben", 1), Person(u"Ben", 2, u"Ben-PC"), Person(u"ben", 1, u"2.2.2.2"),
                    Person(u"-"), Person(u"Noone")},

@@ -67,6 +67,27 @@ TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
   EXPECT_EQ(List(u"desktop").size(), 1u) << "it is no first run any more";
 }
 
+TEST_F(StartupTest, AnOlderDataFileGivesItsOptionsAndFriendsAndTheyActAtOnce) {
+  const Text backups = scratch_ + u"elsewhere\\";
+  std::filesystem::create_directories(std::filesystem::path(folder_ + u"backups\\202601020304"));
+  WriteFlatSkin();
+  Write(folder_ + Text(kFriendsFileName), EncodeTextFile(u"Friends {\nAnn=1.2.3.4||\n}\n"));
+  Write(folder_ + Text(kDataFileName),
+        EncodeTextFile(u"[Options]\nDebug=3\nBackupDir=" + backups + u"\nSkin=Flat\n[Friends]\nFriends {\nBen=5.6.7.8||\n}\n"
+                       u"[Jotlets]\n<X>300<Y>300<WIDTH>220<HEIGHT>140<ID>AA01<RTF>\n"));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Value(u"get ipfromfriend Ben") + Value(u"get ipfromfriend Ann"), u"5.6.7.81.2.3.4");
+  const std::string log = Log();
+  std::size_t at = 0;
+  for (const char* line : {"Most recent backup is: 202601020304", "SaveFriends started for '", "SaveFriends completed OK",
+                           "SaveOptions started for '", "Started Jotlets"}) {
+    at = log.find(line, at);
+    EXPECT_NE(at, std::string::npos) << line << "\n" << log;
+  }
+  EXPECT_EQ(Value(u"get skin"), folder_ + u"skins\\Flat.ini");
+  EXPECT_TRUE(WaitUntil([&] { return FilesBelow(backups).size() > 5; })) << "the first backup";
+}
+
 TEST_F(StartupTest, ANewerDataFileEndsItWithNothingWrittenHoweverItsBoxEnds) {
   const Text path = folder_ + Text(kDataFileName);
   const std::string before = EncodeTextFile(u"[Options]\niniver=4\n[Jotlets]\n<X>10<Y>10<ID>AA01<RTF>\n");

@@ -10,6 +10,7 @@
 #include "base/win/wide.h"
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
+#include "skin/picture.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -59,6 +60,12 @@ void WindowTest::Write(const Text& path, std::string_view bytes) {
   std::ofstream file(fs::path(path), std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   ASSERT_TRUE(file.flush()) << ToUtf8(path);
+}
+
+void WindowTest::WriteFlatSkin() const {
+  fs::create_directories(fs::path(folder_ + u"skins"));
+  Write(folder_ + u"skins\\Flat.ini", "minimumwidth=40\nminimumheight=40\nbitmap=Flat.png\n");
+  Write(folder_ + u"skins\\Flat.png", EncodePng({{2, 2}, std::vector<std::uint8_t>(16, 200)}));
 }
 
 std::string WindowTest::Read(const Text& path) {
@@ -114,7 +121,10 @@ bool WindowTest::StartProgram(const Text& arguments, const Text& file) {
   const bool answered =
       WaitUntil([this] { return Reply(u"do ping").starts_with(u"000") || !program_->Running(); });
   // A start that ends by itself is a crash, or another instance is there: the code tells which.
-  if (answered && !program_->Running()) ADD_FAILURE() << "exit code " << program_->WaitForEnd().value_or(0);
+  if (answered && !program_->Running()) {
+    const std::optional<DWORD> code = program_->WaitForEnd();
+    ADD_FAILURE() << (code ? "exit code " + std::to_string(*code) : std::string("it could not be started"));
+  }
   return answered && program_->Running();
 }
 

@@ -35,6 +35,8 @@ class WindowTest : public ::testing::Test {
   static Text ApplicationFolder();
 
   static void Write(const Text& path, std::string_view bytes);
+  /// Writes a plain skin without a rolled form into the data folder.
+  void WriteFlatSkin() const;
   static std::string Read(const Text& path);
   /// Every file below a folder, as paths within it, sorted.
   static std::vector<Text> FilesBelow(const Text& folder);

@@ -102,6 +102,7 @@ void Program::FollowMonitors() {
 }
 
 void Program::OnMinute() {
+  friends_.SaveIfDirty();
   if (++minutes_ % kSafetyCopyMinutes == 0) saving_.SaveCopy(desk_.Folder() + Text(kSafetyCopyName));
   if (backups_.BeginIfDue()) window_.Start(ProgramTimer::kBackup);
 }
@@ -184,6 +185,7 @@ bool Program::MayExit(bool silent) {
   notes_.StopAlarms();
   UnregisterHotKeys(window_.Handle());
   saving_.SaveOptionsIfDirty();
+  friends_.SaveIfDirty();
   if (silent) {
     saving_.SaveAtEndOfSession();
     return true;

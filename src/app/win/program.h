@@ -78,12 +78,12 @@ class Program final : private OpenNotesOwner,
   void GoOnFromJournal(const LoadedData& loaded, const FileContent& journal);
   void LeaveDataFolder();
   bool MayExit(bool silent);
-  void FinishRestore();
   bool LoadOptions();
+  void ApplyOptions();
+  void WriteBack();
   void ProvideFirstRun();
   bool LoadJotlets();
   void TellDamage(const LoadedData& loaded);
-  void OpenBackups();
   void OnMinute();
   void OnSecond();
   void OnDeskChanged();

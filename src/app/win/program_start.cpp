@@ -37,15 +37,16 @@ bool Program::Start(HWND window) {
   policy_ = ReadPolicy(RegistryPolicy(), system_.log);
   if (!FindDataFolder()) return false;
   skins_.Open(desk_.Folder());
-  FinishRestore();
+  // Where the backups are is an option, and they may have to replace the options before these are loaded.
+  options_.Peek(desk_.Folder());
+  backups_.Open(desk_.Folder());
+  backups_.FinishInterruptedRestore();
   const bool firstRun = LoadOptions();
   if (state_.exiting) return false;
-  if (firstRun) ProvideFirstRun();
-  system_.log.Open(desk_.Folder() + Text(kActivityLogName), options_.Current().debug);
-  backups_.Open(desk_.Folder());
-  if (!firstRun && !LoadJotlets()) return false;
   friends_.Open(desk_.Folder());
-  saving_.SaveOptions();
+  if (firstRun) ProvideFirstRun();
+  if (!firstRun && !LoadJotlets()) return false;
+  if (firstRun) WriteBack();
   RegisterHotKeys(window, options_.Current(), system_.log);
   if (backups_.BeginIfDue()) window_.Start(ProgramTimer::kBackup);
   sleeping_.Enable(true);
@@ -104,25 +105,30 @@ bool Program::ClaimDataFolder() {
   return true;
 }
 
-void Program::FinishRestore() {
-  if (RestoreUnderWay(system_.files, system_.ansi, desk_.Folder()).empty()) return;
-  OpenBackups();
-  backups_.FinishInterruptedRestore();
-}
-
 // Whether this is the first run: there is no data file, and the user has no backup put in its place.
 bool Program::LoadOptions() {
   if (state_.exiting) return false;
   bool firstRun =
       !system_.files.Exists(desk_.Folder() + Text(kDataFileName)) && !HoldsFirstNotes(journal_.Read().bytes);
-  if (firstRun) {
-    OpenBackups();
-    firstRun = !backups_.OfferAtFirstRun();
-  }
+  if (firstRun) firstRun = !backups_.OfferAtFirstRun();
   if (state_.exiting) return firstRun;
   options_.Load(desk_.Folder());
-  skins_.SetDefault(WithPolicy(options_.Current(), policy_).skin);
+  // Without a file of their own, the options may be in an older data file: the level of the log too.
+  if (firstRun || system_.files.Exists(desk_.Folder() + Text(kOptionsFileName))) ApplyOptions();
   return firstRun;
+}
+
+void Program::ApplyOptions() {
+  system_.log.Open(desk_.Folder() + Text(kActivityLogName), options_.Current().debug);
+  skins_.SetDefault(WithPolicy(options_.Current(), policy_).skin);
+  backups_.FollowOptions();
+}
+
+// What an older data file held of options and friends moves to their own files.
+void Program::WriteBack() {
+  const FileStatus friends = friends_.Save();
+  if (!friends) system_.log.Write(kLogLifecycle, u"Unable to write the friends file: ", friends.reason);
+  saving_.SaveOptions();
 }
 
 // The templates of new notes and a note that says hello.
@@ -144,6 +150,7 @@ bool Program::LoadJotlets() {
       jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
                             [this] { return desk_.Maker().NewJotletId(); }, system_.clock.Now(), system_.log},
                            desk_.Folder(), journal.bytes);
+  ApplyOptions();
   if (loaded.file.version > kDataFileVersion) {
     LeaveDataFolder();
     Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
@@ -153,8 +160,8 @@ bool Program::LoadJotlets() {
   installId_ = loaded.file.installId.empty() ? desk_.Maker().NewJotletId() : loaded.file.installId;
   desk_.SetFolder(Text(desk_.Folder()), installId_);
   if (loaded.MustNotBeReplaced()) desk_.Saver().KeepUnreadFile();
-  const FileStatus friends = MoveFriends(system_.files, desk_.Folder(), loaded.file.friendLines);
-  if (!friends) system_.log.Write(kLogLifecycle, u"Unable to write the friends file: ", friends.reason);
+  friends_.Merge(loaded.file.friendLines);
+  WriteBack();
   TellDamage(loaded);
   desk_.Load(std::move(loaded.file));
   stacks_.OpenAll();
@@ -201,12 +208,6 @@ void Program::TellDamage(const LoadedData& loaded) {
   if (!loaded.damaged) return;
   tray_.Balloon(kVersionText, DescribeDamage(resources_, loaded));
   window_.Start(ProgramTimer::kFlash);
-}
-
-// For a start that needs the backups before it may load: the options may name another place for them.
-void Program::OpenBackups() {
-  options_.Peek(desk_.Folder());
-  backups_.Open(desk_.Folder());
 }
 
 }  // namespace jotlets

@@ -33,6 +33,7 @@ class Asking {
 void BackupCommands::Open(TextView dataFolder) {
   folder_ = dataFolder;
   keeper_.Open(dataFolder);
+  keeper_.LogNewest();
 }
 
 bool BackupCommands::BeginIfDue() {
@@ -101,7 +102,11 @@ void BackupCommands::FinishInterruptedRestore() {
 
 bool BackupCommands::PutBackAtStart(RestoreJob job) {
   const HWND window = owner_.BackupWindow();
-  if (RunJob(window, resources_, IDS_RESTORE_RUNS, job, false) == Job::State::kDone) return true;
+  if (RunJob(window, resources_, IDS_RESTORE_RUNS, job, false) == Job::State::kDone) {
+    // What was there before is a backup now.
+    keeper_.Open(folder_);
+    return true;
+  }
   log_.Write(kLogLifecycle, u"Not restored: ", job.Reason());
   Tell(window, resources_, IDS_RESTORE_FAILED, job.Reason());
   return false;

@@ -29,8 +29,10 @@ class BackupCommands {
                  const Clock& clock, Log& log, const Options& options)
       : owner_(owner), resources_(resources), log_(log), keeper_(files, ansi, clock, log, options) {}
 
-  /// The options are known now, and the data folder.
+  /// The data folder is known now, and what its options file says; logs the newest backup.
   void Open(TextView dataFolder);
+  /// The options have been loaded, and may name another place for the backups.
+  void FollowOptions() { keeper_.FollowOptions(); }
 
   /// Begins the automatic backup when it is due; whether `Step` is to be called until it says no more.
   bool BeginIfDue();
