@@ -230,7 +230,10 @@ double RunningSubject::WaitUntilIdle() const {
   constexpr double kQuiet = 0.5;
   double since = Seconds();
   double used = ProcessorSeconds();
-  while (Seconds() < since + kQuiet) {
+  // A program that never comes to rest has a figure too.
+  constexpr double kLongest = 20;
+  const double end = since + kLongest;
+  while (Seconds() < since + kQuiet && Seconds() < end) {
     Sleep(5);
     const double now = ProcessorSeconds();
     // The timers of an idle program take less than this.
