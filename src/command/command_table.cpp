@@ -26,7 +26,7 @@ constexpr std::array kCommands = {
                NewFromPicture},
     CommandRow{u"do new jotlet", u"[text]", u"Makes a note, with this plain text if there is any.",
                u"do new jotlet Buy milk", u"000 OK created: id; 997 unable to create", NewWithText},
-    CommandRow{u"do new sleeping encoded ", u"record", u"As `do new encoded`; the note is asleep.",
+    CommandRow{u"do new sleeping encoded ", u"record", u"As `do new encoded`; the note is asleep, without a wake time until it is woken.",
                u"do new sleeping encoded <UTITLE>00480069<RTF>", u"000 OK created: id; 997 unable to create",
                NewSleepingEncoded},
     CommandRow{u"do new encoded ", u"record",

@@ -6,6 +6,7 @@
 #include "data/jotlet_id.h"
 #include "data/loading.h"
 #include "data/rtf_bytes.h"
+#include "schedule/recurrence.h"
 
 namespace jotlets {
 namespace {
@@ -51,6 +52,9 @@ std::optional<AdmittedNote> AdmitEncodedNote(const AdmissionContext& context, Te
   FiledJotlet note = ParseEncodedJotlet(line, context.blank, context.freshId);
   note.record.deletedTime = closedAt;
   note.record.sleep.asleep = note.record.sleep.asleep || (asleep && !closed);
+  // Without a time, it would wake as soon as it is there.
+  if (asleep && !closed && !note.record.sleep.recurring && note.record.sleep.nextWake <= 0)
+    note.record.sleep.nextWake = kNeverAgain;
   const Text givenId = note.record.id;
   if (!IsAddressableId(givenId) || context.isTaken(givenId) ||
       context.files.Exists(ContentOf(context.folder, givenId, false)) ||
