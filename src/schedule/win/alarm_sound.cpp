@@ -8,7 +8,7 @@
 
 namespace jotlets {
 
-void PlayAlarmSound(const Options& options, Log& log, int kind) {
+void PlayAlarmSound(const Options& options, Log& log, int kind, bool trial) {
   const Text& name = kind == kWakeSound    ? options.alarm.text
                      : kind == kAlarmSound ? options.alarmAlarm
                                            : options.sound;
@@ -18,7 +18,7 @@ void PlayAlarmSound(const Options& options, Log& log, int kind) {
     return;
   }
   log.Write(kLogDetail, u"Playing sound: ", name);
-  const DWORD loop = kind == kAlarmSound && options.loopAlarm == 1 ? SND_LOOP : 0;
+  const DWORD loop = kind == kAlarmSound && options.loopAlarm == 1 && !trial ? SND_LOOP : 0;
   PlaySoundW(Wide(name), nullptr, SND_FILENAME | SND_ASYNC | SND_NODEFAULT | SND_NOSTOP | SND_NOWAIT | loop);
 }
 

@@ -78,7 +78,7 @@ bool TimeCommands::SetAlarm(const Text& id, const SleepChoice& choice) {
   return true;
 }
 
-void TimeCommands::PlayAlarm() { PlayAlarmSound(options_, log_, kAlarmSound); }
+void TimeCommands::PlayAlarm() { PlayAlarmSound(options_, log_, kAlarmSound, true); }
 
 void TimeCommands::Snooze(BJotlet& jotlet) {
   enum : UINT { kSnooze = 1, kSnoozeAndSleep };
