@@ -263,6 +263,10 @@
 #define IDS_MANAGE_ASK_RECURRENCE 2336
 #define IDS_MANAGE_NOT_ALL 2337
 #define IDS_MANAGE_ASK_NO_ROOM 2338
+#define IDS_UNKNOWN_HEIGHT 2339
+#define IDS_MENU_SHOW_FILE 2340
+#define IDS_EDIT_LINK 2341
+#define IDS_NO_LINK 2342
 
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000

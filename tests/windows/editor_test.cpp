@@ -192,7 +192,11 @@ TEST_F(EditorTest, ParagraphsAreAlignedTurnedAndListed) {
   list(kActionBulletsLetters, Bullets::kLetters);
   Select(0, 3);
   EXPECT_EQ(Facts().bullets, std::nullopt);
+  list(kActionBullets, Bullets::kNormal);
   list(kActionBulletsNone, Bullets::kNoBullets);
+  list(kActionBullets, Bullets::kNormal);
+  Do(kActionBullets);
+  EXPECT_EQ(Facts().bullets, Bullets::kNoBullets);
 }
 
 TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
@@ -277,16 +281,16 @@ TEST_F(EditorTest, LinksOpenOnlyWhenAskedForAndSurviveSaving) {
   Click(6, 0);
   EXPECT_EQ(opened_, u"http://www.a.example");
   opened_.clear();
-  Do(kActionHyperlink);
+  OpenOrMakeLink(edit_);
   EXPECT_EQ(opened_, u"http://www.a.example") << "opening is no editing";
   Select(33, 42);
-  Do(kActionHyperlink);
+  OpenOrMakeLink(edit_);
   EXPECT_EQ(edit_.PlainText(), kText);
   edit_.SetReadOnly(false);
-  Do(kActionHyperlink);
+  OpenOrMakeLink(edit_);
   EXPECT_EQ(edit_.PlainText(), u"see www.a.example now, news:x or http://b.example");
   EXPECT_TRUE(At(35).dwEffects & CFE_LINK);
-  Do(kActionHyperlink);
+  OpenOrMakeLink(edit_);
   EXPECT_EQ(opened_, u"http://b.example");
 }
 

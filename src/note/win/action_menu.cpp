@@ -27,6 +27,7 @@ struct OtherEntry {
 constexpr OtherEntry kOthers[] = {
     {{NoteMenu::kJotletMenu, 220}, IDS_MENU_OPACITY, NoteMenu::kOpacityMenu},
     {{NoteMenu::kJotletMenu, 240}, IDS_MENU_MARKS, NoteMenu::kMarksMenu},
+    {.place = {NoteMenu::kJotletMenu, 590}, .part = MenuPart::kFile},
     {.place = {NoteMenu::kJotletMenu, 440}, .part = MenuPart::kAttachment},
     {{NoteMenu::kJotletMenu, 450}, IDS_MENU_STACKS, NoteMenu::kStacksMenu, MenuPart::kStacks},
     {.place = {NoteMenu::kJotletMenu, 900}, .part = MenuPart::kOfOthers},

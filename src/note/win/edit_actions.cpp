@@ -51,6 +51,12 @@ void List(BEdit& edit, const EditContext& context, std::int32_t value) {
   SetBullets(edit, static_cast<Bullets>(value), context.bulletIndent);
 }
 
+// Paragraphs of several kinds all become bulleted ones.
+void ToggleList(BEdit& edit, const EditContext& context, std::int32_t) {
+  const bool none = edit.Facts(context.highlights).bullets != Bullets::kNormal;
+  SetBullets(edit, none ? Bullets::kNormal : Bullets::kNoBullets, context.bulletIndent);
+}
+
 void Shade(BEdit& edit, const EditContext& context, std::int32_t value) {
   SetHighlight(edit, static_cast<Highlight>(value), context.highlights);
 }
@@ -75,11 +81,10 @@ void FindAgain(BEdit& edit, const EditContext& context, std::int32_t) {
 }
 
 void OpenLink(BEdit& edit, const EditContext&, std::int32_t) { OpenSelectedLink(edit); }
-void MakeLink(BEdit& edit, const EditContext&, std::int32_t) { OpenOrMakeLink(edit); }
 
 struct EditHandler {
   ActionCode code;
-  EditAct act;  // nullptr for a command that is enabled and does nothing yet
+  EditAct act;
 };
 
 constexpr EditHandler kHandlers[] = {
@@ -107,12 +112,11 @@ constexpr EditHandler kHandlers[] = {
     {kActionInsertDate, InsertDate},
     {kActionFindTextAgain, FindAgain},
     {kActionOpenUrl, OpenLink},
-    {kActionHyperlink, MakeLink},
     {kActionScrollUp, ScrollLine<-1>},
     {kActionScrollDown, ScrollLine<1>},
     {kActionPageUp, ScrollPage<-1>},
     {kActionPageDown, ScrollPage<1>},
-    {kActionBullets, nullptr},
+    {kActionBullets, ToggleList},
 };
 static_assert(AreHandlersBy(ActionBy::kEditor, kHandlers));
 
@@ -121,7 +125,7 @@ static_assert(AreHandlersBy(ActionBy::kEditor, kHandlers));
 bool DoEditAction(BEdit& edit, ActionCode action, const EditContext& context) {
   const NoteAction& row = RowOf(action);
   const EditHandler* handler = HandlerOf(kHandlers, row);
-  if (handler == nullptr || handler->act == nullptr) return false;
+  if (handler == nullptr) return false;
   const bool refused = row.onText == ActionOnText::kEdits && edit.IsReadOnly();
   if (!refused && edit.Handle() != nullptr) handler->act(edit, context, row.sets.value);
   return true;

@@ -6,6 +6,7 @@
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "note/action_table.h"
+#include "note/link_text.h"
 #include "note/win/edit_text.h"
 #include "note/win/font_chooser.h"
 #include "note/win/properties_dialog.h"
@@ -31,6 +32,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionColour, &NoteCommands::ChooseColour},
     {kActionFont, &NoteCommands::ChooseFont},
     {kActionFindText, &NoteCommands::FindText},
+    {kActionHyperlink, &NoteCommands::EditLink},
     {kActionSetSkin, &NoteCommands::ChooseSkin},
     {kActionDefaultSkin, &NoteCommands::ChooseSkin},
     {kActionSave, &NoteCommands::Save},
@@ -117,6 +119,7 @@ std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   const auto text = [this](UINT id) { return tools_.resources.String(id); };
   std::vector<ExtraEntry> extras = {
+      {MenuPart::kFile, text(IDS_MENU_SHOW_FILE), [this](BJotlet& note) { ShowFile(note); }},
       {MenuPart::kAttachment, text(IDS_MENU_UNATTACH), [this](BJotlet& note) { Unattach(note); },
        record.IsAttached()},
       {MenuPart::kStacks, text(IDS_MENU_NEW_STACK), [this](BJotlet& note) { AddToNewStack(note); }},
@@ -146,6 +149,17 @@ void NoteCommands::AddStacks(const JotletData& record, std::vector<ExtraEntry>& 
 
 void NoteCommands::Unattach(BJotlet& jotlet) {
   for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
+}
+
+void NoteCommands::ShowFile(BJotlet& jotlet) {
+  const Text path = tools_.desk.Folder() + ContentPath(jotlet.StoredRecord());
+  wchar_t folder[MAX_PATH]{};
+  GetWindowsDirectoryW(folder, MAX_PATH);
+  const Text explorer = WithSeparator(FromWide(folder)) + u"explorer.exe";
+  const auto result = reinterpret_cast<INT_PTR>(ShellExecuteW(
+      jotlet.Handle(), L"open", Wide(explorer), Wide(u"/select,\"" + path + u"\""), nullptr, SW_SHOWNORMAL));
+  constexpr INT_PTR kLastError = 32;  // of those that stand for failures
+  if (result <= kLastError) tools_.log.Write(kLogLifecycle, u"Unable to show '", path, u"'");
 }
 
 void NoteCommands::AddToNewStack(BJotlet& jotlet) {
@@ -234,6 +248,20 @@ void NoteCommands::FindText(BJotlet& jotlet) {
   if (!words || words->empty() || note == nullptr || note->Editor() == nullptr) return;
   tools_.notes.SetSearched(*words);
   if (!FindNextText(*note->Editor(), *words)) Tell(note->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
+}
+
+// A link that is there is opened, and a selected address becomes one. For anything else the user gives an address,
+// which takes the place of what is selected.
+void NoteCommands::EditLink(BJotlet& jotlet) {
+  BEdit* edit = jotlet.Editor();
+  if (edit == nullptr || OpenOrMakeLink(*edit) || edit->IsReadOnly()) return;
+  const Text id = jotlet.StoredRecord().id;
+  const auto address = BTextDlg(tools_.resources, IDS_EDIT_LINK, {}).Ask(jotlet.Handle());
+  BJotlet* note = tools_.notes.Find(id);
+  if (!address || address->empty() || note == nullptr || note->Editor() == nullptr) return;
+  const Text link = LinkTarget(*address).empty() ? LinkFromText(*address) : *address;
+  if (link.empty()) return Tell(note->Handle(), tools_.resources, IDS_NO_LINK, *address);
+  InsertText(*note->Editor(), link);
 }
 
 void NoteCommands::ChooseSkin(BJotlet& jotlet) { tools_.skins.Choose(jotlet); }

@@ -67,6 +67,7 @@ class NoteCommands {
   void ChooseSkin(BJotlet& jotlet);
   void ChooseFont(BJotlet& jotlet);
   void FindText(BJotlet& jotlet);
+  void EditLink(BJotlet& jotlet);
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
   void MoveToFile(BJotlet& jotlet);
@@ -89,6 +90,7 @@ class NoteCommands {
   void AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras);
   void Unattach(BJotlet& jotlet);
   void AddToNewStack(BJotlet& jotlet);
+  void ShowFile(BJotlet& jotlet);
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, NoteMenu which);
