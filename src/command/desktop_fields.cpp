@@ -26,8 +26,8 @@ void ReadHexText(const CommandCall& call, DesktopJotlet& jotlet) {
 }
 
 void ReadPosition(const CommandCall& call, DesktopJotlet& jotlet) {
-  const JotletData& record = jotlet.Record();
-  call.reply.Value(Numbers({record.x, record.y}, u","));
+  const Point at = jotlet.ShownAt();
+  call.reply.Value(Numbers({at.x, at.y}, u","));
 }
 
 void ReadSize(const CommandCall& call, DesktopJotlet& jotlet) {

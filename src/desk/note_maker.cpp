@@ -18,7 +18,8 @@ constexpr std::int32_t kLongestSide = 30000;
 void KeepSizeUsable(JotletData& record) {
   const Size size = SafeSize({record.width, record.height}, kMinimumNoteSize);
   record.width = std::min(size.width, kLongestSide);
-  record.height = std::min(size.height, kLongestSide);
+  // Of a rolled note it may be unknown, which the note asks its content about when it has to know.
+  if (!record.rolled || record.height != kNone) record.height = std::min(size.height, kLongestSide);
   record.altWidth = std::min(record.altWidth, kLongestSide);
 }
 
@@ -102,7 +103,8 @@ void NoteMaker::Complete(JotletData& record) const {
     if (size.height > 0) record.height = size.height;
   }
   if (record.width <= 0) record.width = options_.defaultWidth;
-  if (record.height <= 0) record.height = options_.defaultHeight;
+  if (record.height <= 0 && !(record.rolled && record.height == kNone))
+    record.height = options_.defaultHeight;
   KeepSizeUsable(record);
 }
 

@@ -10,11 +10,6 @@
 
 namespace jotlets {
 
-/// Shown when the height of a rolled note is asked for and nobody knows it.
-inline constexpr TextView kUnknownHeightText =
-    u"BJotlet::GetJotletHeight() - should never be here, getting jotlet height when jotlet is rolled, and "
-    u"m_unrolledheight == -1";
-
 /// What rolling depends on besides the record.
 struct RollSettings {
   std::int32_t rolledHeight = 0;      // of the skin, in pixels; 0 or less: notes in this skin do not roll up
@@ -25,8 +20,7 @@ struct RollSettings {
 bool IsShownRolled(const JotletData& record, const RollSettings& settings);
 
 /// The height of the note as if unrolled, in pixels: the one of the window, or of the record while it is
-/// shown rolled. Nothing when that is -1: the user is told `kUnknownHeightText`, and `HeightFromContent` is
-/// remembered.
+/// shown rolled. Nothing when that is -1: the user is told, and `HeightFromContent` is remembered.
 std::optional<std::int32_t> GetJotletHeight(const JotletData& record, std::int32_t windowHeight,
                                             const RollSettings& settings);
 

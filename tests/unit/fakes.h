@@ -274,6 +274,7 @@ class FakeJotlet final : public DesktopJotlet {
   int contentSaves = 0;
 
   JotletData& Record() override { return record; }
+  Point ShownAt() override { return {record.x, record.y}; }
   Text PlainText() override { return text; }
   Text Rtf() override { return record.IsImage() ? Text() : u"{\\rtf1 " + text + u"}"; }
   Text SkinPath() override { return record.skin.empty() ? Text() : u"C:\\skins\\" + record.skin; }

@@ -176,7 +176,7 @@ TEST_F(BackupsTest, OneTakenByHandHoldsWhatIsOnTheScreen) {
   EXPECT_TRUE(BackupTime(folder.substr(folder.rfind(u'\\') + 1)));
   EXPECT_TRUE(HasReadableData(files_, AnsiCodePage(), folder + u"\\"));
   EXPECT_NE(Read(folder + u"\\rtf\\AA01.rtf").find("typed"), std::string::npos);
-  EXPECT_EQ(FilesBelow(folder + u"\\").size(), 3u);
+  EXPECT_EQ(FilesBelow(folder + u"\\").size(), 4u);
   EXPECT_TRUE(files_.RemoveFolder(folder));
   EXPECT_EQ(Reply(u"do ping"), u"000 OK pong");
   EXPECT_EQ(Kept(), std::vector<Text>());

@@ -1,6 +1,8 @@
 // Moving, sizing, rolling, locking and fading of notes, by mouse and keys, read from the windows themselves.
 #include <windows.h>
 
+#include <limits>
+
 #include "data/data_folder.h"
 #include "desktop.h"
 #include "note/win/jotlet.h"
@@ -46,6 +48,7 @@ TEST_F(NoteWindowTest, StopsAtTheSmallestSizeOfItsSkin) {
   const HWND note = NoteTitled(u"Small");
   ASSERT_TRUE(Drag(note, {BoundsOf(note).right - 2, BoundsOf(note).bottom - 2}, {-200, -130}));
   EXPECT_TRUE(Turns(note, {300, 200, 450, 245}));
+  EXPECT_NE(Log().find("Set size safe to: 150 45, minimums: 150 45"), std::string::npos);
 }
 
 TEST_F(NoteWindowTest, MovesWithTheNotesThatAreSelectedAndCommandsReachThemAll) {
@@ -121,6 +124,7 @@ TEST_F(NoteWindowTest, OffTheScreenIsShownOnItButItsRecordStays) {
   EXPECT_EQ(BoundsOf(NoteTitled(u"Far")).left, 8);
   EXPECT_NE(Log().find("Saved jotlet AA01 from appearing off screen (moved from -5000,200 to 8,200)"),
             std::string::npos);
+  EXPECT_EQ(Value(u"get desktop AA01 position"), u"8,200");
   EXPECT_EQ(Saved(u"AA01").x, -5000);
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"Far")));
   PressKeys({VK_CONTROL, VK_SHIFT, 'U'});
@@ -128,15 +132,57 @@ TEST_F(NoteWindowTest, OffTheScreenIsShownOnItButItsRecordStays) {
   EXPECT_EQ(Saved(u"AA01").x, -5000);
 }
 
-TEST_F(NoteWindowTest, GhostComesBackByTheRescue) {
+TEST_F(NoteWindowTest, IsRescuedForGoodAndGhostsInReachAreLeftToTheCommand) {
   JotletData ghost = NoteRecord(u"AA01", {300, 200}, u"Ghost");
   ghost.ghost = true;
-  ASSERT_TRUE(StartProgramWith({ghost}, kSnapping));
-  EXPECT_NE(ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT, 0);
-  EXPECT_EQ(Close(), 0u);
+  JotletData distant = NoteRecord(u"AA02", {-5000, 400}, u"Far");
+  distant.ghost = true;
+  WriteData({ghost, distant}, kDataFileName, kSnapping);
   ASSERT_TRUE(StartProgram(u"-rescue"));
-  EXPECT_EQ(ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT, 0);
-  EXPECT_FALSE(Saved(u"AA01").ghost);
+  EXPECT_NE(ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT, 0);
+  EXPECT_EQ(ExtendedStyle(NoteTitled(u"Far")) & WS_EX_TRANSPARENT, 0);
+  EXPECT_EQ(Saved(u"AA02").x, 8);
+  EXPECT_TRUE(Saved(u"AA01").ghost);
+  ChooseInTrayMenu({'R'});
+  EXPECT_TRUE(WaitUntil([&] { return (ExtendedStyle(NoteTitled(u"Ghost")) & WS_EX_TRANSPARENT) == 0; }));
+}
+
+TEST_F(NoteWindowTest, AnUnknownHeightIsThatOfItsTextAndWhatCannotRollUpSaysSo) {
+  JotletData rolled = NoteRecord(u"AA01", {300, 200}, u"Rolled");
+  rolled.rolled = true;
+  rolled.height = kNone;
+  JotletData flat = NoteRecord(u"AA02", {600, 200}, u"Flat");
+  flat.skin = u"Flat";
+  WriteFlatSkin();
+  ASSERT_TRUE(StartProgramWith({rolled, flat}, kSnapping));
+  EXPECT_EQ(Reply(u"do desktop AA02 rolled"), u"997 unable to roll up");
+  EXPECT_EQ(Saved(u"AA01").height, kNone);
+  EXPECT_EQ(Reply(u"do desktop AA01 unrolled"), u"000 OK unrolled");
+  EXPECT_EQ(AnswerBox(*program_),
+            u"BJotlet::GetJotletHeight() - should never be here, getting jotlet height when jotlet is rolled, and "
+            u"m_unrolledheight == -1");
+  const std::int32_t height = BoundsOf(NoteTitled(u"Rolled")).Height();
+  EXPECT_TRUE(height >= 40 && height < 120) << height;
+  EXPECT_EQ(Saved(u"AA01").height, height);
+}
+
+// Whatever brings a note to the desktop while all are hidden.
+TEST_F(NoteWindowTest, NothingAppearsWhileNotesAreHidden) {
+  JotletData hidden = NoteRecord(u"AA01", {300, 200}, u"One");
+  hidden.hidden = true;
+  JotletData asleep = NoteRecord(u"AA02", {600, 200}, u"Two");
+  asleep.sleep.asleep = true;
+  asleep.sleep.nextWake = std::numeric_limits<std::int32_t>::max();
+  ASSERT_TRUE(StartProgramWith({hidden, asleep}, u"Debug=3\nHidden=1\nShadows=1\nTakeBackups=0"));
+  Create(u"new");
+  EXPECT_EQ(Reply(u"do wake AA02"), u"000 OK woken");
+  EXPECT_EQ(Reply(u"do alarmstart AA02"), u"000 OK alarmed");
+  Reply(u"set desktop AA01 hidden 0");
+  ChooseInTrayMenu({'N'});
+  ASSERT_TRUE(WaitUntil([this] { return List(u"desktop").size() == 4; }));
+  for (const wchar_t* name : {kJotletClass, kNoteShadowClass}) {
+    for (const HWND window : WindowsOfClass(name, program_->Id())) EXPECT_FALSE(IsWindowVisible(window));
+  }
 }
 
 TEST_F(NoteWindowTest, IsMovedAndSizedAndLeftWithTheKeyboardAlone) {
@@ -180,6 +226,13 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Locked")}, kSnapping));
   const HWND note = NoteTitled(u"Locked");
   ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, 'A'});
+  // What is selected can be no link: an address is asked for.
+  PressKeys({VK_CONTROL, 'K'});
+  ASSERT_TRUE(WaitUntil([&] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
+  TypeText(u"example.com");
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([&] { return TextOf(u"AA01") == u"http://example.com"; })) << ToUtf8(TextOf(u"AA01"));
   PressKeys({VK_CONTROL, VK_SHIFT, 'K'});
   EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").readOnly; }));
   TypeText(u"x");
@@ -188,7 +241,7 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   TypeText(u"Renamed");
   PressKeys({VK_RETURN});
   EXPECT_NE(NoteTitled(u"Renamed"), nullptr);
-  EXPECT_EQ(TextOf(u"AA01"), u"AA01");
+  EXPECT_EQ(TextOf(u"AA01"), u"http://example.com");
 }
 
 }  // namespace

@@ -177,7 +177,9 @@ TEST_F(StacksTest, AStackOffTheScreenIsSeenKeepsItsPlaceAndIsRescued) {
   EXPECT_EQ(Close(), 0u);
   ASSERT_TRUE(StartProgram(u"-rescue"));
   const Rect rescued = BoundsOf(Stack(u"Far"));
-  EXPECT_TRUE(rescued.left >= -rescued.Width() && rescued.left < 1280) << rescued.left;
+  EXPECT_EQ(rescued.left, 640 - rescued.Width() / 2);
+  EXPECT_EQ(SavedFile().stacks.at(0).x, rescued.left);
+  EXPECT_NE(Log().find("Rescued a stack"), std::string::npos);
 }
 
 }  // namespace

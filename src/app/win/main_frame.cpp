@@ -39,6 +39,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kPurgeMessage:
     case kRefreshStacksMessage:
     case kJournalMessage:
+    case kUnknownHeightMessage:
     case kCheckContentMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE: program_.FollowMonitors(); break;

@@ -68,7 +68,10 @@ void Program::OnTimer(ProgramTimer timer) {
     case ProgramTimer::kMinute: OnMinute(); break;
     case ProgramTimer::kSecond: OnSecond(); break;
     case ProgramTimer::kFlash: tray_.Flash(); break;
-    case ProgramTimer::kAnimation: notes_.Animate(); break;
+    case ProgramTimer::kAnimation:
+      // Sixty wakes a second are what an idle program costs.
+      if (!notes_.Animate()) window_.Stop(timer);
+      break;
     case ProgramTimer::kBackup:
       if (!backups_.Step()) window_.Stop(timer);
       break;
@@ -88,6 +91,7 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
     case kJournalMessage:
       if (state_.ready && !state_.exiting) saving_.WriteJournal();
       break;
+    case kUnknownHeightMessage: TellUnknownHeight(); break;
   }
 }
 
@@ -124,6 +128,14 @@ void Program::OnDeskChanged() {
   saving_.OnChanged();
   stacks_.RefreshSoon();
   managed_.Dialog().RefreshSoon();
+}
+
+// One box, however many notes it is about.
+void Program::TellUnknownHeight() {
+  if (tellingHeight_ || state_.exiting) return;
+  tellingHeight_ = true;
+  Tell(window_.Handle(), resources_, IDS_UNKNOWN_HEIGHT, {});
+  tellingHeight_ = false;
 }
 
 void Program::OnAnimationClosed(const Text& id, bool deletes) {

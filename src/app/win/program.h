@@ -87,6 +87,7 @@ class Program final : private OpenNotesOwner,
   void OnMinute();
   void OnSecond();
   void OnDeskChanged();
+  void TellUnknownHeight();
   void Restart();
 
   void OnNoteChanged(const Text& id) override { desk_.Changed(id); }
@@ -102,6 +103,8 @@ class Program final : private OpenNotesOwner,
   std::vector<Rect> StackBounds() const override { return stacks_.Bounds(); }
   const StackRecord* FindStack(std::int32_t number) const override { return desk_.Lists().FindStack(number); }
   void PurgeSoon() override { window_.Post(kPurgeMessage); }
+  void BeginAnimations() override { window_.Start(ProgramTimer::kAnimation); }
+  void TellUnknownHeightSoon() override { window_.Post(kUnknownHeightMessage); }
 
   void DoProgramCommand(UINT command) override { trayCommands_.Do(command); }
   void CloseForUser(const Text& id) override { noteCommands_.CloseForUser(id); }
@@ -150,6 +153,7 @@ class Program final : private OpenNotesOwner,
   CommandEndpoint commands_;
   std::uint32_t secondsRun_ = 0;
   int minutes_ = 0;
+  bool tellingHeight_ = false;  // the box is open
 };
 
 }  // namespace jotlets

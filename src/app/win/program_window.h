@@ -23,6 +23,7 @@ enum ProgramMessage : UINT {
   kCheckContentMessage,
   kRefreshStacksMessage,
   kJournalMessage,
+  kUnknownHeightMessage,
 };
 
 class ProgramWindow {

@@ -189,19 +189,24 @@ BJotlet* OpenNotes::FindWindowOwner(HWND window) {
   return at == jotlets_.end() ? nullptr : at->get();
 }
 
-void OpenNotes::Rescue(const Rect& screen) {
+void OpenNotes::Rescue() {
+  screens_ = ReadMonitors();
   for (const auto& jotlet : jotlets_) {
-    // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
+    const std::optional<Point> from = jotlet->Rescue();
+    if (!from) continue;
+    LogRescue(*jotlet, *from);
     jotlet->SetGhost(false);
-    const Rect from = jotlet->Bounds();
-    if (jotlet->Rescue(screen)) LogRescue(*jotlet, from);
   }
 }
 
-void OpenNotes::LogRescue(const BJotlet& jotlet, const Rect& from) {
+void OpenNotes::EndGhosts() {
+  for (const auto& jotlet : jotlets_) jotlet->SetGhost(false);
+}
+
+void OpenNotes::LogRescue(const BJotlet& jotlet, Point from) {
   const Rect to = jotlet.Bounds();
   log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
-             u" from appearing off screen (moved from ", from.left, u",", from.top, u" to ", to.left, u",",
+             u" from appearing off screen (moved from ", from.x, u",", from.y, u" to ", to.left, u",",
              to.top, u")");
 }
 
@@ -214,16 +219,16 @@ void OpenNotes::FollowMonitors() {
 
 void OpenNotes::ShowOnScreens(BJotlet& jotlet) {
   const Rect from = jotlet.Bounds();
-  if (jotlet.ShowOnScreens(screens_)) LogRescue(jotlet, from);
+  if (jotlet.ShowOnScreens(screens_)) LogRescue(jotlet, from.TopLeft());
 }
 
-void OpenNotes::Animate() {
-  if (animating_.empty()) return;
+bool OpenNotes::Animate() {
   // The end of a move may take notes away and begin other moves.
   for (const Text& id : std::exchange(animating_, {})) {
     BJotlet* jotlet = Find(id);
     if (jotlet != nullptr && jotlet->TickAnimation()) animating_.push_back(id);
   }
+  return !animating_.empty();
 }
 
 void OpenNotes::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
@@ -322,7 +327,11 @@ void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
     case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
     case JotletEvent::kSounding: return OnAlarm(jotlet, true);
     case JotletEvent::kSilent: return OnAlarm(jotlet, false);
-    case JotletEvent::kAnimated: animating_.push_back(jotlet.StoredRecord().id); return;
+    case JotletEvent::kHeightUnknown: return owner_.TellUnknownHeightSoon();
+    case JotletEvent::kAnimated:
+      if (animating_.empty()) owner_.BeginAnimations();
+      animating_.push_back(jotlet.StoredRecord().id);
+      return;
   }
 }
 

@@ -41,6 +41,10 @@ class OpenNotesOwner {
   virtual const StackRecord* FindStack(std::int32_t number) const = 0;
   /// A note waits to be thrown away: `OpenNotes::Purge` is to be called from the message loop.
   virtual void PurgeSoon() = 0;
+  /// A note begins to move where none did: `OpenNotes::Animate` is to be called until it says no more.
+  virtual void BeginAnimations() = 0;
+  /// The height of a rolled note was unknown, which the user is to be told when nothing is under way.
+  virtual void TellUnknownHeightSoon() = 0;
 };
 
 class OpenNotes final : public JotletOwner, public NoteWindows {
@@ -58,6 +62,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
                  screens_,
                  skins_,
                  clock_,
+                 log_,
                  [this](std::int32_t number) { return StackName(number); },
                  [this] { return EditingContext(); },
                  [&resources] { return resources.String(IDS_BEGINNING); },
@@ -101,13 +106,16 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void HideOthers(const BJotlet& shown);
   /// The note whose window this is, or is inside of; nullptr for other windows.
   BJotlet* FindWindowOwner(HWND window);
-  /// Brings notes off `screen` back on to it, each of which is logged, and ends the ghost state of all.
-  void Rescue(const Rect& screen);
+  /// Notes whose place is off the screen get one on it for good, each of which is logged, and the ghosts among
+  /// them end being such: nobody could take hold of them.
+  void Rescue();
+  /// Ends the ghost state of all notes.
+  void EndGhosts();
   /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
   /// changed. What a note's record says stays as the user chose it.
   void FollowMonitors();
-  /// One step of all animated moves.
-  void Animate();
+  /// One step of all animated moves; whether any goes on.
+  bool Animate();
   /// Whether a note sounds.
   bool IsAnySounding() const { return sounding_ > 0; }
   void StopAlarms();
@@ -158,7 +166,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
   void OnJotletLink(const Text& target);
   std::optional<Text> StackName(std::int32_t number) const;
-  void LogRescue(const BJotlet& jotlet, const Rect& from);
+  void LogRescue(const BJotlet& jotlet, Point from);
   void ShowOnScreens(BJotlet& jotlet);
 
   OpenNotesOwner& owner_;

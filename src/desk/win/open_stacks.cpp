@@ -67,7 +67,7 @@ BStackDlg* OpenStacks::Create(const BJotlet& beside) {
   BStackDlg* stack = Open(record);
   if (stack == nullptr) return nullptr;
   desk_.AddStack(record);
-  stack->Show();
+  if (desktop_.NoteOptions().hidden != 1) stack->Show();
   return stack;
 }
 
@@ -257,12 +257,9 @@ void OpenStacks::BringForward() {
   for (const auto& stack : stacks_) stack->BringForward();
 }
 
-void OpenStacks::Rescue(const Rect& screen) {
+void OpenStacks::Rescue() {
   for (const auto& stack : stacks_) {
-    const auto to = RescuedStackPosition(stack->Bounds(), screen);
-    if (!to) continue;
-    stack->MoveTo(*to);
-    log_.Write(kLogLifecycle, u"Rescued a stack");
+    if (stack->Rescue()) log_.Write(kLogLifecycle, u"Rescued a stack");
   }
 }
 

@@ -59,7 +59,7 @@ class OpenStacks final : public StackOwner {
   void HideAll();
   void BringForward();
   /// Brings stacks off `screen` back on to it, each of which is logged.
-  void Rescue(const Rect& screen);
+  void Rescue();
   void FollowMonitors();
   void RefreshSkins();
   void Enable(bool enabled);

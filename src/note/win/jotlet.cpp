@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "note/placement.h"
+#include "note/rolled.h"
 #include "note/win/picture_content.h"
 #include "note/win/text_content.h"
 
@@ -26,11 +26,14 @@ BJotlet::BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr
 
 bool BJotlet::CreateWindowFor() {
   skin_ = context_.skins.OfNote(record_.skin);
+  if (record_.height == kNone && !IsShownRolled(record_, Rolling()))
+    record_.height = context_.options.defaultHeight;
   const Rect bounds = BoundsFor(record_, Rolling());
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
+  PrepareShadow(bounds);
   if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
   content_->CreateIn(Handle(), ContentLook());
   place_ = NotePlace(bounds, Dpi());
@@ -41,6 +44,7 @@ bool BJotlet::CreateWindowFor() {
 // The window where its record says, no smaller than its skin allows, and where it can be seen: what the
 // record says stays as it is also when that monitor is gone.
 void BJotlet::PlaceByRecord() {
+  if (record_.height == kNone && !IsShownRolled(record_, Rolling())) record_.height = HeightOfContent();
   const Rect bounds = BoundsFor(record_, Rolling());
   Size size{bounds.Width(), bounds.Height()};
   const Size minimum = SmallestSize();
@@ -95,12 +99,16 @@ bool BJotlet::ShowOnScreens(const MonitorSetup& screens) {
   return PlaceOnScreens(screens);
 }
 
-bool BJotlet::Rescue(const Rect& screen) {
-  const Rect bounds = Bounds();
-  const Point to = RescuedPosition({bounds.left, bounds.top}, screen);
-  if (to == Point{bounds.left, bounds.top}) return false;
-  MoveTo(to);
-  return true;
+std::optional<Point> BJotlet::Rescue() {
+  SyncPlace();
+  const Point from = place_.Chosen().TopLeft();
+  PlaceOnScreens(context_.screens);
+  if (place_.Shown().TopLeft() == from) return std::nullopt;
+  place_.Choose(place_.Shown());
+  if (IsSounding()) alarmOrigin_ = place_.Shown().TopLeft();
+  Record();
+  Tell(JotletEvent::kChanged);
+  return from;
 }
 
 FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment& now) {
@@ -129,7 +137,7 @@ void BJotlet::PlaceAt(Point position) {
 }
 
 void BJotlet::SetSizeSafe(Size size) {
-  const Size safe = SafeSize(size, SmallestSize());
+  const Size safe = LogSafeSize(size, SmallestSize());
   SetWindowPos(Handle(), nullptr, 0, 0, safe.width, safe.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   Tell(JotletEvent::kChanged);
 }

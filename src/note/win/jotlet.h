@@ -66,7 +66,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void SetSkin(TextView name);
   /// Takes its skin anew, after the default one or the files have changed.
   void RefreshSkin();
-  void SetRolled(bool rolled);
+  /// False: the skin has no rolled form to take.
+  bool SetRolled(bool rolled);
+  /// The height of the note as if unrolled. One that nobody knows is computed from the content, and told of.
+  std::int32_t GetJotletHeight();
   void SetOnTop(bool onTop);
   void SetReadOnly(bool readOnly);
   /// A hidden note keeps its window, but does not show it.
@@ -94,8 +97,11 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
 
   /// The monitors are (now) these; the note is shown where it can be seen. True when that moved it.
   bool ShowOnScreens(const MonitorSetup& screens);
-  /// Brings the note back on to the screen for good; true when it was off it.
-  bool Rescue(const Rect& screen);
+  /// A note whose place is off the screen takes the one where it is shown for good. Where it was, nothing for a
+  /// note on the screen.
+  std::optional<Point> Rescue();
+  /// Where the window is but for the jiggling of an alarm.
+  Rect SettledBounds() const;
 
   /// Begins an animated move; ignored while one is running.
   void StartAnimation(Point from, Point to, AnimationKind kind);
@@ -165,6 +171,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   LRESULT OnControl(UINT control, UINT notification);
   void OnMenuAsked(HWND window);
   void PlaceByRecord();
+  std::int32_t HeightOfContent();
   void MoveBy(Point offset);
   /// A locked note can be frozen to its place.
   bool IsFrozen() const { return record_.readOnly && context_.options.lockingFreezes; }
@@ -194,8 +201,6 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void TickAlarm();
   Colour ShownColour() const;
   void ShowPaper();
-  /// Where the window is but for the jiggling of an alarm.
-  Rect SettledBounds() const;
 
   JotletOwner& owner_;
   std::shared_ptr<JotletData> shared_;

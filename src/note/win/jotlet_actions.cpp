@@ -4,13 +4,34 @@
 
 namespace jotlets {
 
-void BJotlet::SetRolled(bool rolled) {
-  if (record_.rolled == rolled) return;
+bool BJotlet::SetRolled(bool rolled) {
+  if (rolled && RolledHeight() <= 0) return false;
+  if (record_.rolled == rolled) return true;
   SyncPlace();
+  GetJotletHeight();
   record_.rolled = rolled;
   PlaceByRecord();
   OnSize();
   Tell(JotletEvent::kChanged);
+  return true;
+}
+
+std::int32_t BJotlet::GetJotletHeight() {
+  const auto known = jotlets::GetJotletHeight(record_, Bounds().Height(), Rolling());
+  if (known) return *known;
+  record_.height = HeightOfContent();
+  Tell(JotletEvent::kHeightUnknown);
+  return record_.height;
+}
+
+// The editor of a note that was never shown whole has no width yet to break its lines at.
+std::int32_t BJotlet::HeightOfContent() {
+  SkinView whole = view_;
+  whole.rolled = false;
+  whole.window = {record_.width, context_.options.defaultHeight};
+  const Rect area = TextArea(skin_->data, whole);
+  content_->SetBounds(area);
+  return HeightFromContent(content_->Scrolled(area.Height()).range, area.top, whole.window.height - area.bottom);
 }
 
 void BJotlet::SetOnTop(bool onTop) {
@@ -32,7 +53,7 @@ void BJotlet::SetHidden(bool hidden) {
   record_.hidden = hidden;
   if (hidden) {
     Hide();
-  } else {
+  } else if (context_.options.hidden != 1) {
     Show();
   }
   Tell(JotletEvent::kChanged);

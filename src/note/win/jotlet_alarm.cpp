@@ -65,7 +65,7 @@ void BJotlet::StopAlarm() {
 
 void BJotlet::EndWaitForWindow() {
   waitsForWindow_ = false;
-  Show();
+  if (!record_.hidden && context_.options.hidden != 1) Show();
 }
 
 void BJotlet::StartPendingAlarm() {

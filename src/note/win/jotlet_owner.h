@@ -20,6 +20,7 @@ enum class JotletEvent {
   kUnfocused,
   kSounding,
   kSilent,
+  kHeightUnknown,  // what it is now was computed
   kAnimated,  // `BJotlet::TickAnimation` is to be called until it says no more
 };
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/clock.h"
+#include "base/log.h"
 #include "data/options.h"
 #include "note/monitors.h"
 #include "note/win/edit_actions.h"
@@ -21,6 +22,7 @@ struct NoteContext {
   const MonitorSetup& screens;  // those of this moment
   ProgramSkins& skins;
   const Clock& clock;
+  Log& log;
   StackNames stackName;
   std::function<EditContext()> editing;  // what the commands of an editor need to know
   /// The line above the beginning of a text that is too large to be shown.

@@ -8,6 +8,17 @@
 
 namespace jotlets {
 
+void NoteShadow::Prepare(const Rect& note) {
+  constexpr BYTE kFull = 255;
+  const Rect bounds = ShadowBounds(note);
+  if (MakeWindow(bounds)) DrawShape(bounds, kFull);
+}
+
+bool NoteShadow::MakeWindow(const Rect& bounds) {
+  const WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED | WS_EX_TRANSPARENT | WS_EX_NOACTIVATE};
+  return Handle() != nullptr || Create(className_, L"", bounds, style);
+}
+
 void NoteShadow::Follow(HWND note, bool shown, BYTE darkness) {
   if (!shown) {
     if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
@@ -16,9 +27,7 @@ void NoteShadow::Follow(HWND note, bool shown, BYTE darkness) {
   RECT noteBounds{};
   GetWindowRect(note, &noteBounds);
   const Rect bounds = ShadowBounds(FromRECT(noteBounds));
-  const WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED | WS_EX_TRANSPARENT | WS_EX_NOACTIVATE};
-  if (Handle() == nullptr && !Create(className_, L"", bounds, style)) return;
-  if (!DrawShape(bounds, darkness)) return;
+  if (!MakeWindow(bounds) || !DrawShape(bounds, darkness)) return;
   SetWindowPos(Handle(), note, bounds.left, bounds.top, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 

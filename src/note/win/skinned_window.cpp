@@ -109,7 +109,20 @@ void SkinnedWindow::DragTo(Point offset) {
   if (view_.rolled) minimum.height = dragBounds_.Height();
   const DraggedEdges edges = EdgesOf(dragPart_);
   const Rect dragged = DraggedBounds(dragBounds_, edges, offset);
-  Place(SafeBounds(SnappedSizing(dragged, edges, snap, alt, targets), edges, minimum));
+  const Rect snapped = SnappedSizing(dragged, edges, snap, alt, targets);
+  const Rect safe = SafeBounds(snapped, edges, minimum);
+  // Once, not for every move of the mouse beyond the smallest size.
+  if (safe != Bounds()) LogSafeSize({snapped.Width(), snapped.Height()}, minimum);
+  Place(safe);
+}
+
+Size SkinnedWindow::LogSafeSize(Size size, Size minimum) const {
+  const Size safe = SafeSize(size, minimum);
+  if (safe != size) {
+    context_.log.Write(kLogDetail, u"Set size safe to: ", safe.width, u" ", safe.height, u", minimums: ",
+                       minimum.width, u" ", minimum.height);
+  }
+  return safe;
 }
 
 void SkinnedWindow::OnMouseLeave() {

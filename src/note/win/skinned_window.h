@@ -27,6 +27,14 @@ class SkinnedWindow : public Window {
   const LoadedSkin& Skin() const { return *skin_; }
 
  protected:
+  /// To be called before the window is created that will have these bounds.
+  void PrepareShadow(const Rect& bounds) {
+    // Records may say anything, and no window becomes larger than all screens.
+    const Rect& screen = context_.screens.virtualScreen;
+    const bool fits = bounds.Width() <= screen.Width() && bounds.Height() <= screen.Height();
+    if (context_.options.shadows && fits) shadow_.Prepare(bounds);
+  }
+
   /// What holds the mouse button: the frame, which moves or sizes the window, a button of the skin, or
   /// something in the content.
   enum class Drag { kIdle, kMoving, kSizing, kButton, kContent };
@@ -91,6 +99,8 @@ class SkinnedWindow : public Window {
   void KeepOnTop(bool onTop);
   /// The smallest size that the skin and the screens allow.
   Size SmallestSize() const;
+  /// The size brought up to `minimum`, which is logged when that changes it.
+  Size LogSafeSize(Size size, Size minimum) const;
   std::int32_t RolledHeight() const;
   /// From here on the window follows the mouse, whose button is held.
   void BeginMove(Point mouse);

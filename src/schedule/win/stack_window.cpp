@@ -39,6 +39,7 @@ bool BStackDlg::CreateWindowFor() {
   const Rect bounds = RectAt({record_.x, record_.y}, size);
   WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
+  PrepareShadow(bounds);
   if (!Create(kStackClass, Wide(record_.title), bounds, style)) return false;
   view_.rolled = rolled;
   place_ = NotePlace(bounds, Dpi());
@@ -123,6 +124,22 @@ void BStackDlg::MoveTo(Point position) {
   const Rect bounds = Bounds();
   Place(RectAt(position, {bounds.Width(), bounds.Height()}));
   Changed();
+}
+
+bool BStackDlg::Rescue() {
+  // No window is as large as a record may say: another size alone is no choice of the user's.
+  if (Bounds().TopLeft() != place_.Shown().TopLeft()) SyncPlace();
+  const Rect shown = place_.Shown();
+  const Rect chosen = RectAt(place_.Chosen().TopLeft(), {shown.Width(), shown.Height()});
+  const auto to = RescuedStackPosition(chosen, context_.screens.virtualScreen);
+  if (!to) return false;
+  const Rect bounds = RectAt(*to, {shown.Width(), shown.Height()});
+  Place(bounds);
+  place_.Choose(bounds);
+  record_.x = to->x;
+  record_.y = to->y;
+  Changed();
+  return true;
 }
 
 bool BStackDlg::DoAction(ActionCode action) {

@@ -50,6 +50,8 @@ class BStackDlg final : public SkinnedWindow {
   /// The monitors are (now) these; the stack is shown where it can be seen.
   void ShowOnScreens(const MonitorSetup& screens) { PlaceOnScreens(screens); }
   void MoveTo(Point position);
+  /// Centres a stack on the screen whose place is off it; whether it was.
+  bool Rescue();
 
   /// Carries out the command of an action code; false for one that is none of a stack. The stack may be gone
   /// when the call returns.

@@ -27,10 +27,8 @@ void AddressedJotlet::SetHidden(bool hidden) { jotlet_.SetHidden(hidden); }
 void AddressedJotlet::SetTransparency(std::int32_t percent) { jotlet_.SetTransparency(percent); }
 void AddressedJotlet::MoveTo(Point position) { jotlet_.MoveTo(position); }
 
-bool AddressedJotlet::SetRolled(bool rolled) {
-  jotlet_.SetRolled(rolled);
-  return jotlet_.StoredRecord().rolled == rolled;
-}
+bool AddressedJotlet::SetRolled(bool rolled) { return jotlet_.SetRolled(rolled); }
+Point AddressedJotlet::ShownAt() { return jotlet_.SettledBounds().TopLeft(); }
 
 bool AddressedJotlet::SetPlainText(TextView text) { return jotlet_.Content().SetPlainText(text); }
 bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.Content().SetRichText(rtf); }

@@ -34,6 +34,7 @@ class AddressedJotlet final : public DesktopJotlet {
   void SetHidden(bool hidden) override;
   void SetTransparency(std::int32_t percent) override;
   bool SetRolled(bool rolled) override;
+  Point ShownAt() override;
   void MoveTo(Point position) override;
   bool SetPlainText(TextView text) override;
   bool SetRtf(TextView rtf) override;

@@ -18,7 +18,11 @@ void TrayCommands::Do(UINT command) {
     case ID_NEW_FROM_CLIPBOARD: MakeNote(true); break;
     case ID_IMPORT: ChooseImport(); break;
     case ID_FRIENDS: EditFriends(); break;
-    case ID_RESCUE: RescueOffScreen(); break;
+    case ID_RESCUE:
+      RescueOffScreen();
+      // The mouse cannot reach a ghost: without a way back for it, it would be one for good.
+      tools_.notes.EndGhosts();
+      break;
     case ID_MANAGE: OpenManageWindow(); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: tools_.backups.TakeManualBackup(); break;
@@ -110,7 +114,9 @@ void TrayCommands::ImportNoteMessage(TextView text) {
     tools_.log.Write(kLogDetail, u"Ignored a message that is no note");
     return;
   }
-  tools_.desk.Create(FromNoteMessage(*message, VirtualScreen().Width()));
+  // Something has come for the user, who may look elsewhere.
+  if (!tools_.desk.Create(FromNoteMessage(*message, VirtualScreen().Width())).empty())
+    tools_.window.Start(ProgramTimer::kFlash);
 }
 
 // The stacks first: notes lie over them.
@@ -120,8 +126,8 @@ void TrayCommands::BringForward() {
 }
 
 void TrayCommands::RescueOffScreen() {
-  tools_.notes.Rescue(VirtualScreen());
-  tools_.stacks.Rescue(VirtualScreen());
+  tools_.notes.Rescue();
+  tools_.stacks.Rescue();
 }
 
 void TrayCommands::StopFlashing() {

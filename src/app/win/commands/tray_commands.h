@@ -66,7 +66,7 @@ class TrayCommands {
   void ImportNoteMessage(TextView text);
   void CheckContent() { tools_.control.CheckContent(); }
   void BringForward();
-  /// Brings all notes and stacks back on to the screen.
+  /// Brings notes and stacks that lie off the screen back on to it.
   void RescueOffScreen();
   /// The user has seen why the tray icon flashes.
   void StopFlashing();
