@@ -158,9 +158,10 @@ TEST_F(NoteWindowTest, AnUnknownHeightIsThatOfItsTextAndWhatCannotRollUpSaysSo) 
   EXPECT_EQ(Reply(u"do desktop AA02 rolled"), u"997 unable to roll up");
   EXPECT_EQ(Saved(u"AA01").height, kNone);
   EXPECT_EQ(Reply(u"do desktop AA01 unrolled"), u"000 OK unrolled");
-  EXPECT_EQ(AnswerBox(*program_),
-            u"BJotlet::GetJotletHeight() - should never be here, getting jotlet height when jotlet is rolled, and "
-            u"m_unrolledheight == -1");
+  EXPECT_EQ(
+      AnswerBox(*program_),
+      u"BJotlet::GetJotletHeight() - should never be here, getting jotlet height when jotlet is rolled, and "
+      u"m_unrolledheight == -1");
   const std::int32_t height = BoundsOf(NoteTitled(u"Rolled")).Height();
   EXPECT_TRUE(height >= 40 && height < 120) << height;
   EXPECT_EQ(Saved(u"AA01").height, height);
@@ -190,15 +191,24 @@ TEST_F(NoteWindowTest, IsMovedAndSizedAndLeftWithTheKeyboardAlone) {
       {NoteRecord(u"AA01", {300, 200}, u"One"), NoteRecord(u"AA02", {600, 200}, u"Two")}, kSnapping));
   const HWND one = NoteTitled(u"One");
   const HWND two = NoteTitled(u"Two");
+  // Wine takes the modifiers from the X server when that tells of another focus, however late: what was
+  // pressed by then is a plain key. Such a chord does nothing here, and is pressed again.
+  const auto press = [](std::initializer_list<WORD> chord, const std::function<bool()>& done) {
+    for (int attempt = 0; attempt < 3; ++attempt) {
+      PressKeys(chord);
+      if (WaitUntil(done, kPatience / 3)) return true;
+    }
+    return false;
+  };
+  const auto has = [](HWND note, const Rect& bounds) {
+    return [note, bounds] { return BoundsOf(note) == bounds; };
+  };
   ASSERT_TRUE(ClickIntoText(one));
-  PressKeys({VK_MENU, VK_RIGHT});
-  PressKeys({VK_MENU, VK_DOWN});
-  PressKeys({VK_MENU, VK_SHIFT, VK_RIGHT});
-  EXPECT_TRUE(Turns(one, {308, 208, 536, 348}));
-  PressKeys({VK_CONTROL, VK_TAB});
-  ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == two; }));
-  PressKeys({VK_MENU, VK_SHIFT, VK_UP});
-  EXPECT_TRUE(Turns(two, {600, 200, 820, 332}));
+  EXPECT_TRUE(press({VK_MENU, VK_RIGHT}, has(one, {308, 200, 528, 340})));
+  EXPECT_TRUE(press({VK_MENU, VK_DOWN}, has(one, {308, 208, 528, 348})));
+  EXPECT_TRUE(press({VK_MENU, VK_SHIFT, VK_RIGHT}, has(one, {308, 208, 536, 348})));
+  ASSERT_TRUE(press({VK_CONTROL, VK_TAB}, [two] { return GetForegroundWindow() == two; }));
+  EXPECT_TRUE(press({VK_MENU, VK_SHIFT, VK_UP}, has(two, {600, 200, 820, 332})));
   EXPECT_EQ(Saved(u"AA01").x, 308);
   EXPECT_EQ(Saved(u"AA02").height, 132);
 }
