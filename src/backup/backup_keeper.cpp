@@ -23,7 +23,8 @@ void BackupKeeper::FollowOptions() {
 
 void BackupKeeper::LogNewest() const {
   const std::vector<Text> names = files_.ListFolders(backups_);
-  const auto newest = std::find_if(names.rbegin(), names.rend(), [](const Text& name) { return BackupTime(name).has_value(); });
+  const auto newest = std::find_if(names.rbegin(), names.rend(),
+                                   [](const Text& name) { return BackupTime(name).has_value(); });
   if (newest != names.rend()) log_.Write(kLogLifecycle, u"Most recent backup is: ", *newest);
 }
 

@@ -24,7 +24,8 @@ class DesktopJotlet {
  public:
   virtual ~DesktopJotlet() = default;
   virtual JotletData& Record() = 0;  // place and size brought up to date with the screen
-  virtual Point ShownAt() = 0;       // its top-left corner, which is not the record's as long as that is off the screen
+  virtual Point
+  ShownAt() = 0;  // its top-left corner, which is not the record's as long as that is off the screen
   virtual Text PlainText() = 0;
   virtual Text Rtf() = 0;                   // empty for a picture
   virtual Text SkinPath() = 0;              // empty for the default skin

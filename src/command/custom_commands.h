@@ -27,8 +27,8 @@ class CustomCommands {
   bool Remove(TextView word);
 
   const std::vector<CustomCommand>& List() const { return commands_; }
-  /// Gives the entries consecutive ids from `firstId` and returns them as they are now: a menu that is built of
-  /// them stays true when they change while it is open.
+  /// Gives the entries consecutive ids from `firstId` and returns them as they are now: a menu that is built
+  /// of them stays true when they change while it is open.
   std::vector<CustomCommand> Number(std::int32_t firstId);
 
  private:

@@ -11,7 +11,8 @@ constexpr std::array kDataSetFiles = {kDataFileName,    kStoreFileName,         
                                       kDefaultPngName,  TextView(u"borders.png")};
 
 // What a skin is made of: packages, and loose ones with their pictures.
-constexpr std::array kSkinExtensions = {TextView(u".jsk"), TextView(u".ini"), TextView(u".png"), TextView(u".bmp")};
+constexpr std::array kSkinExtensions = {TextView(u".jsk"), TextView(u".ini"), TextView(u".png"),
+                                        TextView(u".bmp")};
 
 bool HoldsData(const Files& files, const Text& folder) {
   return !folder.empty() &&

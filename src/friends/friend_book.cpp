@@ -14,11 +14,9 @@ void FriendBook::Open(TextView dataFolder) {
     log_.Write(kLogLifecycle, u"Unable to read '", path_, u"': ", content.reason);
   }
   const TextFile file = DecodeTextFile(content.bytes, ansi_);
-  FriendReader reader;
-  LineReader lines(file.text);
-  for (TextView line; lines.Next(line);) reader.LoadFriendLine(line);
-  keepOldFile_ = file.damaged || reader.PassedOver() || content.state == FileContent::State::kUnreadable;
-  list_ = reader.List();
+  bool passedOver = false;
+  list_ = ParseFriends(file.text, &passedOver);
+  keepOldFile_ = file.damaged || passedOver || content.state == FileContent::State::kUnreadable;
 }
 
 void FriendBook::Merge(std::span<const Text> friendLines) {

@@ -21,7 +21,8 @@ FriendEntry WithFreeName(const FriendList& list, FriendEntry entry) {
     const std::size_t at = FindTyped(list, entry);
     if (at == kNoFriend) return entry;
     const FriendEntry& known = list.entries[at];
-    if (known.address == entry.address && known.email == entry.email && known.extra == entry.extra) return entry;
+    if (known.address == entry.address && known.email == entry.email && known.extra == entry.extra)
+      return entry;
     entry.name = name + u" " + IntText(number);
   }
 }

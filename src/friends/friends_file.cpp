@@ -111,10 +111,11 @@ void FriendReader::Close() {
   }
 }
 
-FriendList ParseFriends(TextView text) {
+FriendList ParseFriends(TextView text, bool* passedOver) {
   FriendReader reader;
   LineReader lines(text);
   for (TextView line; lines.Next(line);) reader.LoadFriendLine(line);
+  if (passedOver != nullptr) *passedOver = reader.PassedOver();
   return reader.List();
 }
 

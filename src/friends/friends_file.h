@@ -31,8 +31,8 @@ class FriendReader {
   bool passedOver_ = false;
 };
 
-/// The list in a whole text.
-FriendList ParseFriends(TextView text);
+/// The list in a whole text; `passedOver`, when given, tells `FriendReader::PassedOver`.
+FriendList ParseFriends(TextView text, bool* passedOver = nullptr);
 
 /// The text of the file. What its form cannot hold is replaced, so that it cannot break other entries; see
 /// `FriendRefusal`, which keeps such texts out.

@@ -21,8 +21,8 @@ bool HasCommand(HMENU menu, UINT command) {
 }  // namespace
 
 UINT ChooseFromMenu(HMENU menu, Point at, HWND owner) {
-  const auto chosen = static_cast<UINT>(
-      TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
+  const auto chosen =
+      static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
   return HasCommand(menu, chosen) ? chosen : 0;
 }
 

@@ -38,8 +38,8 @@ FakeFiles FilledFolder() {
   FakeFiles files;
   for (const TextView name :
        {u"jotlets.ini", u"options.ini", u"friends.ini", u"store.mdb", u"categories.png", u"default.rtf",
-        u"default.png", u"borders.png", u"rtf\\1.rtf", u"rtf\\2.rtf", u"skins\\paper.jsk", u"images\\3.png", u"activity.log",
-        u"jotlets.bye", u"rtf\\x.tmp", u"images\\4.rtf"}) {
+        u"default.png", u"borders.png", u"rtf\\1.rtf", u"rtf\\2.rtf", u"skins\\paper.jsk", u"images\\3.png",
+        u"activity.log", u"jotlets.bye", u"rtf\\x.tmp", u"images\\4.rtf"}) {
     files.Put(Text(u"A:\\").append(name), "bytes of " + ToUtf8(name));
   }
   return files;

@@ -124,12 +124,12 @@ TEST(FriendBook, TakesWhatAnOlderDataFileHasBesides) {
   FakeClock clock;
   const Latin1 ansi;
   files.Put(u"C:\\friends.ini", EncodeTextFile(u"[Friends]\nDate=d\nFF1:Ann\nnobody's line\nFriends {\n"
-                                                u"Ann=1||\nWork {\nBen=2||\n}\n}\n"));
+                                               u"Ann=1||\nWork {\nBen=2||\n}\n}\n"));
   const std::string before = files.Get(u"C:\\friends.ini");
   FriendBook book(files, ansi, clock, log);
-  const std::vector<Text> older = {u"Date=o",    u"FF1:Zoe", u"FF2:Ann", u"Friends {", u"Ann=1||", u"-",
-                                   u"Work { (home)", u"Ben=3||", u"In {", u"Cleo=4||",  u"}", u"}",
-                                   u"Home {",    u"Ann=9||", u"}",       u"}"};
+  const std::vector<Text> older = {u"Date=o",        u"FF1:Zoe", u"FF2:Ann", u"Friends {", u"Ann=1||", u"-",
+                                   u"Work { (home)", u"Ben=3||", u"In {",    u"Cleo=4||",  u"}",       u"}",
+                                   u"Home {",        u"Ann=9||", u"}",       u"}"};
   for (int start = 0; start < 2; ++start) {
     book.Open(u"C:\\");
     book.Merge(older);

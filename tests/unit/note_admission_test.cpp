@@ -54,7 +54,8 @@ TEST_F(Admission, PutsANoteWhereItBelongs) {
     return admitted ? admitted->list : NoteList::kDesktop;
   };
   EXPECT_EQ(list(u"", true), NoteList::kSleeping);
-  EXPECT_EQ(Admit(u"<UTITLE>0041", true)->record.sleep.nextWake, kNeverAgain) << "without a time it stays asleep";
+  EXPECT_EQ(Admit(u"<UTITLE>0041", true)->record.sleep.nextWake, kNeverAgain)
+      << "without a time it stays asleep";
   EXPECT_EQ(Admit(u"<SLEEPING>1<SLEEPNEXTWAKE>7<RTF>", true)->record.sleep.nextWake, 7);
   note.attachment.className = u"Notepad";
   EXPECT_EQ(list(), NoteList::kAttached);

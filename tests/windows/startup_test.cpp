@@ -73,14 +73,15 @@ TEST_F(StartupTest, AnOlderDataFileGivesItsOptionsAndFriendsAndTheyActAtOnce) {
   WriteFlatSkin();
   Write(folder_ + Text(kFriendsFileName), EncodeTextFile(u"Friends {\nAnn=1.2.3.4||\n}\n"));
   Write(folder_ + Text(kDataFileName),
-        EncodeTextFile(u"[Options]\nDebug=3\nBackupDir=" + backups + u"\nSkin=Flat\n[Friends]\nFriends {\nBen=5.6.7.8||\n}\n"
+        EncodeTextFile(u"[Options]\nDebug=3\nBackupDir=" + backups +
+                       u"\nSkin=Flat\n[Friends]\nFriends {\nBen=5.6.7.8||\n}\n"
                        u"[Jotlets]\n<X>300<Y>300<WIDTH>220<HEIGHT>140<ID>AA01<RTF>\n"));
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(Value(u"get ipfromfriend Ben") + Value(u"get ipfromfriend Ann"), u"5.6.7.81.2.3.4");
   const std::string log = Log();
   std::size_t at = 0;
-  for (const char* line : {"Most recent backup is: 202601020304", "SaveFriends started for '", "SaveFriends completed OK",
-                           "SaveOptions started for '", "Started Jotlets"}) {
+  for (const char* line : {"Most recent backup is: 202601020304", "SaveFriends started for '",
+                           "SaveFriends completed OK", "SaveOptions started for '", "Started Jotlets"}) {
     at = log.find(line, at);
     EXPECT_NE(at, std::string::npos) << line << "\n" << log;
   }

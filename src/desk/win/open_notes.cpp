@@ -206,8 +206,8 @@ void OpenNotes::EndGhosts() {
 void OpenNotes::LogRescue(const BJotlet& jotlet, Point from) {
   const Rect to = jotlet.Bounds();
   log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
-             u" from appearing off screen (moved from ", from.x, u",", from.y, u" to ", to.left, u",",
-             to.top, u")");
+             u" from appearing off screen (moved from ", from.x, u",", from.y, u" to ", to.left, u",", to.top,
+             u")");
 }
 
 void OpenNotes::FollowMonitors() {

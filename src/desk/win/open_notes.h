@@ -106,8 +106,8 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void HideOthers(const BJotlet& shown);
   /// The note whose window this is, or is inside of; nullptr for other windows.
   BJotlet* FindWindowOwner(HWND window);
-  /// Notes whose place is off the screen get one on it for good, each of which is logged, and the ghosts among
-  /// them end being such: nobody could take hold of them.
+  /// Notes whose place is off the screen get one on it for good, each of which is logged, and the ghosts
+  /// among them end being such: nobody could take hold of them.
   void Rescue();
   /// Ends the ghost state of all notes.
   void EndGhosts();

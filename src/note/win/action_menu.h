@@ -18,8 +18,8 @@ class BJotlet;
 /// A part of a menu that is not the same for every note.
 enum class MenuPart { kNothing, kFile, kAttachment, kStacks, kOfOthers };
 
-/// An entry that is no action code, such as the name of a stack. It brings along all that it needs to be carried
-/// out: while the menu is open, what it was made of may go.
+/// An entry that is no action code, such as the name of a stack. It brings along all that it needs to be
+/// carried out: while the menu is open, what it was made of may go.
 struct ExtraEntry {
   MenuPart part = MenuPart::kNothing;
   Text text;
@@ -34,8 +34,8 @@ struct MenuChoice {
   const ExtraEntry* extra = nullptr;  // of the menu
 };
 
-/// Shows a menu at the mouse, or at its window when the mouse is elsewhere, and waits; the id of the entry chosen,
-/// 0 when it was left.
+/// Shows a menu at the mouse, or at its window when the mouse is elsewhere, and waits; the id of the entry
+/// chosen, 0 when it was left.
 UINT ChooseFromMenu(HMENU menu, HWND owner);
 
 class ActionMenu {

@@ -97,8 +97,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
 
   /// The monitors are (now) these; the note is shown where it can be seen. True when that moved it.
   bool ShowOnScreens(const MonitorSetup& screens);
-  /// A note whose place is off the screen takes the one where it is shown for good. Where it was, nothing for a
-  /// note on the screen.
+  /// A note whose place is off the screen takes the one where it is shown for good. Where it was, nothing for
+  /// a note on the screen.
   std::optional<Point> Rescue();
   /// Where the window is but for the jiggling of an alarm.
   Rect SettledBounds() const;

@@ -31,7 +31,8 @@ std::int32_t BJotlet::HeightOfContent() {
   whole.window = {record_.width, context_.options.defaultHeight};
   const Rect area = TextArea(skin_->data, whole);
   content_->SetBounds(area);
-  return HeightFromContent(content_->Scrolled(area.Height()).range, area.top, whole.window.height - area.bottom);
+  return HeightFromContent(content_->Scrolled(area.Height()).range, area.top,
+                           whole.window.height - area.bottom);
 }
 
 void BJotlet::SetOnTop(bool onTop) {

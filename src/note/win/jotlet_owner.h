@@ -21,7 +21,7 @@ enum class JotletEvent {
   kSounding,
   kSilent,
   kHeightUnknown,  // what it is now was computed
-  kAnimated,  // `BJotlet::TickAnimation` is to be called until it says no more
+  kAnimated,       // `BJotlet::TickAnimation` is to be called until it says no more
 };
 
 /// What the mouse does with the frame of a note.

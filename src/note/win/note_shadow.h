@@ -12,8 +12,8 @@ class NoteShadow final : public Window {
  public:
   explicit NoteShadow(const wchar_t* className = kNoteShadowClass) : className_(className) {}
 
-  /// Makes and draws its window, unseen, for a note that will be there. Before the note's own: not every screen
-  /// stacks windows anew that come to be shown, and the shadow would lie over the note.
+  /// Makes and draws its window, unseen, for a note that will be there. Before the note's own: not every
+  /// screen stacks windows anew that come to be shown, and the shadow would lie over the note.
   void Prepare(const Rect& note);
   /// Brings the shadow to where the note is, `darkness` being the note's own alpha; away with it when the
   /// note is not to be seen.

@@ -11,8 +11,8 @@ namespace jotlets {
 enum AlarmSound : int { kWakeSound = 1, kAlarmSound = 2 };
 
 /// Plays the sound of a kind, and returns at once; a file that is none plays nothing. "beep", in any case,
-/// and the name of no file stand for the system's own beep. The alarm sound goes on as the options say, but for a
-/// trial, which nothing would stop.
+/// and the name of no file stand for the system's own beep. The alarm sound goes on as the options say, but
+/// for a trial, which nothing would stop.
 void PlayAlarmSound(const Options& options, Log& log, int kind, bool trial = false);
 
 /// Ends every sound that is playing.

@@ -128,10 +128,10 @@ std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
       {MenuPart::kStacks, text(IDS_MENU_SHOW_STACK), [this](BJotlet& note) { ShowParent(note); }, inStack}};
   AddStacks(record, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
-    extras.push_back({MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
-                        tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven,
-                                            {note.StoredRecord().id}, word});
-                      }});
+    extras.push_back(
+        {MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
+           tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {note.StoredRecord().id}, word});
+         }});
   }
   return extras;
 }
@@ -250,8 +250,8 @@ void NoteCommands::FindText(BJotlet& jotlet) {
   if (!FindNextText(*note->Editor(), *words)) Tell(note->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
 }
 
-// A link that is there is opened, and a selected address becomes one. For anything else the user gives an address,
-// which takes the place of what is selected.
+// A link that is there is opened, and a selected address becomes one. For anything else the user gives an
+// address, which takes the place of what is selected.
 void NoteCommands::EditLink(BJotlet& jotlet) {
   BEdit* edit = jotlet.Editor();
   if (edit == nullptr || OpenOrMakeLink(*edit) || edit->IsReadOnly()) return;
