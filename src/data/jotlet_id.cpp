@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 namespace jotlets {
 namespace {
 
 constexpr std::size_t kLongestName = 200;
+constexpr std::size_t kLongestPath = 32767;
 
 // Device names are reserved with any extension, and with blanks before it.
 bool IsDeviceName(TextView name) {
@@ -31,6 +33,17 @@ bool IsPlainFileName(TextView text) {
     return unit < 0x20 || TextView(u"<>:\"/\\|?*").find(unit) != TextView::npos;
   });
   return !foreign && !IsDeviceName(text);
+}
+
+bool IsPathOfFile(TextView text) {
+  if (text.size() < 3 || text.size() > kLongestPath) return false;
+  const bool onDrive = text[0] < 0x80 && std::isalpha(text[0]) != 0 && text[1] == u':' && text[2] == u'\\';
+  const bool onNetwork = text.starts_with(u"\\\\") && TextView(u"\\.?").find(text[2]) == TextView::npos;
+  if (!onDrive && !onNetwork) return false;
+  text.remove_prefix(2);
+  return std::none_of(text.begin(), text.end(), [](char16_t unit) {
+    return unit < 0x20 || TextView(u"<>:\"/|?*").find(unit) != TextView::npos;
+  });
 }
 
 bool IsAddressableId(TextView id) { return IsPlainFileName(id) && id.find_first_of(u" ,") == TextView::npos; }

@@ -1,5 +1,5 @@
-// Note identities: how fresh ones are made, and which texts from outside may serve as one. An id names the
-// note's content file, so it must be a plain file name.
+// Note identities: how fresh ones are made, and which texts from outside may serve as one, or as a path. An
+// id names the note's content file, so it must be a plain file name.
 #pragma once
 
 #include <cstdint>
@@ -13,6 +13,10 @@ namespace jotlets {
 /// separators, wildcards or control characters, no reserved device name, no blank at either end and no full
 /// stop at the end.
 bool IsPlainFileName(TextView text);
+
+/// Whether `text` can be the full path of a file, on a drive or on the network. The names of devices and of
+/// the system's own objects are left out, and so is what no name holds.
+bool IsPathOfFile(TextView text);
 
 /// Whether other programs can name a note by this id: a plain file name without blanks, which end an id in a
 /// command, and commas, which end one in a list.

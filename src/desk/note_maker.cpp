@@ -30,7 +30,8 @@ NewNote FromNoteMessage(const NoteMessage& message, std::int32_t maximumWidth) {
   fresh.reason = Reason::kImport;
   (message.isRtf ? fresh.rtf : fresh.text) = message.content;
   fresh.title = message.title;
-  fresh.source = message.source;
+  // A note that came from outside is known by its source.
+  fresh.source = message.source.empty() ? Text(u"unknown") : message.source;
   fresh.colour = message.colour;
   fresh.width = std::min(message.width, maximumWidth);
   return fresh;

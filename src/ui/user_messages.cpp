@@ -29,6 +29,11 @@ void Tell(HWND owner, const Resources& resources, UINT text, TextView value) {
   ShowBox(owner, resources, ReplaceAll(resources.String(text), u"%s", value), MB_OK | MB_ICONWARNING);
 }
 
+bool AskFirst(HWND owner, const Resources& resources, UINT question, TextView value) {
+  return ShowBox(owner, resources, ReplaceAll(resources.String(question), u"%s", value),
+                 MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+}
+
 bool Ask(HWND owner, const Resources& resources, UINT question) {
   return ShowBox(owner, resources, resources.String(question), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }

@@ -13,6 +13,9 @@ void Tell(HWND owner, const Resources& resources, UINT text, TextView value);
 /// Asks a yes-or-no question; whether the answer was yes.
 bool Ask(HWND owner, const Resources& resources, UINT question);
 
+/// The same, with `value` in the place of "%s", and no for an answer that is given without looking.
+bool AskFirst(HWND owner, const Resources& resources, UINT question, TextView value);
+
 /// The same, with a number in the place of each "%n".
 void TellCount(HWND owner, const Resources& resources, UINT text, std::size_t count);
 bool AskCount(HWND owner, const Resources& resources, UINT question, std::size_t count);

@@ -1,7 +1,5 @@
 #include "desk/win/open_notes.h"
 
-#include <shellapi.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -272,13 +270,6 @@ EditContext OpenNotes::EditingContext() {
           .highlights = Highlights(),
           .lifted = lifted_,
           .searched = searched_};
-}
-
-void OpenNotes::OnJotletLink(const Text& target) {
-  const auto result = reinterpret_cast<INT_PTR>(
-      ShellExecuteW(nullptr, L"open", Wide(target), nullptr, nullptr, SW_SHOWNORMAL));
-  constexpr INT_PTR kLastError = 32;
-  if (result <= kLastError) log_.Write(kLogLifecycle, u"Unable to open '", target, u"'");
 }
 
 std::vector<BJotlet*> OpenNotes::GroupOf(BJotlet& jotlet) {

@@ -11,6 +11,7 @@
 #include "data/stack_record.h"
 #include "desk/note_event.h"
 #include "desk/note_windows.h"
+#include "desk/win/note_links.h"
 #include "note/win/jotlet.h"
 #include "res/resource.h"
 #include "skin/win/program_skins.h"
@@ -66,7 +67,9 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
                  [this](std::int32_t number) { return StackName(number); },
                  [this] { return EditingContext(); },
                  [&resources] { return resources.String(IDS_BEGINNING); },
-                 [this](const Text& target) { OnJotletLink(target); }} {}
+                 [this, &resources](HWND note, const Text& target, bool fromOutside) {
+                   FollowLink(note, resources, log_, target, fromOutside);
+                 }} {}
   ~OpenNotes() override = default;
   OpenNotes(const OpenNotes&) = delete;
   OpenNotes& operator=(const OpenNotes&) = delete;
@@ -164,7 +167,6 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletFocus(BJotlet& jotlet, bool gained);
   void OnAlarm(BJotlet& jotlet, bool sounding);
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
-  void OnJotletLink(const Text& target);
   std::optional<Text> StackName(std::int32_t number) const;
   void LogRescue(const BJotlet& jotlet, Point from);
   void ShowOnScreens(BJotlet& jotlet);

@@ -24,7 +24,7 @@ class EditWatcher {
   virtual void OnEditScrolled() = 0;
   /// The mouse has come over the editor, or has left it.
   virtual void OnEditMouse() = 0;
-  /// The user wants a link opened; `target` is an address that may be handed to the system.
+  /// The user wants a link followed; `target` is of `LinkTarget`.
   virtual void OnEditLink([[maybe_unused]] const Text& target) {}
 };
 
@@ -100,7 +100,7 @@ class BEdit {
   bool CanPaste() const;
   /// Tells the parent of a change that the control itself says nothing about.
   void TellChanged();
-  /// Has the watcher open an address.
+  /// Has the watcher follow a link.
   void OpenLink(const Text& target) { watcher_->OnEditLink(target); }
 
  private:

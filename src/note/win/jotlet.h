@@ -144,6 +144,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
   static constexpr UINT_PTR kAlarmTimer = 1228;
+  static constexpr UINT kLinkMessage = WM_APP;
   struct ActionHandler;
   static const ActionHandler kHandlers[];
 
@@ -182,7 +183,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool ShowFrame(const AnimationFrame& frame);
   void OnEditScrolled() override;
   void OnEditMouse() override;
-  void OnEditLink(const Text& target) override { context_.openLink(target); }
+  void OnEditLink(const Text& target) override;
   void OnContentChanged() override;
   Text BeginningNotice() override { return context_.beginningNotice(); }
 
@@ -210,6 +211,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;
+  Text clickedLink_;
   std::int32_t alarmPhase_ = kNotSounding;
   Point alarmOrigin_;  // while it sounds
   bool alarmPending_ = false;

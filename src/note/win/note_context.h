@@ -1,6 +1,8 @@
 // What the windows on the desktop, notes and stacks, need from outside besides their owner.
 #pragma once
 
+#include <windows.h>
+
 #include <functional>
 #include <optional>
 
@@ -27,7 +29,8 @@ struct NoteContext {
   std::function<EditContext()> editing;  // what the commands of an editor need to know
   /// The line above the beginning of a text that is too large to be shown.
   std::function<Text()> beginningNotice;
-  std::function<void(const Text& target)> openLink;  // an address that the user wants opened
+  /// Follows a link that the user has clicked on in a note, which may be gone when the call returns.
+  std::function<void(HWND note, const Text& target, bool noteFromOutside)> openLink;
 };
 
 }  // namespace jotlets

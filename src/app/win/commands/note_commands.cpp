@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
@@ -13,6 +14,7 @@
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"
 #include "ui/system_choosers.h"
+#include "ui/system_programs.h"
 #include "ui/text_dialog.h"
 #include "ui/user_messages.h"
 
@@ -295,10 +297,7 @@ void NoteCommands::ImportFromFile(BJotlet& jotlet) {
 
 void NoteCommands::OpenDocument(BJotlet& jotlet, TextView name) {
   const Text path = tools_.desk.Folder() + Text(name);
-  const auto result = reinterpret_cast<INT_PTR>(ShellExecuteW(
-      jotlet.Handle(), L"open", L"notepad.exe", Wide(u"\"" + path + u"\""), nullptr, SW_SHOWNORMAL));
-  constexpr INT_PTR kLastError = 32;  // of those that stand for failures
-  if (result <= kLastError) tools_.log.Write(kLogLifecycle, u"Unable to open '", path, u"'");
+  if (!OpenInNotepad(jotlet.Handle(), path)) tools_.log.Write(kLogLifecycle, u"Unable to open '", path, u"'");
 }
 
 void NoteCommands::OpenLog(BJotlet& jotlet) { OpenDocument(jotlet, kActivityLogName); }
