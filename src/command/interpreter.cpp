@@ -1,6 +1,7 @@
 #include "command/interpreter.h"
 
 #include "command/command_table.h"
+#include "data/jotlet_id.h"
 
 namespace jotlets {
 
@@ -20,10 +21,9 @@ Inbound RouteInbound(TextView text, bool skinFixedByPolicy) {
   if (StartsWithIgnoreCase(text, kCommandPrefix)) {
     return {InboundKind::kCommand, text.substr(kCommandPrefix.size())};
   }
-  const std::size_t dot = text.rfind(u'.');
-  if (dot != TextView::npos && EqualIgnoreCase(text.substr(dot + 1), u"jsk") && !skinFixedByPolicy) {
+  // A note may end in any words: only what can be nothing but a path is one.
+  if (HasExtension(text, u".jsk") && IsPathOfFile(text) && !skinFixedByPolicy)
     return {InboundKind::kSkinFile, text};
-  }
   if (text.starts_with(kNotePrefix)) text.remove_prefix(kNotePrefix.size());
   return {InboundKind::kNoteMessage, text};
 }

@@ -2,37 +2,21 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <vector>
 
-#include "base/log.h"
 #include "base/text.h"
+#include "command/client_lines.h"
 #include "desk/note_event.h"
 
 namespace jotlets {
 
-/// A client's window, 0 when it gave none.
-using ClientWindow = std::uintptr_t;
-
-enum class Delivery { kDelivered, kHung, kGone };
-
-/// Carries one line of text to a client's window and waits until the client has taken it, but not for ever.
-class LineTransport {
- public:
-  virtual ~LineTransport() = default;
-  virtual Delivery Send(ClientWindow client, std::uintptr_t tag, TextView line) = 0;
-  virtual bool Exists(ClientWindow client) const = 0;
-};
-
 /// The programs that get event lines, in the order in which they registered, each once.
 ///
-/// A client whose window is gone is dropped at the next event. One that hangs holds us up once for the bound
-/// of the transport and is then passed over: `kHungLimit` hung deliveries in a row drop it, so that a dead
-/// program cannot slow every later event down.
+/// An event waits for all of them together as long as a `WaitBudget` lasts; who hangs is passed over and gets
+/// the rest when it answers again. A listener leaves by deregistering, or when its window is found gone.
 class Listeners final : public EventSink {
  public:
-  static constexpr int kHungLimit = 2;
-  Listeners(LineTransport& transport, Log& log) : transport_(transport), log_(log) {}
+  explicit Listeners(ClientLines& lines) : lines_(lines) {}
 
   bool Register(ClientWindow client);    // false: it was there already
   bool Deregister(ClientWindow client);  // false: it was not there
@@ -43,25 +27,18 @@ class Listeners final : public EventSink {
   void NotifyListeners(TextView line);
 
  private:
-  struct Listener {
-    ClientWindow client;
-    int hungInARow;
-  };
-  Listener* Find(ClientWindow client);
-
-  LineTransport& transport_;
-  Log& log_;
-  std::vector<Listener> listeners_;
+  ClientLines& lines_;
+  std::vector<ClientWindow> listeners_;
 };
 
 /// Made for one command: sends its reply to its sender, with the tag that came with the command.
 class ApiReplyChannel {
  public:
-  ApiReplyChannel(LineTransport& transport, Listeners& listeners, Log& log, std::uintptr_t tag,
-                  ClientWindow client)
-      : transport_(transport), listeners_(listeners), log_(log), tag_(tag), client_(client) {}
+  ApiReplyChannel(ClientLines& lines, Listeners& listeners, std::uintptr_t tag, ClientWindow client)
+      : lines_(lines), listeners_(listeners), tag_(tag), client_(client) {}
 
   void SendLine(TextView line) const;
+  bool HasReplied() const { return replied_; }
   void Ok(TextView word) const;      // "000 OK " and the word
   void Value(TextView value) const;  // "001 " and the value
 
@@ -70,11 +47,11 @@ class ApiReplyChannel {
   bool IsRegistered() const { return listeners_.IsRegistered(client_); }
 
  private:
-  LineTransport& transport_;
+  ClientLines& lines_;
   Listeners& listeners_;
-  Log& log_;
   std::uintptr_t tag_;
   ClientWindow client_;
+  mutable bool replied_ = false;
 };
 
 }  // namespace jotlets

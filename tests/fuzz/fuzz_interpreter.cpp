@@ -2,6 +2,23 @@
 // event.
 #include "fuzz.h"
 
+namespace {
+
+void CheckRouting(jotlets::TextView text) {
+  using namespace jotlets;
+  const Inbound open = RouteInbound(text, false);
+  const Inbound fixed = RouteInbound(text, true);
+  for (const Inbound& inbound : {open, fixed}) {
+    Check(text.ends_with(inbound.text));
+    Check((inbound.kind == InboundKind::kCommand) == StartsWithIgnoreCase(text, u"api "));
+  }
+  Check(fixed.kind != InboundKind::kSkinFile);
+  if (open.kind != InboundKind::kSkinFile) return Check(open.kind == fixed.kind && open.text == fixed.text);
+  Check(open.text == text && text.find_first_of(u"\r\n") == TextView::npos && HasExtension(text, u".jsk"));
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace jotlets;
   if (size > 10'000) return 0;
@@ -25,7 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     program.Execute(next(), kListener);
     --depth;
   };
+  CheckRouting(script);
   while (!rest.empty()) {
+    CheckRouting(SplitAtFirst(rest, u'\n').head);
     const Inbound inbound = RouteInbound(next(), false);
     if (inbound.kind != InboundKind::kCommand) continue;
     program.transport.sent.clear();

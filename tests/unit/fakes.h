@@ -255,15 +255,27 @@ class FakeTransport final : public LineTransport {
   std::set<ClientWindow> gone;
   std::set<ClientWindow> hung;
   std::set<ClientWindow> dying;                        // there when asked, gone when sent to
+  std::map<ClientWindow, std::uint32_t> slow;          // milliseconds until one answers
+  std::vector<ClientWindow> asked;                     // for an answer
+  std::uint64_t now = 0;                               // milliseconds
   std::function<void(ClientWindow, TextView)> onSend;  // what a client does inside its window procedure
 
-  Delivery Send(ClientWindow client, std::uintptr_t tag, TextView line) override {
+  Delivery Send(ClientWindow client, std::uintptr_t tag, TextView line, std::uint32_t milliseconds) override {
     sent.push_back({client, tag, Text(line)});
     if (onSend) onSend(client, line);
-    if (hung.contains(client)) return Delivery::kHung;
+    const std::uint32_t taken = hung.contains(client)   ? milliseconds
+                                : slow.contains(client) ? slow[client]
+                                                        : 0;
+    now += std::min(taken, milliseconds);
+    if (hung.contains(client) || taken > milliseconds) return Delivery::kHung;
     return gone.contains(client) || dying.contains(client) ? Delivery::kGone : Delivery::kDelivered;
   }
   bool Exists(ClientWindow client) const override { return !gone.contains(client); }
+  bool AskForAnswer(ClientWindow client) override {
+    asked.push_back(client);
+    return !gone.contains(client);
+  }
+  std::uint64_t Milliseconds() const override { return now; }
 };
 
 class FakeJotlet final : public DesktopJotlet {
@@ -321,7 +333,8 @@ class FakeProgram final : public CommandHost {
 
   FakeLog log;
   FakeTransport transport;
-  Listeners listeners{transport, log};
+  ClientLines lines{transport, log};
+  Listeners listeners{lines};
   std::vector<std::unique_ptr<FakeJotlet>> notes;
   RecordList attached, closed;
   RecordList sleeping;
@@ -346,7 +359,7 @@ class FakeProgram final : public CommandHost {
     return *notes.back();
   }
   void Execute(TextView command, ClientWindow client = kClient) {
-    ExecuteApiCommand(*this, ApiReplyChannel(transport, listeners, log, kTag, client), log, command);
+    ExecuteApiCommand(*this, ApiReplyChannel(lines, listeners, kTag, client), log, command);
   }
   /// The lines that a client got in answer to a command, joined by "|": a command has exactly one.
   Text Reply(TextView command, ClientWindow client = kClient) {

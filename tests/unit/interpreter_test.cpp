@@ -382,7 +382,11 @@ TEST(Routing, TellsCommandsSkinsAndNotes) {
   EXPECT_EQ(routed(u"api load x.jsk"), u"command:load x.jsk");
   EXPECT_EQ(routed(u"C:\\my.skins\\a.JSK"), u"skin:C:\\my.skins\\a.JSK");
   EXPECT_EQ(routed(u"C:\\a.jsk", true), u"note:C:\\a.jsk");
-  EXPECT_EQ(routed(u"C:\\a.jsk.txt"), u"note:C:\\a.jsk.txt");
+  EXPECT_EQ(routed(u"\\\\host\\share\\a.jsk"), u"skin:\\\\host\\share\\a.jsk");
+  for (const Text note :
+       {u"C:\\a.jsk.txt", u"I like my.jsk", u"TEXT=a\nb.jsk", u"C:\\a\nb.jsk", u"\\\\.\\a.jsk"})
+    EXPECT_EQ(routed(note), u"note:" + note);
+  EXPECT_EQ(routed(u"#jotlet TEXT=C:\\a.jsk"), u"note:TEXT=C:\\a.jsk");
   EXPECT_EQ(routed(u"#jotlet FORM="), u"note:FORM=");
   EXPECT_EQ(routed(u"#Jotlet FORM="), u"note:#Jotlet FORM=");
   EXPECT_EQ(routed(u"api"), u"note:api");

@@ -40,7 +40,8 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kRefreshStacksMessage:
     case kJournalMessage:
     case kUnknownHeightMessage:
-    case kCheckContentMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
+    case kCheckContentMessage:
+    case kClientAnswersMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE: program_.FollowMonitors(); break;
     case WM_CLOSE: program_.ExitJotlets(u"close", false); return 0;
@@ -54,9 +55,8 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CMainFrame::OnCopyData(HWND sender, const COPYDATASTRUCT* record) {
   const ProgramState& state = program_.State();
-  if (!state.ready || state.exiting || record == nullptr) return FALSE;
-  program_.OnCopyData(sender, *record);
-  return TRUE;
+  if (!state.ready || state.exiting) return static_cast<LRESULT>(Taken::kNotReady);
+  return static_cast<LRESULT>(record == nullptr ? Taken::kFailed : program_.OnCopyData(sender, *record));
 }
 
 }  // namespace jotlets

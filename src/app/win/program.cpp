@@ -23,7 +23,8 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       rescue_(rescue),
       options_(system_.files, system_.ansi, system_.clock, system_.log),
       transport_(system_.ansi),
-      listeners_(transport_, system_.log),
+      clientLines_(transport_, system_.log),
+      listeners_(clientLines_),
       skins_(resources, system_.files, system_.ansi, system_.log),
       notes_(*this, listeners_, resources, system_.files, system_.clock, system_.log, options_.Current(),
              skins_),
@@ -50,7 +51,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                      listeners_, menus_, window_, state_}),
       commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
                 {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, saving_,
-                 managed_, trayCommands_, tray_, listeners_, transport_, menus_, installId_}) {}
+                 managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {}
 
 Program::~Program() = default;
 
@@ -92,6 +93,7 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       if (state_.ready && !state_.exiting) saving_.WriteJournal();
       break;
     case kUnknownHeightMessage: TellUnknownHeight(); break;
+    case kClientAnswersMessage: clientLines_.OnAnswers(static_cast<ClientWindow>(detail)); break;
   }
 }
 

@@ -54,7 +54,7 @@ class Program final : private OpenNotesOwner,
   void ExitJotlets(TextView reason, bool silent);
 
   const ProgramState& State() const { return state_; }
-  void OnCopyData(HWND sender, const COPYDATASTRUCT& record) { commands_.OnCopyData(sender, record); }
+  Taken OnCopyData(HWND sender, const COPYDATASTRUCT& record) { return commands_.OnCopyData(sender, record); }
   void OnTimer(ProgramTimer timer);
   void OnMessage(ProgramMessage message, LPARAM detail);
   void OnCommand(UINT command) { trayCommands_.Do(command); }
@@ -130,6 +130,7 @@ class Program final : private OpenNotesOwner,
   Policy policy_;
   Text installId_;
   CopyDataTransport transport_;
+  ClientLines clientLines_;
   Listeners listeners_;
   CustomMenus menus_;
   ProgramSkins skins_;

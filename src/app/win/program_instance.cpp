@@ -2,6 +2,7 @@
 
 #include "base/win/ansi_code_page.h"
 #include "base/win/wide.h"
+#include "command/interpreter.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -23,7 +24,7 @@ HWND WaitForMainWindow() {
   }
 }
 
-enum class Offer { kTaken, kNotYet, kNobodyThere };
+enum class Offer { kTaken, kFailed, kNotYet, kNobodyThere };
 
 Offer OfferText(HWND main, TextView text) {
   const std::string bytes = AnsiCodePage().Encode(text);
@@ -35,7 +36,8 @@ Offer OfferText(HWND main, TextView text) {
                           kAnswerMilliseconds, &taken) == 0) {
     return Offer::kNobodyThere;
   }
-  return taken != 0 ? Offer::kTaken : Offer::kNotYet;
+  if (taken == static_cast<DWORD_PTR>(Taken::kNotReady)) return Offer::kNotYet;
+  return taken == static_cast<DWORD_PTR>(Taken::kFailed) ? Offer::kFailed : Offer::kTaken;
 }
 
 }  // namespace

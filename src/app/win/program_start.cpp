@@ -33,7 +33,7 @@ bool Program::Start(HWND window) {
   window_.SetHandle(window);
   RegisterClasses();
   tray_.Add(window, kTrayMessage);
-  transport_.SetSender(window);
+  transport_.SetSender(window, kClientAnswersMessage);
   policy_ = ReadPolicy(RegistryPolicy(), system_.log);
   if (!FindDataFolder()) return false;
   skins_.Open(desk_.Folder());

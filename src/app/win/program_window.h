@@ -24,6 +24,7 @@ enum ProgramMessage : UINT {
   kRefreshStacksMessage,
   kJournalMessage,
   kUnknownHeightMessage,
+  kClientAnswersMessage,
 };
 
 class ProgramWindow {

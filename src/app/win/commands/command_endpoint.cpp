@@ -1,6 +1,7 @@
 #include "app/win/commands/command_endpoint.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "backup/backup.h"
 #include "skin/win/clipboard.h"
@@ -21,22 +22,46 @@ NewNote PictureNote(std::string png) {
   return fresh;
 }
 
+bool IsCommand(const COPYDATASTRUCT& record) {
+  if (record.lpData == nullptr) return false;
+  const std::string_view bytes(static_cast<const char*>(record.lpData), record.cbData);
+  return StartsWithIgnoreCase(FromAscii(bytes.substr(0, 4)), u"api ");
+}
+
+constexpr TextView kTooLarge = u"997 too large";
+constexpr TextView kFailedInside = u"997 failed";
+
 }  // namespace
 
-void CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
+Taken CommandEndpoint::OnCopyData(HWND sender, const COPYDATASTRUCT& record) {
+  const ApiReplyChannel reply(program_.clientLines, program_.listeners, record.dwData,
+                              reinterpret_cast<ClientWindow>(sender));
+  try {
+    return Serve(reply, record);
+  } catch (const std::exception& error) {
+    // To the sender, no answer would mean that we are not there yet.
+    program_.log.Write(kLogLifecycle, u"A message of another program failed: ", FromUtf8(error.what()));
+    if (!reply.HasReplied() && IsCommand(record)) reply.SendLine(kFailedInside);
+    return Taken::kFailed;
+  }
+}
+
+Taken CommandEndpoint::Serve(const ApiReplyChannel& reply, const COPYDATASTRUCT& record) {
+  if (record.cbData > kLargestInbound) {
+    program_.log.Write(kLogLifecycle, u"A message of another program is too large: ", record.cbData);
+    if (IsCommand(record)) reply.SendLine(kTooLarge);
+    return Taken::kFailed;
+  }
   // The payload is the sender's memory; all that follows works on a copy.
   const Text text = TextOfCopyData(record, program_.ansi);
   const Inbound inbound = RouteInbound(text, note_.skins.IsFixedByPolicy());
+  bool done = true;
   switch (inbound.kind) {
-    case InboundKind::kCommand: {
-      const ApiReplyChannel reply(program_.transport, program_.listeners, program_.log, record.dwData,
-                                  reinterpret_cast<ClientWindow>(sender));
-      ExecuteApiCommand(*this, reply, program_.log, inbound.text);
-      break;
-    }
-    case InboundKind::kSkinFile: note_.skins.OpenFile(inbound.text); break;
-    case InboundKind::kNoteMessage: program_.tray.ImportNoteMessage(inbound.text); break;
+    case InboundKind::kCommand: ExecuteApiCommand(*this, reply, program_.log, inbound.text); break;
+    case InboundKind::kSkinFile: done = note_.skins.OpenFile(inbound.text); break;
+    case InboundKind::kNoteMessage: done = program_.tray.ImportNoteMessage(inbound.text); break;
   }
+  return done ? Taken::kYes : Taken::kFailed;
 }
 
 DesktopJotlet* CommandEndpoint::FindDesktop(TextView id) {

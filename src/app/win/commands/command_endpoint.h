@@ -28,7 +28,7 @@ struct ProgramTools {
   TrayCommands& tray;
   CSystemTray& icon;
   Listeners& listeners;
-  CopyDataTransport& transport;
+  ClientLines& clientLines;
   CustomMenus& menus;
   const Text& installId;
 };
@@ -38,8 +38,8 @@ class CommandEndpoint final : public CommandHost {
  public:
   CommandEndpoint(const NoteTools& note, const ProgramTools& program) : note_(note), program_(program) {}
 
-  /// Serves a copy-data message.
-  void OnCopyData(HWND sender, const COPYDATASTRUCT& record);
+  /// Serves a copy-data message; what it answers.
+  Taken OnCopyData(HWND sender, const COPYDATASTRUCT& record);
 
   DesktopJotlet* FindDesktop(TextView id) override;
   const JotletData* FindAttached(TextView id) override;
@@ -89,6 +89,7 @@ class CommandEndpoint final : public CommandHost {
   void NotifyMoved(TextView id) override;
 
  private:
+  Taken Serve(const ApiReplyChannel& reply, const COPYDATASTRUCT& record);
   const NoteLists& Lists() const { return note_.desk.Lists(); }
 
   NoteTools note_;

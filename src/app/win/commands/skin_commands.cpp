@@ -13,9 +13,10 @@ bool SkinCommands::SetDefault(TextView path) {
   return name.has_value();
 }
 
-void SkinCommands::OpenFile(TextView path) {
-  if (SetDefault(path)) return;
+bool SkinCommands::OpenFile(TextView path) {
+  if (SetDefault(path)) return true;
   tray_.Balloon(kVersionText, ReplaceAll(resources_.String(IDS_SKIN_UNREADABLE), u"%s", path));
+  return false;
 }
 
 void SkinCommands::UseDefault(const Text& name) {

@@ -29,7 +29,7 @@ class SkinCommands {
   /// Makes the skin in a file the default one; false when it is none, or policy fixes the skin.
   bool SetDefault(TextView path);
   /// The same for a file that the user has opened, who is told when it is no skin.
-  void OpenFile(TextView path);
+  bool OpenFile(TextView path);
   void UseDefault(const Text& name);
   Text DefaultPath() { return skins_.DefaultPath(); }
   /// Shows a note in the skin of a file, of a name, or for no text in the default one; false when there is no

@@ -108,15 +108,16 @@ void TrayCommands::ImportFile(TextView path) {
   }
 }
 
-void TrayCommands::ImportNoteMessage(TextView text) {
+bool TrayCommands::ImportNoteMessage(TextView text) {
   const auto message = ParseNoteMessage(text);
   if (!message) {
     tools_.log.Write(kLogDetail, u"Ignored a message that is no note");
-    return;
+    return false;
   }
+  if (tools_.desk.Create(FromNoteMessage(*message, VirtualScreen().Width())).empty()) return false;
   // Something has come for the user, who may look elsewhere.
-  if (!tools_.desk.Create(FromNoteMessage(*message, VirtualScreen().Width())).empty())
-    tools_.window.Start(ProgramTimer::kFlash);
+  tools_.window.Start(ProgramTimer::kFlash);
+  return true;
 }
 
 // The stacks first: notes lie over them.

@@ -62,8 +62,8 @@ class TrayCommands {
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path);
 
-  /// The same with a note message.
-  void ImportNoteMessage(TextView text);
+  /// The same with a note message; whether it became a note.
+  bool ImportNoteMessage(TextView text);
   void CheckContent() { tools_.control.CheckContent(); }
   void BringForward();
   /// Brings notes and stacks that lie off the screen back on to it.
