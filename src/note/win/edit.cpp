@@ -7,8 +7,10 @@
 #include <cstring>
 
 #include "base/win/wide.h"
+#include "data/rtf_bounds.h"
 #include "data/rtf_text.h"
 #include "note/link_text.h"
+#include "note/win/editor_bounds.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -129,27 +131,32 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
     self.edit_ = nullptr;
     return DefSubclassProc(edit, message, wParam, lParam);
   }
+  try {
+    return self.Serve(edit, message, wParam, lParam);
+  } catch (...) {
+    OutputDebugStringW(L"an exception left a message unserved");
+    return 0;
+  }
+}
+
+LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   // The control's own way of pasting takes pictures as well.
-  if (message == WM_PASTE) return self.Paste(), 0;
-  if (message == WM_KEYDOWN && self.OnKey(wParam)) return 0;
+  if (message == WM_PASTE) return Paste(), 0;
+  if (message == WM_KEYDOWN && OnKey(wParam)) return 0;
   if (message == WM_RBUTTONUP || message == WM_CONTEXTMENU) {
     // Posted: the menu may bring about the end of this control.
     PostMessageW(GetParent(edit), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(edit), lParam);
     return 0;
   }
   const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
-  try {
-    if (message == WM_PAINT) self.watcher_->OnEditScrolled();
-    if (message == WM_MOUSEMOVE && !self.trackingMouse_) {
-      TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, edit, 0};
-      self.trackingMouse_ = TrackMouseEvent(&track) != 0;
-      self.watcher_->OnEditMouse();
-    } else if (message == WM_MOUSELEAVE) {
-      self.trackingMouse_ = false;
-      self.watcher_->OnEditMouse();
-    }
-  } catch (const std::bad_alloc&) {
-    OutputDebugStringW(L"out of memory");
+  if (message == WM_PAINT) watcher_->OnEditScrolled();
+  if (message == WM_MOUSEMOVE && !trackingMouse_) {
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, edit, 0};
+    trackingMouse_ = TrackMouseEvent(&track) != 0;
+    watcher_->OnEditMouse();
+  } else if (message == WM_MOUSELEAVE) {
+    trackingMouse_ = false;
+    watcher_->OnEditMouse();
   }
   return result;
 }
@@ -209,8 +216,19 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
 
 bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(SF_RTF, rtf); }
 
+TextView BEdit::TroubleWith(std::string_view rtf) const { return RtfTrouble(rtf, BoundsOfEditor()); }
+
+bool BEdit::TakesText(TextView text) const { return TextWork(text) <= BoundsOfEditor().work; }
+
 void BEdit::LoadBeginning(std::string_view rtf, TextView notice) {
-  SetPlainText(Text(notice) + u"\r\n" + RtfTextStart(rtf, kLongestBeginning));
+  ShowWords(RtfTextStart(rtf, kLongestBeginning), notice);
+}
+
+void BEdit::ShowWords(TextView text, TextView notice) {
+  // Links would be looked for in all of it.
+  SendMessageW(edit_, EM_AUTOURLDETECT, 0, 0);
+  SetPlainText(BoundedWords(Text(notice) + u"\r\n" + Text(text)));
+  SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
   beginningOnly_ = true;
   SetReadOnly(look_.readOnly);
 }
@@ -312,8 +330,28 @@ bool BEdit::CanPaste() const {
                            IsClipboardFormatAvailable(RichTextFormat()) != 0);
 }
 
+// Rich text that the control must not be given is pasted as plain text, unless that is too much as well.
+bool BEdit::TakesClipboard(UINT& format) const {
+  const EditorBounds& bounds = BoundsOfEditor();
+  if (format == RichTextFormat()) {
+    const std::string rtf = ClipboardBytes(edit_, format);
+    const bool fits = RtfTrouble(rtf, bounds).empty() && (bounds.takesLists || rtf.find("\\pn") == rtf.npos);
+    if (fits) return true;
+    format = CF_UNICODETEXT;
+  }
+  const std::string bytes = ClipboardBytes(edit_, CF_UNICODETEXT);
+  Text text(bytes.size() / 2, u'\0');
+  std::memcpy(text.data(), bytes.data(), text.size() * 2);
+  return TakesText(text);
+}
+
 void BEdit::PasteFormat(UINT format) {
-  if (!IsReadOnly()) SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
+  if (IsReadOnly()) return;
+  if (TakesClipboard(format)) {
+    SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
+  } else {
+    MessageBeep(MB_ICONWARNING);
+  }
 }
 
 void BEdit::Paste() { PasteFormat(PreferredFormat()); }

@@ -59,9 +59,15 @@ class BEdit {
   bool SetRtf(std::string_view rtf);
   /// The content as rich text; nothing when not all of it could be had.
   std::optional<std::string> Rtf() const;
-  /// Shows the words of the beginning of a large rich text below a line that says so, read-only until there
-  /// is another content. What is shown must not be saved in its place.
+  /// What keeps a rich text from this control, and whether a plain one can be put in: some texts would hang
+  /// it.
+  TextView TroubleWith(std::string_view rtf) const;
+  bool TakesText(TextView text) const;
+  /// Shows the words of the beginning of a rich text that is too much for the control below a line that says
+  /// so, read-only until there is another content. What is shown must not be saved in its place.
   void LoadBeginning(std::string_view rtf, TextView notice);
+  /// The same with a plain text.
+  void ShowWords(TextView text, TextView notice);
   bool ShowsBeginning() const { return beginningOnly_; }
   void SetPlainText(TextView text);
   /// The text without formatting, lines ended by "\r\n".
@@ -107,11 +113,13 @@ class BEdit {
   static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                 DWORD_PTR object) noexcept;
 
+  LRESULT Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKey(WPARAM key);
   void OnLink(const ENLINK& link);
   void SetDefaultFormat();
   bool StreamIn(WPARAM format, std::string_view bytes);
   void PasteFormat(UINT format);
+  bool TakesClipboard(UINT& format) const;
   void LetGo(HWND edit);
 
   HWND edit_ = nullptr;

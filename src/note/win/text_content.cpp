@@ -1,5 +1,6 @@
 #include "note/win/text_content.h"
 
+#include "data/rtf_bounds.h"
 #include "data/rtf_bytes.h"
 #include "data/text_file.h"
 #include "note/win/edit_text.h"
@@ -16,19 +17,33 @@ constexpr std::int32_t kTitleSearch = 256;
 bool TextContent::Fits(std::string_view bytes) const { return bytes.starts_with("{\\rtf"); }
 
 TextView TextContent::Load(std::string_view bytes) {
+  given_.clear();
   if (!bytes.empty() && !Fits(bytes)) {
-    edit_.SetPlainText(FromUtf8(bytes));
+    const Text text = FromUtf8(bytes);
+    if (!edit_.TakesText(text)) {
+      edit_.ShowWords(text, watcher_.BeginningNotice());
+    } else {
+      edit_.SetPlainText(text);
+    }
     return u"no rich text";
   }
-  if (bytes.size() > BEdit::kLargestRtf) {
-    edit_.LoadBeginning(bytes, watcher_.BeginningNotice());
-    return u"too large, only its beginning is shown";
-  }
-  return edit_.SetRtf(bytes) ? TextView() : TextView(u"not read whole");
+  return Show(bytes);
+}
+
+// A rich text that the control must not be given is shown by its words.
+TextView TextContent::Show(std::string_view rtf) {
+  const bool tooLarge = rtf.size() > BEdit::kLargestRtf;
+  const TextView trouble =
+      tooLarge ? TextView(u"too large, only its beginning is shown") : edit_.TroubleWith(rtf);
+  if (trouble.empty()) return edit_.SetRtf(rtf) ? TextView() : TextView(u"not read whole");
+  edit_.LoadBeginning(rtf, watcher_.BeginningNotice());
+  return trouble;
 }
 
 ContentBytes TextContent::BytesToSave() const {
-  if (!unsaved_ || !IsWhole()) return {};
+  if (!unsaved_) return {};
+  if (!given_.empty()) return {{}, given_};
+  if (!IsWhole()) return {};
   std::optional<std::string> rtf = edit_.Rtf();
   if (!rtf) return {FileStatus::Failed(u"the text could not be had whole"), std::nullopt};
   return {{}, std::move(rtf)};
@@ -42,18 +57,29 @@ ContentCopy TextContent::Copy(bool asPlainText) const {
   return {asPlainText ? EncodeTextFile(PlainText()) : RtfBytes(RichText()), {}};
 }
 
-Text TextContent::RichText() const { return FromAscii(edit_.Rtf().value_or(std::string())); }
+Text TextContent::RichText() const {
+  return FromAscii(given_.empty() ? edit_.Rtf().value_or(std::string()) : given_);
+}
 
 Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch}); }
 
 bool TextContent::SetPlainText(TextView text) {
-  edit_.SetPlainText(text);
+  given_.clear();
+  if (edit_.TakesText(text)) {
+    edit_.SetPlainText(text);
+  } else {
+    given_ = RtfOfPlainText(text);
+    Show(given_);
+  }
   Changed();
   return true;
 }
 
 bool TextContent::SetRichText(TextView rtf) {
-  edit_.SetRtf(RtfBytes(rtf));
+  given_ = RtfBytes(rtf);
+  Show(given_);
+  // What the control holds goes on from there.
+  if (!edit_.ShowsBeginning()) given_.clear();
   Changed();
   return true;
 }

@@ -47,9 +47,11 @@ class TextContent final : public ShownContent {
 
  private:
   void Changed();
+  TextView Show(std::string_view rtf);
 
   ContentWatcher& watcher_;
   BEdit edit_;
+  std::string given_;  // rich text that was put in, and of which the editor shows no more than words
   bool unsaved_ = false;
 };
 

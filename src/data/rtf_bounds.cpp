@@ -1,0 +1,169 @@
+#include "data/rtf_bounds.h"
+
+#include <algorithm>
+#include <array>
+
+#include "data/rtf_bytes.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::uint64_t kWorkOfUnit = 67;
+constexpr std::uint64_t kWorkOfLink = 2'250;
+constexpr std::uint64_t kWorkOfFormat = 900;
+constexpr std::size_t kLongestWords = 32 * 1024;
+constexpr std::size_t kLongestLine = 120;
+
+constexpr TextView kNoRichText = u"no rich text";
+constexpr TextView kTooDeep = u"its groups are nested too deep";
+constexpr TextView kTables = u"its tables are damaged";
+constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
+
+// Adds up what is shown. Every colon may be that of a link.
+class WorkCounter {
+ public:
+  void Add(char16_t unit) {
+    ++paragraph_;
+    work_ += kWorkOfUnit;
+    work_ += 2 * paragraph_ - 1;  // together, the square of the length
+    if (unit == u':' || (unit == u'.' && before_ == u'w')) work_ += kWorkOfLink;
+    before_ = unit | 0x20;
+  }
+  void AddFormat() { work_ += kWorkOfFormat; }
+  void EndParagraph() { paragraph_ = 0; }
+  std::uint64_t Work() const { return work_; }
+
+ private:
+  std::uint64_t work_ = 0;
+  std::uint64_t paragraph_ = 0;
+  char16_t before_ = 0;
+};
+
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Cells beyond those that their row has announced, and rows inside cells, end some controls.
+class TableCheck {
+ public:
+  bool Take(std::string_view word) {
+    if (word == "trowd") announced_ = filled_ = 0, inRow_ = true;
+    if (word == "cellx") ++announced_;
+    if (word == "cell") return inRow_ && ++filled_ <= announced_;
+    if (word == "row") {
+      const bool whole = inRow_ && filled_ == announced_ && announced_ > 0;
+      inRow_ = false;
+      return whole;
+    }
+    return word != "nestcell" && word != "nestrow";
+  }
+  bool Ended() const { return !inRow_; }
+
+ private:
+  std::size_t announced_ = 0;
+  std::size_t filled_ = 0;
+  bool inRow_ = false;
+};
+
+class BoundsReader {
+ public:
+  BoundsReader(std::string_view rtf, const EditorBounds& bounds) : rest_(rtf), bounds_(bounds) {}
+
+  TextView Read() {
+    while (!rest_.empty() && trouble_.empty()) {
+      const char c = rest_.front();
+      rest_.remove_prefix(1);
+      Take(c);
+      if (work_.Work() > bounds_.work) trouble_ = kTooLong;
+    }
+    if (trouble_.empty() && !tables_.Ended()) trouble_ = kTables;
+    return trouble_;
+  }
+
+ private:
+  void Take(char c) {
+    if (c == '{') {
+      if (++depth_ > bounds_.depth) trouble_ = kTooDeep;
+    } else if (c == '}') {
+      if (depth_ > 0) --depth_;
+    } else if (c == '\\') {
+      TakeControl();
+    } else if (c == '\0' || c == '\r' || c == '\n') {
+      // A stream of the control's own ends with a NUL.
+      if (c == '\0' && rest_.find_first_not_of('\0') != std::string_view::npos) trouble_ = kNoRichText;
+    } else if (static_cast<unsigned char>(c) < 0x20 && c != '\t') {
+      trouble_ = kNoRichText;
+    } else {
+      work_.Add(static_cast<unsigned char>(c));
+    }
+  }
+
+  void TakeControl() {
+    const auto end = std::find_if_not(rest_.begin(), rest_.end(), IsLetter);
+    const std::string_view word = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+    if (word.empty()) {
+      // A symbol; two digits of one in 8 bits count as text, which is more than they are.
+      if (!rest_.empty()) rest_.remove_prefix(1);
+      return work_.Add(u' ');
+    }
+    rest_.remove_prefix(word.size());
+    const auto number =
+        std::find_if_not(rest_.begin(), rest_.end(), [](char c) { return IsDigit(c) || c == '-'; });
+    rest_.remove_prefix(static_cast<std::size_t>(number - rest_.begin()));
+    if (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
+    constexpr std::array<std::string_view, 6> kBreaks = {"par", "line", "cell", "row", "page", "sect"};
+    if (std::find(kBreaks.begin(), kBreaks.end(), word) != kBreaks.end()) work_.EndParagraph();
+    if (word == "u") return work_.Add(u' ');
+    work_.AddFormat();
+    if (!tables_.Take(word)) trouble_ = kTables;
+  }
+
+  std::string_view rest_;
+  const EditorBounds& bounds_;
+  WorkCounter work_;
+  TableCheck tables_;
+  std::size_t depth_ = 0;
+  TextView trouble_;
+};
+
+bool IsLineEnd(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
+
+}  // namespace
+
+std::uint64_t TextWork(TextView text) {
+  WorkCounter work;
+  for (const char16_t unit : text) IsLineEnd(unit) ? work.EndParagraph() : work.Add(unit);
+  return work.Work();
+}
+
+TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {
+  return BoundsReader(rtf, bounds).Read();
+}
+
+Text BoundedWords(TextView text) {
+  Text words;
+  std::size_t line = 0;
+  for (const char16_t unit : text.substr(0, kLongestWords)) {
+    const bool pairGoesOn = unit >= 0xDC00 && unit < 0xE000;
+    if (line >= kLongestLine && !IsLineEnd(unit) && !pairGoesOn) {
+      words.append(u"\r\n");
+      line = 0;
+    }
+    words.push_back(unit == 0 ? u' ' : unit);
+    line = IsLineEnd(unit) ? 0 : line + 1;
+  }
+  return words;
+}
+
+std::string RtfOfPlainText(TextView text) {
+  Text rtf = u"{\\rtf1\\ansi ";
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n') continue;
+    if (text[at] == u'\\' || text[at] == u'{' || text[at] == u'}') rtf.push_back(u'\\');
+    IsLineEnd(text[at]) ? rtf.append(u"\\par\r\n")
+    : text[at] == u'\t' ? rtf.append(u"\\tab ")
+                        : rtf.append(1, text[at]);
+  }
+  return RtfBytes(rtf.append(u"}"));
+}
+
+}  // namespace jotlets

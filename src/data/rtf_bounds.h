@@ -1,0 +1,39 @@
+// What a text asks of the control that shows it, found before the control sees it.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+/// What a control can be given.
+struct EditorBounds {
+  std::size_t depth;   // of groups inside each other
+  std::uint64_t work;  // see `TextWork`
+  bool takesLists;     // bulleted paragraphs can be pasted
+};
+
+/// The system's own control.
+inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true};
+/// A control whose time grows with the square of the length of a paragraph: this takes it a second, more or
+/// less.
+inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false};
+
+/// How much work a control of the slow kind has with a plain text, in no unit; a link, a change of format and
+/// each unit of a long paragraph count for many of a short one.
+std::uint64_t TextWork(TextView text);
+
+/// What keeps a rich text from the control; empty for nothing. Looks at every byte once.
+TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds);
+
+/// The beginning of a text in lines that every control can show, however long its own are.
+Text BoundedWords(TextView text);
+
+/// A plain text as rich text.
+std::string RtfOfPlainText(TextView text);
+
+}  // namespace jotlets
