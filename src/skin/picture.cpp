@@ -51,6 +51,42 @@ std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels
   return picture;
 }
 
+std::optional<Size> SizeOfPng(std::string_view bytes) {
+  PngImage png;
+  constexpr png_uint_32 kMost = 1'000'000;
+  if (png_image_begin_read_from_memory(&png.image, bytes.data(), bytes.size()) == 0) return std::nullopt;
+  return Size{static_cast<std::int32_t>(std::min(png.image.width, kMost)),
+              static_cast<std::int32_t>(std::min(png.image.height, kMost))};
+}
+
+Picture Shrunk(Picture picture, Size most) {
+  const Size size = FittedSize(picture.size, most);
+  if (size == picture.size) return picture;
+  Picture small{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width) * size.height * 4)};
+  const auto part = [](std::int64_t at, std::int32_t whole, std::int32_t parts) {
+    return at * whole / parts;
+  };
+  std::uint8_t* to = small.pixels.data();
+  for (std::int32_t y = 0; y < size.height; ++y) {
+    const std::int64_t top = part(y, picture.size.height, size.height);
+    const std::int64_t bottom = part(y + 1, picture.size.height, size.height);
+    for (std::int32_t x = 0; x < size.width; ++x) {
+      const std::int64_t left = part(x, picture.size.width, size.width);
+      const std::int64_t right = part(x + 1, picture.size.width, size.width);
+      std::uint64_t sums[4] = {};
+      for (std::int64_t row = top; row < bottom; ++row) {
+        const std::uint8_t* from =
+            picture.pixels.data() + static_cast<std::size_t>(row * picture.size.width + left) * 4;
+        for (std::int64_t column = left; column < right; ++column)
+          for (std::uint64_t& sum : sums) sum += *from++;
+      }
+      const auto count = static_cast<std::uint64_t>((bottom - top) * (right - left));
+      for (const std::uint64_t sum : sums) *to++ = static_cast<std::uint8_t>(sum / count);
+    }
+  }
+  return small;
+}
+
 void MultiplyByAlpha(std::vector<std::uint8_t>& pixels) { ChangeColours(pixels, Multiplied); }
 
 std::string EncodePng(const Picture& picture) {

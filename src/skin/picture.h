@@ -30,6 +30,12 @@ void MultiplyByAlpha(std::vector<std::uint8_t>& pixels);
 /// Encodes a picture as a PNG; empty when that fails.
 std::string EncodePng(const Picture& picture);
 
+/// The size that a PNG says it has, without decoding it; nothing when the bytes are no PNG.
+std::optional<Size> SizeOfPng(std::string_view bytes);
+
+/// A picture made small enough to fit into `most`, each pixel the mean of those that it stands for.
+Picture Shrunk(Picture picture, Size most);
+
 /// `size` made smaller, keeping its proportions, until it fits into `area`; at least 1 by 1.
 Size FittedSize(Size size, Size area);
 

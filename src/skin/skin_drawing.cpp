@@ -69,6 +69,25 @@ class SkinPainter {
   const Colour tint_;
 };
 
+// How many pixels one drawing may touch, so that no skin can hang the program: elements that come too late
+// are left out.
+class AreaBudget {
+ public:
+  explicit AreaBudget(Size window)
+      : window_(window), left_(kTimes * std::int64_t{window.width} * window.height) {}
+  bool Spend(const Rect& area) {
+    const std::int64_t width = std::min(area.right, window_.width) - std::max(area.left, 0);
+    const std::int64_t height = std::min(area.bottom, window_.height) - std::max(area.top, 0);
+    if (width > 0 && height > 0) left_ -= width * height;
+    return left_ >= 0;
+  }
+
+ private:
+  static constexpr std::int64_t kTimes = 24;
+  Size window_;
+  std::int64_t left_;
+};
+
 const SheetPlace& IndicatorPicture(const SkinElement& element, const SkinView& view) {
   const std::optional<SkinState> state = SkinStateFromName(element.type);
   return state && view.states.Has(*state) ? element.source : element.sourceOff;
@@ -80,10 +99,12 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
               const SkinWords& words, SkinTextSetter& texts) {
   SkinPainter painter(canvas, skin, sheet, view);
   painter.Paper(view.window);
+  AreaBudget budget(view.window);
   for (std::size_t index = 0; index < skin.elements.size(); ++index) {
     const SkinElement& element = skin.elements[index];
     if (!IsShown(element, view)) continue;
     const Rect area = ElementRect(element, view);
+    if (!budget.Spend(area)) break;
     switch (element.kind) {
       case ElementKind::kHstrip:
       case ElementKind::kVstrip: painter.Strip(element, area); break;

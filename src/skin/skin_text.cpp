@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <tuple>
 
 #include "data/text_file.h"
 
@@ -184,7 +186,7 @@ constexpr KeyRow<SkinElement> kElementKeys[] = {
     {u"endcol", [](E& e, V v) { ReadColour(e.endColour, v); }},
     {u"solidcol", [](E& e, V v) { ReadColour(e.solidColour, v); }},
     {u"font", [](E& e, V v) { e.font = TrimBlanks(v); }},
-    {u"point", [](E& e, V v) { e.point = Length(v); }},
+    {u"point", [](E& e, V v) { e.point = std::min(Length(v), kMaxPoint); }},
     {u"col", [](E& e, V v) { ReadColour(e.colour, v); }},
     {u"text", [](E& e, V v) { e.text = v; }},
     {u"alignment", [](E& e, V v) { e.alignment = Alignment(v); }},
@@ -227,6 +229,26 @@ void ReadKey(const KeyRow<Owner> (&rows)[Count], Owner& owner, TextView line) {
   if (row != std::end(rows)) row->read(owner, line.substr(equals + 1));
 }
 
+// Each kind of letters is a font that the system has to make.
+void BoundLetters(std::vector<SkinElement>& elements) {
+  const auto letters = [](const SkinElement& e) {
+    return std::tuple(e.font, e.point, e.format.bold, e.format.italic, e.format.underline, e.format.noAa);
+  };
+  std::set<decltype(letters(elements.front()))> kinds;
+  const SkinElement* first = nullptr;
+  for (SkinElement& element : elements) {
+    if (element.kind != ElementKind::kText) continue;
+    if (first == nullptr) first = &element;
+    if (kinds.size() < kMaxLetters) kinds.insert(letters(element));
+    if (kinds.contains(letters(element))) continue;
+    element.font = first->font;
+    element.point = first->point;
+    const bool transparent = element.format.transparent;
+    element.format = first->format;
+    element.format.transparent = transparent;
+  }
+}
+
 }  // namespace
 
 SkinData ParseSkin(TextView text) {
@@ -244,6 +266,7 @@ SkinData ParseSkin(TextView text) {
       ReadKey(kElementKeys, skin.elements.back(), line);
     }
   }
+  BoundLetters(skin.elements);
   return skin;
 }
 

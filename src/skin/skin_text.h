@@ -6,8 +6,12 @@
 
 namespace jotlets {
 
-/// No skin has more elements; what follows is left out.
-inline constexpr std::size_t kMaxElements = 10'000;
+/// No skin has more elements; what follows is left out. The largest that is known has 60.
+inline constexpr std::size_t kMaxElements = 500;
+
+/// No skin has more kinds of letters, and none larger ones: texts beyond that are set as its first text is.
+inline constexpr std::size_t kMaxLetters = 24;
+inline constexpr std::int32_t kMaxPoint = 300;
 
 /// No skin text is read beyond so many units.
 inline constexpr std::size_t kMaxSkinText = 4 * 1024 * 1024;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace jotlets {
 namespace {
 
@@ -117,7 +119,21 @@ TEST(ParseSkin, LeavesOutElementsBeyondTheMost) {
     text.append(u"[text]\nname=").append(IntText(int(i))) += u'\n';
   const SkinData s = ParseSkin(text);
   ASSERT_EQ(s.elements.size(), kMaxElements);
-  EXPECT_EQ(s.elements.back().name, u"9999");
+  EXPECT_EQ(s.elements.back().name, IntText(kMaxElements - 1));
+}
+
+TEST(ParseSkin, BoundsTheKindsOfLetters) {
+  Text text = u"[text]\nfont=First\npoint=9\n";
+  for (int i = 0; i < 100; ++i)
+    text.append(u"[text]\nformat=bold,transparent\npoint=99999\nfont=").append(IntText(i)) += u'\n';
+  const SkinData s = ParseSkin(text);
+  std::set<Text> fonts;
+  for (const SkinElement& element : s.elements) fonts.insert(element.font);
+  EXPECT_EQ(fonts.size(), kMaxLetters);
+  EXPECT_EQ(s.elements[1].point, kMaxPoint);
+  EXPECT_EQ(s.elements[100].font, u"First");
+  EXPECT_EQ(s.elements[100].point, 9);
+  EXPECT_TRUE(s.elements[100].format.transparent && !s.elements[100].format.bold);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ class PictureContent final : public ShownContent {
   TextView Extension() const override { return u"png"; }
   bool Fits(std::string_view bytes) const override;
   TextView Load(std::string_view bytes) override;
-  bool IsWhole() const override { return picture_.IsLoaded(); }
+  bool IsWhole() const override { return picture_.IsLoaded() || !undecoded_.empty(); }
   bool HasUnsavedChanges() const override { return false; }
   void SetUnsavedChanges(bool) override {}
   ContentBytes BytesToSave() const override { return {}; }
@@ -29,7 +29,10 @@ class PictureContent final : public ShownContent {
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;
 
  private:
-  PictureBitmap picture_;
+  void DecodeNow() const;
+
+  mutable PictureBitmap picture_;
+  mutable std::string undecoded_;  // the file of a large picture that nobody has seen yet
 };
 
 }  // namespace jotlets

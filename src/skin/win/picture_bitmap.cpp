@@ -26,8 +26,8 @@ void PictureBitmap::Draw(HDC dc, const Rect& area) const {
   const Selected selected(memory.get(), bitmap_.get());
   const Size fitted = FittedSize(size_, {area.Width(), area.Height()});
   const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-  AlphaBlend(dc, area.left, area.top, fitted.width, fitted.height, memory.get(), 0, 0, size_.width,
-             size_.height, blend);
+  GdiAlphaBlend(dc, area.left, area.top, fitted.width, fitted.height, memory.get(), 0, 0, size_.width,
+                size_.height, blend);
 }
 
 }  // namespace jotlets
