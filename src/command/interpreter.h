@@ -18,8 +18,8 @@ enum class Taken {
   kFailed = 2,  // nothing became of it, and nothing would the next time
 };
 
-/// No text from outside has more bytes: several times what a note can hold.
-inline constexpr std::size_t kLargestInbound = 16 * 1024 * 1024;
+/// No text from outside has more bytes: what a file to import may have, and more than an editor is given.
+inline constexpr std::size_t kLargestInbound = 4 * 1024 * 1024;
 
 /// What an inbound text is.
 enum class InboundKind { kCommand, kSkinFile, kNoteMessage };

@@ -1,7 +1,5 @@
 #include "ui/dialog.h"
 
-#include <exception>
-
 namespace jotlets {
 
 INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
@@ -57,8 +55,8 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
     if (!object->modal_) return FALSE;
     if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));
     return TRUE;
-  } catch (const std::exception& error) {
-    OutputDebugStringA(error.what());
+  } catch (...) {
+    OutputDebugStringW(L"an exception left a message unserved");
     return FALSE;
   }
 }

@@ -1,7 +1,5 @@
 #include "ui/window.h"
 
-#include <exception>
-
 namespace jotlets {
 
 bool Window::RegisterWindowClass(const wchar_t* className, HICON icon, UINT classStyle) {
@@ -68,8 +66,8 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   } const inMessage(object->depth_);
   try {
     return object->OnMessage(message, wParam, lParam);
-  } catch (const std::exception& error) {
-    OutputDebugStringA(error.what());
+  } catch (...) {
+    OutputDebugStringW(L"an exception left a message unserved");
     return DefWindowProcW(window, message, wParam, lParam);
   }
 }

@@ -187,6 +187,17 @@ TEST_F(StartupTest, ANoteFileBecomesANote) {
   EXPECT_EQ(record.colour, (Colour{255, 255, 0}));
 }
 
+TEST_F(StartupTest, AFileThatBecomesNoNoteIsOfferedOnce) {
+  ASSERT_TRUE(StartProgramWith({}, u"Debug=3"));
+  Write(scratch_ + u"none.jsk", "no skin");
+  EXPECT_EQ(RunToEnd(u"\"" + scratch_ + u"none.jsk\""), 1u);
+  const std::string log = Log();
+  EXPECT_EQ(log.find("Failed to set skin"), log.rfind("Failed to set skin"));
+  Write(scratch_ + u"skin.jtl", "title:T\nI like my.jsk");
+  EXPECT_EQ(RunToEnd(u"\"" + scratch_ + u"skin.jtl\""), 0u);
+  EXPECT_EQ(List(u"desktop").size(), 1u);
+}
+
 TEST_F(StartupTest, ContentWithoutANoteMayBeAdopted) {
   Write(folder_ + u"rtf\\LOST.rtf", "{\\rtf1\\ansi Found again}");
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300})}));
@@ -241,6 +252,25 @@ TEST_F(StartupTest, TheEndOfTheSessionSavesEverything) {
   EXPECT_EQ(TextOf(u"AA01"), u"AA01 and more");
 }
 
+TEST_F(StartupTest, AFaultLeavesAReportThatTheNextStartTellsOf) {
+  ASSERT_TRUE(StartProgramWith({}, u"Debug=1"));
+  {
+    const UniqueHandle process(OpenProcess(PROCESS_ALL_ACCESS, FALSE, program_->Id()));
+    // There is no code at this address.
+    const UniqueHandle thread(CreateRemoteThread(
+        process.get(), nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(0x10), nullptr, 0, nullptr));
+    ASSERT_TRUE(program_->WaitForEnd().has_value());
+  }
+  std::vector<Text> files = FilesBelow(folder_);
+  std::erase_if(files, [](const Text& name) { return !name.starts_with(u"crash-"); });
+  ASSERT_EQ(files.size(), 1u);
+  EXPECT_TRUE(Read(folder_ + files[0]).starts_with("Jotlets v8.0c\r\ncode c0000005 at "));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_NE(Log().find("Jotlets ended by a fault the last time: 'crashed-" + ToUtf8(files[0].substr(6))),
+            std::string::npos);
+  EXPECT_TRUE(Read(folder_ + files[0]).empty());
+}
+
 // What the shell sends when the tray icon is clicked.
 constexpr UINT kTrayMessage = WM_APP + 1;
 
@@ -259,6 +289,21 @@ class TranslationTest : public WindowTest {
 
   Text translated_;
 };
+
+TEST_F(TranslationTest, LibrariesOfTheSystemAreNotTakenFromBesideTheProgram) {
+  const Text planted = ProgramFolder() + u"translation\\planted.dll";
+  for (const TextView name : {u"msftedit.dll", u"dwmapi.dll", u"winmm.dll", u"msimg32.dll", u"uxtheme.dll",
+                              u"riched20.dll", u"version.dll", u"propsys.dll", u"dbghelp.dll"})
+    std::filesystem::copy_file(std::filesystem::path(planted), std::filesystem::path(scratch_ + Text(name)));
+  JotletData sounding = NoteRecord(u"AA01", {300, 300}, u"One");
+  sounding.alarm = 1;
+  WriteData({sounding});
+  ASSERT_TRUE(StartProgram(u"", translated_));
+  NoteTitled(u"One");
+  EXPECT_EQ(Reply(u"do alarmstart AA01"), u"000 OK alarmed");
+  EXPECT_EQ(Close(), 0u);
+  for (const Text& file : FilesBelow(scratch_)) EXPECT_FALSE(HasExtension(file, u".loaded")) << ToUtf8(file);
+}
 
 TEST_F(TranslationTest, TextsComeFromItAndFromTheProgramWhereItLacksThem) {
   EXPECT_EQ(AnswerBox(Process(translated_, u"-?")),

@@ -17,6 +17,9 @@ class CMainFrame final : public Window {
   /// Creates the window and brings the program up; false: it must not run (and nothing has been written).
   bool Start();
 
+  /// Saves and ends, without a question to anybody.
+  void ExitNow() { program_.ExitJotlets(u"no more messages", true); }
+
   /// Serves a message that belongs to nobody's window procedure: keys of dialogs and notes, and accelerators.
   /// True when it is done with.
   bool Translate(MSG& message);

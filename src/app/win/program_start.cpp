@@ -1,4 +1,5 @@
 // The start of the program: from the empty window to notes on the desktop.
+#include "app/win/crash_report.h"
 #include "app/win/hot_keys.h"
 #include "app/win/program.h"
 #include "app/win/registry_policy.h"
@@ -43,6 +44,8 @@ bool Program::Start(HWND window) {
   backups_.FinishInterruptedRestore();
   const bool firstRun = LoadOptions();
   if (state_.exiting) return false;
+  for (const Text& report : TakeCrashReports(system_.files, system_.log, desk_.Folder()))
+    tray_.Balloon(kVersionText, ReplaceAll(resources_.String(IDS_CRASHED), u"%s", desk_.Folder() + report));
   friends_.Open(desk_.Folder());
   if (firstRun) ProvideFirstRun();
   if (!firstRun && !LoadJotlets()) return false;
@@ -86,6 +89,7 @@ bool Program::FindDataFolder() {
   const Text folder = jotlets::FindDataFolder(facts, system_.files);
   desk_.SetFolder(folder, installId_);
   notes_.SetFolder(folder);
+  SetCrashFolder(folder);
   if (MakeDataFolders(system_.files, folder)) return ClaimDataFolder();
   Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, folder);
   return false;

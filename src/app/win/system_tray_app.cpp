@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "app/win/main_frame.h"
+#include "base/win/system_library.h"
 #include "base/win/wide.h"
 #include "data/text_file.h"
 #include "desk/note_file.h"
@@ -11,14 +12,27 @@
 namespace jotlets {
 namespace {
 
+// A failure may be that of one message, as of one that is too large to be taken; after many in a row nobody
+// could ask us for anything any more.
 int RunMessageLoop(CMainFrame& frame) {
+  constexpr int kMostFailures = 50;
+  constexpr DWORD kPauseMilliseconds = 10;
   MSG message{};
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  for (int failures = 0; failures < kMostFailures;) {
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == 0) return static_cast<int>(message.wParam);
+    if (got < 0) {
+      ++failures;
+      Sleep(kPauseMilliseconds);
+      continue;
+    }
+    failures = 0;
     if (frame.Translate(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
-  return static_cast<int>(message.wParam);
+  frame.ExitNow();
+  return 1;
 }
 
 // The running instance has a current folder of its own.
@@ -38,7 +52,7 @@ void Say(const Resources& resources, UINT text) {
 
 int CSystemTrayApp::InitInstance(TextView commandLine) {
   // Kept for the life of the process: the editors' window class lives in it.
-  if (LoadLibraryW(L"msftedit.dll") == nullptr) Say(resources_, IDS_NO_RICH_EDIT);
+  if (LoadSystemLibrary(L"msftedit.dll") == nullptr) Say(resources_, IDS_NO_RICH_EDIT);
   const StartRequest request = ParseCommandLine(commandLine);
   switch (request.kind) {
     case StartKind::kUsage: Say(resources_, IDS_USAGE); return 0;

@@ -4,9 +4,18 @@
 
 #include <mmsystem.h>
 
+#include "base/win/system_library.h"
 #include "base/win/wide.h"
 
 namespace jotlets {
+namespace {
+
+void PlaySystemSound(const wchar_t* file, DWORD how) {
+  static const auto play = SystemFunction<decltype(PlaySoundW)>(L"winmm.dll", "PlaySoundW");
+  if (play != nullptr) play(file, nullptr, how);
+}
+
+}  // namespace
 
 void PlayAlarmSound(const Options& options, Log& log, int kind, bool trial) {
   const Text& name = kind == kWakeSound    ? options.alarm.text
@@ -19,9 +28,9 @@ void PlayAlarmSound(const Options& options, Log& log, int kind, bool trial) {
   }
   log.Write(kLogDetail, u"Playing sound: ", name);
   const DWORD loop = kind == kAlarmSound && options.loopAlarm == 1 && !trial ? SND_LOOP : 0;
-  PlaySoundW(Wide(name), nullptr, SND_FILENAME | SND_ASYNC | SND_NODEFAULT | SND_NOSTOP | SND_NOWAIT | loop);
+  PlaySystemSound(Wide(name), SND_FILENAME | SND_ASYNC | SND_NODEFAULT | SND_NOSTOP | SND_NOWAIT | loop);
 }
 
-void StopSounds() { PlaySoundW(nullptr, nullptr, 0); }
+void StopSounds() { PlaySystemSound(nullptr, 0); }
 
 }  // namespace jotlets

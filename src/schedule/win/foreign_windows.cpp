@@ -2,6 +2,7 @@
 
 #include <dwmapi.h>
 
+#include "base/win/system_library.h"
 #include "base/win/wide.h"
 #include "ui/window.h"
 
@@ -18,7 +19,10 @@ bool IsOurs(HWND window) {
 // nothing.
 bool IsCloaked(HWND window) {
   DWORD cloaked = 0;
-  return SUCCEEDED(DwmGetWindowAttribute(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) && cloaked != 0;
+  static const auto attribute =
+      SystemFunction<decltype(DwmGetWindowAttribute)>(L"dwmapi.dll", "DwmGetWindowAttribute");
+  return attribute != nullptr && SUCCEEDED(attribute(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) &&
+         cloaked != 0;
 }
 
 template <typename Read>
