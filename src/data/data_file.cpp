@@ -185,8 +185,10 @@ void RecordLines::Append(Text& out, const JotletData& record, bool rolledHasAltP
   if (next_ == lines_.size()) lines_.emplace_back();
   Line& line = lines_[next_++];
   if (line.line.empty() || line.rolledHasAltPosition != rolledHasAltPosition || line.record != record) {
-    line.line.clear();
-    AppendJotletLine(line.line, record, rolledHasAltPosition);
+    // Apart: half a line, memory being short, would be taken for that record's at the next save.
+    Text fresh;
+    AppendJotletLine(fresh, record, rolledHasAltPosition);
+    line.line = std::move(fresh);
     line.record = record;
     line.rolledHasAltPosition = rolledHasAltPosition;
   }

@@ -18,8 +18,11 @@ namespace jotlets {
 class ChangedNotes {
  public:
   void Add(const JotletData& record) { notes_.insert_or_assign(FoldCase(record.id), record.IsImage()); }
-  /// What has been added since the last call.
-  std::unordered_map<Text, bool> Take() { return std::exchange(notes_, {}); }
+  /// Moves what has been added since the last call; memory that is short leaves each on one side or the other.
+  void MoveTo(std::unordered_map<Text, bool>& into) {
+    into.merge(notes_);
+    notes_.clear();
+  }
 
  private:
   std::unordered_map<Text, bool> notes_;

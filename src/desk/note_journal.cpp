@@ -26,14 +26,13 @@ void NoteJournal::SetFolder(TextView dataFolder, TextView installId) {
 }
 
 void NoteJournal::ForgetChanges() {
-  lists_.CollectChanges();
+  lists_.MoveChangesTo(pending_);
+  pending_.clear();
   lists_.stacksChanged = false;
 }
 
-void NoteJournal::CollectChanges() { pending_.merge(lists_.CollectChanges()); }
-
 bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
-  CollectChanges();
+  lists_.MoveChangesTo(pending_);
   if (!lists_.stacksChanged && pending_.empty()) return true;
   FileStatus status = CatchUp();
   if (status && lists_.stacksChanged) status = WriteStacks();
@@ -47,7 +46,7 @@ bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
 }
 
 void NoteJournal::BeforeContents(const std::vector<Text>& ids) {
-  CollectChanges();
+  lists_.MoveChangesTo(pending_);
   FileStatus status;
   bool written = false;
   for (const Text& id : ids) {
@@ -176,7 +175,6 @@ void NoteJournal::BeforeSave(Fingerprint dataFile, bool contentsWritten) {
 void NoteJournal::Reset(Fingerprint dataFile) {
   contents_.clear();
   unknown_.clear();
-  pending_.clear();
   ForgetChanges();
   saving_.reset();
   reset_ = dataFile;

@@ -58,7 +58,6 @@ class NoteJournal {
     bool contentsWritten = false;
   };
 
-  void CollectChanges();
   FileStatus CatchUp();
   FileStatus WriteNote(const Text& id, bool isImage);
   FileStatus WriteStacks();

@@ -51,10 +51,10 @@ std::vector<Text> IdsOf(const OpenNoteList& records) {
   return ids;
 }
 
-std::unordered_map<Text, bool> NoteLists::CollectChanges() {
-  std::unordered_map<Text, bool> all = desktop.Changes().Take();
-  for (RecordList* list : {&attached, &sleeping, &closed}) all.merge(list->Changes().Take());
-  return all;
+void NoteLists::MoveChangesTo(std::unordered_map<Text, bool>& into) {
+  for (ChangedNotes* changes :
+       {&desktop.Changes(), &attached.Changes(), &sleeping.Changes(), &closed.Changes()})
+    changes->MoveTo(into);
 }
 
 std::optional<NoteList> NoteLists::WhereIs(TextView id) const {

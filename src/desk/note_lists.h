@@ -55,8 +55,9 @@ struct NoteLists {
   std::vector<StackRecord> stacks;
   bool stacksChanged = false;
 
-  /// What came, went or may have been changed in any list since the last call.
-  std::unordered_map<Text, bool> CollectChanges();
+  /// Moves what came, went or may have been changed in any list since the last call: folded ids, and whether
+  /// the content is a picture.
+  void MoveChangesTo(std::unordered_map<Text, bool>& into);
 
   /// Which list has a note of this id, without regard to case.
   std::optional<NoteList> WhereIs(TextView id) const;

@@ -3,6 +3,28 @@
 #include "data/loading.h"
 
 namespace jotlets {
+namespace {
+
+// The mark is taken back first: typing that arrives while the file is written must count as a change again. It
+// is set again by whatever keeps the file from being written, short memory included.
+class UnsavedUntilWritten {
+ public:
+  explicit UnsavedUntilWritten(NoteContent& content) : content_(content) {
+    content_.SetUnsavedChanges(false);
+  }
+  ~UnsavedUntilWritten() {
+    if (!written_) content_.SetUnsavedChanges(true);
+  }
+  UnsavedUntilWritten(const UnsavedUntilWritten&) = delete;
+  UnsavedUntilWritten& operator=(const UnsavedUntilWritten&) = delete;
+  void Written() { written_ = true; }
+
+ private:
+  NoteContent& content_;
+  bool written_ = false;
+};
+
+}  // namespace
 
 ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, TextView path,
                              const LocalTime& now) {
@@ -15,10 +37,9 @@ ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, 
     if (!kept) return {kept};
   }
   keepOld = false;
-  // Taken back first: typing that arrives while the file is written must count as a change again.
-  content.SetUnsavedChanges(false);
+  UnsavedUntilWritten unsaved(content);
   const FileStatus written = files.Write(path, *bytes);
-  if (!written) content.SetUnsavedChanges(true);
+  if (written) unsaved.Written();
   return {written, written.ok};
 }
 
