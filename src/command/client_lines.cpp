@@ -28,7 +28,7 @@ bool ClientLines::Send(ClientWindow client, std::uintptr_t tag, TextView line, s
 
 void ClientLines::Keep(Waiting& waiting, std::uintptr_t tag, TextView line) {
   // Once a line is missing, those behind it would tell of things out of their order.
-  const bool full = waiting.lines.size() >= kMostLines || waiting.units + line.size() > kMostUnits;
+  const bool full = waiting.lines.size() >= kMaxLines || waiting.units + line.size() > kMaxUnits;
   if (full || waiting.leftOut > 0) {
     if (waiting.leftOut++ == 0)
       log_.Write(kLogLifecycle, u"A client does not answer, and no more lines are kept for it");
@@ -58,7 +58,8 @@ void ClientLines::OnAnswers(ClientWindow client) {
   while (Waiting* waiting = Find(client)) {
     if (waiting->lines.empty()) {
       if (waiting->leftOut > 0)
-        log_.Write(kLogLifecycle, u"A client answers again; lines left out: ", waiting->leftOut);
+        log_.Write(kLogLifecycle, u"A client answers again; lines left out: ",
+                   static_cast<std::int64_t>(waiting->leftOut));
       return Forget(client);
     }
     const std::uint32_t rest = budget.ForOneOf(1);

@@ -56,8 +56,8 @@ class WaitBudget {
 class ClientLines {
  public:
   /// What is kept for one client; the lines that exceed it are left out, which is logged.
-  static constexpr std::size_t kMostLines = 1000;
-  static constexpr std::size_t kMostUnits = 16 * 1024 * 1024;
+  static constexpr std::size_t kMaxLines = 1000;
+  static constexpr std::size_t kMaxUnits = 16 * 1024 * 1024;
 
   ClientLines(LineTransport& transport, Log& log) : transport_(transport), log_(log) {}
 

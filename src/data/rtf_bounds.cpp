@@ -86,7 +86,7 @@ class BoundsReader {
     } else if (c == '}') {
       if (depth_ > 0) --depth_;
     } else if (c == '\\') {
-      TakeControl();
+      ReadControl();
     } else if (c == '\0' || c == '\r' || c == '\n') {
       // A stream of the control's own ends with a NUL.
       if (c == '\0' && rest_.find_first_not_of('\0') != std::string_view::npos) trouble_ = kNoRichText;
@@ -97,7 +97,7 @@ class BoundsReader {
     }
   }
 
-  void TakeControl() {
+  void ReadControl() {
     const auto end = std::find_if_not(rest_.begin(), rest_.end(), IsLetter);
     const std::string_view word = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
     if (word.empty()) {

@@ -53,16 +53,17 @@ std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels
 
 std::optional<Size> SizeOfPng(std::string_view bytes) {
   PngImage png;
-  constexpr png_uint_32 kMost = 1'000'000;
+  constexpr png_uint_32 kMaxSide = 1'000'000;
   if (png_image_begin_read_from_memory(&png.image, bytes.data(), bytes.size()) == 0) return std::nullopt;
-  return Size{static_cast<std::int32_t>(std::min(png.image.width, kMost)),
-              static_cast<std::int32_t>(std::min(png.image.height, kMost))};
+  return Size{static_cast<std::int32_t>(std::min(png.image.width, kMaxSide)),
+              static_cast<std::int32_t>(std::min(png.image.height, kMaxSide))};
 }
 
 Picture Shrunk(Picture picture, Size most) {
   const Size size = FittedSize(picture.size, most);
   if (size == picture.size) return picture;
-  Picture small{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width) * size.height * 4)};
+  Picture small{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width) *
+                                                static_cast<std::size_t>(size.height) * 4)};
   const auto part = [](std::int64_t at, std::int32_t whole, std::int32_t parts) {
     return at * whole / parts;
   };

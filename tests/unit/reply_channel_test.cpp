@@ -108,20 +108,20 @@ TEST_F(Events, WhoHangsIsNotWaitedForAgainAndGetsTheRestInOrder) {
 TEST_F(Events, WhatIsKeptForOneWhoHangsIsBoundedAndItLeavesWithItsWindow) {
   listeners.Register(1);
   transport.hung = {1};
-  for (std::size_t i = 0; i < ClientLines::kMostLines + 3; ++i)
+  for (std::size_t i = 0; i < ClientLines::kMaxLines + 3; ++i)
     listeners.NotifyListeners(IntText(static_cast<int>(i)));
   EXPECT_TRUE(log.Holds(u"A client does not answer, and no more lines are kept for it"));
   EXPECT_TRUE(listeners.IsRegistered(1));
   transport.hung.clear();
   transport.sent.clear();
   lines.OnAnswers(1);
-  EXPECT_EQ(transport.sent.size(), ClientLines::kMostLines);
-  EXPECT_EQ(transport.sent.back().line, IntText(static_cast<int>(ClientLines::kMostLines)));
+  EXPECT_EQ(transport.sent.size(), ClientLines::kMaxLines);
+  EXPECT_EQ(transport.sent.back().line, IntText(static_cast<int>(ClientLines::kMaxLines)));
   EXPECT_TRUE(log.Holds(u"A client answers again; lines left out: 2"));
 
   transport.hung = {1};
   SentTo();
-  for (int i = 0; i < 3; ++i) listeners.NotifyListeners(Text(ClientLines::kMostUnits / 2, u'x'));
+  for (int i = 0; i < 3; ++i) listeners.NotifyListeners(Text(ClientLines::kMaxUnits / 2, u'x'));
   transport.gone = {1};
   EXPECT_EQ(SentTo(), Clients());
   EXPECT_FALSE(listeners.IsRegistered(1));

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "base/win/wide.h"
+#include "data/rtf_text.h"
 #include "note/win/edit_actions.h"
 #include "note/win/edit_drop.h"
 #include "note/win/edit_format.h"
@@ -368,7 +369,7 @@ TEST_F(EditorTest, AReadOnlyNoteKeepsItsTextAndItsLooks) {
 TEST_F(EditorTest, TheBeginningOfALargeTextCannotBeEdited) {
   std::string rtf = "{\\rtf1 ";
   for (int i = 0; i < 3000; ++i) rtf += "{\\b line} of a long text, one of many\\par ";
-  edit_.LoadBeginning(rtf, u"Only the beginning");
+  edit_.ShowWords(RtfTextStart(rtf, 64 * 1024), u"Only the beginning");
   EXPECT_TRUE(edit_.PlainText().starts_with(u"Only the beginning\r\nline of a long"));
   EXPECT_LT(edit_.PlainText().size(), 65600u);
   edit_.SetReadOnly(false);

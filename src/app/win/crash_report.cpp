@@ -18,7 +18,7 @@ constexpr TextView kNewMark = u"crash-";
 constexpr TextView kToldMark = u"crashed-";
 constexpr DWORD kTerminated = 0xE0000001;
 constexpr ULONG kStackForReport = 64 * 1024;
-constexpr USHORT kMostFrames = 48;
+constexpr USHORT kMaxFrames = 48;
 
 // Nothing may be allocated once a fault has happened: the heap may be what is broken.
 wchar_t crashFolder[1024];
@@ -68,8 +68,8 @@ void WriteReport(DWORD code, const void* address) {
   AddHex(length, code);
   Add(length, " at ");
   AddAddress(length, address);
-  void* frames[kMostFrames];
-  const USHORT count = CaptureStackBackTrace(0, kMostFrames, frames, nullptr);
+  void* frames[kMaxFrames];
+  const USHORT count = CaptureStackBackTrace(0, kMaxFrames, frames, nullptr);
   for (USHORT i = 0; i < count; ++i) AddAddress(length, frames[i]);
   const UniqueHandle file =
       OwnHandle(CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -104,7 +104,7 @@ void SetCrashFolder(TextView dataFolder) {
   wcscpy(crashFolder, Wide(folder));
 }
 
-std::vector<Text> TakeCrashReports(Files& files, Log& log, TextView dataFolder) {
+std::vector<Text> CollectCrashReports(Files& files, Log& log, TextView dataFolder) {
   std::vector<Text> taken;
   for (const Text& name : files.List(dataFolder, u".txt")) {
     if (!name.starts_with(kNewMark)) continue;

@@ -18,6 +18,6 @@ void CatchCrashes();
 void SetCrashFolder(TextView dataFolder);
 
 /// The reports that nobody has been told of. They keep their text under names that begin with "crashed-".
-std::vector<Text> TakeCrashReports(Files& files, Log& log, TextView dataFolder);
+std::vector<Text> CollectCrashReports(Files& files, Log& log, TextView dataFolder);
 
 }  // namespace jotlets

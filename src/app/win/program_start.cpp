@@ -44,7 +44,7 @@ bool Program::Start(HWND window) {
   backups_.FinishInterruptedRestore();
   const bool firstRun = LoadOptions();
   if (state_.exiting) return false;
-  for (const Text& report : TakeCrashReports(system_.files, system_.log, desk_.Folder()))
+  for (const Text& report : CollectCrashReports(system_.files, system_.log, desk_.Folder()))
     tray_.Balloon(kVersionText, ReplaceAll(resources_.String(IDS_CRASHED), u"%s", desk_.Folder() + report));
   friends_.Open(desk_.Folder());
   if (firstRun) ProvideFirstRun();

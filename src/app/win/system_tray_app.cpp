@@ -15,10 +15,10 @@ namespace {
 // A failure may be that of one message, as of one that is too large to be taken; after many in a row nobody
 // could ask us for anything any more.
 int RunMessageLoop(CMainFrame& frame) {
-  constexpr int kMostFailures = 50;
+  constexpr int kMaxFailures = 50;
   constexpr DWORD kPauseMilliseconds = 10;
   MSG message{};
-  for (int failures = 0; failures < kMostFailures;) {
+  for (int failures = 0; failures < kMaxFailures;) {
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == 0) return static_cast<int>(message.wParam);
     if (got < 0) {

@@ -8,7 +8,6 @@
 
 #include "base/win/wide.h"
 #include "data/rtf_bounds.h"
-#include "data/rtf_text.h"
 #include "note/link_text.h"
 #include "note/win/editor_bounds.h"
 #include "ui/window.h"
@@ -19,7 +18,6 @@ namespace {
 constexpr LONG kTwipsPerPoint = 20;
 constexpr LONG kDefaultPoints = 10;
 constexpr WPARAM kLongestText = 64 * 1024 * 1024;
-constexpr std::size_t kLongestBeginning = 64 * 1024;  // code units
 constexpr LONG kLongestLink = 4096;
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
@@ -216,14 +214,6 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
 
 bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(SF_RTF, rtf); }
 
-TextView BEdit::TroubleWith(std::string_view rtf) const { return RtfTrouble(rtf, BoundsOfEditor()); }
-
-bool BEdit::TakesText(TextView text) const { return TextWork(text) <= BoundsOfEditor().work; }
-
-void BEdit::LoadBeginning(std::string_view rtf, TextView notice) {
-  ShowWords(RtfTextStart(rtf, kLongestBeginning), notice);
-}
-
 void BEdit::ShowWords(TextView text, TextView notice) {
   // Links would be looked for in all of it.
   SendMessageW(edit_, EM_AUTOURLDETECT, 0, 0);
@@ -330,24 +320,9 @@ bool BEdit::CanPaste() const {
                            IsClipboardFormatAvailable(RichTextFormat()) != 0);
 }
 
-// Rich text that the control must not be given is pasted as plain text, unless that is too much as well.
-bool BEdit::TakesClipboard(UINT& format) const {
-  const EditorBounds& bounds = BoundsOfEditor();
-  if (format == RichTextFormat()) {
-    const std::string rtf = ClipboardBytes(edit_, format);
-    const bool fits = RtfTrouble(rtf, bounds).empty() && (bounds.takesLists || rtf.find("\\pn") == rtf.npos);
-    if (fits) return true;
-    format = CF_UNICODETEXT;
-  }
-  const std::string bytes = ClipboardBytes(edit_, CF_UNICODETEXT);
-  Text text(bytes.size() / 2, u'\0');
-  std::memcpy(text.data(), bytes.data(), text.size() * 2);
-  return TakesText(text);
-}
-
 void BEdit::PasteFormat(UINT format) {
   if (IsReadOnly()) return;
-  if (TakesClipboard(format)) {
+  if (FindPastable(edit_, format)) {
     SendMessageW(edit_, EM_PASTESPECIAL, format, 0);
   } else {
     MessageBeep(MB_ICONWARNING);

@@ -31,7 +31,7 @@ class EditWatcher {
 class BEdit {
  public:
   static constexpr int kControlId = 100;
-  /// Rich texts of more bytes than this take the control too long: `LoadBeginning` shows them.
+  /// Rich texts of more bytes than this take the control too long: `ShowWords` shows theirs.
   static constexpr std::size_t kLargestRtf = 4 * 1024 * 1024;
 
   BEdit() = default;
@@ -59,14 +59,8 @@ class BEdit {
   bool SetRtf(std::string_view rtf);
   /// The content as rich text; nothing when not all of it could be had.
   std::optional<std::string> Rtf() const;
-  /// What keeps a rich text from this control, and whether a plain one can be put in: some texts would hang
-  /// it.
-  TextView TroubleWith(std::string_view rtf) const;
-  bool TakesText(TextView text) const;
-  /// Shows the words of the beginning of a rich text that is too much for the control below a line that says
-  /// so, read-only until there is another content. What is shown must not be saved in its place.
-  void LoadBeginning(std::string_view rtf, TextView notice);
-  /// The same with a plain text.
+  /// Shows the beginning of the words of a text that is too much for the control below a line that says so,
+  /// read-only until there is another content. What is shown must not be saved in its place.
   void ShowWords(TextView text, TextView notice);
   bool ShowsBeginning() const { return beginningOnly_; }
   void SetPlainText(TextView text);
@@ -107,7 +101,11 @@ class BEdit {
   /// Tells the parent of a change that the control itself says nothing about.
   void TellChanged();
   /// Has the watcher follow a link.
-  void OpenLink(const Text& target) { watcher_->OnEditLink(target); }
+  void OpenLink(const Text& target) {
+    followed_ = target;
+    watcher_->OnEditLink(target);
+  }
+  const Text& FollowedLink() const { return followed_; }
 
  private:
   static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
@@ -119,13 +117,13 @@ class BEdit {
   void SetDefaultFormat();
   bool StreamIn(WPARAM format, std::string_view bytes);
   void PasteFormat(UINT format);
-  bool TakesClipboard(UINT& format) const;
   void LetGo(HWND edit);
 
   HWND edit_ = nullptr;
   EditWatcher* watcher_ = nullptr;
   ComPointer<EditObjects> objects_;
   Look look_;
+  Text followed_;
   std::int32_t textHeight_ = 0;
   bool trackingMouse_ = false;
   bool beginningOnly_ = false;

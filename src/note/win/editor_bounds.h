@@ -3,15 +3,17 @@
 
 #include <windows.h>
 
-#include <string>
-
 #include "data/rtf_bounds.h"
 
 namespace jotlets {
 
 const EditorBounds& BoundsOfEditor();
 
-/// The bytes of the clipboard in a format, without what stands behind the end of a text; empty for none.
-std::string ClipboardBytes(HWND window, UINT format);
+/// Whether a plain text can be put in: some would hang the control.
+inline bool IsEditable(TextView text) { return TextWork(text) <= BoundsOfEditor().work; }
+
+/// Whether the clipboard can be pasted as `format`, which becomes plain text where the rich one must not be
+/// given to the control.
+bool FindPastable(HWND edit, UINT& format);
 
 }  // namespace jotlets

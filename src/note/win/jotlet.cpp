@@ -170,7 +170,10 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
       return 0;
-    case kLinkMessage: context_.openLink(Handle(), Text(clickedLink_), !record_.source.empty()); return 0;
+    case kLinkMessage:
+      if (const BEdit* edit = Editor())
+        context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());
+      return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: return SkinnedWindow::OnMessage(message, wParam, lParam);
   }
@@ -216,10 +219,7 @@ void BJotlet::OnFocus(bool gained) {
 }
 
 // Posted: a question about the link may bring about the end of the editor that tells of it.
-void BJotlet::OnEditLink(const Text& target) {
-  clickedLink_ = target;
-  PostMessageW(Handle(), kLinkMessage, 0, 0);
-}
+void BJotlet::OnEditLink(const Text&) { PostMessageW(Handle(), kLinkMessage, 0, 0); }
 
 void BJotlet::OnContentChanged() {
   if (record_.title.empty()) TitleChanged();

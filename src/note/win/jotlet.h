@@ -211,7 +211,6 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;
-  Text clickedLink_;
   std::int32_t alarmPhase_ = kNotSounding;
   Point alarmOrigin_;  // while it sounds
   bool alarmPending_ = false;

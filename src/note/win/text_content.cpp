@@ -2,8 +2,10 @@
 
 #include "data/rtf_bounds.h"
 #include "data/rtf_bytes.h"
+#include "data/rtf_text.h"
 #include "data/text_file.h"
 #include "note/win/edit_text.h"
+#include "note/win/editor_bounds.h"
 #include "skin/win/clipboard.h"
 
 namespace jotlets {
@@ -11,6 +13,8 @@ namespace {
 
 // How far into the text the first line that can serve as a title is looked for.
 constexpr std::int32_t kTitleSearch = 256;
+// Of a text of which only words are shown, in code units.
+constexpr std::size_t kMaxBeginning = 64 * 1024;
 
 }  // namespace
 
@@ -20,7 +24,7 @@ TextView TextContent::Load(std::string_view bytes) {
   given_.clear();
   if (!bytes.empty() && !Fits(bytes)) {
     const Text text = FromUtf8(bytes);
-    if (!edit_.TakesText(text)) {
+    if (!IsEditable(text)) {
       edit_.ShowWords(text, watcher_.BeginningNotice());
     } else {
       edit_.SetPlainText(text);
@@ -34,9 +38,9 @@ TextView TextContent::Load(std::string_view bytes) {
 TextView TextContent::Show(std::string_view rtf) {
   const bool tooLarge = rtf.size() > BEdit::kLargestRtf;
   const TextView trouble =
-      tooLarge ? TextView(u"too large, only its beginning is shown") : edit_.TroubleWith(rtf);
+      tooLarge ? TextView(u"too large, only its beginning is shown") : RtfTrouble(rtf, BoundsOfEditor());
   if (trouble.empty()) return edit_.SetRtf(rtf) ? TextView() : TextView(u"not read whole");
-  edit_.LoadBeginning(rtf, watcher_.BeginningNotice());
+  edit_.ShowWords(RtfTextStart(rtf, kMaxBeginning), watcher_.BeginningNotice());
   return trouble;
 }
 
@@ -65,7 +69,7 @@ Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch
 
 bool TextContent::SetPlainText(TextView text) {
   given_.clear();
-  if (edit_.TakesText(text)) {
+  if (IsEditable(text)) {
     edit_.SetPlainText(text);
   } else {
     given_ = RtfOfPlainText(text);

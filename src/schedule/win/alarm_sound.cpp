@@ -10,9 +10,9 @@
 namespace jotlets {
 namespace {
 
-void PlaySystemSound(const wchar_t* file, DWORD how) {
+void PlaySystemSound(const wchar_t* file, DWORD flags) {
   static const auto play = SystemFunction<decltype(PlaySoundW)>(L"winmm.dll", "PlaySoundW");
-  if (play != nullptr) play(file, nullptr, how);
+  if (play != nullptr) play(file, nullptr, flags);
 }
 
 }  // namespace

@@ -70,9 +70,9 @@ DesktopJotlet* CommandEndpoint::FindDesktop(TextView id) {
   return &addressed_.emplace(note_, *jotlet);
 }
 
-const JotletData* CommandEndpoint::FindAttached(TextView id) { return Lists().attached.Find(id); }
+const JotletData* CommandEndpoint::FindAttached(TextView id) { return note_.desk.Lists().attached.Find(id); }
 
-const JotletData* CommandEndpoint::FindClosed(TextView id) { return Lists().closed.Find(id); }
+const JotletData* CommandEndpoint::FindClosed(TextView id) { return note_.desk.Lists().closed.Find(id); }
 
 Text CommandEndpoint::DesktopOfWindow(std::int64_t handle) {
   for (const auto& jotlet : note_.notes.All()) {
@@ -82,15 +82,17 @@ Text CommandEndpoint::DesktopOfWindow(std::int64_t handle) {
 }
 
 std::vector<Text> CommandEndpoint::DesktopIds() const { return note_.notes.Ids(); }
-std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(Lists().attached); }
-std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(Lists().sleeping); }
-std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(Lists().closed); }
+std::vector<Text> CommandEndpoint::AttachedIds() const { return IdsOf(note_.desk.Lists().attached); }
+std::vector<Text> CommandEndpoint::SleepingIds() const { return IdsOf(note_.desk.Lists().sleeping); }
+std::vector<Text> CommandEndpoint::ClosedIds() const { return IdsOf(note_.desk.Lists().closed); }
 
-const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const { return Lists().FindStack(number); }
+const StackRecord* CommandEndpoint::FindStack(std::int32_t number) const {
+  return note_.desk.Lists().FindStack(number);
+}
 
 std::vector<std::int32_t> CommandEndpoint::StackNumbers() const {
   std::vector<std::int32_t> numbers;
-  for (const StackRecord& stack : Lists().stacks) numbers.push_back(stack.number);
+  for (const StackRecord& stack : note_.desk.Lists().stacks) numbers.push_back(stack.number);
   return numbers;
 }
 
@@ -129,7 +131,7 @@ bool CommandEndpoint::CloseDesktop(TextView id) { return note_.desk.Close(id, Re
 bool CommandEndpoint::DeleteDesktop(TextView id) { return note_.desk.Delete(id, Reason::kApi); }
 Renamed CommandEndpoint::SetDesktopId(TextView id, TextView newId) { return note_.desk.Rename(id, newId); }
 
-const JotletData* CommandEndpoint::FindSleeping(TextView id) { return Lists().sleeping.Find(id); }
+const JotletData* CommandEndpoint::FindSleeping(TextView id) { return note_.desk.Lists().sleeping.Find(id); }
 
 bool CommandEndpoint::WakeSleeping(TextView id) { return program_.sleeping.WakeSleeping(id); }
 

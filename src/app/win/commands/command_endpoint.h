@@ -90,7 +90,6 @@ class CommandEndpoint final : public CommandHost {
 
  private:
   Taken Serve(const ApiReplyChannel& reply, const COPYDATASTRUCT& record);
-  const NoteLists& Lists() const { return note_.desk.Lists(); }
 
   NoteTools note_;
   ProgramTools program_;
