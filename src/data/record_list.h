@@ -18,7 +18,8 @@ namespace jotlets {
 class ChangedNotes {
  public:
   void Add(const JotletData& record) { notes_.insert_or_assign(FoldCase(record.id), record.IsImage()); }
-  /// Moves what has been added since the last call; memory that is short leaves each on one side or the other.
+  /// Moves what has been added since the last call; memory that is short leaves each on one side or the
+  /// other.
   void MoveTo(std::unordered_map<Text, bool>& into) {
     into.merge(notes_);
     notes_.clear();

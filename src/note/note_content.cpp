@@ -5,8 +5,8 @@
 namespace jotlets {
 namespace {
 
-// The mark is taken back first: typing that arrives while the file is written must count as a change again. It
-// is set again by whatever keeps the file from being written, short memory included.
+// The mark is taken back first: typing that arrives while the file is written must count as a change again.
+// It is set again by whatever keeps the file from being written, short memory included.
 class UnsavedUntilWritten {
  public:
   explicit UnsavedUntilWritten(NoteContent& content) : content_(content) {
