@@ -16,7 +16,8 @@ constexpr std::size_t kLongestLine = 120;
 
 constexpr TextView kNoRichText = u"no rich text";
 constexpr TextView kTooDeep = u"its groups are nested too deep";
-constexpr TextView kTables = u"its tables are damaged";
+constexpr TextView kTables = u"its tables are damaged, or not for this editor";
+constexpr TextView kMeasures = u"its indents or letters are larger than any page";
 constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
 
 // Adds up what is shown. Every colon may be that of a link.
@@ -41,6 +42,19 @@ class WorkCounter {
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// No page is as wide, no letter as large; some controls look for a place to break a line for ever.
+bool IsMeasureInBounds(std::string_view word, std::string_view number) {
+  constexpr std::int32_t kMaxTwips = 31'680;
+  constexpr std::int32_t kMaxHalfPoints = 3'276;
+  constexpr std::array<std::string_view, 16> kLengths = {
+      "li", "ri", "fi",    "lin",    "rin", "cufi",     "tx",     "tb",
+      "sb", "sa", "cellx", "trleft", "sl",  "pnindent", "trgaph", "expndtw"};
+  const std::int32_t value = ParseInt(FromAscii(number.substr(0, 12)));
+  if (word == "fs") return value >= -1 && value <= kMaxHalfPoints;
+  return std::find(kLengths.begin(), kLengths.end(), word) == kLengths.end() ||
+         (value >= -kMaxTwips && value <= kMaxTwips);
+}
 
 // Cells beyond those that their row has announced, and rows inside cells, end some controls.
 class TableCheck {
@@ -106,15 +120,18 @@ class BoundsReader {
       return work_.Add(u' ');
     }
     rest_.remove_prefix(word.size());
-    const auto number =
+    const auto digits =
         std::find_if_not(rest_.begin(), rest_.end(), [](char c) { return IsDigit(c) || c == '-'; });
-    rest_.remove_prefix(static_cast<std::size_t>(number - rest_.begin()));
+    const std::string_view number = rest_.substr(0, static_cast<std::size_t>(digits - rest_.begin()));
+    rest_.remove_prefix(number.size());
     if (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
     constexpr std::array<std::string_view, 6> kBreaks = {"par", "line", "cell", "row", "page", "sect"};
     if (std::find(kBreaks.begin(), kBreaks.end(), word) != kBreaks.end()) work_.EndParagraph();
     if (word == "u") return work_.Add(u' ');
     work_.AddFormat();
-    if (!tables_.Take(word)) trouble_ = kTables;
+    if (!IsMeasureInBounds(word, number)) trouble_ = kMeasures;
+    const bool isOfTable = word == "trowd" || word == "cell" || word == "row";
+    if (!tables_.Take(word) || (isOfTable && !bounds_.takesTables)) trouble_ = kTables;
   }
 
   std::string_view rest_;

@@ -15,13 +15,14 @@ struct EditorBounds {
   std::size_t depth;   // of groups inside each other
   std::uint64_t work;  // see `TextWork`
   bool takesLists;     // bulleted paragraphs can be pasted
+  bool takesTables;    // not all of them survive being laid out
 };
 
 /// The system's own control.
-inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true};
+inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true, true};
 /// A control whose time grows with the square of the length of a paragraph: this takes it a second, more or
 /// less.
-inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false};
+inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false, false};
 
 /// How much work a control of the slow kind has with a plain text, in no unit; a link, a change of format and
 /// each unit of a long paragraph count for many of a short one.

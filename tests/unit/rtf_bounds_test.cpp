@@ -35,7 +35,11 @@ TEST(RtfBounds, OrdinaryTextsFitAndWhatTakesTheControlTooLongDoesNot) {
 
 TEST(RtfBounds, DamagedTablesAndNoiseDoNotReachTheControl) {
   const std::string row = "\\trowd\\cellx1000\\cellx2000\\intbl a\\cell b\\cell\\row ";
-  EXPECT_TRUE(Fits(row + row + "\\pard x\\par "));
+  EXPECT_TRUE(Fits(row + row + "\\pard x\\par ", kSystemEditor));
+  EXPECT_FALSE(Fits(row));
+  EXPECT_TRUE(Fits("\\fi-360\\li360\\fs20 a"));
+  for (const char* measure : {"\\li-99999999 a", "\\fs99999 a", "\\tx2000000000000000 a"})
+    EXPECT_FALSE(Fits(measure));
   for (const TextView bad :
        {u"\\trowd\\cellx1000\\intbl a\\cell b\\cell\\row ", u"a\\cell", u"a\\row", u"\\trowd\\cellx1 a",
         u"\\trowd\\row", u"\\trowd\\cellx1\\cellx2 a\\cell\\row", u"a\\nestcell", u"a\x01"})
