@@ -111,8 +111,8 @@ Text LinkFromText(TextView selected) {
   const std::size_t dot = host.find(u'.');
   // A colon would be a port at best, and at worst another kind of address in disguise.
   if (dot == 0 || dot == TextView::npos || word.find_first_of(u":\\") != TextView::npos) return {};
-  if (at == TextView::npos) return u"http://" + Text(word);
-  return at == 0 ? Text() : u"mailto:" + Text(word);
+  // What would not be opened as an address is not made one.
+  return LinkTarget((at == TextView::npos ? u"http://" : at == 0 ? u"" : u"mailto:") + Text(word));
 }
 
 }  // namespace jotlets

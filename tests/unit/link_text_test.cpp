@@ -55,7 +55,7 @@ TEST(LinkText, AddressesGetWhatIsMissingInFront) {
   EXPECT_EQ(LinkFromText(u"me@a.example"), u"mailto:me@a.example");
   for (const TextView none :
        {u"", u"word", u"two.words here", u".hidden", u"me@host", u"@a.example", u"c:\\a.exe",
-        u"javascript:a.b", u"http://a.example", u"www.a.example", u"(a.example)"})
+        u"javascript:a.b", u"a.example/\"b", u"http://a.example", u"www.a.example", u"(a.example)"})
     EXPECT_EQ(LinkFromText(none), u"") << ToUtf8(none);
 }
 

@@ -63,7 +63,7 @@ TEST_F(KillTest, NothingThatWasRepliedIsLost) {
     ASSERT_TRUE(StartProgram());
     ExpectAllThere();
     const auto change = [&] {
-      return ChangeSomething(u"text " + IntText(++commands) + Text(Below(3000), u'.'));
+      return ChangeSomething(u"text " + IntText(++commands) + Text(Below(800), u'.'));
     };
     const ULONGLONG start = GetTickCount64();
     for (unsigned i = Below(3); i <= 3; ++i) ASSERT_TRUE(change());
