@@ -17,6 +17,8 @@ class JournalFile {
   /// Appends the bytes; after a failure it is as long as before. Flushed to the disk soon afterwards, not at
   /// once.
   virtual FileStatus Append(std::string_view bytes) = 0;
+  /// Holds no more than its first `length` bytes from now on.
+  virtual FileStatus Truncate(std::size_t length) = 0;
   /// Holds nothing but these bytes from now on.
   virtual FileStatus Reset(std::string_view bytes) = 0;
   /// What was written is on the disk when this returns.

@@ -31,7 +31,9 @@ class Log {
   virtual void WriteEntry(int level, TextView text) = 0;
 
   static void Add(Text& entry, TextView part) { entry.append(part); }
-  static void Add(Text& entry, std::integral auto part) { entry.append(IntText(part)); }
+  static void Add(Text& entry, std::integral auto part) {
+    entry.append(IntText(static_cast<std::int64_t>(part)));
+  }
 };
 
 }  // namespace jotlets

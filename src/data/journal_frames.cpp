@@ -77,6 +77,7 @@ std::optional<JournalFrame> JournalReader::Next() {
     return std::nullopt;
   }
   rest_ = at.substr(length);
+  length_ += kFront + length;
   return frame;
 }
 

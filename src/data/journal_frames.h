@@ -55,6 +55,8 @@ class JournalReader {
   explicit JournalReader(std::string_view bytes) : rest_(bytes) {}
 
   std::optional<JournalFrame> Next();
+  /// How many bytes the good frames have.
+  std::size_t Length() const { return length_; }
   /// The sequence number that follows the last frame.
   std::uint64_t NextSequence() const { return sequence_; }
   /// What is left after the last good frame is more than the beginning of one that was being written.
@@ -64,6 +66,7 @@ class JournalReader {
   std::optional<JournalFrame> ParseBody(std::string_view body);
 
   std::string_view rest_;
+  std::size_t length_ = 0;
   std::uint64_t sequence_ = 0;
   bool begun_ = false;
   bool damaged_ = false;

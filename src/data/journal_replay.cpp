@@ -223,6 +223,12 @@ bool HoldsFirstNotes(std::string_view journal) {
   return false;
 }
 
+bool HoldsNews(std::string_view journal) {
+  JournalReader reader(journal);
+  reader.Next();
+  return reader.Length() < journal.size();
+}
+
 JournalReplay ReplayJournal(const LoadContext& context, TextView folder, std::string_view journal,
                             Fingerprint onDisk, bool damaged, DataFile& file) {
   JournalReplay replay;
@@ -230,7 +236,8 @@ JournalReplay ReplayJournal(const LoadContext& context, TextView folder, std::st
   JournalReader reader(journal);
   std::unordered_map<Text, std::size_t> last;
   while (auto frame = reader.Next()) Collect(frames, std::move(*frame), onDisk, last);
-  replay.nextSequence = reader.NextSequence() + 1;
+  replay.length = reader.Length();
+  replay.nextSequence = std::max(reader.NextSequence(), replay.nextSequence);
   replay.keep = reader.StoppedInDamage();
   std::size_t records = 0;
   std::size_t contents = 0;

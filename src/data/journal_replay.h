@@ -18,4 +18,7 @@ JournalReplay ReplayJournal(const LoadContext& context, TextView folder, std::st
 /// seconds.
 bool HoldsFirstNotes(std::string_view journal);
 
+/// Whether a journal holds more than its beginning, be it readable or not.
+bool HoldsNews(std::string_view journal);
+
 }  // namespace jotlets

@@ -1,5 +1,6 @@
 #include "desk/note_journal.h"
 
+#include <iterator>
 #include <utility>
 
 #include "data/jotlet_line.h"
@@ -25,6 +26,14 @@ void NoteJournal::SetFolder(TextView dataFolder, TextView installId) {
   installId_ = installId;
 }
 
+void NoteJournal::GoOn(const JournalReplay& replay, Fingerprint dataFile) {
+  sequence_ = replay.nextSequence;
+  if (!replay.any) return Reset(dataFile);
+  bytes_ = replay.length;
+  // Behind a frame that was cut short nothing would be read.
+  Report(file_.Truncate(replay.length));
+}
+
 void NoteJournal::ForgetChanges() {
   lists_.MoveChangesTo(pending_);
   pending_.clear();
@@ -36,12 +45,14 @@ bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
   if (!lists_.stacksChanged && pending_.empty()) return true;
   FileStatus status = CatchUp();
   if (status && lists_.stacksChanged) status = WriteStacks();
-  while (status && !pending_.empty() && goesOn()) {
-    const auto [id, isImage] = *pending_.begin();
-    status = WriteNote(id, isImage);
-    if (status) pending_.erase(id);
+  FileStatus lastFault;
+  for (auto at = pending_.begin(); status && at != pending_.end() && goesOn();) {
+    FileStatus fault;
+    status = WriteNote(at->first, at->second, fault);
+    if (!fault) lastFault = fault;
+    at = status && fault ? pending_.erase(at) : std::next(at);
   }
-  Report(status);
+  Report(status ? lastFault : status);
   return status && pending_.empty();
 }
 
@@ -53,8 +64,11 @@ void NoteJournal::BeforeContents(const std::vector<Text>& ids) {
     const Text folded = FoldCase(id);
     const auto found = pending_.find(folded);
     if (found == pending_.end() || !contents_.contains(folded)) continue;
+    FileStatus fault;
     FileStatus one = CatchUp();
-    if (one) one = WriteNote(folded, found->second);
+    if (one) one = WriteNote(folded, found->second, fault);
+    // A content that cannot be had is not going to be written either.
+    if (one && !fault) continue;
     if (one) {
       written = true;
       pending_.erase(folded);
@@ -85,7 +99,7 @@ FileStatus NoteJournal::WriteStacks() {
   return status;
 }
 
-FileStatus NoteJournal::WriteNote(const Text& id, bool isImage) {
+FileStatus NoteJournal::WriteNote(const Text& id, bool isImage, FileStatus& fault) {
   std::string out;
   const JotletData* open = lists_.desktop.Find(id);
   if (open != nullptr) windows_.Sync(open->id);
@@ -93,14 +107,15 @@ FileStatus NoteJournal::WriteNote(const Text& id, bool isImage) {
   AppendFrame(out, frame, sequence_);
   ContentBytes content;
   if (open != nullptr) content = windows_.ContentOf(open->id).BytesToSave();
-  if (!content.status) return content.status;
+  fault = content.status;
+  if (!fault) return {};
   JotletData named;
   named.id = frame.id;
   named.isImage = isImage ? 1 : 0;
   if (!content.bytes && unknown_.contains(id) && frame.kind != FrameKind::kRemoved)
     content.bytes = files_.Read(folder_ + ContentPath(named)).bytes;
   const bool changed = content.bytes && AppendContent(out, named, *content.bytes);
-  const FileStatus status = Append(out, changed ? 2 : 1);
+  FileStatus status = Append(out, changed ? 2 : 1);
   if (!status) return status;
   unknown_.erase(id);
   if (open == nullptr) {

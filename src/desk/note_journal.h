@@ -27,13 +27,15 @@ class NoteJournal {
 
   /// Where the notes are, and whose they are.
   void SetFolder(TextView dataFolder, TextView installId);
-  /// The number of the next frame, after those that the file holds.
-  void SetNextSequence(std::uint64_t sequence) { sequence_ = sequence; }
+  /// What the file held has been loaded, with a data file of this fingerprint: goes on behind those frames
+  /// until a save has made them needless, or, without news among them, begins anew.
+  void GoOn(const JournalReplay& replay, Fingerprint dataFile);
 
   /// What was loaded is no news.
   void ForgetChanges();
-  /// Writes frames for what has changed since the last call, note by note as long as `goesOn` says so.
-  /// Whether nothing is left to be written; after a failure, which is logged once, something is.
+  /// Writes frames for what has changed since the last call, note by note as long as `goesOn` says so. A note
+  /// whose content cannot be had holds no other back. Whether nothing is left to be written; after a failure,
+  /// which is logged once, something is.
   bool WriteChanges(const std::function<bool()>& goesOn);
   /// The content files of these notes are about to be written: where the journal has said something of one,
   /// it says the last of it too, flushed, so that the next start knows the file again.
@@ -59,7 +61,8 @@ class NoteJournal {
   };
 
   FileStatus CatchUp();
-  FileStatus WriteNote(const Text& id, bool isImage);
+  /// `fault`: why the content could not be had, and so nothing was written; the file itself takes more.
+  FileStatus WriteNote(const Text& id, bool isImage, FileStatus& fault);
   FileStatus WriteStacks();
   JournalFrame RecordFrame(const Text& id, bool isImage) const;
   bool AppendContent(std::string& out, const JotletData& record, const std::string& bytes) const;

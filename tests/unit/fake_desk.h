@@ -33,6 +33,9 @@ class FakeJournalFile final : public JournalFile {
   FileStatus Append(std::string_view more) override {
     return Change([&] { bytes.append(more); });
   }
+  FileStatus Truncate(std::size_t length) override {
+    return Change([&] { bytes.resize(length); });
+  }
   FileStatus Reset(std::string_view fresh) override {
     return Change([&] {
       if (!before) before = bytes.substr(0, flushed);

@@ -225,8 +225,8 @@ class Replay : public testing::Test {
     std::string bytes;
     std::uint64_t sequence = 9;
     for (const JournalFrame& frame : frames) AppendFrame(bytes, frame, sequence++);
-    return ReplayJournal({files, ansi, options, CountingIds(), clock.now, log}, kFolder, bytes, onDisk,
-                         damaged, file);
+    const LoadContext context{files, ansi, options, CountingIds(), clock.now, log};
+    return ReplayJournal(context, kFolder, bytes, onDisk, damaged, file);
   }
   static JournalFrame Begin(Fingerprint base) { return {FrameKind::kBegin, base, 0, 0, 0, {}, "ME"}; }
   static JournalFrame Record(TextView id) {
@@ -285,9 +285,42 @@ TEST_F(Replay, NamesThatLeaveTheFolderAreNobodysNotes) {
   EXPECT_TRUE(!replay.any && replay.gone.empty() && file.jotlets.empty() && files.Paths().empty());
 }
 
+TEST(Journal, AStartThatCannotSaveGoesOnBehindWhatItFound) {
+  constexpr TextView kNotes = u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n<ID>B<X>5<Y>5<RTF>\n";
+  const auto typeAndWrite = [](FakeDesk& home, TextView id) {
+    home.windows.Type(id, u"{\\rtf1 more}");
+    home.desk.Changed(id);
+    home.desk.Journal().WriteChanges([] { return true; });
+  };
+  FakeDesk first;
+  first.Load(kNotes);
+  first.desk.Saver().SetDirty();
+  first.desk.Saver().SaveIfDirty();
+  typeAndWrite(first, u"A");
+  const Latin1 ansi;
+  FakeDesk second;
+  second.files = first.files;
+  // The last frame was cut short.
+  second.journal.bytes = first.journal.bytes + std::string("\x40\0\0\0half", 8);
+  const auto load = [&] {
+    return LoadJotlets({second.files, ansi, second.options, CountingIds(), second.clock.now, second.log},
+                       kFolder, second.journal.bytes);
+  };
+  LoadedData loaded = load();
+  second.desk.Load(std::move(loaded.file));
+  second.desk.Journal().GoOn(loaded.journal, loaded.fingerprint);
+  second.files.unchangeable.insert(u"d:\\jotlets.ini");
+  second.desk.Saver().SetDirty();
+  EXPECT_FALSE(second.desk.Saver().SaveIfDirty());
+  typeAndWrite(second, u"B");
+  EXPECT_TRUE(load().journal.any);
+  EXPECT_EQ(second.files.Get(u"D:\\rtf\\A.rtf"), "{\\rtf1 more}");
+  EXPECT_EQ(second.files.Get(u"D:\\rtf\\B.rtf"), "{\\rtf1 more}");
+}
+
 TEST(Journal, SaysOnceThatTheDiskIsFullAndGoesOnLater) {
   FakeDesk home;
-  home.Load(u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n");
+  home.Load(u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n<ID>B<X>5<Y>5<RTF>\n");
   home.desk.Saver().SetDirty();
   home.desk.Saver().SaveIfDirty();
   const std::size_t before = home.journal.bytes.size();
@@ -303,7 +336,13 @@ TEST(Journal, SaysOnceThatTheDiskIsFullAndGoesOnLater) {
             1);
   home.files.changesUntilDeath = -1;
   home.windows.At(u"A").content->cutShort = true;
+  home.Lists().desktop.Find(u"B")->title = u"new";
+  home.desk.Changed(u"B");
   EXPECT_FALSE(write() || home.desk.Saver().SaveIfDirty()) << "what is not whole is not written";
+  const auto frames = ReadAll(home.journal.bytes);
+  EXPECT_TRUE(std::any_of(frames.begin(), frames.end(), [](const JournalFrame& f) {
+    return f.kind == FrameKind::kRecord && f.id == u"B";
+  })) << "it holds no other note back";
   home.windows.At(u"A").content->cutShort = false;
   EXPECT_TRUE(write() && ReadAll(home.journal.bytes).back().payload == "{\\rtf1 more}");
 }

@@ -28,8 +28,9 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       skins_(resources, system_.files, system_.ansi, system_.log),
       notes_(*this, listeners_, resources, system_.files, system_.clock, system_.log, options_.Current(),
              skins_),
-      desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, journal_, listeners_,
-             [this] { OnDeskChanged(); }, InstanceNumber()}),
+      claim_(system_.files, system_.ansi, system_.clock, system_.log),
+      desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, claim_.Journal(),
+             listeners_, [this] { OnDeskChanged(); }, InstanceNumber()}),
       stacks_(*this, resources, system_.log, desk_, notes_),
       attached_(desk_, notes_, options_.Current(), system_.clock, foreign_),
       signs_(options_.Current(), system_.clock, system_.log),
@@ -149,6 +150,7 @@ void Program::OnAnimationClosed(const Text& id, bool deletes) {
 }
 
 void Program::CheckContent() {
+  RemoveLeftovers(system_.files, desk_.Folder());
   std::vector<Orphan> orphans =
       CheckContentFiles(system_.files, desk_.Folder(), desk_.Lists().ByKind(), system_.log);
   if (orphans.empty()) return;
@@ -189,7 +191,7 @@ void Program::HoldStill(bool still) {
 void Program::Restart() {
   state_.exiting = true;
   tray_.Remove();
-  journal_.Close();
+  claim_.Release();
   instance_.Restart(system_.log);
 }
 
@@ -243,7 +245,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   stacks_.CloseAll();
   listeners_.Send({EventKind::kExiting});
   tray_.Remove();
-  system_.files.Remove(desk_.Folder() + Text(kUserFileName));
+  claim_.Leave();
   system_.log.Write(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
   PostQuitMessage(0);
   DestroyWindow(window_.Handle());

@@ -8,6 +8,7 @@
 #include "app/win/commands/note_commands.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
+#include "app/win/data_folder_claim.h"
 #include "app/win/program_instance.h"
 #include "app/win/program_saving.h"
 #include "app/win/program_window.h"
@@ -15,7 +16,6 @@
 #include "backup/win/backup_commands.h"
 #include "base/win/ansi_code_page.h"
 #include "base/win/disk_files.h"
-#include "base/win/locked_file.h"
 #include "base/win/system_clock.h"
 #include "data/options_keeper.h"
 #include "data/policy.h"
@@ -44,6 +44,8 @@ class Program final : private OpenNotesOwner,
                       private ProgramControl {
  public:
   Program(const Resources& resources, ProgramInstance& instance, bool rescue);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
   // Not inline: the linker stumbles over its thunks in several objects.
   ~Program() override;
 
@@ -74,9 +76,6 @@ class Program final : private OpenNotesOwner,
   void RegisterClasses();
   bool FindDataFolder();
   bool WaitForNamedFolder(const Text& folder);
-  bool ClaimDataFolder();
-  void GoOnFromJournal(const LoadedData& loaded, const FileContent& journal);
-  void LeaveDataFolder();
   bool MayExit(bool silent);
   bool LoadOptions();
   void ApplyOptions();
@@ -135,7 +134,7 @@ class Program final : private OpenNotesOwner,
   CustomMenus menus_;
   ProgramSkins skins_;
   OpenNotes notes_;
-  LockedFile journal_;
+  DataFolderClaim claim_;
   NoteDesk desk_;
   OpenStacks stacks_;
   ForeignWindowWatcher foreign_;

@@ -8,7 +8,6 @@
 #include "data/data_folder.h"
 #include "data/journal_replay.h"
 #include "data/saving.h"
-#include "data/text_file.h"
 #include "res/resource.h"
 #include "ui/choice_dialog.h"
 #include "ui/screen.h"
@@ -41,7 +40,7 @@ bool Program::Start(HWND window) {
   // Where the backups are is an option, and they may have to replace the options before these are loaded.
   options_.Peek(desk_.Folder());
   backups_.Open(desk_.Folder());
-  backups_.FinishInterruptedRestore();
+  if (backups_.FinishInterruptedRestore()) claim_.SetJournalAside();
   const bool firstRun = LoadOptions();
   if (state_.exiting) return false;
   for (const Text& report : CollectCrashReports(system_.files, system_.log, desk_.Folder()))
@@ -90,31 +89,24 @@ bool Program::FindDataFolder() {
   desk_.SetFolder(folder, installId_);
   notes_.SetFolder(folder);
   SetCrashFolder(folder);
-  if (MakeDataFolders(system_.files, folder)) return ClaimDataFolder();
-  Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, folder);
-  return false;
-}
-
-// Two programs would write over each other's notes. A folder that cannot be written to is shown without.
-bool Program::ClaimDataFolder() {
-  const Text folder = desk_.Folder();
-  const Text user = folder + Text(kUserFileName);
-  if (journal_.Open(folder + Text(kJournalName)) == LockedFile::Opened::kInUse) {
-    const Text who = DecodeTextFile(system_.files.Read(user).bytes, system_.ansi).text;
-    Tell(window_.Handle(), resources_, IDS_FOLDER_IN_USE, folder + u"\n\n" + who);
+  if (!MakeDataFolders(system_.files, folder)) {
+    Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, folder);
     return false;
   }
-  RemoveLeftovers(system_.files, folder);
-  system_.files.Write(user, EncodeTextFile(UserAndMachine()));
-  return true;
+  if (claim_.Claim(folder)) return true;
+  Tell(window_.Handle(), resources_, IDS_FOLDER_IN_USE, folder + u"\n\n" + claim_.User());
+  return false;
 }
 
 // Whether this is the first run: there is no data file, and the user has no backup put in its place.
 bool Program::LoadOptions() {
   if (state_.exiting) return false;
   bool firstRun =
-      !system_.files.Exists(desk_.Folder() + Text(kDataFileName)) && !HoldsFirstNotes(journal_.Read().bytes);
-  if (firstRun) firstRun = !backups_.OfferAtFirstRun();
+      !system_.files.Exists(desk_.Folder() + Text(kDataFileName)) && !HoldsFirstNotes(claim_.JournalBytes());
+  if (firstRun) {
+    claim_.SetJournalAside();
+    firstRun = !backups_.OfferAtFirstRun();
+  }
   if (state_.exiting) return firstRun;
   options_.Load(desk_.Folder());
   // Without a file of their own, the options may be in an older data file: the level of the log too.
@@ -149,14 +141,13 @@ void Program::ProvideFirstRun() {
 }
 
 bool Program::LoadJotlets() {
-  const FileContent journal = journal_.Read();
   LoadedData loaded =
       jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
                             [this] { return desk_.Maker().NewJotletId(); }, system_.clock.Now(), system_.log},
-                           desk_.Folder(), journal.bytes);
+                           desk_.Folder(), claim_.JournalBytes());
   ApplyOptions();
   if (loaded.file.version > kDataFileVersion) {
-    LeaveDataFolder();
+    claim_.LeaveUntouched();
     Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
     instance_.Release();
     return false;
@@ -169,7 +160,10 @@ bool Program::LoadJotlets() {
   TellDamage(loaded);
   desk_.Load(std::move(loaded.file));
   stacks_.OpenAll();
-  GoOnFromJournal(loaded, journal);
+  claim_.GoOn(desk_.Journal(), loaded);
+  for (const JotletData& gone : loaded.journal.gone) desk_.Saver().RemoveContentLater(gone);
+  // At once: until then every start would find the same damage, or the same news in the journal, again.
+  if (loaded.damaged || loaded.journal.any) saving_.SaveJotlets();
   if (rescue_) trayCommands_.RescueOffScreen();
   const bool hidden = options_.Current().hidden == 1;
   tray_.ShowHidden(hidden);
@@ -177,35 +171,6 @@ bool Program::LoadJotlets() {
   notes_.ShowAll();
   stacks_.ShowAll();
   return true;
-}
-
-// What was taken from the journal, or from a damaged data file, is saved at once: until then every start
-// would find the same again.
-void Program::GoOnFromJournal(const LoadedData& loaded, const FileContent& journal) {
-  const Text path = desk_.Folder() + Text(kJournalName);
-  if (loaded.journal.keep) {
-    const Text kept = DatedName(system_.files, path, kDamagedMark, system_.clock.Now().local);
-    const FileStatus status = system_.files.Write(kept, journal.bytes);
-    system_.log.Write(kLogLifecycle, u"Not all of the journal could be used, ",
-                      status ? u"kept as '" : u"nor be kept as '", kept, u"'");
-    // Nothing is written over what is nowhere else.
-    if (!status) return journal_.Close();
-  }
-  desk_.Journal().SetNextSequence(loaded.journal.nextSequence);
-  for (const JotletData& gone : loaded.journal.gone) desk_.Saver().RemoveContentLater(gone);
-  if (loaded.damaged || loaded.journal.any) {
-    saving_.SaveJotlets();
-  } else {
-    desk_.Journal().Reset(loaded.fingerprint);
-  }
-}
-
-// As it was before, but for what was there already.
-void Program::LeaveDataFolder() {
-  const bool made = journal_.Read().bytes.empty();
-  journal_.Close();
-  if (made) system_.files.Remove(desk_.Folder() + Text(kJournalName));
-  system_.files.Remove(desk_.Folder() + Text(kUserFileName));
 }
 
 void Program::TellDamage(const LoadedData& loaded) {

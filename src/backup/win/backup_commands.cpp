@@ -93,11 +93,11 @@ bool BackupCommands::OfferAtFirstRun() {
   return PutBackAtStart(keeper_.Restore(name));
 }
 
-void BackupCommands::FinishInterruptedRestore() {
+bool BackupCommands::FinishInterruptedRestore() {
   std::optional<RestoreJob> job = keeper_.InterruptedRestore();
-  if (!job) return;
+  if (!job) return false;
   log_.Write(kLogLifecycle, u"Finishing a restore that was interrupted");
-  PutBackAtStart(std::move(*job));
+  return PutBackAtStart(std::move(*job));
 }
 
 bool BackupCommands::PutBackAtStart(RestoreJob job) {

@@ -47,7 +47,7 @@ class BackupCommands {
   /// Offers the backups, when there are any, to a start that found no data file. Whether one was put back.
   bool OfferAtFirstRun();
   /// Finishes a restore that the end of the program has cut short.
-  void FinishInterruptedRestore();
+  bool FinishInterruptedRestore();
 
  private:
   bool PutBackAtStart(RestoreJob job);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 
 #include "base/win/wide.h"
 
@@ -117,13 +118,21 @@ FileStatus LockedFile::Append(std::string_view bytes) {
   return {};
 }
 
+FileStatus LockedFile::Truncate(std::size_t length) {
+  if (!file_) return FileStatus::Failed(u"not open");
+  // What follows is written there in any case.
+  length_ = length;
+  FILE_END_OF_FILE_INFO end{};
+  end.EndOfFile.QuadPart = static_cast<LONGLONG>(length);
+  return SetFileInformationByHandle(file_.get(), FileEndOfFileInfo, &end, sizeof end)
+             ? FileStatus()
+             : Failed(u"SetEndOfFile");
+}
+
 FileStatus LockedFile::Reset(std::string_view bytes) {
   if (!file_) return FileStatus::Failed(u"not open");
   if (FileStatus reopened = ReopenIfGone(); !reopened) return reopened;
-  FILE_END_OF_FILE_INFO end{};
-  if (!SetFileInformationByHandle(file_.get(), FileEndOfFileInfo, &end, sizeof end))
-    return Failed(u"SetEndOfFile");
-  length_ = 0;
+  if (FileStatus emptied = Truncate(0); !emptied) return emptied;
   return Append(bytes);
 }
 

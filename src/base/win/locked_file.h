@@ -30,6 +30,7 @@ class LockedFile final : public JournalFile {
 
   FileContent Read() const override;
   FileStatus Append(std::string_view bytes) override;
+  FileStatus Truncate(std::size_t length) override;
   FileStatus Reset(std::string_view bytes) override;
   FileStatus Flush() override;
 

@@ -1,0 +1,59 @@
+#include "app/win/data_folder_claim.h"
+
+#include "app/win/system_facts.h"
+#include "data/data_folder.h"
+#include "data/journal_replay.h"
+#include "data/text_file.h"
+
+namespace jotlets {
+
+bool DataFolderClaim::Claim(TextView folder) {
+  folder_ = folder;
+  const LockedFile::Opened opened = journal_.Open(folder_ + Text(kJournalName));
+  if (opened == LockedFile::Opened::kInUse) return false;
+  const FileContent content = journal_.Read();
+  if (opened == LockedFile::Opened::kFailed || content.state == FileContent::State::kUnreadable) {
+    // Nothing is written over what could not be read.
+    journal_.Close();
+    log_.Write(kLogLifecycle, u"There will be no journal: ",
+               opened == LockedFile::Opened::kFailed ? journal_.Reason() : content.reason);
+  }
+  files_.Write(folder_ + Text(kUserFileName), EncodeTextFile(UserAndMachine()));
+  return true;
+}
+
+Text DataFolderClaim::User() const {
+  return DecodeTextFile(files_.Read(folder_ + Text(kUserFileName)).bytes, ansi_).text;
+}
+
+void DataFolderClaim::Leave() {
+  files_.Remove(folder_ + Text(kUserFileName));
+  journal_.Close();
+}
+
+void DataFolderClaim::LeaveUntouched() {
+  const FileContent content = journal_.Read();
+  const bool made = content.state == FileContent::State::kRead && content.bytes.empty();
+  Leave();
+  if (made) files_.Remove(folder_ + Text(kJournalName));
+}
+
+bool DataFolderClaim::KeepJournal() {
+  const Text path = folder_ + Text(kJournalName);
+  const Text kept = DatedName(files_, path, kDamagedMark, clock_.Now().local);
+  const FileStatus status = files_.Write(kept, JournalBytes());
+  log_.Write(kLogLifecycle, u"Not all of the journal could be used, ",
+             status ? u"kept as '" : u"nor be kept as '", kept, u"'");
+  if (!status) journal_.Close();
+  return status.ok;
+}
+
+void DataFolderClaim::SetJournalAside() {
+  if (HoldsNews(JournalBytes()) && KeepJournal()) journal_.Reset({});
+}
+
+void DataFolderClaim::GoOn(NoteJournal& journal, const LoadedData& loaded) {
+  if (!loaded.journal.keep || KeepJournal()) journal.GoOn(loaded.journal, loaded.fingerprint);
+}
+
+}  // namespace jotlets
