@@ -16,6 +16,8 @@ inline constexpr TextView kSafetyCopyName = u"jotlets.bak";
 inline constexpr TextView kJournalName = u"jotlets.jnl";
 /// Who works with the folder, for whoever finds it in use.
 inline constexpr TextView kUserFileName = u"jotlets.usr";
+/// The contents whose loading has ended the program.
+inline constexpr TextView kTrialsName = u"jotlets.try";
 inline constexpr TextView kStoreFileName = u"store.mdb";
 inline constexpr TextView kActivityLogName = u"activity.log";
 inline constexpr TextView kRtfFolder = u"rtf\\";

@@ -214,6 +214,7 @@
 #define IDS_LINK_TO_FILE 2060
 #define IDS_LINK_REFUSED 2061
 #define IDS_CRASHED 2062
+#define IDS_LOADING_ENDED 2063
 #define IDS_UNIT_ONE 2100     // "minute" and the four longer units
 #define IDS_UNIT_MANY 2105    // "minutes" and so on
 #define IDS_ORDINAL 2110      // "First" to "Fourth" and "Last"

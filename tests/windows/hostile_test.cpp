@@ -1,6 +1,7 @@
 // Texts that were made to end or to hang the program, or to have it start something.
 #include <random>
 
+#include "data/journal_frames.h"
 #include "data/text_file.h"
 #include "note/win/edit.h"
 #include "window_test.h"
@@ -69,6 +70,26 @@ TEST_F(HostileTest, ContentFilesAreShownAsFarAsTheEditorCanAndStayAsTheyAre) {
   EXPECT_EQ(Close(), 0u);
   for (std::size_t i = 0; i < std::size(kHostile); ++i)
     EXPECT_TRUE(Read(folder_ + ContentPath(notes[i])) == kHostile[i]) << i;
+}
+
+TEST_F(HostileTest, ATextWhoseLoadingEndedTheProgramIsNotTriedAgain) {
+  const JotletData note = NoteRecord(u"AA01", {300, 300});
+  const std::string content = "{\\rtf1 deadly once}";
+  char mark[18];
+  snprintf(mark, sizeof mark, "%016llx\n", static_cast<unsigned long long>(FingerprintOf(content)));
+  WriteData({note}, kDataFileName, u"Debug=1");
+  Write(folder_ + ContentPath(note), content);
+  Write(folder_ + Text(kTrialsName), mark);
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(u"AA01"),
+            u"Jotlets ended while it was loading this text. Here are its words, which cannot be changed; its "
+            u"file is "
+            u"untouched.\r\ndeadly once");
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_EQ(Read(folder_ + ContentPath(note)), content);
+  Write(folder_ + ContentPath(note), "{\\rtf1 mended}");
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(TextOf(u"AA01"), u"mended");
 }
 
 TEST_F(HostileTest, CommandsAndTheClipboardBringNothingInThatHangs) {

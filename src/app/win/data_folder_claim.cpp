@@ -18,6 +18,7 @@ bool DataFolderClaim::Claim(TextView folder) {
     log_.Write(kLogLifecycle, u"There will be no journal: ",
                opened == LockedFile::Opened::kFailed ? journal_.Reason() : content.reason);
   }
+  if (trialsFile_.Open(folder_ + Text(kTrialsName)) == LockedFile::Opened::kYes) trials_.Open();
   files_.Write(folder_ + Text(kUserFileName), EncodeTextFile(UserAndMachine()));
   return true;
 }
@@ -26,9 +27,15 @@ Text DataFolderClaim::User() const {
   return DecodeTextFile(files_.Read(folder_ + Text(kUserFileName)).bytes, ansi_).text;
 }
 
+void DataFolderClaim::Release() {
+  journal_.Close();
+  trialsFile_.Close();
+  if (trials_.IsEmpty()) files_.Remove(folder_ + Text(kTrialsName));
+}
+
 void DataFolderClaim::Leave() {
   files_.Remove(folder_ + Text(kUserFileName));
-  journal_.Close();
+  Release();
 }
 
 void DataFolderClaim::LeaveUntouched() {

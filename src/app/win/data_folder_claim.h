@@ -6,6 +6,7 @@
 #include "base/code_page.h"
 #include "base/log.h"
 #include "base/win/locked_file.h"
+#include "desk/load_trials.h"
 #include "desk/note_journal.h"
 
 namespace jotlets {
@@ -13,16 +14,17 @@ namespace jotlets {
 class DataFolderClaim {
  public:
   DataFolderClaim(Files& files, const CodePage& ansi, const Clock& clock, Log& log)
-      : files_(files), ansi_(ansi), clock_(clock), log_(log) {}
+      : files_(files), ansi_(ansi), clock_(clock), log_(log), trials_(trialsFile_) {}
 
   JournalFile& Journal() { return journal_; }
+  LoadTrials& Trials() { return trials_; }
 
   /// False when somebody else has the folder; `User` then says who. One in which no file can be held open is
   /// worked with all the same, without a journal.
   bool Claim(TextView folder);
   Text User() const;
   /// Gives the folder up to a new start of the program, or to others for good.
-  void Release() { journal_.Close(); }
+  void Release();
   void Leave();
   /// The same, with the folder as it was before.
   void LeaveUntouched();
@@ -44,6 +46,8 @@ class DataFolderClaim {
   Log& log_;
   Text folder_;
   LockedFile journal_;
+  LockedFile trialsFile_;
+  LoadTrials trials_;
 };
 
 }  // namespace jotlets

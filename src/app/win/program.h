@@ -133,8 +133,8 @@ class Program final : private OpenNotesOwner,
   Listeners listeners_;
   CustomMenus menus_;
   ProgramSkins skins_;
-  OpenNotes notes_;
   DataFolderClaim claim_;
+  OpenNotes notes_;
   NoteDesk desk_;
   OpenStacks stacks_;
   ForeignWindowWatcher foreign_;

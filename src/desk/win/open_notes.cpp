@@ -25,8 +25,7 @@ bool OpenNotes::Open(std::shared_ptr<JotletData> record) {
     return false;
   }
   if (content.state == FileContent::State::kRead) {
-    const TextView fault = jotlet->LoadContent(content.bytes);
-    if (!fault.empty()) log_.Write(kLogLifecycle, u"The content of jotlet ", id, u": ", fault);
+    Load(*jotlet, content.bytes);
   } else {
     if (content.state == FileContent::State::kUnreadable)
       log_.Write(kLogLifecycle, u"Unable to read the content of jotlet ", id, u": ", content.reason);
@@ -38,6 +37,19 @@ bool OpenNotes::Open(std::shared_ptr<JotletData> record) {
   ShowOnScreens(*opened);
   byId_[FoldCase(id)] = opened;
   return true;
+}
+
+void OpenNotes::Load(BJotlet& jotlet, std::string_view content) {
+  TextView fault = u"its loading has ended Jotlets before, it is not tried again";
+  if (trials_.HasFailed(content)) {
+    jotlet.LoadWords(content, resources_.String(IDS_LOADING_ENDED));
+  } else {
+    trials_.Begin(content);
+    fault = jotlet.LoadContent(content);
+    trials_.End();
+  }
+  if (!fault.empty())
+    log_.Write(kLogLifecycle, u"The content of jotlet ", jotlet.StoredRecord().id, u": ", fault);
 }
 
 BJotlet* OpenNotes::Find(TextView id) const {

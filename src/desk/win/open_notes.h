@@ -9,6 +9,7 @@
 
 #include "base/clock.h"
 #include "data/stack_record.h"
+#include "desk/load_trials.h"
 #include "desk/note_event.h"
 #include "desk/note_windows.h"
 #include "desk/win/note_links.h"
@@ -51,14 +52,16 @@ class OpenNotesOwner {
 class OpenNotes final : public JotletOwner, public NoteWindows {
  public:
   OpenNotes(OpenNotesOwner& owner, EventSink& events, const Resources& resources, Files& files,
-            const Clock& clock, Log& log, const Options& options, ProgramSkins& skins)
+            const Clock& clock, Log& log, const Options& options, ProgramSkins& skins, LoadTrials& trials)
       : owner_(owner),
         events_(events),
+        resources_(resources),
         files_(files),
         clock_(clock),
         log_(log),
         options_(options),
         skins_(skins),
+        trials_(trials),
         context_{options_,
                  screens_,
                  skins_,
@@ -169,15 +172,18 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
   std::optional<Text> StackName(std::int32_t number) const;
   void LogRescue(const BJotlet& jotlet, Point from);
+  void Load(BJotlet& jotlet, std::string_view content);
   void ShowOnScreens(BJotlet& jotlet);
 
   OpenNotesOwner& owner_;
   EventSink& events_;
+  const Resources& resources_;
   Files& files_;
   const Clock& clock_;
   Log& log_;
   const Options& options_;
   ProgramSkins& skins_;
+  LoadTrials& trials_;
   MonitorSetup screens_;
   const NoteContext context_;
   std::vector<FontStyle> styles_;

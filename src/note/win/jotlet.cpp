@@ -65,6 +65,12 @@ TextView BJotlet::LoadContent(std::string_view bytes) {
   return fault;
 }
 
+void BJotlet::LoadWords(std::string_view bytes, TextView notice) {
+  content_->LoadWords(bytes, notice);
+  KeepOldContent();
+  TitleChanged();
+}
+
 void BJotlet::Show() {
   ShowWindow(Handle(), SW_SHOWNOACTIVATE);
   StartPendingAlarm();

@@ -34,6 +34,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   const NoteContent& Content() const { return *content_; }
   /// Loads the content from the bytes of its file. What of it could not be shown as it is, empty for nothing.
   TextView LoadContent(std::string_view bytes);
+  /// The same of one that must not be shown as it is, for the reason that the notice tells.
+  void LoadWords(std::string_view bytes, TextView notice);
   /// The content file is there but was not read whole: it is kept under another name before it is replaced.
   void KeepOldContent() { keepOldContent_ = true; }
   /// Shows or hides the window; whether the note is a hidden one is another matter.

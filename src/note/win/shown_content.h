@@ -36,6 +36,9 @@ class ShownContent : public NoteContent {
 
   /// Makes its window inside the note's, if it has one.
   virtual void CreateIn(HWND, const Look&) {}
+  /// Loads no more than words of a content file that must not be shown as it is, for the reason that the
+  /// notice tells; a picture, nothing.
+  virtual void LoadWords(std::string_view, TextView) {}
   /// Its window, which takes the keyboard; nullptr for none.
   virtual HWND ContentWindow() const { return nullptr; }
   /// The editor, for the commands that act on one; nullptr for none.

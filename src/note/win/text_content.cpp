@@ -34,6 +34,11 @@ TextView TextContent::Load(std::string_view bytes) {
   return Show(bytes);
 }
 
+void TextContent::LoadWords(std::string_view bytes, TextView notice) {
+  given_.clear();
+  edit_.ShowWords(Fits(bytes) ? RtfTextStart(bytes, kMaxBeginning) : FromUtf8(bytes), notice);
+}
+
 // A rich text that the control must not be given is shown by its words.
 TextView TextContent::Show(std::string_view rtf) {
   const bool tooLarge = rtf.size() > BEdit::kLargestRtf;

@@ -14,6 +14,7 @@ class TextContent final : public ShownContent {
   bool Fits(std::string_view bytes) const override;
   /// A file that holds no rich text is shown as the plain text that it is.
   TextView Load(std::string_view bytes) override;
+  void LoadWords(std::string_view bytes, TextView notice) override;
   bool IsWhole() const override { return edit_.Handle() != nullptr && !edit_.ShowsBeginning(); }
   bool HasUnsavedChanges() const override { return unsaved_; }
   void SetUnsavedChanges(bool unsaved) override { unsaved_ = unsaved; }
