@@ -113,4 +113,14 @@ std::vector<Backup> BackupKeeper::Describe() const {
   return backups;
 }
 
+std::optional<Backup> BackupKeeper::Newest() const {
+  std::vector<Text> names = files_.ListFolders(backups_);
+  std::ranges::sort(names, std::greater());
+  // Looking into all of them would take long.
+  for (const Text& name : names)
+    if (BackupTime(name) && HasReadableData(files_, ansi_, backups_ + name + u"\\"))
+      return DescribeBackup(files_, ansi_, backups_, name);
+  return std::nullopt;
+}
+
 }  // namespace jotlets

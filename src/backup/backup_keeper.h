@@ -43,6 +43,8 @@ class BackupKeeper {
 
   /// All backups, newest first.
   std::vector<Backup> Describe() const;
+  /// The newest of them.
+  std::optional<Backup> Newest() const;
   bool HasAny() const { return hasAny_; }
 
   /// What is left of a restore that the end of the program cut short; to be done before anything is loaded.

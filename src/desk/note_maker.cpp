@@ -88,7 +88,11 @@ std::optional<JotletData> NoteMaker::Make(const NewNote& fresh) {
   record.isImage = fresh.isImage ? 1 : 0;
   record.title = fresh.title;
   record.source = fresh.source;
-  if (fresh.colour) record.colour = *fresh.colour;
+  if (fresh.colour) {
+    record.colour = *fresh.colour;
+  } else if (options_.newJotletColour >= 0) {
+    record.colour = ColourOfNumber(options_.newJotletColour);
+  }
   Place(record);
   if (fresh.width > 0) record.width = fresh.width;
   KeepSizeUsable(record);

@@ -7,9 +7,9 @@ INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
                          reinterpret_cast<LPARAM>(this));
 }
 
-bool Dialog::Open(const Resources& resources, UINT id) {
+bool Dialog::Open(const Resources& resources, UINT id, HWND parent) {
   modal_ = false;
-  return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), nullptr, Procedure,
+  return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), parent, Procedure,
                             reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
@@ -43,6 +43,10 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
     if (message == WM_DRAWITEM) {
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
+    }
+    if (message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN) {
+      const auto control = message == WM_CTLCOLORDLG ? nullptr : reinterpret_cast<HWND>(lParam);
+      return reinterpret_cast<INT_PTR>(object->OnColours(reinterpret_cast<HDC>(wParam), control));
     }
     if (message == WM_NCDESTROY) object->dialog_ = nullptr;
     if (message != WM_COMMAND) {

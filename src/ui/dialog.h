@@ -20,8 +20,8 @@ class Dialog {
   INT_PTR Show(const Resources& resources, UINT id, HWND owner);
 
   /// Creates the dialog as a window beside the others, not yet shown; false when that failed. It is there
-  /// until `Close`, and neither OK nor Cancel ends it by themselves.
-  bool Open(const Resources& resources, UINT id);
+  /// until `Close`, and neither OK nor Cancel ends it by themselves. One with a parent is a part of that.
+  bool Open(const Resources& resources, UINT id, HWND parent = nullptr);
   void Close();
   bool IsOpen() const { return dialog_ != nullptr; }
 
@@ -38,6 +38,10 @@ class Dialog {
   virtual std::optional<LRESULT> OnMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
   /// A control that the dialog draws itself.
   virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
+
+  /// The colours of a control or, without one, of the dialog itself: sets those of its text, and returns the
+  /// brush behind it, which the dialog keeps; nullptr for the system's own.
+  virtual HBRUSH OnColours(HDC, HWND) { return nullptr; }
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }

@@ -28,6 +28,7 @@ template <typename Handle>
 using UniqueGdi = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 using UniqueFont = UniqueGdi<HFONT>;
 using UniqueBitmap = UniqueGdi<HBITMAP>;
+using UniqueBrush = UniqueGdi<HBRUSH>;
 
 using UniqueMenu = UniqueWinHandle<HMENU, DestroyMenu>;
 using UniqueIcon = UniqueWinHandle<HICON, DestroyIcon>;

@@ -44,9 +44,13 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
                saving_, window_, state_),
+      optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
+                       desk_, [this](UINT command) { trayCommands_.Do(command); },
+                       [this](const Options& before) { FollowOptions(before); },
+                       [this](bool held) { HoldHotKeys(held); }}),
       trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_, notes_,
-                     stacks_, managed_, friends_, saving_, tray_, backups_, listeners_, menus_, window_,
-                     state_, *this}),
+                     stacks_, managed_, optionCommands_, friends_, saving_, tray_, backups_, listeners_,
+                     menus_, window_, state_, *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
                      listeners_, menus_, window_, state_}),
@@ -183,8 +187,28 @@ void Program::HoldStill(bool still) {
   sleeping_.Enable(!still);
   stacks_.Enable(!still);
   managed_.Dialog().Enable(!still);
+  optionCommands_.Dialog().Enable(!still);
   // What was not saved before is tried again.
   if (!still) desk_.Changed();
+}
+
+// What is not asked of the options each time anew.
+void Program::FollowOptions(const Options& before) {
+  const Options& now = options_.Current();
+  ApplyOptions();
+  HoldHotKeys(true);
+  HoldHotKeys(false);
+  if (WithPolicy(now, policy_).skin != WithPolicy(before, policy_).skin) {
+    notes_.RefreshSkins();
+    stacks_.RefreshSkins();
+  }
+  notes_.FollowOptions();
+  stacks_.FollowOptions();
+}
+
+void Program::HoldHotKeys(bool held) {
+  UnregisterHotKeys(window_.Handle());
+  if (!held && !state_.exiting) RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
 }
 
 // The data has been replaced or moved: a new start of the program loads it.
@@ -239,6 +263,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   state_.ready = false;
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
+  optionCommands_.Dialog().CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
   state_.notesGone = true;
   desk_.CloseAll();

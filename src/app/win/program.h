@@ -6,6 +6,7 @@
 #include "app/win/commands/command_endpoint.h"
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/note_commands.h"
+#include "app/win/commands/option_commands.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
 #include "app/win/data_folder_claim.h"
@@ -68,9 +69,13 @@ class Program final : private OpenNotesOwner,
   void OnSessionEnded(bool ended);
   /// Serves the keys of windows other than notes, before accelerators, those of notes, and what is left for
   /// the first, after accelerators; true when the message is done with.
-  bool TranslateDialogKey(const MSG& message) { return managed_.Dialog().TranslateKey(message); }
+  bool TranslateDialogKey(const MSG& message) {
+    return managed_.Dialog().TranslateKey(message) || optionCommands_.Dialog().TranslateKey(message);
+  }
   bool TranslateNoteKey(const MSG& message);
-  bool TranslateDialog(MSG& message) { return managed_.Dialog().TranslateRest(message); }
+  bool TranslateDialog(MSG& message) {
+    return managed_.Dialog().TranslateRest(message) || optionCommands_.Dialog().TranslateRest(message);
+  }
 
  private:
   void RegisterClasses();
@@ -79,6 +84,8 @@ class Program final : private OpenNotesOwner,
   bool MayExit(bool silent);
   bool LoadOptions();
   void ApplyOptions();
+  void FollowOptions(const Options& before);
+  void HoldHotKeys(bool held);
   void WriteBack();
   void ProvideFirstRun();
   bool LoadJotlets();
@@ -148,6 +155,7 @@ class Program final : private OpenNotesOwner,
   BackupCommands backups_;
   SkinCommands skinCommands_;
   ManagedNotes managed_;
+  OptionCommands optionCommands_;
   TrayCommands trayCommands_;
   NoteCommands noteCommands_;
   CommandEndpoint commands_;

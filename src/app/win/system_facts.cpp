@@ -11,6 +11,8 @@ namespace jotlets {
 namespace {
 
 constexpr wchar_t kRegistryKey[] = L"Software\\Brask\\jotlets";
+constexpr wchar_t kRunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr wchar_t kRunValue[] = L"Jotlets";
 constexpr wchar_t kPathValue[] = L"Path";
 
 Text ShellFolder(int folder) {
@@ -47,6 +49,25 @@ FileStatus WriteRegistryPath(TextView folder) {
                                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
   if (status == ERROR_SUCCESS) return {};
   return FileStatus::Failed(LastErrorText(u"RegSetKeyValue", static_cast<DWORD>(status)));
+}
+
+bool IsStartedWithWindows() {
+  return RegGetValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, RRF_RT_REG_SZ, nullptr, nullptr, nullptr) ==
+         ERROR_SUCCESS;
+}
+
+FileStatus WriteStartWithWindows(bool starts) {
+  LSTATUS status = ERROR_SUCCESS;
+  if (starts) {
+    const Text command = u"\"" + ProgramPath() + u"\"";
+    status = RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, REG_SZ, command.c_str(),
+                             static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t)));
+  } else {
+    status = RegDeleteKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue);
+    if (status == ERROR_FILE_NOT_FOUND) status = ERROR_SUCCESS;
+  }
+  if (status == ERROR_SUCCESS) return {};
+  return FileStatus::Failed(LastErrorText(u"Run key", static_cast<DWORD>(status)));
 }
 
 Text UserAndMachine() {

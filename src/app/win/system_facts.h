@@ -12,6 +12,10 @@ DataFolderFacts GatherDataFolderFacts();
 /// removes the value.
 FileStatus WriteRegistryPath(TextView folder);
 
+/// Whether the system starts this program when the user signs in, and having it do so.
+bool IsStartedWithWindows();
+FileStatus WriteStartWithWindows(bool starts);
+
 /// A number that tells this run of the program from others.
 std::uint32_t InstanceNumber();
 

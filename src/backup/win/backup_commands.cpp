@@ -36,6 +36,11 @@ void BackupCommands::Open(TextView dataFolder) {
   keeper_.LogNewest();
 }
 
+Text BackupCommands::TellNewest() const {
+  const std::optional<Backup> newest = keeper_.Newest();
+  return newest ? BackupLine(resources_, *newest, u", ") : resources_.String(IDS_SETTING_NO_BACKUP);
+}
+
 bool BackupCommands::BeginIfDue() {
   // The user is taking or putting back one by hand.
   if (asking_) return false;

@@ -34,6 +34,9 @@ class BackupCommands {
   /// The options have been loaded, and may name another place for the backups.
   void FollowOptions() { keeper_.FollowOptions(); }
 
+  /// When the newest backup was taken, and how large it is; a text for none.
+  Text TellNewest() const;
+
   /// Begins the automatic backup when it is due; whether `Step` is to be called until it says no more.
   bool BeginIfDue();
   /// Whether the backup under way goes on.

@@ -19,6 +19,12 @@ Text ShownSize(std::uint64_t bytes) {
 
 }  // namespace
 
+Text BackupLine(const Resources& resources, const Backup& backup, TextView between) {
+  const Text notes =
+      ReplaceAll(resources.String(IDS_BACKUP_NOTES), u"%i", IntText(static_cast<std::int64_t>(backup.notes)));
+  return ShownTime(backup.taken) + Text(between) + notes + Text(between) + ShownSize(backup.bytes);
+}
+
 Text ChooseBackup(HWND owner, const Resources& resources, UINT question, const BackupKeeper& backups) {
   std::vector<Backup> found = backups.Describe();
   if (found.empty()) {
@@ -32,18 +38,12 @@ Text BRestoreDlg::Choose(HWND owner) {
   return Show(resources_, IDD_RESTORE, owner) == IDOK ? chosen_ : Text();
 }
 
-Text BRestoreDlg::Line(const Backup& backup) const {
-  const Text notes = ReplaceAll(resources_.String(IDS_BACKUP_NOTES), u"%i",
-                                IntText(static_cast<std::int64_t>(backup.notes)));
-  return ShownTime(backup.taken) + u"\t" + notes + u"\t" + ShownSize(backup.bytes);
-}
-
 void BRestoreDlg::OnInit() {
   SetDlgItemTextW(Handle(), IDC_RESTORE_TEXT, Wide(resources_.String(text_)));
   const HWND list = Item(IDC_RESTORE_LIST);
   SendMessageW(list, LB_SETTABSTOPS, std::size(kTabStops), reinterpret_cast<LPARAM>(kTabStops));
   for (const Backup& backup : backups_) {
-    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Line(backup))));
+    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(BackupLine(resources_, backup, u"\t"))));
   }
   SendMessageW(list, LB_SETCURSEL, 0, 0);
 }

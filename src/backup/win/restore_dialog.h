@@ -8,6 +8,9 @@
 
 namespace jotlets {
 
+/// A backup in words: when it was taken, its notes, its size.
+Text BackupLine(const Resources& resources, const Backup& backup, TextView between);
+
 /// Lets the user choose from all backups; the name, empty for none. `question` is the text above the list.
 /// Says so when there are no backups.
 Text ChooseBackup(HWND owner, const Resources& resources, UINT question, const BackupKeeper& backups);
@@ -24,7 +27,6 @@ class BRestoreDlg final : public Dialog {
  private:
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
-  Text Line(const Backup& backup) const;
 
   const Resources& resources_;
   UINT text_;

@@ -395,6 +395,10 @@ void OpenNotes::SetSkin(BJotlet& jotlet, TextView name) {
   jotlet.SetSkin(name);
 }
 
+void OpenNotes::FollowOptions() {
+  ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.FollowOptions(); });
+}
+
 void OpenNotes::RefreshSkins() {
   ForEachOf(Ids(), [](BJotlet& jotlet) { jotlet.RefreshSkin(); });
 }

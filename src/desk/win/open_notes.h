@@ -125,6 +125,8 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   /// Whether a note sounds.
   bool IsAnySounding() const { return sounding_ > 0; }
   void StopAlarms();
+  /// The options have changed.
+  void FollowOptions();
   /// Whether notes take the mouse and the keyboard.
   void Enable(bool enabled);
 

@@ -271,6 +271,10 @@ void OpenStacks::RefreshSkins() {
   for (const auto& stack : stacks_) stack->RefreshSkin();
 }
 
+void OpenStacks::FollowOptions() {
+  for (const auto& stack : stacks_) stack->FollowOptions();
+}
+
 void OpenStacks::Enable(bool enabled) {
   for (const auto& stack : stacks_) EnableWindow(stack->Handle(), enabled);
 }

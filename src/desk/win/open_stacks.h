@@ -62,6 +62,8 @@ class OpenStacks final : public StackOwner {
   void Rescue();
   void FollowMonitors();
   void RefreshSkins();
+  /// The options have changed.
+  void FollowOptions();
   void Enable(bool enabled);
   void CloseAll();
   /// Throws closed stacks away whose windows no longer serve a message.

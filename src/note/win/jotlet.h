@@ -68,6 +68,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void SetSkin(TextView name);
   /// Takes its skin anew, after the default one or the files have changed.
   void RefreshSkin();
+  /// The options have changed.
+  void FollowOptions();
   /// False: the skin has no rolled form to take.
   bool SetRolled(bool rolled);
   /// The height of the note as if unrolled. One that nobody knows is computed from the content, and told of.

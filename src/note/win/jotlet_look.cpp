@@ -37,6 +37,13 @@ void BJotlet::RefreshSkin() {
   ApplySkin();
 }
 
+void BJotlet::FollowOptions() {
+  ApplyOpacity();
+  TitleChanged();
+  UpdateView();
+  Repaint();
+}
+
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
   content_->SetBackground(PaperColour(skin_->data, colour));

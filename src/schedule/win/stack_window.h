@@ -47,6 +47,8 @@ class BStackDlg final : public SkinnedWindow {
   void SetDropTarget(bool target);
 
   void RefreshSkin();
+  /// The options have changed.
+  void FollowOptions() { FollowWithShadow(); }
   /// The monitors are (now) these; the stack is shown where it can be seen.
   void ShowOnScreens(const MonitorSetup& screens) { PlaceOnScreens(screens); }
   void MoveTo(Point position);

@@ -62,6 +62,8 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionBackup, .command = ID_BACKUP},
     {.code = kActionFriends, .command = ID_FRIENDS},
     {.code = kActionManage, .command = ID_MANAGE},
+    {.code = kActionOptions, .command = ID_OPTIONS},
+    {.code = kActionStyles, .command = ID_STYLES},
 };
 
 namespace {

@@ -24,6 +24,8 @@ void TrayCommands::Do(UINT command) {
       tools_.notes.EndGhosts();
       break;
     case ID_MANAGE: OpenManageWindow(); break;
+    case ID_OPTIONS: tools_.optionDialog.Open(SettingsPage::kNotes); break;
+    case ID_STYLES: tools_.optionDialog.Open(SettingsPage::kEditor); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: tools_.backups.TakeManualBackup(); break;
     case ID_RESTORE: tools_.backups.ChooseRestore(); break;

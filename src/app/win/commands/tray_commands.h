@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "app/win/commands/managed_notes.h"
+#include "app/win/commands/option_commands.h"
 #include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
@@ -34,6 +35,7 @@ struct TrayCommandTools {
   OpenNotes& notes;
   OpenStacks& stacks;
   ManagedNotes& managed;
+  OptionCommands& optionDialog;
   FriendBook& friends;
   ProgramSaving& saving;
   CSystemTray& tray;

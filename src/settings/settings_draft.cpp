@@ -1,0 +1,122 @@
+#include "settings/settings_draft.h"
+
+#include <algorithm>
+
+#include "note/link_text.h"
+
+namespace jotlets {
+namespace {
+
+bool HasValue(const SettingRow& row) { return row.access.get != nullptr; }
+
+// Blanks around it do no harm, anything else does.
+std::optional<std::int64_t> WholeNumber(TextView entered) {
+  const TextView digits = TrimBlanks(entered);
+  const bool negative = digits.starts_with(u'-');
+  const TextView figures = digits.substr(negative ? 1 : 0);
+  constexpr std::size_t kMaxDigits = 10;
+  if (figures.empty() || figures.size() > kMaxDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char16_t c : figures) {
+    if (c < u'0' || c > u'9') return std::nullopt;
+    number = number * 10 + (c - u'0');
+  }
+  return negative ? -number : number;
+}
+
+// Nothing that came into the options by any way may start a program.
+bool IsWebAddress(TextView entered) {
+  const Text folded = FoldCase(entered);
+  return (folded.starts_with(u"http://") || folded.starts_with(u"https://")) &&
+         UseOfLink(LinkTarget(entered), false) == LinkUse::kOpened;
+}
+
+EnteredSetting ParseNumber(const SettingRow& row, TextView entered) {
+  const std::optional<std::int64_t> number = WholeNumber(entered);
+  if (!number) return {{}, SettingFault::kNotANumber};
+  if (*number < row.minimum) return {{}, SettingFault::kTooSmall};
+  if (*number > row.maximum) return {{}, SettingFault::kTooLarge};
+  return {{static_cast<std::int32_t>(*number), {}}, SettingFault::kNothing};
+}
+
+}  // namespace
+
+EnteredSetting ParseSetting(const SettingRow& row, TextView entered) {
+  if (row.control == SettingControl::kNumber) return ParseNumber(row, entered);
+  // A line of the options file holds one option.
+  if (entered.find_first_of(u"\r\n") != TextView::npos) return {{}, SettingFault::kLineBreak};
+  if (row.control == SettingControl::kWebAddress && !entered.empty() && !IsWebAddress(entered))
+    return {{}, SettingFault::kNoWebAddress};
+  return {{0, Text(entered)}, SettingFault::kNothing};
+}
+
+SettingsDraft::SettingsDraft(const Options& options, const Policy& policy)
+    : before_(WithPolicy(options, policy)), draft_(before_), policy_(policy) {}
+
+bool SettingsDraft::IsEnabled(const SettingRow& row) const { return !IsFixed(row) && HasWhatItNeeds(row); }
+
+bool SettingsDraft::HasWhatItNeeds(const SettingRow& row) const {
+  const SettingRow* needed = FindSetting(row.needs);
+  return needed == nullptr || (Value(*needed).number == row.needed && HasWhatItNeeds(*needed));
+}
+
+SettingValue SettingsDraft::Value(const SettingRow& row) const {
+  return HasValue(row) ? row.access.get(draft_) : SettingValue();
+}
+
+void SettingsDraft::Set(const SettingRow& row, const SettingValue& value) {
+  if (!HasValue(row) || IsFixed(row)) return;
+  faults_.erase(row.id);
+  row.access.set(draft_, value);
+}
+
+SettingFault SettingsDraft::Enter(const SettingRow& row, TextView text) {
+  const EnteredSetting entered = ParseSetting(row, text);
+  if (entered.fault == SettingFault::kNothing) {
+    Set(row, entered.value);
+  } else {
+    faults_[row.id] = entered.fault;
+  }
+  return entered.fault;
+}
+
+const SettingRow* SettingsDraft::FirstFault() const {
+  const auto rows = SettingRows();
+  const auto found = std::ranges::find_if(
+      rows, [this](const SettingRow& row) { return faults_.contains(row.id) && IsEnabled(row); });
+  return found == rows.end() ? nullptr : &*found;
+}
+
+void SettingsDraft::Reset(SettingsPage page) {
+  const Options defaults;
+  for (const SettingRow& row : SettingRows())
+    if (PageOf(row.group) == page && HasValue(row)) Set(row, row.access.get(defaults));
+}
+
+bool SettingsDraft::IsChanged(const SettingRow& row) const {
+  return HasValue(row) && !IsFixed(row) && row.access.get(draft_) != row.access.get(before_);
+}
+
+bool SettingsDraft::IsChanged() const {
+  return !faults_.empty() ||
+         std::ranges::any_of(SettingRows(), [this](const SettingRow& row) { return IsChanged(row); });
+}
+
+void SettingsDraft::Apply(Options& options) {
+  for (const SettingRow& row : SettingRows())
+    if (IsChanged(row)) row.access.set(options, row.access.get(draft_));
+  before_ = draft_;
+}
+
+void SettingsDraft::Follow(const Options& options, const Policy& policy) {
+  const Options now = WithPolicy(options, policy);
+  policy_ = policy;
+  for (const SettingRow& row : SettingRows()) {
+    if (!HasValue(row)) continue;
+    const bool touched = IsChanged(row);
+    row.access.set(before_, row.access.get(now));
+    if (!touched) row.access.set(draft_, row.access.get(now));
+  }
+}
+
+}  // namespace jotlets

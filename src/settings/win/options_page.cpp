@@ -1,0 +1,334 @@
+#include "settings/win/options_page.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/papers.h"
+#include "res/resource.h"
+#include "ui/system_choosers.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+// Lengths in pixels at 96 dots per inch.
+constexpr int kMargin = 24;
+constexpr int kHeadTop = 16;
+constexpr int kHeadHeight = 26;
+constexpr int kAboutHeight = 22;
+constexpr int kHeadingGap = 14;
+constexpr int kHeadingHeight = 24;
+constexpr int kSmallestNames = 110;
+constexpr int kNameGap = 12;
+constexpr int kWheelStep = 60;
+constexpr int kHeadPoints10 = 135;  // tenths of a point
+constexpr COLORREF kFixedInk = RGB(0x8A, 0x5A, 0x00);
+constexpr COLORREF kFaultInk = RGB(0xB0, 0x1A, 0x1A);
+
+UINT FirstIdOf(std::size_t index) { return IDC_SETTING + static_cast<UINT>(index) * SettingControls::kParts; }
+
+}  // namespace
+
+bool BOpTab::OpenIn(HWND dialog) { return Open(context_.resources, IDD_OPTIONS_PAGE, dialog); }
+
+void BOpTab::Show(bool shown) {
+  ShowWindow(Handle(), shown ? SW_SHOW : SW_HIDE);
+  if (shown) Layout();
+}
+
+void BOpTab::SetBounds(const Rect& area) {
+  SetWindowPos(Handle(), nullptr, area.left, area.top, area.Width(), area.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  MakeFonts();
+  Layout();
+}
+
+HWND BOpTab::MakeText(const Text& text) const {
+  return CreateWindowExW(0, L"STATIC", Wide(text), WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX, 0, 0, 0, 0,
+                         Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+void BOpTab::OnInit() {
+  paper_.reset(CreateSolidBrush(GetSysColor(COLOR_WINDOW)));
+  const auto page = static_cast<UINT>(page_);
+  head_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE + page));
+  about_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE_ABOUT + page));
+  for (const SettingRow& row : SettingRows()) {
+    if (PageOf(row.group) != page_) continue;
+    if (headings_.empty() || headings_.back().group != row.group)
+      headings_.push_back(
+          {MakeText(context_.resources.String(IDS_SETTING_GROUP + static_cast<UINT>(row.group))), row.group});
+    settings_.emplace_back(row, Handle(), FirstIdOf(settings_.size()), context_.resources, context_.choices);
+  }
+  MakeFonts();
+  Fill();
+}
+
+void BOpTab::MakeFonts() {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  const UINT dpi = GetDpiForWindow(Handle());
+  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
+  LOGFONTW font = metrics.lfMessageFont;
+  font_.reset(CreateFontIndirectW(&font));
+  font.lfWeight = FW_SEMIBOLD;
+  semibold_.reset(CreateFontIndirectW(&font));
+  font.lfHeight = -MulDiv(kHeadPoints10, static_cast<int>(dpi), 720);
+  large_.reset(CreateFontIndirectW(&font));
+}
+
+void BOpTab::Layout() {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const PageScale scale{font_.get(), static_cast<int>(GetDpiForWindow(Handle()))};
+  const int margin = scale.Scaled(kMargin);
+  const int width = std::max<int>(client.right - 2 * margin, 0);
+  int y = scale.Scaled(kHeadTop) - scrolled_;
+  const auto place = [&](HWND text, HFONT font, int height) {
+    SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SetWindowPos(text, nullptr, margin, y, width, scale.Scaled(height), SWP_NOZORDER | SWP_NOACTIVATE);
+    y += scale.Scaled(height);
+  };
+  place(head_, large_.get(), kHeadHeight);
+  place(about_, font_.get(), kAboutHeight);
+  int names = scale.Scaled(kSmallestNames);
+  for (const SettingControls& setting : settings_) names = std::max(names, setting.LabelWidth(scale));
+  auto heading = headings_.begin();
+  for (auto first = settings_.begin(); first != settings_.end();) {
+    if (heading != headings_.end() && heading->group == first->Row().group) {
+      y += scale.Scaled(kHeadingGap);
+      place(heading->window, semibold_.get(), kHeadingHeight);
+      ++heading;
+    }
+    const auto end = std::find_if(first + 1, settings_.end(),
+                                  [](const SettingControls& setting) { return !setting.Row().continues; });
+    y += PlaceLine(first, end, {margin, y}, margin + names + scale.Scaled(kNameGap), scale);
+    first = end;
+  }
+  height_ = y + scrolled_ + scale.Scaled(kHeadTop);
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_PAGE | SIF_POS | SIF_RANGE;
+  info.nMax = std::max(height_ - 1, 0);
+  info.nPage = static_cast<UINT>(client.bottom);
+  info.nPos = scrolled_;
+  SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+  ScrollTo(scrolled_);
+}
+
+// The height of the line, which is that of the highest on it.
+int BOpTab::PlaceLine(Line first, Line end, Point at, int column, const PageScale& scale) {
+  int height = 0;
+  for (Line setting = first; setting != end; ++setting) height = std::max(height, setting->Height(scale));
+  int x = at.x;
+  for (Line setting = first; setting != end; ++setting) x = setting->Place(x, column, at.y, height, scale);
+  return height;
+}
+
+void BOpTab::ScrollTo(int position) {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const int last = std::max<int>(height_ - client.bottom, 0);
+  position = std::clamp(position, 0, last);
+  if (position == scrolled_) return;
+  ScrollWindow(Handle(), 0, scrolled_ - position, nullptr, nullptr);
+  scrolled_ = position;
+  SetScrollPos(Handle(), SB_VERT, position, TRUE);
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void BOpTab::OnScroll(UINT code) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(Handle(), SB_VERT, &info);
+  const int page = static_cast<int>(info.nPage);
+  switch (code) {
+    case SB_LINEUP: return ScrollTo(scrolled_ - kWheelStep / 2);
+    case SB_LINEDOWN: return ScrollTo(scrolled_ + kWheelStep / 2);
+    case SB_PAGEUP: return ScrollTo(scrolled_ - page);
+    case SB_PAGEDOWN: return ScrollTo(scrolled_ + page);
+    case SB_TOP: return ScrollTo(0);
+    case SB_BOTTOM: return ScrollTo(height_);
+    case SB_THUMBTRACK: return ScrollTo(info.nTrackPos);
+    default: break;
+  }
+}
+
+void BOpTab::ShowControl(HWND control) {
+  RECT bounds{};
+  RECT client{};
+  GetWindowRect(control, &bounds);
+  GetClientRect(Handle(), &client);
+  MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&bounds), 2);
+  const int air = MulDiv(kMargin, static_cast<int>(GetDpiForWindow(Handle())), 96);
+  if (bounds.top < 0) {
+    ScrollTo(scrolled_ + bounds.top - 2 * air);
+  } else if (bounds.bottom > client.bottom) {
+    ScrollTo(scrolled_ + bounds.bottom - client.bottom + air);
+  }
+}
+
+void BOpTab::ShowSetting(std::uint16_t id) {
+  for (const SettingControls& setting : settings_) {
+    if (setting.Row().id != id) continue;
+    ShowControl(setting.Item(SettingControls::kMain));
+    SetFocus(setting.Item(SettingControls::kMain));
+  }
+}
+
+Text BOpTab::Info(const SettingRow& row) const {
+  return row.control == SettingControl::kInfo ? context_.owner.TellSetting(row.task) : Text();
+}
+
+void BOpTab::Fill() {
+  filling_ = true;
+  for (const SettingControls& setting : settings_) {
+    setting.ShowFault({});
+    setting.Show(context_.draft, Info(setting.Row()));
+    if (setting.Row().task == SettingTask::kStartWithWindows)
+      SendMessageW(setting.Item(SettingControls::kMain), BM_SETCHECK,
+                   context_.choices.startsWithWindows ? BST_CHECKED : BST_UNCHECKED, 0);
+  }
+  filling_ = false;
+}
+
+void BOpTab::ShowStates() {
+  for (const SettingControls& setting : settings_) setting.ShowState(context_.draft);
+}
+
+const SettingControls* BOpTab::Find(UINT control) const {
+  const auto found = std::ranges::find_if(
+      settings_, [control](const SettingControls& setting) { return setting.Owns(control); });
+  return found == settings_.end() ? nullptr : &*found;
+}
+
+bool BOpTab::OnCommand(UINT control, UINT notification) {
+  const SettingControls* setting = Find(control);
+  if (setting == nullptr) return false;
+  const SettingControls::Part part = setting->PartOf(control);
+  const SettingControl kind = setting->Row().control;
+  if (kind == SettingControl::kHotKey && (notification == EN_SETFOCUS || notification == EN_KILLFOCUS))
+    context_.owner.HoldHotKeys(notification == EN_SETFOCUS);
+  const bool isButton =
+      part != SettingControls::kMain || kind == SettingControl::kButton || kind == SettingControl::kColour;
+  if (isButton) {
+    if (notification == BN_CLICKED) OnButton(*setting, part);
+  } else if (kind == SettingControl::kPaper && notification == CBN_SELENDOK) {
+    OnPaperChosen(*setting);
+  } else if (!filling_ && (notification == EN_CHANGE || notification == CBN_SELCHANGE ||
+                           (notification == BN_CLICKED && kind == SettingControl::kSwitch))) {
+    OnChanged(*setting);
+  }
+  return true;
+}
+
+void BOpTab::OnChanged(const SettingControls& setting) {
+  const SettingRow& row = setting.Row();
+  if (setting.IsTyped()) {
+    setting.ShowFault(FaultText(row, context_.draft.Enter(row, setting.Entered())));
+  } else if (row.task == SettingTask::kStartWithWindows) {
+    context_.choices.startsWithWindows = setting.Read().number == 1;
+  } else {
+    context_.draft.Set(row, setting.Read());
+  }
+  ShowStates();
+  context_.watcher.OnSettingChanged();
+}
+
+void BOpTab::OnPaperChosen(const SettingControls& setting) {
+  const auto last = static_cast<LRESULT>(kPapers.size()) + 1;
+  if (SendMessageW(setting.Item(SettingControls::kMain), CB_GETCURSEL, 0, 0) == last) {
+    ChooseColour(setting);
+  } else {
+    OnChanged(setting);
+  }
+}
+
+void BOpTab::ChooseColour(const SettingControls& setting) {
+  const std::int32_t present = std::max(context_.draft.Value(setting.Row()).number, 0);
+  const std::optional<Colour> chosen = ChooseSystemColour(GetParent(Handle()), ColourOfNumber(present));
+  if (chosen) context_.draft.Set(setting.Row(), {ColourNumber(chosen->r, chosen->g, chosen->b), {}});
+  setting.Show(context_.draft, {});
+  if (chosen) context_.watcher.OnSettingChanged();
+}
+
+void BOpTab::OnButton(const SettingControls& setting, SettingControls::Part part) {
+  if (part == SettingControls::kPlay) return context_.owner.PlaySettingSound(setting.Entered());
+  if (part == SettingControls::kBrowse) return Browse(setting);
+  if (setting.Row().control == SettingControl::kColour) return ChooseColour(setting);
+  const HWND window = Handle();
+  context_.owner.DoSettingTask(setting.Row().task, GetParent(Handle()));
+  // It may have ended the program, or restarted it.
+  if (IsWindow(window)) Fill();
+}
+
+void BOpTab::Browse(const SettingControls& setting) {
+  const HWND dialog = GetParent(Handle());
+  const Text chosen =
+      setting.Row().control == SettingControl::kFolder
+          ? ChooseFolder(dialog, context_.resources, IDS_SETTING_BACKUP_FOLDER, setting.Entered())
+          : ChooseFileToOpen(dialog, context_.resources.String(IDS_SETTING_SOUNDS));
+  if (!chosen.empty()) SetWindowTextW(setting.Item(SettingControls::kMain), Wide(chosen));
+}
+
+Text BOpTab::FaultText(const SettingRow& row, SettingFault fault) const {
+  if (fault == SettingFault::kNothing) return {};
+  const Text text = context_.resources.String(IDS_SETTING_FAULT + static_cast<UINT>(fault));
+  return ReplaceAll(text, u"%n", IntText(fault == SettingFault::kTooSmall ? row.minimum : row.maximum));
+}
+
+HBRUSH BOpTab::OnColours(HDC dc, HWND control) {
+  const auto id = static_cast<UINT>(GetDlgCtrlID(control));
+  const SettingControls* setting = control == nullptr ? nullptr : Find(id);
+  // A field that cannot be changed now keeps the colours that say so.
+  if (setting != nullptr && setting->IsTyped() && setting->PartOf(id) == SettingControls::kMain)
+    return nullptr;
+  SetBkColor(dc, GetSysColor(COLOR_WINDOW));
+  SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+  if (setting != nullptr && setting->PartOf(id) == SettingControls::kNotice)
+    SetTextColor(dc, context_.draft.IsFixed(setting->Row()) ? kFixedInk : kFaultInk);
+  if (control != nullptr && control == about_) SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
+  return paper_.get();
+}
+
+std::optional<LRESULT> BOpTab::OnMessage(UINT message, WPARAM wParam, LPARAM) {
+  switch (message) {
+    case WM_SIZE: Layout(); return 0;
+    case WM_VSCROLL: OnScroll(LOWORD(wParam)); return 0;
+    case WM_MOUSEWHEEL:
+      ScrollTo(scrolled_ - GET_WHEEL_DELTA_WPARAM(wParam) * kWheelStep / WHEEL_DELTA);
+      return 0;
+    default: return std::nullopt;
+  }
+}
+
+void BOpTab::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  const bool isList = item.CtlType == ODT_COMBOBOX;
+  const bool selected = (item.itemState & ODS_SELECTED) != 0;
+  RECT area = item.rcItem;
+  FillRect(item.hDC, &area, GetSysColorBrush(isList && selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  std::int32_t number = static_cast<std::int32_t>(isList ? static_cast<LONG_PTR>(item.itemData)
+                                                         : GetWindowLongPtrW(item.hwndItem, GWLP_USERDATA));
+  RECT swatch = area;
+  InflateRect(&swatch, -3, -3);
+  if (isList) swatch.right = swatch.left + 2 * (swatch.bottom - swatch.top);
+  if (number >= 0) {
+    const UniqueBrush fill(CreateSolidBrush(ToCOLORREF(ColourOfNumber(number))));
+    FillRect(item.hDC, &swatch, fill.get());
+    FrameRect(item.hDC, &swatch, GetSysColorBrush(COLOR_GRAYTEXT));
+  }
+  if (isList && item.itemID != static_cast<UINT>(-1)) {
+    wchar_t text[128]{};
+    SendMessageW(item.hwndItem, CB_GETLBTEXT, item.itemID, reinterpret_cast<LPARAM>(text));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    area.left = swatch.right + 6;
+    DrawTextW(item.hDC, text, -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  }
+  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+}
+
+}  // namespace jotlets

@@ -1,0 +1,110 @@
+// A page of the options dialog: the controls of its settings under their headings, in a window of its own
+// that scrolls when there is no room for all.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "settings/settings_draft.h"
+#include "settings/win/options_owner.h"
+#include "settings/win/setting_controls.h"
+#include "ui/dialog.h"
+#include "ui/handle.h"
+
+namespace jotlets {
+
+/// What a page tells the dialog.
+class PageWatcher {
+ public:
+  virtual ~PageWatcher() = default;
+  /// The user has changed something.
+  virtual void OnSettingChanged() = 0;
+};
+
+/// What the pages share; all of it outlives them.
+struct PageContext {
+  const Resources& resources;
+  SettingsDraft& draft;
+  OptionsOwner& owner;
+  PageWatcher& watcher;
+  SettingChoices& choices;
+};
+
+class BOpTab : public Dialog {
+ public:
+  /// Makes the page in the dialog, not shown; false when the system could not.
+  bool OpenIn(HWND dialog);
+  SettingsPage Page() const { return page_; }
+  HWND Window() const { return Handle(); }
+  void Show(bool shown);
+  void SetBounds(const Rect& area);
+
+  /// Shows what the draft says.
+  void Fill();
+  /// Scrolls to a setting and gives it the focus.
+  void ShowSetting(std::uint16_t id);
+  /// Scrolls so that a control of the page is in sight.
+  void ShowControl(HWND control);
+
+ protected:
+  BOpTab(SettingsPage page, const PageContext& context) : page_(page), context_(context) {}
+
+ private:
+  struct Heading {
+    HWND window = nullptr;
+    SettingGroup group = SettingGroup::kNewNotes;
+  };
+
+  void OnInit() override;
+  bool OnCommand(UINT control, UINT notification) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+  HBRUSH OnColours(HDC dc, HWND control) override;
+
+  HWND MakeText(const Text& text) const;
+  void MakeFonts();
+  void Layout();
+  using Line = std::vector<SettingControls>::iterator;
+  static int PlaceLine(Line first, Line end, Point at, int column, const PageScale& scale);
+  void ScrollTo(int position);
+  void OnScroll(UINT code);
+  void ShowStates();
+  const SettingControls* Find(UINT control) const;
+  void OnChanged(const SettingControls& setting);
+  void OnPaperChosen(const SettingControls& setting);
+  void OnButton(const SettingControls& setting, SettingControls::Part part);
+  void ChooseColour(const SettingControls& setting);
+  void Browse(const SettingControls& setting);
+  Text FaultText(const SettingRow& row, SettingFault fault) const;
+  Text Info(const SettingRow& row) const;
+
+  const SettingsPage page_;
+  const PageContext context_;
+  HWND head_ = nullptr;
+  HWND about_ = nullptr;
+  std::vector<Heading> headings_;
+  std::vector<SettingControls> settings_;
+  UniqueFont font_;
+  UniqueFont semibold_;
+  UniqueFont large_;
+  UniqueBrush paper_;
+  int height_ = 0;  // of all of it, in pixels
+  int scrolled_ = 0;
+  bool filling_ = false;
+};
+
+template <SettingsPage page>
+class BOpTabOf final : public BOpTab {
+ public:
+  explicit BOpTabOf(const PageContext& context) : BOpTab(page, context) {}
+};
+using BOpTab1 = BOpTabOf<SettingsPage::kNotes>;
+using BOpTab2 = BOpTabOf<SettingsPage::kEditor>;
+using BOpTab3 = BOpTabOf<SettingsPage::kLooks>;
+using BOpTab4 = BOpTabOf<SettingsPage::kTime>;
+using BOpTab5 = BOpTabOf<SettingsPage::kNetwork>;
+using BOpTab6 = BOpTabOf<SettingsPage::kMail>;
+using BOpTab7 = BOpTabOf<SettingsPage::kPictures>;
+using BOpTab8 = BOpTabOf<SettingsPage::kSystem>;
+
+}  // namespace jotlets

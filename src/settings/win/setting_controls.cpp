@@ -1,0 +1,289 @@
+#include "settings/win/setting_controls.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/papers.h"
+#include "res/resource.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+// Lengths in pixels at 96 dots per inch.
+constexpr int kGap = 8;
+constexpr int kControlHeight = 24;
+constexpr int kLineHeight = 34;
+constexpr int kSwitchHeight = 26;
+constexpr int kBox = 24;  // of a switch, before its text
+constexpr int kButtonPadding = 24;
+constexpr int kSpinWidth = 18;
+constexpr int kTextInset = 4;
+constexpr int kOpenList = 240;
+constexpr int kNoticeWidth = 220;
+constexpr int kPaperEntries = static_cast<int>(kPapers.size()) + 2;
+constexpr LPARAM kOtherPaper = -2;
+
+bool HasLabel(SettingControl control) {
+  return control != SettingControl::kSwitch && control != SettingControl::kButton;
+}
+
+}  // namespace
+
+SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId, const Resources& resources,
+                                 const SettingChoices& choices)
+    : row_(&row), page_(page), firstId_(firstId), resources_(&resources) {
+  // Before its control: that is how a screen reader knows what the control is called.
+  if (HasLabel(row.control))
+    Make(kLabel, L"STATIC", resources.String(IDS_SETTING + row.id), SS_LEFT | SS_NOPREFIX);
+  MakeMain(choices);
+  if (row.hasUnit) Make(kUnit, L"STATIC", resources.String(IDS_SETTING_UNIT + row.id), SS_LEFT | SS_NOPREFIX);
+  Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
+  ShowWindow(items_[kNotice], SW_HIDE);
+}
+
+HWND SettingControls::Make(Part part, const wchar_t* windowClass, const Text& text, DWORD style,
+                           DWORD extended) {
+  items_[part] = CreateWindowExW(extended, windowClass, Wide(text), WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+                                 page_, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(firstId_ + part)),
+                                 GetModuleHandleW(nullptr), nullptr);
+  return items_[part];
+}
+
+void SettingControls::MakeMain(const SettingChoices& choices) {
+  constexpr DWORD kEdit = ES_AUTOHSCROLL | WS_TABSTOP;
+  const Text name = resources_->String(IDS_SETTING + row_->id);
+  switch (row_->control) {
+    case SettingControl::kSwitch:
+      Make(kMain, L"BUTTON", ReplaceAll(name, u"&", u"&&"), BS_AUTOCHECKBOX | WS_TABSTOP);
+      break;
+    case SettingControl::kButton: Make(kMain, L"BUTTON", name, BS_PUSHBUTTON | WS_TABSTOP); break;
+    case SettingControl::kColour: Make(kMain, L"BUTTON", name, BS_OWNERDRAW | WS_TABSTOP); break;
+    case SettingControl::kInfo: Make(kMain, L"STATIC", {}, SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS); break;
+    case SettingControl::kChoice:
+      Make(kMain, L"COMBOBOX", {}, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP);
+      break;
+    case SettingControl::kSkin:
+      Make(kMain, L"COMBOBOX", {}, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP);
+      break;
+    case SettingControl::kPaper:
+      Make(kMain, L"COMBOBOX", {},
+           CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP);
+      break;
+    case SettingControl::kHotKey:
+      hotKey_ = std::make_unique<HotKeyField>();
+      hotKey_->Create(page_, static_cast<int>(firstId_), {});
+      items_[kMain] = hotKey_->Handle();
+      break;
+    default: Make(kMain, L"EDIT", {}, kEdit, WS_EX_CLIENTEDGE); break;
+  }
+  FillChoices(choices);
+  if (row_->control == SettingControl::kNumber) {
+    Make(kSpin, UPDOWN_CLASSW, {}, UDS_ARROWKEYS | UDS_NOTHOUSANDS | UDS_SETBUDDYINT);
+    SendMessageW(items_[kSpin], UDM_SETBUDDY, reinterpret_cast<WPARAM>(items_[kMain]), 0);
+    SendMessageW(items_[kSpin], UDM_SETRANGE32, static_cast<WPARAM>(row_->minimum), row_->maximum);
+  }
+  const bool isSound = row_->control == SettingControl::kSound;
+  if (isSound || row_->control == SettingControl::kFolder)
+    Make(kBrowse, L"BUTTON", resources_->String(IDS_SETTING_CHOOSE), BS_PUSHBUTTON | WS_TABSTOP);
+  if (isSound) Make(kPlay, L"BUTTON", resources_->String(IDS_SETTING_PLAY), BS_PUSHBUTTON | WS_TABSTOP);
+}
+
+void SettingControls::FillChoices(const SettingChoices& choices) const {
+  const auto add = [this](const Text& text, LPARAM value) {
+    const LRESULT at = SendMessageW(items_[kMain], CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
+    SendMessageW(items_[kMain], CB_SETITEMDATA, static_cast<WPARAM>(at), value);
+  };
+  if (row_->control == SettingControl::kChoice) {
+    for (std::int32_t value = row_->minimum; value <= row_->maximum; ++value)
+      add(resources_->String(IDS_SETTING_CHOICE + row_->choices + static_cast<UINT>(value - row_->minimum)),
+          value);
+  } else if (row_->control == SettingControl::kSkin) {
+    add(resources_->String(IDS_SETTING_BUILT_IN), 0);
+    for (const Text& skin : choices.skins) add(skin, 0);
+  } else if (row_->control == SettingControl::kPaper) {
+    add(resources_->String(IDS_SETTING_OWN_PAPER), kNone);
+    for (std::size_t i = 0; i < kPapers.size(); ++i)
+      add(resources_->String(IDS_PAPER + static_cast<UINT>(i)),
+          ColourNumber(kPapers[i].r, kPapers[i].g, kPapers[i].b));
+    add(resources_->String(IDS_SETTING_OTHER_COLOUR), kOtherPaper);
+  }
+}
+
+int SettingControls::MainWidth() const {
+  switch (row_->control) {
+    case SettingControl::kNumber: return 60;
+    case SettingControl::kColour: return 40;
+    case SettingControl::kPaper:
+    case SettingControl::kHotKey:
+    case SettingControl::kSound: return 180;
+    case SettingControl::kInfo: return 300;
+    default: return 260;
+  }
+}
+
+int SettingControls::TextWidth(Part part, const PageScale& scale) const {
+  Text text(static_cast<std::size_t>(GetWindowTextLengthW(items_[part])) + 1, u'\0');
+  const int length =
+      GetWindowTextW(items_[part], reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
+  const HDC dc = GetDC(page_);
+  const HGDIOBJ former = SelectObject(dc, scale.font);
+  SIZE size{};
+  GetTextExtentPoint32W(dc, Wide(text), length, &size);
+  SelectObject(dc, former);
+  ReleaseDC(page_, dc);
+  return size.cx + 2;
+}
+
+int SettingControls::Height(const PageScale& scale) const {
+  return scale.Scaled(row_->control == SettingControl::kSwitch ? kSwitchHeight : kLineHeight);
+}
+
+int SettingControls::LabelWidth(const PageScale& scale) const {
+  return items_[kLabel] == nullptr || row_->continues ? 0 : TextWidth(kLabel, scale);
+}
+
+int SettingControls::ControlWidth(const PageScale& scale) const {
+  switch (row_->control) {
+    case SettingControl::kSwitch: return TextWidth(kMain, scale) + scale.Scaled(kBox);
+    case SettingControl::kButton: return TextWidth(kMain, scale) + scale.Scaled(kButtonPadding);
+    default: return scale.Scaled(MainWidth());
+  }
+}
+
+int SettingControls::Place(int x, int column, int top, int height, const PageScale& scale) const {
+  const int tall = scale.Scaled(kControlHeight);
+  const int down = top + (height - tall) / 2;
+  const int inset = scale.Scaled(kTextInset);
+  const auto place = [&](Part part, int left, int width, bool isText, int extra = 0) {
+    SendMessageW(items_[part], WM_SETFONT, reinterpret_cast<WPARAM>(scale.font), TRUE);
+    SetWindowPos(items_[part], nullptr, left, isText ? down + inset : down, width,
+                 (isText ? tall - inset : tall) + extra, SWP_NOZORDER | SWP_NOACTIVATE);
+    return left + width;
+  };
+  const int gap = scale.Scaled(kGap);
+  if (items_[kLabel] != nullptr) {
+    const int right = place(kLabel, x, TextWidth(kLabel, scale), true);
+    x = row_->continues ? right + gap : column;
+  }
+  const bool drops = row_->control == SettingControl::kChoice || row_->control == SettingControl::kSkin ||
+                     row_->control == SettingControl::kPaper;
+  // The height of one that drops down is that of the open list.
+  x = place(kMain, x, ControlWidth(scale), row_->control == SettingControl::kInfo,
+            drops ? scale.Scaled(kOpenList) : 0);
+  // A field that got its text before its width shows the end of it.
+  if (hotKey_) SendMessageW(items_[kMain], EM_SETSEL, 0, 0);
+  if (items_[kSpin] != nullptr) x = place(kSpin, x, scale.Scaled(kSpinWidth), false);
+  for (const Part part : {kBrowse, kPlay})
+    if (items_[part] != nullptr)
+      x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), false);
+  if (items_[kUnit] != nullptr) x = place(kUnit, x + gap, TextWidth(kUnit, scale), true);
+  place(kNotice, x + gap, scale.Scaled(kNoticeWidth), true);
+  return x + gap;
+}
+
+void SettingControls::Show(const SettingsDraft& draft, const Text& info) const {
+  if (row_->control == SettingControl::kInfo) {
+    SetWindowTextW(items_[kMain], Wide(info));
+  } else if (row_->access.get != nullptr) {
+    ShowValue(draft.Value(*row_));
+  }
+  ShowState(draft);
+}
+
+void SettingControls::ShowValue(const SettingValue& value) const {
+  const auto index = static_cast<WPARAM>(value.number - row_->minimum);
+  switch (row_->control) {
+    case SettingControl::kSwitch:
+      SendMessageW(items_[kMain], BM_SETCHECK, value.number == 1 ? BST_CHECKED : BST_UNCHECKED, 0);
+      break;
+    // One that no entry stands for selects none, and stays until another is chosen.
+    case SettingControl::kChoice: SendMessageW(items_[kMain], CB_SETCURSEL, index, 0); break;
+    case SettingControl::kSkin: {
+      const WPARAM at = value.text.empty()
+                            ? 0
+                            : static_cast<WPARAM>(SendMessageW(items_[kMain], CB_FINDSTRINGEXACT, 0,
+                                                               reinterpret_cast<LPARAM>(Wide(value.text))));
+      SendMessageW(items_[kMain], CB_SETCURSEL, at, 0);
+      break;
+    }
+    case SettingControl::kPaper: SelectPaper(value.number); break;
+    case SettingControl::kColour: SetColour(value.number); break;
+    case SettingControl::kHotKey: hotKey_->SetKey(HotKeyOfNumber(value.number)); break;
+    case SettingControl::kNumber: SetWindowTextW(items_[kMain], Wide(IntText(value.number))); break;
+    default: SetWindowTextW(items_[kMain], Wide(value.text)); break;
+  }
+}
+
+// A colour of one's own stands in the data of the last entry.
+void SettingControls::SelectPaper(std::int32_t number) const {
+  const HWND list = items_[kMain];
+  for (int i = 0; i < kPaperEntries - 1; ++i)
+    if (SendMessageW(list, CB_GETITEMDATA, static_cast<WPARAM>(i), 0) == number) {
+      SendMessageW(list, CB_SETITEMDATA, kPaperEntries - 1, kOtherPaper);
+      SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(i), 0);
+      return;
+    }
+  SendMessageW(list, CB_SETITEMDATA, kPaperEntries - 1, number);
+  SendMessageW(list, CB_SETCURSEL, kPaperEntries - 1, 0);
+}
+
+void SettingControls::SetColour(std::int32_t number) const {
+  SetWindowLongPtrW(items_[kMain], GWLP_USERDATA, number);
+  InvalidateRect(items_[kMain], nullptr, TRUE);
+}
+
+void SettingControls::ShowState(const SettingsDraft& draft) const {
+  const bool enabled = draft.IsEnabled(*row_);
+  for (const Part part : {kMain, kSpin, kBrowse, kPlay})
+    if (items_[part] != nullptr) EnableWindow(items_[part], enabled);
+  if (draft.IsFixed(*row_)) {
+    SetWindowTextW(items_[kNotice], Wide(resources_->String(IDS_SETTING_FIXED)));
+    ShowWindow(items_[kNotice], SW_SHOWNA);
+  }
+}
+
+void SettingControls::ShowFault(const Text& fault) const {
+  SetWindowTextW(items_[kNotice], Wide(fault));
+  ShowWindow(items_[kNotice], fault.empty() ? SW_HIDE : SW_SHOWNA);
+}
+
+bool SettingControls::IsTyped() const {
+  switch (row_->control) {
+    case SettingControl::kNumber:
+    case SettingControl::kText:
+    case SettingControl::kWebAddress:
+    case SettingControl::kFolder:
+    case SettingControl::kSound: return true;
+    default: return false;
+  }
+}
+
+Text SettingControls::Entered() const {
+  Text text(static_cast<std::size_t>(GetWindowTextLengthW(items_[kMain])) + 1, u'\0');
+  const int length =
+      GetWindowTextW(items_[kMain], reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+SettingValue SettingControls::Read() const {
+  const HWND main = items_[kMain];
+  const auto selected = static_cast<std::int32_t>(SendMessageW(main, CB_GETCURSEL, 0, 0));
+  switch (row_->control) {
+    case SettingControl::kSwitch: return {SendMessageW(main, BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0, {}};
+    case SettingControl::kChoice: return {row_->minimum + selected, {}};
+    case SettingControl::kSkin: return {0, selected == 0 ? Text() : Entered()};
+    case SettingControl::kPaper:
+      return {static_cast<std::int32_t>(SendMessageW(main, CB_GETITEMDATA, static_cast<WPARAM>(selected), 0)),
+              {}};
+    case SettingControl::kColour:
+      return {static_cast<std::int32_t>(GetWindowLongPtrW(main, GWLP_USERDATA)), {}};
+    case SettingControl::kHotKey: return {HotKeyNumber(hotKey_->Key()), {}};
+    default: return {0, Entered()};
+  }
+}
+
+}  // namespace jotlets

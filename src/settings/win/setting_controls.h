@@ -1,0 +1,83 @@
+// The controls of one setting on its page of the options dialog.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "settings/settings_draft.h"
+#include "ui/hot_key_field.h"
+#include "ui/resources.h"
+
+namespace jotlets {
+
+/// What the controls of a setting need to know about the world.
+struct SettingChoices {
+  std::vector<Text> skins;  // the names; the built-in one is not among them
+  bool startsWithWindows = false;
+};
+
+/// How a page is drawn at the scale of its monitor.
+struct PageScale {
+  HFONT font = nullptr;
+  int dpi = 96;
+  int Scaled(int length) const { return MulDiv(length, dpi, 96); }
+};
+
+class SettingControls {
+ public:
+  enum Part { kMain, kLabel, kSpin, kBrowse, kPlay, kUnit, kNotice, kParts };
+
+  /// Makes the controls in `page`, with ids from `firstId` on, a `Part` each. All outlive the object.
+  SettingControls(const SettingRow& row, HWND page, UINT firstId, const Resources& resources,
+                  const SettingChoices& choices);
+
+  const SettingRow& Row() const { return *row_; }
+  bool Owns(UINT id) const { return id - firstId_ < kParts; }
+  Part PartOf(UINT id) const { return static_cast<Part>(id - firstId_); }
+  HWND Item(Part part) const { return items_[part]; }
+
+  /// How wide the name is that stands before the control; 0 for one that has none there.
+  int LabelWidth(const PageScale& scale) const;
+  /// Places them on a line that begins at `x` and has this top and height, all in pixels; where the line goes
+  /// on behind them. `column`: where controls begin that have a name before them.
+  int Place(int x, int column, int top, int height, const PageScale& scale) const;
+  /// Of a line that they need, in pixels.
+  int Height(const PageScale& scale) const;
+
+  /// Shows a value as it is in the draft, without telling of it as of a change by the user.
+  void Show(const SettingsDraft& draft, const Text& info) const;
+  /// Shows whether the user can change it now.
+  void ShowState(const SettingsDraft& draft) const;
+  /// What is wrong with what the user has entered; empty for nothing.
+  void ShowFault(const Text& fault) const;
+
+  /// What the control says now, where that cannot be wrong.
+  SettingValue Read() const;
+  /// The text of a control that is typed into.
+  Text Entered() const;
+  bool IsTyped() const;
+  /// The colour that it shows.
+  void SetColour(std::int32_t number) const;
+
+ private:
+  HWND Make(Part part, const wchar_t* windowClass, const Text& text, DWORD style, DWORD extended = 0);
+  void MakeMain(const SettingChoices& choices);
+  void FillChoices(const SettingChoices& choices) const;
+  int MainWidth() const;
+  int ControlWidth(const PageScale& scale) const;
+  int TextWidth(Part part, const PageScale& scale) const;
+  void ShowValue(const SettingValue& value) const;
+  void SelectPaper(std::int32_t number) const;
+
+  const SettingRow* row_;
+  HWND page_;
+  UINT firstId_;
+  const Resources* resources_;
+  std::array<HWND, kParts> items_{};
+  std::unique_ptr<HotKeyField> hotKey_;  // of a hot key
+};
+
+}  // namespace jotlets
