@@ -8,19 +8,10 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "data/hot_key.h"
 #include "data/jotlet_data.h"
 
 namespace jotlets {
-
-/// One global hot key: which modifiers, and the virtual-key code.
-struct HotKey {
-  bool windowsKey = false;
-  bool shift = false;
-  bool ctrl = false;
-  bool alt = false;
-  std::int32_t key = 0;
-  friend bool operator==(const HotKey&, const HotKey&) = default;
-};
 
 /// Two texts that one option holds, joined by a vertical bar when written.
 struct TextPair {

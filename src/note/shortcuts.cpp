@@ -2,21 +2,13 @@
 
 #include <algorithm>
 
+#include "base/key_text.h"
 #include "note/action_table.h"
 
 namespace jotlets {
 namespace {
 
 constexpr std::int32_t kKeyStep = 8;  // pixels
-
-struct KeyName {
-  std::uint16_t key;
-  TextView name;
-};
-
-constexpr KeyName kNames[] = {{kTabKey, u"Tab"}, {kEnterKey, u"Enter"}, {kDeleteKey, u"Del"},
-                              {kF2Key, u"F2"},   {kF3Key, u"F3"},       {kMenuKey, u"Menu"},
-                              {kCommaKey, u"<"}, {kFullStopKey, u">"},  {kSemicolonKey, u";"}};
 
 }  // namespace
 
@@ -36,15 +28,10 @@ WindowKey WindowKeyFrom(const Shortcut& pressed) {
   return pressed.shift ? WindowKey{{}, {by.x, by.y}, 0} : WindowKey{by, {}, 0};
 }
 
-Text ShortcutText(ActionCode action) {
-  const Shortcut& keys = RowOf(action).key;
-  if (keys == Shortcut{}) return {};
-  Text text;
-  if (keys.ctrl) text += u"Ctrl+";
-  if (keys.alt) text += u"Alt+";
-  if (keys.shift) text += u"Shift+";
-  const auto name = std::ranges::find(kNames, keys.key, &KeyName::key);
-  return name == std::end(kNames) ? text + static_cast<char16_t>(keys.key) : text + Text(name->name);
+Text ShortcutText(const Shortcut& keys) {
+  return KeyText({false, keys.ctrl, keys.alt, keys.shift}, keys.key);
 }
+
+Text ShortcutText(ActionCode action) { return ShortcutText(RowOf(action).key); }
 
 }  // namespace jotlets

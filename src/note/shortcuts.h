@@ -51,7 +51,8 @@ struct WindowKey {
 /// What a key does with note windows; all zero for other keys.
 WindowKey WindowKeyFrom(const Shortcut& pressed);
 
-/// How menus show the key of a command ("Ctrl+Shift+F", "F2"); empty for a command without one.
+/// How menus show a key, and the key of a command ("Ctrl+Shift+F", "F2"); empty without one.
+Text ShortcutText(const Shortcut& keys);
 Text ShortcutText(ActionCode action);
 
 }  // namespace jotlets
