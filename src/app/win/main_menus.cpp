@@ -7,7 +7,7 @@
 namespace jotlets {
 namespace {
 
-constexpr UINT kNotYet[] = {ID_OPTIONS, ID_HELP_JOTLETS};
+constexpr UINT kNotYet[] = {ID_OPTIONS};
 
 // Between separators, before the entry at `position`.
 void InsertCustomEntries(HMENU menu, int position, const std::vector<CustomCommand>& custom) {

@@ -1,7 +1,6 @@
 #include "app/win/program.h"
 
 #include "app/win/data_location.h"
-#include "app/win/hot_keys.h"
 #include "app/win/system_facts.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
@@ -39,14 +38,16 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       contents_(system_.files, system_.ansi, system_.clock, system_.log, desk_, notes_),
       saving_(resources, system_.files, system_.log, window_, state_, options_, desk_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
+      hotKeys_(resources, options_.Current(), system_.log, tray_),
+      keys_(resources, hotKeys_),
       backups_(*this, resources, system_.files, system_.ansi, system_.clock, system_.log, options_.Current()),
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
                saving_, window_, state_),
       trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_, notes_,
-                     stacks_, managed_, friends_, saving_, tray_, backups_, listeners_, menus_, window_,
-                     state_, *this}),
+                     stacks_, managed_, friends_, saving_, tray_, keys_, backups_, listeners_, menus_,
+                     window_, state_, *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
                      listeners_, menus_, window_, state_}),
@@ -199,7 +200,7 @@ void Program::Restart() {
 bool Program::MayExit(bool silent) {
   sleeping_.Enable(false);
   notes_.StopAlarms();
-  UnregisterHotKeys(window_.Handle());
+  hotKeys_.Unregister(window_.Handle());
   saving_.SaveOptionsIfDirty();
   friends_.SaveIfDirty();
   if (silent) {
@@ -207,7 +208,7 @@ bool Program::MayExit(bool silent) {
     return true;
   }
   if (saving_.SaveAtExit()) return true;
-  RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
+  hotKeys_.Register(window_.Handle());
   sleeping_.Enable(true);
   state_.exiting = false;
   desk_.Changed();
@@ -239,6 +240,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   state_.ready = false;
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
+  keys_.CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
   state_.notesGone = true;
   desk_.CloseAll();

@@ -62,6 +62,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionBackup, .command = ID_BACKUP},
     {.code = kActionFriends, .command = ID_FRIENDS},
     {.code = kActionManage, .command = ID_MANAGE},
+    {.code = kActionHelp, .command = ID_HELP_JOTLETS},
 };
 
 namespace {
