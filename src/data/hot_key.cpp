@@ -38,7 +38,7 @@ bool ServesAlone(std::int32_t key) {
 Text HotKeyText(const HotKey& hotKey) {
   if (hotKey.key <= 0 || hotKey.key > kLastKey) return {};
   const KeyModifiers held{hotKey.windowsKey, hotKey.ctrl, hotKey.alt, hotKey.shift};
-  const Text named = KeyText(held, hotKey.key);
+  Text named = KeyText(held, hotKey.key);
   if (!named.empty()) return named;
   // The modifiers as with any key that has a name.
   const Text other = KeyText(held, kPause);

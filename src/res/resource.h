@@ -307,3 +307,22 @@
 #define IDS_SETTING_NO_BACKUP 5583
 #define IDS_PAPER 5590
 #define ID_STYLES 1013
+// The help: the numbers of res/help.rc. A command without a menu entry has its text under its own number.
+#define IDD_KEYS 185
+#define IDC_KEYS_SEARCH 6700
+#define IDC_KEYS_SEARCH_LABEL 6701
+#define IDC_KEYS_LIST 6702
+#define IDC_KEYS_COUNT 6703
+#define ID_KEYBOARD_SHORTCUTS 6750
+#define IDS_HOT_KEY_TAKEN 6751
+#define IDS_WELCOME_KEY 6752
+#define IDS_WELCOME_KEYS_OFF 6753
+#define IDS_WELCOME_NO_KEY 6754
+#define IDS_KEYS_NONE 6755
+#define IDS_HELP_MISSING 6756
+#define IDS_HELP_FAILED 6757
+#define IDS_KEYS_COLUMN 6760
+#define IDS_KEY_PLACE 6770  // in the order of `KeyPlace`
+#define IDS_KEY_ROW 6780    // as many as there are, up to the end
+#define IDS_KEY_ROW_END 6800
+#define IDS_HOT_KEY 6800  // in the order of the options

@@ -27,6 +27,8 @@ bool ShowInExplorer(HWND owner, TextView path) {
   return !folder.empty() && Start(owner, folder + u"\\explorer.exe", u"/select,\"" + Text(path) + u"\"");
 }
 
+bool OpenOwnPage(HWND owner, const Text& path) { return Start(owner, path, {}); }
+
 bool OpenInNotepad(HWND owner, TextView path) {
   const Text folder = FolderOf(GetSystemDirectoryW);
   return !folder.empty() && Start(owner, folder + u"\\notepad.exe", u"\"" + Text(path) + u"\"");

@@ -366,11 +366,6 @@ TEST_F(Commands, MayComeFromInsideAnEventOrAReply) {
   EXPECT_EQ(program.DesktopIds(), (std::vector<Text>{u"NEW1", u"NEW2", u"NEW3", u"NEW4"}));
 }
 
-TEST(CommandsPage, IsTheOneInTheDocuments) {
-  const std::string page = FileBytes("../docs/commands.md");
-  EXPECT_EQ(page.substr(std::min(page.find("## Commands"), page.size())), ToUtf8(CommandsPage()));
-}
-
 TEST(Routing, TellsCommandsSkinsAndNotes) {
   const auto routed = [](TextView text, bool fixed = false) {
     const Inbound inbound = RouteInbound(text, fixed);

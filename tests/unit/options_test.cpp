@@ -130,10 +130,6 @@ TEST(Options, OfAHugeForeignFileAreReadInBoundedTime) {
   EXPECT_LE(Read(text).others.size(), 1000u);
 }
 
-TEST(OptionsPage, IsTheOneInTheDocuments) {
-  EXPECT_EQ(FileBytes("../docs/options.md"), ToUtf8(OptionsPage()));
-}
-
 TEST(Options, UnknownOnesAreKeptOnceAndCannotBreakTheirLine) {
   Options options = Read(u"[Options]\nZ=1\nDebug=2\nA=x=y\nZ=2\nz=3\n");
   EXPECT_EQ(options.others, (std::vector<std::pair<Text, Text>>{{u"Z", u"2"}, {u"A", u"x=y"}, {u"z", u"3"}}));

@@ -170,7 +170,7 @@ TEST_F(KeysTest, HotKeysCreateNotesAndATakenOneDoesNoHarm) {
   EXPECT_EQ(Close(), 0u);
   ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_WIN | MOD_ALT, 'S'));
   ASSERT_TRUE(StartProgram());
-  EXPECT_NE(Log().find("Hot key 10: "), std::string::npos);
+  EXPECT_NE(Log().find("Hot key 10 (Win+Alt+S): "), std::string::npos);
   EXPECT_EQ(TextOf(id), u"Hot");
   CreateBy({VK_LWIN, VK_MENU, VK_SHIFT, 'S'}, u"Clip");
   UnregisterHotKey(nullptr, 1);

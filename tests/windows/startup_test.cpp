@@ -315,7 +315,9 @@ TEST_F(TranslationTest, TextsComeFromItAndFromTheProgramWhereItLacksThem) {
 TEST_F(TranslationTest, MenusAndTheWelcomeNoteAreTranslated) {
   ASSERT_TRUE(StartProgram(u"", translated_));
   const HWND note = NoteTitled(u"Willkommen bei Jotlets");
-  EXPECT_EQ(ShownText(note), u"Dies ist ein Jotlet, ein kleiner Zettel f\u00FCr den Schreibtisch.");
+  EXPECT_EQ(ShownText(note),
+            u"Dies ist ein Jotlet, ein kleiner Zettel f\u00FCr den Schreibtisch.\r\n\r\n"
+            u"Win+Alt+S macht einen neuen.");
   const Point title{BoundsOf(note).left + 40, BoundsOf(note).top + 12};
   ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, title, true));
   PressKeys({'Z'});

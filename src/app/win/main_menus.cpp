@@ -7,8 +7,6 @@
 namespace jotlets {
 namespace {
 
-constexpr UINT kNotYet[] = {ID_HELP_JOTLETS};
-
 // Between separators, before the entry at `position`.
 void InsertCustomEntries(HMENU menu, int position, const std::vector<CustomCommand>& custom) {
   if (custom.empty()) return;
@@ -25,7 +23,6 @@ void InsertCustomEntries(HMENU menu, int position, const std::vector<CustomComma
 
 UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vector<CustomCommand>& custom) {
   UniqueMenu menu = resources.Menu(IDM_TRAY);
-  for (const UINT command : kNotYet) EnableMenuItem(menu.get(), command, MF_BYCOMMAND | MF_GRAYED);
   const Text showOrHide = resources.String(hidden ? IDS_SHOW_ALL : IDS_HIDE_ALL);
   ModifyMenuW(menu.get(), ID_SHOW_OR_HIDE, MF_BYCOMMAND | MF_STRING, ID_SHOW_OR_HIDE, Wide(showOrHide));
   const HMENU entries = GetSubMenu(menu.get(), 0);

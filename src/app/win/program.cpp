@@ -1,7 +1,6 @@
 #include "app/win/program.h"
 
 #include "app/win/data_location.h"
-#include "app/win/hot_keys.h"
 #include "app/win/system_facts.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
@@ -39,6 +38,8 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       contents_(system_.files, system_.ansi, system_.clock, system_.log, desk_, notes_),
       saving_(resources, system_.files, system_.log, window_, state_, options_, desk_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
+      hotKeys_(resources, options_.Current(), system_.log, tray_),
+      keys_(resources, hotKeys_),
       backups_(*this, resources, system_.files, system_.ansi, system_.clock, system_.log, options_.Current()),
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
@@ -48,9 +49,10 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },
                        [this](bool held) { HoldHotKeys(held); }}),
-      trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_, notes_,
-                     stacks_, managed_, optionCommands_, friends_, saving_, tray_, backups_, listeners_,
-                     menus_, window_, state_, *this}),
+      trayCommands_({resources,  system_.files, system_.ansi, system_.log, options_.Current(),
+                     desk_,      notes_,        stacks_,      managed_,    optionCommands_,
+                     friends_,   saving_,       tray_,        keys_,       backups_,
+                     listeners_, menus_,        window_,      state_,      *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
                      listeners_, menus_, window_, state_}),
@@ -196,8 +198,7 @@ void Program::HoldStill(bool still) {
 void Program::FollowOptions(const Options& before) {
   const Options& now = options_.Current();
   ApplyOptions();
-  HoldHotKeys(true);
-  HoldHotKeys(false);
+  hotKeys_.Register(window_.Handle());
   if (WithPolicy(now, policy_).skin != WithPolicy(before, policy_).skin) {
     notes_.RefreshSkins();
     stacks_.RefreshSkins();
@@ -207,8 +208,8 @@ void Program::FollowOptions(const Options& before) {
 }
 
 void Program::HoldHotKeys(bool held) {
-  UnregisterHotKeys(window_.Handle());
-  if (!held && !state_.exiting) RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
+  hotKeys_.Unregister(window_.Handle());
+  if (!held && !state_.exiting) hotKeys_.Register(window_.Handle());
 }
 
 // The data has been replaced or moved: a new start of the program loads it.
@@ -223,7 +224,7 @@ void Program::Restart() {
 bool Program::MayExit(bool silent) {
   sleeping_.Enable(false);
   notes_.StopAlarms();
-  UnregisterHotKeys(window_.Handle());
+  hotKeys_.Unregister(window_.Handle());
   saving_.SaveOptionsIfDirty();
   friends_.SaveIfDirty();
   if (silent) {
@@ -231,7 +232,7 @@ bool Program::MayExit(bool silent) {
     return true;
   }
   if (saving_.SaveAtExit()) return true;
-  RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
+  hotKeys_.Register(window_.Handle());
   sleeping_.Enable(true);
   state_.exiting = false;
   desk_.Changed();
@@ -264,6 +265,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
   optionCommands_.Dialog().CloseForExit();
+  keys_.CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
   state_.notesGone = true;
   desk_.CloseAll();

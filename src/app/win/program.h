@@ -10,6 +10,8 @@
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
 #include "app/win/data_folder_claim.h"
+#include "app/win/hot_keys.h"
+#include "app/win/keys_dialog.h"
 #include "app/win/program_instance.h"
 #include "app/win/program_saving.h"
 #include "app/win/program_window.h"
@@ -70,11 +72,13 @@ class Program final : private OpenNotesOwner,
   /// Serves the keys of windows other than notes, before accelerators, those of notes, and what is left for
   /// the first, after accelerators; true when the message is done with.
   bool TranslateDialogKey(const MSG& message) {
-    return managed_.Dialog().TranslateKey(message) || optionCommands_.Dialog().TranslateKey(message);
+    return managed_.Dialog().TranslateKey(message) || optionCommands_.Dialog().TranslateKey(message) ||
+           keys_.TranslateKey(message);
   }
   bool TranslateNoteKey(const MSG& message);
   bool TranslateDialog(MSG& message) {
-    return managed_.Dialog().TranslateRest(message) || optionCommands_.Dialog().TranslateRest(message);
+    return managed_.Dialog().TranslateRest(message) || optionCommands_.Dialog().TranslateRest(message) ||
+           keys_.TranslateRest(message);
   }
 
  private:
@@ -152,6 +156,8 @@ class Program final : private OpenNotesOwner,
   NoteContents contents_;
   ProgramSaving saving_;
   CSystemTray tray_;
+  HotKeys hotKeys_;
+  BKeysDlg keys_;
   BackupCommands backups_;
   SkinCommands skinCommands_;
   ManagedNotes managed_;

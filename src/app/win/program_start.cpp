@@ -1,6 +1,5 @@
 // The start of the program: from the empty window to notes on the desktop.
 #include "app/win/crash_report.h"
-#include "app/win/hot_keys.h"
 #include "app/win/program.h"
 #include "app/win/registry_policy.h"
 #include "app/win/system_facts.h"
@@ -49,7 +48,7 @@ bool Program::Start(HWND window) {
   if (firstRun) ProvideFirstRun();
   if (!firstRun && !LoadJotlets()) return false;
   if (firstRun) WriteBack();
-  RegisterHotKeys(window, options_.Current(), system_.log);
+  hotKeys_.Register(window);
   if (backups_.BeginIfDue()) window_.Start(ProgramTimer::kBackup);
   sleeping_.Enable(true);
   sleeping_.WakeSleeping();
@@ -133,10 +132,11 @@ void Program::ProvideFirstRun() {
   installId_ = desk_.Maker().NewJotletId();
   desk_.SetFolder(Text(desk_.Folder()), installId_);
   desk_.Journal().Reset(0);
+  hotKeys_.Register(window_.Handle());  // the note names the one that holds
   NewNote welcome;
   welcome.reason = Reason::kWelcome;
   welcome.title = resources_.String(IDS_WELCOME_TITLE);
-  welcome.text = resources_.String(IDS_WELCOME_TEXT);
+  welcome.text = resources_.String(IDS_WELCOME_TEXT) + u"\r\n\r\n" + hotKeys_.WelcomeWords();
   desk_.Create(welcome);
 }
 

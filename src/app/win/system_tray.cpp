@@ -57,6 +57,11 @@ void CSystemTray::Remove() {
   added_ = false;
 }
 
+void CSystemTray::SetTooltip(Text words) {
+  tooltip_ = std::move(words);
+  Update();
+}
+
 void CSystemTray::ShowHidden(bool hidden) {
   hidden_ = hidden;
   Update();
@@ -75,7 +80,7 @@ void CSystemTray::StopFlashing() {
 void CSystemTray::Update() {
   if (!added_) return;
   NOTIFYICONDATAW data{};
-  Fill(data, NIF_ICON);
+  Fill(data, NIF_ICON | NIF_TIP);
   Shell_NotifyIconW(NIM_MODIFY, &data);
 }
 

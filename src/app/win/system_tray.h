@@ -21,6 +21,8 @@ class CSystemTray {
   /// Adds the icon again: the taskbar has been restarted, or was not there yet.
   void AddAgain();
   void Remove();
+  /// What is said while the mouse rests on it.
+  void SetTooltip(Text words);
 
   /// Which icon stands for the notes: the usual one, or the one for hidden notes.
   void ShowHidden(bool hidden);

@@ -64,6 +64,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionManage, .command = ID_MANAGE},
     {.code = kActionOptions, .command = ID_OPTIONS},
     {.code = kActionStyles, .command = ID_STYLES},
+    {.code = kActionHelp, .command = ID_HELP_JOTLETS},
 };
 
 namespace {

@@ -7,6 +7,7 @@
 #include "res/resource.h"
 #include "ui/screen.h"
 #include "ui/system_choosers.h"
+#include "ui/system_programs.h"
 #include "ui/user_messages.h"
 
 namespace jotlets {
@@ -29,6 +30,8 @@ void TrayCommands::Do(UINT command) {
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: tools_.backups.TakeManualBackup(); break;
     case ID_RESTORE: tools_.backups.ChooseRestore(); break;
+    case ID_HELP_JOTLETS: OpenHelp(); break;
+    case ID_KEYBOARD_SHORTCUTS: tools_.keys.OpenWindow(); break;
     case ID_SHOW_OR_HIDE: HideAll(tools_.options.hidden != 1); break;
     case ID_EXIT_JOTLETS: tools_.control.ExitJotlets(u"user"); break;
     default: ChooseCustom(command); break;
@@ -43,6 +46,18 @@ void TrayCommands::EditFriends() {
   BFriendsDlg dialog(tools_.resources, tools_.friends, editingFriends_);
   dialog.Show(tools_.resources, IDD_FRIENDS, tools_.window.Handle());
   editingFriends_ = nullptr;
+}
+
+void TrayCommands::OpenHelp() {
+  const Text page = ProgramFolder() + u"help.html";
+  const HWND owner = tools_.window.Handle();
+  if (!tools_.files.Exists(page)) {
+    tools_.log.Write(kLogLifecycle, u"There is no help page: ", page);
+    Tell(owner, tools_.resources, IDS_HELP_MISSING, page);
+  } else if (!OpenOwnPage(owner, page)) {
+    tools_.log.Write(kLogLifecycle, u"Unable to open the help page: ", page);
+    Tell(owner, tools_.resources, IDS_HELP_FAILED, page);
+  }
 }
 
 // An entry that another program has added to the menu.

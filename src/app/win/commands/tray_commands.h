@@ -5,6 +5,7 @@
 
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/option_commands.h"
+#include "app/win/keys_dialog.h"
 #include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
@@ -39,6 +40,7 @@ struct TrayCommandTools {
   FriendBook& friends;
   ProgramSaving& saving;
   CSystemTray& tray;
+  BKeysDlg& keys;
   BackupCommands& backups;
   EventSink& events;
   CustomMenus& menus;
@@ -80,6 +82,7 @@ class TrayCommands {
   void MoveDataLocation();
   void ChooseCustom(UINT command);
   void EditFriends();
+  void OpenHelp();
 
   TrayCommandTools tools_;
   std::vector<CustomCommand> shownCustom_;  // the entries of others in the menu that was shown last

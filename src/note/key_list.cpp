@@ -1,0 +1,75 @@
+#include "note/key_list.h"
+
+#include <algorithm>
+
+#include "note/action_table.h"
+#include "res/resource.h"
+
+namespace jotlets {
+namespace {
+
+// "None" says nothing without the menu that it is in.
+Text WordsOf(const NoteAction& action, const TextOfResource& textOf) {
+  Text words = PlainMenuText(textOf(IDS_ACTION + static_cast<std::uint32_t>(action.code)));
+  const NoteMenu menu = action.menu.menu;
+  if (menu != NoteMenu::kAlignMenu && menu != NoteMenu::kBulletsMenu) return words;
+  return PlainMenuText(textOf(menu == NoteMenu::kAlignMenu ? IDS_MENU_ALIGN : IDS_MENU_BULLETS)) + u": " +
+         words;
+}
+
+KeyRow ParseRow(TextView line) {
+  const Split place = SplitAtFirst(line, u'\t');
+  const Split key = SplitAtFirst(place.tail, u'\t');
+  const auto number = std::clamp<std::int32_t>(ParseInt(place.head), 0, kKeyPlaces - 1);
+  return {static_cast<KeyPlace>(number), Text(key.head), Text(key.tail)};
+}
+
+}  // namespace
+
+Text PlainMenuText(TextView menuText) {
+  Text text;
+  for (std::size_t i = 0; i < menuText.size() && menuText[i] != u'\t'; ++i) {
+    // Two of them stand for one that is shown.
+    if (menuText[i] == u'&' && ++i == menuText.size()) break;
+    text.push_back(menuText[i]);
+  }
+  if (text.ends_with(u"...")) text.resize(text.size() - 3);
+  return text;
+}
+
+std::vector<KeyRow> NoteKeyRows(const TextOfResource& textOf) {
+  std::vector<KeyRow> rows;
+  for (const NoteAction& action : kNoteActions) {
+    const Text key = ShortcutText(action.code);
+    if (key.empty() || action.by == ActionBy::kNobody) continue;
+    const bool ofText = action.needs != ActionNeeds::kNothing && action.needs != ActionNeeds::kFreeSkin;
+    rows.push_back({ofText ? KeyPlace::kText : KeyPlace::kNote, key, WordsOf(action, textOf)});
+  }
+  for (std::uint32_t id = IDS_KEY_ROW; id < IDS_KEY_ROW_END; ++id) {
+    const Text line = textOf(id);
+    if (!line.empty()) rows.push_back(ParseRow(line));
+  }
+  return rows;
+}
+
+std::vector<KeyRow> Arranged(std::vector<KeyRow> rows) {
+  std::ranges::stable_sort(rows, {}, &KeyRow::place);
+  std::vector<KeyRow> once;
+  for (KeyRow& row : rows) {
+    if (std::ranges::find(once, row.key, &KeyRow::key) == once.end()) once.push_back(std::move(row));
+  }
+  return once;
+}
+
+bool IsFound(const KeyRow& row, TextView search) {
+  while (!search.empty()) {
+    const Split word = SplitAtFirst(search, u' ');
+    if (FindIgnoreCase(row.key, word.head) == TextView::npos &&
+        FindIgnoreCase(row.what, word.head) == TextView::npos)
+      return false;
+    search = word.tail;
+  }
+  return true;
+}
+
+}  // namespace jotlets

@@ -1,0 +1,54 @@
+#include "data/hot_key.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "fakes.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int32_t kShiftKey = 0x10;
+constexpr std::int32_t kTab = 0x09;
+constexpr std::int32_t kDelete = 0x2E;
+constexpr std::int32_t kF4 = 0x73;
+constexpr std::int32_t kF9 = 0x78;
+
+HotKey Plain(std::int32_t key) { return {false, false, false, false, key}; }
+HotKey WithAlt(std::int32_t key) { return {false, false, false, true, key}; }
+HotKey WithShift(std::int32_t key) { return {false, true, false, false, key}; }
+
+TEST(HotKeyText, NamesEveryKeyAndItsModifiersInTheirOrder) {
+  EXPECT_EQ(HotKeyText({true, false, false, true, 'S'}), u"Win+Alt+S");
+  EXPECT_EQ(HotKeyText({true, true, true, true, kF9}), u"Win+Ctrl+Alt+Shift+F9");
+  EXPECT_EQ(HotKeyText({false, true, true, false, 0xBC}), u"Ctrl+Shift+<");
+  EXPECT_EQ(HotKeyText({false, false, true, false, 0xBC}), u"Ctrl+,");
+  EXPECT_EQ(HotKeyText({false, false, true, false, 0xAD}), u"Ctrl+Key 173");
+  for (const std::int32_t none : {0, -1, 0xFF, 0x7FFFFFFF})
+    EXPECT_EQ(HotKeyText({true, true, true, true, none}), u"");
+  // Two keys of one text could not be told apart.
+  std::set<Text> texts;
+  for (std::int32_t key = 1; key < 0xFF; ++key) {
+    const Text text = HotKeyText(Plain(key));
+    EXPECT_TRUE(!text.empty() && texts.insert(text).second) << key << " is " << ToUtf8(text);
+  }
+}
+
+TEST(HotKeyPress, IsTakenOnlyWhenTypingAndTheDialogDoNotNeedIt) {
+  for (const HotKey& taken :
+       {HotKey{true, false, false, false, 'S'}, WithAlt('S'), HotKey{false, false, true, false, kTab},
+        Plain(kF9), HotKey{false, false, true, false, kDelete}})
+    EXPECT_EQ(MeaningOfPress(taken), HotKeyPress::kTake) << ToUtf8(HotKeyText(taken));
+  for (const HotKey& ignored :
+       {Plain('S'), WithShift('S'), Plain(0x26), WithShift(kDelete), WithAlt(kShiftKey),
+        HotKey{false, false, true, false, 0x11}, WithAlt(0), WithAlt(0xFF)})
+    EXPECT_EQ(MeaningOfPress(ignored), HotKeyPress::kIgnore) << ToUtf8(HotKeyText(ignored));
+  for (const HotKey& passed : {Plain(kTab), WithShift(kTab), Plain(0x0D), Plain(0x1B), WithAlt(kF4)})
+    EXPECT_EQ(MeaningOfPress(passed), HotKeyPress::kPassOn) << ToUtf8(HotKeyText(passed));
+  for (const HotKey& clears : {Plain(kDelete), Plain(0x08)})
+    EXPECT_EQ(MeaningOfPress(clears), HotKeyPress::kClear) << ToUtf8(HotKeyText(clears));
+}
+
+}  // namespace
+}  // namespace jotlets
