@@ -157,6 +157,8 @@ struct Options {
                                          ColourNumber(250, 200, 1), ColourNumber(63, 254, 60),
                                          ColourNumber(64, 253, 252)};
   bool greenRectSs = false;
+  std::int32_t eveningTime = 1080;
+  std::int32_t morningTime = 540;
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

@@ -178,6 +178,7 @@ constexpr OptionRow Hilite(TextView key, TextView meaning) {
 using O = Options;
 constexpr OptionRange kSwitch{0, 1};
 constexpr OptionRange kPercentOrMore{0, 1000};
+constexpr OptionRange kMinuteOfDay{0, 1439};
 constexpr OptionRange kLength{1, 32000};
 
 constexpr std::array kOptions = {
@@ -311,6 +312,9 @@ constexpr std::array kOptions = {
     Hilite<3>(u"Hilite04", u"Fourth highlight colour."),
     Hilite<4>(u"Hilite05", u"Fifth highlight colour."),
     OnFlag<&O::greenRectSs>(u"GreenRectSS", u"A green rectangle marks the area of a screen picture."),
+    Number<&O::eveningTime>(u"EveningTime", u"When \"this evening\" is: minutes since midnight.", kMinuteOfDay),
+    Number<&O::morningTime>(u"MorningTime", u"When \"tomorrow morning\" is: minutes since midnight.",
+                            kMinuteOfDay),
 };
 
 }  // namespace

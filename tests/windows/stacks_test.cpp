@@ -79,7 +79,7 @@ TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   Select({u"AA01", u"AA02", u"AA03"});
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
-  PressKeys({'F'});
+  PressKeys({'A'});
   ASSERT_TRUE(WaitUntil([] { return WindowsOfClass(L"#32768").size() == 2; }));
   PressKeys({'N'});
   const HWND stack = Stack(u"Stack 1");

@@ -12,8 +12,13 @@ namespace jotlets {
 
 inline constexpr int kFirstHotKey = 10;  // the ids are 10 to 15
 
+/// Which of them hold.
+using HeldHotKeys = std::array<bool, 6>;
+
 /// Registers them on a window; one that is taken, or has no key, is logged and does no harm.
-void RegisterHotKeys(HWND window, const Options& options, Log& log);
+HeldHotKeys RegisterHotKeys(HWND window, const Options& options, Log& log);
 void UnregisterHotKeys(HWND window);
+/// How menus show one, as "Win+Alt+S".
+Text HotKeyText(const HotKey& hook);
 
 }  // namespace jotlets

@@ -207,7 +207,7 @@ bool Program::MayExit(bool silent) {
     return true;
   }
   if (saving_.SaveAtExit()) return true;
-  RegisterHotKeys(window_.Handle(), options_.Current(), system_.log);
+  trayCommands_.SetHotKeys(RegisterHotKeys(window_.Handle(), options_.Current(), system_.log));
   sleeping_.Enable(true);
   state_.exiting = false;
   desk_.Changed();

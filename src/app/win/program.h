@@ -96,6 +96,7 @@ class Program final : private OpenNotesOwner,
   bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
   void OnAnimationClosed(const Text& id, bool deletes) override;
   bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
+  void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
   bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
     return StateOf(action, noteCommands_.FactsOf(jotlet)).enabled;
   }

@@ -49,7 +49,7 @@ bool Program::Start(HWND window) {
   if (firstRun) ProvideFirstRun();
   if (!firstRun && !LoadJotlets()) return false;
   if (firstRun) WriteBack();
-  RegisterHotKeys(window, options_.Current(), system_.log);
+  trayCommands_.SetHotKeys(RegisterHotKeys(window, options_.Current(), system_.log));
   if (backups_.BeginIfDue()) window_.Start(ProgramTimer::kBackup);
   sleeping_.Enable(true);
   sleeping_.WakeSleeping();

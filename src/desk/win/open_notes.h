@@ -37,6 +37,8 @@ class OpenNotesOwner {
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
   virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
+  /// A sounding note is to sound again later.
+  virtual void SnoozeNote(const Text& id) = 0;
   virtual bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   /// The stacks on the screen, and one of them by its number.
   virtual std::vector<Rect> StackBounds() const = 0;
@@ -122,6 +124,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void FollowMonitors();
   /// One step of all animated moves; whether any goes on.
   bool Animate();
+  void Snooze(BJotlet& jotlet) { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
   bool IsAnySounding() const { return sounding_ > 0; }
   void StopAlarms();

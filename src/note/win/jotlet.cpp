@@ -170,8 +170,12 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       // A click into the editor.
       if (LOWORD(wParam) == WM_LBUTTONDOWN) StopAlarm();
       return 0;
-    case WM_RBUTTONUP: owner_.OnJotletAction(*this, kActionOpenJotletContext); return 0;
-    case WM_CONTEXTMENU: OnMenuAsked(reinterpret_cast<HWND>(wParam)); return 0;
+    case WM_RBUTTONUP: OnMenuAsked(nullptr, MousePosition()); return 0;
+    case WM_CONTEXTMENU:
+      // Keys have no place.
+      OnMenuAsked(reinterpret_cast<HWND>(wParam),
+                  lParam == -1 ? std::nullopt : std::optional(MousePosition()));
+      return 0;
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
@@ -185,9 +189,25 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-void BJotlet::OnMenuAsked(HWND window) {
+void BJotlet::OnMenuAsked(HWND window, std::optional<Point> mouse) {
+  menuAsked_ = mouse;
   const bool ofText = window != nullptr && window == content_->ContentWindow();
   owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
+}
+
+Point BJotlet::MenuPlace(bool ofText) const {
+  if (menuAsked_) return *menuAsked_;
+  GUITHREADINFO focus{};
+  focus.cbSize = sizeof focus;
+  const HWND text = content_->ContentWindow();
+  if (ofText && text != nullptr && GetGUIThreadInfo(GetCurrentThreadId(), &focus) && focus.hwndCaret == text) {
+    POINT below{focus.rcCaret.left, focus.rcCaret.bottom};
+    ClientToScreen(text, &below);
+    return {static_cast<std::int32_t>(below.x), static_cast<std::int32_t>(below.y)};
+  }
+  constexpr std::int32_t kUnknownTitle = 24;
+  const Rect bounds = Bounds();
+  return {bounds.left + 8, bounds.top + (RolledHeight() > 0 ? RolledHeight() : kUnknownTitle)};
 }
 
 LRESULT BJotlet::OnControl(UINT control, UINT notification) {

@@ -1,6 +1,7 @@
 // A note on the desktop: a borderless window drawn by its skin, holding its record and its content.
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -119,6 +120,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// click in client pixels. False for a code that is no command of a note. The note may be gone when the
   /// call returns.
   bool DoAction(ActionCode action, Point at);
+  /// Where a menu of the note goes on the screen: to the mouse that asked for it, else to the caret or under
+  /// the title.
+  Point MenuPlace(bool ofText) const;
   bool SetPlainText(TextView text) { return content_->SetPlainText(text); }
   bool SetRtf(TextView rtf) { return content_->SetRichText(rtf); }
   void MoveTo(Point position);
@@ -172,7 +176,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void Invalidate(const SkinView& before) override;
 
   LRESULT OnControl(UINT control, UINT notification);
-  void OnMenuAsked(HWND window);
+  void OnMenuAsked(HWND window, std::optional<Point> mouse);
   void PlaceByRecord();
   std::int32_t HeightOfContent();
   void MoveBy(Point offset);
@@ -219,7 +223,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool waitsForWindow_ = false;
   bool keepOldContent_ = false;
   bool selected_ = false;
-  Rect draggedThumb_;  // in client pixels, at the press
+  std::optional<Point> menuAsked_;  // where on the screen, when it was by the mouse
+  Rect draggedThumb_;               // in client pixels, at the press
 };
 
 }  // namespace jotlets

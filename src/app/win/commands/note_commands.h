@@ -49,6 +49,9 @@ class NoteCommands {
   /// Closes a note for the user, who is told when that is not possible.
   void CloseForUser(const Text& id);
 
+  /// A sounding note is to sound again later.
+  void Snooze(const Text& id);
+
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
 
@@ -86,8 +89,11 @@ class NoteCommands {
   void Attach(BJotlet& jotlet);
   void ShowParent(BJotlet& jotlet);
 
-  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet);
-  void AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras);
+  MenuExtras ExtrasOf(const BJotlet& jotlet);
+  void AddStacks(const JotletData& record, MenuExtras& extras);
+  ColourEntry PapersOf(const JotletData& record);
+  ColourEntry HighlightsOf(const BJotlet& jotlet) const;
+  void TurnGhost(BJotlet& jotlet);
   void Unattach(BJotlet& jotlet);
   void AddToNewStack(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);

@@ -6,6 +6,7 @@
 #include "app/win/program_saving.h"
 #include "desk/note_desk.h"
 #include "desk/win/open_notes.h"
+#include "schedule/presets.h"
 #include "schedule/win/sleep_dialog.h"
 #include "ui/resources.h"
 
@@ -30,6 +31,13 @@ class TimeCommands {
   void Sleep(BJotlet& jotlet);
   void Alarm(BJotlet& jotlet);
   void Recur(BJotlet& jotlet);
+  void ClearAlarm(BJotlet& jotlet);
+  /// When a preset is now, and how a menu shows it; nothing for one that is over.
+  std::optional<Text> ShownPreset(Preset preset) const;
+  /// Puts the note, and all that are selected with it, to sleep until then. They sound when they wake.
+  void SleepUntil(BJotlet& jotlet, Preset preset);
+  /// Lets a sounding note sound again later, without a question.
+  void SnoozeNow(BJotlet& jotlet);
   /// Lets the user hear the sound of an alarm.
   void PlayAlarm();
   /// Quietens a sounding note and offers to let it sound again later.
@@ -40,6 +48,8 @@ class TimeCommands {
   void Remember(const SleepChoice& choice);
   /// Sets one alarm; false when that time is over.
   bool SetAlarm(const Text& id, const SleepChoice& choice);
+  std::optional<std::int64_t> PresetTime(Preset preset) const;
+  void SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime, const WakeFlags& flags);
   void SnoozeNote(const Text& id, bool sleeps);
 
   std::int64_t Now() const { return clock_.Now().utc; }

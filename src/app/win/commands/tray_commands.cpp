@@ -1,6 +1,5 @@
 #include "app/win/commands/tray_commands.h"
 
-#include "app/win/hot_keys.h"
 #include "app/win/main_menus.h"
 #include "desk/note_import.h"
 #include "friends/win/friends_dialog.h"
@@ -66,6 +65,7 @@ void TrayCommands::OnTray(UINT message) {
   if (message == WM_RBUTTONUP) {
     shownCustom_ = tools_.menus.ofProgram.Number(kFirstCustomId);
     const UniqueMenu menu = MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, shownCustom_);
+    ShowHotKeys(menu.get(), tools_.options.hooks, hotKeys_);
     return ShowPopupMenu(tools_.window.Handle(), menu.get());
   }
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;

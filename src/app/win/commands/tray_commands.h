@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "app/win/commands/managed_notes.h"
+#include "app/win/hot_keys.h"
 #include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
@@ -51,6 +52,8 @@ class TrayCommands {
 
   /// Carries out a command of the tray menu, unless the program is coming up or going down.
   void Do(UINT command);
+  /// The hot keys that hold now, which the menu shows.
+  void SetHotKeys(const HeldHotKeys& held) { hotKeys_ = held; }
   /// Serves a hot key of the program (see `hot_keys.h`).
   void OnHotKey(int id);
   /// Serves a mouse message of the tray icon.
@@ -81,6 +84,7 @@ class TrayCommands {
 
   TrayCommandTools tools_;
   std::vector<CustomCommand> shownCustom_;  // the entries of others in the menu that was shown last
+  HeldHotKeys hotKeys_{};
   HWND editingFriends_ = nullptr;           // the dialog, while it is open
 };
 
