@@ -159,6 +159,8 @@ struct Options {
   bool greenRectSs = false;
   std::int32_t eveningTime = 1080;
   std::int32_t morningTime = 540;
+  bool undoStrip = true;
+  bool altF4Leaves = false;
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

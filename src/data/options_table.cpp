@@ -312,9 +312,14 @@ constexpr std::array kOptions = {
     Hilite<3>(u"Hilite04", u"Fourth highlight colour."),
     Hilite<4>(u"Hilite05", u"Fifth highlight colour."),
     OnFlag<&O::greenRectSs>(u"GreenRectSS", u"A green rectangle marks the area of a screen picture."),
-    Number<&O::eveningTime>(u"EveningTime", u"When \"this evening\" is: minutes since midnight.", kMinuteOfDay),
+    Number<&O::eveningTime>(u"EveningTime", u"When \"this evening\" is: minutes since midnight.",
+                            kMinuteOfDay),
     Number<&O::morningTime>(u"MorningTime", u"When \"tomorrow morning\" is: minutes since midnight.",
                             kMinuteOfDay),
+    OffFlag<&O::undoStrip>(
+        u"UndoStrip",
+        u"A note that is closed, deleted, hidden or put to sleep can be had back for some seconds."),
+    OnFlag<&O::altF4Leaves>(u"AltF4Leaves", u"Alt+F4 in a note leaves Jotlets without a question."),
 };
 
 }  // namespace

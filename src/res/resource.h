@@ -286,6 +286,16 @@
 #define IDS_SOUNDS 6472
 #define IDS_DISMISS 6473
 
+#define IDS_CONFIRM_CLOSE 6474
+#define IDS_UNDO 6475
+#define IDS_UNDO_CLOSED 6476
+#define IDS_UNDO_DELETED 6477
+#define IDS_UNDO_HIDDEN 6478
+#define IDS_UNDO_ASLEEP 6479
+#define IDS_ALT_F4 6480
+
+#define IDD_ALT_F4 175
+#define IDC_CHOICE_THIRD 6305
 #define IDC_SLEEP_PRESET 6300  // and the three after it
 #define IDC_SLEEP_WORDS 6304
 

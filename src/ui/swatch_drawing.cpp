@@ -38,13 +38,16 @@ SwatchDrawing::SwatchDrawing(const Rect& area, std::int32_t dpi)
 
 void SwatchDrawing::Blend(std::int32_t x, std::int32_t y, double coverage, Colour colour) {
   if (coverage <= 0 || x < 0 || y < 0 || x >= area_.Width() || y >= area_.Height()) return;
-  std::uint32_t& pixel = pixels_[static_cast<std::size_t>(y * area_.Width() + x)];
+  std::uint32_t& pixel = pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(area_.Width()) +
+                                 static_cast<std::size_t>(x)];
   const Colour below{static_cast<std::uint8_t>(pixel >> 16), static_cast<std::uint8_t>(pixel >> 8),
                      static_cast<std::uint8_t>(pixel)};
   pixel = PixelOf(Mix(below, colour, coverage));
 }
 
-void SwatchDrawing::Disc(Place middle, double radius, Colour colour) { Line(middle, middle, 2 * radius, colour); }
+void SwatchDrawing::Disc(Place middle, double radius, Colour colour) {
+  Line(middle, middle, 2 * radius, colour);
+}
 
 // Each pixel by its distance from the line: half of one is covered half.
 void SwatchDrawing::Line(Place from, Place to, double width, Colour colour) {
@@ -52,7 +55,9 @@ void SwatchDrawing::Line(Place from, Place to, double width, Colour colour) {
   const double dx = to.x - from.x;
   const double dy = to.y - from.y;
   const double length = dx * dx + dy * dy;
-  const auto first = [reach](double a, double b) { return static_cast<std::int32_t>(std::min(a, b) - reach); };
+  const auto first = [reach](double a, double b) {
+    return static_cast<std::int32_t>(std::min(a, b) - reach);
+  };
   const auto last = [reach](double a, double b) { return static_cast<std::int32_t>(std::max(a, b) + reach); };
   for (std::int32_t y = first(from.y, to.y); y <= last(from.y, to.y); ++y) {
     for (std::int32_t x = first(from.x, to.x); x <= last(from.x, to.x); ++x) {

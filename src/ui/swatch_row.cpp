@@ -66,7 +66,7 @@ void SwatchRow::Mark(std::size_t index) {
   if (!IsWindow(window_)) return;
   InvalidateRect(window_, nullptr, FALSE);
   if (const auto position = Position())
-    NotifyWinEvent(EVENT_OBJECT_FOCUS, window_, OBJID_CLIENT, static_cast<LONG>(*position + 1));
+    NotifyWinEvent(EVENT_OBJECT_FOCUS, window_, OBJID_CLIENT, static_cast<LONG>(*position) + 1);
 }
 
 void SwatchRow::Measure(MEASUREITEMSTRUCT& measured, std::int32_t dpi) const {

@@ -27,6 +27,7 @@ class SwatchRow {
   /// `spoken` is what a screen reader says, with the marked name as "%s", its place as "%i" and the number of
   /// all as "%n". `current` is the one that holds now.
   SwatchRow(Text spoken, std::vector<Swatch> swatches, std::optional<std::size_t> current);
+  ~SwatchRow() = default;
   SwatchRow(const SwatchRow&) = delete;
   SwatchRow& operator=(const SwatchRow&) = delete;
 

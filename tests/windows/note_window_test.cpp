@@ -118,8 +118,7 @@ TEST_F(NoteWindowTest, TakesThePaperThatIsMarkedInItsMenu) {
   const Rect menu = BoundsOf(WindowsOfClass(L"#32768", program_->Id()).front());
   EXPECT_EQ((Point{menu.left, menu.top}), (Point{308, 219})) << "under the title";
   // Not Down: the mouse may have lit an entry already.
-  for (const int key : {VK_HOME, VK_RIGHT, VK_RIGHT, VK_LEFT, VK_RETURN})
-    PressKeys({static_cast<WORD>(key)});
+  for (const int key : {VK_HOME, VK_RIGHT, VK_RIGHT, VK_LEFT, VK_RETURN}) PressKeys({static_cast<WORD>(key)});
   EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").colour == kPapers[1]; }));
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));

@@ -71,6 +71,7 @@ JotletData Member(TextView id, Point place, std::int32_t stack) {
 
 TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   std::vector<JotletData> notes;
+  notes.reserve(5);
   for (int each = 0; each < 5; ++each)
     notes.push_back(NoteRecord(u"AA0" + IntText(each + 1), {500 + 30 * each, 60 + 150 * (each % 4)},
                                u"AA0" + IntText(each + 1)));

@@ -137,7 +137,7 @@ TEST_F(TimeTest, KeysQuietenASoundingNoteOrLetItSnoozeAndTheMenuPutsItAway) {
   EXPECT_EQ(Saved(u"AA01").alarm, kNone);
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
-  for (const WORD key : {'R', '2'}) PressKeys({key});
+  for (const WORD key : {WORD{'R'}, WORD{'2'}}) PressKeys({key});
   ASSERT_TRUE(WaitUntil([this] { return List(u"desktop").empty(); }));
   const JotletData asleep = Saved(u"AA01");
   EXPECT_LT(std::abs(asleep.sleep.nextWake - Now() - 20 * 60), 60);

@@ -37,8 +37,8 @@ Text HotKeyText(const HotKey& hook) {
   if (hook.shift) text += u"Shift+";
   // The system names keys by where they are on the keyboard.
   wchar_t name[32]{};
-  const UINT place = MapVirtualKeyW(static_cast<UINT>(hook.key), MAPVK_VK_TO_VSC);
-  const int length = GetKeyNameTextW(static_cast<LONG>(place << 16), name, 32);
+  const auto place = static_cast<LONG>(MapVirtualKeyW(static_cast<UINT>(hook.key), MAPVK_VK_TO_VSC));
+  const int length = GetKeyNameTextW(place * 0x10000, name, 32);
   return text + Text(FromWide(name, static_cast<std::size_t>(length)));
 }
 

@@ -8,6 +8,7 @@
 #include "app/win/commands/note_commands.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
+#include "app/win/commands/undo_offers.h"
 #include "app/win/data_folder_claim.h"
 #include "app/win/program_instance.h"
 #include "app/win/program_saving.h"
@@ -60,6 +61,8 @@ class Program final : private OpenNotesOwner,
   void OnTimer(ProgramTimer timer);
   void OnMessage(ProgramMessage message, LPARAM detail);
   void OnCommand(UINT command) { trayCommands_.Do(command); }
+  /// Alt+F4, which in a note may be meant for that alone.
+  void OnExitKey();
   void OnHotKey(int id) { trayCommands_.OnHotKey(id); }
   void OnTaskbarCreated() { tray_.AddAgain(); }
   void FollowMonitors();
@@ -95,6 +98,7 @@ class Program final : private OpenNotesOwner,
   void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }
   bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
   void OnAnimationClosed(const Text& id, bool deletes) override;
+  void OnNoteHidden(const BJotlet& jotlet) override;
   bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
   void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
   bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
@@ -149,6 +153,7 @@ class Program final : private OpenNotesOwner,
   BackupCommands backups_;
   SkinCommands skinCommands_;
   ManagedNotes managed_;
+  UndoOffers undo_;
   TrayCommands trayCommands_;
   NoteCommands noteCommands_;
   CommandEndpoint commands_;

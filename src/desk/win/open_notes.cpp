@@ -209,10 +209,6 @@ void OpenNotes::Rescue() {
   }
 }
 
-void OpenNotes::EndGhosts() {
-  for (const auto& jotlet : jotlets_) jotlet->SetGhost(false);
-}
-
 void OpenNotes::LogRescue(const BJotlet& jotlet, Point from) {
   const Rect to = jotlet.Bounds();
   log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
@@ -242,6 +238,7 @@ bool OpenNotes::Animate() {
 }
 
 void OpenNotes::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
+  if (kind == AnimationKind::kHide) owner_.OnNoteHidden(jotlet);
   if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
   if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
 }

@@ -36,6 +36,8 @@ class OpenNotesOwner {
   virtual bool IsTargetBehind(const JotletData& record) = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
+  /// A note has gone out of sight, and is hidden.
+  virtual void OnNoteHidden(const BJotlet& jotlet) = 0;
   virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
   /// A sounding note is to sound again later.
   virtual void SnoozeNote(const Text& id) = 0;
@@ -118,7 +120,9 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   /// among them end being such: nobody could take hold of them.
   void Rescue();
   /// Ends the ghost state of all notes.
-  void EndGhosts();
+  void EndGhosts() {
+    for (const auto& jotlet : jotlets_) jotlet->SetGhost(false);
+  }
   /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
   /// changed. What a note's record says stays as the user chose it.
   void FollowMonitors();

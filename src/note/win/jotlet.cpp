@@ -200,7 +200,8 @@ Point BJotlet::MenuPlace(bool ofText) const {
   GUITHREADINFO focus{};
   focus.cbSize = sizeof focus;
   const HWND text = content_->ContentWindow();
-  if (ofText && text != nullptr && GetGUIThreadInfo(GetCurrentThreadId(), &focus) && focus.hwndCaret == text) {
+  if (ofText && text != nullptr && GetGUIThreadInfo(GetCurrentThreadId(), &focus) &&
+      focus.hwndCaret == text) {
     POINT below{focus.rcCaret.left, focus.rcCaret.bottom};
     ClientToScreen(text, &below);
     return {static_cast<std::int32_t>(below.x), static_cast<std::int32_t>(below.y)};

@@ -223,8 +223,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool waitsForWindow_ = false;
   bool keepOldContent_ = false;
   bool selected_ = false;
-  std::optional<Point> menuAsked_;  // where on the screen, when it was by the mouse
-  Rect draggedThumb_;               // in client pixels, at the press
+  Rect draggedThumb_;  // in client pixels, at the press
 };
 
 }  // namespace jotlets

@@ -40,7 +40,8 @@ void BSleepDlg::ShowPresets() {
   const Moment now = clock_.Now();
   for (std::size_t i = 0; i < presets_.size(); ++i) {
     const int button = IDC_SLEEP_PRESET + static_cast<int>(i);
-    presets_[i] = TimeOf(static_cast<Preset>(i), now.utc, {options_.eveningTime, options_.morningTime}, clock_);
+    presets_[i] =
+        TimeOf(static_cast<Preset>(i), now.utc, {options_.eveningTime, options_.morningTime}, clock_);
     Text text = resources_.String(IDS_PRESET + static_cast<UINT>(i));
     if (presets_[i]) text += u"\n" + ShownSoon(clock_.ToLocal(*presets_[i]), now.local);
     SetDlgItemTextW(Handle(), button, Wide(text));

@@ -13,6 +13,7 @@
 #include "note/win/properties_dialog.h"
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"
+#include "ui/choice_dialog.h"
 #include "ui/system_choosers.h"
 #include "ui/system_programs.h"
 #include "ui/text_dialog.h"
@@ -120,15 +121,40 @@ void NoteCommands::Attach(BJotlet& jotlet) {
 }
 
 void NoteCommands::CloseForUser(const Text& id) {
-  if (!tools_.desk.Close(id, Reason::kUser) && tools_.notes.Find(id) != nullptr)
+  const BJotlet* note = tools_.notes.Find(id);
+  if (note == nullptr) return;
+  if (!tools_.undo.Close(id, note->SettledBounds()) && tools_.notes.Find(id) != nullptr)
     Tell(tools_.window.Handle(), tools_.resources, IDS_SAVE_FAILED, tools_.desk.Folder());
 }
 
-void NoteCommands::Close(BJotlet& jotlet) { CloseForUser(Text(jotlet.StoredRecord().id)); }
+void NoteCommands::LeaveOrClose(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const Choice choice =
+      BChoiceDlg(IDD_ALT_F4, tools_.resources.String(IDS_ALT_F4)).Ask(tools_.resources, jotlet.Handle());
+  switch (choice) {
+    case Choice::kFirst: return CloseForUser(id);
+    case Choice::kThird:
+      tools_.options.altF4Leaves = true;
+      tools_.saving.SetOptionsDirty();
+      [[fallthrough]];
+    case Choice::kSecond: return tools_.program.Do(ID_EXIT_JOTLETS);
+    case Choice::kNeither: return;
+  }
+}
+
+bool NoteCommands::Agrees(const BJotlet& jotlet, UINT question) {
+  return AskFirst(jotlet.Handle(), tools_.resources, question, jotlet.TitleShown());
+}
+
+void NoteCommands::Close(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  if (!tools_.options.confirmClosure || Agrees(jotlet, IDS_CONFIRM_CLOSE)) CloseForUser(id);
+}
 
 void NoteCommands::Delete(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  if (Ask(jotlet.Handle(), tools_.resources, IDS_CONFIRM_DELETE)) tools_.desk.Delete(id, Reason::kDeleted);
+  if (!Agrees(jotlet, IDS_CONFIRM_DELETE)) return;
+  if (const BJotlet* note = tools_.notes.Find(id)) tools_.undo.Delete(id, note->SettledBounds());
 }
 
 void NoteCommands::OrphanCheck(BJotlet&) { tools_.program.CheckContent(); }

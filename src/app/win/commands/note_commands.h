@@ -33,6 +33,7 @@ struct NoteCommandTools {
   SkinCommands& skins;
   ProgramSaving& saving;
   TrayCommands& program;
+  UndoOffers& undo;
   EventSink& events;
   CustomMenus& menus;
   const ProgramWindow& window;
@@ -44,11 +45,13 @@ class NoteCommands {
   explicit NoteCommands(const NoteCommandTools& tools)
       : tools_(tools),
         sleep_(tools.resources, tools.clock, tools.log, tools.options, tools.desk, tools.notes, tools.saving,
-               tools.window, tools.state) {}
+               tools.undo, tools.window, tools.state) {}
 
   /// Closes a note for the user, who is told when that is not possible.
   void CloseForUser(const Text& id);
 
+  /// Asks whether Alt+F4 in a note is meant for that alone, and does what is chosen.
+  void LeaveOrClose(BJotlet& jotlet);
   /// A sounding note is to sound again later.
   void Snooze(const Text& id);
 
@@ -74,6 +77,8 @@ class NoteCommands {
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
   void MoveToFile(BJotlet& jotlet);
+  /// Says what is about to become of a note; whether the user agrees.
+  bool Agrees(const BJotlet& jotlet, UINT question);
   void ImportFromFile(BJotlet& jotlet);
   void OpenLog(BJotlet& jotlet);
   void OpenIni(BJotlet& jotlet);

@@ -79,17 +79,18 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
 void NoteCommands::AddStacks(const JotletData& record, MenuExtras& extras) {
   for (const StackRecord& stack : tools_.desk.Lists().stacks) {
     // An ampersand of the name is no mnemonic.
-    extras.entries.push_back({MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
-                              [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); },
-                              true, stack.number == record.stack});
+    extras.entries.push_back(
+        {MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
+         [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); }, true,
+         stack.number == record.stack});
   }
 }
 
 ColourEntry NoteCommands::PapersOf(const JotletData& record) {
   ColourEntry papers{.part = MenuPart::kPapers, .caption = tools_.resources.String(IDS_PAPERS)};
   for (std::size_t i = 0; i < kPapers.size(); ++i)
-    papers.swatches.push_back({Swatch::Kind::kColour, kPapers[i],
-                               tools_.resources.String(IDS_PAPER + static_cast<UINT>(i))});
+    papers.swatches.push_back(
+        {Swatch::Kind::kColour, kPapers[i], tools_.resources.String(IDS_PAPER + static_cast<UINT>(i))});
   papers.swatches.push_back({Swatch::Kind::kOthers, {}, tools_.resources.String(IDS_PAPER_MORE)});
   papers.current = PaperOf(record.colour);
   papers.run = [this](BJotlet& note, std::size_t index) {

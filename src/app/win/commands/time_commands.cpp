@@ -37,7 +37,17 @@ void TimeCommands::Sleep(BJotlet& jotlet) {
 
 void TimeCommands::SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime, const WakeFlags& flags) {
   bool all = true;
-  for (const Text& id : ids) all = (desk_.Sleep(id, wakeTime, flags) || notes_.Find(id) == nullptr) && all;
+  Rect place;
+  std::vector<Text> asleep;
+  for (const Text& id : ids) {
+    const BJotlet* note = notes_.Find(id);
+    if (note == nullptr) continue;
+    if (asleep.empty()) place = note->SettledBounds();
+    const bool sleeps = desk_.Sleep(id, wakeTime, flags);
+    if (sleeps) asleep.push_back(id);
+    all = (sleeps || notes_.Find(id) == nullptr) && all;
+  }
+  undo_.Offer(UndoKind::kAsleep, asleep, place);
   if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
 }
 

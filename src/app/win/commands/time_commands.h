@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "app/win/commands/undo_offers.h"
 #include "app/win/program_saving.h"
 #include "desk/note_desk.h"
 #include "desk/win/open_notes.h"
@@ -15,7 +16,7 @@ namespace jotlets {
 class TimeCommands {
  public:
   TimeCommands(const Resources& resources, const Clock& clock, Log& log, Options& options, NoteDesk& desk,
-               OpenNotes& notes, ProgramSaving& saving, const ProgramWindow& window,
+               OpenNotes& notes, ProgramSaving& saving, UndoOffers& undo, const ProgramWindow& window,
                const ProgramState& state)
       : resources_(resources),
         clock_(clock),
@@ -24,6 +25,7 @@ class TimeCommands {
         desk_(desk),
         notes_(notes),
         saving_(saving),
+        undo_(undo),
         window_(window),
         state_(state) {}
 
@@ -61,6 +63,7 @@ class TimeCommands {
   NoteDesk& desk_;
   OpenNotes& notes_;
   ProgramSaving& saving_;
+  UndoOffers& undo_;
   const ProgramWindow& window_;
   const ProgramState& state_;
 };

@@ -85,7 +85,7 @@ class TrayCommands {
   TrayCommandTools tools_;
   std::vector<CustomCommand> shownCustom_;  // the entries of others in the menu that was shown last
   HeldHotKeys hotKeys_{};
-  HWND editingFriends_ = nullptr;           // the dialog, while it is open
+  HWND editingFriends_ = nullptr;  // the dialog, while it is open
 };
 
 }  // namespace jotlets
