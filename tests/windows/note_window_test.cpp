@@ -266,10 +266,21 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").readOnly; }));
   TypeText(u"x");
   PressKeys({VK_F2});
-  ASSERT_TRUE(WaitUntil([&] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
+  const auto titleLine = [] {
+    return FindWindowExW(FindWindowW(kJotletClass, nullptr), nullptr, L"Edit", nullptr);
+  };
+  ASSERT_TRUE(WaitUntil([&] { return titleLine() != nullptr; }));
   TypeText(u"Renamed");
+  // The note's own commands leave the title alone.
+  PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_RETURN});
   EXPECT_NE(NoteTitled(u"Renamed"), nullptr);
+  PressKeys({VK_F2});
+  ASSERT_TRUE(WaitUntil([&] { return titleLine() != nullptr; }));
+  TypeText(u"Not this");
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(WaitUntil([&] { return titleLine() == nullptr; }));
+  EXPECT_EQ(Saved(u"AA01").title, u"Renamed");
   EXPECT_EQ(TextOf(u"AA01"), u"http://example.com");
 }
 

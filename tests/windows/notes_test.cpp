@@ -185,6 +185,25 @@ TEST_F(KeysTest, HotKeysCreateNotesAndATakenOneDoesNoHarm) {
   UnregisterHotKey(nullptr, 1);
 }
 
+TEST_F(KeysTest, ANewNoteBeginsWithItsTitleOrWithNothingIfTheOptionSaysSo) {
+  EXPECT_EQ(Close(), 0u);
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"NewJotletAction=1"));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  PressKeys({VK_CONTROL, 'N'});
+  ASSERT_TRUE(
+      WaitUntil([] { return FindWindowExW(GetForegroundWindow(), nullptr, L"Edit", nullptr) != nullptr; }));
+  TypeText(u"Titled");
+  PressKeys({VK_RETURN});
+  EXPECT_NE(NoteTitled(u"Titled"), nullptr);
+  EXPECT_EQ(Close(), 0u);
+  Write(folder_ + Text(kOptionsFileName), EncodeTextFile(u"[Options]\nNewJotletAction=2\n"));
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  PressKeys({VK_CONTROL, 'N'});
+  EXPECT_TRUE(WaitUntil([this] { return List(u"desktop").size() == 3; }));
+  EXPECT_EQ(GetForegroundWindow(), NoteTitled(u"One"));
+}
+
 TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
   const auto strip = [this] {
     const auto strips = WindowsOfClass(L"JotletsUndoStrip", program_->Id());

@@ -111,6 +111,7 @@ class Program final : private OpenNotesOwner,
   void TellUnknownHeightSoon() override { window_.Post(kUnknownHeightMessage); }
 
   void DoProgramCommand(UINT command) override { trayCommands_.Do(command); }
+  void RememberColour(Colour colour) override { noteCommands_.RememberColour(colour); }
   void CloseForUser(const Text& id) override { noteCommands_.CloseForUser(id); }
   void RefreshStacksSoon() override { window_.Post(kRefreshStacksMessage); }
 

@@ -107,7 +107,7 @@ void UndoStrip::Paint() {
   words.left = Scaled(kMargin);
   Put(dc, font_.get(), COLOR_WINDOWTEXT, words, words_);
   words.left = undoFrom_;
-  Put(dc, link_.get(), COLOR_HOTLIGHT, words, undo_);
+  Put(dc, link_.get(), COLOR_WINDOWTEXT, words, undo_);
   EndPaint(Handle(), &paint);
 }
 

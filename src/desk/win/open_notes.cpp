@@ -314,15 +314,15 @@ void OpenNotes::Enable(bool enabled) {
   for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
 }
 
-void OpenNotes::Purge() {
-  std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
-}
-
 void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   switch (event) {
     case JotletEvent::kChanged: return owner_.OnNoteChanged(jotlet.StoredRecord().id);
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
+    case JotletEvent::kClicked:
+      if (options_.makeAllVisible != 1) return;
+      BringForward();
+      return jotlet.BringForward();
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
     case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
     case JotletEvent::kSounding: return OnAlarm(jotlet, true);

@@ -137,7 +137,9 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
 
   /// Throws removed notes away whose windows no longer serve a message; the others wait for the next call,
   /// which may take as long as a menu of theirs is open.
-  void Purge();
+  void Purge() {
+    std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
+  }
 
   void OnJotletEvent(BJotlet& jotlet, JotletEvent event) override;
   void OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) override;

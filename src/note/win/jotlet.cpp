@@ -184,6 +184,9 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (const BEdit* edit = Editor())
         context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());
       return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_CLICKACTIVE && lParam == 0) Tell(JotletEvent::kClicked);
+      return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: return SkinnedWindow::OnMessage(message, wParam, lParam);
   }
@@ -233,7 +236,8 @@ void BJotlet::OnFocus(bool gained) {
     SetFocus(content_->ContentWindow());
     return;
   }
-  if (hasFocus_ == gained) return;
+  // The title is part of the note.
+  if (hasFocus_ == gained || (!gained && title_.edit.IsOpen())) return;
   hasFocus_ = gained;
   if (gained) {
     KillTimer(Handle(), kFadeTimer);

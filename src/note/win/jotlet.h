@@ -14,6 +14,7 @@
 #include "note/win/jotlet_owner.h"
 #include "note/win/shown_content.h"
 #include "note/win/skinned_window.h"
+#include "note/win/title_edit.h"
 #include "note/win/title_tooltip.h"
 #include "schedule/alarm.h"
 
@@ -64,6 +65,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Text PlainText() const { return content_->PlainText(); }
   Text Rtf() const { return content_->RichText(); }
   void SetTitle(TextView title);
+  /// Lets the user edit the title where it stands; false when the skin has no place for that.
+  bool EditTitle();
+  bool IsTitleEdited() const { return title_.edit.IsOpen(); }
   void SetColour(Colour colour);
   /// Shows the note in the skin of a name, empty for the default one.
   void SetSkin(TextView name);
@@ -201,6 +205,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void Mark(bool JotletData::*flag, bool on);
   void Tell(JotletEvent event) { owner_.OnJotletEvent(*this, event); }
   void TitleChanged();
+  Text BarTitle() const;
+  void OnTitleEdited(const Text* title, HWND focus);
   void ApplyOpacity();
   void ApplyGhost();
   void ShowAlarm();
@@ -213,7 +219,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   std::shared_ptr<JotletData> shared_;
   JotletData& record_;
   std::unique_ptr<ShownContent> content_;
-  TitleTooltip tooltip_;
+  struct {
+    TitleTooltip tooltip;
+    TitleEdit edit;
+  } title_;
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;

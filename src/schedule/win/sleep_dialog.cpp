@@ -34,6 +34,8 @@ void BSleepDlg::OnInit() {
   }
   filled_ = true;
   ShowWords();
+  // A button with the focus would be the one that Enter presses.
+  PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(IDC_SLEEP_FOR)), TRUE);
 }
 
 void BSleepDlg::ShowPresets() {
@@ -56,6 +58,7 @@ void BSleepDlg::ApplyPreset(std::int64_t time) {
   SetPicker(Item(IDC_SLEEP_TIME), local);
   Choose(IDC_SLEEP_UNTIL);
   ShowWords();
+  PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(IDOK)), TRUE);
 }
 
 std::int64_t BSleepDlg::Time() const {

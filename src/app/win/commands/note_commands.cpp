@@ -160,6 +160,7 @@ void NoteCommands::Delete(BJotlet& jotlet) {
 void NoteCommands::OrphanCheck(BJotlet&) { tools_.program.CheckContent(); }
 
 void NoteCommands::EditTitle(BJotlet& jotlet) {
+  if (jotlet.EditTitle()) return;
   const Text id = jotlet.StoredRecord().id;
   const auto title =
       BTextDlg(tools_.resources, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());

@@ -55,6 +55,9 @@ class NoteCommands {
   /// A sounding note is to sound again later.
   void Snooze(const Text& id);
 
+  /// A colour has been chosen that is to be offered again.
+  void RememberColour(Colour colour);
+
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
 
@@ -98,6 +101,7 @@ class NoteCommands {
   void AddStacks(const JotletData& record, MenuExtras& extras);
   ColourEntry PapersOf(const JotletData& record);
   ColourEntry HighlightsOf(const BJotlet& jotlet) const;
+  void SetColour(BJotlet& jotlet, Colour colour);
   void TurnGhost(BJotlet& jotlet);
   void Unattach(BJotlet& jotlet);
   void AddToNewStack(BJotlet& jotlet);

@@ -2,6 +2,7 @@
 #include "app/win/commands/note_commands.h"
 #include "note/action_table.h"
 #include "note/papers.h"
+#include "note/win/colour_menu.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
 
@@ -88,14 +89,14 @@ void NoteCommands::AddStacks(const JotletData& record, MenuExtras& extras) {
 
 ColourEntry NoteCommands::PapersOf(const JotletData& record) {
   ColourEntry papers{.part = MenuPart::kPapers, .caption = tools_.resources.String(IDS_PAPERS)};
-  for (std::size_t i = 0; i < kPapers.size(); ++i)
-    papers.swatches.push_back(
-        {Swatch::Kind::kColour, kPapers[i], tools_.resources.String(IDS_PAPER + static_cast<UINT>(i))});
-  papers.swatches.push_back({Swatch::Kind::kOthers, {}, tools_.resources.String(IDS_PAPER_MORE)});
+  papers.swatches = PaperSwatches(tools_.resources);
   papers.current = PaperOf(record.colour);
   papers.run = [this](BJotlet& note, std::size_t index) {
-    if (index >= kPapers.size()) return ChooseColour(note);
-    for (BJotlet* each : tools_.notes.GroupOf(note)) each->SetColour(kPapers[index]);
+    if (index < kPapers.size()) return SetColour(note, kPapers[index]);
+    const Text id = note.StoredRecord().id;
+    const auto colour = ChooseSystemColour(note.Handle(), note.StoredRecord().colour);
+    BJotlet* still = tools_.notes.Find(id);
+    if (colour && still != nullptr) SetColour(*still, *colour);
   };
   return papers;
 }
@@ -140,10 +141,19 @@ void NoteCommands::AddToNewStack(BJotlet& jotlet) {
 
 void NoteCommands::ChooseColour(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
+  const auto colour = jotlets::ChooseColour(tools_.resources, tools_.options, jotlet.Handle(),
+                                            jotlet.MenuPlace(false), jotlet.StoredRecord().colour);
   BJotlet* note = tools_.notes.Find(id);
-  if (!colour || note == nullptr) return;
-  for (BJotlet* each : tools_.notes.GroupOf(*note)) each->SetColour(*colour);
+  if (colour && note != nullptr) SetColour(*note, *colour);
+}
+
+void NoteCommands::SetColour(BJotlet& jotlet, Colour colour) {
+  RememberColour(colour);
+  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetColour(colour);
+}
+
+void NoteCommands::RememberColour(Colour colour) {
+  if (jotlets::RememberColour(tools_.options, colour)) tools_.saving.SetOptionsDirty();
 }
 
 }  // namespace jotlets

@@ -84,7 +84,12 @@ void TrayCommands::MakeNote(bool fromClipboard) {
   fresh.reason = fromClipboard ? Reason::kClipboard : Reason::kUser;
   fresh.isImage = !fromClipboard && tools_.options.defaultImage;
   fresh.fromClipboard = fromClipboard;
-  tools_.desk.Show(tools_.desk.Create(fresh), Showing::kWithFocus);
+  enum : std::int32_t { kTitleFirst = 1, kNothingFirst = 2 };
+  const std::int32_t first = tools_.options.newJotletAction;
+  const Text id = tools_.desk.Create(fresh);
+  tools_.desk.Show(id, first == kNothingFirst ? Showing::kQuietly : Showing::kWithFocus);
+  BJotlet* note = first == kTitleFirst ? tools_.notes.Find(id) : nullptr;
+  if (note != nullptr) note->EditTitle();
 }
 
 void TrayCommands::OpenManageWindow() {
