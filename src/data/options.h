@@ -149,6 +149,11 @@ struct Options {
                                          ColourNumber(64, 253, 252)};
   bool greenRectSs = false;
   std::int32_t newJotletColour = kNone;
+  std::int32_t eveningTime = 1080;
+  std::int32_t morningTime = 540;
+  bool undoStrip = true;
+  bool altF4Leaves = false;
+  std::array<std::int32_t, 5> recentColours = {-1, -1, -1, -1, -1};
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

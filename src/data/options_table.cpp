@@ -178,6 +178,7 @@ constexpr OptionRow Hilite(TextView key, TextView meaning) {
 using O = Options;
 constexpr OptionRange kSwitch{0, 1};
 constexpr OptionRange kPercentOrMore{0, 1000};
+constexpr OptionRange kMinuteOfDay{0, 1439};
 constexpr OptionRange kLength{1, 32000};
 
 constexpr std::array kOptions = {
@@ -220,12 +221,17 @@ constexpr std::array kOptions = {
     OnFlag<&O::singleClickCreates>(u"SingleClickCreates",
                                    u"One click on the tray icon makes a note (else two)."),
     OnFlag<&O::opaqueEdit>(u"OpaqueEdit", u"A transparent note is opaque while it has the focus."),
-    Number<&O::titlebar>(u"Titlebar", u"Style of the title bar."),
+    Number<&O::titlebar>(
+        u"Titlebar",
+        u"What the title bar shows: 0 the title, 1 the title and when the note was changed, 2 nothing.",
+        {0, 2}),
     Number<&O::hidden>(u"Hidden", u"All notes are hidden.", kSwitch),
     Number<&O::defaultWidth>(u"DefaultWidth", u"Width of a new note in pixels.", kLength),
     Number<&O::defaultHeight>(u"DefaultHeight", u"Height of a new note in pixels.", kLength),
     Numbers<&O::snap>(u"Snap", u"Snapping while notes are moved: on, distance and gap in pixels."),
-    Number<&O::newJotletAction>(u"NewJotletAction", u"What a new note starts with."),
+    Number<&O::newJotletAction>(
+        u"NewJotletAction", u"What a new note starts with: 0 its text, 1 its title, 2 neither has the focus.",
+        {0, 2}),
     Numbers<&O::sleepValues>(u"SleepValues", u"Last number and unit of the sleep dialog."),
     Number<&O::allowFixedSizing>(u"AllowFixedSizing", u"Notes may keep a fixed size.", kSwitch),
     OnFlag<&O::noRtlKeys>(u"NoRTLKeys", u"The keys for right-to-left text are off."),
@@ -314,6 +320,16 @@ constexpr std::array kOptions = {
     Number<&O::newJotletColour>(u"NewJotletColour",
                                 u"Paper of a new note, as a highlight colour is written; -1: the program's own.",
                                 {-1, 0xFFFFFF}),
+    Number<&O::eveningTime>(u"EveningTime", u"When \"this evening\" is: minutes since midnight.",
+                            kMinuteOfDay),
+    Number<&O::morningTime>(u"MorningTime", u"When \"tomorrow morning\" is: minutes since midnight.",
+                            kMinuteOfDay),
+    OffFlag<&O::undoStrip>(
+        u"UndoStrip",
+        u"A note that is closed, deleted, hidden or put to sleep can be had back for some seconds."),
+    OnFlag<&O::altF4Leaves>(u"AltF4Leaves", u"Alt+F4 in a note leaves Jotlets without a question."),
+    Numbers<&O::recentColours>(u"RecentColours",
+                               u"The own colours of notes that were chosen last, as Hilite01; -1 is none."),
 };
 
 }  // namespace

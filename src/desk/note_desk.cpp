@@ -270,6 +270,44 @@ bool NoteDesk::Delete(TextView id, Reason reason) {
   return true;
 }
 
+bool NoteDesk::Discard(TextView id, Reason reason) {
+  if (!SaveContent(id)) return false;
+  const Text own = lists_.desktop.Find(id)->id;
+  context_.windows.Sync(own);
+  context_.events.Send({EventKind::kDeleted, reason, {own}, {}});
+  // As for one that is deleted at once.
+  const std::shared_ptr<JotletData> gone = lists_.desktop.Remove(own);
+  if (gone == nullptr) return false;
+  lists_.discarded.Remove(own);
+  lists_.discarded.push_back(*gone);
+  context_.windows.Close(own);
+  Changed();
+  return true;
+}
+
+bool NoteDesk::Undelete(TextView id) {
+  const JotletData* kept = std::as_const(lists_.discarded).Find(id);
+  // Another note may have come under its id.
+  if (kept == nullptr || lists_.WhereIs(id)) return false;
+  JotletData record = *kept;
+  const Text own = record.id;
+  if (!OpenWindow(std::move(record))) return false;
+  lists_.discarded.Remove(own);
+  Changed();
+  Show(own, Showing::kWithFocus);
+  TellCreated(own, Reason::kRestored);
+  return true;
+}
+
+void NoteDesk::ForgetDiscarded() {
+  if (lists_.discarded.empty()) return;
+  for (const Text& id : IdsOf(lists_.discarded)) {
+    const std::optional<JotletData> gone = lists_.discarded.Remove(id);
+    if (gone && !lists_.WhereIs(id)) saver_.RemoveContentLater(*gone);
+  }
+  Changed();
+}
+
 void NoteDesk::DeleteClosed(const std::vector<Text>& ids) {
   const std::vector<Text> present = InOrder(lists_.closed, ids);
   for (const Text& id : present) saver_.RemoveContentLater(*lists_.closed.Remove(id));

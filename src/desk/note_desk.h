@@ -63,6 +63,13 @@ class NoteDesk {
   std::vector<Text> CloseWaiting(const std::vector<Text>& ids);
   /// Tells of it, then deletes an open note for good; false when it is not there (any more).
   bool Delete(TextView id, Reason reason);
+  /// The same, but the note can be had back until `ForgetDiscarded`. False also when its content could not be
+  /// written: then it stays.
+  bool Discard(TextView id, Reason reason);
+  /// Opens such a note where it was; false when it is not there, or cannot be.
+  bool Undelete(TextView id);
+  /// What was discarded is gone for good.
+  void ForgetDiscarded();
   /// Deletes closed notes for good.
   void DeleteClosed(const std::vector<Text>& ids);
   /// Opens closed notes where they were before; how many could not be opened and are closed still.

@@ -78,6 +78,8 @@ std::vector<NotesOfKind> NoteLists::ByKind() const {
   for (const JotletData& record : attached) kinds[1].notes.push_back(&record);
   for (const JotletData& record : sleeping) kinds[2].notes.push_back(&record);
   for (const JotletData& record : closed) kinds[3].notes.push_back(&record);
+  // Their content is no orphan.
+  for (const JotletData& record : discarded) kinds[3].notes.push_back(&record);
   return kinds;
 }
 

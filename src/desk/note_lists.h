@@ -51,6 +51,8 @@ struct NoteLists {
   RecordList attached;
   RecordList sleeping;  // the recurring ones among them
   RecordList closed;    // the latest first
+  // Deleted ones that can still be had back, of which nothing is saved. They are in no list for whoever asks.
+  RecordList discarded;
   std::vector<Text> verbatim;
   std::vector<StackRecord> stacks;
   bool stacksChanged = false;

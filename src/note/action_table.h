@@ -68,14 +68,16 @@ struct ActionSetting {
 enum class NoteMenu : std::uint8_t {
   kNoMenu,
   kJotletMenu,
+  kLookMenu,
   kOpacityMenu,
   kMarksMenu,
-  kStacksMenu,  // has no commands
+  kRemindMenu,
+  kStacksMenu,
+  kFileMenu,
   kTextMenu,
   kFormatMenu,
   kAlignMenu,
   kBulletsMenu,
-  kHighlightMenu,
   kStylesMenu,
 };
 

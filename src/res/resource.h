@@ -205,7 +205,6 @@
 #define IDS_MENU_FORMAT 2040
 #define IDS_MENU_ALIGN 2041
 #define IDS_MENU_BULLETS 2042
-#define IDS_MENU_HIGHLIGHT 2043
 #define IDS_MENU_STYLES 2044
 #define IDS_MENU_JOTLET 2045
 #define IDS_NOT_IMPORTED 2046
@@ -230,7 +229,6 @@
 #define IDS_MENU_STACKS 2081
 #define IDS_MENU_NEW_STACK 2082
 #define IDS_MENU_LEAVE_STACK 2083
-#define IDS_MENU_SHOW_STACK 2084
 #define IDS_STACK_TITLE 2085
 #define IDS_STACK_EMPTY 2086
 #define IDS_STACK_CLOSING 2087
@@ -272,6 +270,35 @@
 #define IDS_EDIT_LINK 2341
 #define IDS_NO_LINK 2342
 
+// Menus and small dialogs.
+#define IDS_PAPER 6450  // and the seven papers after it, in the order of `kPapers`
+#define IDS_PAPERS 6458
+#define IDS_PAPER_MORE 6459
+#define IDS_HIGHLIGHTS 6460
+#define IDS_SWATCH 6461
+#define IDS_MENU_LOOK 6462
+#define IDS_MENU_GHOST 6463
+#define IDS_MENU_REMIND 6464
+#define IDS_MENU_CLEAR_ALARM 6465
+#define IDS_MENU_FILE 6466
+#define IDS_PRESET 6467  // and the three after it, in the order of `Preset`
+#define IDS_WAKES 6471
+#define IDS_SOUNDS 6472
+#define IDS_DISMISS 6473
+
+#define IDS_CONFIRM_CLOSE 6474
+#define IDS_UNDO 6475
+#define IDS_UNDO_CLOSED 6476
+#define IDS_UNDO_DELETED 6477
+#define IDS_UNDO_HIDDEN 6478
+#define IDS_UNDO_ASLEEP 6479
+#define IDS_ALT_F4 6480
+
+#define IDD_ALT_F4 175
+#define IDC_CHOICE_THIRD 6305
+#define IDC_SLEEP_PRESET 6300  // and the three after it
+#define IDC_SLEEP_WORDS 6304
+
 // The texts of the note commands: this number and the code of each.
 #define IDS_ACTION 4000
 
@@ -305,7 +332,6 @@
 #define IDS_SETTING_KEY_TAKEN 5581
 #define IDS_SETTING_NO_LOG 5582
 #define IDS_SETTING_NO_BACKUP 5583
-#define IDS_PAPER 5590
 #define ID_STYLES 1013
 // The help: the numbers of res/help.rc. A command without a menu entry has its text under its own number.
 #define IDD_KEYS 185

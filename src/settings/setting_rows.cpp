@@ -198,7 +198,8 @@ constexpr std::array kRows = {
         .id = 22, .option = u"Confirm closure", .group = kClosing, .access = kNumberOf<&O::confirmClosure>},
     SettingRow{
         .id = 23, .option = u"MakeAllVisible", .group = kClosing, .access = kNumberOf<&O::makeAllVisible>},
-
+    SettingRow{.id = 24, .option = u"UndoStrip", .group = kClosing, .access = kNumberOf<&O::undoStrip>},
+    SettingRow{.id = 25, .option = u"AltF4Leaves", .group = kClosing, .access = kNumberOf<&O::altF4Leaves>},
     SettingRow{.id = 30,
                .option = u"BulletIndent",
                .group = kTyping,
@@ -280,6 +281,18 @@ constexpr std::array kRows = {
                .group = kSeeThrough,
                .access = kNumberOf<&O::dontFadeToTransparent>},
 
+    SettingRow{.id = 57,
+               .option = u"EveningTime",
+               .group = kSleep,
+               .control = kTimeOfDay,
+               .access = kNumberOf<&O::eveningTime>,
+               .maximum = 1439},
+    SettingRow{.id = 58,
+               .option = u"MorningTime",
+               .group = kSleep,
+               .control = kTimeOfDay,
+               .access = kNumberOf<&O::morningTime>,
+               .maximum = 1439},
     SettingRow{
         .id = 60, .option = u"SoundAlarmOnWake", .group = kSleep, .access = kNumberOf<&O::soundAlarmOnWake>},
     SettingRow{.id = 61, .option = u"AOTdefault", .group = kSleep, .access = kNumberOf<&O::aotDefault>},
@@ -611,16 +624,10 @@ constexpr std::array kRows = {
         .id = 166, .group = kBackups, .control = kButton, .continues = true, .task = SettingTask::kRestore},
 };
 
-constexpr std::array<TextView, 10> kState = {u"Hidden",
-                                             u"SleepValues",
-                                             u"FontMRU",
-                                             u"ManageWindow",
-                                             u"ManageWidths",
-                                             u"ManageSorted",
-                                             u"ManageWindowVisible",
-                                             u"ManageWindowSearchWhat",
-                                             u"ManageWindowMax",
-                                             u"Statistics"};
+constexpr std::array<TextView, 11> kState = {
+    u"RecentColours",          u"Hidden",          u"SleepValues",  u"FontMRU",
+    u"ManageWindow",           u"ManageWidths",    u"ManageSorted", u"ManageWindowVisible",
+    u"ManageWindowSearchWhat", u"ManageWindowMax", u"Statistics"};
 
 }  // namespace
 

@@ -39,10 +39,30 @@ EnteredSetting ParseNumber(const SettingRow& row, TextView entered) {
   return {{static_cast<std::int32_t>(*number), {}}, SettingFault::kNothing};
 }
 
+constexpr std::int32_t kHour = 60;
+
+// "9", "9:30", "09.30".
+EnteredSetting ParseTimeOfDay(TextView entered) {
+  const TextView time = TrimBlanks(entered);
+  const std::size_t mark = time.find_first_of(u":.");
+  const std::optional<std::int64_t> hour = WholeNumber(time.substr(0, mark));
+  const std::optional<std::int64_t> minute =
+      mark == TextView::npos ? std::int64_t{0} : WholeNumber(time.substr(mark + 1));
+  if (!hour || !minute || *hour < 0 || *hour > 23 || *minute < 0 || *minute >= kHour)
+    return {{}, SettingFault::kNoTime};
+  return {{static_cast<std::int32_t>(*hour * kHour + *minute), {}}, SettingFault::kNothing};
+}
+
 }  // namespace
+
+Text TimeOfDayText(std::int32_t minutes) {
+  const Text minute = IntText(minutes % kHour);
+  return IntText(minutes / kHour) + (minute.size() < 2 ? u":0" : u":") + minute;
+}
 
 EnteredSetting ParseSetting(const SettingRow& row, TextView entered) {
   if (row.control == SettingControl::kNumber) return ParseNumber(row, entered);
+  if (row.control == SettingControl::kTimeOfDay) return ParseTimeOfDay(entered);
   // A line of the options file holds one option.
   if (entered.find_first_of(u"\r\n") != TextView::npos) return {{}, SettingFault::kLineBreak};
   if (row.control == SettingControl::kWebAddress && !entered.empty() && !IsWebAddress(entered))

@@ -15,7 +15,8 @@ enum class SettingFault : std::uint8_t {
   kTooSmall,
   kTooLarge,
   kNoWebAddress,
-  kLineBreak
+  kLineBreak,
+  kNoTime
 };
 
 /// What a text entered for a setting means; a fault instead when it cannot be taken.
@@ -23,6 +24,8 @@ struct EnteredSetting {
   SettingValue value;
   SettingFault fault = SettingFault::kNothing;
 };
+/// How a time of day is shown: "18:00" for 1080.
+Text TimeOfDayText(std::int32_t minutes);
 EnteredSetting ParseSetting(const SettingRow& row, TextView entered);
 
 class SettingsDraft {

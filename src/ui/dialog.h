@@ -50,6 +50,7 @@ class Dialog {
   void End(INT_PTR answer) { EndDialog(dialog_, answer); }
 
  private:
+  void PlaceByOwner() const;
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;

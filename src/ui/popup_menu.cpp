@@ -1,5 +1,7 @@
 #include "ui/popup_menu.h"
 
+#include "ui/swatch_tracking.h"
+
 namespace jotlets {
 namespace {
 
@@ -20,7 +22,8 @@ bool HasCommand(HMENU menu, UINT command) {
 
 }  // namespace
 
-UINT ChooseFromMenu(HMENU menu, Point at, HWND owner) {
+UINT ChooseFromMenu(HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows) {
+  const SwatchTracking tracking(owner, rows);
   const auto chosen =
       static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
   return HasCommand(menu, chosen) ? chosen : 0;

@@ -3,12 +3,16 @@
 
 #include <windows.h>
 
+#include <span>
+
 #include "base/geometry.h"
+#include "ui/swatch_row.h"
 
 namespace jotlets {
 
 /// Shows a menu and waits; the id of the entry chosen, 0 when the menu was left. What the system answers is
-/// believed only when it is an entry of the menu: a submenu left by the keyboard may answer anything.
-UINT ChooseFromMenu(HMENU menu, Point at, HWND owner);
+/// believed only when it is an entry of the menu: a submenu left by the keyboard may answer anything. `rows`
+/// are the rows of colours that stand in it or in a menu below.
+UINT ChooseFromMenu(HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows = {});
 
 }  // namespace jotlets

@@ -1,8 +1,7 @@
 #include "ui/screen.h"
 
-#include <windows.h>
-
 #include "base/win/wide.h"
+#include "ui/window.h"
 
 namespace jotlets {
 
@@ -13,6 +12,13 @@ Rect VirtualScreen() {
 }
 
 Size PrimaryScreenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+
+Rect WorkAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return FromRECT(monitor.rcWork);
+}
 
 Text ProgramPath() {
   Text path(MAX_PATH, u'\0');

@@ -1,6 +1,8 @@
 // What the platform knows about screens, folders and this program.
 #pragma once
 
+#include <windows.h>
+
 #include "base/geometry.h"
 #include "base/text.h"
 
@@ -9,6 +11,8 @@ namespace jotlets {
 /// The rectangle around all monitors.
 Rect VirtualScreen();
 Size PrimaryScreenSize();
+/// What of the monitor that a window is on is not covered by task bars.
+Rect WorkAreaOf(HWND window);
 
 /// Full path of the program file, and its folder with "\" at the end.
 Text ProgramPath();

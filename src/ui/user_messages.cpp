@@ -21,8 +21,8 @@ void TellCount(HWND owner, const Resources& resources, UINT text, std::size_t co
 }
 
 bool AskCount(HWND owner, const Resources& resources, UINT question, std::size_t count) {
-  return ShowBox(owner, resources, WithCount(resources, question, count), MB_YESNO | MB_ICONQUESTION) ==
-         IDYES;
+  return ShowBox(owner, resources, WithCount(resources, question, count),
+                 MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
 }
 
 void Tell(HWND owner, const Resources& resources, UINT text, TextView value) {
@@ -35,7 +35,8 @@ bool AskFirst(HWND owner, const Resources& resources, UINT question, TextView va
 }
 
 bool Ask(HWND owner, const Resources& resources, UINT question) {
-  return ShowBox(owner, resources, resources.String(question), MB_YESNO | MB_ICONQUESTION) == IDYES;
+  return ShowBox(owner, resources, resources.String(question), MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) ==
+         IDYES;
 }
 
 }  // namespace jotlets

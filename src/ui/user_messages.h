@@ -10,10 +10,11 @@ namespace jotlets {
 /// Shows a text of the resources, with `value` in the place of its "%s", and waits until it is dismissed.
 void Tell(HWND owner, const Resources& resources, UINT text, TextView value);
 
-/// Asks a yes-or-no question; whether the answer was yes.
+/// Asks a yes-or-no question; whether the answer was yes. Given without looking, it is no: what is asked
+/// about takes something away. So below.
 bool Ask(HWND owner, const Resources& resources, UINT question);
 
-/// The same, with `value` in the place of "%s", and no for an answer that is given without looking.
+/// The same, with `value` in the place of "%s".
 bool AskFirst(HWND owner, const Resources& resources, UINT question, TextView value);
 
 /// The same, with a number in the place of each "%n".

@@ -2,11 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <map>
+#include <regex>
 #include <set>
+#include <string>
+#include <vector>
 
 #include "fakes.h"
 #include "note/action_state.h"
 #include "note/action_table.h"
+#include "note/note_menus.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -23,11 +29,67 @@ TEST(Actions, AreFoundByTheirWholeNameWithoutRegardToCase) {
     EXPECT_EQ(ActionFromName(name), kActionNone) << ToUtf8(name);
 }
 
-TEST(Actions, HaveATextInTheMenus) {
+// The texts of the resource scripts by their numbers.
+std::map<std::int32_t, std::string> ResourceTexts() {
+  std::map<std::string, std::int32_t> numbers;
+  const std::string header = FileBytes("../src/res/resource.h");
+  const std::regex define("#define (\\w+) (\\d+)");
+  for (std::sregex_iterator at(header.begin(), header.end(), define), end; at != end; ++at)
+    numbers[(*at)[1]] = std::stoi((*at)[2]);
+  std::map<std::int32_t, std::string> texts;
+  const std::regex row("\n  (\\w+) \"([^\n]*)\"");
+  for (const char* const file : {"../src/res/jotlets.rc", "../src/res/menus.rc"}) {
+    const std::string script = FileBytes(file);
+    for (std::sregex_iterator at(script.begin(), script.end(), row), end; at != end; ++at) {
+      const std::string name = (*at)[1];
+      texts[numbers.contains(name) ? numbers[name] : std::atoi(name.c_str())] = (*at)[2];
+    }
+  }
+  return texts;
+}
+
+// The letters that choose the entries of a menu; fails when one has none, or one that another has.
+void ExpectOwnKeys(const std::vector<std::string>& texts) {
+  std::set<int> keys;
+  for (const std::string& text : texts) {
+    const std::size_t mark = text.find('&');
+    ASSERT_TRUE(mark != std::string::npos && mark + 1 < text.size()) << "'" << text << "' has no key";
+    EXPECT_TRUE(keys.insert(std::toupper(text[mark + 1])).second) << text;
+  }
+}
+
+TEST(Menus, OfNotesGiveEveryEntryATextAndAKeyOfItsOwn) {
+  const auto texts = ResourceTexts();
+  for (auto menu = NoteMenu::kJotletMenu; menu <= NoteMenu::kStylesMenu;
+       menu = static_cast<NoteMenu>(static_cast<int>(menu) + 1)) {
+    std::vector<std::string> entries;
+    for (const MenuRow& row : RowsOf(menu)) {
+      const std::int32_t id = row.action != nullptr ? IDS_ACTION + row.action->code : row.other->text;
+      if (id != 0) entries.push_back(texts.contains(id) ? texts.at(id) : std::string());
+    }
+    EXPECT_FALSE(entries.empty());
+    ExpectOwnKeys(entries);
+  }
+}
+
+TEST(Menus, OfTheScriptGiveEveryEntryAKeyOfItsOwn) {
   const std::string script = FileBytes("../src/res/jotlets.rc");
-  for (const NoteAction& row : kNoteActions) {
-    const std::string text = "\n  " + std::to_string(IDS_ACTION + row.code) + " \"";
-    EXPECT_TRUE(row.menu == MenuPlace{} || script.find(text) != std::string::npos) << ToUtf8(row.name);
+  const auto texts = ResourceTexts();
+  const std::regex item("MENUITEM \"([^\"\t]*)");
+  for (const char* const menu : {"IDM_TRAY MENU", "IDM_STACK MENU"}) {
+    const std::size_t from = script.find(menu);
+    const std::string part = script.substr(from, script.find("\nEND", from) - from);
+    for (const std::int32_t turns : {IDS_HIDE_ALL, IDS_SHOW_ALL}) {
+      std::vector<std::string> entries;
+      for (std::sregex_iterator at(part.begin(), part.end(), item), end; at != end; ++at) {
+        const std::string text = (*at)[1];
+        // Deliberately without one.
+        if (text == "New Jotlet from Clipboard") continue;
+        entries.push_back(text == "xxxxxxxxxxxxx" ? texts.at(turns) : text);
+      }
+      EXPECT_GE(entries.size(), 10u);
+      ExpectOwnKeys(entries);
+    }
   }
 }
 

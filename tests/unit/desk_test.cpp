@@ -160,6 +160,23 @@ TEST(Desk, DeletingIsToldOfBeforeTheNoteGoes) {
   EXPECT_EQ(home.Lists().WhereIs(u"A"), NoteList::kClosed);
 }
 
+TEST(Desk, WhatIsDiscardedCanBeHadBackUntilItIsForgotten) {
+  FakeDesk home;
+  home.Load(kOneOfEach);
+  home.windows.Type(u"A", u"{\\rtf1 more}");
+  EXPECT_TRUE(home.desk.Discard(u"a", Reason::kDeleted));
+  EXPECT_EQ(home.TakeJournal(), Lines{u"deleted desktop jotlet deleted A"});
+  EXPECT_FALSE(home.IsOpen(u"A") || home.Lists().WhereIs(u"A"));
+  EXPECT_TRUE(home.desk.Saver().SaveJotlets(u"D:\\jotlets.ini", true));
+  EXPECT_EQ(home.files.Get(u"D:\\rtf\\A.rtf"), "{\\rtf1 more}");
+  EXPECT_TRUE(home.desk.Undelete(u"A") && home.IsOpen(u"A") && !home.desk.Undelete(u"A"));
+  EXPECT_TRUE(home.desk.Discard(u"A", Reason::kDeleted));
+  home.desk.ForgetDiscarded();
+  EXPECT_FALSE(home.desk.Undelete(u"A"));
+  EXPECT_TRUE(home.desk.Saver().SaveJotlets(u"D:\\jotlets.ini", true) &&
+              !home.files.Exists(u"D:\\rtf\\A.rtf"));
+}
+
 TEST(Desk, StacksThatGoLeaveNoNoteHidden) {
   FakeDesk home;
   home.Load(
@@ -240,7 +257,7 @@ class RandomDesk : public FakeDesk {
     const Text id = Any();
     const WakeFlags flags{random_.Below(2) == 0, random_.Below(2) == 0, random_.Below(2) == 0};
     windows.hasWindows = random_.Below(8) != 0;
-    switch (random_.Below(19)) {
+    switch (random_.Below(22)) {
       case 0:
       case 1:
         if (Lists().desktop.size() < 12) desk.Create({});
@@ -265,7 +282,12 @@ class RandomDesk : public FakeDesk {
         desk.Admit(u"<ID>E" + IntText(random_.Below(9)) + u"<X>1<RTF>{\\rtf1 x}", random_.Below(2) == 0,
                    Reason::kApi);
         break;
-      case 17: clock.Move(random_.Below(4000)); break;
+      case 17: desk.Discard(id, Reason::kDeleted); break;
+      case 18:
+        if (!Lists().discarded.empty()) desk.Undelete(Lists().discarded.back().id);
+        break;
+      case 19: desk.ForgetDiscarded(); break;
+      case 20: clock.Move(random_.Below(4000)); break;
       default:
         if (IsOpen(id)) windows.Type(id, u"{\\rtf1 typed}");
         // A disk that is full now and then.
@@ -292,6 +314,8 @@ class RandomDesk : public FakeDesk {
     for (const JotletData& record : lists.attached) check(record, NoteList::kAttached);
     for (const JotletData& record : lists.sleeping) check(record, NoteList::kSleeping);
     for (const JotletData& record : lists.closed) check(record, NoteList::kClosed);
+    for (const JotletData& record : lists.discarded)
+      ASSERT_TRUE(files.Exists(Text(kFolder) + ContentPath(record))) << ToUtf8(record.id);
     ASSERT_EQ(ids.size(), notes);
     // What fell off the end of the closed notes is told of last, what is deleted by the user first.
     if (depth_ > 0) return;

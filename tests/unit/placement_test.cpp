@@ -5,6 +5,7 @@
 #include <chrono>
 #include <vector>
 
+#include "base/beside.h"
 #include "data/jotlet_data.h"
 #include "note/note_place.h"
 
@@ -151,6 +152,17 @@ TEST(NotePlace, OfAMonitorThatIsAwayIsNotScaled) {
   EXPECT_TRUE(place.Shown() == RectAt({1792, 300}, {200, 133}) && place.Chosen() == chosen);
   place.MonitorsChanged(Screens(2)), place.ScaleChanged(144);
   EXPECT_TRUE(place.Shown() == chosen && place.Chosen() == chosen);
+}
+
+TEST(PlaceBeside, IsRightElseLeftElseOverAndAlwaysOnTheMonitor) {
+  const Rect area{-1000, 0, 1000, 700};
+  const auto at = [&](Rect other, Size size = {300, 200}) { return PlaceBeside(size, other, area, 8); };
+  EXPECT_EQ(at({0, 100, 200, 300}), (Point{208, 100}));
+  EXPECT_EQ(at({600, 600, 800, 690}), (Point{292, 500})) << "no room on the right, nor below";
+  EXPECT_EQ(at({-900, -50, 900, 600}), (Point{-150, 0})) << "over it";
+  EXPECT_EQ(at({980, 100, 1400, 300}), (Point{672, 100})) << "of a note that is half off the monitor";
+  EXPECT_EQ(at({3000, 100, 3200, 300}), (Point{700, 100})) << "of one that is elsewhere";
+  EXPECT_EQ(at({0, 100, 200, 300}, {5000, 900}), (Point{-1000, 0})) << "its beginning is seen";
 }
 
 }  // namespace

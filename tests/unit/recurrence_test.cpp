@@ -6,6 +6,7 @@
 
 #include "fakes.h"
 #include "schedule/calendar.h"
+#include "schedule/presets.h"
 #include "schedule/sleep_times.h"
 #include "zone_clock.h"
 
@@ -244,6 +245,26 @@ TEST(SleepTimes, UnitsAndFlags) {
   EXPECT_EQ(record.sleep.flags, 5);
   EXPECT_EQ(record.sleep.lastWake, kNone) << "an old end keeps no plain note asleep";
   EXPECT_EQ(FlagsOf(record), (WakeFlags{true, false, true}));
+}
+
+TEST(Presets, AreTimesOfTheDaysToComeAlsoWhereTheClocksChange) {
+  const auto times = [](const Zone& zone, LocalTime now) {
+    const ZoneClock clock(zone);
+    std::string all;
+    for (int preset = 0; preset < kPresets; ++preset) {
+      const auto time = TimeOf(static_cast<Preset>(preset), clock.ToUtc(now), {18 * 60, 8 * 60 + 30}, clock);
+      all += Shown(clock, time.value_or(0)) + (preset + 1 < kPresets ? ", " : "");
+    }
+    return all;
+  };
+  // A Saturday, before the night in which the hour from 2 to 3 is left out.
+  EXPECT_EQ(times(kBerlin, {2026, 3, 28, 17, 50, 0}),
+            "2026-03-28 18:10, 2026-03-28 18:00, 2026-03-29 08:30, 2026-03-30 08:30");
+  EXPECT_EQ(times(kNewYork, {2026, 12, 31, 23, 45, 0}),
+            "2027-01-01 00:05, none, 2027-01-01 08:30, 2027-01-04 08:30");
+  EXPECT_EQ(times(kUtc, {2026, 11, 23, 18, 0, 0}),
+            "2026-11-23 18:20, none, 2026-11-24 08:30, 2026-11-30 08:30")
+      << "on a Monday the next one";
 }
 
 }  // namespace

@@ -226,7 +226,7 @@ TEST_F(RowsTest, MenusShowWhatProgramsAddAndTellThem) {
 
   // Left by the keyboard out of a menu below; then what is chosen has been removed meanwhile.
   ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, Title(note), true));
-  for (const int key : {VK_UP, VK_UP, VK_UP, VK_UP, VK_RIGHT, VK_ESCAPE, VK_ESCAPE})
+  for (const int key : {VK_UP, VK_UP, VK_UP, VK_UP, VK_UP, VK_RIGHT, VK_ESCAPE, VK_ESCAPE})
     PressKeys({static_cast<WORD>(key)});
   EXPECT_TRUE(WaitUntil([this] { return !MenuIsOpen(); }));
   ASSERT_TRUE(ClickUntil([this] { return MenuIsOpen(); }, Title(note), true));

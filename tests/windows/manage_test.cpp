@@ -175,6 +175,10 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_DELETE});
   EXPECT_NE(AnswerBox(*program_, Find()).find(u"for good"), Text::npos);
+  EXPECT_EQ(Listed(u"closed").size(), 1u) << "Enter without looking";
+  PressKeys({VK_DELETE});
+  ASSERT_TRUE(WaitUntil([&] { return DialogInFront() != Find(); }));
+  PressKeys({'Y'});
   EXPECT_TRUE(WaitUntil([&] { return Listed(u"closed").empty(); }));
   EXPECT_EQ(events_, Ids{u"508 deleted closed jotlet CC01"});
   Reply(u"do saveini");

@@ -5,6 +5,7 @@
 
 #include "data/data_folder.h"
 #include "desktop.h"
+#include "note/papers.h"
 #include "note/win/jotlet.h"
 #include "window_test.h"
 
@@ -106,6 +107,24 @@ TEST_F(NoteWindowTest, IsOpaqueWhileItIsEditedAndFadesAfterwards) {
   // One step short of its own opacity: 51 percent.
   EXPECT_TRUE(WaitUntil([&] { return AlphaOf(note) == 51 * 255 / 100; })) << int{AlphaOf(note)};
   EXPECT_EQ(Saved(u"AA01").transparency, 50);
+}
+
+TEST_F(NoteWindowTest, TakesThePaperThatIsMarkedInItsMenu) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Paper")}, kSnapping));
+  const HWND note = NoteTitled(u"Paper");
+  ASSERT_TRUE(ClickIntoText(note));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  const Rect menu = BoundsOf(WindowsOfClass(L"#32768", program_->Id()).front());
+  EXPECT_EQ((Point{menu.left, menu.top}), (Point{308, 219})) << "under the title";
+  // Not Down: the mouse may have lit an entry already.
+  for (const int key : {VK_HOME, VK_RIGHT, VK_RIGHT, VK_LEFT, VK_RETURN}) PressKeys({static_cast<WORD>(key)});
+  EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").colour == kPapers[1]; }));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  // In the fourth of the nine.
+  EXPECT_TRUE(ClickUntil([&] { return Saved(u"AA01").colour == kPapers[3]; },
+                         {menu.left + menu.Width() * 7 / 18 - 8, menu.top + 24}));
 }
 
 TEST_F(NoteWindowTest, GoesAwayAndIsBackWhereItWas) {
@@ -247,10 +266,21 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").readOnly; }));
   TypeText(u"x");
   PressKeys({VK_F2});
-  ASSERT_TRUE(WaitUntil([&] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
+  const auto titleLine = [] {
+    return FindWindowExW(FindWindowW(kJotletClass, nullptr), nullptr, L"Edit", nullptr);
+  };
+  ASSERT_TRUE(WaitUntil([&] { return titleLine() != nullptr; }));
   TypeText(u"Renamed");
+  // The note's own commands leave the title alone.
+  PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_RETURN});
   EXPECT_NE(NoteTitled(u"Renamed"), nullptr);
+  PressKeys({VK_F2});
+  ASSERT_TRUE(WaitUntil([&] { return titleLine() != nullptr; }));
+  TypeText(u"Not this");
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(WaitUntil([&] { return titleLine() == nullptr; }));
+  EXPECT_EQ(Saved(u"AA01").title, u"Renamed");
   EXPECT_EQ(TextOf(u"AA01"), u"http://example.com");
 }
 

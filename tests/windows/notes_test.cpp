@@ -153,7 +153,16 @@ TEST_F(KeysTest, NotesAreCreatedAndTheProgramEndedWithTheKeyboard) {
   EXPECT_EQ(Reply(u"do register"), u"000 OK will send events your way");
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
   const Text id = CreateBy({VK_CONTROL, 'N'}, u"Fresh");
-  PressKeys({VK_MENU, VK_F4});
+  // What is meant is asked first: nothing, just the note, or all.
+  const auto answer = [&](WORD key) {
+    PressKeys({VK_MENU, VK_F4});
+    const HWND dialog = DialogInFront();
+    PressKeys({key});
+    return dialog != nullptr && WaitUntil([&] { return !IsWindow(dialog); });
+  };
+  EXPECT_TRUE(answer(VK_ESCAPE));
+  EXPECT_EQ(List(u"desktop").back(), id);
+  EXPECT_TRUE(answer('L'));
   EXPECT_EQ(program_->WaitForEnd(), 0u);
   ASSERT_FALSE(events.empty());
   EXPECT_EQ(events.front(), u"506 desktop jotlet focus AA01");
@@ -174,6 +183,62 @@ TEST_F(KeysTest, HotKeysCreateNotesAndATakenOneDoesNoHarm) {
   EXPECT_EQ(TextOf(id), u"Hot");
   CreateBy({VK_LWIN, VK_MENU, VK_SHIFT, 'S'}, u"Clip");
   UnregisterHotKey(nullptr, 1);
+}
+
+TEST_F(KeysTest, ANewNoteBeginsWithItsTitleOrWithNothingIfTheOptionSaysSo) {
+  EXPECT_EQ(Close(), 0u);
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"NewJotletAction=1"));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  PressKeys({VK_CONTROL, 'N'});
+  ASSERT_TRUE(
+      WaitUntil([] { return FindWindowExW(GetForegroundWindow(), nullptr, L"Edit", nullptr) != nullptr; }));
+  TypeText(u"Titled");
+  PressKeys({VK_RETURN});
+  EXPECT_NE(NoteTitled(u"Titled"), nullptr);
+  EXPECT_EQ(Close(), 0u);
+  Write(folder_ + Text(kOptionsFileName), EncodeTextFile(u"[Options]\nNewJotletAction=2\n"));
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  PressKeys({VK_CONTROL, 'N'});
+  EXPECT_TRUE(WaitUntil([this] { return List(u"desktop").size() == 3; }));
+  EXPECT_EQ(GetForegroundWindow(), NoteTitled(u"One"));
+}
+
+TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
+  const auto strip = [this] {
+    const auto strips = WindowsOfClass(L"JotletsUndoStrip", program_->Id());
+    return strips.empty() ? nullptr : strips[0];
+  };
+  const auto undo = [&](const Text& words) {
+    EXPECT_TRUE(WaitUntil([&] { return strip() != nullptr && TextOfWindow(strip()) == words; }))
+        << ToUtf8(words);
+    EXPECT_NE(GetForegroundWindow(), strip());
+    const Rect at = BoundsOf(strip());
+    EXPECT_TRUE(ClickUntil([&] { return strip() == nullptr; }, {at.right - 20, at.top + at.Height() / 2}));
+    return WaitUntil([this] { return List(u"desktop").size() == 1; }) && ClickIntoText(NoteTitled(u"One"));
+  };
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  TypeText(u"typed ");
+  const Text text = u"AA01typed ";
+  EXPECT_TRUE(WaitUntil([&] { return ShownText(NoteTitled(u"One")) == text; }));
+  PressKeys({VK_CONTROL, 'W'});
+  ASSERT_TRUE(undo(u"Closed. Undo"));
+  PressKeys({VK_CONTROL, 'H'});
+  ASSERT_TRUE(undo(u"Hidden. Undo"));
+  const auto deleteIt = [&] {
+    PressKeys({VK_CONTROL, VK_SHIFT, VK_DELETE});
+    EXPECT_NE(DialogInFront(), nullptr);
+    PressKeys({'Y'});
+  };
+  deleteIt();
+  ASSERT_TRUE(undo(u"Deleted. Undo"));
+  EXPECT_EQ(ShownText(NoteTitled(u"One")), text);
+  const Text id = List(u"desktop").front();
+  deleteIt();
+  EXPECT_TRUE(WaitUntil([&] { return strip() != nullptr; }));
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_FALSE(Read(folder_ + u"jotlets.ini").empty());
+  EXPECT_EQ(Read(folder_ + u"rtf\\" + id + u".rtf"), "") << "with the end at the latest it is gone";
 }
 
 }  // namespace

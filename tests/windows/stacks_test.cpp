@@ -71,6 +71,7 @@ JotletData Member(TextView id, Point place, std::int32_t stack) {
 
 TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   std::vector<JotletData> notes;
+  notes.reserve(5);
   for (int each = 0; each < 5; ++each)
     notes.push_back(NoteRecord(u"AA0" + IntText(each + 1), {500 + 30 * each, 60 + 150 * (each % 4)},
                                u"AA0" + IntText(each + 1)));
@@ -79,7 +80,7 @@ TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   Select({u"AA01", u"AA02", u"AA03"});
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
-  PressKeys({'F'});
+  PressKeys({'A'});
   ASSERT_TRUE(WaitUntil([] { return WindowsOfClass(L"#32768").size() == 2; }));
   PressKeys({'N'});
   const HWND stack = Stack(u"Stack 1");

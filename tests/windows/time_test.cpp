@@ -9,6 +9,7 @@
 #include "desktop.h"
 #include "note/win/jotlet.h"
 #include "res/resource.h"
+#include "schedule/sleep_times.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -118,6 +119,29 @@ TEST_F(TimeTest, AnAlarmIsSetForAllThatAreSelectedAndHiddenOnesWait) {
   EXPECT_FALSE(LogHolds("Starting alarm for: Two"));
   for (int press = 0; press < 2; ++press) PostMessageW(MainWindow(), WM_COMMAND, ID_SHOW_OR_HIDE, 0);
   EXPECT_TRUE(WaitUntil([&] { return LogHolds("Starting alarm for: Two"); }));
+}
+
+TEST_F(TimeTest, KeysQuietenASoundingNoteOrLetItSnoozeAndTheMenuPutsItAway) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"One")}, kLoud));
+  const Rect place = BoundsOf(NoteTitled(u"One"));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  ASSERT_EQ(Reply(u"do alarmstart AA01"), u"000 OK alarmed");
+  EXPECT_TRUE(Jiggles(NoteTitled(u"One"), place));
+  PressKeys({VK_SHIFT, VK_ESCAPE});
+  EXPECT_TRUE(Settles(NoteTitled(u"One"), place));
+  EXPECT_LT(std::abs(Saved(u"AA01").alarm - Now() - 7 * 60), 60);
+  ASSERT_EQ(Reply(u"do alarmstart AA01"), u"000 OK alarmed");
+  EXPECT_TRUE(Jiggles(NoteTitled(u"One"), place));
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(Settles(NoteTitled(u"One"), place));
+  EXPECT_EQ(Saved(u"AA01").alarm, kNone);
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  for (const WORD key : {WORD{'R'}, WORD{'2'}}) PressKeys({key});
+  ASSERT_TRUE(WaitUntil([this] { return List(u"desktop").empty(); }));
+  const JotletData asleep = Saved(u"AA01");
+  EXPECT_LT(std::abs(asleep.sleep.nextWake - Now() - 20 * 60), 60);
+  EXPECT_TRUE(FlagsOf(asleep).alarm);
 }
 
 TEST_F(TimeTest, ASourceSendsACopyAndWhatFellDueMeanwhileComesAtTheNextStart) {

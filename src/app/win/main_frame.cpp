@@ -34,7 +34,11 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return OnCopyData(reinterpret_cast<HWND>(wParam), reinterpret_cast<const COPYDATASTRUCT*>(lParam));
     case WM_TIMER: program_.OnTimer(static_cast<ProgramTimer>(wParam)); return 0;
     case WM_HOTKEY: program_.OnHotKey(static_cast<int>(wParam)); return 0;
-    case WM_COMMAND: program_.OnCommand(LOWORD(wParam)); return 0;
+    case WM_COMMAND:
+      // A key, unlike the menu, may be pressed by mistake.
+      if (wParam == MAKEWPARAM(ID_EXIT_JOTLETS, 1)) return program_.OnExitKey(), 0;
+      program_.OnCommand(LOWORD(wParam));
+      return 0;
     case kTrayMessage:
     case kPurgeMessage:
     case kRefreshStacksMessage:

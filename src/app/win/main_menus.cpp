@@ -30,6 +30,18 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vect
   return menu;
 }
 
+void ShowHotKeys(HMENU menu, const HotKeys& hotKeys) {
+  constexpr UINT kEntries[] = {0, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, 0, ID_RESCUE};
+  for (std::size_t i = 0; i < HotKeys::kCount; ++i) {
+    const Text key = hotKeys.Held(i);
+    if (kEntries[i] == 0 || key.empty()) continue;
+    wchar_t shown[128]{};
+    const int length = GetMenuStringW(menu, kEntries[i], shown, 128, MF_BYCOMMAND);
+    const Text text = Text(FromWide(shown, static_cast<std::size_t>(length))) + u"\t" + key;
+    ModifyMenuW(menu, kEntries[i], MF_BYCOMMAND | MF_STRING, kEntries[i], Wide(text));
+  }
+}
+
 void ShowPopupMenu(HWND owner, HMENU menu) {
   const Point at = MousePosition();
   // Without the first call the menu stays when the user clicks elsewhere, without the last the next one

@@ -49,12 +49,13 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },
                        [this](bool held) { HoldHotKeys(held); }}),
-      trayCommands_({resources,  system_.files, system_.ansi, system_.log, options_.Current(),
-                     desk_,      notes_,        stacks_,      managed_,    optionCommands_,
-                     friends_,   saving_,       tray_,        keys_,       backups_,
-                     listeners_, menus_,        window_,      state_,      *this}),
+      undo_(resources, options_.Current(), desk_, managed_),
+      trayCommands_({resources, system_.files, system_.ansi, system_.log,     options_.Current(), desk_,
+                     notes_,    stacks_,       managed_,     optionCommands_, friends_,           saving_,
+                     tray_,     hotKeys_,      keys_,        backups_,        listeners_,         menus_,
+                     window_,   state_,        *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
-                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
+                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, undo_,
                      listeners_, menus_, window_, state_}),
       commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
                 {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, saving_,
@@ -155,6 +156,19 @@ void Program::OnAnimationClosed(const Text& id, bool deletes) {
   }
 }
 
+void Program::OnExitKey() {
+  BJotlet* note = notes_.FindWindowOwner(GetFocus());
+  if (note == nullptr || options_.Current().altF4Leaves || state_.exiting)
+    return trayCommands_.Do(ID_EXIT_JOTLETS);
+  noteCommands_.LeaveOrClose(*note);
+}
+
+void Program::OnNoteHidden(const BJotlet& jotlet) {
+  // Notes that a stack gathers in are to be seen there.
+  if (desk_.Lists().FindStack(jotlet.StoredRecord().stack) != nullptr) return;
+  undo_.Offer(UndoKind::kHidden, {jotlet.StoredRecord().id}, jotlet.Bounds());
+}
+
 void Program::CheckContent() {
   RemoveLeftovers(system_.files, desk_.Folder());
   std::vector<Orphan> orphans =
@@ -173,6 +187,7 @@ void Program::CheckContent() {
 }
 
 FileStatus Program::MoveDataTo(TextView folder) {
+  undo_.End();
   // Everything that is in memory goes along.
   saving_.SaveOptions();
   FileStatus moved = saving_.SaveJotlets() ? MoveData(system_.files, system_.log, desk_.Folder(), folder)
@@ -183,6 +198,7 @@ FileStatus Program::MoveDataTo(TextView folder) {
 
 // While the files are being replaced, what is on the screen must neither change nor be written.
 void Program::HoldStill(bool still) {
+  undo_.End();
   if (still) listeners_.Send({EventKind::kRestoring});
   state_.exiting = still;
   notes_.Enable(!still);
@@ -222,6 +238,7 @@ void Program::Restart() {
 
 // Saves; without the user's leave nothing that is not saved is given up.
 bool Program::MayExit(bool silent) {
+  undo_.End();
   sleeping_.Enable(false);
   notes_.StopAlarms();
   hotKeys_.Unregister(window_.Handle());

@@ -9,6 +9,7 @@
 #include "app/win/commands/option_commands.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
+#include "app/win/commands/undo_offers.h"
 #include "app/win/data_folder_claim.h"
 #include "app/win/hot_keys.h"
 #include "app/win/keys_dialog.h"
@@ -63,6 +64,8 @@ class Program final : private OpenNotesOwner,
   void OnTimer(ProgramTimer timer);
   void OnMessage(ProgramMessage message, LPARAM detail);
   void OnCommand(UINT command) { trayCommands_.Do(command); }
+  /// Alt+F4, which in a note may be meant for that alone.
+  void OnExitKey();
   void OnHotKey(int id) { trayCommands_.OnHotKey(id); }
   void OnTaskbarCreated() { tray_.AddAgain(); }
   void FollowMonitors();
@@ -106,7 +109,9 @@ class Program final : private OpenNotesOwner,
   void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }
   bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
   void OnAnimationClosed(const Text& id, bool deletes) override;
+  void OnNoteHidden(const BJotlet& jotlet) override;
   bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
+  void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
   bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
     return StateOf(action, noteCommands_.FactsOf(jotlet)).enabled;
   }
@@ -117,6 +122,7 @@ class Program final : private OpenNotesOwner,
   void TellUnknownHeightSoon() override { window_.Post(kUnknownHeightMessage); }
 
   void DoProgramCommand(UINT command) override { trayCommands_.Do(command); }
+  void RememberColour(Colour colour) override { noteCommands_.RememberColour(colour); }
   void CloseForUser(const Text& id) override { noteCommands_.CloseForUser(id); }
   void RefreshStacksSoon() override { window_.Post(kRefreshStacksMessage); }
 
@@ -162,6 +168,7 @@ class Program final : private OpenNotesOwner,
   SkinCommands skinCommands_;
   ManagedNotes managed_;
   OptionCommands optionCommands_;
+  UndoOffers undo_;
   TrayCommands trayCommands_;
   NoteCommands noteCommands_;
   CommandEndpoint commands_;

@@ -31,6 +31,14 @@ Text ShownTimeOfDay(const LocalTime& t) {
   return Text(FromWide(clock));
 }
 
+Text ShownSoon(const LocalTime& t, const LocalTime& today) {
+  if (t.year == today.year && t.month == today.month && t.day == today.day) return ShownTimeOfDay(t);
+  const SYSTEMTIME time = ToSYSTEMTIME(t);
+  wchar_t day[kRoom] = {};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &time, L"ddd", day, kRoom, nullptr);
+  return Text(FromWide(day)) + u" " + ShownTimeOfDay(t);
+}
+
 Text ShownTime(const LocalTime& t) { return ShownDate(t) + u" " + ShownTimeOfDay(t); }
 
 }  // namespace jotlets

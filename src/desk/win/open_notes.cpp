@@ -209,10 +209,6 @@ void OpenNotes::Rescue() {
   }
 }
 
-void OpenNotes::EndGhosts() {
-  for (const auto& jotlet : jotlets_) jotlet->SetGhost(false);
-}
-
 void OpenNotes::LogRescue(const BJotlet& jotlet, Point from) {
   const Rect to = jotlet.Bounds();
   log_.Write(kLogLifecycle, u"Saved jotlet ", jotlet.StoredRecord().id,
@@ -242,6 +238,7 @@ bool OpenNotes::Animate() {
 }
 
 void OpenNotes::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
+  if (kind == AnimationKind::kHide) owner_.OnNoteHidden(jotlet);
   if (kind == AnimationKind::kClose) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), false);
   if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
 }
@@ -317,15 +314,15 @@ void OpenNotes::Enable(bool enabled) {
   for (const auto& jotlet : jotlets_) EnableWindow(jotlet->Handle(), enabled);
 }
 
-void OpenNotes::Purge() {
-  std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
-}
-
 void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
   switch (event) {
     case JotletEvent::kChanged: return owner_.OnNoteChanged(jotlet.StoredRecord().id);
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
+    case JotletEvent::kClicked:
+      if (options_.makeAllVisible != 1) return;
+      BringForward();
+      return jotlet.BringForward();
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
     case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
     case JotletEvent::kSounding: return OnAlarm(jotlet, true);

@@ -36,7 +36,11 @@ class OpenNotesOwner {
   virtual bool IsTargetBehind(const JotletData& record) = 0;
   /// An animated move has ended that closes or deletes its note.
   virtual void OnAnimationClosed(const Text& id, bool deletes) = 0;
+  /// A note has gone out of sight, and is hidden.
+  virtual void OnNoteHidden(const BJotlet& jotlet) = 0;
   virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
+  /// A sounding note is to sound again later.
+  virtual void SnoozeNote(const Text& id) = 0;
   virtual bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
   /// The stacks on the screen, and one of them by its number.
   virtual std::vector<Rect> StackBounds() const = 0;
@@ -116,12 +120,15 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   /// among them end being such: nobody could take hold of them.
   void Rescue();
   /// Ends the ghost state of all notes.
-  void EndGhosts();
+  void EndGhosts() {
+    for (const auto& jotlet : jotlets_) jotlet->SetGhost(false);
+  }
   /// Shows every note where it can be seen on the monitors that there are now: call it whenever they may have
   /// changed. What a note's record says stays as the user chose it.
   void FollowMonitors();
   /// One step of all animated moves; whether any goes on.
   bool Animate();
+  void Snooze(BJotlet& jotlet) { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
   bool IsAnySounding() const { return sounding_ > 0; }
   void StopAlarms();
@@ -132,7 +139,9 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
 
   /// Throws removed notes away whose windows no longer serve a message; the others wait for the next call,
   /// which may take as long as a menu of theirs is open.
-  void Purge();
+  void Purge() {
+    std::erase_if(removed_, [](const auto& jotlet) { return !jotlet->IsBusy(); });
+  }
 
   void OnJotletEvent(BJotlet& jotlet, JotletEvent event) override;
   void OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) override;

@@ -19,6 +19,8 @@ class StacksOwner {
   virtual void DoProgramCommand(UINT command) = 0;
   /// Closes a note for the user, who is told when that is not possible.
   virtual void CloseForUser(const Text& id) = 0;
+  /// A colour has been chosen that is to be offered again.
+  virtual void RememberColour(Colour colour) = 0;
   /// `OpenStacks::Refresh` and `OpenStacks::Purge` are to be called from the message loop.
   virtual void RefreshStacksSoon() = 0;
   virtual void PurgeSoon() = 0;

@@ -3,12 +3,22 @@
 
 #include "base/win/wide.h"
 #include "desk/win/open_stacks.h"
+#include "note/win/colour_menu.h"
 #include "res/resource.h"
 #include "ui/popup_menu.h"
-#include "ui/system_choosers.h"
 #include "ui/text_dialog.h"
 
 namespace jotlets {
+namespace {
+
+// At the mouse, or on the stack when the mouse is elsewhere.
+Point MenuPlace(const BStackDlg& stack) {
+  const Point mouse = MousePosition();
+  const Rect bounds = stack.Bounds();
+  return bounds.Contains(mouse) ? mouse : Point{bounds.left + 16, bounds.top + 24};
+}
+
+}  // namespace
 
 bool OpenStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
   switch (action) {
@@ -45,11 +55,8 @@ void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member
   const bool isOpen = member && desktop_.Find(*member) != nullptr;
   for (const UINT ofRow : {UINT{ID_STACK_SHOW_MEMBER}, UINT{ID_STACK_TAKE_OUT}})
     EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (isOpen ? MF_ENABLED : MF_GRAYED));
-  POINT at{MousePosition().x, MousePosition().y};
-  const RECT bounds = ToRECT(stack.Bounds());
-  if (!PtInRect(&bounds, at)) at = {bounds.left + 16, bounds.top + 24};
   SetForegroundWindow(stack.Handle());
-  const UINT chosen = ChooseFromMenu(menu, {at.x, at.y}, stack.Handle());
+  const UINT chosen = ChooseFromMenu(menu, MenuPlace(stack), stack.Handle());
   // The menu runs a message loop of its own, in which the stack may go.
   if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
 }
@@ -87,9 +94,13 @@ void OpenStacks::EditTitle(std::int32_t number) {
 void OpenStacks::ChooseColour(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
-  const auto colour = ChooseSystemColour(stack->Handle(), StackColour(stack->Record(), stack->Members()));
+  const auto colour =
+      jotlets::ChooseColour(resources_, desktop_.NoteOptions(), stack->Handle(), MenuPlace(*stack),
+                            StackColour(stack->Record(), stack->Members()));
   stack = Find(number);
-  if (colour && stack != nullptr) stack->SetColour(*colour);
+  if (!colour || stack == nullptr) return;
+  owner_.RememberColour(*colour);
+  stack->SetColour(*colour);
 }
 
 void OpenStacks::OnMemberClicked(BStackDlg& stack, const Text& id) {

@@ -5,94 +5,43 @@
 
 #include "base/win/wide.h"
 #include "note/shortcuts.h"
-#include "res/resource.h"
+#include "note/win/jotlet.h"
 #include "ui/popup_menu.h"
-#include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
-// The ids of extra entries, by their places; those of commands are their codes.
+// The ids of entries that are no command, by their places; those of commands are their codes.
 constexpr UINT kFirstExtra = 1000;
-
-// An entry that is no command: a menu below, or the extra entries of a part, in a menu of their own when
-// there is a text.
-struct OtherEntry {
-  MenuPlace place;
-  UINT text = 0;
-  NoteMenu below = NoteMenu::kNoMenu;
-  MenuPart part = MenuPart::kNothing;
-};
-
-constexpr OtherEntry kOthers[] = {
-    {{NoteMenu::kJotletMenu, 220}, IDS_MENU_OPACITY, NoteMenu::kOpacityMenu},
-    {{NoteMenu::kJotletMenu, 240}, IDS_MENU_MARKS, NoteMenu::kMarksMenu},
-    {.place = {NoteMenu::kJotletMenu, 590}, .part = MenuPart::kFile},
-    {.place = {NoteMenu::kJotletMenu, 440}, .part = MenuPart::kAttachment},
-    {{NoteMenu::kJotletMenu, 450}, IDS_MENU_STACKS, NoteMenu::kStacksMenu, MenuPart::kStacks},
-    {.place = {NoteMenu::kJotletMenu, 900}, .part = MenuPart::kOfOthers},
-    {{NoteMenu::kTextMenu, 310}, IDS_MENU_FORMAT, NoteMenu::kFormatMenu},
-    {{NoteMenu::kTextMenu, 320}, IDS_MENU_ALIGN, NoteMenu::kAlignMenu},
-    {{NoteMenu::kTextMenu, 330}, IDS_MENU_BULLETS, NoteMenu::kBulletsMenu},
-    {{NoteMenu::kTextMenu, 340}, IDS_MENU_HIGHLIGHT, NoteMenu::kHighlightMenu},
-    {{NoteMenu::kTextMenu, 350}, IDS_MENU_STYLES, NoteMenu::kStylesMenu},
-    {{NoteMenu::kTextMenu, 500}, IDS_MENU_JOTLET, NoteMenu::kJotletMenu},
-};
-
-static_assert(std::ranges::none_of(kNoteActions, [](const NoteAction& row) {
-  return std::ranges::find(kOthers, row.menu, &OtherEntry::place) != std::end(kOthers);
-}));
-
-// Of these two, one is there.
-struct Entry {
-  std::int32_t at = 0;
-  const NoteAction* action = nullptr;
-  const OtherEntry* other = nullptr;
-};
-
-std::vector<Entry> EntriesOf(NoteMenu which) {
-  std::vector<Entry> entries;
-  for (const NoteAction& row : kNoteActions)
-    if (row.menu.menu == which) entries.push_back({row.menu.at, &row, nullptr});
-  for (const OtherEntry& other : kOthers)
-    if (other.place.menu == which) entries.push_back({other.place.at, nullptr, &other});
-  std::ranges::sort(entries, {}, &Entry::at);
-  return entries;
-}
+constexpr UINT kFirstColours = 900;
 
 UINT StateFlags(bool enabled, bool checked) {
   return (enabled ? MF_ENABLED : MF_GRAYED) | (checked ? MF_CHECKED : MF_UNCHECKED);
 }
 
-void AppendExtras(HMENU menu, MenuPart part, std::span<const ExtraEntry> extras) {
-  UINT id = kFirstExtra;
-  for (const ExtraEntry& extra : extras) {
-    const UINT own = id++;
-    if (extra.part != part) continue;
-    const UINT flags = extra.run ? StateFlags(extra.enabled, extra.checked) : MF_SEPARATOR;
-    AppendMenuW(menu, flags, own, Wide(extra.text));
-  }
-}
-
 // Builds a menu from what every entry needs.
 class MenuBuilder {
  public:
-  MenuBuilder(const Resources& resources, const ActionFacts& facts, std::span<const ExtraEntry> extras)
-      : resources_(resources), facts_(facts), extras_(extras) {}
+  MenuBuilder(const Resources& resources, const ActionFacts& facts, const MenuExtras& extras,
+              std::span<const std::unique_ptr<SwatchRow>> rows)
+      : resources_(resources), facts_(facts), extras_(extras), rows_(rows) {}
 
   UniqueMenu Build(NoteMenu which) const {
     constexpr std::int32_t kStretch = 100;
     UniqueMenu menu(CreatePopupMenu());
-    std::int32_t last = 0;
-    for (const Entry& entry : EntriesOf(which)) {
-      if (!IsThere(entry)) continue;
-      if (last != 0 && entry.at / kStretch != last / kStretch)
+    std::int32_t last = kStretch;
+    for (const MenuRow& row : RowsOf(which)) {
+      if (!IsThere(row)) continue;
+      if (GetMenuItemCount(menu.get()) > 0 && row.at / kStretch != last / kStretch)
         AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-      last = entry.at;
-      if (entry.action != nullptr) {
-        AppendAction(menu.get(), *entry.action);
+      last = row.at;
+      if (row.action != nullptr) {
+        AppendAction(menu.get(), *row.action);
+      } else if (row.other->below != NoteMenu::kNoMenu) {
+        AppendMenuBelow(menu.get(), *row.other);
       } else {
-        AppendOther(menu.get(), *entry.other);
+        AppendExtras(menu.get(), *row.other);
+        AppendColours(menu.get(), *row.other);
       }
     }
     return menu;
@@ -100,9 +49,11 @@ class MenuBuilder {
 
  private:
   // A part without entries gets no separator either.
-  bool IsThere(const Entry& entry) const {
-    return entry.other == nullptr || entry.other->text != 0 ||
-           std::ranges::count(extras_, entry.other->part, &ExtraEntry::part) != 0;
+  bool IsThere(const MenuRow& row) const {
+    if (row.other == nullptr || row.other->below != NoteMenu::kNoMenu) return true;
+    return std::ranges::count(extras_.entries, row.other->part, &ExtraEntry::part) +
+               std::ranges::count(extras_.colours, row.other->part, &ColourEntry::part) !=
+           0;
   }
 
   void AppendAction(HMENU menu, const NoteAction& row) const {
@@ -113,42 +64,69 @@ class MenuBuilder {
     AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
   }
 
-  void AppendOther(HMENU menu, const OtherEntry& other) const {
-    if (other.text == 0) return AppendExtras(menu, other.part, extras_);
-    UniqueMenu below = Build(other.below);
-    AppendExtras(below.get(), other.part, extras_);
+  void AppendMenuBelow(HMENU menu, const MenuEntry& entry) const {
+    UniqueMenu below = Build(entry.below);
     // The menu above owns the one below from here on.
-    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()),
-                Wide(resources_.String(other.text)));
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()), Wide(TextOf(entry)));
   }
+
+  void AppendExtras(HMENU menu, const MenuEntry& entry) const {
+    UINT id = kFirstExtra;
+    for (const ExtraEntry& extra : extras_.entries) {
+      const UINT own = id++;
+      if (extra.part != entry.part) continue;
+      Text text = entry.text == 0 ? extra.text : TextOf(entry);
+      if (entry.text != 0 && !extra.text.empty()) text += u"\t" + extra.text;
+      AppendMenuW(menu, StateFlags(extra.enabled, extra.checked), own, Wide(text));
+    }
+  }
+
+  void AppendColours(HMENU menu, const MenuEntry& entry) const {
+    for (std::size_t i = 0; i < extras_.colours.size(); ++i) {
+      const ColourEntry& colours = extras_.colours[i];
+      if (colours.part == entry.part)
+        rows_[i]->AppendTo(menu, kFirstColours + static_cast<UINT>(i), colours.enabled);
+    }
+  }
+
+  Text TextOf(const MenuEntry& entry) const { return resources_.String(static_cast<UINT>(entry.text)); }
 
   const Resources& resources_;
   const ActionFacts& facts_;
-  std::span<const ExtraEntry> extras_;
+  const MenuExtras& extras_;
+  std::span<const std::unique_ptr<SwatchRow>> rows_;
 };
+
+std::vector<std::unique_ptr<SwatchRow>> MakeRows(const Resources& resources, const MenuExtras& extras) {
+  std::vector<std::unique_ptr<SwatchRow>> rows;
+  for (const ColourEntry& colours : extras.colours) {
+    const Text spoken = ReplaceAll(resources.String(IDS_SWATCH), u"%c", colours.caption);
+    rows.push_back(std::make_unique<SwatchRow>(spoken, colours.swatches, colours.current));
+  }
+  return rows;
+}
 
 }  // namespace
 
 ActionMenu::ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
-                       std::vector<ExtraEntry> extras)
-    : extras_(std::move(extras)), menu_(MenuBuilder(resources, facts, extras_).Build(which)) {}
+                       MenuExtras extras)
+    : extras_(std::move(extras)),
+      rows_(MakeRows(resources, extras_)),
+      menu_(MenuBuilder(resources, facts, extras_, rows_).Build(which)) {}
 
-UINT ChooseFromMenu(HMENU menu, HWND owner) {
-  Point at = MousePosition();
-  // From the keyboard, the menu belongs to the note, wherever the mouse is.
-  RECT bounds{};
-  GetWindowRect(owner, &bounds);
-  const Rect area = FromRECT(bounds);
-  if (!area.Contains(at)) at = {area.left + 16, area.top + 24};
-  return ChooseFromMenu(menu, at, owner);
-}
-
-MenuChoice ActionMenu::Choose(HWND owner) const {
-  const UINT chosen = ChooseFromMenu(menu_.get(), owner);
-  UINT id = kFirstExtra;
-  for (const ExtraEntry& extra : extras_)
-    if (id++ == chosen) return {kActionNone, &extra};
-  return {RowOf(static_cast<std::int32_t>(chosen)).code, nullptr};
+std::function<void(BJotlet& jotlet)> ActionMenu::Choose(HWND owner, Point at) const {
+  std::vector<SwatchRow*> rows;
+  for (const auto& row : rows_) rows.push_back(row.get());
+  const UINT chosen = ChooseFromMenu(menu_.get(), at, owner, rows);
+  if (chosen == 0) return nullptr;
+  if (chosen >= kFirstExtra) return extras_.entries[chosen - kFirstExtra].run;
+  if (chosen >= kFirstColours) {
+    const std::size_t row = chosen - kFirstColours;
+    return [run = extras_.colours[row].run, index = rows_[row]->Marked()](BJotlet& jotlet) {
+      run(jotlet, index);
+    };
+  }
+  return [code = static_cast<ActionCode>(chosen)](BJotlet& jotlet) { jotlet.DoAction(code, {}); };
 }
 
 }  // namespace jotlets

@@ -1,53 +1,59 @@
-// Menus of note commands, built from their rows: the texts are resources, the keys and states come from the
-// same rules that the keyboard asks.
+// Menus of a note, built from their rows: the texts are resources, the keys and states come from the same
+// rules that the keyboard asks.
 #pragma once
 
 #include <windows.h>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include "note/action_state.h"
-#include "note/action_table.h"
+#include "note/note_menus.h"
 #include "ui/resources.h"
+#include "ui/swatch_row.h"
 
 namespace jotlets {
 
 class BJotlet;
 
-/// A part of a menu that is not the same for every note.
-enum class MenuPart { kNothing, kFile, kAttachment, kStacks, kOfOthers };
-
-/// An entry that is no action code, such as the name of a stack. It brings along all that it needs to be
-/// carried out: while the menu is open, what it was made of may go.
+/// An entry that is no command. It brings along all that it needs to be carried out: while the menu is open,
+/// what it was made of may go.
 struct ExtraEntry {
   MenuPart part = MenuPart::kNothing;
-  Text text;
-  std::function<void(BJotlet& jotlet)> run;  // none for a separator
+  Text text;  // behind a Tab when the part has a text of its own
+  std::function<void(BJotlet& jotlet)> run;
   bool enabled = true;
   bool checked = false;
 };
 
-/// What was chosen: at most one of these.
-struct MenuChoice {
-  ActionCode action = kActionNone;
-  const ExtraEntry* extra = nullptr;  // of the menu
+/// Colours to choose from in one entry.
+struct ColourEntry {
+  MenuPart part = MenuPart::kNothing;
+  Text caption;  // for who cannot see them
+  std::vector<Swatch> swatches;
+  std::optional<std::size_t> current;
+  std::function<void(BJotlet& jotlet, std::size_t index)> run;
+  bool enabled = true;
 };
 
-/// Shows a menu at the mouse, or at its window when the mouse is elsewhere, and waits; the id of the entry
-/// chosen, 0 when it was left.
-UINT ChooseFromMenu(HMENU menu, HWND owner);
+/// What a menu has beside commands.
+struct MenuExtras {
+  std::vector<ExtraEntry> entries;
+  std::vector<ColourEntry> colours;
+};
 
 class ActionMenu {
  public:
-  ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
-             std::vector<ExtraEntry> extras);
+  ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts, MenuExtras extras);
 
-  /// Shows the menu at the mouse and waits.
-  MenuChoice Choose(HWND owner) const;
+  /// Shows the menu at a point of the screen and waits; what is to be done, nothing when it was left.
+  std::function<void(BJotlet& jotlet)> Choose(HWND owner, Point at) const;
 
  private:
-  std::vector<ExtraEntry> extras_;
+  MenuExtras extras_;
+  std::vector<std::unique_ptr<SwatchRow>> rows_;  // of the colours, one for each
   UniqueMenu menu_;
 };
 

@@ -170,8 +170,12 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       // A click into the editor.
       if (LOWORD(wParam) == WM_LBUTTONDOWN) StopAlarm();
       return 0;
-    case WM_RBUTTONUP: owner_.OnJotletAction(*this, kActionOpenJotletContext); return 0;
-    case WM_CONTEXTMENU: OnMenuAsked(reinterpret_cast<HWND>(wParam)); return 0;
+    case WM_RBUTTONUP: OnMenuAsked(nullptr, MousePosition()); return 0;
+    case WM_CONTEXTMENU:
+      // Keys have no place.
+      OnMenuAsked(reinterpret_cast<HWND>(wParam),
+                  lParam == -1 ? std::nullopt : std::optional(MousePosition()));
+      return 0;
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
@@ -180,14 +184,34 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (const BEdit* edit = Editor())
         context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());
       return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_CLICKACTIVE && lParam == 0) Tell(JotletEvent::kClicked);
+      return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: return SkinnedWindow::OnMessage(message, wParam, lParam);
   }
 }
 
-void BJotlet::OnMenuAsked(HWND window) {
+void BJotlet::OnMenuAsked(HWND window, std::optional<Point> mouse) {
+  menuAsked_ = mouse;
   const bool ofText = window != nullptr && window == content_->ContentWindow();
   owner_.OnJotletAction(*this, ofText ? kActionOpenTextContext : kActionOpenJotletContext);
+}
+
+Point BJotlet::MenuPlace(bool ofText) const {
+  if (menuAsked_) return *menuAsked_;
+  GUITHREADINFO focus{};
+  focus.cbSize = sizeof focus;
+  const HWND text = content_->ContentWindow();
+  if (ofText && text != nullptr && GetGUIThreadInfo(GetCurrentThreadId(), &focus) &&
+      focus.hwndCaret == text) {
+    POINT below{focus.rcCaret.left, focus.rcCaret.bottom};
+    ClientToScreen(text, &below);
+    return {static_cast<std::int32_t>(below.x), static_cast<std::int32_t>(below.y)};
+  }
+  constexpr std::int32_t kUnknownTitle = 24;
+  const Rect bounds = Bounds();
+  return {bounds.left + 8, bounds.top + (RolledHeight() > 0 ? RolledHeight() : kUnknownTitle)};
 }
 
 LRESULT BJotlet::OnControl(UINT control, UINT notification) {
@@ -212,7 +236,8 @@ void BJotlet::OnFocus(bool gained) {
     SetFocus(content_->ContentWindow());
     return;
   }
-  if (hasFocus_ == gained) return;
+  // The title is part of the note.
+  if (hasFocus_ == gained || (!gained && title_.edit.IsOpen())) return;
   hasFocus_ = gained;
   if (gained) {
     KillTimer(Handle(), kFadeTimer);

@@ -1,6 +1,7 @@
 // A note on the desktop: a borderless window drawn by its skin, holding its record and its content.
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "note/win/jotlet_owner.h"
 #include "note/win/shown_content.h"
 #include "note/win/skinned_window.h"
+#include "note/win/title_edit.h"
 #include "note/win/title_tooltip.h"
 #include "schedule/alarm.h"
 
@@ -63,6 +65,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Text PlainText() const { return content_->PlainText(); }
   Text Rtf() const { return content_->RichText(); }
   void SetTitle(TextView title);
+  /// Lets the user edit the title where it stands; false when the skin has no place for that.
+  bool EditTitle();
+  bool IsTitleEdited() const { return title_.edit.IsOpen(); }
   void SetColour(Colour colour);
   /// Shows the note in the skin of a name, empty for the default one.
   void SetSkin(TextView name);
@@ -121,6 +126,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// click in client pixels. False for a code that is no command of a note. The note may be gone when the
   /// call returns.
   bool DoAction(ActionCode action, Point at);
+  /// Where a menu of the note goes on the screen: to the mouse that asked for it, else to the caret or under
+  /// the title.
+  Point MenuPlace(bool ofText) const;
   bool SetPlainText(TextView text) { return content_->SetPlainText(text); }
   bool SetRtf(TextView rtf) { return content_->SetRichText(rtf); }
   void MoveTo(Point position);
@@ -174,7 +182,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void Invalidate(const SkinView& before) override;
 
   LRESULT OnControl(UINT control, UINT notification);
-  void OnMenuAsked(HWND window);
+  void OnMenuAsked(HWND window, std::optional<Point> mouse);
   void PlaceByRecord();
   std::int32_t HeightOfContent();
   void MoveBy(Point offset);
@@ -199,6 +207,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void Mark(bool JotletData::*flag, bool on);
   void Tell(JotletEvent event) { owner_.OnJotletEvent(*this, event); }
   void TitleChanged();
+  Text BarTitle() const;
+  void OnTitleEdited(const Text* title, HWND focus);
   void ApplyOpacity();
   void ApplyGhost();
   void ShowAlarm();
@@ -211,7 +221,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   std::shared_ptr<JotletData> shared_;
   JotletData& record_;
   std::unique_ptr<ShownContent> content_;
-  TitleTooltip tooltip_;
+  struct {
+    TitleTooltip tooltip;
+    TitleEdit edit;
+  } title_;
   Animation animation_;
   std::int32_t fadeStep_ = 0;
   Text shownTitle_;

@@ -35,6 +35,27 @@ std::int32_t BJotlet::HeightOfContent() {
                            whole.window.height - area.bottom);
 }
 
+bool BJotlet::EditTitle() {
+  if (!skin_->data.titlebar || !IsWindowVisible(Handle())) return false;
+  const Rect area = ResolveCorners(*skin_->data.titlebar, {view_.window, {}});
+  constexpr std::int32_t kLeastWidth = 40;
+  constexpr std::int32_t kLeastHeight = 12;
+  if (area.Width() < kLeastWidth || area.Height() < kLeastHeight) return false;
+  SetForegroundWindow(Handle());
+  return title_.edit.Open(Handle(), area, record_.title,
+                          [this](const Text* title, HWND focus) { OnTitleEdited(title, focus); });
+}
+
+void BJotlet::OnTitleEdited(const Text* title, HWND focus) {
+  if (Handle() == nullptr) return;
+  if (title != nullptr && *title != record_.title) SetTitle(*title);
+  if (focus == nullptr) {
+    SetFocus(FocusWindow());
+  } else if (focus != Handle() && !IsChild(Handle(), focus)) {
+    OnFocus(false);
+  }
+}
+
 void BJotlet::SetOnTop(bool onTop) {
   record_.onTop = onTop;
   KeepOnTop(onTop);

@@ -1,6 +1,7 @@
 // What a note looks like: its skin, what the skin is told to show, and how opaque it is.
 #include <algorithm>
 
+#include "base/win/shown_time.h"
 #include "note/opacity.h"
 #include "note/win/jotlet.h"
 #include "note/win/note_words.h"
@@ -18,7 +19,7 @@ void BJotlet::ApplySkin() {
   const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_STYLE);
   SetWindowLongPtrW(Handle(), GWL_STYLE,
                     skin_->data.drawOnRtfBg ? style & ~WS_CLIPCHILDREN : style | WS_CLIPCHILDREN);
-  tooltip_.Forget();
+  title_.tooltip.Forget();
   ApplyOpacity();
   content_->SetLook(ContentLook());
   OnSize();
@@ -51,8 +52,18 @@ void BJotlet::SetColour(Colour colour) {
   Tell(JotletEvent::kChanged);
 }
 
+// What stands in the title bar; the window is called by the title alone.
+Text BJotlet::BarTitle() const {
+  enum : std::int32_t { kTitleAndTime = 1, kNothing = 2 };
+  if (context_.options.titlebar == kNothing) return {};
+  if (context_.options.titlebar != kTitleAndTime || record_.modified <= 0) return shownTitle_;
+  const Text time = ShownTime(context_.clock.ToLocal(record_.modified));
+  return shownTitle_.empty() ? time : shownTitle_ + u" \u2013 " + time;
+}
+
 void BJotlet::Draw(HDC dc, const Rect& part) {
-  const NoteWords words(context_.clock, context_.stackName, record_, shownTitle_, view_.window);
+  const Text title = BarTitle();
+  const NoteWords words(context_.clock, context_.stackName, record_, title, view_.window);
   const auto inlay = content_->Inlay(TextArea(skin_->data, view_));
   context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, inlay.get());
 }

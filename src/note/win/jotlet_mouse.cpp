@@ -79,7 +79,7 @@ void BJotlet::OnHover(Point at) {
   const SkinData& skin = skin_->data;
   if (!skin.titleTooltip || !skin.titlebar || shownTitle_.empty()) return;
   const Rect area = ResolveCorners(*skin.titlebar, {view_.window, {}});
-  if (area.Contains(at)) tooltip_.Offer(Handle(), skin, area, shownTitle_);
+  if (area.Contains(at)) title_.tooltip.Offer(Handle(), skin, area, shownTitle_);
 }
 
 // The mouse leaves the frame when it comes over the editor, but is still over the note.

@@ -16,6 +16,7 @@ enum class JotletEvent {
   kChanged,  // the note or its content, which wants to be saved
   kMoved,    // by the user, who has finished
   kSized,
+  kClicked,  // coming to the front from behind the window of another program
   kFocused,
   kUnfocused,
   kSounding,

@@ -28,9 +28,11 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
      [](BJotlet& j, std::int32_t percent, bool) { j.SetTransparency(percent); }},
 };
 
-bool BJotlet::DoAction(ActionCode action, Point) {
+bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
   if (!owner_.IsActionEnabled(*this, action)) return false;
+  // A click on a button of the skin has a place, keys and commands have none.
+  menuAsked_ = at == Point{} ? std::nullopt : std::optional(MousePosition());
   // The menu of a sounding note offers to let it sound again later.
   if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const NoteAction& row = RowOf(action);

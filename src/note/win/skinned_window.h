@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "note/actions.h"
@@ -121,8 +122,9 @@ class SkinnedWindow : public Window {
   bool mouseOver_ = false;
   Drag drag_ = Drag::kIdle;
   FramePart dragPart_ = FramePart::kContent;
-  Point dragStart_;  // mouse position on the screen at the press
-  Rect dragBounds_;  // the window at the press
+  Point dragStart_;                 // mouse position on the screen at the press
+  Rect dragBounds_;                 // the window at the press
+  std::optional<Point> menuAsked_;  // where on the screen the mouse, if it was that, has asked for a menu
 
  private:
   LRESULT OnPaint();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
 #include "schedule/win/time_pickers.h"
@@ -25,12 +26,56 @@ void BSleepDlg::OnInit() {
   SetPicker(Item(IDC_SLEEP_DATE), now);
   SetPicker(Item(IDC_SLEEP_TIME), now);
   Choose(IDC_SLEEP_FOR);
+  ShowPresets();
   if (form_ == Form::kSleep) {
     CheckDlgButton(Handle(), IDC_SLEEP_SOUND, options_.alarm.number == 1);
     CheckDlgButton(Handle(), IDC_SLEEP_ALARM, options_.soundAlarmOnWake == 1);
     CheckDlgButton(Handle(), IDC_SLEEP_ON_TOP, options_.aotDefault == 1);
   }
   filled_ = true;
+  ShowWords();
+  // A button with the focus would be the one that Enter presses.
+  PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(IDC_SLEEP_FOR)), TRUE);
+}
+
+void BSleepDlg::ShowPresets() {
+  const Moment now = clock_.Now();
+  for (std::size_t i = 0; i < presets_.size(); ++i) {
+    const int button = IDC_SLEEP_PRESET + static_cast<int>(i);
+    presets_[i] =
+        TimeOf(static_cast<Preset>(i), now.utc, {options_.eveningTime, options_.morningTime}, clock_);
+    Text text = resources_.String(IDS_PRESET + static_cast<UINT>(i));
+    if (presets_[i]) text += u"\n" + ShownSoon(clock_.ToLocal(*presets_[i]), now.local);
+    SetDlgItemTextW(Handle(), button, Wide(text));
+    EnableWindow(Item(button), presets_[i].has_value());
+  }
+}
+
+// Sets what a user could have set: OK is still to be pressed.
+void BSleepDlg::ApplyPreset(std::int64_t time) {
+  const LocalTime local = clock_.ToLocal(time);
+  SetPicker(Item(IDC_SLEEP_DATE), local);
+  SetPicker(Item(IDC_SLEEP_TIME), local);
+  Choose(IDC_SLEEP_UNTIL);
+  ShowWords();
+  PostMessageW(Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(IDOK)), TRUE);
+}
+
+std::int64_t BSleepDlg::Time() const {
+  if (IsDlgButtonChecked(Handle(), IDC_SLEEP_FOR) != BST_CHECKED)
+    return PickedInstant(Item(IDC_SLEEP_DATE), Item(IDC_SLEEP_TIME), clock_);
+  const auto unit = static_cast<std::int32_t>(SendMessageW(Item(IDC_SLEEP_UNIT), CB_GETCURSEL, 0, 0));
+  return clock_.Now().utc + SleepSeconds(Number(), unit);
+}
+
+void BSleepDlg::ShowWords() {
+  const bool sleeps = form_ == Form::kSleep;
+  const std::int64_t time = Time();
+  Text words = resources_.String(sleeps ? IDS_SLEEP_PAST : IDS_ALARM_PAST);
+  if (time > clock_.Now().utc)
+    words = ReplaceAll(resources_.String(sleeps ? IDS_WAKES : IDS_SOUNDS), u"%s",
+                       TimeInWords(clock_.ToLocal(time)));
+  if (words != ItemText(IDC_SLEEP_WORDS)) SetDlgItemTextW(Handle(), IDC_SLEEP_WORDS, Wide(words));
 }
 
 std::int32_t BSleepDlg::Number() const { return ParseInt(ItemText(IDC_SLEEP_NUMBER)); }
@@ -52,6 +97,17 @@ void BSleepDlg::Choose(int radio) { CheckRadioButton(Handle(), IDC_SLEEP_FOR, ID
 
 bool BSleepDlg::OnCommand(UINT control, UINT notification) {
   if (!filled_) return false;
+  if (control >= IDC_SLEEP_PRESET && control - IDC_SLEEP_PRESET < presets_.size()) {
+    const auto time = presets_[control - IDC_SLEEP_PRESET];
+    if (notification == BN_CLICKED && time) ApplyPreset(*time);
+    return true;
+  }
+  const bool served = Serve(control, notification);
+  if (control != IDOK && control != IDCANCEL && control != IDC_ALARM_CLEAR) ShowWords();
+  return served;
+}
+
+bool BSleepDlg::Serve(UINT control, UINT notification) {
   switch (control) {
     case IDC_SLEEP_NUMBER:
       if (notification != EN_CHANGE) return false;
@@ -71,7 +127,9 @@ bool BSleepDlg::OnCommand(UINT control, UINT notification) {
 }
 
 void BSleepDlg::OnNotify(const NMHDR& header) {
-  if (filled_ && header.code == static_cast<UINT>(DTN_DATETIMECHANGE)) Choose(IDC_SLEEP_UNTIL);
+  if (!filled_ || header.code != static_cast<UINT>(DTN_DATETIMECHANGE)) return;
+  Choose(IDC_SLEEP_UNTIL);
+  ShowWords();
 }
 
 void BSleepDlg::Take() {

@@ -1,10 +1,12 @@
 // Asks how long a note is to sleep, or when its alarm is to sound.
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "base/clock.h"
 #include "data/options.h"
+#include "schedule/presets.h"
 #include "schedule/sleep_times.h"
 #include "ui/dialog.h"
 
@@ -34,10 +36,15 @@ class BSleepDlg final : public Dialog {
  private:
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
+  bool Serve(UINT control, UINT notification);
   void OnNotify(const NMHDR& header) override;
   std::int32_t Number() const;
   void FillUnits(std::int32_t selected);
   void Choose(int radio);
+  void ShowPresets();
+  void ApplyPreset(std::int64_t time);
+  void ShowWords();
+  std::int64_t Time() const;
   void Take();
 
   const Resources& resources_;
@@ -45,6 +52,7 @@ class BSleepDlg final : public Dialog {
   const Options& options_;
   const Clock& clock_;
   bool filled_ = false;
+  std::array<std::optional<std::int64_t>, kPresets> presets_;
   SleepChoice choice_;
 };
 

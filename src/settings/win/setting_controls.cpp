@@ -114,6 +114,7 @@ void SettingControls::FillChoices(const SettingChoices& choices) const {
 
 int SettingControls::MainWidth() const {
   switch (row_->control) {
+    case SettingControl::kTimeOfDay:
     case SettingControl::kNumber: return 60;
     case SettingControl::kColour: return 40;
     case SettingControl::kPaper:
@@ -212,6 +213,7 @@ void SettingControls::ShowValue(const SettingValue& value) const {
     case SettingControl::kPaper: SelectPaper(value.number); break;
     case SettingControl::kColour: SetColour(value.number); break;
     case SettingControl::kHotKey: hotKey_->SetKey(HotKeyOfNumber(value.number)); break;
+    case SettingControl::kTimeOfDay: SetWindowTextW(items_[kMain], Wide(TimeOfDayText(value.number))); break;
     case SettingControl::kNumber: SetWindowTextW(items_[kMain], Wide(IntText(value.number))); break;
     default: SetWindowTextW(items_[kMain], Wide(value.text)); break;
   }
@@ -253,6 +255,7 @@ void SettingControls::ShowFault(const Text& fault) const {
 bool SettingControls::IsTyped() const {
   switch (row_->control) {
     case SettingControl::kNumber:
+    case SettingControl::kTimeOfDay:
     case SettingControl::kText:
     case SettingControl::kWebAddress:
     case SettingControl::kFolder:

@@ -12,7 +12,6 @@ namespace {
 
 // As much of a text as is searched.
 constexpr std::size_t kMaximumSearched = 1 << 16;
-constexpr std::size_t kMaximumUndone = 100;
 
 bool IsIn(ManageView view, const JotletData& sleeping) {
   return sleeping.sleep.recurring == (view == ManageView::kRecurring);
@@ -99,7 +98,10 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kUnattach: return desk_.Unattach(ids);
     case ManageAction::kRestore: return desk_.Restore(ids);
     case ManageAction::kDelete: return Delete(view, ids);
-    case ManageAction::kUndo: return Undo();
+    case ManageAction::kUndo: {
+      const auto step = steps_.RemoveLast();
+      return step ? Undo(*step) : 0;
+    }
   }
   return 0;
 }
@@ -145,33 +147,44 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
 }
 
 std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
-  Deleted step{ManageView::kDesktop, {}};
+  std::vector<Text> closed;
   for (const Text& id : ids) {
-    if (desk_.Close(id, Reason::kUser)) step.ids.push_back(id);
+    if (desk_.Close(id, Reason::kUser)) closed.push_back(id);
   }
   const std::size_t left = static_cast<std::size_t>(
       std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return notes_.Find(id) != nullptr; }));
-  Remember(std::move(step));
+  Remember(UndoKind::kClosed, std::move(closed));
   return left;
 }
 
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
-  Remember({view, desk_.CloseWaiting(ids)});
+  Remember(view == ManageView::kAttached ? UndoKind::kClosedAttached : UndoKind::kClosedSleeping,
+           desk_.CloseWaiting(ids));
 }
 
-void ManagedNotes::Remember(Deleted step) {
-  if (step.ids.empty()) return;
-  deleted_.push_back(std::move(step));
-  if (deleted_.size() > kMaximumUndone) deleted_.erase(deleted_.begin());
+void ManagedNotes::UndoStepOf(int number) {
+  if (const auto step = steps_.Remove(number)) Undo(*step);
 }
 
-std::size_t ManagedNotes::Undo() {
-  if (deleted_.empty()) return 0;
-  const Deleted step = std::move(deleted_.back());
-  deleted_.pop_back();
-  if (step.view == ManageView::kDesktop) return desk_.Restore(step.ids);
-  return desk_.BringBack(step.ids,
-                         step.view == ManageView::kAttached ? NoteList::kAttached : NoteList::kSleeping);
+std::size_t ManagedNotes::Undo(const UndoStep& step) {
+  undone_(step.number);
+  const auto failures = [&step](auto undo) {
+    return static_cast<std::size_t>(
+        std::count_if(step.ids.begin(), step.ids.end(), [&](const Text& id) { return !undo(id); }));
+  };
+  switch (step.kind) {
+    case UndoKind::kClosed: return desk_.Restore(step.ids);
+    case UndoKind::kDeleted: return failures([this](const Text& id) { return desk_.Undelete(id); });
+    case UndoKind::kClosedSleeping: return desk_.BringBack(step.ids, NoteList::kSleeping);
+    case UndoKind::kClosedAttached: return desk_.BringBack(step.ids, NoteList::kAttached);
+    case UndoKind::kAsleep: {
+      const std::size_t left = failures([this](const Text& id) { return desk_.Wake(id, {}); });
+      ShowNotes(step.ids);
+      return left;
+    }
+    case UndoKind::kHidden: ShowNotes(step.ids); return 0;
+  }
+  return 0;
 }
 
 }  // namespace jotlets

@@ -1,12 +1,15 @@
 // The notes as the manage window has them: where its rows and texts come from, and what its actions do.
 #pragma once
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "app/win/program_saving.h"
 #include "desk/sleeping_notes.h"
 #include "desk/win/note_contents.h"
 #include "desk/win/open_stacks.h"
+#include "manage/undo_steps.h"
 #include "manage/win/manage_dialog.h"
 
 namespace jotlets {
@@ -34,19 +37,22 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   bool FillManageList(ManageView view, ManageList& list) override;
   std::array<std::size_t, kManageViews> CountManaged() override;
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) override;
-  bool CanUndoManaged() const override { return !deleted_.empty(); }
+  bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
 
   Text TextOf(const ManageRow& row) override;
 
- private:
-  // Notes that were deleted together, and where they were.
-  struct Deleted {
-    ManageView view;
-    std::vector<Text> ids;
-  };
+  /// What was done with notes elsewhere and can be undone here too; the number of the step.
+  int Remember(UndoKind kind, std::vector<Text> ids) { return steps_.Add(kind, std::move(ids)); }
+  /// Undoes one step, if that has not been done yet.
+  void UndoStepOf(int number);
+  /// Removes a step, which is then not undone here any more.
+  std::optional<UndoStep> RemoveStep(int number) { return steps_.Remove(number); }
+  /// Whom to tell of each step that is undone.
+  void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
+ private:
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void ShowNotes(const std::vector<Text>& ids);
@@ -55,8 +61,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
-  std::size_t Undo();
-  void Remember(Deleted step);
+  std::size_t Undo(const UndoStep& step);
 
   const Resources& resources_;
   const Clock& clock_;
@@ -70,7 +75,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   const ProgramWindow& window_;
   const ProgramState& state_;
   BManageDlg dialog_;
-  std::vector<Deleted> deleted_;  // the latest last
+  UndoSteps steps_;
+  std::function<void(int number)> undone_ = [](int) {};
 };
 
 }  // namespace jotlets

@@ -13,6 +13,7 @@
 #include "note/win/properties_dialog.h"
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"
+#include "ui/choice_dialog.h"
 #include "ui/system_choosers.h"
 #include "ui/system_programs.h"
 #include "ui/text_dialog.h"
@@ -85,77 +86,6 @@ bool NoteCommands::Do(const Text& id, ActionCode action) {
   return true;
 }
 
-ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
-  const JotletData& record = jotlet.StoredRecord();
-  ActionFacts facts;
-  facts.image = record.IsImage();
-  facts.readOnly = record.readOnly;
-  facts.rolled = record.rolled;
-  facts.onTop = record.onTop;
-  facts.stang = record.stang;
-  facts.user1 = record.user1;
-  facts.user2 = record.user2;
-  facts.user3 = record.user3;
-  facts.transparency = record.transparency;
-  if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
-  facts.skinFixed = tools_.skins.IsFixedByPolicy();
-  facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
-  return facts;
-}
-
-void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
-  if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
-  const Text id = jotlet.StoredRecord().id;
-  const ActionMenu menu(tools_.resources, which, FactsOf(jotlet), ExtrasOf(jotlet));
-  // The menu runs a message loop of its own, in which anything may happen to the note.
-  const MenuChoice chosen = menu.Choose(jotlet.Handle());
-  BJotlet* note = tools_.notes.Find(id);
-  if (note == nullptr) return;
-  if (chosen.extra != nullptr) {
-    chosen.extra->run(*note);
-  } else if (chosen.action != kActionNone) {
-    note->DoAction(chosen.action, {});
-  }
-}
-
-// Entries that only some notes have, that depend on which stacks there are, or that others have added.
-std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
-  const JotletData& record = jotlet.StoredRecord();
-  const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
-  const auto text = [this](UINT id) { return tools_.resources.String(id); };
-  std::vector<ExtraEntry> extras = {
-      {MenuPart::kFile, text(IDS_MENU_SHOW_FILE), [this](BJotlet& note) { ShowFile(note); }},
-      {MenuPart::kAttachment, text(IDS_MENU_UNATTACH), [this](BJotlet& note) { Unattach(note); },
-       record.IsAttached()},
-      {MenuPart::kStacks, text(IDS_MENU_NEW_STACK), [this](BJotlet& note) { AddToNewStack(note); }},
-      {MenuPart::kStacks, text(IDS_MENU_LEAVE_STACK),
-       [this](BJotlet& note) { tools_.stacks.RemoveMember(note); }, inStack},
-      {MenuPart::kStacks, text(IDS_MENU_SHOW_STACK), [this](BJotlet& note) { ShowParent(note); }, inStack}};
-  AddStacks(record, extras);
-  for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
-    extras.push_back(
-        {MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
-           tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {note.StoredRecord().id}, word});
-         }});
-  }
-  return extras;
-}
-
-void NoteCommands::AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras) {
-  const std::vector<StackRecord>& stacks = tools_.desk.Lists().stacks;
-  if (!stacks.empty()) extras.push_back({MenuPart::kStacks});
-  for (const StackRecord& stack : stacks) {
-    // An ampersand of the name is no mnemonic.
-    extras.push_back({MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
-                      [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); }, true,
-                      stack.number == record.stack});
-  }
-}
-
-void NoteCommands::Unattach(BJotlet& jotlet) {
-  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
-}
-
 void NoteCommands::ShowFile(BJotlet& jotlet) {
   const Text path = tools_.desk.Folder() + ContentPath(jotlet.StoredRecord());
   wchar_t folder[MAX_PATH]{};
@@ -165,10 +95,6 @@ void NoteCommands::ShowFile(BJotlet& jotlet) {
       jotlet.Handle(), L"open", Wide(explorer), Wide(u"/select,\"" + path + u"\""), nullptr, SW_SHOWNORMAL));
   constexpr INT_PTR kLastError = 32;  // of those that stand for failures
   if (result <= kLastError) tools_.log.Write(kLogLifecycle, u"Unable to show '", path, u"'");
-}
-
-void NoteCommands::AddToNewStack(BJotlet& jotlet) {
-  if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
 }
 
 void NoteCommands::ShowParent(BJotlet& jotlet) {
@@ -197,24 +123,47 @@ void NoteCommands::Attach(BJotlet& jotlet) {
     tools_.attached.Attach(each->StoredRecord().id, choice->attachment, windows);
 }
 
-void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kJotletMenu); }
-void NoteCommands::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kTextMenu); }
-
 void NoteCommands::CloseForUser(const Text& id) {
-  if (!tools_.desk.Close(id, Reason::kUser) && tools_.notes.Find(id) != nullptr)
+  const BJotlet* note = tools_.notes.Find(id);
+  if (note == nullptr) return;
+  if (!tools_.undo.Close(id, note->SettledBounds()) && tools_.notes.Find(id) != nullptr)
     Tell(tools_.window.Handle(), tools_.resources, IDS_SAVE_FAILED, tools_.desk.Folder());
 }
 
-void NoteCommands::Close(BJotlet& jotlet) { CloseForUser(Text(jotlet.StoredRecord().id)); }
+void NoteCommands::LeaveOrClose(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const Choice choice =
+      BChoiceDlg(IDD_ALT_F4, tools_.resources.String(IDS_ALT_F4)).Ask(tools_.resources, jotlet.Handle());
+  switch (choice) {
+    case Choice::kFirst: return CloseForUser(id);
+    case Choice::kThird:
+      tools_.options.altF4Leaves = true;
+      tools_.saving.SetOptionsDirty();
+      [[fallthrough]];
+    case Choice::kSecond: return tools_.program.Do(ID_EXIT_JOTLETS);
+    case Choice::kNeither: return;
+  }
+}
+
+bool NoteCommands::Agrees(const BJotlet& jotlet, UINT question) {
+  return AskFirst(jotlet.Handle(), tools_.resources, question, jotlet.TitleShown());
+}
+
+void NoteCommands::Close(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  if (!tools_.options.confirmClosure || Agrees(jotlet, IDS_CONFIRM_CLOSE)) CloseForUser(id);
+}
 
 void NoteCommands::Delete(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  if (Ask(jotlet.Handle(), tools_.resources, IDS_CONFIRM_DELETE)) tools_.desk.Delete(id, Reason::kDeleted);
+  if (!Agrees(jotlet, IDS_CONFIRM_DELETE)) return;
+  if (const BJotlet* note = tools_.notes.Find(id)) tools_.undo.Delete(id, note->SettledBounds());
 }
 
 void NoteCommands::OrphanCheck(BJotlet&) { tools_.program.CheckContent(); }
 
 void NoteCommands::EditTitle(BJotlet& jotlet) {
+  if (jotlet.EditTitle()) return;
   const Text id = jotlet.StoredRecord().id;
   const auto title =
       BTextDlg(tools_.resources, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
@@ -229,13 +178,6 @@ void NoteCommands::EditUserString(BJotlet& jotlet) {
                          .Ask(jotlet.Handle());
   BJotlet* note = tools_.notes.Find(id);
   if (words && note != nullptr) note->SetUserString(*words);
-}
-
-void NoteCommands::ChooseColour(BJotlet& jotlet) {
-  const Text id = jotlet.StoredRecord().id;
-  const auto colour = ChooseSystemColour(jotlet.Handle(), jotlet.StoredRecord().colour);
-  BJotlet* note = tools_.notes.Find(id);
-  if (colour && note != nullptr) note->SetColour(*colour);
 }
 
 void NoteCommands::ChooseFont(BJotlet& jotlet) {

@@ -33,6 +33,7 @@ struct NoteCommandTools {
   SkinCommands& skins;
   ProgramSaving& saving;
   TrayCommands& program;
+  UndoOffers& undo;
   EventSink& events;
   CustomMenus& menus;
   const ProgramWindow& window;
@@ -44,10 +45,18 @@ class NoteCommands {
   explicit NoteCommands(const NoteCommandTools& tools)
       : tools_(tools),
         sleep_(tools.resources, tools.clock, tools.log, tools.options, tools.desk, tools.notes, tools.saving,
-               tools.window, tools.state) {}
+               tools.undo, tools.window, tools.state) {}
 
   /// Closes a note for the user, who is told when that is not possible.
   void CloseForUser(const Text& id);
+
+  /// Asks whether Alt+F4 in a note is meant for that alone, and does what is chosen.
+  void LeaveOrClose(BJotlet& jotlet);
+  /// A sounding note is to sound again later.
+  void Snooze(const Text& id);
+
+  /// A colour has been chosen that is to be offered again.
+  void RememberColour(Colour colour);
 
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
@@ -71,6 +80,8 @@ class NoteCommands {
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
   void MoveToFile(BJotlet& jotlet);
+  /// Says what is about to become of a note; whether the user agrees.
+  bool Agrees(const BJotlet& jotlet, UINT question);
   void ImportFromFile(BJotlet& jotlet);
   void OpenLog(BJotlet& jotlet);
   void OpenIni(BJotlet& jotlet);
@@ -86,8 +97,12 @@ class NoteCommands {
   void Attach(BJotlet& jotlet);
   void ShowParent(BJotlet& jotlet);
 
-  std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet);
-  void AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras);
+  MenuExtras ExtrasOf(const BJotlet& jotlet);
+  void AddStacks(const JotletData& record, MenuExtras& extras);
+  ColourEntry PapersOf(const JotletData& record);
+  ColourEntry HighlightsOf(const BJotlet& jotlet) const;
+  void SetColour(BJotlet& jotlet, Colour colour);
+  void TurnGhost(BJotlet& jotlet);
   void Unattach(BJotlet& jotlet);
   void AddToNewStack(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);

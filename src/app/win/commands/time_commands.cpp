@@ -1,11 +1,12 @@
 #include "app/win/commands/time_commands.h"
 
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
-#include "note/win/action_menu.h"
 #include "res/resource.h"
 #include "schedule/alarm.h"
 #include "schedule/win/alarm_sound.h"
 #include "schedule/win/recurrence_dialog.h"
+#include "ui/popup_menu.h"
 #include "ui/user_messages.h"
 
 namespace jotlets {
@@ -31,10 +32,38 @@ void TimeCommands::Sleep(BJotlet& jotlet) {
   const std::int64_t now = Now();
   const std::int64_t wakeTime = choice->relative ? now + choice->seconds : choice->seconds;
   if (!choice->relative && wakeTime <= now) return Tell(window_.Handle(), resources_, IDS_SLEEP_PAST, {});
+  SleepAll(ids, wakeTime, choice->flags);
+}
+
+void TimeCommands::SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime, const WakeFlags& flags) {
   bool all = true;
-  for (const Text& id : ids)
-    all = (desk_.Sleep(id, wakeTime, choice->flags) || notes_.Find(id) == nullptr) && all;
+  Rect place;
+  std::vector<Text> asleep;
+  for (const Text& id : ids) {
+    const BJotlet* note = notes_.Find(id);
+    if (note == nullptr) continue;
+    if (asleep.empty()) place = note->SettledBounds();
+    const bool sleeps = desk_.Sleep(id, wakeTime, flags);
+    if (sleeps) asleep.push_back(id);
+    all = (sleeps || notes_.Find(id) == nullptr) && all;
+  }
+  undo_.Offer(UndoKind::kAsleep, asleep, place);
   if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
+}
+
+std::optional<std::int64_t> TimeCommands::PresetTime(Preset preset) const {
+  return TimeOf(preset, Now(), {options_.eveningTime, options_.morningTime}, clock_);
+}
+
+std::optional<Text> TimeCommands::ShownPreset(Preset preset) const {
+  const auto time = PresetTime(preset);
+  if (!time) return std::nullopt;
+  return ShownSoon(clock_.ToLocal(*time), clock_.Now().local);
+}
+
+void TimeCommands::SleepUntil(BJotlet& jotlet, Preset preset) {
+  const auto time = PresetTime(preset);
+  if (time) SleepAll(GroupOf(jotlet), *time, {options_.alarm.number == 1, true, options_.aotDefault == 1});
 }
 
 void TimeCommands::Recur(BJotlet& jotlet) {
@@ -78,21 +107,37 @@ bool TimeCommands::SetAlarm(const Text& id, const SleepChoice& choice) {
   return true;
 }
 
+void TimeCommands::ClearAlarm(BJotlet& jotlet) {
+  for (BJotlet* note : notes_.GroupOf(jotlet)) note->SetAlarm(kNone);
+}
+
 void TimeCommands::PlayAlarm() { PlayAlarmSound(options_, log_, kAlarmSound, true); }
 
 void TimeCommands::Snooze(BJotlet& jotlet) {
-  enum : UINT { kSnooze = 1, kSnoozeAndSleep };
+  enum : UINT { kSnooze = 1, kSnoozeAndSleep, kDismiss };
   const Text id = jotlet.StoredRecord().id;
+  const Point at = jotlet.MenuPlace(false);
   jotlet.StopAlarm();
   const UniqueMenu menu(CreatePopupMenu());
   for (const UINT command : {kSnooze, kSnoozeAndSleep}) {
     const Text words = resources_.String(command == kSnooze ? IDS_SNOOZE : IDS_SNOOZE_AND_SLEEP);
     const Text minutes = ReplaceAll(words, u"%i", IntText(options_.snoozeMinutes));
-    const Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
+    Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
+    if (command == kSnooze) text += u"\tShift+Esc";
     AppendMenuW(menu.get(), MF_STRING, command, Wide(text));
   }
-  const UINT chosen = ChooseFromMenu(menu.get(), jotlet.Handle());
-  if (chosen != 0) SnoozeNote(id, chosen == kSnoozeAndSleep);
+  AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+  const Text dismiss = resources_.String(IDS_DISMISS) + u"\tEsc";
+  AppendMenuW(menu.get(), MF_STRING, kDismiss, Wide(dismiss));
+  const UINT chosen = ChooseFromMenu(menu.get(), at, jotlet.Handle());
+  // Quiet it is already.
+  if (chosen != 0 && chosen != kDismiss) SnoozeNote(id, chosen == kSnoozeAndSleep);
+}
+
+void TimeCommands::SnoozeNow(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  jotlet.StopAlarm();
+  SnoozeNote(id, false);
 }
 
 void TimeCommands::SnoozeNote(const Text& id, bool sleeps) {

@@ -1,6 +1,5 @@
 #include "app/win/commands/tray_commands.h"
 
-#include "app/win/hot_keys.h"
 #include "app/win/main_menus.h"
 #include "desk/note_import.h"
 #include "friends/win/friends_dialog.h"
@@ -83,6 +82,7 @@ void TrayCommands::OnTray(UINT message) {
   if (message == WM_RBUTTONUP) {
     shownCustom_ = tools_.menus.ofProgram.Number(kFirstCustomId);
     const UniqueMenu menu = MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, shownCustom_);
+    ShowHotKeys(menu.get(), tools_.hotKeys);
     return ShowPopupMenu(tools_.window.Handle(), menu.get());
   }
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
@@ -101,7 +101,12 @@ void TrayCommands::MakeNote(bool fromClipboard) {
   fresh.reason = fromClipboard ? Reason::kClipboard : Reason::kUser;
   fresh.isImage = !fromClipboard && tools_.options.defaultImage;
   fresh.fromClipboard = fromClipboard;
-  tools_.desk.Show(tools_.desk.Create(fresh), Showing::kWithFocus);
+  enum : std::int32_t { kTitleFirst = 1, kNothingFirst = 2 };
+  const std::int32_t first = tools_.options.newJotletAction;
+  const Text id = tools_.desk.Create(fresh);
+  tools_.desk.Show(id, first == kNothingFirst ? Showing::kQuietly : Showing::kWithFocus);
+  BJotlet* note = first == kTitleFirst ? tools_.notes.Find(id) : nullptr;
+  if (note != nullptr) note->EditTitle();
 }
 
 void TrayCommands::OpenManageWindow() {

@@ -5,6 +5,7 @@
 
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/option_commands.h"
+#include "app/win/hot_keys.h"
 #include "app/win/keys_dialog.h"
 #include "app/win/program_saving.h"
 #include "app/win/system_tray.h"
@@ -40,6 +41,7 @@ struct TrayCommandTools {
   FriendBook& friends;
   ProgramSaving& saving;
   CSystemTray& tray;
+  const HotKeys& hotKeys;
   BKeysDlg& keys;
   BackupCommands& backups;
   EventSink& events;

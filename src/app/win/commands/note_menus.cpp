@@ -1,0 +1,159 @@
+// The menus of a note: what stands in them beside its commands, and the choice of its paper.
+#include "app/win/commands/note_commands.h"
+#include "note/action_table.h"
+#include "note/papers.h"
+#include "note/win/colour_menu.h"
+#include "res/resource.h"
+#include "ui/system_choosers.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::size_t kHighlights = 6;  // with none of them, which is the first
+
+}  // namespace
+
+ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
+  const JotletData& record = jotlet.StoredRecord();
+  ActionFacts facts;
+  facts.image = record.IsImage();
+  facts.readOnly = record.readOnly;
+  facts.rolled = record.rolled;
+  facts.onTop = record.onTop;
+  facts.stang = record.stang;
+  facts.user1 = record.user1;
+  facts.user2 = record.user2;
+  facts.user3 = record.user3;
+  facts.transparency = record.transparency;
+  if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
+  facts.skinFixed = tools_.skins.IsFixedByPolicy();
+  facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
+  return facts;
+}
+
+void NoteCommands::JotletMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kJotletMenu); }
+void NoteCommands::TextMenu(BJotlet& jotlet) { ShowMenu(jotlet, NoteMenu::kTextMenu); }
+
+void NoteCommands::ShowMenu(BJotlet& jotlet, NoteMenu which) {
+  if (jotlet.IsSounding()) return sleep_.Snooze(jotlet);
+  const Text id = jotlet.StoredRecord().id;
+  const ActionMenu menu(tools_.resources, which, FactsOf(jotlet), ExtrasOf(jotlet));
+  // The menu runs a message loop of its own, in which anything may happen to the note.
+  const auto run = menu.Choose(jotlet.Handle(), jotlet.MenuPlace(which == NoteMenu::kTextMenu));
+  BJotlet* note = tools_.notes.Find(id);
+  if (note != nullptr && run) run(*note);
+}
+
+// Entries that only some notes have, that depend on which stacks there are, or that others have added.
+MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
+  const JotletData& record = jotlet.StoredRecord();
+  const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
+  MenuExtras extras;
+  extras.colours = {PapersOf(record), HighlightsOf(jotlet)};
+  extras.entries = {
+      {MenuPart::kGhost, {}, [this](BJotlet& note) { TurnGhost(note); }, true, record.ghost},
+      {MenuPart::kClearAlarm, {}, [this](BJotlet& note) { sleep_.ClearAlarm(note); }, record.alarm > 0},
+      {MenuPart::kFile, {}, [this](BJotlet& note) { ShowFile(note); }},
+      {MenuPart::kNewStack, {}, [this](BJotlet& note) { AddToNewStack(note); }},
+      {MenuPart::kLeaveStack, {}, [this](BJotlet& note) { tools_.stacks.RemoveMember(note); }, inStack}};
+  for (int i = 0; i < kPresets; ++i) {
+    const auto preset = static_cast<Preset>(i);
+    const auto time = sleep_.ShownPreset(preset);
+    const auto part = static_cast<MenuPart>(static_cast<int>(MenuPart::kPreset) + i);
+    // An evening that is over is none to wait for.
+    if (time)
+      extras.entries.push_back(
+          {part, *time, [this, preset](BJotlet& note) { sleep_.SleepUntil(note, preset); }});
+  }
+  if (record.IsAttached())
+    extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
+  AddStacks(record, extras);
+  for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
+    extras.entries.push_back(
+        {MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
+           tools_.events.Send({EventKind::kNoteCommand, Reason::kNotGiven, {note.StoredRecord().id}, word});
+         }});
+  }
+  return extras;
+}
+
+void NoteCommands::AddStacks(const JotletData& record, MenuExtras& extras) {
+  for (const StackRecord& stack : tools_.desk.Lists().stacks) {
+    // An ampersand of the name is no mnemonic.
+    extras.entries.push_back(
+        {MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
+         [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); }, true,
+         stack.number == record.stack});
+  }
+}
+
+ColourEntry NoteCommands::PapersOf(const JotletData& record) {
+  ColourEntry papers{.part = MenuPart::kPapers, .caption = tools_.resources.String(IDS_PAPERS)};
+  papers.swatches = PaperSwatches(tools_.resources);
+  papers.current = PaperOf(record.colour);
+  papers.run = [this](BJotlet& note, std::size_t index) {
+    if (index < kPapers.size()) return SetColour(note, kPapers[index]);
+    const Text id = note.StoredRecord().id;
+    const auto colour = ChooseSystemColour(note.Handle(), note.StoredRecord().colour);
+    BJotlet* still = tools_.notes.Find(id);
+    if (colour && still != nullptr) SetColour(*still, *colour);
+  };
+  return papers;
+}
+
+ColourEntry NoteCommands::HighlightsOf(const BJotlet& jotlet) const {
+  ColourEntry row{.part = MenuPart::kHighlights, .caption = tools_.resources.String(IDS_HIGHLIGHTS)};
+  const ActionFacts facts = FactsOf(jotlet);
+  const HighlightColours colours = tools_.notes.Highlights();
+  // The colours first, none of them last.
+  for (std::size_t i = 1; i <= kHighlights; ++i) {
+    const auto code = static_cast<ActionCode>(kActionHiliteNone + static_cast<std::int32_t>(i % kHighlights));
+    if (StateOf(code, facts).checked && i < kHighlights) row.current = row.swatches.size();
+    const bool none = i == kHighlights;
+    row.swatches.push_back({none ? Swatch::Kind::kNothing : Swatch::Kind::kColour,
+                            none ? Colour() : colours[i - 1],
+                            tools_.resources.String(IDS_ACTION + static_cast<UINT>(code))});
+  }
+  row.enabled = StateOf(kActionHiliteNone, facts).enabled;
+  row.run = [](BJotlet& note, std::size_t index) {
+    const auto step = static_cast<std::int32_t>((index + 1) % kHighlights);
+    note.DoAction(static_cast<ActionCode>(kActionHiliteNone + step), {});
+  };
+  return row;
+}
+
+void NoteCommands::Snooze(const Text& id) {
+  if (BJotlet* note = tools_.notes.Find(id)) sleep_.SnoozeNow(*note);
+}
+
+void NoteCommands::TurnGhost(BJotlet& jotlet) {
+  const bool on = !jotlet.StoredRecord().ghost;
+  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetGhost(on);
+}
+
+void NoteCommands::Unattach(BJotlet& jotlet) {
+  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
+}
+
+void NoteCommands::AddToNewStack(BJotlet& jotlet) {
+  if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
+}
+
+void NoteCommands::ChooseColour(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const auto colour = jotlets::ChooseColour(tools_.resources, tools_.options, jotlet.Handle(),
+                                            jotlet.MenuPlace(false), jotlet.StoredRecord().colour);
+  BJotlet* note = tools_.notes.Find(id);
+  if (colour && note != nullptr) SetColour(*note, *colour);
+}
+
+void NoteCommands::SetColour(BJotlet& jotlet, Colour colour) {
+  RememberColour(colour);
+  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetColour(colour);
+}
+
+void NoteCommands::RememberColour(Colour colour) {
+  if (jotlets::RememberColour(tools_.options, colour)) tools_.saving.SetOptionsDirty();
+}
+
+}  // namespace jotlets

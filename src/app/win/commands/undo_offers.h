@@ -1,0 +1,37 @@
+// Offers to undo what has just become of notes, by a strip on the screen; the manage window can undo the same
+// steps. What was deleted is kept until the offer ends.
+#pragma once
+
+#include "app/win/commands/managed_notes.h"
+#include "app/win/undo_strip.h"
+
+namespace jotlets {
+
+class UndoOffers {
+ public:
+  UndoOffers(const Resources& resources, const Options& options, NoteDesk& desk, ManagedNotes& managed);
+
+  /// Whether steps are offered at all.
+  bool IsOn() const { return options_.undoStrip; }
+  /// Offers to undo a step; `place` is where the note was.
+  void Offer(UndoKind kind, std::vector<Text> ids, const Rect& place);
+  /// Closes a note for the user, deletes it, and each is offered to be undone; false when that failed.
+  bool Close(const Text& id, const Rect& place);
+  bool Delete(const Text& id, const Rect& place);
+  /// Ends the offer: what was deleted is gone for good.
+  void End();
+
+ private:
+  void OnUndone(int number);
+
+  const Resources& resources_;
+  const Options& options_;
+  NoteDesk& desk_;
+  ManagedNotes& managed_;
+  UndoStrip strip_;
+  int number_ = 0;  // of the step on offer
+  UndoKind kind_ = UndoKind::kClosed;
+  ULONGLONG offered_ = 0;  // when, in the system's milliseconds
+};
+
+}  // namespace jotlets

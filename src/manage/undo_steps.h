@@ -1,0 +1,36 @@
+// What was done with notes that can be undone: one list for all who offer it.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+/// What became of notes of the desktop, or which waiting ones were closed.
+enum class UndoKind : std::uint8_t { kClosed, kDeleted, kHidden, kAsleep, kClosedSleeping, kClosedAttached };
+
+/// What was done with some notes together.
+struct UndoStep {
+  UndoKind kind = UndoKind::kClosed;
+  std::vector<Text> ids;
+  int number = 0;
+};
+
+class UndoSteps {
+ public:
+  /// The number of the step; 0 when there is nothing to undo. The oldest of too many are forgotten.
+  int Add(UndoKind kind, std::vector<Text> ids);
+  bool IsEmpty() const { return steps_.empty(); }
+  /// Removes the latest step; nothing when there is none.
+  std::optional<UndoStep> RemoveLast();
+  /// The same with the step of a number.
+  std::optional<UndoStep> Remove(int number);
+
+ private:
+  std::vector<UndoStep> steps_;  // the latest last
+  int last_ = 0;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,95 @@
+// What stands in the menus of a note beside the commands: the menus below, and entries that are no command.
+// Together with the places of the commands (`note/action_table.h`) this is all of every menu.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "note/action_table.h"
+#include "res/resource.h"
+
+namespace jotlets {
+
+/// Entries that are no command of a note. Who shows a menu says which of them there are, and what they do.
+enum class MenuPart : std::uint8_t {
+  kNothing,
+  kPapers,  // rows of colours
+  kHighlights,
+  kGhost,
+  kPreset,  // these four in the order of `Preset`
+  kPreset1,
+  kPreset2,
+  kPreset3,
+  kClearAlarm,
+  kAttachment,
+  kStacks,  // one for each
+  kNewStack,
+  kLeaveStack,
+  kFile,
+  kOfOthers,  // what other programs have added
+};
+
+/// A menu below, or the entries of a part; those without a text of their own have it from who shows them.
+struct MenuEntry {
+  MenuPlace place;
+  std::int32_t text = 0;  // a resource
+  NoteMenu below = NoteMenu::kNoMenu;
+  MenuPart part = MenuPart::kNothing;
+};
+
+inline constexpr std::array kMenuEntries = [] {
+  using enum NoteMenu;
+  using enum MenuPart;
+  return std::array{
+      MenuEntry{{kJotletMenu, 50}, 0, kNoMenu, kPapers},
+      MenuEntry{{kJotletMenu, 120}, IDS_MENU_LOOK, kLookMenu},
+      MenuEntry{{kJotletMenu, 300}, IDS_MENU_REMIND, kRemindMenu},
+      MenuEntry{{kJotletMenu, 320}, IDS_MENU_UNATTACH, kNoMenu, kAttachment},
+      MenuEntry{{kJotletMenu, 330}, IDS_MENU_STACKS, kStacksMenu},
+      MenuEntry{{kJotletMenu, 350}, IDS_MENU_FILE, kFileMenu},
+      MenuEntry{{kJotletMenu, 900}, 0, kNoMenu, kOfOthers},
+      MenuEntry{{kLookMenu, 100}, IDS_MENU_OPACITY, kOpacityMenu},
+      MenuEntry{{kLookMenu, 110}, IDS_MENU_GHOST, kNoMenu, kGhost},
+      MenuEntry{{kLookMenu, 150}, IDS_MENU_MARKS, kMarksMenu},
+      MenuEntry{{kRemindMenu, 100}, IDS_PRESET, kNoMenu, kPreset},
+      MenuEntry{{kRemindMenu, 110}, IDS_PRESET + 1, kNoMenu, kPreset1},
+      MenuEntry{{kRemindMenu, 120}, IDS_PRESET + 2, kNoMenu, kPreset2},
+      MenuEntry{{kRemindMenu, 130}, IDS_PRESET + 3, kNoMenu, kPreset3},
+      MenuEntry{{kRemindMenu, 300}, IDS_MENU_CLEAR_ALARM, kNoMenu, kClearAlarm},
+      MenuEntry{{kStacksMenu, 100}, 0, kNoMenu, kStacks},
+      MenuEntry{{kStacksMenu, 110}, IDS_MENU_NEW_STACK, kNoMenu, kNewStack},
+      MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack},
+      MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile},
+      MenuEntry{{kTextMenu, 100}, 0, kNoMenu, kHighlights},
+      MenuEntry{{kTextMenu, 410}, IDS_MENU_FORMAT, kFormatMenu},
+      MenuEntry{{kTextMenu, 420}, IDS_MENU_ALIGN, kAlignMenu},
+      MenuEntry{{kTextMenu, 430}, IDS_MENU_BULLETS, kBulletsMenu},
+      MenuEntry{{kTextMenu, 440}, IDS_MENU_STYLES, kStylesMenu},
+      MenuEntry{{kTextMenu, 600}, IDS_MENU_JOTLET, kJotletMenu},
+  };
+}();
+
+static_assert(std::ranges::none_of(kNoteActions, [](const NoteAction& row) {
+  return std::ranges::find(kMenuEntries, row.menu, &MenuEntry::place) != kMenuEntries.end();
+}));
+
+/// An entry of a menu: of these two, one is there.
+struct MenuRow {
+  std::int32_t at = 0;
+  const NoteAction* action = nullptr;
+  const MenuEntry* other = nullptr;
+};
+
+/// All that a menu may show, from the top down.
+inline std::vector<MenuRow> RowsOf(NoteMenu which) {
+  std::vector<MenuRow> rows;
+  for (const NoteAction& row : kNoteActions)
+    if (row.menu.menu == which) rows.push_back({row.menu.at, &row, nullptr});
+  for (const MenuEntry& entry : kMenuEntries)
+    if (entry.place.menu == which) rows.push_back({entry.place.at, nullptr, &entry});
+  std::ranges::sort(rows, {}, &MenuRow::at);
+  return rows;
+}
+
+}  // namespace jotlets
