@@ -38,9 +38,9 @@ std::int32_t BJotlet::HeightOfContent() {
 bool BJotlet::EditTitle() {
   if (!skin_->data.titlebar || !IsWindowVisible(Handle())) return false;
   const Rect area = ResolveCorners(*skin_->data.titlebar, {view_.window, {}});
-  constexpr std::int32_t kLeastWidth = 40;
-  constexpr std::int32_t kLeastHeight = 12;
-  if (area.Width() < kLeastWidth || area.Height() < kLeastHeight) return false;
+  constexpr std::int32_t kMinWidth = 40;
+  constexpr std::int32_t kMinHeight = 12;
+  if (area.Width() < kMinWidth || area.Height() < kMinHeight) return false;
   SetForegroundWindow(Handle());
   return title_.edit.Open(Handle(), area, record_.title,
                           [this](const Text* title, HWND focus) { OnTitleEdited(title, focus); });

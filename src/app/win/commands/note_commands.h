@@ -104,7 +104,6 @@ class NoteCommands {
   void SetColour(BJotlet& jotlet, Colour colour);
   void TurnGhost(BJotlet& jotlet);
   void Unattach(BJotlet& jotlet);
-  void AddToNewStack(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);
 
   /// Shows a menu of a note and carries out what is chosen.

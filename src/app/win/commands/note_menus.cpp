@@ -54,7 +54,12 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
       {MenuPart::kGhost, {}, [this](BJotlet& note) { TurnGhost(note); }, true, record.ghost},
       {MenuPart::kClearAlarm, {}, [this](BJotlet& note) { sleep_.ClearAlarm(note); }, record.alarm > 0},
       {MenuPart::kFile, {}, [this](BJotlet& note) { ShowFile(note); }},
-      {MenuPart::kNewStack, {}, [this](BJotlet& note) { AddToNewStack(note); }},
+      {MenuPart::kNewStack,
+       {},
+       [this](BJotlet& note) {
+         const BStackDlg* stack = tools_.stacks.Create(note);
+         if (stack != nullptr) tools_.stacks.Add(stack->Number(), note);
+       }},
       {MenuPart::kLeaveStack, {}, [this](BJotlet& note) { tools_.stacks.RemoveMember(note); }, inStack}};
   for (int i = 0; i < kPresets; ++i) {
     const auto preset = static_cast<Preset>(i);
@@ -133,10 +138,6 @@ void NoteCommands::TurnGhost(BJotlet& jotlet) {
 
 void NoteCommands::Unattach(BJotlet& jotlet) {
   for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetAttachment({});
-}
-
-void NoteCommands::AddToNewStack(BJotlet& jotlet) {
-  if (const BStackDlg* stack = tools_.stacks.Create(jotlet)) tools_.stacks.Add(stack->Number(), jotlet);
 }
 
 void NoteCommands::ChooseColour(BJotlet& jotlet) {
