@@ -1,4 +1,6 @@
 // Starting and ending, in every way there is.
+#include <windows.h>
+
 #include <shellapi.h>
 
 #include <filesystem>

@@ -36,6 +36,8 @@ Text MenuText(HMENU menu, UINT command) {
 
 void BKeysDlg::OpenWindow() {
   if (!IsOpen() && !Open(resources_, IDD_KEYS)) return;
+  ReadRows();
+  ShowRows();
   ShowWindow(Handle(), IsIconic(Handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(Handle());
   SetFocus(Item(IDC_KEYS_SEARCH));
@@ -47,9 +49,7 @@ void BKeysDlg::OnInit() {
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon);
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
   AddColumns();
-  ReadRows();
   Layout();
-  ShowRows();
 }
 
 void BKeysDlg::AddColumns() {
@@ -88,9 +88,17 @@ void BKeysDlg::AddProgramKeys(std::vector<KeyRow>& rows) const {
   }
 }
 
+// It takes what the others leave; the scroll bar, which comes and goes with the rows, has its room.
 void BKeysDlg::FitLastColumn() {
-  ListView_SetColumnWidth(Item(IDC_KEYS_LIST), static_cast<int>(std::size(kColumns)) - 1,
-                          LVSCW_AUTOSIZE_USEHEADER);
+  const HWND list = Item(IDC_KEYS_LIST);
+  RECT bounds{};
+  GetWindowRect(list, &bounds);
+  const auto dpi = GetDpiForWindow(list);
+  int width = bounds.right - bounds.left - GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) -
+              2 * GetSystemMetricsForDpi(SM_CXEDGE, dpi);
+  constexpr int kLast = static_cast<int>(std::size(kColumns)) - 1;
+  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(list, i);
+  ListView_SetColumnWidth(list, kLast, std::max(width, Scaled(kColumns[kLast])));
 }
 
 void BKeysDlg::ShowRows() {
@@ -110,7 +118,6 @@ void BKeysDlg::ShowRows() {
     for (int i = 1; i < static_cast<int>(std::size(cells)); ++i)
       ListView_SetItemText(list, item.iItem, i, WideBuffer(cells[i]));
   }
-  FitLastColumn();
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(list, nullptr, TRUE);
   SetDlgItemTextW(Handle(), IDC_KEYS_COUNT, Wide(shown == 0 ? resources_.String(IDS_KEYS_NONE) : Text()));
