@@ -149,6 +149,7 @@ struct Options {
                                          ColourNumber(64, 253, 252)};
   bool greenRectSs = false;
   std::int32_t newJotletColour = kNone;
+  bool typingAids = true;
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

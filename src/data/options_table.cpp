@@ -311,9 +311,10 @@ constexpr std::array kOptions = {
     Hilite<3>(u"Hilite04", u"Fourth highlight colour."),
     Hilite<4>(u"Hilite05", u"Fifth highlight colour."),
     OnFlag<&O::greenRectSs>(u"GreenRectSS", u"A green rectangle marks the area of a screen picture."),
-    Number<&O::newJotletColour>(u"NewJotletColour",
-                                u"Paper of a new note, as a highlight colour is written; -1: the program's own.",
-                                {-1, 0xFFFFFF}),
+    Number<&O::newJotletColour>(
+        u"NewJotletColour", u"Paper of a new note, as a highlight colour is written; -1: the program's own.",
+        {-1, 0xFFFFFF}),
+    OffFlag<&O::typingAids>(u"TypingAids", u"What is typed may begin lists, check lists, headings and bold."),
 };
 
 }  // namespace

@@ -72,6 +72,7 @@ enum class NoteMenu : std::uint8_t {
   kMarksMenu,
   kStacksMenu,  // has no commands
   kTextMenu,
+  kFontMenu,
   kFormatMenu,
   kAlignMenu,
   kBulletsMenu,

@@ -35,7 +35,7 @@ bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
   if (!isOurs && !desktop.IsAnySounding()) return false;
   // A dialog of ours may be open over the notes; its keys are its own.
   BJotlet* jotlet = desktop.FindWindowOwner(message.hwnd);
-  if (jotlet == nullptr) return false;
+  if (jotlet == nullptr || jotlet->OwnsKeysOf(message.hwnd)) return false;
   if (Quietens(message.wParam)) jotlet->StopAlarm();
   if (!isOurs) return false;
   if (action != kActionNone) return jotlet->DoAction(action, {});

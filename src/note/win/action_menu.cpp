@@ -31,6 +31,11 @@ constexpr OtherEntry kOthers[] = {
     {.place = {NoteMenu::kJotletMenu, 440}, .part = MenuPart::kAttachment},
     {{NoteMenu::kJotletMenu, 450}, IDS_MENU_STACKS, NoteMenu::kStacksMenu, MenuPart::kStacks},
     {.place = {NoteMenu::kJotletMenu, 900}, .part = MenuPart::kOfOthers},
+    {.place = {NoteMenu::kTextMenu, 225}, .part = MenuPart::kPastePlain},
+    {{NoteMenu::kTextMenu, 300}, IDS_MENU_FONT, NoteMenu::kFontMenu},
+    {.place = {NoteMenu::kFontMenu, 100}, .part = MenuPart::kFonts},
+    {.place = {NoteMenu::kBulletsMenu, 200}, .part = MenuPart::kCheckList},
+    {.place = {NoteMenu::kTextMenu, 450}, .part = MenuPart::kWebSearch},
     {{NoteMenu::kTextMenu, 310}, IDS_MENU_FORMAT, NoteMenu::kFormatMenu},
     {{NoteMenu::kTextMenu, 320}, IDS_MENU_ALIGN, NoteMenu::kAlignMenu},
     {{NoteMenu::kTextMenu, 330}, IDS_MENU_BULLETS, NoteMenu::kBulletsMenu},
@@ -108,9 +113,16 @@ class MenuBuilder {
   void AppendAction(HMENU menu, const NoteAction& row) const {
     const ActionState state = StateOf(row.code, facts_);
     const auto code = static_cast<UINT>(row.code);
-    Text text = resources_.String(IDS_ACTION + code);
+    Text text = row.sets.what == ActionSets::kStyle ? StyleText(row) : resources_.String(IDS_ACTION + code);
     if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
     AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
+  }
+
+  // A style is called by its name where it has one; an ampersand of that is no mnemonic.
+  Text StyleText(const NoteAction& row) const {
+    const Text& name = facts_.styles[static_cast<std::size_t>(row.sets.value)];
+    if (name.empty()) return resources_.String(IDS_ACTION + static_cast<UINT>(row.code));
+    return ReplaceAll(name, u"&", u"&&");
   }
 
   void AppendOther(HMENU menu, const OtherEntry& other) const {

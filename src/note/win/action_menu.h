@@ -16,7 +16,17 @@ namespace jotlets {
 class BJotlet;
 
 /// A part of a menu that is not the same for every note.
-enum class MenuPart { kNothing, kFile, kAttachment, kStacks, kOfOthers };
+enum class MenuPart {
+  kNothing,
+  kPastePlain,
+  kCheckList,
+  kFonts,
+  kWebSearch,
+  kFile,
+  kAttachment,
+  kStacks,
+  kOfOthers
+};
 
 /// An entry that is no action code, such as the name of a stack. It brings along all that it needs to be
 /// carried out: while the menu is open, what it was made of may go.

@@ -6,8 +6,14 @@
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "data/text_export.h"
+#include "desk/win/note_links.h"
 #include "note/action_table.h"
+#include "note/editor_keys.h"
+#include "note/font_history.h"
 #include "note/link_text.h"
+#include "note/web_search.h"
+#include "note/win/edit_style.h"
 #include "note/win/edit_text.h"
 #include "note/win/font_chooser.h"
 #include "note/win/properties_dialog.h"
@@ -33,7 +39,6 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionEditUserString1, &NoteCommands::EditUserString},
     {kActionColour, &NoteCommands::ChooseColour},
     {kActionFont, &NoteCommands::ChooseFont},
-    {kActionFindText, &NoteCommands::FindText},
     {kActionHyperlink, &NoteCommands::EditLink},
     {kActionSetSkin, &NoteCommands::ChooseSkin},
     {kActionDefaultSkin, &NoteCommands::ChooseSkin},
@@ -48,6 +53,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionOpenTextContext, &NoteCommands::TextMenu},
     {kActionOrphanCheck, &NoteCommands::OrphanCheck},
     {kActionProperties, &NoteCommands::Properties},
+    {kActionStyles, &NoteCommands::Styles},
     {kActionSleep, &NoteCommands::Sleep},
     {kActionRecurrence, &NoteCommands::Recur},
     {kActionAlarm, &NoteCommands::Alarm},
@@ -63,7 +69,6 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionFriends, .command = ID_FRIENDS},
     {.code = kActionManage, .command = ID_MANAGE},
     {.code = kActionOptions, .command = ID_OPTIONS},
-    {.code = kActionStyles, .command = ID_STYLES},
     {.code = kActionHelp, .command = ID_HELP_JOTLETS},
 };
 
@@ -97,6 +102,7 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
   facts.user2 = record.user2;
   facts.user3 = record.user3;
   facts.transparency = record.transparency;
+  facts.styles = StyleNames(tools_.options);
   if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
   facts.skinFixed = tools_.skins.IsFixedByPolicy();
   facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
@@ -132,6 +138,7 @@ std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
        [this](BJotlet& note) { tools_.stacks.RemoveMember(note); }, inStack},
       {MenuPart::kStacks, text(IDS_MENU_SHOW_STACK), [this](BJotlet& note) { ShowParent(note); }, inStack}};
   AddStacks(record, extras);
+  AddTextExtras(jotlet, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
     extras.push_back(
         {MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
@@ -139,6 +146,52 @@ std::vector<ExtraEntry> NoteCommands::ExtrasOf(const BJotlet& jotlet) {
          }});
   }
   return extras;
+}
+
+// Of the text's own menu: what the editor's keys do, fonts of late and the web.
+void NoteCommands::AddTextExtras(const BJotlet& jotlet, std::vector<ExtraEntry>& extras) {
+  if (jotlet.Editor() == nullptr) return;
+  const BEdit& edit = *jotlet.Editor();
+  const auto add = [&](MenuPart part, EditorKey key, bool enabled) {
+    const Text text = tools_.resources.String(IDS_EDITOR_KEY + static_cast<UINT>(key));
+    extras.push_back({part, text + u"\t" + ShortcutText(KeyOf(key)),
+                      [key](BJotlet& note) { note.Editor()->Do(key); }, enabled});
+  };
+  add(MenuPart::kPastePlain, EditorKey::kPastePlain, edit.CanPaste());
+  if (tools_.options.typingAids) add(MenuPart::kCheckList, EditorKey::kCheckList, !edit.IsReadOnly());
+  for (const Text& face : RecentFonts(tools_.options.fontMru)) {
+    extras.push_back({MenuPart::kFonts, ReplaceAll(face, u"&", u"&&"),
+                      [this, face](BJotlet& note) { SetFace(note, face); }, !edit.IsReadOnly()});
+  }
+  AddWebSearch(edit, extras);
+}
+
+void NoteCommands::AddWebSearch(const BEdit& edit, std::vector<ExtraEntry>& extras) {
+  constexpr LONG kLongestWords = 1000;
+  const Text& address = tools_.options.google.second;
+  CHARRANGE selection = edit.Selection();
+  if (address.empty() || selection.cpMin == selection.cpMax) return;
+  selection.cpMax = std::min(selection.cpMax, selection.cpMin + kLongestWords);
+  const Text words = edit.TextBetween(selection);
+  const Text page = WebSearchAddress(address, words);
+  const auto search = [this, page](BJotlet& note) {
+    FollowLink(note.Handle(), tools_.resources, tools_.log, page, false);
+  };
+  extras.push_back({MenuPart::kWebSearch,
+                    ReplaceAll(tools_.resources.String(IDS_WEB_SEARCH), u"%s", ShortWords(words)), search,
+                    !page.empty()});
+}
+
+void NoteCommands::SetFace(BJotlet& jotlet, const Text& face) {
+  SetFontFace(*jotlet.Editor(), face);
+  RememberFont(face);
+}
+
+void NoteCommands::RememberFont(const Text& face) {
+  const Text fonts = WithRecentFont(tools_.options.fontMru, face);
+  if (fonts == tools_.options.fontMru) return;
+  tools_.options.fontMru = fonts;
+  tools_.saving.SetOptionsDirty();
 }
 
 void NoteCommands::AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras) {
@@ -243,16 +296,15 @@ void NoteCommands::ChooseFont(BJotlet& jotlet) {
   if (jotlet.Editor() == nullptr) return;
   const auto style = ChooseSystemFont(jotlet.Handle(), CurrentFont(*jotlet.Editor()));
   BJotlet* note = tools_.notes.Find(id);
-  if (style && note != nullptr && note->Editor() != nullptr) SetFont(*note->Editor(), *style);
+  if (!style || note == nullptr || note->Editor() == nullptr) return;
+  SetFont(*note->Editor(), *style);
+  RememberFont(style->face);
 }
 
-void NoteCommands::FindText(BJotlet& jotlet) {
-  const Text id = jotlet.StoredRecord().id;
-  const auto words = BTextDlg(tools_.resources, IDS_FIND_TEXT, tools_.notes.Searched()).Ask(jotlet.Handle());
-  BJotlet* note = tools_.notes.Find(id);
-  if (!words || words->empty() || note == nullptr || note->Editor() == nullptr) return;
-  tools_.notes.SetSearched(*words);
-  if (!FindNextText(*note->Editor(), *words)) Tell(note->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
+void NoteCommands::Styles(BJotlet& jotlet) {
+  std::optional<TextStyle> selection;
+  if (jotlet.Editor() != nullptr) selection = StyleOfSelection(*jotlet.Editor());
+  tools_.program.EditStyles(jotlet.Handle(), std::move(selection));
 }
 
 // A link that is there is opened, and a selected address becomes one. For anything else the user gives an
@@ -276,8 +328,8 @@ void NoteCommands::Save(BJotlet&) { tools_.saving.SaveIfDirty(); }
 bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const Text extension(jotlet.Content().Extension());
-  const Text path =
-      ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension, {});
+  const Text path = ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension,
+                                     FileNameOfTitle(jotlet.TitleShown()));
   BJotlet* note = tools_.notes.Find(id);
   if (path.empty() || note == nullptr) return false;
   const FileStatus written = tools_.contents.WriteCopy(*note, path);

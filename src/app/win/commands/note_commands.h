@@ -66,7 +66,7 @@ class NoteCommands {
   void ChooseColour(BJotlet& jotlet);
   void ChooseSkin(BJotlet& jotlet);
   void ChooseFont(BJotlet& jotlet);
-  void FindText(BJotlet& jotlet);
+  void Styles(BJotlet& jotlet);
   void EditLink(BJotlet& jotlet);
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
@@ -88,6 +88,10 @@ class NoteCommands {
 
   std::vector<ExtraEntry> ExtrasOf(const BJotlet& jotlet);
   void AddStacks(const JotletData& record, std::vector<ExtraEntry>& extras);
+  void AddTextExtras(const BJotlet& jotlet, std::vector<ExtraEntry>& extras);
+  void AddWebSearch(const BEdit& edit, std::vector<ExtraEntry>& extras);
+  void SetFace(BJotlet& jotlet, const Text& face);
+  void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);
   void AddToNewStack(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);
