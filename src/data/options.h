@@ -154,6 +154,7 @@ struct Options {
   bool undoStrip = true;
   bool altF4Leaves = false;
   std::array<std::int32_t, 5> recentColours = {-1, -1, -1, -1, -1};
+  bool typingAids = true;
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

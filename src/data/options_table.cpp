@@ -317,9 +317,9 @@ constexpr std::array kOptions = {
     Hilite<3>(u"Hilite04", u"Fourth highlight colour."),
     Hilite<4>(u"Hilite05", u"Fifth highlight colour."),
     OnFlag<&O::greenRectSs>(u"GreenRectSS", u"A green rectangle marks the area of a screen picture."),
-    Number<&O::newJotletColour>(u"NewJotletColour",
-                                u"Paper of a new note, as a highlight colour is written; -1: the program's own.",
-                                {-1, 0xFFFFFF}),
+    Number<&O::newJotletColour>(
+        u"NewJotletColour", u"Paper of a new note, as a highlight colour is written; -1: the program's own.",
+        {-1, 0xFFFFFF}),
     Number<&O::eveningTime>(u"EveningTime", u"When \"this evening\" is: minutes since midnight.",
                             kMinuteOfDay),
     Number<&O::morningTime>(u"MorningTime", u"When \"tomorrow morning\" is: minutes since midnight.",
@@ -330,6 +330,7 @@ constexpr std::array kOptions = {
     OnFlag<&O::altF4Leaves>(u"AltF4Leaves", u"Alt+F4 in a note leaves Jotlets without a question."),
     Numbers<&O::recentColours>(u"RecentColours",
                                u"The own colours of notes that were chosen last, as Hilite01; -1 is none."),
+    OffFlag<&O::typingAids>(u"TypingAids", u"What is typed may begin lists, check lists, headings and bold."),
 };
 
 }  // namespace

@@ -1,166 +1,33 @@
 #include "data/rtf_text.h"
 
 #include <algorithm>
-#include <array>
+#include <utility>
+
+#include "data/rtf_reader.h"
 
 namespace jotlets {
 namespace {
 
-// Groups whose content is not part of the text.
-constexpr std::array<std::string_view, 13> kOtherContent = {
-    "fonttbl",  "colortbl",  "stylesheet",        "info",     "pict", "object", "fldinst", "header", "footer",
-    "footnote", "listtable", "listoverridetable", "themedata"};
-
-struct CharacterWord {
-  std::string_view word;
-  TextView text;
-};
-constexpr std::array kCharacterWords = {
-    CharacterWord{"par", u"\r\n"},         CharacterWord{"line", u"\r\n"},
-    CharacterWord{"row", u"\r\n"},         CharacterWord{"tab", u"\t"},
-    CharacterWord{"cell", u"\t"},          CharacterWord{"emdash", u"\u2014"},
-    CharacterWord{"endash", u"\u2013"},    CharacterWord{"bullet", u"\u2022"},
-    CharacterWord{"lquote", u"\u2018"},    CharacterWord{"rquote", u"\u2019"},
-    CharacterWord{"ldblquote", u"\u201C"}, CharacterWord{"rdblquote", u"\u201D"}};
-
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-int HexDigit(char c) {
-  if (IsDigit(c)) return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-class RtfTextReader {
+class TextStart final : public RtfReader {
  public:
-  RtfTextReader(std::string_view rtf, std::size_t maximum) : rest_(rtf), maximum_(maximum) {}
+  TextStart(std::string_view rtf, std::size_t maximum) : RtfReader(rtf), maximum_(maximum) {}
 
-  Text Read() {
-    while (!rest_.empty() && text_.size() < maximum_) {
-      const char c = Take();
-      if (c == '{') {
-        ++depth_;
-      } else if (c == '}') {
-        CloseGroup();
-      } else if (c == '\\') {
-        ReadControl();
-      } else if (c != '\r' && c != '\n') {
-        AddCharacter(static_cast<unsigned char>(c));
-      }
-    }
+  Text Words() {
+    Read();
     text_.resize(std::min(text_.size(), maximum_));
     return std::move(text_);
   }
 
  private:
-  char Take() {
-    const char c = rest_.front();
-    rest_.remove_prefix(1);
-    return c;
-  }
-  bool Skipping() const { return skippedDepth_ != 0; }
-  void Skip() {
-    if (!Skipping()) skippedDepth_ = depth_;
-  }
-  void CloseGroup() {
-    if (depth_ == skippedDepth_) skippedDepth_ = 0;
-    if (depth_ > 0) --depth_;
-    replaced_ = 0;
-  }
-  // A character that stands in for a Unicode one before it is left out.
-  void AddCharacter(char16_t unit) {
-    if (replaced_ > 0) {
-      --replaced_;
-    } else if (!Skipping() && unit != 0) {
-      text_ += unit;
-    }
-  }
+  bool IsFull() const override { return text_.size() >= maximum_; }
+  void OnText(TextView text) override { text_ += text; }
 
-  void ReadControl() {
-    if (rest_.empty()) return;
-    if (!IsLetter(rest_.front())) {
-      ReadSymbol(Take());
-      return;
-    }
-    const std::size_t length =
-        static_cast<std::size_t>(std::find_if_not(rest_.begin(), rest_.end(), IsLetter) - rest_.begin());
-    const std::string_view word = rest_.substr(0, length);
-    rest_.remove_prefix(length);
-    bool given = false;
-    const std::int64_t number = ReadNumber(given);
-    if (!rest_.empty() && rest_.front() == ' ') Take();
-    ActOn(word, number, given);
-  }
-
-  std::int64_t ReadNumber(bool& given) {
-    constexpr std::int64_t kLargest = 1'000'000'000;
-    const bool negative = rest_.size() > 1 && rest_[0] == '-' && IsDigit(rest_[1]);
-    if (negative) Take();
-    std::int64_t number = 0;
-    while (!rest_.empty() && IsDigit(rest_.front())) {
-      number = std::min(number * 10 + (Take() - '0'), kLargest);
-      given = true;
-    }
-    return negative ? -number : number;
-  }
-
-  void ReadSymbol(char symbol) {
-    switch (symbol) {
-      case '\'': {
-        if (rest_.size() < 2) return;
-        const int high = HexDigit(rest_[0]);
-        const int low = HexDigit(rest_[1]);
-        if (high < 0 || low < 0) return;
-        rest_.remove_prefix(2);
-        AddCharacter(static_cast<char16_t>(high * 16 + low));
-        break;
-      }
-      case '*': Skip(); break;
-      case '~': AddCharacter(0xA0); break;
-      case '_': AddCharacter(u'-'); break;
-      case '\r':
-      case '\n': Add(u"\r\n"); break;
-      case '{':
-      case '}':
-      case '\\': AddCharacter(static_cast<char16_t>(symbol)); break;
-      default: break;
-    }
-  }
-
-  void Add(TextView text) {
-    if (!Skipping()) text_ += text;
-  }
-
-  void ActOn(std::string_view word, std::int64_t number, bool given) {
-    if (word == "u" && given) {
-      replaced_ = 0;
-      AddCharacter(static_cast<char16_t>(number & 0xFFFF));
-      replaced_ = replacements_;
-    } else if (word == "uc" && given) {
-      replacements_ = std::clamp<std::int64_t>(number, 0, 16);
-    } else if (word == "bin" && number > 0) {
-      rest_.remove_prefix(std::min(rest_.size(), static_cast<std::size_t>(number)));
-    } else if (std::find(kOtherContent.begin(), kOtherContent.end(), word) != kOtherContent.end()) {
-      Skip();
-    } else {
-      const auto row = std::find_if(kCharacterWords.begin(), kCharacterWords.end(),
-                                    [&](const CharacterWord& r) { return r.word == word; });
-      if (row != kCharacterWords.end()) Add(row->text);
-    }
-  }
-
-  std::string_view rest_;
   std::size_t maximum_;
   Text text_;
-  std::size_t depth_ = 0;
-  std::size_t skippedDepth_ = 0;  // of the group that is left out, 0 for none
-  std::int64_t replacements_ = 1;
-  std::int64_t replaced_ = 0;
 };
 
 }  // namespace
 
-Text RtfTextStart(std::string_view rtf, std::size_t maximum) { return RtfTextReader(rtf, maximum).Read(); }
+Text RtfTextStart(std::string_view rtf, std::size_t maximum) { return TextStart(rtf, maximum).Words(); }
 
 }  // namespace jotlets

@@ -16,7 +16,6 @@ void Fill(NoteContent& content, const NewNote& fresh) {
   } else if (!fresh.text.empty()) {
     content.SetPlainText(fresh.text);
   }
-  if (fresh.fromClipboard) content.Paste(!fresh.plainClipboard);
 }
 
 // Those of the ids that a list has, in its order.
@@ -179,7 +178,11 @@ Text NoteDesk::Create(const NewNote& fresh) {
   if (!record) return {};
   Text id = record->id;
   if (!OpenWindow(std::move(*record))) return {};
-  Fill(context_.windows.ContentOf(id), fresh);
+  NoteContent& content = context_.windows.ContentOf(id);
+  Fill(content, fresh);
+  // Rich text, and a text that was there before, look as they do.
+  if (fresh.rtf.empty() && fresh.id.empty()) context_.windows.StyleNewText(id);
+  if (fresh.fromClipboard) content.Paste(!fresh.plainClipboard);
   Show(id, Showing::kQuietly);
   TellCreated(id, fresh.reason);
   return id;

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "data/options.h"
 #include "data/text_file.h"
 
 namespace jotlets {
@@ -55,6 +56,18 @@ Text NoteMessageFromFile(TextView fileText) {
   put(u"TITLE=", fields.title);
   message.append(content.starts_with(u"{\\rtf1") ? u"RTF=" : u"TEXT=").append(content);
   return message;
+}
+
+Text ComposeNoteFile(const JotletData& record, TextView rtf) {
+  Text file = u"col:";
+  AppendInt(file, ColourNumber(record.colour.r, record.colour.g, record.colour.b));
+  file += u"\nwidth:";
+  AppendInt(file, record.width);
+  file += u"\n";
+  // The encoded form keeps every character, blanks at the ends too.
+  if (!record.title.empty()) file += u"utitle:" + HexTitle(record.title) + u"\n";
+  if (!record.source.empty()) file += u"Source:" + OneLine(record.source) + u"\n";
+  return file.append(rtf);
 }
 
 }  // namespace jotlets

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "data/jotlet_data.h"
 
 namespace jotlets {
 
@@ -11,5 +12,8 @@ namespace jotlets {
 /// The message is "#jotlet ", then "FORM=", "COL=", "W=%i\n", "SOURCE=", "UTITLE=", "TITLE=" with their
 /// values, a line each, and the content to the end: "RTF=" when it begins with "{\rtf1", else "TEXT=".
 Text NoteMessageFromFile(TextView fileText);
+
+/// The text of the note file that holds a note with this rich text, in ASCII but for its source.
+Text ComposeNoteFile(const JotletData& record, TextView rtf);
 
 }  // namespace jotlets

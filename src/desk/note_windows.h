@@ -47,6 +47,9 @@ class NoteWindows {
   /// What the note holds; good until its window goes.
   virtual NoteContent& ContentOf(TextView id) = 0;
 
+  /// The text of a new note, if it has one, takes the style that its skin has for such.
+  virtual void StyleNewText(TextView id) = 0;
+
   virtual NoteWindowState StateOf(TextView id) const = 0;
   /// Puts the window somewhere without that being a change worth saving.
   virtual void PlaceAt(TextView id, Point position) = 0;

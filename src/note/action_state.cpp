@@ -19,7 +19,13 @@ bool HasWhatItNeeds(ActionNeeds needs, const ActionFacts& facts) {
   return false;
 }
 
+bool IsUnsetStyle(const ActionSetting& sets, const ActionFacts& facts) {
+  const auto number = static_cast<std::size_t>(sets.value);
+  return sets.what == ActionSets::kStyle && number < facts.styles.size() && facts.styles[number].empty();
+}
+
 bool IsEnabled(const NoteAction& row, const ActionFacts& facts) {
+  if (IsUnsetStyle(row.sets, facts)) return false;
   const bool refused = facts.readOnly && row.onText != ActionOnText::kKeeps;
   return row.by != ActionBy::kNobody && !refused && HasWhatItNeeds(row.needs, facts);
 }

@@ -2,6 +2,9 @@
 // and the facts of the note. Menus and keys ask the same rule.
 #pragma once
 
+#include <array>
+
+#include "base/text.h"
 #include "note/actions.h"
 #include "note/edit_facts.h"
 
@@ -20,7 +23,8 @@ struct ActionFacts {
   std::int32_t transparency = 0;  // as the record has it
   bool skinFixed = false;         // by policy
   bool inStack = false;
-  EditFacts edit;  // of the text; all false for a picture
+  std::array<Text, 10> styles;  // what the saved styles are called; empty for one that is not set
+  EditFacts edit;               // of the text; all false for a picture
 };
 
 struct ActionState {

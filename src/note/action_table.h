@@ -75,6 +75,7 @@ enum class NoteMenu : std::uint8_t {
   kStacksMenu,
   kFileMenu,
   kTextMenu,
+  kFontMenu,
   kFormatMenu,
   kAlignMenu,
   kBulletsMenu,

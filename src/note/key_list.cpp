@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "note/action_table.h"
+#include "note/editor_keys.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -45,6 +46,9 @@ std::vector<KeyRow> NoteKeyRows(const TextOfResource& textOf) {
     const bool ofText = action.needs != ActionNeeds::kNothing && action.needs != ActionNeeds::kFreeSkin;
     rows.push_back({ofText ? KeyPlace::kText : KeyPlace::kNote, key, WordsOf(action, textOf)});
   }
+  for (const EditorKeyRow& row : kEditorKeys)
+    rows.push_back({KeyPlace::kText, ShortcutText(row.key),
+                    textOf(IDS_EDITOR_KEY + static_cast<std::uint32_t>(row.does))});
   for (std::uint32_t id = IDS_KEY_ROW; id < IDS_KEY_ROW_END; ++id) {
     const Text line = textOf(id);
     if (!line.empty()) rows.push_back(ParseRow(line));

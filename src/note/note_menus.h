@@ -27,6 +27,10 @@ enum class MenuPart : std::uint8_t {
   kNewStack,
   kLeaveStack,
   kFile,
+  kPastePlain,
+  kFonts,  // one for each of those used lately
+  kCheckList,
+  kWebSearch,
   kOfOthers,  // what other programs have added
 };
 
@@ -62,6 +66,11 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack},
       MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile},
       MenuEntry{{kTextMenu, 100}, 0, kNoMenu, kHighlights},
+      MenuEntry{{kTextMenu, 325}, 0, kNoMenu, kPastePlain},
+      MenuEntry{{kTextMenu, 400}, IDS_MENU_FONT, kFontMenu},
+      MenuEntry{{kFontMenu, 100}, 0, kNoMenu, kFonts},
+      MenuEntry{{kBulletsMenu, 200}, 0, kNoMenu, kCheckList},
+      MenuEntry{{kTextMenu, 550}, 0, kNoMenu, kWebSearch},
       MenuEntry{{kTextMenu, 410}, IDS_MENU_FORMAT, kFormatMenu},
       MenuEntry{{kTextMenu, 420}, IDS_MENU_ALIGN, kAlignMenu},
       MenuEntry{{kTextMenu, 430}, IDS_MENU_BULLETS, kBulletsMenu},

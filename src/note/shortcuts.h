@@ -23,10 +23,12 @@ struct Shortcut {
 enum Key : std::uint16_t {
   kTabKey = 0x09,
   kEnterKey = 0x0D,
+  kSpaceKey = 0x20,
   kLeftKey = 0x25,
   kUpKey = 0x26,
   kRightKey = 0x27,
   kDownKey = 0x28,
+  kInsertKey = 0x2D,
   kDeleteKey = 0x2E,
   kMenuKey = 0x5D,
   kF2Key = 0x71,

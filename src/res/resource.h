@@ -195,7 +195,6 @@
 #define IDS_SKIN_SAMPLE 2030
 #define IDS_EDIT_TITLE 2031
 #define IDS_EDIT_USER_STRING 2032
-#define IDS_FIND_TEXT 2033
 #define IDS_FILTER_TEXT 2034
 #define IDS_FILTER_PICTURE 2035
 #define IDS_FILTER_IMPORT 2036
@@ -209,7 +208,6 @@
 #define IDS_MENU_JOTLET 2045
 #define IDS_NOT_IMPORTED 2046
 #define IDS_BEGINNING 2047
-#define IDS_NOT_FOUND 2048
 #define IDS_LINK_TO_FILE 2060
 #define IDS_LINK_REFUSED 2061
 #define IDS_CRASHED 2062
@@ -352,3 +350,32 @@
 #define IDS_KEY_ROW 6780    // as many as there are, up to the end
 #define IDS_KEY_ROW_END 6800
 #define IDS_HOT_KEY 6800  // in the order of the options
+// Writing in a note. The texts of the editor's keys: this number and the `EditorKey`.
+#define IDS_EDITOR_KEY 6100
+// The names of the styles of a first run, in the order of `FirstTextStyles`.
+#define IDS_STYLE_FIRST 6120
+#define IDS_STYLE_NONE 6126
+#define IDS_STYLE_AS_IT_IS 6127
+#define IDS_STYLE_LEFT 6128
+#define IDS_STYLE_CENTRE 6129
+#define IDS_STYLE_RIGHT 6130
+#define IDS_FIND_COUNT 6131
+#define IDS_FIND_NONE 6132
+#define IDS_MENU_FONT 6133
+#define IDS_WEB_SEARCH 6134
+#define IDD_STYLES 170
+#define IDC_STYLE_LIST 6000
+#define IDC_STYLE_NAME 6001
+#define IDC_STYLE_FONT 6002
+#define IDC_STYLE_FONT_NAME 6003
+#define IDC_STYLE_BOLD 6004
+#define IDC_STYLE_ITALIC 6005
+#define IDC_STYLE_UNDERLINE 6006
+#define IDC_STYLE_COLOUR 6007
+#define IDC_STYLE_BACK 6008
+#define IDC_STYLE_ALIGN 6009
+#define IDC_STYLE_INDENT 6010
+#define IDC_STYLE_BEFORE 6011
+#define IDC_STYLE_AFTER 6012
+#define IDC_STYLE_FROM_SELECTION 6013
+#define IDC_STYLE_CLEAR 6014

@@ -207,8 +207,10 @@ constexpr std::array kRows = {
                .access = kNumberOf<&O::bulletIndent>,
                .maximum = 10000,
                .hasUnit = true},
+    SettingRow{.id = 33, .option = u"TypingAids", .group = kTyping, .access = kNumberOf<&O::typingAids>},
     SettingRow{.id = 31, .option = u"RTL", .group = kTyping, .access = kNumberOf<&O::rtl>},
     SettingRow{.id = 32, .option = u"NoRTLKeys", .group = kTyping, .access = kNumberOf<&O::noRtlKeys>},
+    SettingRow{.id = 33, .option = u"TypingAids", .group = kTyping, .access = kNumberOf<&O::typingAids>},
 
     SettingRow{.id = 34,
                .option = u"Hilite01",

@@ -151,6 +151,7 @@ class FakeWindows final : public NoteWindows {
   }
   void SetOnTop(TextView id) override { journal.push_back(u"top " + Text(id)); }
   void Attach(TextView id, const Attachment& attachment) override { At(id).record->attachment = attachment; }
+  void StyleNewText(TextView) override {}
   void StartAlarm(TextView id) override {
     if (!At(id).shown) return;
     At(id).record->alarm = kNone;

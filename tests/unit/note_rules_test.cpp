@@ -124,7 +124,7 @@ TEST(Rolled, OrHasAPlaceAndWidthOfItsOwn) {
 
 constexpr TextView kStyle = u"-12|0|0|0|400|0|0|0|0|3|2|1|34|Tahoma|0|0|0|255|0|0";
 
-TEST(TextStyle, HasTwentyFieldsInTheirOrder) {
+TEST(TextStyle, HasItsFieldsInTheirOrder) {
   const TextStyle tahoma = ParseTextStyle(kStyle);
   EXPECT_TRUE(tahoma.height == -12 && tahoma.weight == 400 && tahoma.outPrecision == 3);
   EXPECT_TRUE(tahoma.faceName == u"Tahoma" && tahoma.colour == Colour{} && tahoma.others[0] == 255);
@@ -133,12 +133,19 @@ TEST(TextStyle, HasTwentyFieldsInTheirOrder) {
   const TextStyle each = ParseTextStyle(kEach);
   EXPECT_TRUE(each.orientation == 4 && each.italic == 6 && each.charSet == 9 && each.pitchAndFamily == 13);
   EXPECT_TRUE(each.colour == (Colour{14, 15, 16}) && each.others == (std::array{17, 18, 19}));
+  const Text named = Text(kStyle) + u"|Done & gone|105|66051|2|400|60|20";
+  const TextStyle done = ParseTextStyle(named);
+  EXPECT_EQ(ComposeTextStyle(done), named);
+  EXPECT_TRUE(done.name == u"Done & gone" && done.points10 == 105 && done.back == (Colour{3, 2, 1}));
+  EXPECT_EQ(done.paragraphs, (ParagraphStyle{Alignment::kRight, 400, 60, 20}));
+  EXPECT_EQ(Points10Of(tahoma), 90);
+  EXPECT_EQ(Points10Of(done), 105);
 }
 
 TEST(TextStyle, MakesSomethingOfAnyText) {
   EXPECT_TRUE(!ParseTextStyle(u"").IsSet() && ParseTextStyle(u"") == TextStyle());
   const TextStyle odd = ParseTextStyle(u"-9999999999|||x|9999|-1|300|||||||Cour\nier|-5|999|7||1|2|3|4");
-  EXPECT_EQ(ComposeTextStyle(odd), u"-32767|0|0|0|1000|0|255|0|0|0|0|0|0|Courier|0|255|7|0|1|2");
+  EXPECT_EQ(ComposeTextStyle(odd), u"-32767|0|0|0|1000|0|255|0|0|0|0|0|0|Courier|0|255|7|0|1|2|3|4|||||");
   TextStyle named;
   named.faceName = u"a|b\r" + Text(50, u'x');
   EXPECT_EQ(ParseTextStyle(ComposeTextStyle(named)).faceName, u"ab" + Text(29, u'x'));
@@ -156,6 +163,17 @@ TEST(TextStyle, IsKeptUnderTenNumbers) {
   options.styles[9] = kStyle;
   EXPECT_EQ(SavedTextStyle(options, 9), ParseTextStyle(kStyle));
   EXPECT_FALSE(SavedTextStyle(options, 8).IsSet());
+  const std::array<Text, 6> names = {u"Heading", u"Small", u"Code", u"Highlight", u"Warning", u"Done"};
+  options.styles = FirstTextStyles(names);
+  options.styles.resize(8);
+  options.styles[7] = kStyle;
+  EXPECT_EQ(StyleNames(options)[5], u"Done");
+  EXPECT_EQ(StyleNames(options)[6], u"");
+  EXPECT_EQ(StyleNames(options)[7], u"Tahoma 9");
+  EXPECT_EQ(FindTextStyle(options, u"HEADING"), 0u);
+  EXPECT_EQ(FindTextStyle(options, u"style07"), 7u);
+  for (const TextView none : {u"Style06", u"Style0x", u"", u"Other"})
+    EXPECT_EQ(FindTextStyle(options, none), kTextStyles) << ToUtf8(none);
 }
 
 }  // namespace

@@ -56,6 +56,9 @@ class EditorTest : public ::testing::Test, private EditWatcher {
   void OnEditScrolled() override {}
   void OnEditMouse() override {}
   void OnEditLink(const Text& target) override { opened_ = target; }
+  TypingSettings Typing() override { return typing_; }
+  Text Searched() override { return searched_; }
+  bool HasDirectionKeys() override { return directionKeys_; }
 
   bool Do(ActionCode action) { return DoEditAction(edit_, action, context_); }
   void Select(LONG first, LONG last) { edit_.Select({first, last}); }
@@ -76,14 +79,28 @@ class EditorTest : public ::testing::Test, private EditWatcher {
     SendMessageW(edit_.Handle(), WM_LBUTTONDOWN, keys | MK_LBUTTON, where);
     SendMessageW(edit_.Handle(), WM_LBUTTONUP, keys, where);
   }
-  void PressWithControl(WPARAM key, bool shift) {
+  // A key as the message loop hands it on: the character that comes of it follows, `typed` if there is one.
+  void Press(WPARAM key, char16_t typed, bool control = false, bool shift = false) {
     BYTE none[256] = {};
     BYTE down[256] = {};
-    down[VK_CONTROL] = 0x80;
+    down[VK_CONTROL] = control ? 0x80 : 0;
     down[VK_SHIFT] = shift ? 0x80 : 0;
     SetKeyboardState(down);
     SendMessageW(edit_.Handle(), WM_KEYDOWN, key, 0);
+    if (typed != 0) SendMessageW(edit_.Handle(), WM_CHAR, typed, 0);
     SetKeyboardState(none);
+  }
+  void PressWithControl(WPARAM key, bool shift) { Press(key, 0, true, shift); }
+  void Type(TextView text) {
+    for (const char16_t unit : text) {
+      if (unit == u'\n') {
+        Press(VK_RETURN, u'\r');
+      } else if (unit == u'\t') {
+        Press(VK_TAB, u'\t');
+      } else {
+        Press(VK_PACKET, unit);
+      }
+    }
   }
   void SetClipboard(UINT format, const void* bytes, std::size_t size) {
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
@@ -104,8 +121,12 @@ class EditorTest : public ::testing::Test, private EditWatcher {
   BEdit edit_;
   Text opened_;
   std::optional<LiftedFormat> lifted_;
-  std::vector<FontStyle> styles_ = {{}, {u"Courier New", 125, false, true, true, false, {200, 0, 10}, 0}};
-  EditContext context_{[] { return Text(u"7 May"); }, styles_, 480, kColours, lifted_, u"BEE", false};
+  std::vector<EditStyle> styles_ = {
+      {}, {{u"Courier New", 125, false, true, true, false, {200, 0, 10}, 0}, {}, {}}};
+  EditContext context_{[] { return Text(u"7 May"); }, styles_, 480, kColours, lifted_, {}, u"BEE"};
+  TypingSettings typing_;
+  Text searched_;
+  bool directionKeys_ = false;
 };
 
 TEST_F(EditorTest, EffectsGoOverTheWholeOfAMixedSelection) {
@@ -154,11 +175,27 @@ TEST_F(EditorTest, FontsComeFromTheDialogsTermsAndFromSavedStyles) {
   edit_.SetPlainText(u"styled text");
   Select(0, 6);
   Do(kActionApplyStyle1);
-  EXPECT_EQ(CurrentFont(edit_), styles_[1]);
-  EXPECT_EQ(FromLogFont(ToLogFont(styles_[1]), 125, styles_[1].colour), styles_[1]);
+  const FontStyle& courier = styles_[1].font;
+  EXPECT_EQ(CurrentFont(edit_), courier);
+  EXPECT_EQ(FromLogFont(ToLogFont(courier), 125, courier.colour), courier);
   const std::string before = edit_.Rtf().value();
   EXPECT_TRUE(Do(kActionApplyStyle9)) << "not saved, so there is nothing to apply";
   EXPECT_EQ(edit_.Rtf(), before);
+  styles_[0] = {{.face = u"Arial", .points10 = 140, .colour = {}},
+                Colour{255, 255, 0},
+                ParagraphStyle{Alignment::kCenter, 400, 60, 20}};
+  Do(kActionApplyStyle0);
+  EXPECT_EQ(StyleOfSelection(edit_).back, styles_[0].back);
+  EXPECT_EQ(StyleOfSelection(edit_).paragraphs, styles_[0].paragraphs);
+  edit_.SetBackground(kNight);
+  styles_[0].back.reset();
+  Do(kActionApplyStyle0);
+  EXPECT_EQ(CurrentFont(edit_).colour, kLightInk) << "black text on dark paper cannot be read";
+  edit_.SetPlainText({});
+  ApplyStyleToAll(edit_, styles_[1]);
+  Type(u"new");
+  Select(0, 3);
+  EXPECT_EQ(CurrentFont(edit_), styles_[1].font);
   const Text longest(40, u'x');
   SetFont(edit_, {.face = longest, .points10 = 90, .colour = {}});
   EXPECT_EQ(CurrentFont(edit_).face, longest.substr(0, 31));
@@ -177,6 +214,24 @@ TEST_F(EditorTest, ParagraphsAreAlignedTurnedAndListed) {
   Do(kActionLtr);
   EXPECT_FALSE(Facts().rtl);
   EXPECT_EQ(Facts().alignment, Alignment::kLeft);
+
+  const auto release = [&](LPARAM scanCode) {
+    BYTE control[256] = {};
+    control[VK_CONTROL] = 0x80;
+    SetKeyboardState(control);
+    SendMessageW(edit_.Handle(), WM_KEYDOWN, VK_SHIFT, scanCode << 16);
+    SendMessageW(edit_.Handle(), WM_KEYUP, VK_SHIFT, scanCode << 16);
+    BYTE none[256] = {};
+    SetKeyboardState(none);
+    return Facts().rtl;
+  };
+  constexpr LPARAM kLeftShift = 0x2A;
+  constexpr LPARAM kRightShift = 0x36;
+  Select(0, 0);
+  EXPECT_FALSE(release(kRightShift)) << "these keys are off";
+  directionKeys_ = true;
+  EXPECT_TRUE(release(kRightShift));
+  EXPECT_FALSE(release(kLeftShift));
 
   const auto list = [&](ActionCode action, Bullets bullets) {
     Select(2, 2);
@@ -198,6 +253,113 @@ TEST_F(EditorTest, ParagraphsAreAlignedTurnedAndListed) {
   list(kActionBullets, Bullets::kNormal);
   Do(kActionBullets);
   EXPECT_EQ(Facts().bullets, Bullets::kNoBullets);
+}
+
+TEST_F(EditorTest, TypingBeginsAndEndsListsHeadingsAndBoldAndIsUndoneAtOnce) {
+  const auto typed = [&](TextView text) {
+    edit_.SetPlainText({});
+    Type(text);
+    return edit_.PlainText();
+  };
+  typing_ = {true, 480, {}};
+  for (const auto& [marks, bullets] : {std::pair(TextView(u"- "), Bullets::kNormal),
+                                       {u"* ", Bullets::kNormal},
+                                       {u"1. ", Bullets::kNumbers}}) {
+    EXPECT_EQ(typed(marks), u"");
+    EXPECT_EQ(Facts().bullets, bullets);
+    EXPECT_EQ(ParagraphFormat(edit_).dxOffset, 480);
+    Do(kActionUndo);
+    EXPECT_EQ(edit_.PlainText(), marks);
+    EXPECT_EQ(Facts().bullets, Bullets::kNoBullets);
+    Do(kActionRedo);
+    EXPECT_EQ(edit_.PlainText(), u"");
+    EXPECT_EQ(Facts().bullets, bullets);
+    Type(u"x");
+    Do(kActionUndo);
+    EXPECT_EQ(edit_.PlainText(), u"") << "what was typed since is its own step";
+  }
+  EXPECT_EQ(typed(u"- a\n\nb"), u"a\r\nb");
+  EXPECT_EQ(Facts().bullets, Bullets::kNoBullets);
+
+  typed(u"- a\t\n\nb");
+  EXPECT_EQ(ParagraphFormat(edit_).dxStartIndent, 0);
+
+  typed(u"- a\t");
+  EXPECT_EQ(edit_.PlainText(), u"a");
+  EXPECT_EQ(ParagraphFormat(edit_).dxStartIndent, 480);
+  Press(VK_TAB, u'\t', false, true);
+  Press(VK_TAB, u'\t', false, true);
+  EXPECT_EQ(ParagraphFormat(edit_).dxStartIndent, 0);
+  Do(kActionUndo);
+  EXPECT_EQ(ParagraphFormat(edit_).dxStartIndent, 480);
+  EXPECT_EQ(typed(u"a\t"), u"a\t");
+
+  EXPECT_EQ(typed(u"an **old** word"), u"an old word");
+  EXPECT_TRUE(At(3).dwEffects & At(5).dwEffects & CFE_BOLD);
+  EXPECT_FALSE((At(2).dwEffects | At(6).dwEffects) & CFE_BOLD);
+  typed(u"an **old**");
+  Do(kActionUndo);
+  EXPECT_EQ(edit_.PlainText(), u"an **old**");
+  EXPECT_FALSE(At(6).dwEffects & CFE_BOLD);
+
+  EXPECT_EQ(typed(u"# head"), u"head");
+  EXPECT_TRUE(At(0).dwEffects & CFE_BOLD);
+  EXPECT_EQ(At(0).yHeight, 280);
+  typing_.heading = styles_[1];
+  EXPECT_EQ(typed(u"# head\nx"), u"head\r\nx");
+  Select(0, 4);
+  EXPECT_EQ(CurrentFont(edit_), styles_[1].font);
+  Select(6, 7);
+  EXPECT_NE(CurrentFont(edit_), styles_[1].font) << "what follows a heading is text";
+
+  typing_.on = false;
+  EXPECT_EQ(typed(u"- [] **a** \t\nb"), u"- [] **a** \t\r\nb");
+}
+
+TEST_F(EditorTest, CheckListsGoOnAreTickedAndEnd) {
+  typing_ = {true, 480, {}};
+  const auto text = [&] { return edit_.PlainText(); };
+  Type(u"[] a\nb\n\nc");
+  EXPECT_EQ(text(), u"\u2610 a\r\n\u2610 b\r\nc");
+  edit_.SetPlainText({});
+  Type(u"[] ");
+  Do(kActionUndo);
+  EXPECT_EQ(text(), u"[] ");
+  edit_.SetPlainText({});
+  Type(u"[] a\n");
+  Do(kActionUndo);
+  EXPECT_EQ(text(), u"\u2610 a\r\n");
+
+  edit_.SetRtf(edit_.Rtf().value());
+  Select(3, 3);
+  Press(VK_RETURN, u'\n', true);
+  EXPECT_EQ(text(), u"\u2611 a\r\n") << "kept in rich text, and ticked";
+  Press(VK_SPACE, u' ', true, true);
+  EXPECT_EQ(text(), u"\u2610 a\r\n");
+  EXPECT_EQ(edit_.Selection().cpMin, 3);
+  Click(0, 0);
+  EXPECT_EQ(text(), u"\u2611 a\r\n");
+  Click(2, 0);
+  EXPECT_EQ(text(), u"\u2611 a\r\n") << "a click on the words puts the caret there";
+  Do(kActionUndo);
+  EXPECT_EQ(text(), u"\u2610 a\r\n");
+
+  edit_.SetPlainText(u"one\r\ntwo\r\nthree");
+  Select(1, 5);
+  Press('X', 0, true, true);
+  EXPECT_EQ(text(), u"\u2610 one\r\n\u2610 two\r\nthree");
+  Do(kActionUndo);
+  EXPECT_EQ(text(), u"one\r\ntwo\r\nthree");
+  Do(kActionRedo);
+  Select(1, 8);
+  Press('X', 0, true, true);
+  EXPECT_EQ(text(), u"one\r\ntwo\r\nthree");
+
+  edit_.SetPlainText(u"\u2610 a");
+  edit_.SetReadOnly(true);
+  Click(0, 0);
+  Press(VK_RETURN, u'\n', true);
+  EXPECT_EQ(text(), u"\u2610 a");
 }
 
 TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
@@ -250,12 +412,15 @@ TEST_F(EditorTest, FindingGoesRoundAndScrolls) {
   EXPECT_GT(edit_.ScrollPosition().y, 100);
   Do(kActionFindTextAgain);
   EXPECT_EQ(found(), 0);
-  EXPECT_TRUE(FindNextText(edit_, u"bee", true));
+  searched_ = u"bee";
+  Press(VK_F3, 0, false, true);
   EXPECT_GT(found(), 200);
   const LONG before = found();
-  EXPECT_FALSE(FindNextText(edit_, u"BEE", true));
-  EXPECT_FALSE(FindNextText(edit_, u""));
+  EXPECT_EQ(FindText(edit_, u"bees", FindStep::kNext).count, 0u);
   EXPECT_EQ(found(), before);
+  const FoundText second = FindText(edit_, u"BEE", FindStep::kStay);
+  EXPECT_EQ(found(), before);
+  EXPECT_TRUE(second.number == 2 && second.count == 2);
 
   edit_.SetScrollPosition({0, 0});
   Do(kActionScrollUp);

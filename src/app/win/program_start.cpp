@@ -7,6 +7,7 @@
 #include "data/data_folder.h"
 #include "data/journal_replay.h"
 #include "data/saving.h"
+#include "note/text_style.h"
 #include "res/resource.h"
 #include "ui/choice_dialog.h"
 #include "ui/screen.h"
@@ -129,6 +130,11 @@ void Program::WriteBack() {
 // The templates of new notes and a note that says hello.
 void Program::ProvideFirstRun() {
   desk_.Maker().ProvideTemplates(resources_.Bytes(IDR_DEFAULT_RTF));
+  if (options_.Current().styles.empty()) {
+    std::array<Text, 6> names;
+    for (UINT i = 0; i < names.size(); ++i) names[i] = resources_.String(IDS_STYLE_FIRST + i);
+    options_.Current().styles = FirstTextStyles(names);
+  }
   installId_ = desk_.Maker().NewJotletId();
   desk_.SetFolder(Text(desk_.Folder()), installId_);
   desk_.Journal().Reset(0);

@@ -1,6 +1,9 @@
 #include "desk/win/note_contents.h"
 
+#include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
+#include "data/text_export.h"
+#include "desk/note_file.h"
 #include "skin/picture_file.h"
 
 namespace jotlets {
@@ -53,7 +56,20 @@ bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {
   return true;
 }
 
+// A text as a kind of file that its editor knows nothing of; all of it, also when the editor shows a
+// beginning.
+std::optional<std::string> NoteContents::OtherKind(const BJotlet& jotlet, TextView path) const {
+  const JotletData& record = jotlet.StoredRecord();
+  const auto ends = [path](TextView extension) { return HasExtension(path, extension); };
+  const bool page = ends(u".html") || ends(u".htm");
+  if (record.IsImage() || !(page || ends(u".md") || ends(u".jtl"))) return std::nullopt;
+  const std::string rtf = RtfBytes(RichTextOf(record));
+  if (page) return ToUtf8(HtmlOfRtf(rtf, jotlet.TitleShown()));
+  return ends(u".md") ? ToUtf8(MarkdownOfRtf(rtf)) : ToUtf8(ComposeNoteFile(record, FromAscii(rtf)));
+}
+
 FileStatus NoteContents::WriteCopy(const BJotlet& jotlet, TextView path) {
+  if (const auto bytes = OtherKind(jotlet, path)) return files_.Write(path, *bytes);
   const ContentCopy copy = jotlet.Content().Copy(HasExtension(path, u".txt"));
   if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
   if (copy.bytes) return files_.Write(path, *copy.bytes);

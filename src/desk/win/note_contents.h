@@ -2,6 +2,8 @@
 // pictures.
 #pragma once
 
+#include <optional>
+
 #include "base/code_page.h"
 #include "desk/note_desk.h"
 #include "desk/win/open_notes.h"
@@ -24,10 +26,13 @@ class NoteContents {
   std::string ReadPicture(TextView path) const;
   /// Puts a picture file in the place of a picture note's content.
   bool SetPicture(BJotlet& jotlet, TextView path);
-  /// Writes a note's content to a file, as plain text when the name ends in ".txt".
+  /// Writes a note's content to a file, of the kind that the end of its name tells: plain text (".txt",
+  /// UTF-8), a web page (".html", ".htm"), Markdown (".md"), a note file (".jtl"), or what the content is.
   FileStatus WriteCopy(const BJotlet& jotlet, TextView path);
 
  private:
+  std::optional<std::string> OtherKind(const BJotlet& jotlet, TextView path) const;
+
   Files& files_;
   const CodePage& ansi_;
   const Clock& clock_;

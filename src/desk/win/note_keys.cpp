@@ -35,7 +35,7 @@ bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
   if (!isOurs && !desktop.IsAnySounding()) return false;
   // A dialog of ours may be open over the notes; its keys are its own.
   BJotlet* jotlet = desktop.FindWindowOwner(message.hwnd);
-  if (jotlet == nullptr || jotlet->IsTitleEdited()) return false;
+  if (jotlet == nullptr || jotlet->IsTitleEdited() || jotlet->OwnsKeysOf(message.hwnd)) return false;
   if (jotlet->IsSounding() && message.wParam == VK_ESCAPE) {
     if (pressed.shift) {
       desktop.Snooze(*jotlet);

@@ -69,8 +69,7 @@ void OpenNotes::Close(TextView id) {
   if (jotlet == nullptr) return;
   // Off the lists first: what follows is told of, and a listener may open the note anew under the same id.
   byId_.erase(FoldCase(id));
-  const auto at =
-      std::find_if(jotlets_.begin(), jotlets_.end(), [jotlet](const auto& j) { return j.get() == jotlet; });
+  const auto at = std::ranges::find(jotlets_, jotlet, [](const auto& open) { return open.get(); });
   removed_.push_back(std::move(*at));
   jotlets_.erase(at);
   jotlet->StopAlarm();
@@ -108,6 +107,13 @@ FileStatus OpenNotes::SaveContent(TextView id) {
 }
 
 NoteContent& OpenNotes::ContentOf(TextView id) { return Find(id)->Content(); }
+
+void OpenNotes::StyleNewText(TextView id) {
+  BJotlet* jotlet = Find(id);
+  if (jotlet == nullptr || jotlet->Editor() == nullptr) return;
+  if (options_.rtl) SetDirectionOfAll(*jotlet->Editor(), true);
+  ApplyStyleToAll(*jotlet->Editor(), EditStyleOf(ParseTextStyle(jotlet->Skin().data.defaultStyle)));
+}
 
 NoteWindowState OpenNotes::StateOf(TextView id) const {
   const BJotlet* jotlet = Find(id);
@@ -243,41 +249,33 @@ void OpenNotes::OnAnimationEnded(BJotlet& jotlet, AnimationKind kind) {
   if (kind == AnimationKind::kDelete) owner_.OnAnimationClosed(Text(jotlet.StoredRecord().id), true);
 }
 
-// A style as the editor takes it; the height of letters in pixels is what the options keep.
-FontStyle FontOf(const TextStyle& style) {
-  constexpr std::int32_t kTenthsPerPixel = 10 * 72 / 96;
-  constexpr std::int32_t kBoldFrom = 600;
-  FontStyle font;
-  font.face = style.faceName;
-  font.points10 =
-      std::max((style.height < 0 ? -style.height : style.height) * kTenthsPerPixel, kTenthsPerPixel);
-  font.bold = style.weight >= kBoldFrom;
-  font.italic = style.italic != 0;
-  font.underline = style.underline != 0;
-  font.strikeout = style.strikeOut != 0;
-  font.colour = style.colour;
-  font.charset = style.charSet;
-  return font;
-}
-
 HighlightColours OpenNotes::Highlights() const {
   HighlightColours colours;
   std::transform(options_.hilites.begin(), options_.hilites.end(), colours.begin(), ColourOfNumber);
   return colours;
 }
 
+Text OpenNotes::FoundWords(const Resources& resources, const FoundText& found) {
+  if (found.count == 0) return resources.String(IDS_FIND_NONE);
+  const Text number = ReplaceAll(resources.String(IDS_FIND_COUNT), u"%n", IntText(found.number));
+  return ReplaceAll(number, u"%m", IntText(found.count));
+}
+
 EditContext OpenNotes::EditingContext() {
   styles_.clear();
+  TypingSettings typing{options_.typingAids, options_.bulletIndent, {}};
   for (std::size_t number = 0; number < kTextStyles; ++number) {
     const TextStyle style = SavedTextStyle(options_, number);
-    // The number of a style counts: one that is not set is a style without a face, which changes nothing.
-    styles_.push_back(style.IsSet() ? FontOf(style) : FontStyle());
+    styles_.push_back(EditStyleOf(style));
+    const bool named = style.IsSet() && EqualIgnoreCase(style.name, resources_.String(IDS_STYLE_FIRST));
+    if (named && !typing.heading) typing.heading = styles_.back();
   }
   return {.dateText = [this] { return ShownTime(ToLocal(0)); },
           .styles = styles_,
           .bulletIndent = options_.bulletIndent,
           .highlights = Highlights(),
           .lifted = lifted_,
+          .typing = std::move(typing),
           .searched = searched_};
 }
 

@@ -74,6 +74,8 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
                  [this](std::int32_t number) { return StackName(number); },
                  [this] { return EditingContext(); },
                  [&resources] { return resources.String(IDS_BEGINNING); },
+                 searched_,
+                 [&resources](const FoundText& found) { return FoundWords(resources, found); },
                  [this, &resources](HWND note, const Text& target, bool fromOutside) {
                    FollowLink(note, resources, log_, target, fromOutside);
                  }} {}
@@ -94,6 +96,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void Rename(TextView id, TextView newId) override;
   FileStatus SaveContent(TextView id) override;
   NoteContent& ContentOf(TextView id) override;
+  void StyleNewText(TextView id) override;
   NoteWindowState StateOf(TextView id) const override;
   void PlaceAt(TextView id, Point position) override;
   void SetOnTop(TextView id) override;
@@ -157,9 +160,6 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   EditContext EditingContext();
   /// The back colours of the highlights, from the options.
   HighlightColours Highlights() const;
-  /// What "find" looked for last.
-  void SetSearched(TextView text) { searched_ = text; }
-  const Text& Searched() const { return searched_; }
   std::vector<BJotlet*> GroupOf(BJotlet& jotlet) override;
   std::vector<Rect> WindowsToSnapTo(const BJotlet& jotlet) override;
   const MonitorSetup& Screens() { return screens_; }
@@ -181,6 +181,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletFocus(BJotlet& jotlet, bool gained);
   void OnAlarm(BJotlet& jotlet, bool sounding);
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
+  static Text FoundWords(const Resources& resources, const FoundText& found);
   std::optional<Text> StackName(std::int32_t number) const;
   void LogRescue(const BJotlet& jotlet, Point from);
   void Load(BJotlet& jotlet, std::string_view content);
@@ -197,7 +198,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   LoadTrials& trials_;
   MonitorSetup screens_;
   const NoteContext context_;
-  std::vector<FontStyle> styles_;
+  std::vector<EditStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;
   int sounding_ = 0;

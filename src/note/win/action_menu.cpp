@@ -59,9 +59,16 @@ class MenuBuilder {
   void AppendAction(HMENU menu, const NoteAction& row) const {
     const ActionState state = StateOf(row.code, facts_);
     const auto code = static_cast<UINT>(row.code);
-    Text text = resources_.String(IDS_ACTION + code);
+    Text text = row.sets.what == ActionSets::kStyle ? StyleText(row) : resources_.String(IDS_ACTION + code);
     if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
     AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
+  }
+
+  // A style is called by its name where it has one; an ampersand of that is no mnemonic.
+  Text StyleText(const NoteAction& row) const {
+    const Text& name = facts_.styles[static_cast<std::size_t>(row.sets.value)];
+    if (name.empty()) return resources_.String(IDS_ACTION + static_cast<UINT>(row.code));
+    return ReplaceAll(name, u"&", u"&&");
   }
 
   void AppendMenuBelow(HMENU menu, const MenuEntry& entry) const {

@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "base/win/wide.h"
 #include "data/rtf_bounds.h"
 #include "note/link_text.h"
+#include "note/win/edit_format.h"
+#include "note/win/edit_text.h"
 #include "note/win/editor_bounds.h"
 #include "ui/window.h"
 
@@ -140,7 +143,7 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
 LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   // The control's own way of pasting takes pictures as well.
   if (message == WM_PASTE) return Paste(), 0;
-  if (message == WM_KEYDOWN && OnKey(wParam)) return 0;
+  if (ServeTyping(message, wParam, lParam)) return 0;
   if (message == WM_RBUTTONUP || message == WM_CONTEXTMENU) {
     // Posted: the menu may bring about the end of this control.
     PostMessageW(GetParent(edit), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(edit), lParam);
@@ -159,18 +162,38 @@ LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-// Serves the keys that paste.
 bool BEdit::OnKey(WPARAM key) {
-  if (IsDown(VK_MENU)) return false;
-  const bool control = IsDown(VK_CONTROL);
-  const bool shift = IsDown(VK_SHIFT);
-  if (key == 'V' && control) {
-    PasteFormat(shift ? CF_UNICODETEXT : PreferredFormat());
+  const Shortcut pressed{static_cast<std::uint16_t>(key), IsDown(VK_CONTROL), IsDown(VK_SHIFT),
+                         IsDown(VK_MENU)};
+  return Do(ActionFromKey(pressed) == kActionPaste ? EditorKey::kPaste : EditorKeyFrom(pressed));
+}
+
+bool BEdit::Do(EditorKey key) {
+  switch (key) {
+    case EditorKey::kNothing: return false;
+    case EditorKey::kPaste: return Paste(), true;
+    case EditorKey::kPastePlain: return PastePlain(), true;
+    case EditorKey::kFindBack:
+      if (FindText(*this, watcher_->Searched(), FindStep::kPrevious).count == 0) MessageBeep(MB_OK);
+      return true;
+    default: return aids_.OnKey(*this, key, watcher_->Typing());
+  }
+}
+
+// Serves keys, and clicks on the boxes of a check list; true when there is nothing left to do.
+bool BEdit::ServeTyping(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (directionKeys_.Follow(message, wParam, lParam) && !IsReadOnly() && watcher_->HasDirectionKeys())
+    SetDirection(*this, directionKeys_.IsRightToLeft());
+  if (message == WM_KEYDOWN) return keyServed_ = OnKey(wParam);
+  if (message == WM_CHAR && std::exchange(keyServed_, false)) return true;
+  if (message == WM_CHAR && MayBringAid(static_cast<char16_t>(wParam)) && !IsReadOnly()) {
+    DefSubclassProc(edit_, message, wParam, lParam);
+    aids_.AfterTyping(*this, watcher_->Typing());
     return true;
   }
-  if (key != VK_INSERT || !shift || control) return false;
-  Paste();
-  return true;
+  const bool click = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  return click && (wParam & (MK_SHIFT | MK_CONTROL)) == 0 && watcher_->Typing().on &&
+         aids_.OnClick(*this, PointOf(lParam));
 }
 
 // A plain click puts the caret into a text that can be changed.

@@ -12,6 +12,8 @@
 #include "base/geometry.h"
 #include "base/text.h"
 #include "note/edit_facts.h"
+#include "note/win/edit_aids.h"
+#include "note/win/edit_direction.h"
 #include "note/win/edit_objects.h"
 
 namespace jotlets {
@@ -26,6 +28,12 @@ class EditWatcher {
   virtual void OnEditMouse() = 0;
   /// The user wants a link followed; `target` is of `LinkTarget`.
   virtual void OnEditLink([[maybe_unused]] const Text& target) {}
+  /// Whether keys set the direction of paragraphs.
+  virtual bool HasDirectionKeys() { return false; }
+  /// What was looked for last.
+  virtual Text Searched() { return {}; }
+  /// What typing brings along.
+  virtual TypingSettings Typing() { return {}; }
 };
 
 class BEdit {
@@ -105,6 +113,9 @@ class BEdit {
     followed_ = target;
     watcher_->OnEditLink(target);
   }
+  EditAids& Aids() { return aids_; }
+  /// Does what one of the editor's keys does; false when that key belongs to the text.
+  bool Do(EditorKey key);
   const Text& FollowedLink() const { return followed_; }
 
  private:
@@ -112,6 +123,7 @@ class BEdit {
                                 DWORD_PTR object) noexcept;
 
   LRESULT Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
+  bool ServeTyping(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKey(WPARAM key);
   void OnLink(const ENLINK& link);
   void SetDefaultFormat();
@@ -122,10 +134,13 @@ class BEdit {
   HWND edit_ = nullptr;
   EditWatcher* watcher_ = nullptr;
   ComPointer<EditObjects> objects_;
+  EditAids aids_;
+  DirectionKeys directionKeys_;
   Look look_;
   Text followed_;
   std::int32_t textHeight_ = 0;
   bool trackingMouse_ = false;
+  bool keyServed_ = false;  // the character that comes of it is not typed
   bool beginningOnly_ = false;
 };
 

@@ -63,7 +63,7 @@ void Shade(BEdit& edit, const EditContext& context, std::int32_t value) {
 
 void Style(BEdit& edit, const EditContext& context, std::int32_t value) {
   const auto index = static_cast<std::size_t>(value);
-  if (index < context.styles.size()) SetFont(edit, context.styles[index]);
+  if (index < context.styles.size()) ApplyStyle(edit, context.styles[index]);
 }
 
 void Lift(BEdit& edit, const EditContext& context, std::int32_t) { context.lifted = LiftFormat(edit); }
@@ -77,7 +77,7 @@ void InsertDate(BEdit& edit, const EditContext& context, std::int32_t) {
 }
 
 void FindAgain(BEdit& edit, const EditContext& context, std::int32_t) {
-  if (!FindNextText(edit, context.searched, context.matchCase)) MessageBeep(MB_OK);
+  if (FindText(edit, context.searched, FindStep::kNext).count == 0) MessageBeep(MB_OK);
 }
 
 void OpenLink(BEdit& edit, const EditContext&, std::int32_t) { OpenSelectedLink(edit); }

@@ -10,18 +10,19 @@
 #include "note/edit_facts.h"
 #include "note/win/edit.h"
 #include "note/win/edit_format.h"
+#include "note/win/edit_style.h"
 
 namespace jotlets {
 
 /// What the commands need to know from outside; nothing of it is kept.
 struct EditContext {
   std::function<Text()> dateText;     // what "insertdate" inserts
-  std::span<const FontStyle> styles;  // of "applystyle0" and on; missing ones do nothing
+  std::span<const EditStyle> styles;  // of "applystyle0" and on; missing ones do nothing
   std::int32_t bulletIndent = 300;    // twips
   HighlightColours highlights;
   std::optional<LiftedFormat>& lifted;  // shared by all notes
-  Text searched;                        // what "findtextagain" looks for
-  bool matchCase = false;
+  TypingSettings typing;
+  Text searched;  // what "findtextagain" looks for
 };
 
 /// Carries out the command of an action code; false for a code that is not the editor's alone. Commands that

@@ -14,6 +14,8 @@ namespace {
 constexpr LONG kTwipsPerPoint = 20;
 constexpr std::array<LONG, 14> kPointSizes = {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72};
 
+constexpr WORD kAlignments[] = {PFA_LEFT, PFA_CENTER, PFA_RIGHT};  // in the order of `Alignment`
+
 CHARFORMAT2W Characters(DWORD mask) {
   CHARFORMAT2W format{};
   format.cbSize = sizeof format;
@@ -145,7 +147,9 @@ FontStyle CurrentFont(const BEdit& edit) {
   return style;
 }
 
-void SetFont(BEdit& edit, const FontStyle& style) {
+namespace {
+
+CHARFORMAT2W FormatOf(const FontStyle& style, std::optional<Colour> back) {
   CHARFORMAT2W format = Characters(CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE |
                                    CFM_UNDERLINETYPE | CFM_STRIKEOUT | CFM_COLOR);
   // A style without a font or a size leaves the text its own.
@@ -158,6 +162,55 @@ void SetFont(BEdit& edit, const FontStyle& style) {
                      (style.underline ? CFE_UNDERLINE : 0) | (style.strikeout ? CFE_STRIKEOUT : 0);
   format.bUnderlineType = style.underline ? CFU_UNDERLINE : CFU_UNDERLINENONE;
   format.crTextColor = ToCOLORREF(style.colour);
+  if (back) {
+    format.dwMask |= CFM_BACKCOLOR;
+    format.crBackColor = ToCOLORREF(*back);
+  }
+  return format;
+}
+
+}  // namespace
+
+void SetFont(BEdit& edit, const FontStyle& style, std::optional<Colour> back) {
+  Set(edit, FormatOf(style, back));
+}
+
+void SetFontFace(BEdit& edit, TextView face) {
+  CHARFORMAT2W format = Characters(CFM_FACE | CFM_CHARSET);
+  format.bCharSet = DEFAULT_CHARSET;
+  face.copy(reinterpret_cast<char16_t*>(format.szFaceName), LF_FACESIZE - 1);
+  Set(edit, format);
+}
+
+void SetFontOfAll(BEdit& edit, const FontStyle& style, std::optional<Colour> back) {
+  const CHARFORMAT2W format = FormatOf(style, back);
+  SendMessageW(edit.Handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+  edit.TellChanged();
+}
+
+void SetParagraphs(BEdit& edit, const ParagraphStyle& style) {
+  PARAFORMAT2 format = Paragraphs(PFM_ALIGNMENT | PFM_STARTINDENT | PFM_SPACEBEFORE | PFM_SPACEAFTER);
+  format.wAlignment = kAlignments[static_cast<int>(style.alignment)];
+  format.dxStartIndent = style.indent;
+  format.dySpaceBefore = style.before;
+  format.dySpaceAfter = style.after;
+  Set(edit, format);
+}
+
+std::optional<ParagraphStyle> ParagraphStyleOf(const BEdit& edit) {
+  const PARAFORMAT2 format = ParagraphFormat(edit);
+  const auto* alignment = std::ranges::find(kAlignments, format.wAlignment);
+  ParagraphStyle style;
+  if (alignment != std::end(kAlignments)) style.alignment = static_cast<Alignment>(alignment - kAlignments);
+  style.indent = std::max<std::int32_t>(format.dxStartIndent, 0);
+  style.before = std::max<std::int32_t>(format.dySpaceBefore, 0);
+  style.after = std::max<std::int32_t>(format.dySpaceAfter, 0);
+  return style == ParagraphStyle() ? std::nullopt : std::optional(style);
+}
+
+void SetDefaultFont(BEdit& edit) {
+  CHARFORMAT2W format = Characters(0);
+  SendMessageW(edit.Handle(), EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
   Set(edit, format);
 }
 
@@ -211,7 +264,6 @@ void StepFontSize(BEdit& edit, bool larger) {
 }
 
 void SetAlignment(BEdit& edit, Alignment alignment) {
-  constexpr WORD kAlignments[] = {PFA_LEFT, PFA_CENTER, PFA_RIGHT};
   PARAFORMAT2 format = Paragraphs(PFM_ALIGNMENT);
   format.wAlignment = kAlignments[static_cast<int>(alignment)];
   Set(edit, format);
@@ -222,6 +274,13 @@ void SetDirection(BEdit& edit, bool rightToLeft) {
   format.wEffects = rightToLeft ? PFE_RTLPARA : 0;
   format.wAlignment = rightToLeft ? PFA_RIGHT : PFA_LEFT;
   Set(edit, format);
+}
+
+void SetDirectionOfAll(BEdit& edit, bool rightToLeft) {
+  const CHARRANGE selection = edit.Selection();
+  edit.Select({0, -1});
+  SetDirection(edit, rightToLeft);
+  edit.Select(selection);
 }
 
 void SetBullets(BEdit& edit, Bullets bullets, std::int32_t indent) {
@@ -238,6 +297,16 @@ void SetBullets(BEdit& edit, Bullets bullets, std::int32_t indent) {
     format.dxOffset = format.wNumberingTab;
   }
   Set(edit, format);
+}
+
+bool IndentParagraphs(BEdit& edit, LONG twips) {
+  constexpr LONG kMaxIndent = 20 * 1440;
+  const LONG now = ParagraphFormat(edit).dxStartIndent;
+  PARAFORMAT2 format = Paragraphs(PFM_OFFSETINDENT);
+  format.dxStartIndent = std::clamp(now + twips, 0L, kMaxIndent) - now;
+  if (format.dxStartIndent == 0) return false;
+  Set(edit, format);
+  return true;
 }
 
 void SetHighlight(BEdit& edit, Highlight highlight, const HighlightColours& colours) {

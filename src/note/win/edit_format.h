@@ -6,30 +6,30 @@
 
 #include <richedit.h>
 
+#include <optional>
+
 #include "base/geometry.h"
 #include "base/text.h"
 #include "note/edit_facts.h"
+#include "note/text_style.h"
 #include "note/win/edit.h"
+#include "note/win/font_style.h"
 
 namespace jotlets {
 
-/// A font as a person chooses it.
-struct FontStyle {
-  Text face;
-  std::int32_t points10 = 100;  // tenths of a point
-  bool bold = false;
-  bool italic = false;
-  bool underline = false;
-  bool strikeout = false;
-  Colour colour;
-  std::uint8_t charset = DEFAULT_CHARSET;
-  friend bool operator==(const FontStyle&, const FontStyle&) = default;
-};
-
 /// The font of the selection, of its beginning where it is mixed.
 FontStyle CurrentFont(const BEdit& edit);
-/// Settles the font of the selection, its colour included.
-void SetFont(BEdit& edit, const FontStyle& style);
+/// Settles the font of the selection, its colour included, and the colour behind it when one is given.
+void SetFont(BEdit& edit, const FontStyle& style, std::optional<Colour> back = {});
+/// Settles the face alone.
+void SetFontFace(BEdit& edit, TextView face);
+/// The same for the whole text, and for what will be typed into an empty one.
+void SetFontOfAll(BEdit& edit, const FontStyle& style, std::optional<Colour> back);
+void SetParagraphs(BEdit& edit, const ParagraphStyle& style);
+/// What the first selected paragraph has of that; nothing for one that is as usual.
+std::optional<ParagraphStyle> ParagraphStyleOf(const BEdit& edit);
+/// The selection looks as text that has no format yet.
+void SetDefaultFont(BEdit& edit);
 /// The terms of the system's font dialog, sizes in pixels of the screen; the dialog has the colour and the
 /// exact size (`iPointSize`, in tenths of a point) beside its LOGFONT.
 LOGFONTW ToLogFont(const FontStyle& style);
@@ -51,8 +51,13 @@ void StepFontSize(BEdit& edit, bool larger);
 void SetAlignment(BEdit& edit, Alignment alignment);
 /// Direction of paragraphs; they move to the side on which their lines begin.
 void SetDirection(BEdit& edit, bool rightToLeft);
+/// The same for the whole text.
+void SetDirectionOfAll(BEdit& edit, bool rightToLeft);
 /// `indent` in twips: how far all lines of a list paragraph stand to the right of its bullet.
 void SetBullets(BEdit& edit, Bullets bullets, std::int32_t indent);
+/// Moves the selected paragraphs to the right, or for less than 0 twips to the left, as far as the first of
+/// them can go. False when it cannot.
+bool IndentParagraphs(BEdit& edit, LONG twips);
 /// On dark paper, text without a colour of its own turns black on the highlight, and back without one.
 void SetHighlight(BEdit& edit, Highlight highlight, const HighlightColours& colours);
 

@@ -1,9 +1,9 @@
 #include "note/win/edit_text.h"
 
-#include <commdlg.h>
 #include <richedit.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "base/win/wide.h"
 #include "note/link_text.h"
@@ -15,18 +15,10 @@ constexpr LONG kLinkSearch = 4096;
 
 bool IsEmpty(const CHARRANGE& range) { return range.cpMin == range.cpMax; }
 
-bool FindFrom(BEdit& edit, LONG first, const Text& what, WPARAM request) {
-  FINDTEXTEXW find{{first, -1}, Wide(what), {}};
-  if (SendMessageW(edit.Handle(), EM_FINDTEXTEXW, request, reinterpret_cast<LPARAM>(&find)) < 0) return false;
-  edit.Select(find.chrgText);
-  SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
-  return true;
-}
-
 }  // namespace
 
-void Undo(BEdit& edit) { SendMessageW(edit.Handle(), EM_UNDO, 0, 0); }
-void Redo(BEdit& edit) { SendMessageW(edit.Handle(), EM_REDO, 0, 0); }
+void Undo(BEdit& edit) { edit.Aids().Undo(edit); }
+void Redo(BEdit& edit) { edit.Aids().Redo(edit); }
 void Cut(BEdit& edit) { SendMessageW(edit.Handle(), WM_CUT, 0, 0); }
 void Clear(BEdit& edit) { SendMessageW(edit.Handle(), WM_CLEAR, 0, 0); }
 void SelectAll(BEdit& edit) { edit.Select({0, -1}); }
@@ -61,11 +53,19 @@ std::int32_t NaturalWidth(BEdit& edit) {
   return static_cast<std::int32_t>(widest);
 }
 
-bool FindNextText(BEdit& edit, TextView what, bool matchCase) {
-  if (what.empty()) return false;
-  const Text wanted(what);
-  const WPARAM request = FR_DOWN | (matchCase ? FR_MATCHCASE : 0);
-  return FindFrom(edit, edit.Selection().cpMax, wanted, request) || FindFrom(edit, 0, wanted, request);
+FoundText FindText(BEdit& edit, TextView wanted, FindStep step) {
+  const std::vector<std::size_t> hits = FindAll(edit.TextBetween({0, edit.Length()}), wanted);
+  const auto selected = [&edit] {
+    const CHARRANGE range = edit.Selection();
+    return TextSpan{static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax)};
+  };
+  const std::size_t next = NextHit(hits, selected(), step);
+  if (next < hits.size()) {
+    const auto first = static_cast<LONG>(hits[next]);
+    edit.Select({first, first + static_cast<LONG>(wanted.size())});
+    SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
+  }
+  return {HitNumber(hits, selected(), wanted.size()), hits.size()};
 }
 
 bool OpenSelectedLink(BEdit& edit) {

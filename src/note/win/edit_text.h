@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "note/text_search.h"
 #include "note/win/edit.h"
 
 namespace jotlets {
@@ -20,9 +21,9 @@ void InsertText(BEdit& edit, TextView text);
 /// How wide the text is, in pixels, when none of its lines is wrapped.
 std::int32_t NaturalWidth(BEdit& edit);
 
-/// Selects the next occurrence of `what` behind the selection and scrolls to it; goes on from the beginning
-/// after the end. False when the text has none, and then changes nothing.
-bool FindNextText(BEdit& edit, TextView what, bool matchCase = false);
+/// Selects the place of `wanted` that a step leads to and scrolls to it; without one, nothing changes. What
+/// is selected then.
+FoundText FindText(BEdit& edit, TextView wanted, FindStep step);
 
 /// Opens the link in which the selection lies, by way of the editor's watcher; false when there is none.
 bool OpenSelectedLink(BEdit& edit);

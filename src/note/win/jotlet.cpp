@@ -4,6 +4,7 @@
 
 #include "base/win/wide.h"
 #include "note/rolled.h"
+#include "note/win/find_strip.h"
 #include "note/win/picture_content.h"
 #include "note/win/text_content.h"
 
@@ -215,13 +216,15 @@ Point BJotlet::MenuPlace(bool ofText) const {
 }
 
 LRESULT BJotlet::OnControl(UINT control, UINT notification) {
-  if (control != BEdit::kControlId) return 0;
+  if (control != BEdit::kControlId && control != FindStrip::kControlId) return 0;
   if (notification == EN_CHANGE) {
     content_->SetUnsavedChanges(true);
+    content_->OnTextChanged();
     OnContentChanged();
   }
   if (notification == EN_SETFOCUS) OnFocus(true);
-  if (notification == EN_KILLFOCUS) OnFocus(false);
+  // From the text to the words that are looked for, and back, the focus stays in the note.
+  if (notification == EN_KILLFOCUS && IsChild(Handle(), GetFocus()) == 0) OnFocus(false);
   return 0;
 }
 

@@ -103,6 +103,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// One of several notes that are selected together.
   void SetSelected(bool selected);
   bool IsSelected() const { return selected_; }
+  /// Opens the strip in which words are typed that are looked for.
+  void OpenFind() { content_->OpenFind(Handle()); }
+  /// Whether the keys of a window in the note are that window's own, and no commands.
+  bool OwnsKeysOf(HWND window) const { return content_->OwnsKeysOf(window); }
 
   /// The monitors are (now) these; the note is shown where it can be seen. True when that moved it.
   bool ShowOnScreens(const MonitorSetup& screens);
@@ -196,6 +200,13 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnEditScrolled() override;
   void OnEditMouse() override;
   void OnEditLink(const Text& target) override;
+  bool HasDirectionKeys() override {
+    return !context_.options.noRtlKeys && (context_.options.rtl || HasRightToLeftKeyboard());
+  }
+  Text Searched() override { return context_.searched; }
+  void SetSearched(const Text& words) override { context_.searched = words; }
+  Text FoundWords(const FoundText& found) override { return context_.foundWords(found); }
+  TypingSettings Typing() override { return context_.editing().typing; }
   void OnContentChanged() override;
   Text BeginningNotice() override { return context_.beginningNotice(); }
 

@@ -15,6 +15,7 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
     {kActionRoll, &JotletData::rolled, [](BJotlet& j, std::int32_t, bool on) { j.SetRolled(on); }},
     {kActionLock, &JotletData::readOnly, [](BJotlet& j, std::int32_t, bool on) { j.SetReadOnly(on); }},
     {kActionAutoWidth, nullptr, [](BJotlet& j, std::int32_t, bool) { j.FitWidth(); }},
+    {kActionFindText, nullptr, [](BJotlet& j, std::int32_t, bool) { j.OpenFind(); }},
     {kActionGoAway, nullptr, [](BJotlet& j, std::int32_t, bool) { j.GoAway(); }},
     {kActionUser1, &JotletData::user1,
      [](BJotlet& j, std::int32_t, bool on) { j.Mark(&JotletData::user1, on); }},

@@ -10,6 +10,7 @@
 #include "base/log.h"
 #include "data/options.h"
 #include "note/monitors.h"
+#include "note/text_search.h"
 #include "note/win/edit_actions.h"
 #include "skin/win/program_skins.h"
 
@@ -29,6 +30,9 @@ struct NoteContext {
   std::function<EditContext()> editing;  // what the commands of an editor need to know
   /// The line above the beginning of a text that is too large to be shown.
   std::function<Text()> beginningNotice;
+  Text& searched;  // what was looked for last, in any note
+  /// What is said of what was found.
+  std::function<Text(const FoundText& found)> foundWords;
   /// Follows a link that the user has clicked on in a note, which may be gone when the call returns.
   std::function<void(HWND note, const Text& target, bool noteFromOutside)> openLink;
 };

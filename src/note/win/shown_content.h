@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "note/note_content.h"
+#include "note/text_search.h"
 #include "note/win/edit.h"
 #include "skin/skin_layout.h"
 #include "skin/win/skin_renderer.h"
@@ -21,6 +22,10 @@ class ContentWatcher : public EditWatcher {
   virtual void OnContentChanged() = 0;
   /// The line above the beginning of a text that is too large to be shown.
   virtual Text BeginningNotice() = 0;
+  /// These words are looked for from now on, in any note.
+  virtual void SetSearched(const Text& words) = 0;
+  /// What a strip says of what was found.
+  virtual Text FoundWords(const FoundText& found) = 0;
 };
 
 /// The content file, for what of it the window does not hold.
@@ -65,6 +70,13 @@ class ShownContent : public NoteContent {
   virtual void ScrollPages(std::int32_t) {}
   /// How wide its longest line is when nothing is wrapped; nothing for a content without lines.
   virtual std::optional<std::int32_t> NaturalWidth() { return std::nullopt; }
+
+  /// Lets the user look for words, in a strip inside the note.
+  virtual void OpenFind(HWND) {}
+  /// Whether the keys of a window in the note are that window's own.
+  virtual bool OwnsKeysOf(HWND) const { return false; }
+  /// The user has changed the text.
+  virtual void OnTextChanged() {}
 
   /// Serves a WM_NOTIFY that the note was sent.
   virtual void OnNotify(const NMHDR&) {}

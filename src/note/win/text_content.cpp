@@ -1,9 +1,10 @@
 #include "note/win/text_content.h"
 
+#include <algorithm>
+
 #include "data/rtf_bounds.h"
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
-#include "data/text_file.h"
 #include "note/win/edit_text.h"
 #include "note/win/editor_bounds.h"
 #include "skin/win/clipboard.h"
@@ -63,7 +64,7 @@ ContentCopy TextContent::Copy(bool asPlainText) const {
     return {std::nullopt,
             asPlainText ? TextView(u"the text is too large to be made plain text") : TextView()};
   }
-  return {asPlainText ? EncodeTextFile(PlainText()) : RtfBytes(RichText()), {}};
+  return {asPlainText ? ToUtf8(PlainText()) : RtfBytes(RichText()), {}};
 }
 
 Text TextContent::RichText() const {
@@ -123,15 +124,25 @@ void TextContent::SetReadOnly(bool readOnly) {
 
 void TextContent::Show(bool shown) {
   if (edit_.Handle() != nullptr) edit_.Show(shown);
+  strip_.Show(shown);
+}
+
+bool TextContent::OwnsKeysOf(HWND window) const {
+  return strip_.Handle() != nullptr && IsChild(strip_.Handle(), window) != 0;
 }
 
 void TextContent::SetBounds(const Rect& area) {
-  if (edit_.Handle() != nullptr) edit_.SetBounds(area);
+  area_ = area;
+  if (edit_.Handle() == nullptr) return;
+  Rect text = area;
+  text.bottom = std::max(area.bottom - strip_.Height(), area.top);
+  edit_.SetBounds(text);
+  strip_.Place({area.left, text.bottom, area.right, area.bottom});
 }
 
 ScrollState TextContent::Scrolled(std::int32_t areaHeight) const {
   if (edit_.Handle() == nullptr) return {};
-  return {edit_.ScrollPosition().y, areaHeight, edit_.TextHeight()};
+  return {edit_.ScrollPosition().y, areaHeight - strip_.Height(), edit_.TextHeight()};
 }
 
 void TextContent::ScrollDownTo(std::int32_t position) {

@@ -1,6 +1,7 @@
 // The text of a note, in its editor.
 #pragma once
 
+#include "note/win/find_strip.h"
 #include "note/win/shown_content.h"
 
 namespace jotlets {
@@ -8,7 +9,8 @@ namespace jotlets {
 class TextContent final : public ShownContent {
  public:
   /// `watcher` outlives the content.
-  explicit TextContent(ContentWatcher& watcher) : watcher_(watcher) {}
+  explicit TextContent(ContentWatcher& watcher)
+      : watcher_(watcher), strip_(edit_, watcher, [this] { SetBounds(area_); }) {}
 
   TextView Extension() const override { return u"rtf"; }
   bool Fits(std::string_view bytes) const override;
@@ -43,6 +45,9 @@ class TextContent final : public ShownContent {
   void ScrollDownTo(std::int32_t position) override;
   void ScrollPages(std::int32_t pages) override { edit_.ScrollBy(pages * edit_.PageHeight()); }
   std::optional<std::int32_t> NaturalWidth() override;
+  void OpenFind(HWND note) override { strip_.Open(note); }
+  bool OwnsKeysOf(HWND window) const override;
+  void OnTextChanged() override { strip_.Recount(); }
   void OnNotify(const NMHDR& header) override;
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;
 
@@ -52,6 +57,8 @@ class TextContent final : public ShownContent {
 
   ContentWatcher& watcher_;
   BEdit edit_;
+  FindStrip strip_;
+  Rect area_;          // of both
   std::string given_;  // rich text that was put in, and of which the editor shows no more than words
   bool unsaved_ = false;
 };

@@ -36,12 +36,9 @@ bool AddressedJotlet::SetRtf(TextView rtf) { return jotlet_.Content().SetRichTex
 bool AddressedJotlet::SetSkin(TextView path) { return tools_.skins.SetOfNote(jotlet_, path); }
 
 bool AddressedJotlet::ApplyStyle(TextView name) {
-  constexpr TextView kFront = u"Style0";
-  if (!StartsWithIgnoreCase(name, kFront) || name.size() != kFront.size() + 1) return false;
-  const auto number = static_cast<std::size_t>(name.back() - u'0');
-  if (number >= kTextStyles || !SavedTextStyle(tools_.options, number).IsSet()) return false;
+  const std::size_t number = FindTextStyle(tools_.options, name);
   BEdit* edit = jotlet_.Editor();
-  if (edit == nullptr) return false;
+  if (number >= kTextStyles || edit == nullptr) return false;
   const CHARRANGE selected = edit->Selection();
   SelectAll(*edit);
   const bool done =

@@ -6,8 +6,14 @@
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "data/text_export.h"
+#include "desk/win/note_links.h"
 #include "note/action_table.h"
+#include "note/editor_keys.h"
+#include "note/font_history.h"
 #include "note/link_text.h"
+#include "note/web_search.h"
+#include "note/win/edit_style.h"
 #include "note/win/edit_text.h"
 #include "note/win/font_chooser.h"
 #include "note/win/properties_dialog.h"
@@ -34,7 +40,6 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionEditUserString1, &NoteCommands::EditUserString},
     {kActionColour, &NoteCommands::ChooseColour},
     {kActionFont, &NoteCommands::ChooseFont},
-    {kActionFindText, &NoteCommands::FindText},
     {kActionHyperlink, &NoteCommands::EditLink},
     {kActionSetSkin, &NoteCommands::ChooseSkin},
     {kActionDefaultSkin, &NoteCommands::ChooseSkin},
@@ -49,6 +54,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionOpenTextContext, &NoteCommands::TextMenu},
     {kActionOrphanCheck, &NoteCommands::OrphanCheck},
     {kActionProperties, &NoteCommands::Properties},
+    {kActionStyles, &NoteCommands::Styles},
     {kActionSleep, &NoteCommands::Sleep},
     {kActionRecurrence, &NoteCommands::Recur},
     {kActionAlarm, &NoteCommands::Alarm},
@@ -64,7 +70,6 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionFriends, .command = ID_FRIENDS},
     {.code = kActionManage, .command = ID_MANAGE},
     {.code = kActionOptions, .command = ID_OPTIONS},
-    {.code = kActionStyles, .command = ID_STYLES},
     {.code = kActionHelp, .command = ID_HELP_JOTLETS},
 };
 
@@ -185,16 +190,15 @@ void NoteCommands::ChooseFont(BJotlet& jotlet) {
   if (jotlet.Editor() == nullptr) return;
   const auto style = ChooseSystemFont(jotlet.Handle(), CurrentFont(*jotlet.Editor()));
   BJotlet* note = tools_.notes.Find(id);
-  if (style && note != nullptr && note->Editor() != nullptr) SetFont(*note->Editor(), *style);
+  if (!style || note == nullptr || note->Editor() == nullptr) return;
+  SetFont(*note->Editor(), *style);
+  RememberFont(style->face);
 }
 
-void NoteCommands::FindText(BJotlet& jotlet) {
-  const Text id = jotlet.StoredRecord().id;
-  const auto words = BTextDlg(tools_.resources, IDS_FIND_TEXT, tools_.notes.Searched()).Ask(jotlet.Handle());
-  BJotlet* note = tools_.notes.Find(id);
-  if (!words || words->empty() || note == nullptr || note->Editor() == nullptr) return;
-  tools_.notes.SetSearched(*words);
-  if (!FindNextText(*note->Editor(), *words)) Tell(note->Handle(), tools_.resources, IDS_NOT_FOUND, *words);
+void NoteCommands::Styles(BJotlet& jotlet) {
+  std::optional<TextStyle> selection;
+  if (jotlet.Editor() != nullptr) selection = StyleOfSelection(*jotlet.Editor());
+  tools_.program.EditStyles(jotlet.Handle(), std::move(selection));
 }
 
 // A link that is there is opened, and a selected address becomes one. For anything else the user gives an
@@ -218,8 +222,8 @@ void NoteCommands::Save(BJotlet&) { tools_.saving.SaveIfDirty(); }
 bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   const Text extension(jotlet.Content().Extension());
-  const Text path =
-      ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension, {});
+  const Text path = ChooseFileToSave(jotlet.Handle(), tools_.resources.String(FilterOf(extension)), extension,
+                                     FileNameOfTitle(jotlet.TitleShown()));
   BJotlet* note = tools_.notes.Find(id);
   if (path.empty() || note == nullptr) return false;
   const FileStatus written = tools_.contents.WriteCopy(*note, path);

@@ -75,7 +75,7 @@ class NoteCommands {
   void ChooseColour(BJotlet& jotlet);
   void ChooseSkin(BJotlet& jotlet);
   void ChooseFont(BJotlet& jotlet);
-  void FindText(BJotlet& jotlet);
+  void Styles(BJotlet& jotlet);
   void EditLink(BJotlet& jotlet);
   void Save(BJotlet& jotlet);
   void CopyToFile(BJotlet& jotlet);
@@ -103,6 +103,10 @@ class NoteCommands {
   ColourEntry HighlightsOf(const BJotlet& jotlet) const;
   void SetColour(BJotlet& jotlet, Colour colour);
   void TurnGhost(BJotlet& jotlet);
+  void AddTextExtras(const BJotlet& jotlet, MenuExtras& extras);
+  void AddWebSearch(const BEdit& edit, MenuExtras& extras);
+  void SetFace(BJotlet& jotlet, const Text& face);
+  void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);
 

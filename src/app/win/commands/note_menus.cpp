@@ -1,8 +1,14 @@
 // The menus of a note: what stands in them beside its commands, and the choice of its paper.
 #include "app/win/commands/note_commands.h"
+#include "desk/win/note_links.h"
 #include "note/action_table.h"
+#include "note/editor_keys.h"
+#include "note/font_history.h"
 #include "note/papers.h"
+#include "note/web_search.h"
 #include "note/win/colour_menu.h"
+#include "note/win/edit_style.h"
+#include "note/win/edit_text.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
 
@@ -25,6 +31,7 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
   facts.user2 = record.user2;
   facts.user3 = record.user3;
   facts.transparency = record.transparency;
+  facts.styles = StyleNames(tools_.options);
   if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
   facts.skinFixed = tools_.skins.IsFixedByPolicy();
   facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
@@ -73,6 +80,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
   AddStacks(record, extras);
+  AddTextExtras(jotlet, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
     extras.entries.push_back(
         {MenuPart::kOfOthers, command.caption, [this, word = command.word](BJotlet& note) {
@@ -80,6 +88,52 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
          }});
   }
   return extras;
+}
+
+// Of the text's own menu: what the editor's keys do, fonts of late and the web.
+void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
+  if (jotlet.Editor() == nullptr) return;
+  const BEdit& edit = *jotlet.Editor();
+  const auto add = [&](MenuPart part, EditorKey key, bool enabled) {
+    const Text text = tools_.resources.String(IDS_EDITOR_KEY + static_cast<UINT>(key));
+    extras.entries.push_back({part, text + u"\t" + ShortcutText(KeyOf(key)),
+                              [key](BJotlet& note) { note.Editor()->Do(key); }, enabled});
+  };
+  add(MenuPart::kPastePlain, EditorKey::kPastePlain, edit.CanPaste());
+  if (tools_.options.typingAids) add(MenuPart::kCheckList, EditorKey::kCheckList, !edit.IsReadOnly());
+  for (const Text& face : RecentFonts(tools_.options.fontMru)) {
+    extras.entries.push_back({MenuPart::kFonts, ReplaceAll(face, u"&", u"&&"),
+                              [this, face](BJotlet& note) { SetFace(note, face); }, !edit.IsReadOnly()});
+  }
+  AddWebSearch(edit, extras);
+}
+
+void NoteCommands::AddWebSearch(const BEdit& edit, MenuExtras& extras) {
+  constexpr LONG kLongestWords = 1000;
+  const Text& address = tools_.options.google.second;
+  CHARRANGE selection = edit.Selection();
+  if (address.empty() || selection.cpMin == selection.cpMax) return;
+  selection.cpMax = std::min(selection.cpMax, selection.cpMin + kLongestWords);
+  const Text words = edit.TextBetween(selection);
+  const Text page = WebSearchAddress(address, words);
+  const auto search = [this, page](BJotlet& note) {
+    FollowLink(note.Handle(), tools_.resources, tools_.log, page, false);
+  };
+  extras.entries.push_back({MenuPart::kWebSearch,
+                            ReplaceAll(tools_.resources.String(IDS_WEB_SEARCH), u"%s", ShortWords(words)),
+                            search, !page.empty()});
+}
+
+void NoteCommands::SetFace(BJotlet& jotlet, const Text& face) {
+  SetFontFace(*jotlet.Editor(), face);
+  RememberFont(face);
+}
+
+void NoteCommands::RememberFont(const Text& face) {
+  const Text fonts = WithRecentFont(tools_.options.fontMru, face);
+  if (fonts == tools_.options.fontMru) return;
+  tools_.options.fontMru = fonts;
+  tools_.saving.SetOptionsDirty();
 }
 
 void NoteCommands::AddStacks(const JotletData& record, MenuExtras& extras) {

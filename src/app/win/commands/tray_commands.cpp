@@ -3,6 +3,7 @@
 #include "app/win/main_menus.h"
 #include "desk/note_import.h"
 #include "friends/win/friends_dialog.h"
+#include "note/win/styles_dialog.h"
 #include "res/resource.h"
 #include "ui/screen.h"
 #include "ui/system_choosers.h"
@@ -25,7 +26,7 @@ void TrayCommands::Do(UINT command) {
       break;
     case ID_MANAGE: OpenManageWindow(); break;
     case ID_OPTIONS: tools_.optionDialog.Open(SettingsPage::kNotes); break;
-    case ID_STYLES: tools_.optionDialog.Open(SettingsPage::kEditor); break;
+    case ID_STYLES: EditStyles(GetActiveWindow(), {}); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
     case ID_BACKUP: tools_.backups.TakeManualBackup(); break;
     case ID_RESTORE: tools_.backups.ChooseRestore(); break;
@@ -45,6 +46,14 @@ void TrayCommands::EditFriends() {
   BFriendsDlg dialog(tools_.resources, tools_.friends, editingFriends_);
   dialog.Show(tools_.resources, IDD_FRIENDS, tools_.window.Handle());
   editingFriends_ = nullptr;
+}
+
+void TrayCommands::EditStyles(HWND owner, std::optional<TextStyle> selection) {
+  BStylesDlg dialog(tools_.resources, tools_.options, tools_.notes.Highlights(), std::move(selection));
+  if (!dialog.Edit(owner)) return;
+  tools_.options.styles = dialog.Written();
+  tools_.saving.SetOptionsDirty();
+  tools_.log.Write(kLogLifecycle, u"Options changed");
 }
 
 void TrayCommands::OpenHelp() {

@@ -13,6 +13,7 @@
 #include "command/custom_commands.h"
 #include "desk/win/open_stacks.h"
 #include "friends/friend_book.h"
+#include "note/text_style.h"
 
 namespace jotlets {
 
@@ -64,6 +65,9 @@ class TrayCommands {
 
   /// Takes all notes off the screen, or shows them all, the hidden ones too.
   void HideAll(bool hidden);
+
+  /// Lets the user change the text styles. `selection` is the style of a text that is selected.
+  void EditStyles(HWND owner, std::optional<TextStyle> selection);
 
   /// Makes a note of a file; the user is told when that fails.
   void ImportFile(TextView path);

@@ -1,0 +1,103 @@
+#include "data/rtf_paragraphs.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/rtf_reader.h"
+
+namespace jotlets {
+namespace {
+
+using List = TextParagraph::List;
+
+// Groups inside each other whose looks are remembered; deeper ones share those of the last.
+constexpr std::size_t kMaxDepth = 100;
+
+struct Effect {
+  std::string_view word;
+  bool TextRun::*member;
+};
+constexpr Effect kEffects[] = {{"b", &TextRun::bold},
+                               {"i", &TextRun::italic},
+                               {"ul", &TextRun::underline},
+                               {"strike", &TextRun::strikethrough}};
+
+// The words that make a paragraph one of a list. Which list a number of a table means is not looked up.
+struct ListWord {
+  std::string_view word;
+  List list;
+};
+constexpr ListWord kListWords[] = {{"pnlvlblt", List::kBullets}, {"pnlvlbody", List::kNumbers},
+                                   {"pndec", List::kNumbers},    {"pnlcltr", List::kNumbers},
+                                   {"pnucltr", List::kNumbers},  {"ls", List::kBullets}};
+
+class ParagraphReader final : public RtfReader {
+ public:
+  ParagraphReader(std::string_view rtf, std::size_t maximum) : RtfReader(rtf), left_(maximum) {}
+
+  std::vector<TextParagraph> Paragraphs() {
+    Read();
+    if (!now_.runs.empty()) OnParagraphEnd();
+    return std::move(paragraphs_);
+  }
+
+ private:
+  bool IsFull() const override { return left_ == 0; }
+
+  void OnText(TextView text) override {
+    text = text.substr(0, left_);
+    left_ -= text.size();
+    if (now_.runs.empty() || !now_.runs.back().LooksAs(look_)) now_.runs.push_back(look_);
+    now_.runs.back().text += text;
+  }
+
+  // An end costs as much as a character: a text of nothing but ends is bounded too.
+  void OnParagraphEnd() override {
+    if (left_ > 0) --left_;
+    now_.list = list_;
+    paragraphs_.push_back(std::exchange(now_, {}));
+  }
+
+  void OnGroupBegin() override {
+    ++depth_;
+    if (outer_.size() < kMaxDepth) outer_.push_back(look_);
+  }
+
+  void OnGroupEnd() override {
+    if (depth_ == outer_.size()) {
+      look_ = outer_.back();
+      outer_.pop_back();
+    }
+    --depth_;
+  }
+
+  void OnWord(std::string_view word, std::int64_t number, bool given) override {
+    if (const auto* row = std::ranges::find(kListWords, word, &ListWord::word); row != std::end(kListWords)) {
+      list_ = row->list;
+      return;
+    }
+    if (word == "pntext" || word == "listtext") return Skip();
+    if (Skipping()) return;
+    if (word == "plain") look_ = {};
+    if (word == "ulnone") look_.underline = false;
+    if (word == "pard") list_ = List::kNone;
+    const auto* effect = std::ranges::find(kEffects, word, &Effect::word);
+    if (effect != std::end(kEffects)) look_.*(effect->member) = !given || number != 0;
+  }
+
+  std::size_t left_;
+  TextRun look_;
+  List list_ = List::kNone;
+  std::vector<TextRun> outer_;
+  std::size_t depth_ = 0;
+  TextParagraph now_;
+  std::vector<TextParagraph> paragraphs_;
+};
+
+}  // namespace
+
+std::vector<TextParagraph> RtfParagraphs(std::string_view rtf, std::size_t maximum) {
+  return ParagraphReader(rtf, maximum).Paragraphs();
+}
+
+}  // namespace jotlets

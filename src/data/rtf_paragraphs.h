@@ -1,0 +1,35 @@
+// A rich text as paragraphs of words with their looks, as far as other kinds of files can say them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+/// Words that look the same.
+struct TextRun {
+  Text text;
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
+  bool strikethrough = false;
+  bool LooksAs(const TextRun& other) const {
+    return bold == other.bold && italic == other.italic && underline == other.underline &&
+           strikethrough == other.strikethrough;
+  }
+};
+
+struct TextParagraph {
+  enum class List : std::uint8_t { kNone, kBullets, kNumbers };
+  List list = List::kNone;
+  std::vector<TextRun> runs;
+};
+
+/// The paragraphs of a rich text with at most `maximum` code units of words. Any bytes give some.
+std::vector<TextParagraph> RtfParagraphs(std::string_view rtf, std::size_t maximum);
+
+}  // namespace jotlets

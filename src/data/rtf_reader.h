@@ -1,0 +1,60 @@
+// Walks through a rich text and tells what is in it. Any bytes can be read; each is looked at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace jotlets {
+
+class RtfReader {
+ public:
+  explicit RtfReader(std::string_view rtf) : rest_(rtf) {}
+  virtual ~RtfReader() = default;
+  RtfReader(const RtfReader&) = delete;
+  RtfReader& operator=(const RtfReader&) = delete;
+
+  /// Reads until the end, or until `IsFull`.
+  void Read();
+
+ protected:
+  virtual bool IsFull() const = 0;
+  /// Words of the text: never those of groups that are no part of it. 8-bit characters are taken for Latin-1.
+  virtual void OnText(TextView text) = 0;
+  virtual void OnParagraphEnd() { OnText(u"\r\n"); }
+  /// A control word that stands for no text, also in groups that are no part of it.
+  virtual void OnWord(std::string_view, std::int64_t, bool) {}
+  virtual void OnGroupBegin() {}
+  virtual void OnGroupEnd() {}
+  /// The group that is open now is no part of the text.
+  void Skip() {
+    if (!Skipping()) skippedDepth_ = depth_;
+  }
+  bool Skipping() const { return skippedDepth_ != 0; }
+
+ private:
+  char Take() {
+    const char c = rest_.front();
+    rest_.remove_prefix(1);
+    return c;
+  }
+  void CloseGroup();
+  void AddCharacter(char16_t unit);
+  void ReadControl();
+  std::int64_t ReadNumber(bool& given);
+  void ReadSymbol(char symbol);
+  void Add(TextView text) {
+    if (!Skipping()) OnText(text);
+  }
+  void ActOn(std::string_view word, std::int64_t number, bool given);
+
+  std::string_view rest_;
+  std::size_t depth_ = 0;
+  std::size_t skippedDepth_ = 0;  // of the group that is left out, 0 for none
+  std::int64_t replacements_ = 1;
+  std::int64_t replaced_ = 0;
+};
+
+}  // namespace jotlets

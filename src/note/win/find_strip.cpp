@@ -1,0 +1,183 @@
+#include "note/win/find_strip.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "note/shortcuts.h"
+#include "note/win/edit_text.h"
+
+namespace jotlets {
+namespace {
+
+constexpr wchar_t kStripClass[] = L"BraskJotletFind";
+constexpr int kHeight = 24;  // at the usual scale, as all of these
+constexpr int kButton = 22;
+constexpr int kCount = 62;
+constexpr int kMinWords = 60;
+constexpr LONG kLongestSelection = 200;
+
+enum Control { kWords = 1, kFound, kPrevious, kNext, kClose };
+
+struct Button {
+  int control;
+  const wchar_t* text;
+};
+// From the right. The signs stand for themselves in any language.
+constexpr Button kButtons[] = {{kClose, L"\u00D7"}, {kNext, L"\u203A"}, {kPrevious, L"\u2039"}};
+
+}  // namespace
+
+std::int32_t FindStrip::Scaled(int pixels) const { return MulDiv(pixels, Dpi(), USER_DEFAULT_SCREEN_DPI); }
+
+std::int32_t FindStrip::Height() const { return open_ ? Scaled(kHeight) : 0; }
+
+Text FindStrip::Words() const {
+  const HWND words = GetDlgItem(Handle(), kWords);
+  Text text(static_cast<std::size_t>(GetWindowTextLengthW(words)) + 1, u'\0');
+  text.resize(static_cast<std::size_t>(
+      std::max(GetWindowTextW(words, WideBuffer(text), static_cast<int>(text.size())), 0)));
+  return text;
+}
+
+bool FindStrip::MakeControls(HWND note) {
+  if (Handle() != nullptr) return true;
+  RegisterWindowClass(kStripClass);
+  if (!Create(kStripClass, L"", {}, {WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, note)) return false;
+  SetWindowLongPtrW(Handle(), GWLP_ID, kControlId);
+  const auto make = [this](const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
+    return CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(),
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
+                           nullptr);
+  };
+  font_.reset(CreateFontW(-Scaled(12), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                          CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+  const HWND words = make(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, kWords);
+  const HWND found = make(L"STATIC", L"", SS_CENTER | SS_CENTERIMAGE | SS_NOPREFIX, kFound);
+  for (const HWND control : {words, found})
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
+  for (const Button& button : kButtons) make(L"BUTTON", button.text, BS_PUSHBUTTON, button.control);
+  SetWindowSubclass(words, WatchWords, 0, reinterpret_cast<DWORD_PTR>(this));
+  return true;
+}
+
+void FindStrip::Open(HWND note) {
+  if (!MakeControls(note)) return;
+  const CHARRANGE selection = edit_.Selection();
+  Text words = selection.cpMax - selection.cpMin > kLongestSelection ? Text() : edit_.TextBetween(selection);
+  if (words.empty() || words.find(u'\r') != Text::npos) words = watcher_.Searched();
+  open_ = true;
+  // The place that was found can be seen while the words have the keyboard.
+  SendMessageW(edit_.Handle(), EM_SETOPTIONS, ECOOP_OR, ECO_NOHIDESEL);
+  placed_();
+  ShowWindow(Handle(), SW_SHOWNA);
+  SetDlgItemTextW(Handle(), kWords, Wide(words));
+  SendDlgItemMessageW(Handle(), kWords, EM_SETSEL, 0, -1);
+  SetFocus(GetDlgItem(Handle(), kWords));
+}
+
+void FindStrip::CloseStrip() {
+  if (!open_) return;
+  open_ = false;
+  SendMessageW(edit_.Handle(), EM_SETOPTIONS, ECOOP_AND, ~LPARAM{ECO_NOHIDESEL});
+  SetFocus(edit_.Handle());
+  ShowWindow(Handle(), SW_HIDE);
+  placed_();
+}
+
+void FindStrip::Show(bool shown) {
+  if (open_) ShowWindow(Handle(), shown ? SW_SHOWNA : SW_HIDE);
+}
+
+void FindStrip::Place(const Rect& bounds) {
+  if (!open_) return;
+  SetWindowPos(Handle(), HWND_TOP, bounds.left, bounds.top, bounds.Width(), bounds.Height(), SWP_NOACTIVATE);
+  LayOut();
+}
+
+// In a narrow strip the words go before the count.
+void FindStrip::LayOut() {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const int height = static_cast<int>(client.bottom);
+  int right = static_cast<int>(client.right);
+  const auto place = [&](int control, int width) {
+    right -= width;
+    MoveWindow(GetDlgItem(Handle(), control), right, 1, width, std::max(height - 2, 0), TRUE);
+  };
+  for (const Button& button : kButtons) place(button.control, Scaled(kButton));
+  place(kFound, right - Scaled(kCount) >= Scaled(kMinWords) ? Scaled(kCount) : 0);
+  MoveWindow(GetDlgItem(Handle(), kWords), 0, 1, std::max(right, 0), std::max(height - 2, 0), TRUE);
+}
+
+void FindStrip::Find(FindStep step) {
+  if (!open_) return;
+  const Text words = Words();
+  const FoundText found = FindText(edit_, words, step);
+  SetDlgItemTextW(Handle(), kFound, Wide(words.empty() ? Text() : watcher_.FoundWords(found)));
+  const bool moves = step == FindStep::kNext || step == FindStep::kPrevious;
+  if (moves && found.count == 0) MessageBeep(MB_OK);
+}
+
+void FindStrip::OnCommand(UINT control, UINT notification) {
+  if (control == kWords && notification == EN_CHANGE) {
+    watcher_.SetSearched(Words());
+    Find(FindStep::kStay);
+  }
+  // The note counts as one that has the focus.
+  if (control == kWords && (notification == EN_SETFOCUS || notification == EN_KILLFOCUS))
+    SendMessageW(GetParent(Handle()), WM_COMMAND, MAKEWPARAM(kControlId, notification), 0);
+  if (notification != BN_CLICKED || control < kPrevious) return;
+  if (control == kClose) return CloseStrip();
+  Find(control == kNext ? FindStep::kNext : FindStep::kPrevious);
+  SetFocus(GetDlgItem(Handle(), kWords));
+}
+
+LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
+    case WM_ERASEBKGND: {
+      RECT client{};
+      GetClientRect(Handle(), &client);
+      FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
+      return 1;
+    }
+    // The menu of the words is not the note's.
+    case WM_CONTEXTMENU: return 0;
+    default: return Default(message, wParam, lParam);
+  }
+}
+
+bool FindStrip::OnKey(WPARAM key) {
+  const bool shift = GetKeyState(VK_SHIFT) < 0;
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  if (key == VK_ESCAPE) return CloseStrip(), true;
+  if (key == VK_TAB && !control) return SetFocus(edit_.Handle()), true;
+  if (control && (key == 'F' || key == 'A')) {
+    SendDlgItemMessageW(Handle(), kWords, EM_SETSEL, 0, -1);
+    return true;
+  }
+  if (key != VK_RETURN && key != VK_F3) return false;
+  Find(shift ? FindStep::kPrevious : FindStep::kNext);
+  return true;
+}
+
+LRESULT CALLBACK FindStrip::WatchWords(HWND words, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                       DWORD_PTR object) noexcept {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(words, WatchWords, 0);
+  // The characters of keys that are served would make the control beep.
+  constexpr WPARAM kControlF = 6;
+  constexpr WPARAM kControlA = 1;
+  const bool served = wParam == VK_ESCAPE || wParam == VK_RETURN || wParam == VK_TAB || wParam == kControlF ||
+                      wParam == kControlA;
+  if (message == WM_CHAR && served) return 0;
+  try {
+    if (message == WM_KEYDOWN && reinterpret_cast<FindStrip*>(object)->OnKey(wParam)) return 0;
+  } catch (...) {
+    return 0;
+  }
+  return DefSubclassProc(words, message, wParam, lParam);
+}
+
+}  // namespace jotlets
