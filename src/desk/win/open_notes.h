@@ -85,7 +85,12 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
 
   BJotlet* Find(TextView id) const;
   const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
-  std::vector<Text> Ids() const;
+  std::vector<Text> Ids() const {
+    std::vector<Text> ids;
+    ids.reserve(jotlets_.size());
+    for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
+    return ids;
+  }
 
   bool Open(std::shared_ptr<JotletData> record) override;
   void Close(TextView id) override;
@@ -180,6 +185,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletSized(BJotlet& jotlet);
   void OnJotletFocus(BJotlet& jotlet, bool gained);
   void OnAlarm(BJotlet& jotlet, bool sounding);
+  void OnJotletClicked(BJotlet& jotlet);
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
   std::optional<Text> StackName(std::int32_t number) const;
   void LogRescue(const BJotlet& jotlet, Point from);
@@ -201,6 +207,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   std::optional<LiftedFormat> lifted_;
   Text searched_;
   int sounding_ = 0;
+  bool deserted_ = true;  // another program was worked with since the notes were brought forward
   std::vector<Text> animating_;  // the ids of the notes that move
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;
