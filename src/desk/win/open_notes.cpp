@@ -313,7 +313,7 @@ void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
     case JotletEvent::kClicked: return OnJotletClicked(jotlet);
-    case JotletEvent::kDeserted: deserted_ = true; return;
+    case JotletEvent::kDeserted: now_.deserted = true; return;
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
     case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
     case JotletEvent::kSounding: return OnAlarm(jotlet, true);
@@ -328,7 +328,7 @@ void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
 
 // The notes lie behind other windows, perhaps, only when another program was worked with since.
 void OpenNotes::OnJotletClicked(BJotlet& jotlet) {
-  if (!std::exchange(deserted_, false) || options_.makeAllVisible != 1) return;
+  if (!std::exchange(now_.deserted, false) || options_.makeAllVisible != 1) return;
   BringForward();
   jotlet.BringForward();
 }
@@ -358,7 +358,7 @@ void OpenNotes::OnJotletMoved(BJotlet& jotlet) {
 }
 
 void OpenNotes::OnAlarm(BJotlet& jotlet, bool sounding) {
-  sounding_ += sounding ? 1 : -1;
+  now_.sounding += sounding ? 1 : -1;
   log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
              jotlet.TitleShown());
   if (!sounding) {

@@ -135,7 +135,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   bool Animate();
   void Snooze(BJotlet& jotlet) { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
-  bool IsAnySounding() const { return sounding_ > 0; }
+  bool IsAnySounding() const { return now_.sounding > 0; }
   void StopAlarms();
   /// The options have changed.
   void FollowOptions();
@@ -206,8 +206,10 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   std::vector<FontStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;
-  int sounding_ = 0;
-  bool deserted_ = true;  // another program was worked with since the notes were brought forward
+  struct {
+    int sounding = 0;      // how many do
+    bool deserted = true;  // another program was worked with since the notes were brought forward
+  } now_;
   std::vector<Text> animating_;  // the ids of the notes that move
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;
