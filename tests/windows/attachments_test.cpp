@@ -232,5 +232,23 @@ TEST_F(AttachmentsTest, AreAttachedByTheDialogAndUnattachedByTheMenu) {
   EXPECT_FALSE(WaitUntil([&] { return NoteOf(u"AA01") == nullptr; }, 2500));
 }
 
+TEST_F(AttachmentsTest, AClickOnOneNoteBringsAllBeforeTheWindowsOfOthers) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"AA01", {500, 100}, u"AA01"), NoteRecord(u"AA02", {800, 400}, u"AA02")}, kOptions));
+  const HWND other = NoteTitled(u"AA02");
+  const ForeignProgram pad(u"letter.txt - Pad", u"ForeignPad");
+  SetWindowPos(pad.Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  SetForegroundWindow(pad.Window());
+  const auto isInFront = [&] {
+    HWND window = GetTopWindow(nullptr);
+    while (window != nullptr && window != other && window != pad.Window())
+      window = GetWindow(window, GW_HWNDNEXT);
+    return window == other;
+  };
+  ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == pad.Window() && !isInFront(); }));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"AA01")));
+  EXPECT_TRUE(WaitUntil(isInFront, 5000));
+}
+
 }  // namespace
 }  // namespace jotlets

@@ -57,13 +57,6 @@ BJotlet* OpenNotes::Find(TextView id) const {
   return found == byId_.end() ? nullptr : found->second;
 }
 
-std::vector<Text> OpenNotes::Ids() const {
-  std::vector<Text> ids;
-  ids.reserve(jotlets_.size());
-  for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
-  return ids;
-}
-
 void OpenNotes::Close(TextView id) {
   BJotlet* jotlet = Find(id);
   if (jotlet == nullptr) return;
@@ -317,10 +310,8 @@ void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
     case JotletEvent::kChanged: return owner_.OnNoteChanged(jotlet.StoredRecord().id);
     case JotletEvent::kMoved: return OnJotletMoved(jotlet);
     case JotletEvent::kSized: return OnJotletSized(jotlet);
-    case JotletEvent::kClicked:
-      if (options_.makeAllVisible != 1) return;
-      BringForward();
-      return jotlet.BringForward();
+    case JotletEvent::kClicked: return OnJotletClicked(jotlet);
+    case JotletEvent::kDeserted: now_.deserted = true; return;
     case JotletEvent::kFocused: return OnJotletFocus(jotlet, true);
     case JotletEvent::kUnfocused: return OnJotletFocus(jotlet, false);
     case JotletEvent::kSounding: return OnAlarm(jotlet, true);
@@ -331,6 +322,13 @@ void OpenNotes::OnJotletEvent(BJotlet& jotlet, JotletEvent event) {
       animating_.push_back(jotlet.StoredRecord().id);
       return;
   }
+}
+
+// The notes lie behind other windows, perhaps, only when another program was worked with since.
+void OpenNotes::OnJotletClicked(BJotlet& jotlet) {
+  if (!std::exchange(now_.deserted, false) || options_.makeAllVisible != 1) return;
+  BringForward();
+  jotlet.BringForward();
 }
 
 void OpenNotes::OnJotletMouse(BJotlet& jotlet, JotletMouse mouse, bool key) {
@@ -358,7 +356,7 @@ void OpenNotes::OnJotletMoved(BJotlet& jotlet) {
 }
 
 void OpenNotes::OnAlarm(BJotlet& jotlet, bool sounding) {
-  sounding_ += sounding ? 1 : -1;
+  now_.sounding += sounding ? 1 : -1;
   log_.Write(kLogDetail, TextView(sounding ? u"Starting alarm for: " : u"Stopping alarm for: "),
              jotlet.TitleShown());
   if (!sounding) {

@@ -87,7 +87,12 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
 
   BJotlet* Find(TextView id) const;
   const std::vector<std::unique_ptr<BJotlet>>& All() const { return jotlets_; }
-  std::vector<Text> Ids() const;
+  std::vector<Text> Ids() const {
+    std::vector<Text> ids;
+    ids.reserve(jotlets_.size());
+    for (const auto& jotlet : jotlets_) ids.push_back(jotlet->StoredRecord().id);
+    return ids;
+  }
 
   bool Open(std::shared_ptr<JotletData> record) override;
   void Close(TextView id) override;
@@ -133,7 +138,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   bool Animate();
   void Snooze(BJotlet& jotlet) { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
-  bool IsAnySounding() const { return sounding_ > 0; }
+  bool IsAnySounding() const { return now_.sounding > 0; }
   void StopAlarms();
   /// The options have changed.
   void FollowOptions();
@@ -180,6 +185,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void OnJotletSized(BJotlet& jotlet);
   void OnJotletFocus(BJotlet& jotlet, bool gained);
   void OnAlarm(BJotlet& jotlet, bool sounding);
+  void OnJotletClicked(BJotlet& jotlet);
   void OnJotletPressed(BJotlet& jotlet, bool ctrl);
   static Text FoundWords(const Resources& resources, const FoundText& found);
   std::optional<Text> StackName(std::int32_t number) const;
@@ -201,7 +207,10 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   std::vector<EditStyle> styles_;
   std::optional<LiftedFormat> lifted_;
   Text searched_;
-  int sounding_ = 0;
+  struct {
+    int sounding = 0;      // how many do
+    bool deserted = true;  // another program was worked with since the notes were brought forward
+  } now_;
   std::vector<Text> animating_;  // the ids of the notes that move
   Text folder_;
   std::vector<std::unique_ptr<BJotlet>> jotlets_;

@@ -169,7 +169,9 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_PARENTNOTIFY:
       // A click into the editor.
-      if (LOWORD(wParam) == WM_LBUTTONDOWN) StopAlarm();
+      if (LOWORD(wParam) != WM_LBUTTONDOWN) return 0;
+      StopAlarm();
+      Tell(JotletEvent::kClicked);
       return 0;
     case WM_RBUTTONUP: OnMenuAsked(nullptr, MousePosition()); return 0;
     case WM_CONTEXTMENU:
@@ -185,9 +187,9 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (const BEdit* edit = Editor())
         context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());
       return 0;
-    case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_CLICKACTIVE && lParam == 0) Tell(JotletEvent::kClicked);
-      return SkinnedWindow::OnMessage(message, wParam, lParam);
+    case WM_ACTIVATEAPP:
+      if (wParam == FALSE) Tell(JotletEvent::kDeserted);
+      return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: return SkinnedWindow::OnMessage(message, wParam, lParam);
   }

@@ -9,6 +9,7 @@ FramePart BJotlet::PartAt(Point at) const {
 
 void BJotlet::BeginPress() {
   StopAlarm();
+  Tell(JotletEvent::kClicked);
   SetFocus(view_.rolled ? Handle() : FocusWindow());
 }
 

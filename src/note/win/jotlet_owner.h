@@ -16,7 +16,8 @@ enum class JotletEvent {
   kChanged,  // the note or its content, which wants to be saved
   kMoved,    // by the user, who has finished
   kSized,
-  kClicked,  // coming to the front from behind the window of another program
+  kClicked,
+  kDeserted,  // another program is being worked with
   kFocused,
   kUnfocused,
   kSounding,
