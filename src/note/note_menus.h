@@ -69,7 +69,7 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kTextMenu, 325}, 0, kNoMenu, kPastePlain},
       MenuEntry{{kTextMenu, 400}, IDS_MENU_FONT, kFontMenu},
       MenuEntry{{kFontMenu, 100}, 0, kNoMenu, kFonts},
-      MenuEntry{{kBulletsMenu, 200}, 0, kNoMenu, kCheckList},
+      MenuEntry{{kBulletsMenu, 140}, 0, kNoMenu, kCheckList},
       MenuEntry{{kTextMenu, 550}, 0, kNoMenu, kWebSearch},
       MenuEntry{{kTextMenu, 410}, IDS_MENU_FORMAT, kFormatMenu},
       MenuEntry{{kTextMenu, 420}, IDS_MENU_ALIGN, kAlignMenu},
