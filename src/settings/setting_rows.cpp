@@ -210,7 +210,6 @@ constexpr std::array kRows = {
     SettingRow{.id = 33, .option = u"TypingAids", .group = kTyping, .access = kNumberOf<&O::typingAids>},
     SettingRow{.id = 31, .option = u"RTL", .group = kTyping, .access = kNumberOf<&O::rtl>},
     SettingRow{.id = 32, .option = u"NoRTLKeys", .group = kTyping, .access = kNumberOf<&O::noRtlKeys>},
-    SettingRow{.id = 33, .option = u"TypingAids", .group = kTyping, .access = kNumberOf<&O::typingAids>},
 
     SettingRow{.id = 34,
                .option = u"Hilite01",

@@ -96,7 +96,7 @@ TEST(KeyList, OfTheProgramSaysWhatEachKeyDoes) {
       << page.substr(0, page.find("|  |")).substr(page.rfind('\n'));
   for (const char* row : {"| Ctrl+M | Manage Jotlets |", "| Ctrl+F1 | Keyboard shortcuts |",
                           "| Win+Alt+S | New note |", "| Ctrl+Tab | Go to the next note |",
-                          "| Ctrl+Shift+O | Bullets: None |", "| Ctrl+S | Save everything now |"})
+                          "| Ctrl+Shift+O | List: None |", "| Ctrl+S | Save everything now |"})
     EXPECT_NE(page.find(row), std::string::npos) << row;
 }
 

@@ -95,9 +95,8 @@ void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
   if (jotlet.Editor() == nullptr) return;
   const BEdit& edit = *jotlet.Editor();
   const auto add = [&](MenuPart part, EditorKey key, bool enabled) {
-    const Text text = tools_.resources.String(IDS_EDITOR_KEY + static_cast<UINT>(key));
-    extras.entries.push_back({part, text + u"\t" + ShortcutText(KeyOf(key)),
-                              [key](BJotlet& note) { note.Editor()->Do(key); }, enabled});
+    extras.entries.push_back(
+        {part, ShortcutText(KeyOf(key)), [key](BJotlet& note) { note.Editor()->Do(key); }, enabled});
   };
   add(MenuPart::kPastePlain, EditorKey::kPastePlain, edit.CanPaste());
   if (tools_.options.typingAids) add(MenuPart::kCheckList, EditorKey::kCheckList, !edit.IsReadOnly());
