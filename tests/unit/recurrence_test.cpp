@@ -5,8 +5,10 @@
 #include <limits>
 
 #include "fakes.h"
+#include "res/resource.h"
 #include "schedule/calendar.h"
 #include "schedule/presets.h"
+#include "schedule/recurrence_words.h"
 #include "schedule/sleep_times.h"
 #include "zone_clock.h"
 
@@ -103,6 +105,38 @@ TEST(Recurrence, WhatWasServedIsNotServedAgain) {
 }
 
 // Rules from damaged files: an answer at once, none of which makes a note come every second.
+TEST(Recurrence, IsToldInASentenceWithItsNextDates) {
+  RuleNames names{[](std::uint32_t id) {
+                    if (id == IDS_RULE_AND) return Text(u" & ");
+                    const bool sentence = id >= IDS_RULE && id < IDS_RULE_EVERY_ONE;
+                    return u"<" + IntText(id) + (sentence ? u" %n %d %t>" : u">");
+                  },
+                  {u"Mo", u"Tu", u"We", u"Th", u"Fr", u"Sa", u"Su"},
+                  std::vector<Text>(12, u"?"),
+                  u"9:30"};
+  names.months[11] = u"December";
+  const auto told = [&](const WakeRule& rule) { return ToUtf8(RuleInWords(rule, names)); };
+  EXPECT_EQ(told({kDaily, 9, 30, 0}), "<2130   9:30>");
+  EXPECT_EQ(told({kWeekly, 9, 30, 1 + 2 + 16}), "<2131  Mo, Tu & Fr 9:30>");
+  EXPECT_EQ(told({kWeekly, 9, 30, 64}), "<2131  Su 9:30>");
+  EXPECT_EQ(told({kYearly, 9, 30, 1224}), "<2133 24 December 9:30>");
+  EXPECT_EQ(told({kMonthlyOnWeekday, 9, 30, 403}), "<2134 <2114> Th 9:30>");
+  EXPECT_EQ(told({kEvery, 0, 3, kWeeks}), "<2135 3 <2108> 9:30>");
+  EXPECT_EQ(told({kWeekly, 9, 30, 0}) + told({kNone, 0, 0, 0}), "");
+
+  const ZoneClock clock(kBerlin);
+  const std::int64_t now = At(clock, 2026, 11, 21, 8);
+  const auto dates = [&](const WakeRule& rule, std::int64_t end) {
+    std::string text;
+    for (const std::int32_t time : AppearancesOf(rule, now, end, now, clock, 3))
+      text += Shown(clock, time).substr(5) + ";";
+    return text;
+  };
+  EXPECT_EQ(dates({kWeekly, 9, 30, 1 + 16}, kNone), "11-23 09:30;11-27 09:30;11-30 09:30;");
+  EXPECT_EQ(dates({kWeekly, 9, 30, 1 + 16}, At(clock, 2026, 11, 27, 12)), "11-23 09:30;11-27 09:30;");
+  EXPECT_EQ(dates({kDaily, 9, 30, 0}, At(clock, 2026, 11, 21, 9)), "");
+}
+
 TEST(Recurrence, NoNumbersMakeItSpin) {
   constexpr std::int32_t kNumbers[] = {
       std::numeric_limits<std::int32_t>::min(), -65535, -1, 0, 1, 28, 31, 100, 499, 1332, 65536,

@@ -4,16 +4,18 @@
 
 #include <algorithm>
 
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
 #include "schedule/calendar.h"
+#include "schedule/recurrence_words.h"
 #include "schedule/win/time_pickers.h"
 
 namespace jotlets {
 namespace {
 
 constexpr int kWeekDays = 7;
-constexpr int kMonthsOfYear = 12;
+constexpr int kFirstOfWeekend = 5;
 
 // The controls that belong to one kind of rule.
 struct Part {
@@ -32,6 +34,7 @@ constexpr Part kParts[] = {
     {IDC_REC_MONDAY + 5, kWeekly},
     {IDC_REC_MONDAY + 6, kWeekly},
     {IDC_REC_ALL_DAYS, kWeekly},
+    {IDC_REC_WORKING_DAYS, kWeekly},
     {IDC_REC_MONTHLY_TIME, kMonthlyOnDay},
     {IDC_REC_ON_DAY, kMonthlyOnDay},
     {IDC_REC_ON_WEEKDAY, kMonthlyOnDay},
@@ -70,14 +73,8 @@ void Select(HWND list, std::int32_t index) {
   SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-// Names of days and months as the user's locale has them.
-void AddLocaleNames(HWND list, LCTYPE first, int count) {
-  constexpr int kRoom = 80;
-  for (int i = 0; i < count; ++i) {
-    wchar_t name[kRoom] = {};
-    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, first + static_cast<LCTYPE>(i), name, kRoom);
-    AddLine(list, name);
-  }
+void AddNames(HWND list, const std::vector<Text>& names) {
+  for (const Text& name : names) AddLine(list, Wide(name));
 }
 
 }  // namespace
@@ -108,9 +105,9 @@ void BRecurranceDlg::FillLists() {
     }
   };
   add(IDC_REC_ORDINAL, IDS_ORDINAL, kLastOrdinal + 1);
-  AddLocaleNames(Item(IDC_REC_WEEKDAY), LOCALE_SDAYNAME1, kWeekDays);
+  AddNames(Item(IDC_REC_WEEKDAY), DayNames());
   add(IDC_REC_WEEKDAY, IDS_KIND_OF_DAY, 3);
-  AddLocaleNames(Item(IDC_REC_MONTH), LOCALE_SMONTHNAME1, kMonthsOfYear);
+  AddNames(Item(IDC_REC_MONTH), MonthNames());
   add(IDC_REC_UNIT, IDS_UNIT_ONE, kMonths + 1);
 }
 
@@ -173,8 +170,10 @@ void BRecurranceDlg::ShowFlags() {
 
 bool BRecurranceDlg::OnCommand(UINT control, UINT) {
   if (!filled_) return false;
-  if (control == IDC_REC_ALL_DAYS) {
-    for (int day = 0; day < kWeekDays; ++day) CheckDlgButton(Handle(), IDC_REC_MONDAY + day, BST_CHECKED);
+  const bool working = control == IDC_REC_WORKING_DAYS;
+  if (working || control == IDC_REC_ALL_DAYS) {
+    for (int day = 0; day < kWeekDays; ++day)
+      CheckDlgButton(Handle(), IDC_REC_MONDAY + day, !working || day < kFirstOfWeekend);
   }
   if (control == IDOK) chosen_ = Chosen();
   if (control == IDOK || control == IDCANCEL) return false;
@@ -246,8 +245,35 @@ void BRecurranceDlg::ShowWords() {
                                                         : IDS_APPEARS_NEVER;
   const Text time = TimeInWords(clock_.ToLocal(next.time));
   const Text line = ReplaceAll(resources_.String(words), u"%s", time);
-  if (line != ItemText(IDC_REC_WORDS)) SetDlgItemTextW(Handle(), IDC_REC_WORDS, Wide(line));
+  SetWords(IDC_REC_WORDS, line);
   EnableWindow(Item(IDOK), next.kind != Kind::kNever);
+  SetWords(IDC_REC_SENTENCE, SentenceOf(chosen.rule));
+  SetWords(IDC_REC_NEXT, DatesAfter(chosen));
+}
+
+// Set anew only when it is another: what is read aloud or flickers, does so for a reason.
+void BRecurranceDlg::SetWords(int control, const Text& words) {
+  if (words != ItemText(control)) SetDlgItemTextW(Handle(), control, Wide(words));
+}
+
+Text BRecurranceDlg::SentenceOf(const WakeRule& rule) const {
+  const auto textOf = [this](std::uint32_t id) { return resources_.String(id); };
+  const LocalTime ofDay{2000, 1, 1, rule.hours, rule.minutes, 0};
+  return RuleInWords(rule, {textOf, DayNames(), MonthNames(), ShownTimeOfDay(ofDay)});
+}
+
+// The dates that follow the next one.
+Text BRecurranceDlg::DatesAfter(const Recurrence& chosen) const {
+  constexpr std::size_t kShown = 5;
+  const auto times = AppearancesOf(chosen.rule, chosen.start, chosen.end, clock_.Now().utc, clock_, kShown);
+  Text dates;
+  for (std::size_t i = 1; i < times.size(); ++i) {
+    const LocalTime time = clock_.ToLocal(times[i]);
+    if (i > 1) dates += u", ";
+    dates += ShortDate(time);
+    if (chosen.rule.type == kEvery) dates += u" " + ShownTimeOfDay(time);
+  }
+  return dates.empty() ? dates : ReplaceAll(resources_.String(IDS_APPEARS_THEN), u"%s", dates);
 }
 
 }  // namespace jotlets

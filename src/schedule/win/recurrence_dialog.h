@@ -42,6 +42,9 @@ class BRecurranceDlg final : public Dialog {
   /// What can be used follows the kind of rule, and the line in words all of it.
   void Follow();
   void ShowWords();
+  void SetWords(int control, const Text& words);
+  Text SentenceOf(const WakeRule& rule) const;
+  Text DatesAfter(const Recurrence& chosen) const;
   bool IsOn(int control) const { return IsDlgButtonChecked(Handle(), control) == BST_CHECKED; }
   std::int32_t Selected(int list) const;
   std::int32_t Number(int control) const;

@@ -14,6 +14,17 @@ SYSTEMTIME SystemTimeOf(const LocalTime& t) {
   return {word(t.year), word(t.month), 0, word(t.day), word(t.hour), word(t.minute), 0, 0};
 }
 
+std::vector<Text> LocaleNames(LCTYPE first, LCTYPE count) {
+  constexpr int kRoom = 80;
+  std::vector<Text> names;
+  for (LCTYPE i = 0; i < count; ++i) {
+    wchar_t name[kRoom] = {};
+    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, first + i, name, kRoom);
+    names.emplace_back(FromWide(name));
+  }
+  return names;
+}
+
 }  // namespace
 
 void PreparePickers() {
@@ -43,6 +54,19 @@ std::int64_t PickedInstant(HWND date, HWND time, const Clock& clock) {
   const LocalTime day = PickerTime(date);
   const LocalTime ofDay = PickerTime(time);
   return ToInstant({day.year, day.month, day.day, ofDay.hour, ofDay.minute}, clock);
+}
+
+std::vector<Text> DayNames() { return LocaleNames(LOCALE_SDAYNAME1, 7); }
+std::vector<Text> MonthNames() { return LocaleNames(LOCALE_SMONTHNAME1, 12); }
+
+Text ShortDate(const LocalTime& time) {
+  constexpr int kRoom = 80;
+  const SYSTEMTIME shown = SystemTimeOf(time);
+  wchar_t day[kRoom] = {};
+  wchar_t date[kRoom] = {};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &shown, L"ddd", day, kRoom, nullptr);
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &shown, nullptr, date, kRoom, nullptr);
+  return Text(FromWide(day)) + u" " + Text(FromWide(date));
 }
 
 Text TimeInWords(const LocalTime& time) {

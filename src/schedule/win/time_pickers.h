@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 #include "base/clock.h"
 
 namespace jotlets {
@@ -21,5 +23,12 @@ std::int64_t PickedInstant(HWND date, HWND time, const Clock& clock);
 
 /// A date with its day of the week and a time of day, in the user's own words.
 Text TimeInWords(const LocalTime& time);
+
+/// The names of the days of the week, from Monday on, and of the months in the user's language.
+std::vector<Text> DayNames();
+std::vector<Text> MonthNames();
+
+/// As short as the user's locale has it: "Mon 9/7/2026".
+Text ShortDate(const LocalTime& time);
 
 }  // namespace jotlets
