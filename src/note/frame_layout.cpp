@@ -21,6 +21,10 @@ constexpr FramePart kEdgeParts[3][3] = {
 
 }  // namespace
 
+FramePart WithoutSizing(FramePart part) {
+  return EdgesOf(part) == DraggedEdges{} ? part : FramePart::kMove;
+}
+
 DraggedEdges EdgesOf(FramePart part) {
   for (int vertical = -1; vertical <= 1; ++vertical) {
     for (int horizontal = -1; horizontal <= 1; ++horizontal) {

@@ -28,6 +28,9 @@ enum class FramePart {
   kBottomRight,
 };
 
+/// What a part does while notes keep their size: what would size one moves it.
+FramePart WithoutSizing(FramePart part);
+
 /// Which edges a part is made of: -1 left or top, 1 right or bottom, 0 neither.
 struct DraggedEdges {
   int horizontal = 0;

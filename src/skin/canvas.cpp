@@ -96,7 +96,23 @@ class PicturePen {
   void PrepareRow(std::int32_t y, const std::vector<std::int32_t>& columns) {
     colours_.assign(columns.size() * 4, 0);
     rests_.assign(columns.size(), kOpaque);
+    keys_.assign(columns.size(), false);
     for (std::size_t at = 0; at < columns.size(); ++at) PreparePixel(at, columns[at], y);
+    covers_ = std::all_of(rests_.begin(), rests_.end(), [](std::uint8_t rest) { return rest == 0; });
+  }
+
+  /// Mixes each pixel with the one of `other` at its place, of which `weights` says how much of 256.
+  void MixWith(const PicturePen& other, const std::vector<std::uint32_t>& weights) {
+    for (std::size_t at = 0; at < rests_.size(); ++at) {
+      const std::uint32_t weight = weights[at];
+      if (keys_[at] || other.keys_[at]) {
+        if (weight >= kEvenly) CopyPixel(other, at);
+        continue;
+      }
+      for (std::size_t i = at * 4; i < at * 4 + 4; ++i)
+        colours_[i] = Mixed(colours_[i], other.colours_[i], weight);
+      rests_[at] = Mixed(rests_[at], other.rests_[at], weight);
+    }
     covers_ = std::all_of(rests_.begin(), rests_.end(), [](std::uint8_t rest) { return rest == 0; });
   }
 
@@ -116,6 +132,18 @@ class PicturePen {
   }
 
  private:
+  static constexpr std::uint32_t kEvenly = 128;
+
+  static std::uint8_t Mixed(std::uint32_t one, std::uint32_t other, std::uint32_t weight) {
+    return static_cast<std::uint8_t>((one * (256 - weight) + other * weight + kEvenly) / 256);
+  }
+
+  void CopyPixel(const PicturePen& other, std::size_t at) {
+    std::memcpy(&colours_[at * 4], &other.colours_[at * 4], 4);
+    rests_[at] = other.rests_[at];
+    keys_[at] = other.keys_[at];
+  }
+
   void PreparePixel(std::size_t at, std::int32_t x, std::int32_t y) {
     const std::uint8_t* from =
         PixelAt(std::int64_t{part_.source.left} + x, std::int64_t{part_.source.top} + y);
@@ -124,6 +152,7 @@ class PicturePen {
     if (IsKey(from)) {
       std::memcpy(colour, from, 4);
       rests_[at] = 0;
+      keys_[at] = true;
       return;
     }
     const std::uint32_t opacity = Part(part_.alpha, MaskAt(x, y));
@@ -165,6 +194,7 @@ class PicturePen {
   const SheetPart& part_;
   std::vector<std::uint8_t> colours_;  // of the row: what each pixel adds, in the form of the canvas
   std::vector<std::uint8_t> rests_;    // and how much of what was there remains
+  std::vector<bool> keys_;             // copied as they are
   bool covers_ = false;                // nothing of it remains anywhere
 };
 
@@ -189,7 +219,9 @@ void TilePart(Canvas& canvas, const SheetPart& part, const Rect& area) {
   }
 }
 
-void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area) {
+namespace {
+
+void StretchNearest(Canvas& canvas, const SheetPart& part, const Rect& area) {
   const std::int64_t width = part.source.Width();
   const std::int64_t height = part.source.Height();
   PicturePen pen(canvas, part);
@@ -206,6 +238,59 @@ void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area) {
     if (std::exchange(taken, row) != row) pen.PrepareRow(row, columns);
     pen.PutRow(y, drawn.left, drawn.right);
   }
+}
+
+// Between which two pixels of a part each of a row or a column lies, and how near the second, of 256.
+struct Neighbours {
+  std::vector<std::int32_t> first;
+  std::vector<std::int32_t> second;
+  std::vector<std::uint32_t> weights;
+};
+
+// For the pixels from `from` to `to` of a length that starts at `start`.
+Neighbours NeighboursOf(std::int32_t from, std::int32_t to, std::int32_t start, std::int64_t length,
+                        std::int64_t source) {
+  Neighbours places;
+  for (std::int64_t at = from; at < to; ++at) {
+    // The middles of the pixels lie on one another.
+    const std::int64_t exact = ((at - start) * 2 + 1) * source * 128 / length - 128;
+    const std::int64_t within = std::clamp<std::int64_t>(exact, 0, (source - 1) * 256);
+    const auto first = static_cast<std::int32_t>(within / 256);
+    places.first.push_back(first);
+    places.second.push_back(static_cast<std::int32_t>(std::min<std::int64_t>(first + 1, source - 1)));
+    places.weights.push_back(static_cast<std::uint32_t>(within % 256));
+  }
+  return places;
+}
+
+void StretchMixed(Canvas& canvas, const SheetPart& part, const Rect& area) {
+  PicturePen above(canvas, part);
+  PicturePen below(canvas, part);
+  PicturePen beside(canvas, part);
+  const Rect drawn = Intersection(area, above.Clip());
+  if (part.source.Width() <= 0 || part.source.Height() <= 0 || IsEmpty(drawn)) return;
+  const Neighbours columns =
+      NeighboursOf(drawn.left, drawn.right, area.left, area.Width(), part.source.Width());
+  const Neighbours rows =
+      NeighboursOf(drawn.top, drawn.bottom, area.top, area.Height(), part.source.Height());
+  const auto prepare = [&](PicturePen& pen, std::int32_t row) {
+    pen.PrepareRow(row, columns.first);
+    beside.PrepareRow(row, columns.second);
+    pen.MixWith(beside, columns.weights);
+  };
+  for (std::int32_t y = drawn.top; y < drawn.bottom; ++y) {
+    const auto at = static_cast<std::size_t>(y - drawn.top);
+    prepare(above, rows.first[at]);
+    prepare(below, rows.second[at]);
+    above.MixWith(below, std::vector<std::uint32_t>(columns.weights.size(), rows.weights[at]));
+    above.PutRow(y, drawn.left, drawn.right);
+  }
+}
+
+}  // namespace
+
+void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area, Sampling sampling) {
+  sampling == Sampling::kMixed ? StretchMixed(canvas, part, area) : StretchNearest(canvas, part, area);
 }
 
 }  // namespace jotlets

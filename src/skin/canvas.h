@@ -51,8 +51,8 @@ struct SheetPart {
 void DrawPart(Canvas& canvas, const SheetPart& part, Point at);
 /// Repeats the part from the top-left corner of `area` until it is filled.
 void TilePart(Canvas& canvas, const SheetPart& part, const Rect& area);
-/// Fills `area` with the part, larger or smaller as it must be; each pixel is the nearest one of the part.
-void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area);
+/// Fills `area` with the part, larger or smaller as it must be.
+void StretchPart(Canvas& canvas, const SheetPart& part, const Rect& area, Sampling sampling);
 
 /// A colour multiplied by a tint, channel by channel.
 Colour Tinted(Colour colour, Colour tint);

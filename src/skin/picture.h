@@ -18,6 +18,10 @@ struct Picture {
   std::vector<std::uint8_t> pixels;  // width * height * 4
 };
 
+/// How a part of a picture is stretched: each pixel is the nearest one of the part, or mixed from the four
+/// around its place. A key colour is never mixed.
+enum class Sampling : std::uint8_t { kNearest, kMixed };
+
 /// Pictures above this many pixels are refused: a small hostile file can claim any size.
 inline constexpr std::int64_t kMaxPicturePixels = 64 * 1024 * 1024;
 

@@ -18,7 +18,11 @@ static_assert(kMaxPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
 class SkinPainter {
  public:
   SkinPainter(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view)
-      : canvas_(canvas), skin_(skin), sheet_(sheet), tint_(PaperColour(skin, view.colour)) {}
+      : canvas_(canvas),
+        skin_(skin),
+        sheet_(sheet),
+        tint_(PaperColour(skin, view.colour, view.clearPaper)),
+        sampling_(view.sampling) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, tint_); }
 
@@ -42,7 +46,7 @@ class SkinPainter {
     if (!element.source.picture) return;
     const Size size = element.size.value_or(Size{element.width, element.height});
     const SheetPart part = PartOf(element, element.source, size, tint_);
-    if (element.tileType == kTileStretched) return StretchPart(canvas_, part, area);
+    if (element.tileType == kTileStretched) return StretchPart(canvas_, part, area, sampling_);
     TilePart(canvas_, part, area);
   }
 
@@ -67,6 +71,7 @@ class SkinPainter {
   const SkinData& skin_;
   const Picture& sheet_;
   const Colour tint_;
+  const Sampling sampling_;
 };
 
 // How many pixels one drawing may touch, so that no skin can hang the program: elements that come too late
@@ -120,8 +125,8 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
   }
 }
 
-Colour PaperColour(const SkinData& skin, Colour colour) {
-  if (skin.transparent != colour) return colour;
+Colour PaperColour(const SkinData& skin, Colour colour, bool clear) {
+  if (clear || skin.transparent != colour) return colour;
   colour.g = static_cast<std::uint8_t>(colour.g == 255 ? 254 : colour.g + 1);
   return colour;
 }

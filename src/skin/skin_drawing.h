@@ -19,8 +19,8 @@ class SkinTextSetter {
 void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view,
               const SkinWords& words, SkinTextSetter& texts);
 
-/// The note's colour as it is drawn: one that the skin's colour key would make see-through is changed by a
-/// hair.
-Colour PaperColour(const SkinData& skin, Colour colour);
+/// The note's colour as it is drawn: unless paper may be `clear`, one that the skin's colour key would make
+/// see-through is changed by a hair.
+Colour PaperColour(const SkinData& skin, Colour colour, bool clear);
 
 }  // namespace jotlets

@@ -7,6 +7,7 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "skin/picture.h"
 
 namespace jotlets {
 
@@ -61,7 +62,9 @@ struct SkinView {
   bool mouseOver = false;
   std::size_t hotButton = kNoElement;  // the button under the mouse, by its place among the elements
   SkinStates states;
-  Rect thumb;  // of the scroll bar
+  Rect thumb;               // of the scroll bar
+  bool clearPaper = false;  // paper in the skin's key colour lets see through
+  Sampling sampling = Sampling::kNearest;
   friend bool operator==(const SkinView&, const SkinView&) = default;
 };
 

@@ -20,6 +20,8 @@ TEST(Frame, HasEdgesCornersAndContentAndMovesBetween) {
   EXPECT_TRUE(Hit(100, 0) == FramePart::kTop && Hit(100, 99) == FramePart::kBottom);
   EXPECT_TRUE(Hit(0, 0) == FramePart::kTopLeft && Hit(199, 0) == FramePart::kTopRight);
   EXPECT_TRUE(Hit(0, 99) == FramePart::kBottomLeft && Hit(199, 99) == FramePart::kBottomRight);
+  EXPECT_EQ(WithoutSizing(Hit(199, 99)), FramePart::kMove);
+  EXPECT_EQ(WithoutSizing(Hit(100, 50)), FramePart::kContent);
 }
 
 TEST(Frame, CornersReachAlongTheirEdges) {

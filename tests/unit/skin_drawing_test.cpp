@@ -157,6 +157,10 @@ TEST_F(Drawing, RepeatsOrStretchesTiles) {
   EXPECT_EQ(reds(u"extent=5,3\nsize=2x1\nsource=0,0"), (Reds{11, 10, 11, 10, 0, 0}));
   EXPECT_EQ(reds(u"extent=6,3\nsize=3x2\nsource=0,0\ntiletype=1"), (Reds{10, 11, 11, 12, 12, 0}));
   EXPECT_EQ(reds(u"extent=6,3\nsize=3x2\nsource=0,0\ntiletype=1", 3), (Reds{0, 128, 128, 255, 255, 0}));
+  view.sampling = Sampling::kMixed;
+  EXPECT_EQ(reds(u"extent=6,3\nsize=3x2\nsource=0,0\ntiletype=1", 3), (Reds{32, 96, 160, 223, 255, 0}));
+  EXPECT_EQ(reds(u"extent=6,3\nsize=3x2\nsource=0,0\ntiletype=1", 2), (Reds{21, 54, 86, 118, 134, 0}));
+  view.sampling = Sampling::kNearest;
   EXPECT_EQ(reds(u"extent=6,3\nsize=4x1\nsource=-1,0\ntiletype=0"), (Reds{10, 11, 12, 0, 10, 0}));
   for (const TextView none :
        {u"extent=6,3\nsource=0,0", u"extent=6,3\nsize=2x0\nsource=0,0", u"extent=0,0\nsize=2x2\nsource=0,0",
@@ -186,7 +190,9 @@ TEST_F(Drawing, StaysInsideItsClipAndEndsSoon) {
        {Rect{2, 1, 4, 3}, Rect{-kFarthestCoordinate, 3, kFarthestCoordinate, kFarthestCoordinate},
         Rect{5, 0, 2, 9}, Rect{6, 4, 9, 9}}) {
     surface = Surface({6, 4});
-    for (const Text& skin : skins) Draw(skin, clip);
+    for (view.sampling = Sampling::kNearest; view.sampling <= Sampling::kMixed;
+         view.sampling = static_cast<Sampling>(static_cast<int>(view.sampling) + 1))
+      for (const Text& skin : skins) Draw(skin, clip);
     for (std::int32_t at = 0; at < 24; ++at) {
       const Point point{at % 6, at / 6};
       EXPECT_TRUE(clip.Contains(point) || surface[point] == Colour()) << point.x << "," << point.y;
@@ -209,9 +215,10 @@ TEST_F(Drawing, SetsTextsInTheirOrderWithPlaceholdersReplaced) {
 
 TEST_F(Drawing, KeepsANoteOfTheKeyColourFromBeingSeenThrough) {
   const SkinData skin = ParseSkin(u"transparent=255,0,255");
-  EXPECT_EQ(PaperColour(skin, kKey), (Colour{255, 1, 255}));
-  EXPECT_EQ(PaperColour(SkinData(), kKey), kKey);
-  EXPECT_EQ(PaperColour(ParseSkin(u"transparent=9,255,9"), {9, 255, 9}), (Colour{9, 254, 9}));
+  EXPECT_EQ(PaperColour(skin, kKey, false), (Colour{255, 1, 255}));
+  EXPECT_EQ(PaperColour(skin, kKey, true), kKey);
+  EXPECT_EQ(PaperColour(SkinData(), kKey, false), kKey);
+  EXPECT_EQ(PaperColour(ParseSkin(u"transparent=9,255,9"), {9, 255, 9}, false), (Colour{9, 254, 9}));
   view.colour = kKey;
   EXPECT_EQ(Row(u"[hstrip]", u"striptype=2\nsolidcol=255,255,255"), Colours(3, {255, 1, 255}));
   EXPECT_EQ(surface[(Point{0, 0})], (Colour{255, 1, 255}));

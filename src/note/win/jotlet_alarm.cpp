@@ -93,7 +93,7 @@ Colour BJotlet::ShownColour() const {
 
 void BJotlet::ShowPaper() {
   if (view_.colour == ShownColour()) return;
-  content_->SetBackground(PaperColour(skin_->data, ShownColour()));
+  content_->SetBackground(PaperOf(ShownColour()));
   UpdateView();
 }
 

@@ -9,7 +9,7 @@
 namespace jotlets {
 
 ShownContent::Look BJotlet::ContentLook() const {
-  return {PaperColour(skin_->data, ShownColour()), record_.readOnly, !skin_->data.useScrollbar,
+  return {PaperOf(ShownColour()), record_.readOnly, !skin_->data.useScrollbar,
           skin_->data.drawOnRtfBg};
 }
 
@@ -47,7 +47,7 @@ void BJotlet::FollowOptions() {
 
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
-  content_->SetBackground(PaperColour(skin_->data, colour));
+  content_->SetBackground(PaperOf(colour));
   UpdateView();
   Tell(JotletEvent::kChanged);
 }

@@ -4,7 +4,8 @@
 namespace jotlets {
 
 FramePart BJotlet::PartAt(Point at) const {
-  return HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled);
+  const FramePart part = HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled);
+  return context_.options.allowFixedSizing != 0 ? WithoutSizing(part) : part;
 }
 
 void BJotlet::BeginPress() {
@@ -65,7 +66,7 @@ void BJotlet::MoveByKey(Point offset) {
 }
 
 void BJotlet::GrowByKey(Size growth) {
-  if (IsFrozen() || (view_.rolled && growth.height != 0)) return;
+  if (IsFrozen() || (view_.rolled && growth.height != 0) || context_.options.allowFixedSizing != 0) return;
   Size minimum = SmallestSize();
   const Rect before = Bounds();
   if (view_.rolled) minimum.height = before.Height();

@@ -197,6 +197,8 @@ void SkinnedWindow::UpdateView() {
   view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
   view_.mouseOver = mouseOver_;
   view_.hotButton = hotButton_;
+  view_.clearPaper = context_.options.allowTransparentBackgrounds;
+  view_.sampling = context_.options.alternateGetPixel ? Sampling::kMixed : Sampling::kNearest;
   FillView();
   const SkinData& skin = skin_->data;
   const ScrollState scroll = Scrolled();
@@ -206,6 +208,10 @@ void SkinnedWindow::UpdateView() {
   if (scrollbar)
     view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
   if (view_ != before) Invalidate(before);
+}
+
+Colour SkinnedWindow::PaperOf(Colour colour) const {
+  return PaperColour(skin_->data, colour, context_.options.allowTransparentBackgrounds);
 }
 
 void SkinnedWindow::ApplyRegion() {

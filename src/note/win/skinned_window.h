@@ -112,6 +112,8 @@ class SkinnedWindow : public Window {
   Point ToClient(Point screen) const;
   /// As the keyboard is now: the state that a thread is told of lags behind while another window has the
   /// focus.
+  /// A colour as the paper shows it.
+  Colour PaperOf(Colour colour) const;
   static bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
 
   const NoteContext& context_;

@@ -171,7 +171,7 @@ void BStackDlg::Draw(HDC dc, const Rect& part) {
   const StackWords words(record_, members_.size());
   MemberListLook look;
   look.font = font_.get();
-  look.paper = PaperColour(skin_->data, view_.colour);
+  look.paper = PaperOf(view_.colour);
   look.awayFont = awayFont_.get();
   look.hot = hotRow_;
   look.selected = hasFocus_ ? selectedRow_ : std::nullopt;

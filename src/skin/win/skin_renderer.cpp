@@ -72,7 +72,7 @@ void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, c
   GdiFlush();
   Canvas canvas(pixels_, view.window, static_cast<std::size_t>(size_.width) * 4);
   canvas.SetClip(part);
-  TextSetter texts(*this, PaperColour(skin.data, view.colour));
+  TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper));
   DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
   if (inlay != nullptr) inlay->Draw(memory_.get());
   BitBlt(screen, part.left, part.top, part.Width(), part.Height(), memory_.get(), part.left, part.top,
