@@ -54,7 +54,7 @@ Text HtmlOf(const TextParagraph& paragraph) {
 }
 
 Text MarkdownEscaped(TextView text) {
-  constexpr TextView kMeaningful = u"\\`*_{}[]()#+-.!|<>~&";
+  constexpr TextView kMeaningful = u"\\`*_[]<~&";
   Text escaped;
   for (const char16_t unit : text) {
     if (unit < u' ' && unit != u'\t' && unit != u'\n') continue;
@@ -93,16 +93,42 @@ TextView BoxMark(const TextParagraph& paragraph, std::size_t& length) {
   return open ? TextView(u"- [ ] ") : TextView(u"- [x] ");
 }
 
+// How far from the start of a line a sign stands that would make it a heading, an item, a quotation or a
+// rule; `npos` for a plain line.
+std::size_t BlockMarkIn(TextView line) {
+  const std::size_t first = line.find_first_not_of(u" \t");
+  if (first == TextView::npos) return first;
+  const char16_t sign = line[first];
+  const char16_t next = first + 1 < line.size() ? line[first + 1] : u' ';
+  const bool alone = next == u' ' || next == u'\t' || next == sign;
+  if (sign == u'>' || (alone && TextView(u"#+-=").find(sign) != TextView::npos)) return first;
+  const std::size_t afterDigits = line.find_first_not_of(u"0123456789", first);
+  if (afterDigits == first || afterDigits == TextView::npos) return TextView::npos;
+  return line[afterDigits] == u'.' || line[afterDigits] == u')' ? afterDigits : TextView::npos;
+}
+
+// Lines of a paragraph from `from` on, none of them taken for more than a line.
+void EscapeBlockMarks(Text& lines, std::size_t from) {
+  while (from < lines.size()) {
+    const std::size_t end = std::min(lines.find(u'\n', from), lines.size());
+    const std::size_t mark = BlockMarkIn(TextView(lines).substr(from, end - from));
+    if (mark != TextView::npos) lines.insert(from + mark, 1, u'\\');
+    from = end + 1 + (mark != TextView::npos ? 1 : 0);
+  }
+}
+
 Text MarkdownOf(const TextParagraph& paragraph, bool& isItem) {
   std::size_t box = 0;
   Text line(BoxMark(paragraph, box));
   if (line.empty() && paragraph.list != List::kNone) line = paragraph.list == List::kBullets ? u"- " : u"1. ";
   isItem = !line.empty();
+  const std::size_t words = line.size();
   for (const TextRun& run : paragraph.runs) {
     TextRun rest = run;
     if (&run == &paragraph.runs.front()) rest.text.erase(0, box);
     line += MarkdownOf(rest);
   }
+  EscapeBlockMarks(line, words);
   return line;
 }
 

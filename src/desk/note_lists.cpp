@@ -65,6 +65,13 @@ std::optional<NoteList> NoteLists::WhereIs(TextView id) const {
   return std::nullopt;
 }
 
+const JotletData* NoteLists::FindRecord(TextView id) const {
+  if (const JotletData* record = desktop.Find(id)) return record;
+  for (const RecordList* list : {&attached, &sleeping, &closed})
+    if (const JotletData* record = list->Find(id)) return record;
+  return nullptr;
+}
+
 const StackRecord* NoteLists::FindStack(std::int32_t number) const {
   const auto at = std::find_if(stacks.begin(), stacks.end(),
                                [number](const StackRecord& stack) { return stack.number == number; });

@@ -64,6 +64,9 @@ struct NoteLists {
   /// Which list has a note of this id, without regard to case.
   std::optional<NoteList> WhereIs(TextView id) const;
 
+  /// The record of a note in any list; nullptr when there is none.
+  const JotletData* FindRecord(TextView id) const;
+
   /// The stack of a number; nullptr when there is none.
   const StackRecord* FindStack(std::int32_t number) const;
 

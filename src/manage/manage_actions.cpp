@@ -31,6 +31,7 @@ constexpr std::size_t kMany = 20;
 }  // namespace
 
 bool Offers(ManageView view, ManageAction action) {
+  if (action == Action::kSaveCopies) return view != View::kStacks;
   return action == Action::kUndo || std::any_of(kOffers.begin(), kOffers.end(), [=](const OfferRow& row) {
            return row.view == view && row.action == action;
          });
@@ -50,7 +51,8 @@ std::optional<ManageAction> DefaultAction(ManageView view) {
 
 ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t count,
                               std::int32_t keepDeleted, bool confirmClosure) {
-  if (action == Action::kUndo || view == View::kStacks) return ManageQuestion::kNothing;
+  if (action == Action::kUndo || action == Action::kSaveCopies || view == View::kStacks)
+    return ManageQuestion::kNothing;
   if (action == Action::kDelete) {
     const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));
     if (view == View::kClosed) return ManageQuestion::kForGood;

@@ -10,8 +10,8 @@ namespace jotlets {
 enum class ManageView { kDesktop, kAttached, kSleeping, kRecurring, kClosed, kStacks };
 inline constexpr std::size_t kManageViews = 6;
 
-enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kDelete, kUndo };
-inline constexpr std::size_t kManageActions = 6;
+enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kDelete, kUndo, kSaveCopies };
+inline constexpr std::size_t kManageActions = 7;
 
 /// What the rules need to know of the selection.
 struct ManageFacts {

@@ -269,6 +269,7 @@
 #define IDS_MANAGE_ASK_FOR_GOOD 2335
 #define IDS_MANAGE_ASK_RECURRENCE 2336
 #define IDS_MANAGE_NOT_ALL 2337
+#define IDS_SAVING_COPIES 2338
 #define IDS_MANAGE_ASK_NO_ROOM 2338
 #define IDS_UNKNOWN_HEIGHT 2339
 #define IDS_MENU_SHOW_FILE 2340
@@ -337,6 +338,8 @@
 #define IDS_SETTING_KEY_TAKEN 5581
 #define IDS_SETTING_NO_LOG 5582
 #define IDS_SETTING_NO_BACKUP 5583
+#define IDS_SETTING_STATISTICS 5584
+#define IDS_LANGUAGE 5585  // a translation says its own name
 #define ID_STYLES 1013
 // The help: the numbers of res/help.rc. A command without a menu entry has its text under its own number.
 #define IDD_KEYS 185

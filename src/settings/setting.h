@@ -79,6 +79,8 @@ enum class SettingTask : std::uint8_t {
   kRestore,
   kTellLastBackup,
   kTellDataFolder,
+  kTellLanguage,
+  kTellStatistics,
   kOpenLog,
   kStartWithWindows,  // a switch of the system's, not of the options
 };

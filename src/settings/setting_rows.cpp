@@ -454,6 +454,11 @@ constexpr std::array kRows = {
                .access = kNumberOf<&O::sortOrder>,
                .maximum = 1,
                .choices = 30},
+    SettingRow{.id = 102,
+               .option = u"Statistics",
+               .group = kSending,
+               .control = kInfo,
+               .task = SettingTask::kTellStatistics},
 
     SettingRow{.id = 110,
                .option = u"Use email",
@@ -596,6 +601,7 @@ constexpr std::array kRows = {
                .hasUnit = true},
     SettingRow{
         .id = 154, .group = kFiles, .control = kButton, .continues = true, .task = SettingTask::kOpenLog},
+    SettingRow{.id = 155, .group = kFiles, .control = kInfo, .task = SettingTask::kTellLanguage},
     SettingRow{.id = 160, .option = u"TakeBackups", .group = kBackups, .access = kNumberOf<&O::takeBackups>},
     SettingRow{.id = 161,
                .option = u"BackupPeriod",
@@ -625,10 +631,10 @@ constexpr std::array kRows = {
         .id = 166, .group = kBackups, .control = kButton, .continues = true, .task = SettingTask::kRestore},
 };
 
-constexpr std::array<TextView, 11> kState = {
-    u"RecentColours",          u"Hidden",          u"SleepValues",  u"FontMRU",
-    u"ManageWindow",           u"ManageWidths",    u"ManageSorted", u"ManageWindowVisible",
-    u"ManageWindowSearchWhat", u"ManageWindowMax", u"Statistics"};
+constexpr std::array<TextView, 10> kState = {
+    u"RecentColours",          u"Hidden",         u"SleepValues",  u"FontMRU",
+    u"ManageWindow",           u"ManageWidths",   u"ManageSorted", u"ManageWindowVisible",
+    u"ManageWindowSearchWhat", u"ManageWindowMax"};
 
 }  // namespace
 

@@ -172,6 +172,8 @@ TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
   EXPECT_TRUE(IsEnabled(ManageAction::kUnattach, {ManageView::kDesktop, 2, true, false}));
   EXPECT_FALSE(IsEnabled(ManageAction::kWake, {ManageView::kClosed, 1, true, true}));
   EXPECT_FALSE(IsEnabled(ManageAction::kDelete, {ManageView::kClosed, 0, true, true}));
+  EXPECT_EQ(ask(ManageAction::kSaveCopies, ManageView::kDesktop, 99), kNothing);
+  EXPECT_FALSE(IsEnabled(ManageAction::kSaveCopies, {ManageView::kStacks, 1, false, false}));
   EXPECT_EQ(DefaultAction(ManageView::kAttached), std::nullopt);
   EXPECT_EQ(DefaultAction(ManageView::kClosed), ManageAction::kRestore);
 }

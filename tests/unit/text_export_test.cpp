@@ -29,6 +29,8 @@ TEST(TextExport, MakesMarkdownWithListsAndTasks) {
       ToUtf8(MarkdownOfRtf(kShopping)),
       "**Buy** a\\<b \\& c\n\n- one *two*\n- three\n1. first\n\n\n- [ ] milk\\*\n- [x] ~~eggs~~\\\nx\n");
   EXPECT_EQ(MarkdownOfRtf("{\\rtf1\\b  a }"), u" **a** \n");
+  EXPECT_EQ(MarkdownOfRtf("{\\rtf1 3. x (a). #b - c!\\line - d\\line #e\\par # f\\par 7}"),
+            u"3\\. x (a). #b - c!\\\n\\- d\\\n#e\n\n\\# f\n\n7\n");
 }
 
 TEST(TextExport, ReadsAnyBytes) {

@@ -44,7 +44,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
-               saving_, window_, state_),
+               system_.files, saving_, window_, state_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },

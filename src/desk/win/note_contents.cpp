@@ -12,6 +12,7 @@ namespace {
 constexpr std::uint64_t kLargestPictureFile = 256 * 1024 * 1024;
 // A file that is too large to be opened for a search.
 constexpr std::uint64_t kLargestSearched = 8 << 20;
+constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearched);
 
 }  // namespace
 
@@ -58,22 +59,32 @@ bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {
 
 // A text as a kind of file that its editor knows nothing of; all of it, also when the editor shows a
 // beginning.
-std::optional<std::string> NoteContents::OtherKind(const BJotlet& jotlet, TextView path) const {
-  const JotletData& record = jotlet.StoredRecord();
+std::optional<std::string> NoteContents::OtherKind(const JotletData& record, TextView path) const {
   const auto ends = [path](TextView extension) { return HasExtension(path, extension); };
   const bool page = ends(u".html") || ends(u".htm");
   if (record.IsImage() || !(page || ends(u".md") || ends(u".jtl"))) return std::nullopt;
   const std::string rtf = RtfBytes(RichTextOf(record));
-  if (page) return ToUtf8(HtmlOfRtf(rtf, jotlet.TitleShown()));
+  if (page) return ToUtf8(HtmlOfRtf(rtf, TitleOf(record)));
   return ends(u".md") ? ToUtf8(MarkdownOfRtf(rtf)) : ToUtf8(ComposeNoteFile(record, FromAscii(rtf)));
 }
 
-FileStatus NoteContents::WriteCopy(const BJotlet& jotlet, TextView path) {
-  if (const auto bytes = OtherKind(jotlet, path)) return files_.Write(path, *bytes);
-  const ContentCopy copy = jotlet.Content().Copy(HasExtension(path, u".txt"));
+FileStatus NoteContents::WriteCopy(const JotletData& record, TextView path) {
+  if (const auto bytes = OtherKind(record, path)) return files_.Write(path, *bytes);
+  const bool plain = HasExtension(path, u".txt") && !record.IsImage();
+  const BJotlet* jotlet = notes_.Find(record.id);
+  if (jotlet == nullptr && plain) return files_.Write(path, ToUtf8(WordsOf(record.id, kWholeText)));
+  if (jotlet == nullptr) return files_.Copy(desk_.Folder() + ContentPath(record), path);
+  const ContentCopy copy = jotlet->Content().Copy(plain);
   if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
   if (copy.bytes) return files_.Write(path, *copy.bytes);
-  return files_.Copy(desk_.Folder() + ContentPath(jotlet.StoredRecord()), path);
+  return files_.Copy(desk_.Folder() + ContentPath(record), path);
+}
+
+Text NoteContents::TitleOf(const JotletData& record) const {
+  const BJotlet* jotlet = notes_.Find(record.id);
+  if (jotlet != nullptr) return jotlet->TitleShown();
+  constexpr std::size_t kFirstLines = 400;
+  return ShownTitle(record.title, record.IsImage() ? Text() : WordsOf(record.id, kFirstLines));
 }
 
 }  // namespace jotlets

@@ -28,10 +28,12 @@ class NoteContents {
   bool SetPicture(BJotlet& jotlet, TextView path);
   /// Writes a note's content to a file, of the kind that the end of its name tells: plain text (".txt",
   /// UTF-8), a web page (".html", ".htm"), Markdown (".md"), a note file (".jtl"), or what the content is.
-  FileStatus WriteCopy(const BJotlet& jotlet, TextView path);
+  FileStatus WriteCopy(const JotletData& record, TextView path);
+  /// The title that a note shows, or would show if it were open.
+  Text TitleOf(const JotletData& record) const;
 
  private:
-  std::optional<std::string> OtherKind(const BJotlet& jotlet, TextView path) const;
+  std::optional<std::string> OtherKind(const JotletData& record, TextView path) const;
 
   Files& files_;
   const CodePage& ansi_;

@@ -62,6 +62,23 @@ class MenuBuilder {
     Text text = row.sets.what == ActionSets::kStyle ? StyleText(row) : resources_.String(IDS_ACTION + code);
     if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
     AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
+    if (row.sets.what == ActionSets::kStyle) ShowStyle(menu, row);
+  }
+
+  void ShowStyle(HMENU menu, const NoteAction& row) const {
+    const auto number = static_cast<std::size_t>(row.sets.value);
+    if (number >= extras_.styles.size() || !extras_.styles[number]) return;
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_BITMAP;
+    info.hbmpItem = extras_.styles[number].get();
+    SetMenuItemInfoW(menu, static_cast<UINT>(row.code), FALSE, &info);
+    // In the column of the check marks: one of its own would push the words on to the keys.
+    MENUINFO style{};
+    style.cbSize = sizeof style;
+    style.fMask = MIM_STYLE;
+    style.dwStyle = MNS_CHECKORBMP;
+    SetMenuInfo(menu, &style);
   }
 
   // A style is called by its name where it has one; an ampersand of that is no mnemonic.

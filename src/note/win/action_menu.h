@@ -11,6 +11,7 @@
 
 #include "note/action_state.h"
 #include "note/note_menus.h"
+#include "ui/handle.h"
 #include "ui/resources.h"
 #include "ui/swatch_row.h"
 
@@ -42,6 +43,7 @@ struct ColourEntry {
 struct MenuExtras {
   std::vector<ExtraEntry> entries;
   std::vector<ColourEntry> colours;
+  std::vector<UniqueBitmap> styles;  // what each saved text style looks like
 };
 
 class ActionMenu {

@@ -4,7 +4,11 @@
 #include <utility>
 
 #include "base/win/shown_time.h"
+#include "data/text_export.h"
+#include "desk/win/notes_export.h"
 #include "res/resource.h"
+#include "ui/job_dialog.h"
+#include "ui/system_choosers.h"
 #include "ui/user_messages.h"
 
 namespace jotlets {
@@ -96,6 +100,7 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
       return 0;
     case ManageAction::kWake: return Wake(ids);
     case ManageAction::kUnattach: return desk_.Unattach(ids);
+    case ManageAction::kSaveCopies: return SaveCopies(ids);
     case ManageAction::kRestore: return desk_.Restore(ids);
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
@@ -160,6 +165,26 @@ std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
   Remember(view == ManageView::kAttached ? UndoKind::kClosedAttached : UndoKind::kClosedSleeping,
            desk_.CloseWaiting(ids));
+}
+
+std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
+  std::vector<JotletData> notes;
+  for (const Text& id : ids)
+    if (const JotletData* record = desk_.Lists().FindRecord(id)) notes.push_back(*record);
+  if (notes.empty()) return ids.size();
+  const bool pictures = std::ranges::all_of(notes, &JotletData::IsImage);
+  // The first tells the kind, which a picture among texts could not.
+  std::ranges::stable_partition(notes, [&](const JotletData& note) { return note.IsImage() == pictures; });
+  const Text kind(pictures ? u"png" : u"rtf");
+  const HWND owner = dialog_.Window();
+  const Text path =
+      ChooseFileToSave(owner, resources_.String(pictures ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT), kind,
+                       FileNameOfTitle(contents_.TitleOf(notes.front())));
+  if (path.empty()) return 0;
+  NotesExport job(contents_, files_, std::move(notes), path);
+  const Job::State state = RunJob(owner, resources_, IDS_SAVING_COPIES, job, true);
+  if (state == Job::State::kFailed) Tell(owner, resources_, IDS_NOT_WRITTEN, job.Reason());
+  return job.Left();
 }
 
 void ManagedNotes::UndoStepOf(int number) {

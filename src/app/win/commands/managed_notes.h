@@ -18,7 +18,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
                OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
-               ProgramSaving& saving, const ProgramWindow& window, const ProgramState& state)
+               const Files& files, ProgramSaving& saving, const ProgramWindow& window,
+               const ProgramState& state)
       : resources_(resources),
         clock_(clock),
         options_(options),
@@ -27,6 +28,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
         stacks_(stacks),
         sleeping_(sleeping),
         contents_(contents),
+        files_(files),
         saving_(saving),
         window_(window),
         state_(state),
@@ -61,6 +63,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
+  /// How many could not be saved.
+  std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
 
   const Resources& resources_;
@@ -71,6 +75,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   OpenStacks& stacks_;
   SleepingNotes& sleeping_;
   NoteContents& contents_;
+  const Files& files_;
   ProgramSaving& saving_;
   const ProgramWindow& window_;
   const ProgramState& state_;

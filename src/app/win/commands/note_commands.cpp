@@ -226,7 +226,7 @@ bool NoteCommands::SaveToFile(BJotlet& jotlet) {
                                      FileNameOfTitle(jotlet.TitleShown()));
   BJotlet* note = tools_.notes.Find(id);
   if (path.empty() || note == nullptr) return false;
-  const FileStatus written = tools_.contents.WriteCopy(*note, path);
+  const FileStatus written = tools_.contents.WriteCopy(note->StoredRecord(), path);
   if (!written) Tell(note->Handle(), tools_.resources, IDS_NOT_WRITTEN, path + u"\n\n" + written.reason);
   return written.ok;
 }

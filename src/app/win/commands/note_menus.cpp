@@ -9,6 +9,7 @@
 #include "note/win/colour_menu.h"
 #include "note/win/edit_style.h"
 #include "note/win/edit_text.h"
+#include "note/win/style_sample.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
 
@@ -105,6 +106,9 @@ void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
                               [this, face](BJotlet& note) { SetFace(note, face); }, !edit.IsReadOnly()});
   }
   AddWebSearch(edit, extras);
+  const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(jotlet.Handle()));
+  for (std::size_t number = 0; number < kTextStyles; ++number)
+    extras.styles.push_back(MakeStyleSample(SavedTextStyle(tools_.options, number), dpi));
 }
 
 void NoteCommands::AddWebSearch(const BEdit& edit, MenuExtras& extras) {

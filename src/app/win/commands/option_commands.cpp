@@ -41,8 +41,17 @@ bool OptionCommands::SetStartsWithWindows(bool starts) {
 }
 
 Text OptionCommands::TellSetting(SettingTask task) {
-  if (task == SettingTask::kTellDataFolder) return tools_.desk.Folder();
-  return task == SettingTask::kTellLastBackup ? tools_.backups.TellNewest() : Text();
+  switch (task) {
+    case SettingTask::kTellDataFolder: return tools_.desk.Folder();
+    case SettingTask::kTellLastBackup: return tools_.backups.TellNewest();
+    case SettingTask::kTellLanguage: return tools_.resources.String(IDS_LANGUAGE);
+    case SettingTask::kTellStatistics: {
+      const Text line = tools_.resources.String(IDS_SETTING_STATISTICS);
+      const auto& counts = tools_.options.Current().statistics;
+      return ReplaceAll(ReplaceAll(line, u"%s", IntText(counts[0])), u"%r", IntText(counts[1]));
+    }
+    default: return {};
+  }
 }
 
 void OptionCommands::DoSettingTask(SettingTask task, HWND dialog) {
