@@ -38,6 +38,8 @@ void BOptionsDlg::OpenAt(SettingsPage page) {
     startedBefore_ = choices_.startsWithWindows;
     page_ = page;
     if (!Open(resources_, IDD_OPTIONS)) return;
+    // The page first: what is not seen yet is made and placed without being drawn.
+    Show(page);
     ShowWindow(Handle(), SW_SHOW);
   }
   Show(page);

@@ -33,10 +33,7 @@ UINT FirstIdOf(std::size_t index) { return IDC_SETTING + static_cast<UINT>(index
 
 bool BOpTab::OpenIn(HWND dialog) { return Open(context_.resources, IDD_OPTIONS_PAGE, dialog); }
 
-void BOpTab::Show(bool shown) {
-  ShowWindow(Handle(), shown ? SW_SHOW : SW_HIDE);
-  if (shown) Layout();
-}
+void BOpTab::Show(bool shown) { ShowWindow(Handle(), shown ? SW_SHOW : SW_HIDE); }
 
 void BOpTab::SetBounds(const Rect& area) {
   SetWindowPos(Handle(), nullptr, area.left, area.top, area.Width(), area.Height(),
@@ -70,6 +67,8 @@ void BOpTab::MakeFonts() {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   const UINT dpi = GetDpiForWindow(Handle());
+  if (dpi == dpi_) return;
+  dpi_ = dpi;
   SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
   LOGFONTW font = metrics.lfMessageFont;
   font_.reset(CreateFontIndirectW(&font));
@@ -77,37 +76,28 @@ void BOpTab::MakeFonts() {
   semibold_.reset(CreateFontIndirectW(&font));
   font.lfHeight = -MulDiv(kHeadPoints10, static_cast<int>(dpi), 720);
   large_.reset(CreateFontIndirectW(&font));
+  const auto set = [](HWND text, const UniqueFont& with) {
+    SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(with.get()), FALSE);
+  };
+  set(head_, large_);
+  set(about_, font_);
+  for (const Heading& heading : headings_) set(heading.window, semibold_);
+  for (SettingControls& setting : settings_) setting.SetFont(font_.get());
 }
 
 void BOpTab::Layout() {
   RECT client{};
   GetClientRect(Handle(), &client);
-  const PageScale scale{font_.get(), static_cast<int>(GetDpiForWindow(Handle()))};
-  const int margin = scale.Scaled(kMargin);
-  const int width = std::max<int>(client.right - 2 * margin, 0);
-  int y = scale.Scaled(kHeadTop) - scrolled_;
-  const auto place = [&](HWND text, HFONT font, int height) {
-    SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    SetWindowPos(text, nullptr, margin, y, width, scale.Scaled(height), SWP_NOZORDER | SWP_NOACTIVATE);
-    y += scale.Scaled(height);
-  };
-  place(head_, large_.get(), kHeadHeight);
-  place(about_, font_.get(), kAboutHeight);
-  int names = scale.Scaled(kSmallestNames);
-  for (const SettingControls& setting : settings_) names = std::max(names, setting.LabelWidth(scale));
-  auto heading = headings_.begin();
-  for (auto first = settings_.begin(); first != settings_.end();) {
-    if (heading != headings_.end() && heading->group == first->Row().group) {
-      y += scale.Scaled(kHeadingGap);
-      place(heading->window, semibold_.get(), kHeadingHeight);
-      ++heading;
-    }
-    const auto end = std::find_if(first + 1, settings_.end(),
-                                  [](const SettingControls& setting) { return !setting.Row().continues; });
-    y += PlaceLine(first, end, {margin, y}, margin + names + scale.Scaled(kNameGap), scale);
-    first = end;
+  const LaidOut now{static_cast<int>(client.right), static_cast<int>(client.bottom), dpi_};
+  if (dpi_ == 0 || now == laidOut_) return;
+  laidOut_ = now;
+  const HDC dc = GetDC(Handle());
+  {
+    const Selected font(dc, font_.get());
+    const PageScale scale{dc, static_cast<int>(dpi_)};
+    PlaceAll(std::max<int>(client.right - 2 * scale.Scaled(kMargin), 0), scale);
   }
-  height_ = y + scrolled_ + scale.Scaled(kHeadTop);
+  ReleaseDC(Handle(), dc);
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_PAGE | SIF_POS | SIF_RANGE;
@@ -116,6 +106,34 @@ void BOpTab::Layout() {
   info.nPos = scrolled_;
   SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
   ScrollTo(scrolled_);
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void BOpTab::PlaceAll(int width, const PageScale& scale) {
+  const int margin = scale.Scaled(kMargin);
+  int y = scale.Scaled(kHeadTop) - scrolled_;
+  const auto place = [&](HWND text, int height) {
+    SetWindowPos(text, nullptr, margin, y, width, scale.Scaled(height),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+    y += scale.Scaled(height);
+  };
+  place(head_, kHeadHeight);
+  place(about_, kAboutHeight);
+  int names = scale.Scaled(kSmallestNames);
+  for (const SettingControls& setting : settings_) names = std::max(names, setting.LabelWidth(scale));
+  auto heading = headings_.begin();
+  for (auto first = settings_.begin(); first != settings_.end();) {
+    if (heading != headings_.end() && heading->group == first->Row().group) {
+      y += scale.Scaled(kHeadingGap);
+      place(heading->window, kHeadingHeight);
+      ++heading;
+    }
+    const auto end = std::find_if(first + 1, settings_.end(),
+                                  [](const SettingControls& setting) { return !setting.Row().continues; });
+    y += PlaceLine(first, end, {margin, y}, margin + names + scale.Scaled(kNameGap), scale);
+    first = end;
+  }
+  height_ = y + scrolled_ + scale.Scaled(kHeadTop);
 }
 
 // The height of the line, which is that of the highest on it.
@@ -185,7 +203,7 @@ Text BOpTab::Info(const SettingRow& row) const {
 
 void BOpTab::Fill() {
   filling_ = true;
-  for (const SettingControls& setting : settings_) {
+  for (SettingControls& setting : settings_) {
     setting.ShowFault({});
     setting.Show(context_.draft, Info(setting.Row()));
     if (setting.Row().task == SettingTask::kStartWithWindows)
@@ -196,17 +214,17 @@ void BOpTab::Fill() {
 }
 
 void BOpTab::ShowStates() {
-  for (const SettingControls& setting : settings_) setting.ShowState(context_.draft);
+  for (SettingControls& setting : settings_) setting.ShowState(context_.draft);
 }
 
-const SettingControls* BOpTab::Find(UINT control) const {
+SettingControls* BOpTab::Find(UINT control) {
   const auto found = std::ranges::find_if(
       settings_, [control](const SettingControls& setting) { return setting.Owns(control); });
   return found == settings_.end() ? nullptr : &*found;
 }
 
 bool BOpTab::OnCommand(UINT control, UINT notification) {
-  const SettingControls* setting = Find(control);
+  SettingControls* setting = Find(control);
   if (setting == nullptr) return false;
   const SettingControls::Part part = setting->PartOf(control);
   const SettingControl kind = setting->Row().control;
@@ -225,7 +243,7 @@ bool BOpTab::OnCommand(UINT control, UINT notification) {
   return true;
 }
 
-void BOpTab::OnChanged(const SettingControls& setting) {
+void BOpTab::OnChanged(SettingControls& setting) {
   const SettingRow& row = setting.Row();
   if (setting.IsTyped()) {
     setting.ShowFault(FaultText(row, context_.draft.Enter(row, setting.Entered())));
@@ -238,7 +256,7 @@ void BOpTab::OnChanged(const SettingControls& setting) {
   context_.watcher.OnSettingChanged();
 }
 
-void BOpTab::OnPaperChosen(const SettingControls& setting) {
+void BOpTab::OnPaperChosen(SettingControls& setting) {
   const auto last = static_cast<LRESULT>(kPapers.size()) + 1;
   if (SendMessageW(setting.Item(SettingControls::kMain), CB_GETCURSEL, 0, 0) == last) {
     ChooseColour(setting);
@@ -247,7 +265,7 @@ void BOpTab::OnPaperChosen(const SettingControls& setting) {
   }
 }
 
-void BOpTab::ChooseColour(const SettingControls& setting) {
+void BOpTab::ChooseColour(SettingControls& setting) {
   const std::int32_t present = std::max(context_.draft.Value(setting.Row()).number, 0);
   const std::optional<Colour> chosen = ChooseSystemColour(GetParent(Handle()), ColourOfNumber(present));
   if (chosen) context_.draft.Set(setting.Row(), {ColourNumber(chosen->r, chosen->g, chosen->b), {}});
@@ -255,7 +273,7 @@ void BOpTab::ChooseColour(const SettingControls& setting) {
   if (chosen) context_.watcher.OnSettingChanged();
 }
 
-void BOpTab::OnButton(const SettingControls& setting, SettingControls::Part part) {
+void BOpTab::OnButton(SettingControls& setting, SettingControls::Part part) {
   if (part == SettingControls::kPlay) return context_.owner.PlaySettingSound(setting.Entered());
   if (part == SettingControls::kBrowse) return Browse(setting);
   if (setting.Row().control == SettingControl::kColour) return ChooseColour(setting);

@@ -50,6 +50,13 @@ class BOpTab : public Dialog {
   BOpTab(SettingsPage page, const PageContext& context) : page_(page), context_(context) {}
 
  private:
+  /// What all was placed for.
+  struct LaidOut {
+    int width = 0;
+    int height = 0;
+    UINT dpi = 0;
+    friend bool operator==(const LaidOut&, const LaidOut&) = default;
+  };
   struct Heading {
     HWND window = nullptr;
     SettingGroup group = SettingGroup::kNewNotes;
@@ -63,17 +70,19 @@ class BOpTab : public Dialog {
 
   HWND MakeText(const Text& text) const;
   void MakeFonts();
+  /// Places all anew, unless its size and scale are those of the last time.
   void Layout();
+  void PlaceAll(int width, const PageScale& scale);
   using Line = std::vector<SettingControls>::iterator;
   static int PlaceLine(Line first, Line end, Point at, int column, const PageScale& scale);
   void ScrollTo(int position);
   void OnScroll(UINT code);
   void ShowStates();
-  const SettingControls* Find(UINT control) const;
-  void OnChanged(const SettingControls& setting);
-  void OnPaperChosen(const SettingControls& setting);
-  void OnButton(const SettingControls& setting, SettingControls::Part part);
-  void ChooseColour(const SettingControls& setting);
+  SettingControls* Find(UINT control);
+  void OnChanged(SettingControls& setting);
+  void OnPaperChosen(SettingControls& setting);
+  void OnButton(SettingControls& setting, SettingControls::Part part);
+  void ChooseColour(SettingControls& setting);
   void Browse(const SettingControls& setting);
   Text FaultText(const SettingRow& row, SettingFault fault) const;
   Text Info(const SettingRow& row) const;
@@ -87,6 +96,8 @@ class BOpTab : public Dialog {
   UniqueFont font_;
   UniqueFont semibold_;
   UniqueFont large_;
+  UINT dpi_ = 0;  // of the fonts
+  LaidOut laidOut_;
   UniqueBrush paper_;
   int height_ = 0;  // of all of it, in pixels
   int scrolled_ = 0;

@@ -23,6 +23,7 @@ constexpr int kSpinWidth = 18;
 constexpr int kTextInset = 4;
 constexpr int kOpenList = 240;
 constexpr int kNoticeWidth = 220;
+constexpr UINT kQuietly = SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
 constexpr int kPaperEntries = static_cast<int>(kPapers.size()) + 2;
 constexpr LPARAM kOtherPaper = -2;
 
@@ -40,8 +41,6 @@ SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId,
     Make(kLabel, L"STATIC", resources.String(IDS_SETTING + row.id), SS_LEFT | SS_NOPREFIX);
   MakeMain(choices);
   if (row.hasUnit) Make(kUnit, L"STATIC", resources.String(IDS_SETTING_UNIT + row.id), SS_LEFT | SS_NOPREFIX);
-  Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
-  ShowWindow(items_[kNotice], SW_HIDE);
 }
 
 HWND SettingControls::Make(Part part, const wchar_t* windowClass, const Text& text, DWORD style,
@@ -129,12 +128,8 @@ int SettingControls::TextWidth(Part part, const PageScale& scale) const {
   Text text(static_cast<std::size_t>(GetWindowTextLengthW(items_[part])) + 1, u'\0');
   const int length =
       GetWindowTextW(items_[part], reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
-  const HDC dc = GetDC(page_);
-  const HGDIOBJ former = SelectObject(dc, scale.font);
   SIZE size{};
-  GetTextExtentPoint32W(dc, Wide(text), length, &size);
-  SelectObject(dc, former);
-  ReleaseDC(page_, dc);
+  GetTextExtentPoint32W(scale.dc, Wide(text), length, &size);
   return size.cx + 2;
 }
 
@@ -154,14 +149,19 @@ int SettingControls::ControlWidth(const PageScale& scale) const {
   }
 }
 
-int SettingControls::Place(int x, int column, int top, int height, const PageScale& scale) const {
+void SettingControls::SetFont(HFONT font) {
+  font_ = font;
+  for (const HWND item : items_)
+    if (item != nullptr) SendMessageW(item, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+}
+
+int SettingControls::Place(int x, int column, int top, int height, const PageScale& scale) {
   const int tall = scale.Scaled(kControlHeight);
   const int down = top + (height - tall) / 2;
   const int inset = scale.Scaled(kTextInset);
   const auto place = [&](Part part, int left, int width, bool isText, int extra = 0) {
-    SendMessageW(items_[part], WM_SETFONT, reinterpret_cast<WPARAM>(scale.font), TRUE);
     SetWindowPos(items_[part], nullptr, left, isText ? down + inset : down, width,
-                 (isText ? tall - inset : tall) + extra, SWP_NOZORDER | SWP_NOACTIVATE);
+                 (isText ? tall - inset : tall) + extra, kQuietly);
     return left + width;
   };
   const int gap = scale.Scaled(kGap);
@@ -181,11 +181,12 @@ int SettingControls::Place(int x, int column, int top, int height, const PageSca
     if (items_[part] != nullptr)
       x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), false);
   if (items_[kUnit] != nullptr) x = place(kUnit, x + gap, TextWidth(kUnit, scale), true);
-  place(kNotice, x + gap, scale.Scaled(kNoticeWidth), true);
+  notice_ = {x + gap, down + inset, x + gap + scale.Scaled(kNoticeWidth), down + tall};
+  if (items_[kNotice] != nullptr) place(kNotice, notice_.left, scale.Scaled(kNoticeWidth), true);
   return x + gap;
 }
 
-void SettingControls::Show(const SettingsDraft& draft, const Text& info) const {
+void SettingControls::Show(const SettingsDraft& draft, const Text& info) {
   if (row_->control == SettingControl::kInfo) {
     SetWindowTextW(items_[kMain], Wide(info));
   } else if (row_->access.get != nullptr) {
@@ -237,19 +238,26 @@ void SettingControls::SetColour(std::int32_t number) const {
   InvalidateRect(items_[kMain], nullptr, TRUE);
 }
 
-void SettingControls::ShowState(const SettingsDraft& draft) const {
-  const bool enabled = draft.IsEnabled(*row_);
+void SettingControls::ShowState(const SettingsDraft& draft) {
+  const BOOL enabled = draft.IsEnabled(*row_);
   for (const Part part : {kMain, kSpin, kBrowse, kPlay})
-    if (items_[part] != nullptr) EnableWindow(items_[part], enabled);
-  if (draft.IsFixed(*row_)) {
-    SetWindowTextW(items_[kNotice], Wide(resources_->String(IDS_SETTING_FIXED)));
-    ShowWindow(items_[kNotice], SW_SHOWNA);
-  }
+    if (items_[part] != nullptr && IsWindowEnabled(items_[part]) != enabled)
+      EnableWindow(items_[part], enabled);
+  if (draft.IsFixed(*row_)) ShowNotice(resources_->String(IDS_SETTING_FIXED));
 }
 
-void SettingControls::ShowFault(const Text& fault) const {
-  SetWindowTextW(items_[kNotice], Wide(fault));
-  ShowWindow(items_[kNotice], fault.empty() ? SW_HIDE : SW_SHOWNA);
+void SettingControls::ShowFault(const Text& fault) { ShowNotice(fault); }
+
+void SettingControls::ShowNotice(const Text& text) {
+  if (items_[kNotice] == nullptr) {
+    if (text.empty()) return;
+    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
+    SendMessageW(items_[kNotice], WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+    SetWindowPos(items_[kNotice], items_[kMain], notice_.left, notice_.top, notice_.right - notice_.left,
+                 notice_.bottom - notice_.top, SWP_NOACTIVATE);
+  }
+  SetWindowTextW(items_[kNotice], Wide(text));
+  ShowWindow(items_[kNotice], text.empty() ? SW_HIDE : SW_SHOWNA);
 }
 
 bool SettingControls::IsTyped() const {

@@ -21,7 +21,7 @@ struct SettingChoices {
 
 /// How a page is drawn at the scale of its monitor.
 struct PageScale {
-  HFONT font = nullptr;
+  HDC dc = nullptr;  // with the font of the page, to measure texts
   int dpi = 96;
   int Scaled(int length) const { return MulDiv(length, dpi, 96); }
 };
@@ -43,16 +43,17 @@ class SettingControls {
   int LabelWidth(const PageScale& scale) const;
   /// Places them on a line that begins at `x` and has this top and height, all in pixels; where the line goes
   /// on behind them. `column`: where controls begin that have a name before them.
-  int Place(int x, int column, int top, int height, const PageScale& scale) const;
+  int Place(int x, int column, int top, int height, const PageScale& scale);
+  void SetFont(HFONT font);
   /// Of a line that they need, in pixels.
   int Height(const PageScale& scale) const;
 
   /// Shows a value as it is in the draft, without telling of it as of a change by the user.
-  void Show(const SettingsDraft& draft, const Text& info) const;
+  void Show(const SettingsDraft& draft, const Text& info);
   /// Shows whether the user can change it now.
-  void ShowState(const SettingsDraft& draft) const;
+  void ShowState(const SettingsDraft& draft);
   /// What is wrong with what the user has entered; empty for nothing.
-  void ShowFault(const Text& fault) const;
+  void ShowFault(const Text& fault);
 
   /// What the control says now, where that cannot be wrong.
   SettingValue Read() const;
@@ -70,6 +71,7 @@ class SettingControls {
   int ControlWidth(const PageScale& scale) const;
   int TextWidth(Part part, const PageScale& scale) const;
   void ShowValue(const SettingValue& value) const;
+  void ShowNotice(const Text& text);
   void SelectPaper(std::int32_t number) const;
 
   const SettingRow* row_;
@@ -77,6 +79,8 @@ class SettingControls {
   UINT firstId_;
   const Resources* resources_;
   std::array<HWND, kParts> items_{};
+  RECT notice_{};  // where it would stand; few settings ever have one
+  HFONT font_ = nullptr;
   std::unique_ptr<HotKeyField> hotKey_;  // of a hot key
 };
 
