@@ -233,7 +233,9 @@ constexpr std::array kOptions = {
         u"NewJotletAction", u"What a new note starts with: 0 its text, 1 its title, 2 neither has the focus.",
         {0, 2}),
     Numbers<&O::sleepValues>(u"SleepValues", u"Last number and unit of the sleep dialog."),
-    Number<&O::allowFixedSizing>(u"AllowFixedSizing", u"Notes keep their size: edges and keys move them only, the properties change it.", kSwitch),
+    Number<&O::allowFixedSizing>(
+        u"AllowFixedSizing",
+        u"Notes keep their size: edges and keys move them only, the properties change it.", kSwitch),
     OnFlag<&O::noRtlKeys>(u"NoRTLKeys", u"The keys for right-to-left text are off."),
     OnFlag<&O::rtl>(u"RTL", u"New text runs from right to left."),
     OnFlag<&O::user1>(u"User1", u"New notes have the first user flag."),
@@ -241,15 +243,18 @@ constexpr std::array kOptions = {
     OnFlag<&O::user3>(u"User3", u"New notes have the third user flag."),
     OnFlag<&O::attachShowSystemWindows>(u"AttachShowSystemWindows",
                                         u"The attach dialog lists system windows too."),
-    OnFlag<&O::allowTransparentBackgrounds>(u"AllowTransparentBackgrounds",
-                                            u"Paper of a skin's key colour lets see through it; else it is shown a hair off that colour."),
+    OnFlag<&O::allowTransparentBackgrounds>(
+        u"AllowTransparentBackgrounds",
+        u"Paper of a skin's key colour lets see through it; else it is shown a hair off that colour."),
     OnFlag<&O::dontFadeToTransparent>(u"DontFadeToTransparent",
                                       u"A note that loses the focus is transparent at once."),
     OnFlag<&O::defaultImage>(u"DefaultImage", u"New notes are pictures."),
     OnFlag<&O::lockingFreezes>(u"LockingFreezes", u"A locked note cannot be moved either."),
     Number<&O::animationSpeed>(u"AnimationSpeed", u"Steps of an animated move; 0: none.", kPercentOrMore),
     Number<&O::syncPeriod>(u"SyncPeriod", u"Minutes between server synchronisations.", {1, 100000}),
-    OnFlag<&O::alternateGetPixel>(u"AlternateGetPixel", u"Pictures that a skin stretches are smoothed; else each pixel is the nearest one."),
+    OnFlag<&O::alternateGetPixel>(
+        u"AlternateGetPixel",
+        u"Pictures that a skin stretches are smoothed; else each pixel is the nearest one."),
     OffFlag<&O::takeBackups>(u"TakeBackups", u"Automatic backups."),
     Words<&O::backupDir>(
         u"BackupDir",

@@ -21,9 +21,7 @@ constexpr FramePart kEdgeParts[3][3] = {
 
 }  // namespace
 
-FramePart WithoutSizing(FramePart part) {
-  return EdgesOf(part) == DraggedEdges{} ? part : FramePart::kMove;
-}
+FramePart WithoutSizing(FramePart part) { return EdgesOf(part) == DraggedEdges{} ? part : FramePart::kMove; }
 
 DraggedEdges EdgesOf(FramePart part) {
   for (int vertical = -1; vertical <= 1; ++vertical) {

@@ -43,7 +43,8 @@ void BRestoreDlg::OnInit() {
   const HWND list = Item(IDC_RESTORE_LIST);
   SendMessageW(list, LB_SETTABSTOPS, std::size(kTabStops), reinterpret_cast<LPARAM>(kTabStops));
   for (const Backup& backup : backups_) {
-    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(BackupLine(resources_, backup, u"\t"))));
+    SendMessageW(list, LB_ADDSTRING, 0,
+                 reinterpret_cast<LPARAM>(Wide(BackupLine(resources_, backup, u"\t"))));
   }
   SendMessageW(list, LB_SETCURSEL, 0, 0);
 }

@@ -9,8 +9,7 @@
 namespace jotlets {
 
 ShownContent::Look BJotlet::ContentLook() const {
-  return {PaperOf(ShownColour()), record_.readOnly, !skin_->data.useScrollbar,
-          skin_->data.drawOnRtfBg};
+  return {PaperOf(ShownColour()), record_.readOnly, !skin_->data.useScrollbar, skin_->data.drawOnRtfBg};
 }
 
 // Everything that follows from the skin anew.
