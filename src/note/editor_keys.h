@@ -24,7 +24,7 @@ enum class EditorKey : std::uint8_t {
 };
 
 struct EditorKeyRow {
-  EditorKey does;
+  EditorKey does = EditorKey::kNothing;
   Shortcut key;
 };
 

@@ -34,7 +34,6 @@ class BOpTab : public Dialog {
  public:
   /// Makes the page in the dialog, not shown; false when the system could not.
   bool OpenIn(HWND dialog);
-  SettingsPage Page() const { return page_; }
   HWND Window() const { return Handle(); }
   void Show(bool shown);
   void SetBounds(const Rect& area);

@@ -98,13 +98,9 @@ class NoteCommands {
   void ShowParent(BJotlet& jotlet);
 
   MenuExtras ExtrasOf(const BJotlet& jotlet);
-  void AddStacks(const JotletData& record, MenuExtras& extras);
   ColourEntry PapersOf(const JotletData& record);
-  ColourEntry HighlightsOf(const BJotlet& jotlet) const;
   void SetColour(BJotlet& jotlet, Colour colour);
-  void TurnGhost(BJotlet& jotlet);
   void AddTextExtras(const BJotlet& jotlet, MenuExtras& extras);
-  void AddWebSearch(const BEdit& edit, MenuExtras& extras);
   void SetFace(BJotlet& jotlet, const Text& face);
   void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);

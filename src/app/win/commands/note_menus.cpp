@@ -18,6 +18,57 @@ namespace {
 
 constexpr std::size_t kHighlights = 6;  // with none of them, which is the first
 
+void AddWebSearch(const NoteCommandTools& tools, const BEdit& edit, MenuExtras& extras) {
+  constexpr LONG kLongestWords = 1000;
+  const Text& address = tools.options.google.second;
+  CHARRANGE selection = edit.Selection();
+  if (address.empty() || selection.cpMin == selection.cpMax) return;
+  selection.cpMax = std::min(selection.cpMax, selection.cpMin + kLongestWords);
+  const Text words = edit.TextBetween(selection);
+  const Text page = WebSearchAddress(address, words);
+  const auto search = [&tools, page](BJotlet& note) {
+    FollowLink(note.Handle(), tools.resources, tools.log, page, false);
+  };
+  extras.entries.push_back({MenuPart::kWebSearch,
+                            ReplaceAll(tools.resources.String(IDS_WEB_SEARCH), u"%s", ShortWords(words)),
+                            search, !page.empty()});
+}
+
+void AddStacks(const NoteCommandTools& tools, const JotletData& record, MenuExtras& extras) {
+  for (const StackRecord& stack : tools.desk.Lists().stacks) {
+    // An ampersand of the name is no mnemonic.
+    extras.entries.push_back(
+        {MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
+         [&tools, number = stack.number](BJotlet& note) { tools.stacks.Add(number, note); }, true,
+         stack.number == record.stack});
+  }
+}
+
+ColourEntry HighlightRow(const NoteCommandTools& tools, const ActionFacts& facts) {
+  ColourEntry row{.part = MenuPart::kHighlights, .caption = tools.resources.String(IDS_HIGHLIGHTS)};
+  const HighlightColours colours = tools.notes.Highlights();
+  // The colours first, none of them last.
+  for (std::size_t i = 1; i <= kHighlights; ++i) {
+    const auto code = static_cast<ActionCode>(kActionHiliteNone + static_cast<std::int32_t>(i % kHighlights));
+    if (StateOf(code, facts).checked && i < kHighlights) row.current = row.swatches.size();
+    const bool none = i == kHighlights;
+    row.swatches.push_back({none ? Swatch::Kind::kNothing : Swatch::Kind::kColour,
+                            none ? Colour() : colours[i - 1],
+                            tools.resources.String(IDS_ACTION + static_cast<UINT>(code))});
+  }
+  row.enabled = StateOf(kActionHiliteNone, facts).enabled;
+  row.run = [](BJotlet& note, std::size_t index) {
+    const auto step = static_cast<std::int32_t>((index + 1) % kHighlights);
+    note.DoAction(static_cast<ActionCode>(kActionHiliteNone + step), {});
+  };
+  return row;
+}
+
+void TurnGhost(const NoteCommandTools& tools, BJotlet& jotlet) {
+  const bool on = !jotlet.StoredRecord().ghost;
+  for (BJotlet* note : tools.notes.GroupOf(jotlet)) note->SetGhost(on);
+}
+
 }  // namespace
 
 ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
@@ -57,9 +108,9 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   const JotletData& record = jotlet.StoredRecord();
   const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   MenuExtras extras;
-  extras.colours = {PapersOf(record), HighlightsOf(jotlet)};
+  extras.colours = {PapersOf(record), HighlightRow(tools_, FactsOf(jotlet))};
   extras.entries = {
-      {MenuPart::kGhost, {}, [this](BJotlet& note) { TurnGhost(note); }, true, record.ghost},
+      {MenuPart::kGhost, {}, [this](BJotlet& note) { TurnGhost(tools_, note); }, true, record.ghost},
       {MenuPart::kClearAlarm, {}, [this](BJotlet& note) { sleep_.ClearAlarm(note); }, record.alarm > 0},
       {MenuPart::kFile, {}, [this](BJotlet& note) { ShowFile(note); }},
       {MenuPart::kNewStack,
@@ -80,7 +131,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   }
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
-  AddStacks(record, extras);
+  AddStacks(tools_, record, extras);
   AddTextExtras(jotlet, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
     extras.entries.push_back(
@@ -105,26 +156,10 @@ void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
     extras.entries.push_back({MenuPart::kFonts, ReplaceAll(face, u"&", u"&&"),
                               [this, face](BJotlet& note) { SetFace(note, face); }, !edit.IsReadOnly()});
   }
-  AddWebSearch(edit, extras);
+  AddWebSearch(tools_, edit, extras);
   const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(jotlet.Handle()));
   for (std::size_t number = 0; number < kTextStyles; ++number)
     extras.styles.push_back(MakeStyleSample(SavedTextStyle(tools_.options, number), dpi));
-}
-
-void NoteCommands::AddWebSearch(const BEdit& edit, MenuExtras& extras) {
-  constexpr LONG kLongestWords = 1000;
-  const Text& address = tools_.options.google.second;
-  CHARRANGE selection = edit.Selection();
-  if (address.empty() || selection.cpMin == selection.cpMax) return;
-  selection.cpMax = std::min(selection.cpMax, selection.cpMin + kLongestWords);
-  const Text words = edit.TextBetween(selection);
-  const Text page = WebSearchAddress(address, words);
-  const auto search = [this, page](BJotlet& note) {
-    FollowLink(note.Handle(), tools_.resources, tools_.log, page, false);
-  };
-  extras.entries.push_back({MenuPart::kWebSearch,
-                            ReplaceAll(tools_.resources.String(IDS_WEB_SEARCH), u"%s", ShortWords(words)),
-                            search, !page.empty()});
 }
 
 void NoteCommands::SetFace(BJotlet& jotlet, const Text& face) {
@@ -137,16 +172,6 @@ void NoteCommands::RememberFont(const Text& face) {
   if (fonts == tools_.options.fontMru) return;
   tools_.options.fontMru = fonts;
   tools_.saving.SetOptionsDirty();
-}
-
-void NoteCommands::AddStacks(const JotletData& record, MenuExtras& extras) {
-  for (const StackRecord& stack : tools_.desk.Lists().stacks) {
-    // An ampersand of the name is no mnemonic.
-    extras.entries.push_back(
-        {MenuPart::kStacks, ReplaceAll(OneLine(stack.title), u"&", u"&&"),
-         [this, number = stack.number](BJotlet& note) { tools_.stacks.Add(number, note); }, true,
-         stack.number == record.stack});
-  }
 }
 
 ColourEntry NoteCommands::PapersOf(const JotletData& record) {
@@ -163,34 +188,8 @@ ColourEntry NoteCommands::PapersOf(const JotletData& record) {
   return papers;
 }
 
-ColourEntry NoteCommands::HighlightsOf(const BJotlet& jotlet) const {
-  ColourEntry row{.part = MenuPart::kHighlights, .caption = tools_.resources.String(IDS_HIGHLIGHTS)};
-  const ActionFacts facts = FactsOf(jotlet);
-  const HighlightColours colours = tools_.notes.Highlights();
-  // The colours first, none of them last.
-  for (std::size_t i = 1; i <= kHighlights; ++i) {
-    const auto code = static_cast<ActionCode>(kActionHiliteNone + static_cast<std::int32_t>(i % kHighlights));
-    if (StateOf(code, facts).checked && i < kHighlights) row.current = row.swatches.size();
-    const bool none = i == kHighlights;
-    row.swatches.push_back({none ? Swatch::Kind::kNothing : Swatch::Kind::kColour,
-                            none ? Colour() : colours[i - 1],
-                            tools_.resources.String(IDS_ACTION + static_cast<UINT>(code))});
-  }
-  row.enabled = StateOf(kActionHiliteNone, facts).enabled;
-  row.run = [](BJotlet& note, std::size_t index) {
-    const auto step = static_cast<std::int32_t>((index + 1) % kHighlights);
-    note.DoAction(static_cast<ActionCode>(kActionHiliteNone + step), {});
-  };
-  return row;
-}
-
 void NoteCommands::Snooze(const Text& id) {
   if (BJotlet* note = tools_.notes.Find(id)) sleep_.SnoozeNow(*note);
-}
-
-void NoteCommands::TurnGhost(BJotlet& jotlet) {
-  const bool on = !jotlet.StoredRecord().ghost;
-  for (BJotlet* note : tools_.notes.GroupOf(jotlet)) note->SetGhost(on);
 }
 
 void NoteCommands::Unattach(BJotlet& jotlet) {
