@@ -2,6 +2,21 @@
 find_package(ZLIB REQUIRED)
 find_package(PNG REQUIRED)
 
+# SQLite is compiled here where scripts/setup has put its source together, with what the program does not use left out.
+set(sqlite ${PROJECT_SOURCE_DIR}/build/deps/sqlite)
+if(EXISTS ${sqlite}/sqlite3.c)
+  add_library(jotlets_sqlite STATIC ${sqlite}/sqlite3.c)
+  target_include_directories(jotlets_sqlite SYSTEM PUBLIC ${sqlite})
+  target_compile_definitions(jotlets_sqlite PRIVATE
+    SQLITE_THREADSAFE=1 SQLITE_ENABLE_FTS5 SQLITE_DQS=0 SQLITE_DEFAULT_MEMSTATUS=0 SQLITE_LIKE_DOESNT_MATCH_BLOBS
+    SQLITE_OMIT_DEPRECATED SQLITE_OMIT_SHARED_CACHE SQLITE_OMIT_LOAD_EXTENSION)
+  target_compile_options(jotlets_sqlite PRIVATE -w)
+else()
+  find_package(unofficial-sqlite3 CONFIG REQUIRED)
+  add_library(jotlets_sqlite INTERFACE)
+  target_link_libraries(jotlets_sqlite INTERFACE unofficial::sqlite3::sqlite3)
+endif()
+
 if(JOTLETS_TESTS)
   set(googletest_source /usr/src/googletest)
   if(CMAKE_HOST_UNIX AND EXISTS ${googletest_source}/CMakeLists.txt)

@@ -56,6 +56,17 @@ enum class Paste { kPicture, kPlain, kFormatted };
 
 enum class MenuKind { kOfNotes, kOfProgram };
 
+/// The store, as commands see it.
+class StoreHost {
+ public:
+  virtual ~StoreHost() = default;
+  /// Moves an open note into a category; its key, nothing when it could not be written.
+  virtual std::optional<std::int64_t> Store(TextView id, TextView category) = 0;
+  /// Brings a note back to the desktop; its id, empty when there is none of this key.
+  virtual Text Fetch(std::int64_t key) = 0;
+  virtual std::vector<std::int64_t> KeysOf(TextView category) = 0;
+};
+
 class CommandHost {
  public:
   virtual ~CommandHost() = default;
@@ -98,6 +109,7 @@ class CommandHost {
   // written, or it gets no window.
 
   virtual bool WakeSleeping(TextView id) = 0;
+  virtual StoreHost& Stored() = 0;
   virtual bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) = 0;
   /// From `start`, now for `kNone`, until `end`, for good for `kNone`; seconds since 1970 UTC.
   virtual bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,

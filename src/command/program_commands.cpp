@@ -129,8 +129,26 @@ void ListAttached(const CommandCall& call) { ReplyList(call, call.host.AttachedI
 void ListSleeping(const CommandCall& call) { ReplyList(call, call.host.SleepingIds()); }
 void ListClosed(const CommandCall& call) { ReplyList(call, call.host.ClosedIds()); }
 
-// No note can be stored yet.
-void ListStored(const CommandCall& call) { ReplyList(call, {}); }
+void ListStored(const CommandCall& call) {
+  std::vector<Text> keys;
+  for (const std::int64_t key : call.host.Stored().KeysOf(TrimBlanks(call.arguments))) keys.push_back(IntText(key));
+  ReplyList(call, keys);
+}
+
+void StoreNote(const CommandCall& call) {
+  const Addressed to = SplitAddressed(call.arguments);
+  if (call.host.FindDesktop(to.id) == nullptr) return call.reply.SendLine(kNotFound);
+  const auto key = call.host.Stored().Store(to.id, TrimBlanks(to.rest));
+  if (!key) return call.reply.SendLine(u"997 unable to store");
+  SavedOk(call, u"stored: " + IntText(*key));
+}
+
+void FetchNote(const CommandCall& call) {
+  const TextView number = TrimBlanks(call.arguments);
+  const Text id = call.host.Stored().Fetch(ParseInt(number));
+  if (id.empty()) return call.reply.SendLine(kNotFound);
+  SavedOk(call, u"fetched: " + id);
+}
 
 void ListStacks(const CommandCall& call) {
   std::vector<Text> numbers;

@@ -33,6 +33,8 @@ void ListAttached(const CommandCall& call);
 void ListSleeping(const CommandCall& call);
 void ListClosed(const CommandCall& call);
 void ListStored(const CommandCall& call);
+void StoreNote(const CommandCall& call);
+void FetchNote(const CommandCall& call);
 void ListStacks(const CommandCall& call);
 
 void GetVersion(const CommandCall& call);

@@ -55,6 +55,7 @@ void NoteDesk::SetFolder(TextView dataFolder, TextView installId) {
 }
 
 void NoteDesk::Load(DataFile file) {
+  SettleStore(file);
   lists_.verbatim = std::move(file.verbatim);
   lists_.stacks = std::move(file.stacks);
   for (FiledJotlet& jotlet : file.deleted) lists_.closed.push_back(std::move(jotlet.record));

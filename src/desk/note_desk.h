@@ -16,6 +16,7 @@
 #include "desk/note_maker.h"
 #include "desk/note_saver.h"
 #include "schedule/sleep_times.h"
+#include "store/note_store.h"
 
 namespace jotlets {
 
@@ -28,6 +29,7 @@ struct DeskContext {
   NoteWindows& windows;
   JournalFile& journal;
   EventSink& events;
+  NoteStore& store;
   std::function<void()> changed;  // something wants to be saved, and lists to be shown anew
   std::uint32_t instance = 0;     // tells this process from others
 };
@@ -76,6 +78,13 @@ class NoteDesk {
   std::size_t Restore(const std::vector<Text>& ids);
   /// Puts closed notes back to sleep or to wait; how many were not among the closed.
   std::size_t BringBack(const std::vector<Text>& ids, NoteList to);
+
+  /// Moves an open note into a category of the store, and tells of it; its key. Nothing when there is no such
+  /// note, or the store or the content could not be written: then it stays.
+  std::optional<std::int64_t> Store(TextView id, TextView category);
+  /// Brings a stored note back to the desktop, where it stood; its id, empty when there is none of this key, or
+  /// it gets no window and stays.
+  Text Fetch(std::int64_t key);
 
   /// Puts an open note to sleep until `wakeTime` (seconds since 1970 UTC), whatever the time is now. False
   /// when it is not there, or its content could not be written: then it stays.
@@ -132,6 +141,7 @@ class NoteDesk {
   std::vector<Text> EnterClosed(JotletData record, std::int32_t closedAt);
   void TellCreated(const Text& id, Reason reason);
   void TellDropped(const std::vector<Text>& dropped);
+  void SettleStore(DataFile& file);
   void FinishWaking(const Text& id, Reason reason, const WakeFlags& flags);
   std::int32_t Now() const { return RecordTime(context_.clock.Now().utc); }
 

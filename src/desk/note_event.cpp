@@ -31,6 +31,7 @@ constexpr std::array kReasons = {
     ReasonRow{Reason::kMovedToFile, u"movedToFile"},
     ReasonRow{Reason::kEndOfTrans, u"endOfTrans"},
     ReasonRow{Reason::kAppExit, u"appExit"},
+    ReasonRow{Reason::kStored, u"stored"},
 };
 
 struct ReasonUse {
@@ -63,6 +64,7 @@ constexpr ReasonUse kDeletedFor[] = {
     {Reason::kDeleted, u"by the user"},
     {Reason::kEndOfTrans, u"it was sent"},
     {Reason::kSlept, u"it sleeps"},
+    {Reason::kStored, u"it went into the store"},
     {Reason::kUnattached, u"the window that it is attached to is gone"},
 };
 

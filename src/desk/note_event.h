@@ -43,6 +43,7 @@ enum class Reason {
   kMovedToFile,
   kEndOfTrans,
   kAppExit,
+  kStored,
 };
 
 /// The word of a reason in events and in the log; empty for one that is not given.

@@ -172,7 +172,8 @@ class FakeDesk : public EventSink, public TimeSigns {
   std::vector<NoteEvent> events;
   std::function<void(const NoteEvent&)> onEvent;  // what a listener does before it answers
   int changes = 0;
-  NoteDesk desk{{files, clock, log, options, windows, journal, *this, [this] { ++changes; }, 0xABC}};
+  NoteStore store{files, log};
+  NoteDesk desk{{files, clock, log, options, windows, journal, *this, store, [this] { ++changes; }, 0xABC}};
   SleepingNotes asleep{desk, windows, files, clock, log, options, *this};
 
   FakeDesk() {

@@ -107,7 +107,7 @@ class FakeClock final : public Clock {
 };
 
 /// Paths are the same without regard to case, as on Windows.
-class FakeFiles final : public Files {
+class FakeFiles : public Files {
  public:
   std::set<Text> unreadable;                // folded paths
   std::set<Text> unchangeable;              // folded paths: every change that touches one fails
@@ -321,7 +321,7 @@ class FakeJotlet final : public DesktopJotlet {
 };
 
 /// A program without windows. `journal` holds saves and lines sent in the order in which they happened.
-class FakeProgram final : public CommandHost {
+class FakeProgram final : public CommandHost, public StoreHost {
  private:
   static auto Has(TextView id) {
     return [id](const std::unique_ptr<FakeJotlet>& note) { return EqualIgnoreCase(note->record.id, id); };
@@ -336,6 +336,7 @@ class FakeProgram final : public CommandHost {
   ClientLines lines{transport, log};
   Listeners listeners{lines};
   std::vector<std::unique_ptr<FakeJotlet>> notes;
+  std::vector<std::pair<Text, Text>> stored;  // ids and categories
   RecordList attached, closed;
   RecordList sleeping;
   std::vector<Text> journal;
@@ -432,6 +433,22 @@ class FakeProgram final : public CommandHost {
   }
   Text ContentForTransfer(const JotletData&) override { return u"{\\rtf1 a\r\nb}"; }
   const JotletData* FindSleeping(TextView id) override { return std::as_const(sleeping).Find(id); }
+  StoreHost& Stored() override { return *this; }
+  std::optional<std::int64_t> Store(TextView id, TextView category) override {
+    if (!works || std::erase_if(notes, Has(id)) == 0) return std::nullopt;
+    stored.emplace_back(Text(id), Text(category));
+    return static_cast<std::int64_t>(stored.size());
+  }
+  Text Fetch(std::int64_t key) override {
+    const auto at = static_cast<std::size_t>(key - 1);
+    return at < stored.size() ? stored[at].first : Text();
+  }
+  std::vector<std::int64_t> KeysOf(TextView category) override {
+    std::vector<std::int64_t> keys;
+    for (std::size_t at = 0; at < stored.size(); ++at)
+      if (stored[at].second == category) keys.push_back(static_cast<std::int64_t>(at + 1));
+    return keys;
+  }
   bool WakeSleeping(TextView id) override { return works && sleeping.Remove(id).has_value(); }
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override {
     if (!works) return false;

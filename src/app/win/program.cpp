@@ -28,8 +28,9 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       claim_(system_.files, system_.ansi, system_.clock, system_.log),
       notes_(*this, listeners_, resources, system_.files, system_.clock, system_.log, options_.Current(),
              skins_, claim_.Trials()),
+      store_(system_.files, system_.log),
       desk_({system_.files, system_.clock, system_.log, options_.Current(), notes_, claim_.Journal(),
-             listeners_, [this] { OnDeskChanged(); }, InstanceNumber()}),
+             listeners_, store_, [this] { OnDeskChanged(); }, InstanceNumber()}),
       stacks_(*this, resources, system_.log, desk_, notes_),
       attached_(desk_, notes_, options_.Current(), system_.clock, foreign_),
       signs_(options_.Current(), system_.clock, system_.log),
@@ -58,8 +59,8 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, undo_,
                      listeners_, menus_, window_, state_}),
       commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
-                {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, saving_,
-                 managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {}
+                {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_,
+                 saving_, managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {}
 
 Program::~Program() = default;
 
@@ -171,8 +172,15 @@ void Program::OnNoteHidden(const BJotlet& jotlet) {
 
 void Program::CheckContent() {
   RemoveLeftovers(system_.files, desk_.Folder());
-  std::vector<Orphan> orphans =
-      CheckContentFiles(system_.files, desk_.Folder(), desk_.Lists().ByKind(), system_.log);
+  std::vector<JotletData> stored;
+  for (NoteStore::Claim& claim : store_.Claims()) {
+    stored.emplace_back().id = std::move(claim.id);
+    stored.back().isImage = claim.image ? 1 : 0;
+  }
+  std::vector<NotesOfKind> notes = desk_.Lists().ByKind();
+  notes.push_back({u"Stored", {}});
+  for (const JotletData& record : stored) notes.back().notes.push_back(&record);
+  std::vector<Orphan> orphans = CheckContentFiles(system_.files, desk_.Folder(), notes, system_.log);
   if (orphans.empty()) return;
   BOrphanDlg dialog(std::move(orphans));
   if (dialog.Show(resources_, IDD_ORPHANS, window_.Handle()) != IDOK || state_.exiting) return;
@@ -289,6 +297,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   stacks_.CloseAll();
   listeners_.Send({EventKind::kExiting});
   tray_.Remove();
+  store_.Close();
   claim_.Leave();
   system_.log.Write(kLogLifecycle, u"Jotlets closed. Ran for ", secondsRun_, u" seconds (", reason, u")");
   PostQuitMessage(0);

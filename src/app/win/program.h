@@ -152,6 +152,7 @@ class Program final : private OpenNotesOwner,
   ProgramSkins skins_;
   DataFolderClaim claim_;
   OpenNotes notes_;
+  NoteStore store_;
   NoteDesk desk_;
   OpenStacks stacks_;
   ForeignWindowWatcher foreign_;

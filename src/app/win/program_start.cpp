@@ -164,10 +164,12 @@ bool Program::LoadJotlets() {
   friends_.Merge(loaded.file.friendLines);
   WriteBack();
   TellDamage(loaded);
+  store_.Open(desk_.Folder(), MinuteStamp(system_.clock.Now().local));
   desk_.Load(std::move(loaded.file));
   stacks_.OpenAll();
   claim_.GoOn(desk_.Journal(), loaded);
-  for (const JotletData& gone : loaded.journal.gone) desk_.Saver().RemoveContentLater(gone);
+  for (const JotletData& gone : loaded.journal.gone)
+    if (!store_.Has(gone.id)) desk_.Saver().RemoveContentLater(gone);
   // At once: until then every start would find the same damage, or the same news in the journal, again.
   if (loaded.damaged || loaded.journal.any) saving_.SaveJotlets();
   if (rescue_) trayCommands_.RescueOffScreen();

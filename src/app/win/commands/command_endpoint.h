@@ -23,6 +23,7 @@ struct ProgramTools {
   Files& files;
   const FriendBook& friends;
   SleepingNotes& sleeping;
+  NoteStore& store;
   ProgramSaving& saving;
   ManagedNotes& managed;
   TrayCommands& tray;
@@ -33,10 +34,26 @@ struct ProgramTools {
   const Text& installId;
 };
 
+/// Its view of the store.
+class StoreEndpoint final : public StoreHost {
+ public:
+  StoreEndpoint(NoteDesk& desk, NoteStore& store) : desk_(desk), store_(store) {}
+  std::optional<std::int64_t> Store(TextView id, TextView category) override {
+    return desk_.Store(id, category);
+  }
+  Text Fetch(std::int64_t key) override { return desk_.Fetch(key); }
+  std::vector<std::int64_t> KeysOf(TextView category) override { return store_.KeysOf(category); }
+
+ private:
+  NoteDesk& desk_;
+  NoteStore& store_;
+};
+
 /// The command language's view of the program.
 class CommandEndpoint final : public CommandHost {
  public:
-  CommandEndpoint(const NoteTools& note, const ProgramTools& program) : note_(note), program_(program) {}
+  CommandEndpoint(const NoteTools& note, const ProgramTools& program)
+      : note_(note), program_(program), stored_(note.desk, program.store) {}
 
   /// Serves a copy-data message; what it answers.
   Taken OnCopyData(HWND sender, const COPYDATASTRUCT& record);
@@ -63,6 +80,7 @@ class CommandEndpoint final : public CommandHost {
   Renamed SetDesktopId(TextView id, TextView newId) override;
 
   bool WakeSleeping(TextView id) override;
+  StoreHost& Stored() override { return stored_; }
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override;
   bool Recur(TextView id, const WakeFlags& flags, const WakeRule& rule, std::int32_t start,
              std::int32_t end) override;
@@ -93,6 +111,7 @@ class CommandEndpoint final : public CommandHost {
 
   NoteTools note_;
   ProgramTools program_;
+  StoreEndpoint stored_;
   std::optional<AddressedJotlet> addressed_;  // the note that the command under way is about
 };
 

@@ -1,0 +1,111 @@
+#include "store/database.h"
+
+#include <sqlite3.h>
+
+namespace jotlets {
+namespace {
+
+// A program that copies the folder looks at the file for a moment.
+constexpr int kBusyMilliseconds = 2000;
+
+DatabaseResult ResultOf(int code) {
+  switch (code & 0xFF) {
+    case SQLITE_ROW: return DatabaseResult::kRow;
+    case SQLITE_OK:
+    case SQLITE_DONE: return DatabaseResult::kDone;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return DatabaseResult::kBusy;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB: return DatabaseResult::kDamaged;
+    default: return DatabaseResult::kFailed;
+  }
+}
+
+}  // namespace
+
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Statement& Statement::Bind(std::int64_t number) {
+  sqlite3_bind_int64(statement_.get(), ++bound_, number);
+  return *this;
+}
+
+Statement& Statement::Bind(TextView text) {
+  // An empty view may have no place in memory, which would be taken for no value.
+  const char16_t* const units = text.empty() ? u"" : text.data();
+  sqlite3_bind_text16(statement_.get(), ++bound_, units, static_cast<int>(text.size() * sizeof(char16_t)),
+                      SQLITE_TRANSIENT);
+  return *this;
+}
+
+DatabaseResult Statement::Step() {
+  return statement_ == nullptr ? DatabaseResult::kFailed : ResultOf(sqlite3_step(statement_.get()));
+}
+
+void Statement::Reset() {
+  sqlite3_reset(statement_.get());
+  sqlite3_clear_bindings(statement_.get());
+  bound_ = 0;
+}
+
+std::int64_t Statement::NumberAt(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+
+Text Statement::TextAt(int column) const {
+  const void* const units = sqlite3_column_text16(statement_.get(), column);
+  if (units == nullptr) return {};
+  return {static_cast<const char16_t*>(units),
+          static_cast<std::size_t>(sqlite3_column_bytes16(statement_.get(), column)) / sizeof(char16_t)};
+}
+
+void Database::Closer::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+
+DatabaseResult Database::Open(TextView path, bool create) {
+  Close();
+  openFault_.clear();
+  sqlite3* handle = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (create ? SQLITE_OPEN_CREATE : 0);
+  const int opened = sqlite3_open_v2(ToUtf8(path).c_str(), &handle, flags, nullptr);
+  handle_.reset(handle);
+  DatabaseResult result = ResultOf(opened);
+  if (result == DatabaseResult::kDone && sqlite3_db_readonly(handle, "main") == 1) {
+    openFault_ = u"it can only be read";
+    result = DatabaseResult::kFailed;
+  }
+  if (result == DatabaseResult::kDone) {
+    sqlite3_busy_timeout(handle, kBusyMilliseconds);
+    // Until something is read, any file counts as a database.
+    result = Run("SELECT count(*) FROM sqlite_master");
+  }
+  if (result == DatabaseResult::kDone) return result;
+  if (openFault_.empty()) openFault_ = Fault();
+  Close();
+  return result;
+}
+
+DatabaseResult Database::Run(const char* sql) {
+  return handle_ == nullptr ? DatabaseResult::kFailed
+                            : ResultOf(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr));
+}
+
+Statement Database::Prepare(const char* sql) {
+  Statement statement;
+  sqlite3_stmt* prepared = nullptr;
+  if (handle_ != nullptr) sqlite3_prepare_v2(handle_.get(), sql, -1, &prepared, nullptr);
+  statement.statement_.reset(prepared);
+  return statement;
+}
+
+std::int64_t Database::Number(const char* sql, std::int64_t otherwise) {
+  Statement statement = Prepare(sql);
+  return statement.Step() == DatabaseResult::kRow ? statement.NumberAt(0) : otherwise;
+}
+
+std::int64_t Database::LastKey() const { return sqlite3_last_insert_rowid(handle_.get()); }
+
+std::int64_t Database::Changed() const { return sqlite3_changes64(handle_.get()); }
+
+Text Database::Fault() const {
+  return handle_ == nullptr ? openFault_ : FromUtf8(sqlite3_errmsg(handle_.get()));
+}
+
+}  // namespace jotlets

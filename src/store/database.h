@@ -1,0 +1,76 @@
+// A database in one file, and statements on it. Nothing throws: what failed is told, and why.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "base/text.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace jotlets {
+
+/// How a call on the database ended.
+enum class DatabaseResult : std::uint8_t {
+  kRow,  // a row of a statement is there
+  kDone,
+  kBusy,     // another program holds the file
+  kDamaged,  // the file is no database, or a broken one
+  kFailed,
+};
+
+/// A prepared statement. Texts are exact, unpaired surrogates included.
+class Statement {
+ public:
+  Statement& Bind(std::int64_t number);
+  Statement& Bind(TextView text);
+
+  DatabaseResult Step();
+  /// Steps through a statement that gives no rows; whether it worked.
+  bool Run() { return Step() == DatabaseResult::kDone; }
+  /// Ready to be bound and stepped anew.
+  void Reset();
+
+  /// Columns of the row, counted from 0.
+  std::int64_t NumberAt(int column) const;
+  Text TextAt(int column) const;
+
+ private:
+  friend class Database;
+  struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+  int bound_ = 0;
+};
+
+class Database {
+ public:
+  /// Opens the file at `path`, with separators as the system has them; makes it when `create`. Fails when it
+  /// cannot be opened for writing, and when it is no database.
+  DatabaseResult Open(TextView path, bool create);
+  void Close() { handle_.reset(); }
+  bool IsOpen() const { return handle_ != nullptr; }
+
+  /// Runs statements that give no rows.
+  DatabaseResult Run(const char* sql);
+  Statement Prepare(const char* sql);
+  /// The first column of the first row; `otherwise` when there is none.
+  std::int64_t Number(const char* sql, std::int64_t otherwise);
+  /// The key of the row that was put in last.
+  std::int64_t LastKey() const;
+  /// How many rows the last statement changed.
+  std::int64_t Changed() const;
+  /// What went wrong last, in the library's words.
+  Text Fault() const;
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* database) const;
+  };
+  std::unique_ptr<sqlite3, Closer> handle_;
+  Text openFault_;
+};
+
+}  // namespace jotlets

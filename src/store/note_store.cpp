@@ -1,0 +1,138 @@
+#include "store/note_store.h"
+
+#include "data/jotlet_line.h"
+
+namespace jotlets {
+namespace {
+
+constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kImageFlag = 1;
+constexpr std::int64_t kLeavingFlag = 2;
+
+// Texts are kept as the program has them, code unit by code unit.
+constexpr const char* kForm =
+    "PRAGMA encoding = 'UTF-16le';"
+    "PRAGMA application_id = 1247763283;"
+    "CREATE TABLE jotlets (key INTEGER PRIMARY KEY AUTOINCREMENT, category TEXT NOT NULL,"
+    " text TEXT NOT NULL, flags INTEGER NOT NULL, record TEXT NOT NULL);"
+    // What makes two ids the same is no matter of the database: they are folded before they come here.
+    "CREATE UNIQUE INDEX jotlets_by_text ON jotlets (text);"
+    "CREATE INDEX jotlets_by_category ON jotlets (category, key);"
+    "PRAGMA user_version = 1;";
+
+// A change is on the disk when it is committed. The journal beside the file lives for the time of a change
+// only, so that a copy of the file alone is whole.
+constexpr const char* kHabits =
+    "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF;";
+
+}  // namespace
+
+void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The store '", path_, u"' ", what); }
+
+void NoteStore::Open(TextView dataFolder, TextView stamp) {
+  path_ = Text(dataFolder) + Text(kStoreName);
+  if (!files_.Exists(path_)) return;
+  const DatabaseResult opened = database_.Open(path_, false);
+  const bool damaged =
+      opened == DatabaseResult::kDamaged ||
+      (opened == DatabaseResult::kDone && files_.Size(path_) > 0 &&
+       database_.Number("SELECT count(*) FROM sqlite_master WHERE name = 'jotlets'", -1) != 1);
+  if (damaged) {
+    database_.Close();
+    const Text aside = path_ + u".damaged-" + Text(stamp);
+    const FileStatus kept = files_.Rename(path_, aside);
+    return Tell(kept ? u"is damaged and kept as '" + aside + u"'" : u"is damaged: " + kept.reason);
+  }
+  if (opened != DatabaseResult::kDone) return Tell(u"cannot be used: " + database_.Fault());
+  // An empty file is a store without notes.
+  if (files_.Size(path_) == 0) return database_.Close();
+  Prepare();
+}
+
+bool NoteStore::Prepare() {
+  const std::int64_t version = database_.Number("PRAGMA user_version", 0);
+  if (version > kVersion) {
+    Tell(u"was made by a newer version: its notes are left alone");
+    database_.Close();
+  } else if (database_.Run(kHabits) != DatabaseResult::kDone) {
+    Tell(u"cannot be used: " + database_.Fault());
+    database_.Close();
+  }
+  return database_.IsOpen();
+}
+
+std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView category) {
+  if (!database_.IsOpen()) {
+    // One that is there but could not be opened is not ours to write to.
+    if (path_.empty() || (files_.Exists(path_) && files_.Size(path_) > 0)) return std::nullopt;
+    if (database_.Open(path_, true) != DatabaseResult::kDone ||
+        database_.Run(kForm) != DatabaseResult::kDone) {
+      Tell(u"could not be made: " + database_.Fault());
+      database_.Close();
+      return std::nullopt;
+    }
+    if (!Prepare()) return std::nullopt;
+  }
+  Statement insert =
+      database_.Prepare("INSERT INTO jotlets (category, text, flags, record) VALUES (?, ?, ?, ?)");
+  insert.Bind(category).Bind(FoldCase(record.id));
+  insert.Bind(record.IsImage() ? kImageFlag : 0).Bind(MakeJotletLine(record, true));
+  if (insert.Run()) return database_.LastKey();
+  Tell(u"could not take jotlet " + record.id + u": " + database_.Fault());
+  return std::nullopt;
+}
+
+std::vector<StoredNote> NoteStore::Select(const char* condition, std::size_t maximum) {
+  std::vector<StoredNote> notes;
+  const std::string sql = std::string("SELECT key, category, record FROM jotlets ") + condition;
+  Statement select = database_.Prepare(sql.c_str());
+  const JotletData blank;
+  while (notes.size() < maximum && select.Step() == DatabaseResult::kRow)
+    notes.push_back({select.NumberAt(0), select.TextAt(1),
+                     ParseJotletLine(select.TextAt(2), blank, [] { return Text(); })});
+  return notes;
+}
+
+std::optional<StoredNote> NoteStore::Find(std::int64_t key) {
+  const std::string condition = "WHERE key = " + std::to_string(key);
+  std::vector<StoredNote> found = Select(condition.c_str(), 1);
+  return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+bool NoteStore::Has(TextView id) {
+  Statement select = database_.Prepare("SELECT 1 FROM jotlets WHERE text = ?");
+  select.Bind(FoldCase(id));
+  return select.Step() == DatabaseResult::kRow;
+}
+
+std::vector<StoredNote> NoteStore::Leaving() { return Select("WHERE flags & 2", SIZE_MAX); }
+
+bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {
+  Statement update = database_.Prepare("UPDATE jotlets SET flags = (flags & ~2) | ? WHERE key = ?");
+  update.Bind(leaving ? kLeavingFlag : 0).Bind(key);
+  return update.Run() && database_.Changed() == 1;
+}
+
+bool NoteStore::Remove(std::int64_t key) {
+  Statement remove = database_.Prepare("DELETE FROM jotlets WHERE key = ?");
+  remove.Bind(key);
+  return remove.Run() && database_.Changed() == 1;
+}
+
+std::vector<std::int64_t> NoteStore::KeysOf(TextView category) {
+  std::vector<std::int64_t> keys;
+  Statement select = database_.Prepare("SELECT key FROM jotlets WHERE category = ? ORDER BY key");
+  select.Bind(category);
+  while (select.Step() == DatabaseResult::kRow) keys.push_back(select.NumberAt(0));
+  return keys;
+}
+
+std::vector<NoteStore::Claim> NoteStore::Claims() {
+  std::vector<Claim> claims;
+  Statement select = database_.Prepare("SELECT text, flags FROM jotlets");
+  while (select.Step() == DatabaseResult::kRow)
+    claims.push_back({select.TextAt(0), (select.NumberAt(1) & kImageFlag) != 0});
+  return claims;
+}
+
+}  // namespace jotlets

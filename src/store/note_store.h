@@ -1,0 +1,68 @@
+// The notes that are kept off the desktop, in categories: their records in one database file, their contents
+// in the content files where they always were. A note that is in the store is in no list.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "base/files.h"
+#include "base/log.h"
+#include "data/jotlet_data.h"
+#include "store/database.h"
+
+namespace jotlets {
+
+inline constexpr TextView kStoreName = u"store.mdb";
+
+struct StoredNote {
+  std::int64_t key = 0;
+  Text category;
+  JotletData record;
+};
+
+/// The file is made when the first note is stored. As it is one file that is copied with the data folder, it
+/// is whole by itself between two changes: it has no log beside it that a copy would miss.
+class NoteStore {
+ public:
+  NoteStore(Files& files, Log& log) : files_(files), log_(log) {}
+
+  /// The data folder is known. A store that is there is opened; one that is damaged is put aside under a name
+  /// with `stamp`, and one that cannot be used stays as it is: the log tells of both.
+  void Open(TextView dataFolder, TextView stamp);
+  void Close() { database_.Close(); }
+  /// Whether there is a store that notes can be taken from.
+  bool IsOpen() const { return database_.IsOpen(); }
+
+  /// Keeps a note under a category; its key, nothing when it could not be written.
+  std::optional<std::int64_t> Put(const JotletData& record, TextView category);
+  std::optional<StoredNote> Find(std::int64_t key);
+  bool Has(TextView id);
+
+  /// A note is about to leave for the desktop: until it is removed, it counts as stored only if no list has
+  /// it.
+  bool MarkLeaving(std::int64_t key, bool leaving);
+  bool Remove(std::int64_t key);
+  /// Notes that were about to leave when the program ended.
+  std::vector<StoredNote> Leaving();
+
+  /// The keys of a category, the oldest first.
+  std::vector<std::int64_t> KeysOf(TextView category);
+  /// Of all notes, without their records: ids, and whether they are pictures.
+  struct Claim {
+    Text id;
+    bool image = false;
+  };
+  std::vector<Claim> Claims();
+
+ private:
+  bool Prepare();
+  void Tell(TextView what) const;
+  std::vector<StoredNote> Select(const char* condition, std::size_t maximum);
+
+  Files& files_;
+  Log& log_;
+  Text path_;
+  Database database_;
+};
+
+}  // namespace jotlets

@@ -1,0 +1,183 @@
+#include "store/note_store.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "fake_desk.h"
+#include "fakes.h"
+
+namespace jotlets {
+namespace {
+
+// The store's file lies on the disk, where its own library writes it.
+class DiskOfStore : public FakeFiles {
+ public:
+  bool Exists(TextView path) const override {
+    return path.ends_with(kStoreName) ? std::filesystem::exists(path) : FakeFiles::Exists(path);
+  }
+  std::uint64_t Size(TextView path) const override {
+    return path.ends_with(kStoreName) ? std::filesystem::file_size(path) : FakeFiles::Size(path);
+  }
+  FileStatus Rename(TextView from, TextView to) override {
+    if (!from.ends_with(kStoreName)) return FakeFiles::Rename(from, to);
+    std::filesystem::rename(from, to);
+    return {};
+  }
+};
+
+class StoreTest : public ::testing::Test {
+ protected:
+  StoreTest() {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    store.Open(folder_, u"1");
+  }
+  ~StoreTest() override { std::filesystem::remove_all(folder_); }
+
+  void Reopen() {
+    store.Close();
+    store.Open(folder_, u"2");
+  }
+  void WriteStore(const std::string& bytes) const {
+    std::ofstream(std::filesystem::path(folder_ + Text(kStoreName)), std::ios::binary) << bytes;
+  }
+  static JotletData Note(TextView id) {
+    JotletData record;
+    record.id = id;
+    record.title = u"T\xD800 \u00E9 " + Text(id);
+    record.stack = 3;
+    record.alarm = 77;
+    record.x = -5;
+    return record;
+  }
+
+  const Text folder_ = FromUtf8(::testing::TempDir()) + u"jotlets store \u00FC/";
+  DiskOfStore files;
+  FakeLog log;
+  NoteStore store{files, log};
+};
+
+TEST_F(StoreTest, KeepsNotesWholeByCategory) {
+  EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreName))) << "made by the first note alone";
+  EXPECT_TRUE(store.KeysOf(u"a").empty() && !store.Has(u"A1") && !store.Find(1));
+  const auto first = store.Put(Note(u"Ab1"), u"work in progress");
+  const auto second = store.Put(Note(u"B2"), u"..\\x");
+  const auto third = store.Put(Note(u"C3"), u"work in progress");
+  ASSERT_TRUE(first && second && third);
+  EXPECT_FALSE(store.Put(Note(u"aB1"), u"else")) << "ids are one whatever their case";
+  Reopen();
+  EXPECT_EQ(store.KeysOf(u"work in progress"), (std::vector{*first, *third}));
+  EXPECT_EQ(store.KeysOf(u"work"), std::vector<std::int64_t>());
+  const auto found = store.Find(*first);
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->category, u"work in progress");
+  EXPECT_EQ(MakeJotletLine(found->record, true), MakeJotletLine(Note(u"Ab1"), true));
+  EXPECT_TRUE(store.Has(u"AB1") && store.Remove(*first));
+  EXPECT_FALSE(store.Has(u"ab1") || store.Remove(*first) || store.MarkLeaving(*first, true));
+  const auto next = store.Put(Note(u"D4"), u"");
+  EXPECT_TRUE(next && *next > *third) << "keys are not used again";
+  ASSERT_TRUE(store.Remove(*next));
+  EXPECT_GT(store.Put(Note(u"E5"), u"").value_or(0), *next);
+}
+
+TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
+  for (const std::string& bytes : {std::string("no database"), std::string(4096, 'x')}) {
+    WriteStore(bytes);
+    Reopen();
+    EXPECT_FALSE(store.IsOpen());
+    EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreName)));
+    EXPECT_TRUE(std::filesystem::exists(folder_ + Text(kStoreName) + u".damaged-2"));
+    EXPECT_TRUE(log.Holds(u"is damaged and kept as"));
+    std::filesystem::remove(folder_ + Text(kStoreName) + u".damaged-2");
+  }
+  WriteStore("");
+  Reopen();
+  ASSERT_TRUE(store.Put(Note(u"A1"), u"a")) << "an empty file is a store without notes";
+  store.Close();
+  {
+    Database newer;
+    ASSERT_EQ(newer.Open(folder_ + Text(kStoreName), false), DatabaseResult::kDone);
+    newer.Run("PRAGMA user_version = 2");
+  }
+  Reopen();
+  EXPECT_FALSE(store.IsOpen() || store.Put(Note(u"B2"), u"a"));
+  EXPECT_TRUE(log.Holds(u"newer version"));
+}
+
+// Every cut of a store's file gives its notes, or is put aside; nothing ends the program.
+TEST_F(StoreTest, AnyCutIsReadOrPutAside) {
+  ASSERT_TRUE(store.Put(Note(u"A1"), u"a"));
+  store.Close();
+  std::string whole;
+  {
+    std::ifstream file(std::filesystem::path(folder_ + Text(kStoreName)), std::ios::binary);
+    whole.assign(std::istreambuf_iterator<char>(file), {});
+  }
+  for (std::size_t length = 0; length < whole.size(); length += 997) {
+    WriteStore(whole.substr(0, length));
+    Reopen();
+    store.KeysOf(u"a");
+    store.Leaving();
+    store.Claims();
+  }
+  WriteStore(whole);
+  Reopen();
+  EXPECT_TRUE(store.Has(u"A1"));
+}
+
+// The desk with a store on the disk.
+struct DeskWithStore : FakeDesk {
+  explicit DeskWithStore(const Text& folder) {
+    const Text path = folder + Text(kStoreName);
+    // Its file is known to the library alone.
+    if (std::filesystem::exists(path)) files.Put(path, "some");
+    store.Open(folder, u"1");
+  }
+};
+
+TEST_F(StoreTest, TheDeskStoresAndFetchesWithoutLosingAnything) {
+  DeskWithStore home(folder_);
+  home.Load(u"[Jotlets]\n<ID>A<X>5<Y>6<ALARM>77<RTF>\n<ID>B<RTF>\n");
+  home.windows.Type(u"A", u"{\\rtf1 typed}");
+  home.TakeJournal();
+  const auto key = home.desk.Store(u"a", u"work");
+  ASSERT_TRUE(key);
+  EXPECT_FALSE(home.Lists().WhereIs(u"A"));
+  EXPECT_EQ(home.files.Get(u"D:\\rtf\\A.rtf"), "{\\rtf1 typed}");
+  EXPECT_EQ(home.TakeJournal().back(), u"deleted desktop jotlet stored A");
+  EXPECT_FALSE(home.desk.Store(u"A", u"work") || home.desk.Store(u"Z", u"work"));
+  EXPECT_TRUE(home.desk.Fetch(*key + 1).empty());
+
+  home.windows.hasWindows = false;
+  EXPECT_TRUE(home.desk.Fetch(*key).empty() && home.store.Has(u"A") && home.store.Leaving().empty());
+  home.windows.hasWindows = true;
+  EXPECT_EQ(home.desk.Fetch(*key), u"A");
+  EXPECT_FALSE(home.store.Has(u"A"));
+  const JotletData& back = *home.Lists().desktop.Find(u"A");
+  EXPECT_TRUE(back.x == 5 && back.y == 6 && back.alarm == 77);
+  EXPECT_GT(home.journal.flushed, 0u) << "on the disk before it left the store";
+
+  home.files.unchangeable.insert(u"d:\\rtf\\b.rtf");
+  home.windows.Type(u"B", u"{\\rtf1 more}");
+  EXPECT_FALSE(home.desk.Store(u"B", u"work"));
+  EXPECT_TRUE(home.IsOpen(u"B")) << "what cannot be written stays open";
+}
+
+// The program ended between the store and the lists: each note is in one of them.
+TEST_F(StoreTest, ANoteBetweenStoreAndListsGoesOnToWhereItWasToGo) {
+  ASSERT_TRUE(store.Put(Note(u"COMING"), u"a"));
+  const auto leaving = store.Put(Note(u"LEAVING"), u"a");
+  const auto turned = store.Put(Note(u"TURNED"), u"a");
+  ASSERT_TRUE(store.MarkLeaving(*leaving, true) && store.MarkLeaving(*turned, true));
+  store.Close();
+  DeskWithStore home(folder_);
+  home.Load(u"[Jotlets]\n<ID>coming<RTF>\n<ID>LEAVING<RTF>\n<ID>OTHER<RTF>\n");
+  EXPECT_EQ(IdsOf(home.Lists().desktop), (std::vector<Text>{u"LEAVING", u"OTHER"}));
+  EXPECT_TRUE(home.store.Has(u"COMING") && home.store.Has(u"TURNED") && !home.store.Has(u"LEAVING"));
+  EXPECT_TRUE(home.store.Leaving().empty());
+}
+
+}  // namespace
+}  // namespace jotlets
