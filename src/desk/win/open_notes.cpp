@@ -136,7 +136,9 @@ void OpenNotes::EndWaitForWindow(TextView id) {
   if (BJotlet* jotlet = Find(id)) jotlet->EndWaitForWindow();
 }
 
-ScreenFacts OpenNotes::Screen() const { return {PrimaryScreenSize(), VirtualScreen()}; }
+ScreenFacts OpenNotes::Screen() const {
+  return {PrimaryScreenSize(), VirtualScreen(), ReadMonitors().monitors, DpiAt({})};
+}
 
 // From the topmost down: each window then finds its place among shown ones. From the bottom
 // up, the system looks for that place past every window that is still hidden, which a thousand notes make
