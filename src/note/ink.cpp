@@ -8,7 +8,7 @@ namespace jotlets {
 namespace {
 
 // A little more than is asked of titles: the window's opacity and the screen take from it.
-constexpr double kTitleAim = 7.2;
+constexpr double kTitleAim = kTitleContrast + 0.2;
 constexpr Colour kBlack{0, 0, 0};
 constexpr Colour kWhite{255, 255, 255};
 constexpr Colour kDarkInk{31, 31, 31};
@@ -94,6 +94,10 @@ Colour Shaded(Colour paper, std::int32_t percent) {
   return Mixed(paper, IsDarkPaper(paper) ? kWhite : kBlack, std::clamp(percent, 0, 100));
 }
 
+namespace {
+
+// `wanted` when it has this contrast to its ground; else a darker (on a dark ground a lighter) shade of its
+// hue that has it.
 Colour Legible(Colour wanted, Colour ground, double contrast) {
   if (Contrast(wanted, ground) >= contrast) return wanted;
   constexpr int kSteps = 10;  // finer than a channel can tell
@@ -106,6 +110,8 @@ Colour Legible(Colour wanted, Colour ground, double contrast) {
   }
   return hue.At(legible);
 }
+
+}  // namespace
 
 Colour TitleInk(Colour bar) { return Legible(bar, bar, kTitleAim); }
 

@@ -30,10 +30,6 @@ inline constexpr Colour kLightInk{240, 240, 240};
 /// `percent` of the way from the paper to black, or to white when the paper is dark.
 Colour Shaded(Colour paper, std::int32_t percent);
 
-/// `wanted` when it has this contrast to its ground; else a darker (on a dark ground a lighter) shade of its
-/// hue that has it.
-Colour Legible(Colour wanted, Colour ground, double contrast);
-
 /// The ink of titles on a bar of this colour: the bar's own hue.
 Colour TitleInk(Colour bar);
 

@@ -108,8 +108,8 @@ class SkinPainter {
 
   // What is seen through is no ground, nor is what is too small to carry anything.
   void AddGround(const SkinElement& element, const Rect& area, std::optional<Colour> colour) {
-    constexpr std::int32_t kLeastGround = 6;
-    if (element.alpha || !colour || area.Width() < kLeastGround || area.Height() < kLeastGround) return;
+    constexpr std::int32_t kMinGround = 6;
+    if (element.alpha || !colour || area.Width() < kMinGround || area.Height() < kMinGround) return;
     grounds_.push_back({area, *colour});
   }
 

@@ -107,8 +107,7 @@ Picture SheetFor(const LoadedSkin& skin, std::int32_t dpi) {
   return skin.sheet;
 }
 
-}  // namespace
-
+// The text of a skin as if it had been written for so many dots per inch. Percentages stay.
 SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   SkinData scaled = skin;
   const Scale scale(dpi);
@@ -133,19 +132,8 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   return scaled;
 }
 
-LoadedSkin ScaledSkin(const LoadedSkin& skin, std::int32_t dpi) {
-  LoadedSkin scaled;
-  scaled.data = ScaledSkinData(skin.data, dpi);
-  scaled.path = skin.path;
-  const Size size = ScaledSize(skin.sheet.size, dpi);
-  if (skin.sheet.pixels.empty() || std::int64_t{size.width} * size.height > kMaxSheetPixels) return scaled;
-  scaled.sheet = SheetFor(skin, dpi);
-  // Mixed with its neighbours, the colour that is seen through would be another one.
-  if (scaled.sheet.size != size)
-    scaled.sheet = Resized(scaled.sheet, size, skin.data.transparent.has_value());
-  return scaled;
-}
-
+// A picture made larger or smaller. Between the pixels of the source colours are mixed, unless `hard`: then
+// each is one of the source.
 Picture Resized(const Picture& picture, Size size, bool hard) {
   Picture made{size, std::vector<std::uint8_t>(static_cast<std::size_t>(size.width) *
                                                static_cast<std::size_t>(size.height) * 4)};
@@ -168,6 +156,21 @@ Picture Resized(const Picture& picture, Size size, bool hard) {
     }
   }
   return made;
+}
+
+}  // namespace
+
+LoadedSkin ScaledSkin(const LoadedSkin& skin, std::int32_t dpi) {
+  LoadedSkin scaled;
+  scaled.data = ScaledSkinData(skin.data, dpi);
+  scaled.path = skin.path;
+  const Size size = ScaledSize(skin.sheet.size, dpi);
+  if (skin.sheet.pixels.empty() || std::int64_t{size.width} * size.height > kMaxSheetPixels) return scaled;
+  scaled.sheet = SheetFor(skin, dpi);
+  // Mixed with its neighbours, the colour that is seen through would be another one.
+  if (scaled.sheet.size != size)
+    scaled.sheet = Resized(scaled.sheet, size, skin.data.transparent.has_value());
+  return scaled;
 }
 
 }  // namespace jotlets

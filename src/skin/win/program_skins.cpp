@@ -9,7 +9,7 @@ namespace jotlets {
 namespace {
 
 // A sheet and, under the numbers from `scaled` on, those for larger scales.
-BuiltInPart PartOf(const Resources& resources, WORD text, WORD sheet, WORD scaled) {
+BuiltInPart PartOf(const Resources& resources, UINT text, UINT sheet, UINT scaled) {
   BuiltInPart part{resources.Bytes(text), resources.Bytes(sheet), {}};
   for (const SheetScale& scale : kSheetScales)
     part.sheets.push_back({scale.percent, resources.Bytes(scaled++), {}});
@@ -17,17 +17,22 @@ BuiltInPart PartOf(const Resources& resources, WORD text, WORD sheet, WORD scale
 }
 
 std::vector<BuiltInSkin> BuiltInSkins(const Resources& resources) {
-  const auto part = [&](WORD text, WORD sheet, WORD scaled) {
+  const auto part = [&](UINT text, UINT sheet, UINT scaled) {
     return PartOf(resources, text, sheet, scaled);
   };
-  const auto paper = [&](WORD text) { return part(text, IDR_PAPER_SHEET, IDR_PAPER_SHEETS); };
+  // Its texts, then the one sheet of them all.
+  enum PaperText : UINT { kNote, kStack, kLarge, kBare, kSheet };
+  const auto paper = [&](PaperText text) {
+    return part(IDR_PAPER + text, IDR_PAPER + kSheet, IDR_PAPER + kSheet + 1);
+  };
+  const auto alone = [&](UINT text) { return part(text, text + 1, text + 2); };
   return {{u"Jotlets", part(IDR_SKIN_TEXT, IDR_SKIN_SHEET, IDR_SKIN_SHEETS),
            part(IDR_STACK_TEXT, IDR_STACK_SHEET, IDR_STACK_SHEETS)},
-          {Text(kPaperSkin), paper(IDR_PAPER_TEXT), paper(IDR_PAPER_STACK)},
-          {u"Large", paper(IDR_LARGE_TEXT), paper(IDR_PAPER_STACK)},
-          {u"Bare", paper(IDR_BARE_TEXT), paper(IDR_PAPER_STACK)},
-          {u"Midnight", part(IDR_MIDNIGHT_TEXT, IDR_MIDNIGHT_SHEET, IDR_MIDNIGHT_SHEETS), {}},
-          {u"Plain", part(IDR_PLAIN_TEXT, IDR_PLAIN_SHEET, IDR_PLAIN_SHEETS), {}}};
+          {Text(kPaperSkin), paper(kNote), paper(kStack)},
+          {u"Large", paper(kLarge), paper(kStack)},
+          {u"Bare", paper(kBare), paper(kStack)},
+          {u"Midnight", alone(IDR_MIDNIGHT), {}},
+          {u"Plain", alone(IDR_PLAIN), {}}};
 }
 
 }  // namespace
