@@ -14,6 +14,16 @@ constexpr std::int32_t Saturated(std::int64_t value) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
 }
 
+/// The dots per inch at which a length of skins, notes and options is as many pixels.
+inline constexpr std::int32_t kUsualDpi = 96;
+
+/// A length, or a distance to either side, given for the usual dots per inch, at so many: to the nearest
+/// pixel.
+constexpr std::int32_t ScaledLength(std::int32_t length, std::int32_t dpi) {
+  const std::int64_t twice = 2 * std::int64_t{length} * dpi;
+  return Saturated((twice + (twice < 0 ? -kUsualDpi : kUsualDpi)) / (2 * kUsualDpi));
+}
+
 struct Point {
   std::int32_t x = 0;
   std::int32_t y = 0;
@@ -48,6 +58,18 @@ constexpr bool Overlap(const Rect& a, const Rect& b) {
 constexpr Rect RectAt(Point topLeft, Size size) {
   return {topLeft.x, topLeft.y, Saturated(std::int64_t{topLeft.x} + size.width),
           Saturated(std::int64_t{topLeft.y} + size.height)};
+}
+
+/// How many pixels of a row a round corner leaves out; row 0 is the outermost one.
+constexpr std::int32_t CornerInset(std::int32_t radius, std::int32_t row) {
+  const std::int64_t up = 2 * (std::int64_t{radius} - row) - 1;
+  std::int32_t inset = 0;
+  while (inset < radius) {
+    const std::int64_t along = 2 * (std::int64_t{radius} - inset) - 1;
+    if (along * along + up * up <= 4 * std::int64_t{radius} * radius) break;
+    ++inset;
+  }
+  return inset;
 }
 
 /// Three bytes of colour, 0 to 255 each.

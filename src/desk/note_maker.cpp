@@ -115,8 +115,10 @@ void NoteMaker::Complete(JotletData& record) const {
 
 void NoteMaker::Place(JotletData& record) const {
   const ScreenFacts screen = windows_.Screen();
-  const PlacementSettings settings = PlacementFrom(options_, NoteOrigin::kUser, record.IsImage(),
-                                                   screen.primary, {screen.all.Width(), screen.all.Height()});
+  PlacementSettings settings = PlacementFrom(options_, NoteOrigin::kUser, record.IsImage(), screen.primary,
+                                             {screen.all.Width(), screen.all.Height()});
+  settings.monitors = screen.monitors;
+  settings.dpi = screen.dpi;
   std::vector<Point> corners;
   corners.reserve(lists_.desktop.size());
   for (const auto& open : lists_.desktop) corners.push_back(windows_.StateOf(open->id).bounds.TopLeft());

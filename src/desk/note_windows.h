@@ -6,6 +6,7 @@
 
 #include "base/files.h"
 #include "data/jotlet_data.h"
+#include "note/monitors.h"
 #include "note/note_content.h"
 
 namespace jotlets {
@@ -22,6 +23,8 @@ struct NoteWindowState {
 struct ScreenFacts {
   Size primary;
   Rect all;  // the virtual screen
+  MonitorList monitors;
+  std::int32_t dpi = kUsualDpi;  // of the primary screen
 };
 
 enum class Showing { kQuietly, kWithFocus };

@@ -34,13 +34,4 @@ struct EditFacts {
   std::optional<Highlight> highlight;  // also nothing for a back colour that is none of the highlights
 };
 
-/// Whether black text would be hard to read on paper of this colour.
-inline bool IsDarkPaper(Colour paper) {
-  constexpr int kMiddle = 128 * 1000;
-  return paper.r * 299 + paper.g * 587 + paper.b * 114 < kMiddle;
-}
-
-/// The colour of text that has none of its own, on dark paper.
-inline constexpr Colour kLightInk{240, 240, 240};
-
 }  // namespace jotlets

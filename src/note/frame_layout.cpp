@@ -32,13 +32,15 @@ DraggedEdges EdgesOf(FramePart part) {
   return {};
 }
 
-FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled) {
+FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled, std::int32_t dpi) {
+  const std::int32_t margin = ScaledLength(kResizeMargin, dpi);
+  const std::int32_t corner = ScaledLength(kCornerMargin, dpi);
   if (content.Contains(at)) return FramePart::kContent;
-  int horizontal = NearEdge(at.x, window.width, kResizeMargin);
-  int vertical = rolled ? 0 : NearEdge(at.y, window.height, kResizeMargin);
+  int horizontal = NearEdge(at.x, window.width, margin);
+  int vertical = rolled ? 0 : NearEdge(at.y, window.height, margin);
   // Along an edge, the stretch near its end takes both directions: corners are easier to hit.
-  if (vertical != 0 && horizontal == 0) horizontal = NearEdge(at.x, window.width, kCornerMargin);
-  if (horizontal != 0 && vertical == 0 && !rolled) vertical = NearEdge(at.y, window.height, kCornerMargin);
+  if (vertical != 0 && horizontal == 0) horizontal = NearEdge(at.x, window.width, corner);
+  if (horizontal != 0 && vertical == 0 && !rolled) vertical = NearEdge(at.y, window.height, corner);
   return kEdgeParts[vertical + 1][horizontal + 1];
 }
 

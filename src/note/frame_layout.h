@@ -41,7 +41,7 @@ DraggedEdges EdgesOf(FramePart part);
 
 /// What lies under a point of the window, whose text area is `content`. The text goes before the edges, which
 /// a skin may make as narrow as it likes. A note that is rolled up is sized in its width alone.
-FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled);
+FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled, std::int32_t dpi = kUsualDpi);
 
 /// The smallest size of a note whose skin asks for `wanted`: no less than can be taken hold of, and no more
 /// than the screens show, since a note that was forced to be larger could never be made smaller again.

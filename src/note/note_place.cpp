@@ -21,24 +21,24 @@ std::int32_t Scaled(std::int32_t length, std::int32_t from, std::int32_t to) {
 }  // namespace
 
 NotePlace::NotePlace(const Rect& chosen, std::int32_t dpi)
-    : chosen_(chosen), shown_(chosen), dpi_(Usable(dpi)), givenSize_(SizeOf(chosen)), givenDpi_(dpi_) {}
+    : chosen_(chosen), dpi_(Usable(dpi)), givenSize_(SizeOf(chosen)), givenDpi_(kUsualDpi) {
+  shown_ = RectAt(chosen_.TopLeft(), SizeAt(dpi_));
+}
 
-Size NotePlace::ScaledSize() const {
-  return {Scaled(givenSize_.width, givenDpi_, dpi_), Scaled(givenSize_.height, givenDpi_, dpi_)};
+Size NotePlace::SizeAt(std::int32_t dpi) const {
+  return {Scaled(givenSize_.width, givenDpi_, dpi), Scaled(givenSize_.height, givenDpi_, dpi)};
 }
 
 bool NotePlace::MonitorsChanged(const MonitorSetup& screens) {
   const Rect before = shown_;
-  shown_ = RectAt(ShownPlace(chosen_, screens).TopLeft(), ScaledSize());
+  shown_ = RectAt(ShownPlace(RectAt(chosen_.TopLeft(), SizeAt(dpi_)), screens).TopLeft(), SizeAt(dpi_));
   return shown_ != before;
 }
 
 bool NotePlace::ScaleChanged(std::int32_t dpi) {
   const Rect before = shown_;
-  const bool atChosenPlace = shown_.TopLeft() == chosen_.TopLeft();
   dpi_ = Usable(dpi);
-  shown_ = RectAt(shown_.TopLeft(), ScaledSize());
-  if (atChosenPlace) chosen_ = shown_;
+  shown_ = RectAt(shown_.TopLeft(), SizeAt(dpi_));
   return shown_ != before;
 }
 
@@ -47,7 +47,8 @@ void NotePlace::Choose(const Rect& bounds) {
     givenSize_ = SizeOf(bounds);
     givenDpi_ = dpi_;
   }
-  chosen_ = shown_ = bounds;
+  chosen_ = RectAt(bounds.TopLeft(), SizeAt(kUsualDpi));
+  shown_ = bounds;
 }
 
 }  // namespace jotlets

@@ -9,10 +9,11 @@
 
 namespace jotlets {
 
-/// A window is shown at a scale, in dots per inch; 96 is a scale of 100 %.
+/// A window is shown at a scale, in dots per inch; 96 is a scale of 100 %. Where it is chosen to be is a
+/// place on the screen, with a size for 96 dots per inch.
 ///
 ///     monitors change         shown is computed anew from chosen, also when the monitor comes back
-///     the scale changes       shown is resized; so is chosen while the note is shown there
+///     the scale changes       shown is resized
 ///     the user places it      chosen and shown are both what the user did
 ///     the record is saved     it gets chosen
 ///
@@ -21,12 +22,14 @@ namespace jotlets {
 class NotePlace {
  public:
   /// A note whose record says `chosen`, shown there until `MonitorsChanged` says otherwise.
-  explicit NotePlace(const Rect& chosen, std::int32_t dpi = 96);
+  explicit NotePlace(const Rect& chosen, std::int32_t dpi = kUsualDpi);
 
   /// Where the window belongs.
   const Rect& Shown() const { return shown_; }
   /// What the record is to say.
   const Rect& Chosen() const { return chosen_; }
+  /// The scale of the window.
+  std::int32_t Dpi() const { return dpi_; }
 
   /// The monitors are (now) these; true when the note is to be shown elsewhere than before.
   bool MonitorsChanged(const MonitorSetup& screens);
@@ -34,13 +37,13 @@ class NotePlace {
   /// The window has come to a place of another scale; true when its size changes. The top-left corner stays.
   bool ScaleChanged(std::int32_t dpi);
 
-  /// The user moved or sized the window to `bounds`, or a command did for him.
+  /// The user moved or sized the window to `bounds`, in pixels, or a command did for him.
   void Choose(const Rect& bounds);
 
   friend bool operator==(const NotePlace&, const NotePlace&) = default;
 
  private:
-  Size ScaledSize() const;
+  Size SizeAt(std::int32_t dpi) const;
 
   Rect chosen_;
   Rect shown_;

@@ -25,21 +25,41 @@ std::int32_t Rescued(std::int32_t at, std::int32_t from, std::int32_t to) {
   return at;
 }
 
+// The places from edge to edge, both included, among which one coordinate of a note goes round.
+struct Lane {
+  std::int64_t from;
+  std::int64_t to;
+  std::int64_t Along(std::int64_t start, std::int64_t way) const {
+    return from + (start - from + way) % (to - from + 1);
+  }
+};
+
+// The lane that leaves a note of this length on its screen. A note that begins outside, or is larger, may be
+// there.
+Lane LaneOf(std::int32_t start, std::int32_t length, std::int32_t low, std::int32_t high) {
+  return {std::min(low, start), std::max<std::int64_t>(std::int64_t{high} - length, start)};
+}
+
 // The first place down the diagonal from `from` where no corner is, which walking the notes anew after every
-// step would find too. Each corner is looked at once: thousands may lie on one another.
-Point FreeCorner(Point from, std::span<const Point> corners) {
-  std::vector<std::int64_t> taken;
-  for (const Point corner : corners) {
-    const std::int64_t along = std::int64_t{corner.x} - from.x;
-    if (along >= 0 && along % kStep == 0 && along == std::int64_t{corner.y} - from.y) taken.push_back(along);
+// step would find too. The first one when all are taken.
+Point FreeCorner(Point from, Size size, const MonitorList& monitors, std::span<const Point> corners) {
+  constexpr std::int64_t kEndless = std::int64_t{1} << 40;
+  Lane across{from.x, kEndless};
+  Lane down{from.y, kEndless};
+  if (!monitors.Rects().empty()) {
+    const Rect area = WorkAreaAt(monitors, RectAt(from, size));
+    across = LaneOf(from.x, size.width, area.left, area.right);
+    down = LaneOf(from.y, size.height, area.top, area.bottom);
   }
-  std::sort(taken.begin(), taken.end());
-  std::int64_t free = 0;
-  for (const std::int64_t along : taken) {
-    if (along > free) break;
-    free = along + kStep;
+  const auto before = [](Point a, Point b) { return a.x != b.x ? a.x < b.x : a.y < b.y; };
+  std::vector<Point> taken(corners.begin(), corners.end());
+  std::sort(taken.begin(), taken.end(), before);
+  for (std::size_t step = 0; step <= taken.size(); ++step) {
+    const auto way = static_cast<std::int64_t>(step) * kStep;
+    const Point tried{Saturated(across.Along(from.x, way)), Saturated(down.Along(from.y, way))};
+    if (!std::binary_search(taken.begin(), taken.end(), tried, before)) return tried;
   }
-  return {Saturated(from.x + free), Saturated(from.y + free)};
+  return from;
 }
 
 }  // namespace
@@ -62,17 +82,20 @@ Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& setti
                       std::span<const Point> corners) {
   if (requested.x != kNotSet && requested.y != kNotSet) return {requested, size};
   Placed placed{requested, settings.newSize};
+  const Size shown{ScaledLength(placed.size.width, settings.dpi),
+                   ScaledLength(placed.size.height, settings.dpi)};
   switch (settings.appear) {
     case static_cast<int>(Appear::kPrimaryMonitor):
-      placed.position = Centred(placed.size, settings.primaryScreen);
+      placed.position = Centred(shown, settings.primaryScreen);
       break;
     case static_cast<int>(Appear::kVirtualScreen):
-      placed.position = Centred(placed.size, settings.virtualScreen);
+      placed.position = Centred(shown, settings.virtualScreen);
       break;
     case static_cast<int>(Appear::kAtCoords): placed.position = settings.coords; break;
     default: break;
   }
-  if (settings.preventOverlap) placed.position = FreeCorner(placed.position, corners);
+  if (settings.preventOverlap)
+    placed.position = FreeCorner(placed.position, shown, settings.monitors, corners);
   return placed;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/geometry.h"
 #include "data/options.h"
+#include "note/monitors.h"
 
 namespace jotlets {
 
@@ -22,6 +23,8 @@ struct PlacementSettings {
   Size newSize;  // of a note that is placed automatically
   Size primaryScreen;
   Size virtualScreen;
+  MonitorList monitors;          // empty: notes may be cascaded as far as they will
+  std::int32_t dpi = kUsualDpi;  // of the window, whose size is given for the usual scale
 };
 
 /// Notes that friends send are placed by options of their own.
@@ -39,6 +42,7 @@ struct Placed {
 /// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement.
 /// That takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as
 /// one of `corners`, the top-left corners of all notes, is exactly there; partial overlaps are not avoided.
+/// Where that would lead out of the work area, it goes on from the opposite edge.
 Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
                       std::span<const Point> corners);
 

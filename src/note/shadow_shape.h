@@ -1,21 +1,29 @@
-// The soft shadow beneath a window: how dark each of its pixels is.
+// The soft shadow around a window: how dark each of its pixels is. Nothing of it lies under the window
+// itself, which may be seen through, nor over it, wherever the system stacks the two.
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "base/geometry.h"
 
 namespace jotlets {
 
-/// How far a shadow reaches beyond its window, and how far it lies to the right and below, in pixels.
-inline constexpr std::int32_t kShadowReach = 8;
-inline constexpr std::int32_t kShadowOffset = 2;
+/// The window that throws the shadow. Lengths are pixels of its scale.
+struct ShadowCaster {
+  Size size;
+  std::int32_t radius = 0;     // of its corners
+  std::optional<Colour> edge;  // of its frame, which goes on softly where its corners end in steps
+  bool active = false;         // it lies higher
+  std::int32_t dpi = kUsualDpi;
+  friend bool operator==(const ShadowCaster&, const ShadowCaster&) = default;
+};
 
-/// The rectangle of the shadow of a window.
-Rect ShadowBounds(const Rect& window);
+/// The rectangle of the shadow of a window at this place.
+Rect ShadowBounds(Point place, const ShadowCaster& caster);
 
-/// The alpha (0 to 255) of a pixel of a shadow of this size, counted from its corner: dark in the middle, and
-/// fading out evenly over the reach at each edge.
-std::uint8_t ShadowAlpha(Point at, Size shadow);
+/// The pixels of the shadow: blue, green, red, alpha bytes, colours multiplied by alpha, top row first.
+std::vector<std::uint8_t> ShadowPixels(const ShadowCaster& caster);
 
 }  // namespace jotlets

@@ -95,8 +95,8 @@ Wide SnappedHighEdge(const Catch& reach, const Rect& own, const SnapTargets& tar
 
 }  // namespace
 
-SnapSettings SnapSettingsFrom(const Options& options) {
-  return {options.snap[0] == 1, options.snap[1], options.snap[2]};
+SnapSettings SnapSettingsFrom(const Options& options, std::int32_t dpi) {
+  return {options.snap[0] == 1, ScaledLength(options.snap[1], dpi), ScaledLength(options.snap[2], dpi)};
 }
 
 Rect SnappedMove(const Rect& dragged, const SnapSettings& settings, bool alt, const SnapTargets& targets) {

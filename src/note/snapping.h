@@ -19,7 +19,8 @@ struct SnapSettings {
   bool Snaps(bool alt) const { return enabled != alt; }
 };
 
-SnapSettings SnapSettingsFrom(const Options& options);
+/// The option, whose pixels are for the usual scale, for windows of so many dots per inch.
+SnapSettings SnapSettingsFrom(const Options& options, std::int32_t dpi = kUsualDpi);
 
 /// What there is to snap to. The order counts: of several hits among the windows the last one stays.
 struct SnapTargets {

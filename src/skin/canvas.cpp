@@ -156,10 +156,12 @@ class PicturePen {
       return;
     }
     const std::uint32_t opacity = Part(part_.alpha, MaskAt(x, y));
-    const Colour tint = part_.tint.value_or(Colour{255, 255, 255});
+    const Colour tint = part_.ink.value_or(part_.tint.value_or(Colour{255, 255, 255}));
     const std::uint32_t tints[] = {tint.b, tint.g, tint.r};
-    for (int channel = 0; channel < 3; ++channel)
-      colour[channel] = static_cast<std::uint8_t>(Part(Part(from[channel], tints[channel]), opacity));
+    for (int channel = 0; channel < 3; ++channel) {
+      const std::uint32_t own = part_.ink ? from[3] : from[channel];
+      colour[channel] = static_cast<std::uint8_t>(Part(Part(own, tints[channel]), opacity));
+    }
     colour[3] = kOpaque;
     rests_[at] = static_cast<std::uint8_t>(kOpaque - Part(from[3], opacity));
   }

@@ -44,6 +44,7 @@ struct SheetPart {
   std::optional<Point> mask;  // a place in the sheet: the brightness there is the opacity
   std::uint8_t alpha = kOpaque;
   std::optional<Colour> tint;  // each channel is multiplied by it
+  std::optional<Colour> ink;   // every pixel has this colour, and its own opacity
   std::optional<Colour> key;   // sheet pixels of this colour are copied as they are
 };
 

@@ -45,6 +45,9 @@ struct TextFormat {
   bool noAa = false;         // no anti-aliasing
 };
 
+/// Inks that are made from what an element lies on, so that they can be read on every paper.
+enum class SkinTint : std::uint8_t { kTitle, kInk, kQuiet, kAccent };
+
 /// Values of `stripType` and `setCase` with a meaning of their own; others are kept as they are.
 inline constexpr std::int32_t kStripFromPicture = 0;
 inline constexpr std::int32_t kCaseAsWritten = 0;
@@ -75,6 +78,8 @@ struct SkinElement {
   std::optional<Colour> startColour;
   std::optional<Colour> endColour;
   std::optional<Colour> solidColour;
+  std::optional<std::int32_t> shade;  // of the paper, in percent; goes before every other colour
+  std::optional<SkinTint> tint;       // goes before the colours that the file gives
 
   Text font;
   std::int32_t point = 0;  // size of the font, 0: none given
@@ -83,6 +88,8 @@ struct SkinElement {
   TextAlignment alignment = TextAlignment::kLeft;
   std::int32_t setCase = kCaseAsWritten;
   TextFormat format;
+  bool giveWay = false;   // a text ends before the first glyph that lies on it
+  std::int32_t pack = 0;  // how far an indicator that shows nothing lets those behind it move to the right
 
   Text condition;  // empty: none
   std::int32_t conditionValue = 0;
@@ -111,6 +118,7 @@ struct SkinData {
   std::int32_t minimumHeight = 0;
   std::int32_t minimumThumbTrackHeight = 0;
 
+  std::int32_t dpi = kUsualDpi;       // for which lengths and places are given
   Text bitmap;                        // file name of the sheet
   std::optional<Colour> transparent;  // colour key
   /// One number: the radius of the window's corners. An even count from six up: x and y of a polygon's
@@ -127,7 +135,8 @@ struct SkinData {
   DrawBounds scrollbarDrawBounds;
 
   bool drawOnRtfBg = false;
-  bool isStack = false;  // `mode`
+  bool isStack = false;        // `mode`
+  std::int32_t rowHeight = 0;  // of a stack's list; 0: as its letters need it
   Text defaultStyle;
   Text stackFileName;
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
+#include "note/ink.h"
 #include "skin/skin_layout.h"
 
 namespace jotlets {
@@ -21,57 +23,134 @@ class SkinPainter {
       : canvas_(canvas),
         skin_(skin),
         sheet_(sheet),
-        tint_(PaperColour(skin, view.colour, view.clearPaper)),
+        paper_(PaperColour(skin, view.colour, view.clearPaper)),
         sampling_(view.sampling) {}
 
-  void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, tint_); }
+  void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
 
   void Strip(const SkinElement& element, const Rect& area) {
     const bool horizontal = element.kind == ElementKind::kHstrip;
     if (element.stripType == kStripFromPicture && element.source.picture) {
       const Size size = horizontal ? Size{element.width, area.Height()} : Size{area.Width(), element.height};
-      return TilePart(canvas_, PartOf(element, element.source, size, tint_), area);
+      TilePart(canvas_, PartOf(element, element.source, size, paper_), area);
+      return AddGround(element, area, MiddleOf(element, size));
     }
     const std::uint8_t alpha = element.alpha.value_or(kOpaque);
-    if (element.solidColour) {
-      canvas_.Fill(area, Tinted(*element.solidColour, tint_), alpha);
+    if (const std::optional<Colour> one = OneColour(element, area)) {
+      canvas_.Fill(area, *one, alpha);
+      AddGround(element, area, *one);
     } else if (element.startColour || element.endColour) {
-      const Colour from = element.startColour.value_or(element.endColour.value_or(Colour{}));
-      const Colour to = element.endColour.value_or(from);
-      canvas_.FillGradient(area, Tinted(from, tint_), Tinted(to, tint_), horizontal, alpha);
+      const Colour start = element.startColour.value_or(element.endColour.value_or(Colour{}));
+      const Colour from = Tinted(start, paper_);
+      const Colour to = Tinted(element.endColour.value_or(start), paper_);
+      canvas_.FillGradient(area, from, to, horizontal, alpha);
+      AddGround(element, area, Mean(from, to));
     }
   }
 
   void TileArea(const SkinElement& element, const Rect& area) {
     if (!element.source.picture) return;
     const Size size = element.size.value_or(Size{element.width, element.height});
-    const SheetPart part = PartOf(element, element.source, size, tint_);
+    const SheetPart part = PartOf(element, element.source, size, paper_, InkOf(element, area));
     if (element.tileType == kTileStretched) return StretchPart(canvas_, part, area, sampling_);
     TilePart(canvas_, part, area);
+    AddGround(element, area, MiddleOf(element, size));
   }
 
-  void Glyph(const SkinElement& element, const SheetPlace& place, const Rect& area) {
-    if (place.picture)
-      DrawPart(canvas_, PartOf(element, place, {area.Width(), area.Height()}, std::nullopt),
-               {area.left, area.top});
+  void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area) {
+    if (place == nullptr) return;
+    DrawPart(canvas_,
+             PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, InkOf(element, area)),
+             {area.left, area.top});
+  }
+
+  /// The ink that the element asks for; nothing when it has colours of its own.
+  std::optional<Colour> InkOf(const SkinElement& element, const Rect& area) {
+    if (element.shade) return Shaded(paper_, *element.shade);
+    if (!element.tint) return std::nullopt;
+    const Colour ground = GroundOf(area);
+    if (*element.tint == last_.tint && ground == last_.ground) return last_.ink;
+    last_ = {*element.tint, ground, Made(*element.tint, ground)};
+    return last_.ink;
   }
 
  private:
-  SheetPart PartOf(const SkinElement& element, const SheetPlace& place, Size size,
-                   std::optional<Colour> tint) const {
+  struct Ground {
+    Rect area;
+    Colour colour;
+  };
+  struct MadeInk {
+    std::optional<SkinTint> tint;
+    Colour ground;
+    Colour ink;
+  };
+
+  static Colour Made(SkinTint tint, Colour ground) {
+    switch (tint) {
+      case SkinTint::kTitle: return TitleInk(ground);
+      case SkinTint::kInk: return InkOn(ground);
+      case SkinTint::kQuiet: return QuietInk(ground);
+      case SkinTint::kAccent: return AccentOn(ground);
+    }
+    return {};
+  }
+
+  static Colour Mean(Colour a, Colour b) {
+    const auto mean = [](int x, int y) { return static_cast<std::uint8_t>((x + y) / 2); };
+    return {mean(a.r, b.r), mean(a.g, b.g), mean(a.b, b.b)};
+  }
+
+  std::optional<Colour> OneColour(const SkinElement& element, const Rect& area) {
+    if (const std::optional<Colour> ink = InkOf(element, area)) return ink;
+    if (element.solidColour) return Tinted(*element.solidColour, paper_);
+    return std::nullopt;
+  }
+
+  // What is seen through is no ground, nor is what is too small to carry anything.
+  void AddGround(const SkinElement& element, const Rect& area, std::optional<Colour> colour) {
+    constexpr std::int32_t kMinGround = 6;
+    if (element.alpha || !colour || area.Width() < kMinGround || area.Height() < kMinGround) return;
+    grounds_.push_back({area, *colour});
+  }
+
+  Colour GroundOf(const Rect& area) const {
+    const Point middle{area.left + area.Width() / 2, area.top + area.Height() / 2};
+    const auto found = std::find_if(grounds_.rbegin(), grounds_.rend(),
+                                    [middle](const Ground& ground) { return ground.area.Contains(middle); });
+    return found == grounds_.rend() ? paper_ : found->colour;
+  }
+
+  // The middle of a picture stands for all of it; nothing when one sees through.
+  std::optional<Colour> MiddleOf(const SkinElement& element, Size size) const {
+    const std::int64_t x = std::int64_t{element.source.picture->x} + size.width / 2;
+    const std::int64_t y = std::int64_t{element.source.picture->y} + size.height / 2;
+    if (x < 0 || y < 0 || x >= sheet_.size.width || y >= sheet_.size.height) return std::nullopt;
+    const std::uint8_t* pixel = &sheet_.pixels[static_cast<std::size_t>(y * sheet_.size.width + x) * 4];
+    if (pixel[3] != kOpaque) return std::nullopt;
+    return Tinted({pixel[2], pixel[1], pixel[0]}, paper_);
+  }
+
+  SheetPart PartOf(const SkinElement& element, const SheetPlace& place, Size size, std::optional<Colour> tint,
+                   std::optional<Colour> ink = std::nullopt) const {
     // Beyond the largest sheet is as good as outside, and the far corner can be counted for every length.
     const Point at{std::clamp(place.picture->x, -kFarthestCoordinate, kBeyondSheets),
                    std::clamp(place.picture->y, -kFarthestCoordinate, kBeyondSheets)};
-    return {sheet_,     {at.x, at.y, at.x + size.width, at.y + size.height},
-            place.mask, element.alpha.value_or(kOpaque),
-            tint,       skin_.transparent};
+    return {.sheet = sheet_,
+            .source = {at.x, at.y, at.x + size.width, at.y + size.height},
+            .mask = place.mask,
+            .alpha = element.alpha.value_or(kOpaque),
+            .tint = tint,
+            .ink = ink,
+            .key = skin_.transparent};
   }
 
   Canvas& canvas_;
   const SkinData& skin_;
   const Picture& sheet_;
-  const Colour tint_;
+  const Colour paper_;
   const Sampling sampling_;
+  std::vector<Ground> grounds_;  // in drawing order
+  MadeInk last_;
 };
 
 // How many pixels one drawing may touch, so that no skin can hang the program: elements that come too late
@@ -93,11 +172,6 @@ class AreaBudget {
   std::int64_t left_;
 };
 
-const SheetPlace& IndicatorPicture(const SkinElement& element, const SkinView& view) {
-  const std::optional<SkinState> state = SkinStateFromName(element.type);
-  return state && view.states.Has(*state) ? element.source : element.sourceOff;
-}
-
 }  // namespace
 
 void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const SkinView& view,
@@ -105,24 +179,36 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
   SkinPainter painter(canvas, skin, sheet, view);
   painter.Paper(view.window);
   AreaBudget budget(view.window);
+  const std::vector<ArrangedElement> arranged = ArrangeElements(skin, view);
   for (std::size_t index = 0; index < skin.elements.size(); ++index) {
     const SkinElement& element = skin.elements[index];
-    if (!IsShown(element, view)) continue;
-    const Rect area = ElementRect(element, view);
+    const Rect& area = arranged[index].area;
+    if (!arranged[index].shown) continue;
     if (!budget.Spend(area)) break;
     switch (element.kind) {
       case ElementKind::kHstrip:
       case ElementKind::kVstrip: painter.Strip(element, area); break;
       case ElementKind::kTilearea: painter.TileArea(element, area); break;
-      case ElementKind::kIndicator: painter.Glyph(element, IndicatorPicture(element, view), area); break;
-      case ElementKind::kButton: {
-        const bool hot = index == view.hotButton && element.sourceRollover.picture;
-        painter.Glyph(element, hot ? element.sourceRollover : element.source, area);
+      case ElementKind::kIndicator:
+      case ElementKind::kButton: painter.Glyph(element, arranged[index].picture, area); break;
+      case ElementKind::kText:
+        texts.SetText(element, area, ExpandPlaceholders(element.text, words),
+                      painter.InkOf(element, area).value_or(element.colour));
         break;
-      }
-      case ElementKind::kText: texts.SetText(element, area, ExpandPlaceholders(element.text, words)); break;
     }
   }
+}
+
+std::optional<Colour> EdgeColour(const SkinData& skin, const SkinView& view) {
+  std::optional<Colour> edge;
+  const Colour paper = PaperColour(skin, view.colour, view.clearPaper);
+  for (const SkinElement& element : skin.elements) {
+    const bool corner = element.kind == ElementKind::kTilearea && element.place == CoordinatePoint{};
+    if (!corner || !IsShown(element, view)) continue;
+    if (element.shade) edge = Shaded(paper, *element.shade);
+    if (element.tint == SkinTint::kAccent) edge = AccentOn(paper);
+  }
+  return edge;
 }
 
 Colour PaperColour(const SkinData& skin, Colour colour, bool clear) {

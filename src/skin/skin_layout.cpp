@@ -46,6 +46,51 @@ bool IsShown(const SkinElement& element, const SkinView& view) {
          element.drawBounds.Hold(view.window) && HoldsCondition(element, view);
 }
 
+namespace {
+
+const SheetPlace* PictureOf(const SkinElement& element, bool hot, const SkinView& view) {
+  const SheetPlace* picture = &element.source;
+  if (element.kind == ElementKind::kIndicator) {
+    const std::optional<SkinState> state = SkinStateFromName(element.type);
+    if (!state || !view.states.Has(*state)) picture = &element.sourceOff;
+  } else if (element.kind != ElementKind::kButton) {
+    return nullptr;
+  } else if (hot && element.sourceRollover.picture) {
+    picture = &element.sourceRollover;
+  }
+  return picture->picture ? picture : nullptr;
+}
+
+// Ends the text before the first glyph that lies on it.
+void GiveWay(Rect& text, const std::vector<ArrangedElement>& elements) {
+  for (const ArrangedElement& other : elements) {
+    if (other.shown && other.picture != nullptr && other.area.left > text.left && Overlap(text, other.area))
+      text.right = other.area.left;
+  }
+}
+
+}  // namespace
+
+std::vector<ArrangedElement> ArrangeElements(const SkinData& skin, const SkinView& view) {
+  std::vector<ArrangedElement> arranged(skin.elements.size());
+  std::int32_t packed = 0;
+  for (std::size_t index = 0; index < arranged.size(); ++index) {
+    const SkinElement& element = skin.elements[index];
+    ArrangedElement& made = arranged[index];
+    made.shown = IsShown(element, view);
+    if (!made.shown) continue;
+    made.area = ElementRect(element, view);
+    made.picture = PictureOf(element, index == view.hotButton, view);
+    if (element.pack == 0) continue;
+    made.area = RectAt({Saturated(std::int64_t{made.area.left} + packed), made.area.top},
+                       {made.area.Width(), made.area.Height()});
+    if (made.picture == nullptr) packed = std::min(packed + element.pack, kLongestLength);
+  }
+  for (std::size_t index = 0; index < arranged.size(); ++index)
+    if (skin.elements[index].giveWay && arranged[index].shown) GiveWay(arranged[index].area, arranged);
+  return arranged;
+}
+
 std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at) {
   for (std::size_t index = skin.elements.size(); index-- > 0;) {
     const SkinElement& element = skin.elements[index];

@@ -1,6 +1,8 @@
 // Where a skin's parts lie in a window of some size, which of them show, and what is under the mouse.
 #pragma once
 
+#include <vector>
+
 #include "note/actions.h"
 #include "skin/skin_data.h"
 #include "skin/skin_view.h"
@@ -14,6 +16,16 @@ Rect ElementRect(const SkinElement& element, const SkinView& view);
 /// condition has its value. A condition of an unknown name counts as 0. `normal=0` hides it while the note is
 /// not rolled up, `rolled=0` while it is; `focus` and `mouseover` ask for the state they give.
 bool IsShown(const SkinElement& element, const SkinView& view);
+
+/// An element as a window shows it.
+struct ArrangedElement {
+  bool shown = false;
+  Rect area;
+  const SheetPlace* picture = nullptr;  // of a button or an indicator; null: none in this state
+};
+
+/// All elements in their places, those that pack or give way after they have done so.
+std::vector<ArrangedElement> ArrangeElements(const SkinData& skin, const SkinView& view);
 
 /// The uppermost button shown under a point, by its place among the elements; `kNoElement` for none.
 std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at);

@@ -69,6 +69,20 @@ std::optional<SkinData> LoadText(const SkinFolder& folder, const SkinPlace& plac
   return ParseSkin(DecodeTextFile(*bytes, folder.ansi).text);
 }
 
+// "sheet@2x.png" beside "sheet.png".
+std::vector<ScaledSheet> ReadScaledSheets(const SkinPlace& place, TextView bitmap) {
+  std::vector<ScaledSheet> sheets;
+  const std::size_t dot = std::min(bitmap.rfind(u'.'), bitmap.size());
+  for (const SheetScale& scale : kSheetScales) {
+    const Text name = Text(bitmap.substr(0, dot)).append(scale.suffix).append(bitmap.substr(dot));
+    if (auto bytes = place.read(name, kMaxFileBytes)) {
+      auto owner = std::make_shared<const std::string>(*std::move(bytes));
+      sheets.push_back({scale.percent, *owner, owner});
+    }
+  }
+  return sheets;
+}
+
 std::optional<LoadedSkin> Load(const SkinFolder& folder, const SkinPlace& place, const Text& textName) {
   auto data = LoadText(folder, place, textName);
   if (!data) {
@@ -82,36 +96,44 @@ std::optional<LoadedSkin> Load(const SkinFolder& folder, const SkinPlace& place,
     return std::nullopt;
   }
   const Text& file = place.package.empty() ? textName : place.package;
-  return LoadedSkin{std::move(*data), std::move(*picture), folder.path + file};
+  std::vector<ScaledSheet> sheets = ReadScaledSheets(place, data->bitmap);
+  return LoadedSkin{std::move(*data), std::move(*picture), folder.path + file, std::move(sheets), nullptr};
 }
 
 Text PackedTextName(TextView stem, bool forStack) {
   return forStack ? Text(kStackText) : Text(stem).append(kTextExtension);
 }
 
-SkinSummary Summary(Text name, SkinData data) {
+void ListPackage(const SkinFolder& folder, const Text& fileName, std::vector<SkinSummary>& list) {
+  const SkinPlace place = PackagePlace(folder, fileName);
+  const Text stem(SkinStem(fileName));
+  if (auto data = LoadText(folder, place, PackedTextName(stem, false)))
+    list.push_back(SummaryOf(stem, std::move(*data)));
+  if (EqualIgnoreCase(PackedTextName(stem, false), kStackText)) return;
+  if (auto data = LoadText(folder, place, kStackText)) {
+    list.push_back(SummaryOf(stem, std::move(*data)));
+    list.back().isStack = true;
+  }
+}
+
+}  // namespace
+
+SkinSummary SummaryOf(Text name, SkinData data) {
   return {std::move(name),
           std::move(data.skinName),
           std::move(data.notes),
           std::move(data.authorName),
           std::move(data.authorEmail),
           std::move(data.authorUrl),
-          data.isStack};
+          data.isStack,
+          false};
 }
 
-void ListPackage(const SkinFolder& folder, const Text& fileName, std::vector<SkinSummary>& list) {
-  const SkinPlace place = PackagePlace(folder, fileName);
-  const Text stem(SkinStem(fileName));
-  if (auto data = LoadText(folder, place, PackedTextName(stem, false)))
-    list.push_back(Summary(stem, std::move(*data)));
-  if (EqualIgnoreCase(PackedTextName(stem, false), kStackText)) return;
-  if (auto data = LoadText(folder, place, kStackText)) {
-    list.push_back(Summary(stem, std::move(*data)));
-    list.back().isStack = true;
-  }
+bool IsInFolder(const SkinFolder& folder, TextView name) {
+  const Text stem = folder.path + Text(SkinStem(name));
+  return IsPlainFileName(SkinStem(name)) && (folder.files.Exists(stem + Text(kPackageExtension)) ||
+                                             folder.files.Exists(stem + Text(kTextExtension)));
 }
-
-}  // namespace
 
 TextView SkinStem(TextView name) {
   for (const TextView extension : {kPackageExtension, kTextExtension}) {
@@ -150,7 +172,7 @@ std::vector<SkinSummary> ListSkins(const SkinFolder& folder) {
     const Text stem(SkinStem(fileName));
     // A loose skin behind a package of the same name could not be loaded.
     if (folder.files.Exists(folder.path + stem + Text(kPackageExtension))) continue;
-    if (auto data = LoadText(folder, loose, fileName)) list.push_back(Summary(stem, std::move(*data)));
+    if (auto data = LoadText(folder, loose, fileName)) list.push_back(SummaryOf(stem, std::move(*data)));
   }
   std::stable_sort(list.begin(), list.end(), [](const SkinSummary& a, const SkinSummary& b) {
     return FoldCase(a.name) < FoldCase(b.name);

@@ -114,6 +114,14 @@ TextAlignment Alignment(TextView value) {
   return IsWord(value, u"middle") ? TextAlignment::kMiddle : TextAlignment::kLeft;
 }
 
+void ReadTint(std::optional<SkinTint>& field, TextView value) {
+  field.reset();
+  if (IsWord(value, u"title")) field = SkinTint::kTitle;
+  if (IsWord(value, u"ink")) field = SkinTint::kInk;
+  if (IsWord(value, u"quiet")) field = SkinTint::kQuiet;
+  if (IsWord(value, u"accent")) field = SkinTint::kAccent;
+}
+
 template <typename Owner>
 struct KeyRow {
   TextView key;
@@ -154,6 +162,7 @@ constexpr KeyRow<SkinData> kSkinKeys[] = {
     {u"scrollbardrawheightmaximum", [](S& s, V v) { s.scrollbarDrawBounds.heightMaximum = UpperBound(v); }},
     {u"drawonrtfbg", [](S& s, V v) { s.drawOnRtfBg = IsOn(v); }},
     {u"mode", [](S& s, V v) { s.isStack = IsWord(v, u"stack"); }},
+    {u"rowheight", [](S& s, V v) { s.rowHeight = Length(v); }},
     {u"defaultstyle", [](S& s, V v) { s.defaultStyle = v; }},
     {u"stackfilename", [](S& s, V v) { s.stackFileName = TrimBlanks(v); }},
 };
@@ -185,6 +194,8 @@ constexpr KeyRow<SkinElement> kElementKeys[] = {
     {u"startcol", [](E& e, V v) { ReadColour(e.startColour, v); }},
     {u"endcol", [](E& e, V v) { ReadColour(e.endColour, v); }},
     {u"solidcol", [](E& e, V v) { ReadColour(e.solidColour, v); }},
+    {u"shade", [](E& e, V v) { e.shade = std::min(Length(v), std::int32_t{100}); }},
+    {u"tint", [](E& e, V v) { ReadTint(e.tint, v); }},
     {u"font", [](E& e, V v) { e.font = TrimBlanks(v); }},
     {u"point", [](E& e, V v) { e.point = std::min(Length(v), kMaxPoint); }},
     {u"col", [](E& e, V v) { ReadColour(e.colour, v); }},
@@ -192,6 +203,8 @@ constexpr KeyRow<SkinElement> kElementKeys[] = {
     {u"alignment", [](E& e, V v) { e.alignment = Alignment(v); }},
     {u"setcase", [](E& e, V v) { e.setCase = ParseInt(v); }},
     {u"format", [](E& e, V v) { ReadFormat(e.format, v); }},
+    {u"giveway", [](E& e, V v) { e.giveWay = IsOn(v); }},
+    {u"pack", [](E& e, V v) { e.pack = Length(v); }},
     {u"condition", [](E& e, V v) { e.condition = TrimBlanks(v); }},
     {u"conditionvalue", [](E& e, V v) { e.conditionValue = ParseInt(v); }},
     {u"normal", [](E& e, V v) { e.normal = ParseInt(v) != 0; }},

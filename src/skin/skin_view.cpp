@@ -6,23 +6,10 @@ namespace jotlets {
 namespace {
 
 // In the order of `SkinState`.
-constexpr TextView kStateNames[] = {u"ontop",
-                                    u"readonly",
-                                    u"alarm",
-                                    u"attached",
-                                    u"transmit",
-                                    u"email",
-                                    u"instack",
-                                    u"sleeping",
-                                    u"recurring",
-                                    u"ghost",
-                                    u"title",
-                                    u"image",
-                                    u"stang",
-                                    u"user1",
-                                    u"user2",
-                                    u"user3",
-                                    u"scrollbarrequired"};
+constexpr TextView kStateNames[] = {
+    u"ontop",   u"readonly", u"alarm",     u"attached", u"transmit", u"email",
+    u"instack", u"sleeping", u"recurring", u"ghost",    u"title",    u"image",
+    u"stang",   u"user1",    u"user2",     u"user3",    u"owntitle", u"scrollbarrequired"};
 
 Text UpperAscii(TextView text) {
   Text upper(text);

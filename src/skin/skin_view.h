@@ -29,12 +29,13 @@ enum class SkinState : std::uint8_t {
   kUser1,
   kUser2,
   kUser3,
+  kOwnTitle,
   kScrollbarRequired,
 };
 
 /// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
-/// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3" and
-/// "scrollbarrequired".
+/// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3",
+/// "owntitle" and "scrollbarrequired".
 std::optional<SkinState> SkinStateFromName(TextView name);
 
 /// A set of states.

@@ -1,5 +1,7 @@
 #include "ui/screen.h"
 
+#include <shellscalingapi.h>
+
 #include "base/win/wide.h"
 #include "ui/window.h"
 
@@ -12,6 +14,14 @@ Rect VirtualScreen() {
 }
 
 Size PrimaryScreenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+
+std::int32_t DpiAt(Point at) {
+  const HMONITOR monitor = MonitorFromPoint({at.x, at.y}, MONITOR_DEFAULTTONEAREST);
+  UINT across = static_cast<UINT>(kUsualDpi);
+  UINT down = across;
+  if (FAILED(GetDpiForMonitor(monitor, MDT_EFFECTIVE_DPI, &across, &down))) return kUsualDpi;
+  return static_cast<std::int32_t>(across);
+}
 
 Rect WorkAreaOf(HWND window) {
   MONITORINFO monitor{};

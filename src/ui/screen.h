@@ -11,6 +11,8 @@ namespace jotlets {
 /// The rectangle around all monitors.
 Rect VirtualScreen();
 Size PrimaryScreenSize();
+/// The dots per inch of the monitor at this place, or of the one nearest to it.
+std::int32_t DpiAt(Point at);
 /// What of the monitor that a window is on is not covered by task bars.
 Rect WorkAreaOf(HWND window);
 

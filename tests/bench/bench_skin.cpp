@@ -32,7 +32,7 @@ class NoWords final : public SkinWords {
 
 class NoTexts final : public SkinTextSetter {
  public:
-  void SetText(const SkinElement&, const Rect&, const Text&) override {}
+  void SetText(const SkinElement&, const Rect&, const Text&, Colour) override {}
 };
 
 // The picture is empty when the files are not found.

@@ -40,7 +40,7 @@ class Choices {
 
 class TextLengths final : public SkinTextSetter {
  public:
-  void SetText(const SkinElement& element, const Rect& area, const Text& words) override {
+  void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour) override {
     Check(words.size() <= 8 * element.text.size());
     Check(area.left <= area.right && area.top <= area.bottom);
   }

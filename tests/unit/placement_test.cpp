@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <vector>
 
@@ -55,6 +56,35 @@ TEST(Placement, StepsOffIdenticalCornersOnly) {
   EXPECT_EQ(Place(kAnywhere, Settings(2), notes).position, (Point{30 + 160016, 40 + 160016}));
   // It takes 4 ms; walking the notes again for each step takes seconds.
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+}
+
+TEST(Placement, StaysInTheWorkAreaAndScalesWithIt) {
+  PlacementSettings settings = Settings(0);
+  const Rect area{0, 40, 1280, 760};
+  settings.monitors.Add(area, {0, 0, 1280, 800});
+  settings.primaryScreen = {1280, 800};
+  settings.newSize = {280, 280};
+  for (const std::int32_t dpi : {96, 192}) {
+    settings.dpi = dpi;
+    const Size shown{280 * dpi / 96, 280 * dpi / 96};
+    std::vector<Point> notes;
+    for (int i = 0; i < 300; ++i) {
+      const Placed placed = Place(kAnywhere, settings, notes);
+      const Rect at = RectAt(placed.position, shown);
+      ASSERT_TRUE(at.left >= area.left && at.top >= area.top && at.right <= area.right &&
+                  at.bottom <= area.bottom)
+          << i << ": " << at.left << "," << at.top;
+      ASSERT_EQ(std::count(notes.begin(), notes.end(), placed.position), 0) << i;
+      EXPECT_EQ(placed.size, settings.newSize) << "the size for the usual scale is what is stored";
+      notes.push_back(placed.position);
+    }
+    EXPECT_EQ(notes.front(), (Point{640 - shown.width / 2, 400 - shown.height / 2}));
+    EXPECT_EQ(notes[1], (Point{notes[0].x + 16, notes[0].y + 16}));
+  }
+  // A note that begins outside, or has no room, goes on from there as well.
+  settings.appear = 2, settings.coords = {1270, -50}, settings.newSize = {5000, 100};
+  EXPECT_EQ(Place(kAnywhere, settings).position, settings.coords);
+  EXPECT_EQ(Place(kAnywhere, settings, {settings.coords}).position.y, -34);
 }
 
 TEST(Placement, OfNotesFromFriendsHasOptionsOfItsOwn) {
@@ -130,28 +160,30 @@ TEST(NotePlace, NotesReturnWithTheirMonitor) {
 }
 
 TEST(NotePlace, DoesNotCreepWhenTheScaleChanges) {
-  NotePlace place(RectAt({100, 100}, {333, 77}), 120);
-  for (const std::int32_t dpi : {96, 168, 96, 144, 96}) {
+  const Size own{333, 77};
+  NotePlace place(RectAt({100, 100}, own), 120);
+  EXPECT_EQ(place.Shown(), RectAt({100, 100}, {416, 96}));
+  for (const std::int32_t dpi : {96, 168, 96, 144, 120}) {
     EXPECT_TRUE(place.ScaleChanged(dpi));
     // Dragging it at every scale does not make the rounded size the user's own.
     place.Choose(RectAt({dpi, 10}, {place.Shown().Width(), place.Shown().Height()}));
+    EXPECT_EQ(place.Chosen(), RectAt({dpi, 10}, own)) << "what is stored is the size at the usual scale";
   }
-  EXPECT_EQ(place.Chosen(), RectAt({96, 10}, {266, 62}));
-  place.ScaleChanged(120);
-  EXPECT_EQ(place.Chosen(), RectAt({96, 10}, {333, 77}));
+  EXPECT_EQ(place.Shown(), RectAt({120, 10}, {416, 96}));
   // A size that the user gives is the one to start from.
   place.Choose(RectAt({96, 10}, {301, 77}));
+  EXPECT_EQ(place.Chosen(), RectAt({96, 10}, {241, 62}));
   place.ScaleChanged(60), place.ScaleChanged(120);
   EXPECT_EQ(place.Shown(), RectAt({96, 10}, {301, 77}));
 }
 
-TEST(NotePlace, OfAMonitorThatIsAwayIsNotScaled) {
+TEST(NotePlace, OfAMonitorThatIsAwayKeepsItsSize) {
   const Rect chosen = RectAt({2500, 300}, {300, 200});
   NotePlace place(chosen, 144);
   place.MonitorsChanged(Screens(1)), place.ScaleChanged(96);
-  EXPECT_TRUE(place.Shown() == RectAt({1792, 300}, {200, 133}) && place.Chosen() == chosen);
+  EXPECT_TRUE(place.Shown() == RectAt({1792, 300}, {300, 200}) && place.Chosen() == chosen);
   place.MonitorsChanged(Screens(2)), place.ScaleChanged(144);
-  EXPECT_TRUE(place.Shown() == chosen && place.Chosen() == chosen);
+  EXPECT_TRUE(place.Shown() == RectAt({2500, 300}, {450, 300}) && place.Chosen() == chosen);
 }
 
 TEST(PlaceBeside, IsRightElseLeftElseOverAndAlwaysOnTheMonitor) {

@@ -60,7 +60,7 @@ class Words final : public SkinWords {
 class TextList final : public SkinTextSetter {
  public:
   std::vector<std::pair<Rect, Text>> texts;
-  void SetText(const SkinElement&, const Rect& area, const Text& words) override {
+  void SetText(const SkinElement&, const Rect& area, const Text& words, Colour) override {
     texts.emplace_back(area, words);
   }
 };

@@ -122,7 +122,11 @@ class SkinLoading : public testing::Test {
   FakeLog log;
   Latin1 ansi;
   SkinFolder folder{files, ansi, log, u"C:\\skins\\"};
-  SkinLibrary library{folder, {builtInText, builtInSheet}, {builtInStack, builtInSheet}};
+  const std::string secondText = SkinText("Second"),
+                    twice = EncodePng({{2, 2}, std::vector<std::uint8_t>(16, 200)});
+  SkinLibrary library{folder,
+                      {{u"First", {builtInText, builtInSheet, {}}, {builtInStack, builtInSheet, {}}},
+                       {u"Second", {secondText, builtInSheet, {{200, twice, {}}}}, {}}}};
 
   void PutLoose(TextView name, const std::string& text) {
     files.Put(u"C:\\skins\\" + Text(name), text);
@@ -233,6 +237,31 @@ TEST_F(SkinLoading, FallsBackToTheBuiltInSkinAndDoesNotTryAgain) {
   EXPECT_EQ(Shown(library.Get(u"gone", false).get()), "back C:\\skins\\gone.ini 1");
 }
 
+TEST_F(SkinLoading, KnowsBuiltInSkinsByTheirNamesUnlessTheFolderHasThem) {
+  EXPECT_EQ(Shown(library.Get(u"second", false).get()), "Second  99");
+  EXPECT_EQ(Shown(library.Get(u"second", true).get()), "built-in stack  99") << "it has none of its own";
+  EXPECT_TRUE(log.lines.empty());
+  PutLoose(u"second.ini", SkinText("mine"));
+  library.Forget();
+  EXPECT_EQ(Shown(library.Get(u"Second", false).get()), "mine C:\\skins\\Second.ini 1");
+}
+
+TEST_F(SkinLoading, MakesASkinOnceForEachScale) {
+  const auto usual = library.Get(u"Second", false);
+  const auto larger = library.Get(u"Second", false, 144);
+  EXPECT_EQ(library.Get(u"Second", false, 144), larger);
+  EXPECT_EQ(library.Get(u"Second", false, 96), usual);
+  EXPECT_TRUE(larger->usual == usual && larger->data.dpi == 144 && larger->sheet.size == (Size{2, 2}));
+  EXPECT_EQ(larger->sheet.pixels[0], 200) << "the sheet for 200 % serves smaller scales too";
+  EXPECT_EQ(library.Get(u"Second", false, 288)->sheet.pixels[0], 99) << "but not larger ones";
+  // Sheets beside the usual one, of which one has a wrong size and one is none.
+  PutLoose(u"a.ini", SkinText("a"));
+  files.Put(u"C:\\skins\\p@1.5x.png", "no picture");
+  files.Put(u"C:\\skins\\p@2x.png", EncodePng({{3, 3}, std::vector<std::uint8_t>(36, 7)}));
+  files.Put(u"C:\\skins\\p@3x.png", EncodePng({{3, 3}, std::vector<std::uint8_t>(36, 8)}));
+  EXPECT_EQ(library.Get(u"a", false, 120)->sheet.pixels[0], 8);
+}
+
 TEST_F(SkinLoading, ListsEverySkinOfTheFolder) {
   PutLoose(u"b.ini", SkinText("B"));
   PutLoose(u"z.ini", "mode=stack\nauthorname=a\nauthoremail=e\nauthorurl=u");
@@ -247,7 +276,7 @@ TEST_F(SkinLoading, ListsEverySkinOfTheFolder) {
                     s.authorUrl) +
              (s.isStack ? "+ " : " ");
   }
-  EXPECT_EQ(shown, "A:A,n, b:B,n, C:C,n, C:C stack,n,+ Stack:S,n, z:,,aeu+ ");
+  EXPECT_EQ(shown, "Second:Second,n, A:A,n, b:B,n, C:C,n, C:C stack,n,+ Stack:S,n, z:,,aeu+ ");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "fakes.h"
 #include "skin/skin_drawing.h"
 #include "skin/skin_layout.h"
+#include "skin/skin_scaling.h"
 #include "skin/skin_text.h"
 
 namespace jotlets {
@@ -29,13 +30,13 @@ class PlaceholderNames final : public SkinWords {
 class TextBoxes final : public SkinTextSetter {
  public:
   explicit TextBoxes(Canvas& canvas) : canvas_(canvas) {}
-  void SetText(const SkinElement& element, const Rect& area, const Text& words) override {
+  void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour ink) override {
     const std::int32_t width = std::min(area.Width(), static_cast<std::int32_t>(words.size()) * 6);
     const std::int32_t rest = area.Width() - width;
     const std::int32_t left = area.left + (element.alignment == TextAlignment::kLeft    ? 0
                                            : element.alignment == TextAlignment::kRight ? rest
                                                                                         : rest / 2);
-    canvas_.Fill({left, area.top, left + width, area.bottom}, element.colour, 112);
+    canvas_.Fill({left, area.top, left + width, area.bottom}, ink, 112);
   }
 
  private:
@@ -45,7 +46,8 @@ class TextBoxes final : public SkinTextSetter {
 SkinView ViewOf(const SkinData& skin, Size size, bool rolled) {
   SkinView view;
   const Size least = MinimumSize(skin);
-  view.window = {std::max(size.width, least.width), std::max(size.height, least.height)};
+  view.window = {std::max(ScaledLength(size.width, skin.dpi), least.width),
+                 std::max(ScaledLength(size.height, skin.dpi), least.height)};
   if (rolled) view.window.height = skin.rolledHeight;
   view.rolled = rolled;
   view.colour = kColours[1];
@@ -163,20 +165,40 @@ std::string Difference(const Picture& drawn, const std::optional<Picture>& refer
 struct ReferenceRow {
   const char* name;
   const char* text;
+  std::int32_t dpi = kUsualDpi;
 };
+
+std::string FileBeside(const std::filesystem::path& text, const Text& name) {
+  return FileBytes((text.parent_path() / ToUtf8(name)).string().c_str());
+}
+
+// The skin as the program has it, with its sheets for other scales.
+LoadedSkin SkinOf(const std::filesystem::path& text) {
+  LoadedSkin skin;
+  skin.data = ParseSkin(FromUtf8(FileBytes(text.string().c_str())));
+  skin.sheet = DecodePng(FileBeside(text, skin.data.bitmap)).value_or(Picture());
+  const Text stem = skin.data.bitmap.substr(0, skin.data.bitmap.size() - 4);
+  for (const SheetScale& scale : kSheetScales) {
+    const auto bytes =
+        std::make_shared<const std::string>(FileBeside(text, stem + Text(scale.suffix) + u".png"));
+    skin.sheets.push_back({scale.percent, *bytes, bytes});
+  }
+  return skin;
+}
 
 class SkinReference : public testing::TestWithParam<ReferenceRow> {};
 
 TEST_P(SkinReference, IsDrawn) {
   const std::filesystem::path textPath = std::string("../src/res/skins/") + GetParam().text;
-  const SkinData skin = ParseSkin(FromUtf8(FileBytes(textPath.string().c_str())));
-  const auto sheet = DecodePng(FileBytes((textPath.parent_path() / ToUtf8(skin.bitmap)).string().c_str()));
-  ASSERT_TRUE(sheet && !skin.elements.empty());
+  const LoadedSkin loaded =
+      GetParam().dpi == kUsualDpi ? SkinOf(textPath) : ScaledSkin(SkinOf(textPath), GetParam().dpi);
+  const SkinData& skin = loaded.data;
+  ASSERT_TRUE(!loaded.sheet.pixels.empty() && !skin.elements.empty());
   std::vector<SkinView> views;
   AddPlainViews(skin, views);
   AddBusyViews(skin, views);
   AddHotButtons(skin, views);
-  const Picture drawn = DrawViews(skin, *sheet, views);
+  const Picture drawn = DrawViews(skin, loaded.sheet, views);
 
   const std::string file = std::string(GetParam().name) + ".png";
   const std::string difference = Difference(drawn, DecodePng(FileBytes(("unit/reference/" + file).c_str())));
@@ -186,12 +208,18 @@ TEST_P(SkinReference, IsDrawn) {
   FAIL() << file << ": " << difference << "; what was drawn is in build/logs/skin-" << file;
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, SkinReference,
-                         testing::Values(ReferenceRow{"default", "default/skin.ini"},
-                                         ReferenceRow{"stack", "stack/stack.ini"},
-                                         ReferenceRow{"midnight", "midnight/midnight.ini"},
-                                         ReferenceRow{"plain", "plain/plain.ini"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    OfTheProgram, SkinReference,
+    testing::Values(ReferenceRow{"default", "default/skin.ini"}, ReferenceRow{"stack", "stack/stack.ini"},
+                    ReferenceRow{"midnight", "midnight/midnight.ini"},
+                    ReferenceRow{"plain", "plain/plain.ini"}, ReferenceRow{"paper", "paper/paper.ini"},
+                    ReferenceRow{"paper_stack", "paper/stack.ini"}, ReferenceRow{"large", "paper/large.ini"},
+                    ReferenceRow{"bare", "paper/bare.ini"},
+                    ReferenceRow{"default_150", "default/skin.ini", 144},
+                    ReferenceRow{"paper_125", "paper/paper.ini", 120},
+                    ReferenceRow{"paper_200", "paper/paper.ini", 192},
+                    ReferenceRow{"paper_300", "paper/paper.ini", 288}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
 }  // namespace jotlets

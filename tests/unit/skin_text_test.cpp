@@ -19,7 +19,8 @@ TEST(ParseSkin, PutsEverySkinWideKeyIntoItsPlace) {
       u"minimumthumbtrackheight=15\r\ntitlebar=21,1,-20,m17\r\ntitletooltip=1\r\ntooltipfontname=Arial\r\n"
       u"tooltipfontsize=9\r\nusescrollbar=1\r\nscrollbar=-9,30,-24,7\r\nscrollbardrawwidthminimum=1\r\n"
       u"scrollbardrawwidthmaximum=2\r\nscrollbardrawheightminimum=3\r\nscrollbardrawheightmaximum=4\r\n"
-      u"drawonrtfbg=1\r\nmode=stack\r\ndefaultstyle=-12|0|Tahoma\r\nstackfilename=stack.ini\r\n");
+      u"drawonrtfbg=1\r\nmode=stack\r\nrowheight=36\r\ndefaultstyle=-12|0|Tahoma\r\nstackfilename=stack."
+      u"ini\r\n");
   EXPECT_EQ((std::vector{s.skinName, s.notes, s.authorName, s.authorEmail, s.authorUrl, s.bitmap,
                          s.tooltipFontName, s.defaultStyle, s.stackFileName}),
             (std::vector<Text>{u"A skin", u" by A, http://b ", u"C", u"d@e", u"f=g", u"skin.png", u"Arial",
@@ -27,8 +28,8 @@ TEST(ParseSkin, PutsEverySkinWideKeyIntoItsPlace) {
   const DrawBounds& bounds = s.scrollbarDrawBounds;
   EXPECT_EQ((std::vector{s.version, s.top, s.bottom, s.left, s.right, s.rolledHeight, s.minimumWidth,
                          s.minimumHeight, s.minimumThumbTrackHeight, s.tooltipFontSize, bounds.widthMinimum,
-                         bounds.widthMaximum, bounds.heightMinimum, bounds.heightMaximum}),
-            (std::vector{8, 20, 12, 10, 11, 19, 150, 45, 15, 9, 1, 2, 3, 4}));
+                         bounds.widthMaximum, bounds.heightMinimum, bounds.heightMaximum, s.rowHeight}),
+            (std::vector{8, 20, 12, 10, 11, 19, 150, 45, 15, 9, 1, 2, 3, 4, 36}));
   EXPECT_EQ(s.transparent, (Colour{255, 0, 254}));
   EXPECT_EQ(s.region, std::vector{C(u"7")});
   EXPECT_EQ(s.titlebar, (CoordinateCorners{{C(u"21"), C(u"1")}, {C(u"-20"), C(u"m17")}}));
@@ -43,8 +44,9 @@ TEST(ParseSkin, PutsEveryElementKeyIntoItsPlace) {
       u"height=21\ndrawwidthminimum=22\ndrawwidthmaximum=23\ndrawheightminimum=24\ndrawheightmaximum=25\n"
       u"source=0,1\nsourcealpha=2,3\nsourceoff=4,5\nsourceoffalpha=6,7\nsourcerollover=8,9\n"
       u"sourcerolloveralpha=10,11\nalpha=76\naction= CLOSE\ntype=ontop\nstriptype=2\ntiletype=1\n"
-      u"startcol=1,2,3\nendcol=4,5,6\nsolidcol=7,8,9\nfont=Tahoma\npoint=8\ncol=10,11,12\n"
-      u"text= %TITLE%=\nalignment=middle\nsetcase=3\nformat=Bold,no_aa,nonsense,\n"
+      u"startcol=1,2,3\nendcol=4,5,6\nsolidcol=7,8,9\nshade=160\ntint= "
+      u"Quiet\nfont=Tahoma\npoint=8\ncol=10,11,12\n"
+      u"text= %TITLE%=\nalignment=middle\nsetcase=3\nformat=Bold,no_aa,nonsense,\ngiveway=1\npack=22\n"
       u"condition=instack\nconditionvalue=30\nnormal=0\nrolled=1\nfocus=0\nmouseover=1\n");
   EXPECT_EQ((std::vector{e.name, e.type, e.font, e.text, e.condition}),
             (std::vector<Text>{u"zap", u"ontop", u"Tahoma", u" %TITLE%=", u"instack"}));
@@ -56,17 +58,19 @@ TEST(ParseSkin, PutsEveryElementKeyIntoItsPlace) {
   const DrawBounds& bounds = e.drawBounds;
   EXPECT_EQ((std::vector{e.width, e.height, bounds.widthMinimum, bounds.widthMaximum, bounds.heightMinimum,
                          bounds.heightMaximum, e.stripType, e.tileType, e.point, e.setCase, e.conditionValue,
-                         std::int32_t{e.action}}),
-            (std::vector{20, 21, 22, 23, 24, 25, 2, 1, 8, 3, 30, 1}));
+                         std::int32_t{e.action}, e.pack}),
+            (std::vector{20, 21, 22, 23, 24, 25, 2, 1, 8, 3, 30, 1, 22}));
   EXPECT_EQ((std::vector{e.source.picture, e.source.mask, e.sourceOff.picture, e.sourceOff.mask,
                          e.sourceRollover.picture, e.sourceRollover.mask}),
             (std::vector<std::optional<Point>>{Point{0, 1}, Point{2, 3}, Point{4, 5}, Point{6, 7},
                                                Point{8, 9}, Point{10, 11}}));
   EXPECT_EQ(e.alpha, 76);
+  EXPECT_EQ(e.shade, 100);
+  EXPECT_EQ(e.tint, SkinTint::kQuiet);
   EXPECT_EQ((std::vector{*e.startColour, *e.endColour, *e.solidColour, e.colour}),
             (std::vector<Colour>{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}, {10, 11, 12}}));
   EXPECT_EQ(e.alignment, TextAlignment::kMiddle);
-  EXPECT_TRUE(e.format.bold && e.format.noAa);
+  EXPECT_TRUE(e.format.bold && e.format.noAa && e.giveWay);
   EXPECT_FALSE(e.format.italic || e.format.underline || e.format.transparent);
   EXPECT_EQ((std::vector{e.normal, e.rolled, e.focus, e.mouseOver}),
             (std::vector<std::optional<bool>>{false, true, false, true}));

@@ -95,6 +95,7 @@ class Program final : private OpenNotesOwner,
   void HoldHotKeys(bool held);
   void WriteBack();
   void ProvideFirstRun();
+  void ChooseFirstLook();
   bool LoadJotlets();
   void TellDamage(const LoadedData& loaded);
   void OnMinute();

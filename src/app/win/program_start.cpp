@@ -127,8 +127,20 @@ void Program::WriteBack() {
   saving_.SaveOptions();
 }
 
+// The look of a fresh installation. Who brings options along keeps theirs.
+void Program::ChooseFirstLook() {
+  if (system_.files.Exists(desk_.Folder() + Text(kOptionsFileName))) return;
+  constexpr std::int32_t kSide = 280;
+  Options& options = options_.Current();
+  options.skin = kPaperSkin;
+  options.defaultWidth = options.defaultHeight = kSide;
+  options.shadows = true;
+  ApplyOptions();
+}
+
 // The templates of new notes and a note that says hello.
 void Program::ProvideFirstRun() {
+  ChooseFirstLook();
   desk_.Maker().ProvideTemplates(resources_.Bytes(IDR_DEFAULT_RTF));
   if (options_.Current().styles.empty()) {
     std::array<Text, 6> names;

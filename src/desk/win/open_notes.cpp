@@ -136,11 +136,12 @@ void OpenNotes::EndWaitForWindow(TextView id) {
   if (BJotlet* jotlet = Find(id)) jotlet->EndWaitForWindow();
 }
 
-ScreenFacts OpenNotes::Screen() const { return {PrimaryScreenSize(), VirtualScreen()}; }
+ScreenFacts OpenNotes::Screen() const {
+  return {PrimaryScreenSize(), VirtualScreen(), ReadMonitors().monitors, DpiAt({})};
+}
 
-// From the topmost down: each window then finds its place among shown ones. From the bottom
-// up, the system looks for that place past every window that is still hidden, which a thousand notes make
-// felt.
+// From the topmost down: each window then finds its place among shown ones. From the bottom up, it is looked
+// for past every window that is still hidden, which a thousand notes make felt.
 void OpenNotes::ShowAll() {
   std::vector<Text> ids = Ids();
   std::reverse(ids.begin(), ids.end());

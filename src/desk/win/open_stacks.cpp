@@ -122,7 +122,7 @@ void OpenStacks::MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, b
   for (const BJotlet* note : all) sizes.push_back({note->Bounds().Width(), note->Bounds().Height()});
   const Rect from = stack.Bounds();
   const std::vector<Point> places =
-      SpreadPlaces(from, sizes, AreaOf(stack), SnapSettingsFrom(desktop_.NoteOptions()).gap);
+      SpreadPlaces(from, sizes, AreaOf(stack), SnapSettingsFrom(desktop_.NoteOptions(), stack.Dpi()).gap);
   for (std::size_t index = 0; index < all.size(); ++index) {
     BJotlet* note = all[index];
     if (std::find(notes.begin(), notes.end(), note) == notes.end()) continue;

@@ -9,6 +9,7 @@
 
 #include "base/win/wide.h"
 #include "data/rtf_bounds.h"
+#include "data/rtf_ink.h"
 #include "note/link_text.h"
 #include "note/win/edit_format.h"
 #include "note/win/edit_text.h"
@@ -89,7 +90,7 @@ void BEdit::SetDefaultFormat() {
   format.yHeight = kDefaultPoints * kTwipsPerPoint;
   format.bCharSet = DEFAULT_CHARSET;
   if (HasLightInk()) {
-    format.crTextColor = ToCOLORREF(kLightInk);
+    format.crTextColor = ToCOLORREF(Ink());
   } else {
     format.dwEffects = CFE_AUTOCOLOR;
   }
@@ -235,7 +236,9 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
   return stream.dwError == 0 && !objects_->HasRefused();
 }
 
-bool BEdit::SetRtf(std::string_view rtf) { return StreamIn(SF_RTF, rtf); }
+bool BEdit::SetRtf(std::string_view rtf) {
+  return HasLightInk() ? StreamIn(SF_RTF, WithInk(rtf, Ink())) : StreamIn(SF_RTF, rtf);
+}
 
 void BEdit::ShowWords(TextView text, TextView notice) {
   // Links would be looked for in all of it.
@@ -255,7 +258,7 @@ std::optional<std::string> BEdit::Rtf() const {
   // Some implementations go on after an error of ours, and end well.
   const std::size_t last = rtf.find_last_not_of("\r\n ");
   if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;
-  return rtf;
+  return HasLightInk() ? WithoutInk(rtf, Ink()) : rtf;
 }
 
 void BEdit::SetPlainText(TextView text) {
@@ -308,6 +311,20 @@ void BEdit::SetBackground(Colour colour) {
   look_.background = colour;
   SetDefaultFormat();
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(ToCOLORREF(colour)));
+}
+
+void BEdit::SetPaper(Colour colour) {
+  const Colour ink = Ink();
+  const bool light = HasLightInk();
+  const std::optional<std::string> rtf = Rtf();
+  SetBackground(colour);
+  // The control keeps what it was given in the former ink.
+  if ((light == HasLightInk() && ink == Ink()) || !rtf || beginningOnly_) return;
+  const CHARRANGE selection = Selection();
+  const Point scroll = ScrollPosition();
+  SetRtf(*rtf);
+  Select(selection);
+  SetScrollPosition(scroll);
 }
 
 void BEdit::SetBounds(const Rect& bounds) {

@@ -12,6 +12,7 @@
 #include "base/geometry.h"
 #include "base/text.h"
 #include "note/edit_facts.h"
+#include "note/ink.h"
 #include "note/win/edit_aids.h"
 #include "note/win/edit_direction.h"
 #include "note/win/edit_objects.h"
@@ -86,8 +87,13 @@ class BEdit {
 
   /// The colour of the paper. Text that has no format yet is black or nearly white on it, whichever can be
   /// read.
+  /// Shows this paper for a while; text of former papers keeps its ink.
   void SetBackground(Colour colour);
+  /// Gives the text this paper, and all of it that has no colour of its own the ink for it.
+  void SetPaper(Colour colour);
   bool HasLightInk() const { return IsDarkPaper(look_.background); }
+  /// The colour of text that has none of its own.
+  Colour Ink() const { return HasLightInk() ? InkOn(look_.background) : Colour{}; }
   void SetBounds(const Rect& bounds);
   void Show(bool shown);
   void SetReadOnly(bool readOnly);

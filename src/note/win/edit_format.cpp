@@ -317,7 +317,7 @@ void SetHighlight(BEdit& edit, Highlight highlight, const HighlightColours& colo
   } else {
     format.crBackColor = ToCOLORREF(colours[static_cast<std::size_t>(highlight) - 1]);
   }
-  const COLORREF ink = ToCOLORREF(kLightInk);
+  const COLORREF ink = ToCOLORREF(edit.Ink());
   const CHARFORMAT2W current = CharacterFormat(edit);
   const bool oneColour = (current.dwMask & CFM_COLOR) != 0 && (current.dwEffects & CFE_AUTOCOLOR) == 0;
   if (edit.HasLightInk() && oneColour && current.crTextColor == (none ? RGB(0, 0, 0) : ink)) {

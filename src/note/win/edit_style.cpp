@@ -7,7 +7,7 @@ constexpr std::int32_t kBoldWeight = 700;
 constexpr std::int32_t kBoldFrom = 600;
 
 FontStyle Inked(const BEdit& edit, FontStyle font) {
-  if (edit.HasLightInk() && font.colour == Colour{}) font.colour = kLightInk;
+  if (edit.HasLightInk() && font.colour == Colour{}) font.colour = edit.Ink();
   return font;
 }
 
@@ -61,7 +61,7 @@ bool HasFontOf(const BEdit& edit, const EditStyle& style) {
 
 TextStyle StyleOfSelection(const BEdit& edit) {
   TextStyle style = WithFont({}, CurrentFont(edit));
-  if (edit.HasLightInk() && style.colour == kLightInk) style.colour = {};
+  if (edit.HasLightInk() && style.colour == edit.Ink()) style.colour = {};
   const CHARFORMAT2W characters = CharacterFormat(edit);
   if ((characters.dwMask & CFM_BACKCOLOR) != 0 && (characters.dwEffects & CFE_AUTOBACKCOLOR) == 0)
     style.back = {GetRValue(characters.crBackColor), GetGValue(characters.crBackColor),

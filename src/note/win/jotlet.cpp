@@ -7,6 +7,7 @@
 #include "note/win/find_strip.h"
 #include "note/win/picture_content.h"
 #include "note/win/text_content.h"
+#include "ui/screen.h"
 
 namespace jotlets {
 namespace {
@@ -26,18 +27,20 @@ BJotlet::BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr
       content_(MakeContent(record_, *this)) {}
 
 bool BJotlet::CreateWindowFor() {
-  skin_ = context_.skins.OfNote(record_.skin);
+  const std::int32_t dpi = DpiAt(BoundsFor(record_, {}).TopLeft());
+  skin_ = context_.skins.OfNote(record_.skin, dpi);
   if (record_.height == kNone && !IsShownRolled(record_, Rolling()))
     record_.height = context_.options.defaultHeight;
-  const Rect bounds = BoundsFor(record_, Rolling());
+  place_ = NotePlace(BoundsFor(record_, Rolling()), dpi);
   WindowStyle style{WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
-  PrepareShadow(bounds);
-  if (!Create(kJotletClass, Wide(shownTitle_), bounds, style)) return false;
+  view_.colour = record_.colour;
+  PrepareShadow();
+  if (!Create(kJotletClass, Wide(shownTitle_), place_.Shown(), style)) return false;
   content_->CreateIn(Handle(), ContentLook());
-  place_ = NotePlace(bounds, Dpi());
+  if (Dpi() != dpi && place_.ScaleChanged(Dpi())) skin_ = context_.skins.OfNote(record_.skin, Dpi());
   ApplySkin();
   return true;
 }
@@ -48,15 +51,15 @@ void BJotlet::PlaceByRecord() {
   if (record_.height == kNone && !IsShownRolled(record_, Rolling())) record_.height = HeightOfContent();
   const Rect bounds = BoundsFor(record_, Rolling());
   Size size{bounds.Width(), bounds.Height()};
-  const Size minimum = SmallestSize();
+  const Size minimum = SmallestUsualSize();
   size.width = std::max(size.width, minimum.width);
   if (!IsShownRolled(record_, Rolling())) size.height = std::max(size.height, minimum.height);
-  place_ = NotePlace(RectAt(bounds.TopLeft(), size), Dpi());
+  place_ = NotePlace(RectAt(bounds.TopLeft(), size), place_.Dpi());
   place_.MonitorsChanged(context_.screens);
   Place(place_.Shown());
 }
 
-RollSettings BJotlet::Rolling() const { return {RolledHeight(), context_.options.rolledHasAltPosition}; }
+RollSettings BJotlet::Rolling() const { return {UsualRolledHeight(), context_.options.rolledHasAltPosition}; }
 
 TextView BJotlet::LoadContent(std::string_view bytes) {
   const TextView fault = content_->Load(bytes);

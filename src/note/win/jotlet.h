@@ -181,6 +181,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnFocus(bool gained) override;
   void SyncPlace() override;
   void Place(const Rect& bounds) override;
+  void OnScaleChanged() override;
   void FillView() override;
   ScrollState Scrolled() const override;
   void Invalidate(const SkinView& before) override;

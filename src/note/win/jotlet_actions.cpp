@@ -17,7 +17,7 @@ bool BJotlet::SetRolled(bool rolled) {
 }
 
 std::int32_t BJotlet::GetJotletHeight() {
-  const auto known = jotlets::GetJotletHeight(record_, Bounds().Height(), Rolling());
+  const auto known = jotlets::GetJotletHeight(record_, place_.Chosen().Height(), Rolling());
   if (known) return *known;
   record_.height = HeightOfContent();
   Tell(JotletEvent::kHeightUnknown);
@@ -28,11 +28,12 @@ std::int32_t BJotlet::GetJotletHeight() {
 std::int32_t BJotlet::HeightOfContent() {
   SkinView whole = view_;
   whole.rolled = false;
-  whole.window = {record_.width, context_.options.defaultHeight};
+  whole.window = {Scaled(record_.width), Scaled(context_.options.defaultHeight)};
   const Rect area = TextArea(skin_->data, whole);
   content_->SetBounds(area);
-  return HeightFromContent(content_->Scrolled(area.Height()).range, area.top,
-                           whole.window.height - area.bottom);
+  const std::int32_t height =
+      HeightFromContent(content_->Scrolled(area.Height()).range, area.top, whole.window.height - area.bottom);
+  return MulDiv(height, kUsualDpi, place_.Dpi());
 }
 
 bool BJotlet::EditTitle() {
@@ -180,7 +181,7 @@ void BJotlet::ApplyProperties(const JotletData& wanted) {
   Record();
   if (wanted.width != record_.width || wanted.height != record_.height) {
     SetRolled(false);
-    SetSizeSafe({wanted.width, wanted.height});
+    SetSizeSafe({Scaled(wanted.width), Scaled(wanted.height)});
   }
   SetRolled(wanted.rolled);
   SetHidden(wanted.hidden);

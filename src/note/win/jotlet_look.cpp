@@ -32,8 +32,13 @@ void BJotlet::SetSkin(TextView name) {
 
 void BJotlet::RefreshSkin() {
   Record();
-  skin_ = context_.skins.OfNote(record_.skin);
+  skin_ = context_.skins.OfNote(record_.skin, place_.Dpi());
   PlaceByRecord();
+  ApplySkin();
+}
+
+void BJotlet::OnScaleChanged() {
+  skin_ = context_.skins.OfNote(record_.skin, place_.Dpi());
   ApplySkin();
 }
 
@@ -46,7 +51,7 @@ void BJotlet::FollowOptions() {
 
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
-  content_->SetBackground(PaperOf(colour));
+  content_->SetPaper(PaperOf(colour));
   UpdateView();
   Tell(JotletEvent::kChanged);
 }
@@ -133,6 +138,7 @@ SkinStates BJotlet::States() const {
   states.Set(SkinState::kRecurring, record_.sleep.recurring);
   states.Set(SkinState::kGhost, record_.ghost);
   states.Set(SkinState::kTitle, !shownTitle_.empty());
+  states.Set(SkinState::kOwnTitle, !record_.title.empty());
   states.Set(SkinState::kImage, record_.IsImage());
   states.Set(SkinState::kStang, record_.stang);
   states.Set(SkinState::kUser1, record_.user1);

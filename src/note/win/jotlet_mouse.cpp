@@ -4,7 +4,8 @@
 namespace jotlets {
 
 FramePart BJotlet::PartAt(Point at) const {
-  const FramePart part = HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled);
+  const FramePart part =
+      HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled, place_.Dpi());
   return context_.options.allowFixedSizing != 0 ? WithoutSizing(part) : part;
 }
 

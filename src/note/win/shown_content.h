@@ -53,6 +53,8 @@ class ShownContent : public NoteContent {
 
   virtual void SetLook(const Look&) {}
   virtual void SetBackground(Colour) {}
+  /// As `SetBackground`, for good: the ink of the text follows.
+  virtual void SetPaper(Colour) {}
   virtual void SetReadOnly(bool) {}
   virtual void Show(bool) {}
   /// `area` in client pixels of the note.

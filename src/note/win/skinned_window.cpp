@@ -5,6 +5,7 @@
 
 #include "note/snapping.h"
 #include "note/win/frame_cursor.h"
+#include "skin/skin_drawing.h"
 
 namespace jotlets {
 
@@ -28,22 +29,29 @@ LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_WINDOWPOSCHANGED: {
       // The default turns it into WM_SIZE.
       const LRESULT result = Default(message, wParam, lParam);
-      FollowWithShadow();
+      FollowWithShadow((reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_NOZORDER) == 0);
       return result;
     }
     case WM_SIZE: OnSize(); return 0;
     case WM_SETFOCUS: OnFocus(true); return 0;
     case WM_KILLFOCUS: OnFocus(false); return 0;
-    case WM_DPICHANGED:
-      // The place that the system suggests is passed over: computed from sizes that were rounded before, it
-      // would creep with every change.
-      SyncPlace();
-      if (place_.ScaleChanged(HIWORD(wParam))) Place(place_.Shown());
-      OnScaleChanged();
-      return 0;
+    case WM_DPICHANGED: FollowScale(HIWORD(wParam)); return 0;
     default: break;
   }
   return Default(message, wParam, lParam);
+}
+
+// The place that the system suggests is passed over: computed from sizes that were rounded before, it would
+// creep with every change.
+void SkinnedWindow::FollowScale(std::int32_t dpi) {
+  SyncPlace();
+  const bool resized = place_.ScaleChanged(dpi);
+  OnScaleChanged();
+  if (!resized) return;
+  const Size size{place_.Shown().Width(), place_.Shown().Height()};
+  // The rest of a drag that has brought it here goes on with the new size.
+  if (drag_ == Drag::kMoving) dragBounds_ = RectAt(dragBounds_.TopLeft(), size);
+  Place(place_.Shown());
 }
 
 LRESULT SkinnedWindow::OnPaint() {
@@ -97,7 +105,7 @@ void SkinnedWindow::OnMouseMove(Point at) {
 
 void SkinnedWindow::DragTo(Point offset) {
   const bool alt = IsHeld(VK_MENU);
-  const SnapSettings snap = SnapSettingsFrom(context_.options);
+  const SnapSettings snap = SnapSettingsFrom(context_.options, place_.Dpi());
   const SnapTargets targets{snapWindows_, context_.screens.monitors.Rects()};
   if (drag_ == Drag::kMoving) {
     const Rect moved = RectAt({dragBounds_.left + offset.x, dragBounds_.top + offset.y},
@@ -181,13 +189,13 @@ void SkinnedWindow::KeepOnTop(bool onTop) {
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-Size SkinnedWindow::SmallestSize() const {
+Size SkinnedWindow::SmallestSize(const SkinData& skin) const {
   const Rect& screen = context_.screens.virtualScreen;
-  return SmallestNoteSize(MinimumSize(skin_->data), {screen.Width(), screen.Height()});
+  return SmallestNoteSize(MinimumSize(skin), {screen.Width(), screen.Height()});
 }
 
-std::int32_t SkinnedWindow::RolledHeight() const {
-  return std::min(skin_->data.rolledHeight, context_.screens.virtualScreen.Height());
+std::int32_t SkinnedWindow::RolledHeight(const SkinData& skin) const {
+  return std::min(skin.rolledHeight, context_.screens.virtualScreen.Height());
 }
 
 void SkinnedWindow::UpdateView() {
@@ -207,7 +215,9 @@ void SkinnedWindow::UpdateView() {
   view_.thumb = {};
   if (scrollbar)
     view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
-  if (view_ != before) Invalidate(before);
+  if (view_ == before) return;
+  Invalidate(before);
+  if (view_.focus != before.focus || view_.colour != before.colour) FollowWithShadow();
 }
 
 Colour SkinnedWindow::PaperOf(Colour colour) const {
@@ -228,12 +238,28 @@ void SkinnedWindow::ApplyAlpha(BYTE alpha) {
   FollowWithShadow();
 }
 
-void SkinnedWindow::FollowWithShadow() {
-  const bool wanted = context_.options.shadows;
-  if (!wanted && shadow_.Handle() == nullptr) return;
+void SkinnedWindow::PrepareShadow() {
+  // Records may say anything, and no window becomes larger than all screens.
+  const Rect& screen = context_.screens.virtualScreen;
+  const Rect& bounds = place_.Shown();
+  const bool fits = bounds.Width() <= screen.Width() && bounds.Height() <= screen.Height();
+  if (context_.options.shadows && fits)
+    shadow_.Prepare(bounds.TopLeft(), Caster({bounds.Width(), bounds.Height()}));
+}
+
+ShadowCaster SkinnedWindow::Caster(Size window) const {
+  const SkinData& skin = skin_->data;
+  const std::int32_t radius = skin.region.size() == 1 ? skin.region[0].value : 0;
+  return {window, radius, EdgeColour(skin, view_), view_.focus, place_.Dpi()};
+}
+
+void SkinnedWindow::FollowWithShadow(bool orderChanged) {
+  if (!context_.options.shadows && shadow_.Handle() == nullptr) return;
+  if (!context_.options.shadows || IsWindowVisible(Handle()) == 0) return shadow_.Hide();
   BYTE alpha = 255;
   GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
-  shadow_.Follow(Handle(), wanted && IsWindowVisible(Handle()), alpha);
+  const Rect bounds = Bounds();
+  shadow_.Follow(Handle(), Caster({bounds.Width(), bounds.Height()}), alpha, orderChanged);
 }
 
 Point SkinnedWindow::ToClient(Point screen) const {

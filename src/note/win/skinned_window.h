@@ -28,13 +28,8 @@ class SkinnedWindow : public Window {
   const LoadedSkin& Skin() const { return *skin_; }
 
  protected:
-  /// To be called before the window is created that will have these bounds.
-  void PrepareShadow(const Rect& bounds) {
-    // Records may say anything, and no window becomes larger than all screens.
-    const Rect& screen = context_.screens.virtualScreen;
-    const bool fits = bounds.Width() <= screen.Width() && bounds.Height() <= screen.Height();
-    if (context_.options.shadows && fits) shadow_.Prepare(bounds);
-  }
+  /// To be called before the window is created, where its place is to be.
+  void PrepareShadow();
 
   /// What holds the mouse button: the frame, which moves or sizes the window, a button of the skin, or
   /// something in the content.
@@ -80,7 +75,8 @@ class SkinnedWindow : public Window {
   /// Brings the place up to date with where the window is.
   virtual void SyncPlace() = 0;
   virtual void Place(const Rect& bounds);
-  virtual void OnScaleChanged() {}
+  /// The window has come to another scale, `place_.Dpi()`, and is to have its skin.
+  virtual void OnScaleChanged() = 0;
 
   /// Fills in what of the view is the window's own: all but size, mouse and scroll bar.
   virtual void FillView() = 0;
@@ -93,16 +89,21 @@ class SkinnedWindow : public Window {
   void ApplyRegion();
   /// How opaque the window is, 255 for all of it, and what colour of the skin is see-through.
   void ApplyAlpha(BYTE alpha);
-  void FollowWithShadow();
+  void FollowWithShadow(bool orderChanged = false);
   bool PlaceOnScreens(const MonitorSetup& screens);
   /// Before other windows, and before all that are not always on top if it is one of these.
   void Raise(bool onTop);
   void KeepOnTop(bool onTop);
-  /// The smallest size that the skin and the screens allow.
-  Size SmallestSize() const;
+  /// The skin for the usual scale, for which records give sizes.
+  const SkinData& UsualSkin() const { return skin_->usual ? skin_->usual->data : skin_->data; }
+  std::int32_t Scaled(std::int32_t length) const { return ScaledLength(length, place_.Dpi()); }
+  /// The smallest size that the skin and the screens allow; the other is for the usual scale.
+  Size SmallestSize() const { return SmallestSize(skin_->data); }
+  Size SmallestUsualSize() const { return SmallestSize(UsualSkin()); }
   /// The size brought up to `minimum`, which is logged when that changes it.
   Size LogSafeSize(Size size, Size minimum) const;
-  std::int32_t RolledHeight() const;
+  std::int32_t RolledHeight() const { return RolledHeight(skin_->data); }
+  std::int32_t UsualRolledHeight() const { return RolledHeight(UsualSkin()); }
   /// From here on the window follows the mouse, whose button is held.
   void BeginMove(Point mouse);
   /// The mouse has put the window elsewhere.
@@ -129,6 +130,10 @@ class SkinnedWindow : public Window {
   std::optional<Point> menuAsked_;  // where on the screen the mouse, if it was that, has asked for a menu
 
  private:
+  Size SmallestSize(const SkinData& skin) const;
+  std::int32_t RolledHeight(const SkinData& skin) const;
+  void FollowScale(std::int32_t dpi);
+  ShadowCaster Caster(Size window) const;
   LRESULT OnPaint();
   void OnButtonDown(Point at);
   void OnMouseMove(Point at);

@@ -118,6 +118,10 @@ void TextContent::SetBackground(Colour colour) {
   if (edit_.Handle() != nullptr) edit_.SetBackground(colour);
 }
 
+void TextContent::SetPaper(Colour colour) {
+  if (edit_.Handle() != nullptr) edit_.SetPaper(colour);
+}
+
 void TextContent::SetReadOnly(bool readOnly) {
   if (edit_.Handle() != nullptr) edit_.SetReadOnly(readOnly);
 }

@@ -36,6 +36,7 @@ class TextContent final : public ShownContent {
   bool TakesPresses() const override { return true; }
   void SetLook(const Look& look) override;
   void SetBackground(Colour colour) override;
+  void SetPaper(Colour colour) override;
   void SetReadOnly(bool readOnly) override;
   void Show(bool shown) override;
   void SetBounds(const Rect& area) override;

@@ -3,23 +3,16 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "note/edit_facts.h"
+#include "note/ink.h"
 #include "skin/skin_layout.h"
 #include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
+// Pixels at the usual scale.
 constexpr std::int32_t kThumbWidth = 3;
 constexpr std::int32_t kMinThumb = 12;
-// What shows on light paper, and on dark.
-struct Inks {
-  Colour ink;
-  Colour pale;
-  Colour hot;  // behind the row under the mouse
-};
-constexpr Inks kOnLight{{32, 32, 32}, {110, 110, 110}, {204, 228, 247}};
-constexpr Inks kOnDark{{240, 240, 240}, {176, 176, 176}, {52, 84, 112}};
 constexpr Colour kFrame{140, 140, 140};
 constexpr Colour kDropTarget{0, 117, 199};
 
@@ -34,8 +27,6 @@ void Frame(HDC dc, const Rect& area, Colour colour) {
   const RECT rect = ToRECT(area);
   FrameRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
-
-const Inks& InksOn(Colour paper) { return IsDarkPaper(paper) ? kOnDark : kOnLight; }
 
 Colour Mixed(Colour a, Colour b) {
   const auto half = [](int x, int y) { return static_cast<std::uint8_t>((x + y) / 2); };
@@ -61,33 +52,62 @@ void MemberListInlay::Draw(HDC dc) const {
   Frame(dc, {area.left + 1, area.top + 1, area.right - 1, area.bottom - 1}, kDropTarget);
 }
 
+// How wide the colour of the note is, and how far it stays from the upper and lower edge of its row.
+Size MemberListInlay::SwatchOf(std::int32_t height) const {
+  if (!look_.bars) return {height - Scaled(8), Scaled(4)};
+  return {Scaled(4), Scaled(7)};
+}
+
+// An eye, as lines: the note can be seen on the desktop.
+void MemberListInlay::DrawEye(HDC dc, const Rect& row, Colour ink) const {
+  const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, Scaled(1), ToCOLORREF(ink)));
+  const Selected selected(dc, pen.get());
+  const Selected hollow(dc, static_cast<HBRUSH>(GetStockObject(NULL_BRUSH)));
+  const int x = row.right - Scaled(15);
+  const int y = row.top + row.Height() / 2;
+  const int half = Scaled(6);
+  const int high = Scaled(5);
+  const POINT lids[] = {{x - half, y}, {x - half / 2, y - high}, {x + half / 2, y - high},
+                        {x + half, y}, {x + half / 2, y + high}, {x - half / 2, y + high},
+                        {x - half, y}};
+  PolyBezier(dc, lids, static_cast<DWORD>(std::size(lids)));
+  const int pupil = Scaled(2);
+  Ellipse(dc, x - pupil, y - pupil, x + pupil + 1, y + pupil + 1);
+}
+
 void MemberListInlay::DrawRow(HDC dc, std::size_t row) const {
   const StackMember& member = members_[row];
   const Rect rect = list_.RowRect(row);
-  const Inks& inks = InksOn(look_.paper);
   const bool shown = member.state == MemberState::kShown;
-  if (look_.hot == row) Fill(dc, rect, inks.hot);
-  const std::int32_t side = list_.rowHeight - 8;
-  const Rect swatch = RectAt({rect.left + 4, rect.top + 4}, {side, side});
-  Fill(dc, swatch, shown ? member.colour : Mixed(member.colour, {255, 255, 255}));
-  Frame(dc, swatch, shown ? kFrame : Mixed(kFrame, {255, 255, 255}));
+  const Colour ground = look_.hot == row ? Shaded(look_.paper, 9) : look_.paper;
+  if (look_.hot == row) Fill(dc, rect, ground);
+  const Size swatchSize = SwatchOf(list_.rowHeight);
+  const Rect swatch{rect.left + Scaled(4), rect.top + swatchSize.height,
+                    rect.left + Scaled(4) + swatchSize.width, rect.bottom - swatchSize.height};
+  const bool plain = shown || look_.bars;
+  Fill(dc, swatch, plain ? member.colour : Mixed(member.colour, {255, 255, 255}));
+  Frame(dc, swatch, look_.bars ? Shaded(member.colour, 30) : plain ? kFrame : Mixed(kFrame, {255, 255, 255}));
   const Selected font(dc, member.state == MemberState::kAway ? look_.awayFont : look_.font);
-  SetTextColor(dc, ToCOLORREF(shown ? inks.ink : inks.pale));
-  RECT words{swatch.right + 6, rect.top, rect.right - kThumbWidth - 2, rect.bottom};
+  const Colour ink = InkOn(ground);
+  SetTextColor(dc, ToCOLORREF(shown || look_.bars ? ink : QuietInk(ground)));
+  const std::int32_t end = look_.bars ? Scaled(28) : Scaled(kThumbWidth) + 2;
+  RECT words{swatch.right + Scaled(look_.bars ? 12 : 6), rect.top, rect.right - end, rect.bottom};
   const Text title = OneLine(member.title);
   DrawTextW(dc, Wide(title), static_cast<int>(title.size()), &words,
             DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+  if (look_.bars && shown) DrawEye(dc, rect, QuietInk(ground));
   if (look_.selected == row) {
     const RECT focus = ToRECT(rect);
-    SetTextColor(dc, ToCOLORREF(inks.ink));
+    SetTextColor(dc, ToCOLORREF(ink));
     DrawFocusRect(dc, &focus);
   }
 }
 
 void MemberListInlay::DrawHint(HDC dc) const {
   const Selected font(dc, look_.awayFont);
-  SetTextColor(dc, ToCOLORREF(InksOn(look_.paper).pale));
-  RECT words{list_.area.left + 4, list_.area.top + 4, list_.area.right - 4, list_.area.bottom};
+  SetTextColor(dc, ToCOLORREF(QuietInk(look_.paper)));
+  RECT words{list_.area.left + Scaled(4), list_.area.top + Scaled(4), list_.area.right - Scaled(4),
+             list_.area.bottom};
   DrawTextW(dc, Wide(hint_), static_cast<int>(hint_.size()), &words, DT_WORDBREAK | DT_NOPREFIX);
 }
 
@@ -95,8 +115,9 @@ void MemberListInlay::DrawHint(HDC dc) const {
 void MemberListInlay::DrawThumb(HDC dc) const {
   const ScrollState scroll{list_.scroll, list_.area.Height(), list_.Height()};
   if (scroll.range <= scroll.page) return;
-  const Rect track{list_.area.right - kThumbWidth, list_.area.top, list_.area.right, list_.area.bottom};
-  Fill(dc, ScrollThumb(track, kMinThumb, scroll), kFrame);
+  const Rect track{list_.area.right - Scaled(kThumbWidth), list_.area.top, list_.area.right,
+                   list_.area.bottom};
+  Fill(dc, ScrollThumb(track, Scaled(kMinThumb), scroll), kFrame);
 }
 
 }  // namespace jotlets

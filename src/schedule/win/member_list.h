@@ -15,6 +15,8 @@ struct MemberListLook {
   std::optional<std::size_t> hot;       // the row under the mouse
   std::optional<std::size_t> selected;  // by the keyboard
   bool dropTarget = false;
+  std::int32_t dpi = kUsualDpi;
+  bool bars = false;  // the colour of a note is a bar, and what is on the desktop bears a mark
 };
 
 /// A row for each note: its colour and its title, paler when it is hidden. Rows that the area cuts are drawn
@@ -28,6 +30,9 @@ class MemberListInlay final : public SkinInlay {
   void Draw(HDC dc) const override;
 
  private:
+  std::int32_t Scaled(std::int32_t length) const { return ScaledLength(length, look_.dpi); }
+  Size SwatchOf(std::int32_t height) const;
+  void DrawEye(HDC dc, const Rect& row, Colour ink) const;
   void DrawRow(HDC dc, std::size_t row) const;
   void DrawHint(HDC dc) const;
   void DrawThumb(HDC dc) const;

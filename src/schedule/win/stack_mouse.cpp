@@ -14,7 +14,7 @@ constexpr std::int32_t kRowsPerNotch = 3;
 // What of the list is no row takes hold of the stack, like its frame.
 FramePart BStackDlg::PartAt(Point at) const {
   if (List().RowAt(at)) return FramePart::kContent;
-  const FramePart part = HitTestFrame(at, view_.window, {}, view_.rolled);
+  const FramePart part = HitTestFrame(at, view_.window, {}, view_.rolled, place_.Dpi());
   return part == FramePart::kContent ? FramePart::kMove : part;
 }
 

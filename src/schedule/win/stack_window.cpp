@@ -5,12 +5,12 @@
 #include "base/win/wide.h"
 #include "note/text_style.h"
 #include "schedule/win/member_list.h"
+#include "ui/screen.h"
 
 namespace jotlets {
 namespace {
 
 constexpr std::int32_t kRowPadding = 8;
-constexpr std::int32_t kUsualDpi = 96;
 
 // What the skin's placeholders say of a stack.
 class StackWords final : public SkinWords {
@@ -31,18 +31,19 @@ class StackWords final : public SkinWords {
 }  // namespace
 
 bool BStackDlg::CreateWindowFor() {
-  skin_ = context_.skins.OfStack({});
-  const Size minimum = SmallestSize();
-  const bool rolled = IsStackRolled(record_.height, RolledHeight());
+  const std::int32_t dpi = DpiAt({record_.x, record_.y});
+  skin_ = context_.skins.OfStacks(dpi);
+  const Size minimum = SmallestUsualSize();
+  const bool rolled = IsStackRolled(record_.height, UsualRolledHeight());
   const Size size{std::max(record_.width, minimum.width),
-                  rolled ? RolledHeight() : std::max(record_.height, minimum.height)};
-  const Rect bounds = RectAt({record_.x, record_.y}, size);
+                  rolled ? UsualRolledHeight() : std::max(record_.height, minimum.height)};
+  place_ = NotePlace(RectAt({record_.x, record_.y}, size), dpi);
   WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
-  PrepareShadow(bounds);
-  if (!Create(kStackClass, Wide(record_.title), bounds, style)) return false;
+  PrepareShadow();
+  if (!Create(kStackClass, Wide(record_.title), place_.Shown(), style)) return false;
   view_.rolled = rolled;
-  place_ = NotePlace(bounds, Dpi());
+  if (Dpi() != dpi && place_.ScaleChanged(Dpi())) skin_ = context_.skins.OfStacks(Dpi());
   ApplySkin();
   ShowOnScreens(context_.screens);
   return true;
@@ -98,9 +99,9 @@ void BStackDlg::SetRolled(bool rolled) {
   if (rolled == view_.rolled || RolledHeight() <= 0) return;
   SyncPlace();
   Rect bounds = place_.Shown();
-  if (rolled) unrolledHeight_ = bounds.Height();
+  if (rolled) unrolledHeight_ = place_.Chosen().Height();
   const std::int32_t open =
-      std::max(unrolledHeight_ > 0 ? unrolledHeight_ : HeightForList(), SmallestSize().height);
+      std::max(unrolledHeight_ > 0 ? Scaled(unrolledHeight_) : HeightForList(), SmallestSize().height);
   view_.rolled = rolled;
   bounds.bottom = Saturated(std::int64_t{bounds.top} + (rolled ? RolledHeight() : open));
   Place(bounds);
@@ -116,7 +117,7 @@ void BStackDlg::SetDropTarget(bool target) {
 }
 
 void BStackDlg::RefreshSkin() {
-  skin_ = context_.skins.OfStack({});
+  skin_ = context_.skins.OfStacks(place_.Dpi());
   ApplySkin();
 }
 
@@ -176,6 +177,8 @@ void BStackDlg::Draw(HDC dc, const Rect& part) {
   look.hot = hotRow_;
   look.selected = hasFocus_ ? selectedRow_ : std::nullopt;
   look.dropTarget = dropTarget_;
+  look.dpi = place_.Dpi();
+  look.bars = skin_->data.rowHeight > 0;
   const Text hint = members_.empty() ? owner_.EmptyHint() : Text();
   const MemberListInlay inlay(List(), members_, look, hint);
   context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, &inlay);
@@ -218,8 +221,9 @@ void BStackDlg::SyncPlace() {
   place_.Choose(bounds);
   record_.x = bounds.left;
   record_.y = bounds.top;
-  if (bounds.Width() != before.Width()) record_.width = bounds.Width();
-  if (bounds.Height() != before.Height()) record_.height = bounds.Height();
+  const Rect& now = place_.Chosen();
+  if (now.Width() != before.Width()) record_.width = now.Width();
+  if (now.Height() != before.Height()) record_.height = now.Height();
 }
 
 void BStackDlg::Changed() {
@@ -244,7 +248,7 @@ void BStackDlg::MakeFonts() {
                               : style.height < 0 ? -style.height
                                                  : style.height;
   LOGFONTW logical{};
-  logical.lfHeight = -MulDiv(std::min(height, 4 * kUsualHeight), Dpi(), kUsualDpi);
+  logical.lfHeight = -Scaled(std::min(height, 4 * kUsualHeight));
   logical.lfWeight = style.weight;
   logical.lfCharSet = DEFAULT_CHARSET;
   logical.lfQuality = CLEARTYPE_QUALITY;
@@ -253,7 +257,7 @@ void BStackDlg::MakeFonts() {
   font_.reset(CreateFontIndirectW(&logical));
   logical.lfItalic = TRUE;
   awayFont_.reset(CreateFontIndirectW(&logical));
-  rowHeight_ = -logical.lfHeight + MulDiv(kRowPadding, Dpi(), kUsualDpi);
+  rowHeight_ = std::max<std::int32_t>(-logical.lfHeight + Scaled(kRowPadding), skin_->data.rowHeight);
 }
 
 void BStackDlg::FillView() {
@@ -262,6 +266,7 @@ void BStackDlg::FillView() {
   const auto any = [this](auto is) { return std::any_of(members_.begin(), members_.end(), is); };
   view_.states.Set(SkinState::kOnTop, record_.onTop);
   view_.states.Set(SkinState::kTitle, !record_.title.empty());
+  view_.states.Set(SkinState::kOwnTitle, !record_.title.empty());
   view_.states.Set(SkinState::kAlarm, any([](const StackMember& m) { return m.alarm; }));
   view_.states.Set(SkinState::kInStack,
                    any([](const StackMember& m) { return m.state == MemberState::kShown; }));

@@ -77,7 +77,7 @@ class BStackDlg final : public SkinnedWindow {
   void OnSize() override;
   void OnFocus(bool gained) override;
   void SyncPlace() override;
-  void OnScaleChanged() override { MakeFonts(); }
+  void OnScaleChanged() override { RefreshSkin(); }
   void FillView() override;
   ScrollState Scrolled() const override;
 
@@ -101,7 +101,7 @@ class BStackDlg final : public SkinnedWindow {
   UniqueFont awayFont_;
   std::int32_t rowHeight_ = 1;
   std::int32_t scroll_ = 0;
-  std::int32_t unrolledHeight_ = 0;  // 0: not known
+  std::int32_t unrolledHeight_ = 0;  // at the usual scale; 0: not known
   bool dropTarget_ = false;
   std::optional<std::size_t> hotRow_;       // under the mouse
   std::optional<std::size_t> selectedRow_;  // by the keyboard

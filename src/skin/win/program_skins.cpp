@@ -6,11 +6,40 @@
 
 namespace jotlets {
 
+namespace {
+
+// A sheet and, under the numbers from `scaled` on, those for larger scales.
+BuiltInPart PartOf(const Resources& resources, UINT text, UINT sheet, UINT scaled) {
+  BuiltInPart part{resources.Bytes(text), resources.Bytes(sheet), {}};
+  for (const SheetScale& scale : kSheetScales)
+    part.sheets.push_back({scale.percent, resources.Bytes(scaled++), {}});
+  return part;
+}
+
+std::vector<BuiltInSkin> BuiltInSkins(const Resources& resources) {
+  const auto part = [&](UINT text, UINT sheet, UINT scaled) {
+    return PartOf(resources, text, sheet, scaled);
+  };
+  // Its texts, then the one sheet of them all.
+  enum PaperText : UINT { kNote, kStack, kLarge, kBare, kSheet };
+  const auto paper = [&](PaperText text) {
+    return part(IDR_PAPER + text, IDR_PAPER + kSheet, IDR_PAPER + kSheet + 1);
+  };
+  const auto alone = [&](UINT text) { return part(text, text + 1, text + 2); };
+  return {{u"Jotlets", part(IDR_SKIN_TEXT, IDR_SKIN_SHEET, IDR_SKIN_SHEETS),
+           part(IDR_STACK_TEXT, IDR_STACK_SHEET, IDR_STACK_SHEETS)},
+          {Text(kPaperSkin), paper(kNote), paper(kStack)},
+          {u"Large", paper(kLarge), paper(kStack)},
+          {u"Bare", paper(kBare), paper(kStack)},
+          {u"Midnight", alone(IDR_MIDNIGHT), {}},
+          {u"Plain", alone(IDR_PLAIN), {}}};
+}
+
+}  // namespace
+
 void ProgramSkins::Open(TextView dataFolder) {
   folder_ = Text(dataFolder) + Text(kSkinsFolder);
-  library_.emplace(SkinFolder{files_, ansi_, log_, folder_},
-                   BuiltInSkin{resources_.Bytes(IDR_SKIN_TEXT), resources_.Bytes(IDR_SKIN_SHEET)},
-                   BuiltInSkin{resources_.Bytes(IDR_STACK_TEXT), resources_.Bytes(IDR_STACK_SHEET)});
+  library_.emplace(SkinFolder{files_, ansi_, log_, folder_}, BuiltInSkins(resources_));
 }
 
 void ProgramSkins::SetDefault(TextView nameOrPath) {
@@ -25,11 +54,22 @@ void ProgramSkins::SetDefault(TextView nameOrPath) {
   }
 }
 
-std::shared_ptr<const LoadedSkin> ProgramSkins::OfNote(TextView name) {
-  if (name.empty() && defaultFile_) return defaultFile_;
+std::shared_ptr<const LoadedSkin> ProgramSkins::OfNote(TextView name, std::int32_t dpi) {
+  if (name.empty() && defaultFile_) return library_->Scaled(defaultFile_, dpi);
+  return library_->Get(Wanted(name), false, dpi);
+}
+
+TextView ProgramSkins::Wanted(TextView name) {
   const TextView wanted = name.empty() ? TextView(default_) : name;
-  const std::shared_ptr<const LoadedSkin> builtIn = library_->Get({}, false);
-  return EqualIgnoreCase(wanted, builtIn->data.skinName) ? builtIn : library_->Get(wanted, false);
+  return EqualIgnoreCase(wanted, library_->Get({}, false)->data.skinName) ? TextView() : wanted;
+}
+
+std::shared_ptr<const LoadedSkin> ProgramSkins::OfStacks(std::int32_t dpi) {
+  const std::shared_ptr<const LoadedSkin> ofNotes = OfNote({});
+  // Of skins in the folder, only packages hold both.
+  const bool both = ofNotes->path.empty() || HasExtension(ofNotes->path, u".jsk");
+  const bool own = !defaultFile_ && both && !ofNotes->data.stackFileName.empty();
+  return library_->Get(own ? Wanted({}) : TextView(), true, dpi);
 }
 
 bool ProgramSkins::IsThere(TextView name) {

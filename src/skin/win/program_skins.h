@@ -14,6 +14,9 @@
 
 namespace jotlets {
 
+/// The skin of a fresh installation.
+inline constexpr TextView kPaperSkin = u"Paper";
+
 class ProgramSkins {
  public:
   ProgramSkins(const Resources& resources, const Files& files, const CodePage& ansi, Log& log)
@@ -25,9 +28,9 @@ class ProgramSkins {
   /// one.
   void SetDefault(TextView nameOrPath);
 
-  /// The skin of a note: the one it names, or the default. The name that the built-in skin gives itself asks
-  /// for that one. A note names no paths: its record may come from anywhere.
-  std::shared_ptr<const LoadedSkin> OfNote(TextView name);
+  /// The skin of a note, for so many dots per inch: the one it names, or the default. The name that the
+  /// built-in skin gives itself asks for that one. A note names no paths: its record may come from anywhere.
+  std::shared_ptr<const LoadedSkin> OfNote(TextView name, std::int32_t dpi = kUsualDpi);
   /// Whether a note that names this skin is shown in it; an empty name is the default one.
   bool IsThere(TextView name);
   /// Copies a package or a loose skin, given by its full path, into the skins folder, unless it lies there
@@ -37,13 +40,16 @@ class ProgramSkins {
   /// The file of the default skin; empty for the built-in one.
   Text DefaultPath() { return OfNote({})->path; }
 
-  std::shared_ptr<const LoadedSkin> OfStack(TextView name) { return library_->Get(name, true); }
+  /// The skin of stacks: the one that the default skin comes with, or the built-in one.
+  std::shared_ptr<const LoadedSkin> OfStacks(std::int32_t dpi);
 
   SkinLibrary& Library() { return *library_; }
   SkinRenderer& Renderer() { return renderer_; }
   const Text& Folder() const { return folder_; }
 
  private:
+  // The name that the library knows the skin by.
+  TextView Wanted(TextView name);
   SkinFolder Reading() const { return {files_, ansi_, log_, folder_}; }
 
   const Resources& resources_;

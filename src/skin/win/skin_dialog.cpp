@@ -32,17 +32,15 @@ Text About(const SkinSummary& skin) {
   return about;
 }
 
-SkinSummary Summary(const SkinData& skin) {
-  return {skin.skinName, skin.skinName, skin.notes, skin.authorName, skin.authorEmail, skin.authorUrl, false};
-}
-
 }  // namespace
 
 BSkinDlg::BSkinDlg(const Resources& resources, ProgramSkins& skins, TextView name, Colour colour)
     : resources_(resources), skins_(skins), colour_(colour) {
   // What is in the folder now counts, not what it was at the first look.
   skins_.Library().Forget();
-  listed_.push_back(Summary(skins_.Library().Get({}, false)->data));
+  const SkinData& first = skins_.Library().Get({}, false)->data;
+  listed_.push_back(SummaryOf(first.skinName, first));
+  listed_.back().isBuiltIn = true;
   for (SkinSummary& skin : skins_.Library().List()) {
     if (!skin.isStack) listed_.push_back(std::move(skin));
   }
@@ -63,8 +61,7 @@ void BSkinDlg::OnInit() {
   const HWND list = Item(IDC_SKIN_LIST);
   for (const SkinSummary& skin : listed_) {
     const Text name = skin.skinName.empty() ? skin.name : skin.skinName;
-    const Text line =
-        &skin == &listed_.front() ? ReplaceAll(resources_.String(IDS_SKIN_BUILT_IN), u"%s", name) : name;
+    const Text line = skin.isBuiltIn ? ReplaceAll(resources_.String(IDS_SKIN_BUILT_IN), u"%s", name) : name;
     SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(line)));
   }
   SendMessageW(list, LB_SETCURSEL, first_, 0);
@@ -80,7 +77,7 @@ const SkinSummary* BSkinDlg::Selected() const {
 void BSkinDlg::ShowSelected() {
   const SkinSummary* skin = Selected();
   if (skin == nullptr) return;
-  shown_ = skins_.OfNote(skin->name);
+  shown_ = skins_.OfNote(skin->name, static_cast<std::int32_t>(GetDpiForWindow(Handle())));
   SetDlgItemTextW(Handle(), IDC_SKIN_ABOUT, Wide(About(*skin)));
   InvalidateRect(Item(IDC_SKIN_PREVIEW), nullptr, FALSE);
 }
@@ -109,6 +106,7 @@ void BSkinDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   view.focus = true;
   view.mouseOver = true;
   view.states.Set(SkinState::kTitle, true);
+  view.states.Set(SkinState::kOwnTitle, true);
   SetViewportOrgEx(item.hDC, kPreviewMargin, kPreviewMargin, nullptr);
   const UniqueGdi<HRGN> region(MakeSkinRegion(shown_->data, view.window));
   if (region) {

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::int32_t kGrowth = 64;  // windows are sized a pixel at a time, the buffer is not
 constexpr std::int32_t kPointsPerInch = 72;
-constexpr std::int32_t kPixelsPerInch = 96;  // a skin's pixels and points keep their proportion
 constexpr std::int32_t kDefaultPoint = 8;
 constexpr std::size_t kMaxFonts = 64;
 
@@ -43,13 +42,14 @@ UINT AlignmentOf(TextAlignment alignment) {
 
 class SkinRenderer::TextSetter final : public SkinTextSetter {
  public:
-  TextSetter(SkinRenderer& renderer, Colour paper) : renderer_(renderer), paper_(paper) {}
+  TextSetter(SkinRenderer& renderer, Colour paper, std::int32_t dpi)
+      : renderer_(renderer), paper_(paper), dpi_(dpi) {}
 
-  void SetText(const SkinElement& element, const Rect& area, const Text& words) override {
+  void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour ink) override {
     if (words.empty() || area.Width() <= 0 || area.Height() <= 0) return;
     const HDC dc = renderer_.memory_.get();
-    const Selected font(dc, renderer_.FontOf(element));
-    SetTextColor(dc, ToCOLORREF(element.colour));
+    const Selected font(dc, renderer_.FontOf(element, dpi_));
+    SetTextColor(dc, ToCOLORREF(ink));
     SetBkMode(dc, element.format.transparent ? TRANSPARENT : OPAQUE);
     SetBkColor(dc, ToCOLORREF(paper_));
     const Text shown = InCase(words, element.setCase);
@@ -63,6 +63,7 @@ class SkinRenderer::TextSetter final : public SkinTextSetter {
  private:
   SkinRenderer& renderer_;
   Colour paper_;
+  std::int32_t dpi_;
 };
 
 void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, const SkinView& view,
@@ -72,7 +73,7 @@ void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, c
   GdiFlush();
   Canvas canvas(pixels_, view.window, static_cast<std::size_t>(size_.width) * 4);
   canvas.SetClip(part);
-  TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper));
+  TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper), skin.data.dpi);
   DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
   if (inlay != nullptr) inlay->Draw(memory_.get());
   BitBlt(screen, part.left, part.top, part.Width(), part.Height(), memory_.get(), part.left, part.top,
@@ -102,15 +103,18 @@ bool SkinRenderer::Provide(HDC screen, Size size) {
   return true;
 }
 
-HFONT SkinRenderer::FontOf(const SkinElement& element) {
+HFONT SkinRenderer::FontOf(const SkinElement& element, std::int32_t dpi) {
   const TextFormat& format = element.format;
   const std::int32_t point = element.point > 0 ? element.point : kDefaultPoint;
   // Skins that are tried out one after another leave fonts behind.
   if (fonts_.size() > kMaxFonts) fonts_.clear();
-  UniqueFont& font = fonts_[{element.font, point, format.bold, format.italic, format.underline, format.noAa}];
+  // A skin's pixels and points keep their proportion.
+  const std::int32_t height = MulDiv(point, dpi, kPointsPerInch);
+  UniqueFont& font =
+      fonts_[{element.font, height, format.bold, format.italic, format.underline, format.noAa}];
   if (!font) {
     LOGFONTW logical{};
-    logical.lfHeight = -MulDiv(point, kPixelsPerInch, kPointsPerInch);
+    logical.lfHeight = -height;
     logical.lfWeight = format.bold ? FW_BOLD : FW_NORMAL;
     logical.lfItalic = format.italic;
     logical.lfUnderline = format.underline;
@@ -122,14 +126,28 @@ HFONT SkinRenderer::FontOf(const SkinElement& element) {
   return font.get();
 }
 
+namespace {
+
+// The system's own rounding differs from one version to the next, and the shadow has to fit.
+HRGN MakeRoundRegion(Size window, std::int32_t radius) {
+  radius = std::clamp(radius, 0, std::min(window.width, window.height) / 2);
+  if (radius == 0) return nullptr;
+  const HRGN region = CreateRectRgn(0, radius, window.width, window.height - radius);
+  for (std::int32_t row = 0; row < radius; ++row) {
+    const std::int32_t inset = CornerInset(radius, row);
+    for (const std::int32_t top : {row, window.height - 1 - row}) {
+      const UniqueGdi<HRGN> line(CreateRectRgn(inset, top, window.width - inset, top + 1));
+      CombineRgn(region, region, line.get(), RGN_OR);
+    }
+  }
+  return region;
+}
+
+}  // namespace
+
 HRGN MakeSkinRegion(const SkinData& skin, Size window) {
   const CoordinateSpace space{window, {}};
-  if (skin.region.size() == 1) {
-    const std::int32_t diameter = 2 * std::clamp(skin.region[0].value, 0, kLongestLength);
-    if (diameter == 0) return nullptr;
-    // The system leaves the last column and row of a rounded rectangle out.
-    return CreateRoundRectRgn(0, 0, window.width + 1, window.height + 1, diameter, diameter);
-  }
+  if (skin.region.size() == 1) return MakeRoundRegion(window, skin.region[0].value);
   if (skin.region.size() < 6 || skin.region.size() % 2 != 0) return nullptr;
   std::vector<POINT> points;
   for (std::size_t at = 0; at < skin.region.size(); at += 2)

@@ -42,7 +42,7 @@ class SkinRenderer {
   using FontKey = std::tuple<Text, std::int32_t, bool, bool, bool, bool>;
 
   bool Provide(HDC screen, Size size);
-  HFONT FontOf(const SkinElement& element);
+  HFONT FontOf(const SkinElement& element, std::int32_t dpi);
 
   UniqueDc memory_;
   UniqueBitmap bitmap_;

@@ -1,0 +1,190 @@
+// What is written on notes can be read: every skin that comes with the program, but for the two whose colours
+// are given once and for all, on every paper and in every state, as it is drawn.
+#include "note/ink.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "data/rtf_ink.h"
+#include "fakes.h"
+#include "note/papers.h"
+#include "skin/skin_drawing.h"
+#include "skin/skin_layout.h"
+#include "skin/skin_text.h"
+
+namespace jotlets {
+namespace {
+
+std::vector<Colour> Papers() {
+  std::vector<Colour> papers(kPapers.begin(), kPapers.end());
+  for (const Colour own : {Colour{255, 255, 255}, Colour{0, 0, 0}, Colour{72, 104, 152}, Colour{0, 160, 160}})
+    papers.push_back(own);
+  return papers;
+}
+
+TEST(Ink, CanBeReadOnEveryColour) {
+  for (int at = 0; at < 16 * 16 * 16; ++at) {
+    const auto channel = [at](int shift) { return static_cast<std::uint8_t>((at >> shift & 15) * 17); };
+    const Colour paper{channel(8), channel(4), channel(0)};
+    ASSERT_GE(Contrast(InkOn(paper), paper), 4.5) << at;
+    ASSERT_GE(Contrast(QuietInk(paper), paper), 4.5) << at;
+    ASSERT_GE(Contrast(AccentOn(paper), paper), 3) << at;
+  }
+  EXPECT_NEAR(Contrast({255, 255, 255}, {0, 0, 0}), 21, 0.01);
+  EXPECT_EQ(InkOn({43, 43, 43}), kLightInk);
+  EXPECT_NEAR(Contrast(TitleInk({240, 229, 173}), {240, 229, 173}), 7.2, 0.2);
+  const Colour title = TitleInk({195, 216, 240});
+  EXPECT_TRUE(title.b > title.g && title.g > title.r) << "a blue bar has a blue title";
+}
+
+class Pixels {
+ public:
+  explicit Pixels(Size size) : size_(size), bytes_(static_cast<std::size_t>(size.width * size.height) * 4) {}
+  Canvas MakeCanvas() { return {bytes_.data(), size_, static_cast<std::size_t>(size_.width) * 4}; }
+  Colour At(std::int32_t x, std::int32_t y) const {
+    const std::uint8_t* pixel = &bytes_[static_cast<std::size_t>(y * size_.width + x) * 4];
+    return {pixel[2], pixel[1], pixel[0]};
+  }
+
+ private:
+  Size size_;
+  std::vector<std::uint8_t> bytes_;
+};
+
+struct Least {
+  double title = 21;
+  double rest = 21;
+};
+
+class NoWords final : public SkinWords {
+ public:
+  std::optional<Text> Find(TextView) const override { return Text(u"x"); }
+};
+
+// Compares the ink of each text with what lies behind its letters: the middle half of its area.
+class TextContrasts final : public SkinTextSetter {
+ public:
+  TextContrasts(const Pixels& pixels, Size size, Least& least)
+      : pixels_(pixels), size_(size), least_(least) {}
+  void SetText(const SkinElement& element, const Rect& area, const Text&, Colour ink) override {
+    const bool title = element.text == u"%TITLE%" || (element.text == u"%STACKNAME%" && element.format.bold);
+    double& least = title ? least_.title : least_.rest;
+    for (std::int32_t y = area.top + area.Height() / 4; y < area.bottom - area.Height() / 4; ++y) {
+      for (std::int32_t x = std::max(area.left, 0); x < std::min(area.right, size_.width); ++x)
+        if (y >= 0 && y < size_.height) least = std::min(least, Contrast(ink, pixels_.At(x, y)));
+    }
+  }
+
+ private:
+  const Pixels& pixels_;
+  Size size_;
+  Least& least_;
+};
+
+class NoTexts final : public SkinTextSetter {
+  void SetText(const SkinElement&, const Rect&, const Text&, Colour) override {}
+};
+
+// What the last element of the skin adds to the picture: the contrast within its area, 1 when it changes
+// nothing.
+double ContrastOfLast(const SkinData& skin, const Picture& sheet, const SkinView& view, const Rect& area) {
+  SkinData without = skin;
+  without.elements.pop_back();
+  Pixels before(view.window);
+  Pixels after(view.window);
+  NoTexts texts;
+  for (auto& [pixels, data] : {std::pair<Pixels&, const SkinData&>(before, without), {after, skin}}) {
+    Canvas canvas = pixels.MakeCanvas();
+    canvas.SetClip(area);
+    DrawSkin(canvas, data, sheet, view, NoWords(), texts);
+  }
+  double changed = 1;
+  double lightest = 0;
+  double darkest = 1;
+  for (std::int32_t y = std::max(area.top, 0); y < std::min(area.bottom, view.window.height); ++y) {
+    for (std::int32_t x = std::max(area.left, 0); x < std::min(area.right, view.window.width); ++x) {
+      changed = std::max(changed, Contrast(before.At(x, y), after.At(x, y)));
+      lightest = std::max(lightest, Luminance(after.At(x, y)));
+      darkest = std::min(darkest, Luminance(after.At(x, y)));
+    }
+  }
+  return changed < 1.2 ? changed : (lightest + 0.05) / (darkest + 0.05);
+}
+
+void MeasureGlyphs(const SkinData& skin, const Picture& sheet, SkinView view, Least& least) {
+  SkinData part = skin;
+  for (std::size_t count = skin.elements.size(); count > 0; --count) {
+    const ElementKind kind = skin.elements[count - 1].kind;
+    if (kind == ElementKind::kButton || kind == ElementKind::kIndicator) {
+      for (const std::size_t hot : {kNoElement, count - 1}) {
+        view.hotButton = hot;
+        const ArrangedElement made = ArrangeElements(part, view).back();
+        if (made.shown && made.picture != nullptr)
+          least.rest = std::min(least.rest, ContrastOfLast(part, sheet, view, made.area));
+      }
+    }
+    part.elements.pop_back();
+  }
+}
+
+Least Measured(const SkinData& skin, const Picture& sheet, Colour paper) {
+  Least least;
+  for (int state = 0; state < 16; ++state) {
+    SkinView view{{240, 120}, paper};
+    view.focus = (state & 1) != 0;
+    view.mouseOver = (state & 2) != 0;
+    view.rolled = (state & 4) != 0;
+    if (view.rolled) view.window.height = skin.rolledHeight;
+    for (int each = 0; each < static_cast<int>(SkinState::kScrollbarRequired); ++each)
+      view.states.Set(static_cast<SkinState>(each), (state & 8) != 0);
+    Pixels pixels(view.window);
+    Canvas canvas = pixels.MakeCanvas();
+    TextContrasts texts(pixels, view.window, least);
+    DrawSkin(canvas, skin, sheet, view, NoWords(), texts);
+    if (!view.rolled) MeasureGlyphs(skin, sheet, view, least);
+  }
+  return least;
+}
+
+TEST(Ink, OfEverySkinCanBeReadOnEveryPaperInEveryState) {
+  for (const char* name : {"paper/paper.ini", "paper/stack.ini", "paper/large.ini", "paper/bare.ini",
+                           "midnight/midnight.ini", "plain/plain.ini"}) {
+    const std::filesystem::path path = std::string("../src/res/skins/") + name;
+    const SkinData skin = ParseSkin(FromUtf8(FileBytes(path.string().c_str())));
+    const auto sheet = DecodePng(FileBytes((path.parent_path() / ToUtf8(skin.bitmap)).string().c_str()));
+    ASSERT_TRUE(sheet && !skin.elements.empty()) << name;
+    for (const Colour paper : Papers()) {
+      const Least least = Measured(skin, *sheet, paper);
+      const auto on = [&] {
+        return std::string(name) + " on " + std::to_string(paper.r) + "," + std::to_string(paper.g) + "," +
+               std::to_string(paper.b);
+      };
+      // Between light and dark no ink has more than the contrast of texts.
+      EXPECT_GE(least.title, PaperOf(paper) ? kTitleContrast : kTextContrast) << on();
+      EXPECT_GE(least.rest, kTextContrast) << on();
+    }
+  }
+}
+
+TEST(Ink, IsNotWrittenIntoRichText) {
+  constexpr Colour kInk{240, 240, 240};
+  const std::string entry = "\\red240\\green240\\blue240;";
+  const std::string without = "{\\rtf1{\\fonttbl{\\f0 A;}}\\pard a\\plain b\\\\cf0 \\'e4}";
+  const std::string with =
+      "{\\rtf1{\\colortbl;" + entry + "}{\\fonttbl{\\f0 A;}}\\pard a\\plain\\cf1 b\\\\cf0 \\'e4}";
+  EXPECT_EQ(WithInk(without, kInk), with);
+  EXPECT_EQ(WithoutInk(with, kInk).find("240"), std::string::npos);
+  EXPECT_EQ(WithInk("{\\rtf1{\\colortbl;\\red1\\green2\\blue3;;}\\cf2 a\\cf0 b\\cf1 c}", kInk),
+            "{\\rtf1{\\colortbl;\\red1\\green2\\blue3;" + entry + entry + "}\\cf2 a\\cf3 b\\cf1 c}");
+  EXPECT_EQ(WithoutInk("{\\rtf1{\\colortbl;" + entry + "\\red1\\green2\\blue3;}\\cf1 a}", kInk),
+            "{\\rtf1{\\colortbl;;\\red1\\green2\\blue3;}\\cf1 a}");
+  // Whatever the bytes are.
+  for (const std::string rtf :
+       {"", "{", "{\\rtf", "{\\rtf1{\\colortbl", "{\\rtf1{\\colortbl;{}}", "\\", "{\\rtf1\\bin3 \\cf"})
+    EXPECT_LE(WithoutInk(WithInk(rtf, kInk), kInk).size(), rtf.size() + 64) << rtf;
+}
+
+}  // namespace
+}  // namespace jotlets
