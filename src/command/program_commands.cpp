@@ -131,7 +131,8 @@ void ListClosed(const CommandCall& call) { ReplyList(call, call.host.ClosedIds()
 
 void ListStored(const CommandCall& call) {
   std::vector<Text> keys;
-  for (const std::int64_t key : call.host.Stored().KeysOf(TrimBlanks(call.arguments))) keys.push_back(IntText(key));
+  for (const std::int64_t key : call.host.Stored().KeysOf(TrimBlanks(call.arguments)))
+    keys.push_back(IntText(key));
   ReplyList(call, keys);
 }
 

@@ -10,6 +10,7 @@ namespace {
 constexpr std::size_t kFront = 8;  // length and checksum
 constexpr std::size_t kFixedBody = 8 + 1 + 8 + 8 + 4 + 4 + 2;
 constexpr std::size_t kLongestId = 0xFFFF;
+constexpr std::size_t kLargestBegin = 4096;
 
 template <typename Number>
 void Put(std::string& out, Number number) {
@@ -68,6 +69,8 @@ std::optional<JournalFrame> JournalReader::Next() {
   const auto length = Take<std::uint32_t>(at);
   const auto checksum = Take<std::uint32_t>(at);
   // Cut short by a kill or a power failure, which leaves zeros at times.
+  // The first frame is a small one: nothing that was cut begins like this.
+  if (!begun_ && length > kLargestBegin) damaged_ = true;
   if (length > at.size() || rest_.find_first_not_of('\0') == std::string_view::npos) return std::nullopt;
   const std::string_view body = at.substr(0, length);
   std::optional<JournalFrame> frame;

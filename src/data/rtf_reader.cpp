@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace jotlets {
 namespace {
@@ -32,6 +33,17 @@ int HexDigit(char c) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
+// Western European text, as editors write it: Latin-1, but for these.
+constexpr char16_t kFrom80[] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+char16_t UnitOf(unsigned char byte) {
+  return byte >= 0x80 && byte < 0x80 + std::size(kFrom80) ? kFrom80[byte - 0x80] : byte;
+}
+
 }  // namespace
 
 void RtfReader::Read() {
@@ -45,7 +57,7 @@ void RtfReader::Read() {
     } else if (c == '\\') {
       ReadControl();
     } else if (c != '\r' && c != '\n') {
-      AddCharacter(static_cast<unsigned char>(c));
+      AddCharacter(UnitOf(static_cast<unsigned char>(c)));
     }
   }
 }
@@ -101,7 +113,7 @@ void RtfReader::ReadSymbol(char symbol) {
       const int low = HexDigit(rest_[1]);
       if (high < 0 || low < 0) return;
       rest_.remove_prefix(2);
-      AddCharacter(static_cast<char16_t>(high * 16 + low));
+      AddCharacter(UnitOf(static_cast<unsigned char>(high * 16 + low)));
       break;
     }
     case '*': Skip(); break;

@@ -21,7 +21,8 @@ class RtfReader {
 
  protected:
   virtual bool IsFull() const = 0;
-  /// Words of the text: never those of groups that are no part of it. 8-bit characters are taken for Latin-1.
+  /// Words of the text: never those of groups that are no part of it. 8-bit characters are taken for Western
+  /// European.
   virtual void OnText(TextView text) = 0;
   virtual void OnParagraphEnd() { OnText(u"\r\n"); }
   /// A control word that stands for no text, also in groups that are no part of it.

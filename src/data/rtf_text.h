@@ -9,7 +9,11 @@
 namespace jotlets {
 
 /// The beginning of a rich text as plain text of at most `maximum` code units, lines ended by "\r\n". Reads
-/// no further than it has to. Any bytes give some text; 8-bit characters are taken for Latin-1.
+/// no further than it has to. Any bytes give some text; 8-bit characters are taken for Western European.
 Text RtfTextStart(std::string_view rtf, std::size_t maximum);
+
+/// Words that any control can show, of a text whose showing has ended a program: signs that are written on
+/// others, and scripts that few fonts have, become "\uFFFD". As long as before.
+Text HarmlessWords(Text words);
 
 }  // namespace jotlets

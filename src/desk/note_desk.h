@@ -82,8 +82,8 @@ class NoteDesk {
   /// Moves an open note into a category of the store, and tells of it; its key. Nothing when there is no such
   /// note, or the store or the content could not be written: then it stays.
   std::optional<std::int64_t> Store(TextView id, TextView category);
-  /// Brings a stored note back to the desktop, where it stood; its id, empty when there is none of this key, or
-  /// it gets no window and stays.
+  /// Brings a stored note back to the desktop, where it stood; its id, empty when there is none of this key,
+  /// or it gets no window and stays.
   Text Fetch(std::int64_t key);
 
   /// Puts an open note to sleep until `wakeTime` (seconds since 1970 UTC), whatever the time is now. False

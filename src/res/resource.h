@@ -291,7 +291,6 @@
 #define IDS_WAKES 6471
 #define IDS_SOUNDS 6472
 #define IDS_DISMISS 6473
-
 #define IDS_CONFIRM_CLOSE 6474
 #define IDS_UNDO 6475
 #define IDS_UNDO_CLOSED 6476
@@ -299,7 +298,6 @@
 #define IDS_UNDO_HIDDEN 6478
 #define IDS_UNDO_ASLEEP 6479
 #define IDS_ALT_F4 6480
-
 #define IDD_ALT_F4 175
 #define IDC_CHOICE_THIRD 6305
 #define IDC_SLEEP_PRESET 6300  // and the three after it
@@ -339,6 +337,9 @@
 #define IDS_SETTING_NO_LOG 5582
 #define IDS_SETTING_NO_BACKUP 5583
 #define IDS_SETTING_STATISTICS 5584
+#define IDS_SETTING_KEY_TWICE 5586
+#define IDS_SETTING_NO_SOUND 5587
+#define IDS_SETTING_NO_FOLDER 5588
 #define IDS_LANGUAGE 5585  // a translation says its own name
 #define ID_STYLES 1013
 // The help: the numbers of res/help.rc. A command without a menu entry has its text under its own number.

@@ -45,6 +45,7 @@ TEST(JournalFrames, AreReadUpToTheFirstThatIsNotWhole) {
   std::string stale = bytes.substr(0, ends[1]);
   AppendFrame(stale, frames[2], 41);
   EXPECT_EQ(ReadAll(stale).size(), 2u) << "a frame of an earlier time";
+  EXPECT_TRUE(ReadAll(std::string(500, '\xA7'), &damaged).empty() && damaged) << "no journal at all";
 }
 
 // What is known of each note, by folded id: its line, "closed " in front of that of a closed one, and its

@@ -5,6 +5,8 @@
 namespace jotlets {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr std::size_t kAll = 1000;
 
 TEST(RtfText, KeepsTheWordsAndNothingElse) {
@@ -16,6 +18,13 @@ TEST(RtfText, KeepsTheWordsAndNothingElse) {
       u"Bold not\r\nshown\t\u00E9{\u00A0\u2022end");
   EXPECT_EQ(RtfTextStart("{\\rtf1\\uc2\\u8364 ??a\\u-10179?\\'3f\\u-8704 ??\\uc0\\u97 b{\\uc1\\u99}d", kAll),
             u"\u20ACa\U0001F600abcd");
+  EXPECT_EQ(RtfTextStart("{\\rtf1\\ansi \\'80\\'96\x92\\'9f\\'a0\\'81}", kAll),
+            u"\u20AC\u2013\u2019\u0178\u00A0\u0081");
+}
+
+TEST(RtfText, OfATroublemakerIsShownWithoutWhatFewFontsHave) {
+  const Text words = u"Caf\u00E9 \u4E00\r\n\u0628\u0651 \u0670\U0001F600\u202Ex\0"s;
+  EXPECT_EQ(HarmlessWords(words), u"Caf\u00E9 \u4E00\r\n\u0628\uFFFD \uFFFD\uFFFD\uFFFD\uFFFDx\uFFFD");
 }
 
 TEST(RtfText, StopsWhereItIsToldAndAtAnyEnd) {

@@ -61,6 +61,8 @@ std::optional<Colour> ChooseColour(const Resources& resources, const Options& op
     recentRow->AppendTo(menu.get(), kRecentEntry, true);
     rows.push_back(&*recentRow);
   }
+  // The menu takes the keys of its owner while it is open: the papers are ready for Left and Right.
+  PostMessageW(owner, WM_KEYDOWN, VK_DOWN, 0);
   const UINT chosen = ChooseFromMenu(menu.get(), at, owner, rows);
   if (chosen == kRecentEntry) return recent[recentRow->Marked()].colour;
   if (chosen != kPapersEntry) return std::nullopt;

@@ -120,6 +120,7 @@ void EditAids::MakeHeading(BEdit& edit, LONG paragraph, const TypingSettings& se
   const CHARRANGE caret = edit.Selection();
   edit.Select({paragraph, paragraph + static_cast<LONG>(now->text.size())});
   const EditStyle heading = HeadingStyle(edit, settings);
+  lastHeading_ = paragraph;
   ApplyStyle(edit, heading);
   if (heading.paragraphs) ++steps_;
   // Nothing selected, nothing to undo: it is what will be typed that has changed.
@@ -181,7 +182,9 @@ bool EditAids::BeginParagraph(BEdit& edit, const TypingSettings& settings) {
 // What follows a heading is text again.
 bool EditAids::EndHeading(BEdit& edit, const EditParagraph& paragraph, const TypingSettings& settings) {
   const bool atEnd = !paragraph.text.empty() && paragraph.caret == paragraph.text.size();
-  if (!atEnd || !settings.heading || !HasFontOf(edit, *settings.heading)) return false;
+  const bool isHeading =
+      settings.heading ? HasFontOf(edit, *settings.heading) : paragraph.first == lastHeading_;
+  if (!atEnd || !isHeading) return false;
   InsertText(edit, u"\r");
   SetDefaultFont(edit);
   return true;

@@ -57,7 +57,8 @@ class EditAids {
   void Begin() { steps_ = 0; }
   void End(BEdit& edit);
 
-  int steps_ = 0;  // of undoing, that the last aid took
+  LONG lastHeading_ = -1;  // where the heading that was made last begins, while no style tells headings
+  int steps_ = 0;          // of undoing, that the last aid took
   int undone_ = 0;
 };
 

@@ -37,7 +37,8 @@ TextView TextContent::Load(std::string_view bytes) {
 
 void TextContent::LoadWords(std::string_view bytes, TextView notice) {
   given_.clear();
-  edit_.ShowWords(Fits(bytes) ? RtfTextStart(bytes, kMaxBeginning) : FromUtf8(bytes), notice);
+  const Text words = Fits(bytes) ? RtfTextStart(bytes, kMaxBeginning) : FromUtf8(bytes);
+  edit_.ShowWords(HarmlessWords(words.substr(0, kMaxBeginning)), notice);
 }
 
 // A rich text that the control must not be given is shown by its words.

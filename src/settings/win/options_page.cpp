@@ -109,6 +109,11 @@ void BOpTab::Layout() {
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
+void BOpTab::LayoutAnew() {
+  laidOut_ = {};
+  Layout();
+}
+
 void BOpTab::PlaceAll(int width, const PageScale& scale) {
   const int margin = scale.Scaled(kMargin);
   int y = scale.Scaled(kHeadTop) - scrolled_;
@@ -130,18 +135,22 @@ void BOpTab::PlaceAll(int width, const PageScale& scale) {
     }
     const auto end = std::find_if(first + 1, settings_.end(),
                                   [](const SettingControls& setting) { return !setting.Row().continues; });
-    y += PlaceLine(first, end, {margin, y}, margin + names + scale.Scaled(kNameGap), scale);
+    y +=
+        PlaceLine(first, end, {margin, y, margin + width, y}, margin + names + scale.Scaled(kNameGap), scale);
     first = end;
   }
   height_ = y + scrolled_ + scale.Scaled(kHeadTop);
 }
 
-// The height of the line, which is that of the highest on it.
-int BOpTab::PlaceLine(Line first, Line end, Point at, int column, const PageScale& scale) {
+// The height of the line, which is that of the highest on it and of what is told below.
+int BOpTab::PlaceLine(Line first, Line end, const Rect& room, int column, const PageScale& scale) {
   int height = 0;
   for (Line setting = first; setting != end; ++setting) height = std::max(height, setting->Height(scale));
-  int x = at.x;
-  for (Line setting = first; setting != end; ++setting) x = setting->Place(x, column, at.y, height, scale);
+  int x = room.left;
+  for (Line setting = first; setting != end; ++setting)
+    x = setting->Place(x, column, room.top, height, scale);
+  for (Line setting = first; setting != end; ++setting)
+    height += setting->PlaceNotice({column, room.top + height, room.right, room.top + height}, scale);
   return height;
 }
 
@@ -211,6 +220,7 @@ void BOpTab::Fill() {
                    context_.choices.startsWithWindows ? BST_CHECKED : BST_UNCHECKED, 0);
   }
   filling_ = false;
+  if (laidOut_.dpi != 0) LayoutAnew();
 }
 
 void BOpTab::ShowStates() {
@@ -246,11 +256,13 @@ bool BOpTab::OnCommand(UINT control, UINT notification) {
 void BOpTab::OnChanged(SettingControls& setting) {
   const SettingRow& row = setting.Row();
   if (setting.IsTyped()) {
-    setting.ShowFault(FaultText(row, context_.draft.Enter(row, setting.Entered())));
+    const Text fault = FaultText(row, context_.draft.Enter(row, setting.Entered()));
+    if (setting.ShowFault(fault.empty() ? Doubt(setting) : fault)) LayoutAnew();
   } else if (row.task == SettingTask::kStartWithWindows) {
     context_.choices.startsWithWindows = setting.Read().number == 1;
   } else {
     context_.draft.Set(row, setting.Read());
+    if (row.control == SettingControl::kHotKey && setting.ShowFault(Doubt(setting))) LayoutAnew();
   }
   ShowStates();
   context_.watcher.OnSettingChanged();
@@ -296,6 +308,28 @@ Text BOpTab::FaultText(const SettingRow& row, SettingFault fault) const {
   if (fault == SettingFault::kNothing) return {};
   const Text text = context_.resources.String(IDS_SETTING_FAULT + static_cast<UINT>(fault));
   return ReplaceAll(text, u"%n", IntText(fault == SettingFault::kTooSmall ? row.minimum : row.maximum));
+}
+
+Text BOpTab::Doubt(const SettingControls& setting) const {
+  const SettingRow& row = setting.Row();
+  const Text entered = setting.Entered();
+  if (row.control == SettingControl::kHotKey) {
+    const std::int32_t key = context_.draft.Value(row).number;
+    for (const SettingRow& other : SettingRows())
+      if (key != 0 && other.control == row.control && other.id != row.id &&
+          context_.draft.Value(other).number == key)
+        return ReplaceAll(context_.resources.String(IDS_SETTING_KEY_TWICE), u"%s",
+                          context_.resources.String(IDS_SETTING + other.id));
+  } else if (!entered.empty() && row.control == SettingControl::kSound) {
+    const DWORD file = GetFileAttributesW(Wide(entered));
+    if (file == INVALID_FILE_ATTRIBUTES || (file & FILE_ATTRIBUTE_DIRECTORY) != 0)
+      return context_.resources.String(IDS_SETTING_NO_SOUND);
+  } else if (!entered.empty() && row.control == SettingControl::kFolder) {
+    const DWORD folder = GetFileAttributesW(Wide(entered));
+    if (folder == INVALID_FILE_ATTRIBUTES || (folder & FILE_ATTRIBUTE_DIRECTORY) == 0)
+      return context_.resources.String(IDS_SETTING_NO_FOLDER);
+  }
+  return {};
 }
 
 HBRUSH BOpTab::OnColours(HDC dc, HWND control) {

@@ -73,7 +73,8 @@ class BOpTab : public Dialog {
   void Layout();
   void PlaceAll(int width, const PageScale& scale);
   using Line = std::vector<SettingControls>::iterator;
-  static int PlaceLine(Line first, Line end, Point at, int column, const PageScale& scale);
+  static int PlaceLine(Line first, Line end, const Rect& room, int column, const PageScale& scale);
+  void LayoutAnew();
   void ScrollTo(int position);
   void OnScroll(UINT code);
   void ShowStates();
@@ -83,6 +84,8 @@ class BOpTab : public Dialog {
   void OnButton(SettingControls& setting, SettingControls::Part part);
   void ChooseColour(SettingControls& setting);
   void Browse(const SettingControls& setting);
+  /// What the user ought to know of a value that can be taken; empty for nothing.
+  Text Doubt(const SettingControls& setting) const;
   Text FaultText(const SettingRow& row, SettingFault fault) const;
   Text Info(const SettingRow& row) const;
 

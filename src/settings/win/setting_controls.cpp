@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/win/wide.h"
 #include "note/papers.h"
@@ -22,7 +23,7 @@ constexpr int kButtonPadding = 24;
 constexpr int kSpinWidth = 18;
 constexpr int kTextInset = 4;
 constexpr int kOpenList = 240;
-constexpr int kNoticeWidth = 220;
+constexpr int kNoticeHeight = 20;
 constexpr UINT kQuietly = SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
 constexpr int kPaperEntries = static_cast<int>(kPapers.size()) + 2;
 constexpr LPARAM kOtherPaper = -2;
@@ -62,8 +63,6 @@ void SettingControls::MakeMain(const SettingChoices& choices) {
     case SettingControl::kColour: Make(kMain, L"BUTTON", name, BS_OWNERDRAW | WS_TABSTOP); break;
     case SettingControl::kInfo: Make(kMain, L"STATIC", {}, SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS); break;
     case SettingControl::kChoice:
-      Make(kMain, L"COMBOBOX", {}, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP);
-      break;
     case SettingControl::kSkin:
       Make(kMain, L"COMBOBOX", {}, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP);
       break;
@@ -181,9 +180,14 @@ int SettingControls::Place(int x, int column, int top, int height, const PageSca
     if (items_[part] != nullptr)
       x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), false);
   if (items_[kUnit] != nullptr) x = place(kUnit, x + gap, TextWidth(kUnit, scale), true);
-  notice_ = {x + gap, down + inset, x + gap + scale.Scaled(kNoticeWidth), down + tall};
-  if (items_[kNotice] != nullptr) place(kNotice, notice_.left, scale.Scaled(kNoticeWidth), true);
   return x + gap;
+}
+
+int SettingControls::PlaceNotice(const Rect& room, const PageScale& scale) {
+  if (!noticed_) return 0;
+  const int height = scale.Scaled(kNoticeHeight);
+  SetWindowPos(items_[kNotice], nullptr, room.left, room.top, room.Width(), height, kQuietly);
+  return height;
 }
 
 void SettingControls::Show(const SettingsDraft& draft, const Text& info) {
@@ -246,18 +250,19 @@ void SettingControls::ShowState(const SettingsDraft& draft) {
   if (draft.IsFixed(*row_)) ShowNotice(resources_->String(IDS_SETTING_FIXED));
 }
 
-void SettingControls::ShowFault(const Text& fault) { ShowNotice(fault); }
+bool SettingControls::ShowFault(const Text& fault) { return ShowNotice(fault); }
 
-void SettingControls::ShowNotice(const Text& text) {
+bool SettingControls::ShowNotice(const Text& text) {
+  const bool before = std::exchange(noticed_, !text.empty());
+  // Few settings ever have one.
   if (items_[kNotice] == nullptr) {
-    if (text.empty()) return;
-    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
+    if (text.empty()) return false;
+    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS);
     SendMessageW(items_[kNotice], WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    SetWindowPos(items_[kNotice], items_[kMain], notice_.left, notice_.top, notice_.right - notice_.left,
-                 notice_.bottom - notice_.top, SWP_NOACTIVATE);
   }
   SetWindowTextW(items_[kNotice], Wide(text));
   ShowWindow(items_[kNotice], text.empty() ? SW_HIDE : SW_SHOWNA);
+  return before != noticed_;
 }
 
 bool SettingControls::IsTyped() const {

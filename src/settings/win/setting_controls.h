@@ -44,6 +44,8 @@ class SettingControls {
   /// Places them on a line that begins at `x` and has this top and height, all in pixels; where the line goes
   /// on behind them. `column`: where controls begin that have a name before them.
   int Place(int x, int column, int top, int height, const PageScale& scale);
+  /// Places what is told of the setting below its line, as wide as there is room; the height that takes.
+  int PlaceNotice(const Rect& room, const PageScale& scale);
   void SetFont(HFONT font);
   /// Of a line that they need, in pixels.
   int Height(const PageScale& scale) const;
@@ -53,7 +55,8 @@ class SettingControls {
   /// Shows whether the user can change it now.
   void ShowState(const SettingsDraft& draft);
   /// What is wrong with what the user has entered; empty for nothing.
-  void ShowFault(const Text& fault);
+  /// Whether the page is to be placed anew, since the line needs another height.
+  bool ShowFault(const Text& fault);
 
   /// What the control says now, where that cannot be wrong.
   SettingValue Read() const;
@@ -71,7 +74,7 @@ class SettingControls {
   int ControlWidth(const PageScale& scale) const;
   int TextWidth(Part part, const PageScale& scale) const;
   void ShowValue(const SettingValue& value) const;
-  void ShowNotice(const Text& text);
+  bool ShowNotice(const Text& text);
   void SelectPaper(std::int32_t number) const;
 
   const SettingRow* row_;
@@ -79,7 +82,7 @@ class SettingControls {
   UINT firstId_;
   const Resources* resources_;
   std::array<HWND, kParts> items_{};
-  RECT notice_{};  // where it would stand; few settings ever have one
+  bool noticed_ = false;  // something is told
   HFONT font_ = nullptr;
   std::unique_ptr<HotKeyField> hotKey_;  // of a hot key
 };
