@@ -226,8 +226,8 @@ constexpr std::array kOptions = {
         u"What the title bar shows: 0 the title, 1 the title and when the note was changed, 2 nothing.",
         {0, 2}),
     Number<&O::hidden>(u"Hidden", u"All notes are hidden.", kSwitch),
-    Number<&O::defaultWidth>(u"DefaultWidth", u"Width of a new note in pixels.", kLength),
-    Number<&O::defaultHeight>(u"DefaultHeight", u"Height of a new note in pixels.", kLength),
+    Number<&O::defaultWidth>(u"DefaultWidth", u"Width of a new note in pixels at 100 %.", kLength),
+    Number<&O::defaultHeight>(u"DefaultHeight", u"Height of a new note in pixels at 100 %.", kLength),
     Numbers<&O::snap>(u"Snap", u"Snapping while notes are moved: on, distance and gap in pixels."),
     Number<&O::newJotletAction>(
         u"NewJotletAction", u"What a new note starts with: 0 its text, 1 its title, 2 neither has the focus.",
