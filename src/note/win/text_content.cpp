@@ -25,7 +25,9 @@ TextView TextContent::Load(std::string_view bytes) {
   given_.clear();
   if (!bytes.empty() && !Fits(bytes)) {
     const Text text = FromUtf8(bytes);
-    if (!IsEditable(text)) {
+    if (HasStrayMark(text)) {
+      edit_.ShowWords(HarmlessWords(text.substr(0, kMaxBeginning)), watcher_.BeginningNotice());
+    } else if (!IsEditable(text)) {
       edit_.ShowWords(text, watcher_.BeginningNotice());
     } else {
       edit_.SetPlainText(text);
