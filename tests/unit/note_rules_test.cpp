@@ -133,7 +133,7 @@ TEST(TextStyle, HasItsFieldsInTheirOrder) {
   const TextStyle each = ParseTextStyle(kEach);
   EXPECT_TRUE(each.orientation == 4 && each.italic == 6 && each.charSet == 9 && each.pitchAndFamily == 13);
   EXPECT_TRUE(each.colour == (Colour{14, 15, 16}) && each.others == (std::array{17, 18, 19}));
-  const Text named = Text(kStyle) + u"|Done & gone|105|66051|2|400|60|20";
+  const Text named = ReplaceAll(u"STYLE|Done & gone|105|66051|2|400|60|20", u"STYLE", kStyle);
   const TextStyle done = ParseTextStyle(named);
   EXPECT_EQ(ComposeTextStyle(done), named);
   EXPECT_TRUE(done.name == u"Done & gone" && done.points10 == 105 && done.back == (Colour{3, 2, 1}));
