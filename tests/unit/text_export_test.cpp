@@ -36,7 +36,9 @@ TEST(TextExport, MakesMarkdownWithListsAndTasks) {
 TEST(TextExport, ReadsAnyBytes) {
   for (const std::string_view broken : {"", "{\\rtf1 a{\\b", "}}}{\\b a", "{\\rtf1 a\\", "a{\\*\\pn"})
     EXPECT_LE(MarkdownOfRtf(broken).size(), 6u) << broken;
-  EXPECT_EQ(MarkdownOfRtf(std::string(1000, '{') + "\\b a" + std::string(1000, '}') + "b"), u"**a**b\n");
+  std::string nested(1000, '{');
+  nested.append("\\b a").append(1000, '}').push_back('b');
+  EXPECT_EQ(MarkdownOfRtf(nested), u"**a**b\n");
 }
 
 TEST(TextExport, ProposesNamesThatTheSystemTakes) {

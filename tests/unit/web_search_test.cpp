@@ -23,7 +23,7 @@ TEST(WebSearch, PutsEncodedWordsIntoAnAddressOfAPage) {
 TEST(WebSearch, IsShownShortAndInOneLine) {
   EXPECT_EQ(ShortWords(u"salt\r\n& pepper"), u"salt && pepper");
   EXPECT_EQ(ShortWords(Text(30, u'x')), Text(30, u'x'));
-  EXPECT_EQ(ShortWords(Text(31, u'x')), Text(30, u'x') + u"\u2026");
+  EXPECT_EQ(ShortWords(Text(31, u'x')), Text(30, u'x').append(1, u'\u2026'));
 }
 
 TEST(RecentFonts, KeepEightNamesTheLastOneFirst) {
