@@ -34,13 +34,18 @@ class StoreTest : public ::testing::Test {
     std::filesystem::create_directories(folder_);
     store.Open(folder_, u"1");
   }
-  ~StoreTest() override { std::filesystem::remove_all(folder_); }
+  ~StoreTest() override {
+    store.Close();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
 
   void Reopen() {
     store.Close();
     store.Open(folder_, u"2");
   }
-  void WriteStore(const std::string& bytes) const {
+  void WriteStore(const std::string& bytes) {
+    store.Close();
     std::ofstream(std::filesystem::path(folder_ + Text(kStoreName)), std::ios::binary) << bytes;
   }
   static JotletData Note(TextView id) {
