@@ -87,6 +87,10 @@ FileStatus RestoreJob::Begin(Text fromFolder) {
     const Text path = data_ + Text(folder);
     for (const Text& name : files_.List(path, extension)) removals_.push_back(path + name);
   }
+  // A store that the backup lacks knows notes whose contents go; half a change of it must not be undone in
+  // another one's file.
+  for (const TextView name : {kStoreFileName, kStoreJournalName})
+    if (Text path = data_ + Text(name); files_.Exists(path)) removals_.push_back(std::move(path));
   return files_.Write(data_ + Text(kUnderWayName), EncodeTextFile(from_));
 }
 

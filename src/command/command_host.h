@@ -65,6 +65,8 @@ class StoreHost {
   /// Brings a note back to the desktop; its id, empty when there is none of this key.
   virtual Text Fetch(std::int64_t key) = 0;
   virtual std::vector<std::int64_t> KeysOf(TextView category) = 0;
+  /// Opens the manage window at the note of this key.
+  virtual void ShowStored(std::int64_t key) = 0;
 };
 
 class CommandHost {

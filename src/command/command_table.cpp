@@ -81,7 +81,7 @@ constexpr std::array kCommands = {
     CommandRow{u"do fetch ", u"key", u"Brings a stored note back to the desktop, where it stood.",
                u"do fetch 12", u"000 OK fetched: id; 995 not found", FetchNote},
     CommandRow{u"do showstored", u"key", u"Shows a stored note in the manage window.", u"do showstored 12",
-               u"000 OK done", NotYet},
+               u"000 OK done", ShowStored},
     CommandRow{u"do getnewfriends", u"", u"Asks the friend-list server for its list.", u"do getnewfriends",
                u"000 OK done; 994 Unable to send", GetNewFriends},
     CommandRow{u"do netsend ", u"id address destination", u"Sends an open note to another machine.",

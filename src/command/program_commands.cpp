@@ -151,6 +151,11 @@ void FetchNote(const CommandCall& call) {
   SavedOk(call, u"fetched: " + id);
 }
 
+void ShowStored(const CommandCall& call) {
+  call.host.Stored().ShowStored(ParseInt(TrimBlanks(call.arguments)));
+  call.reply.Ok(u"done");
+}
+
 void ListStacks(const CommandCall& call) {
   std::vector<Text> numbers;
   for (const std::int32_t number : call.host.StackNumbers()) numbers.push_back(IntText(number));

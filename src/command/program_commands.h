@@ -35,6 +35,7 @@ void ListClosed(const CommandCall& call);
 void ListStored(const CommandCall& call);
 void StoreNote(const CommandCall& call);
 void FetchNote(const CommandCall& call);
+void ShowStored(const CommandCall& call);
 void ListStacks(const CommandCall& call);
 
 void GetVersion(const CommandCall& call);

@@ -19,6 +19,8 @@ inline constexpr TextView kUserFileName = u"jotlets.usr";
 /// The contents whose loading has ended the program.
 inline constexpr TextView kTrialsName = u"jotlets.try";
 inline constexpr TextView kStoreFileName = u"store.mdb";
+/// What undoes a change of the store that was cut off.
+inline constexpr TextView kStoreJournalName = u"store.mdb-journal";
 inline constexpr TextView kActivityLogName = u"activity.log";
 inline constexpr TextView kRtfFolder = u"rtf\\";
 inline constexpr TextView kImagesFolder = u"images\\";

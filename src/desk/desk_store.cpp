@@ -57,4 +57,19 @@ Text NoteDesk::Fetch(std::int64_t key) {
   return id;
 }
 
+std::size_t NoteDesk::DeleteStored(const std::vector<Text>& ids) {
+  std::size_t left = 0;
+  for (const Text& id : ids) {
+    const std::optional<std::int64_t> key = context_.store.KeyOf(id);
+    const std::optional<StoredNote> note = key ? context_.store.Find(*key) : std::nullopt;
+    if (!note || !context_.store.Remove(*key)) {
+      ++left;
+    } else if (!lists_.WhereIs(id)) {
+      saver_.RemoveContentLater(note->record);
+    }
+  }
+  Changed();
+  return left;
+}
+
 }  // namespace jotlets

@@ -42,7 +42,7 @@ void Awaken(JotletData& record) {
 NoteDesk::NoteDesk(DeskContext context)
     : context_(std::move(context)),
       maker_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
-             context_.instance),
+             context_.store, context_.instance),
       journal_(context_.journal, context_.files, context_.log, context_.options, lists_, context_.windows),
       saver_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
              journal_) {}

@@ -85,6 +85,8 @@ class NoteDesk {
   /// Brings a stored note back to the desktop, where it stood; its id, empty when there is none of this key,
   /// or it gets no window and stays.
   Text Fetch(std::int64_t key);
+  /// Deletes stored notes for good; how many were not stored.
+  std::size_t DeleteStored(const std::vector<Text>& ids);
 
   /// Puts an open note to sleep until `wakeTime` (seconds since 1970 UTC), whatever the time is now. False
   /// when it is not there, or its content could not be written: then it stays.

@@ -60,7 +60,7 @@ bool NoteMaker::IsTaken(TextView id) const {
   text.id = id;
   JotletData picture = text;
   picture.isImage = 1;
-  return lists_.WhereIs(id).has_value() || files_.Exists(folder_ + ContentPath(text)) ||
+  return lists_.WhereIs(id).has_value() || store_.Has(id) || files_.Exists(folder_ + ContentPath(text)) ||
          files_.Exists(folder_ + ContentPath(picture));
 }
 

@@ -10,6 +10,7 @@
 #include "desk/new_note.h"
 #include "desk/note_lists.h"
 #include "desk/note_windows.h"
+#include "store/note_store.h"
 
 namespace jotlets {
 
@@ -17,13 +18,14 @@ class NoteMaker {
  public:
   /// `instance` tells this process from others in the ids that it makes.
   NoteMaker(Files& files, const Clock& clock, Log& log, const Options& options, const NoteLists& lists,
-            const NoteWindows& windows, std::uint32_t instance)
+            const NoteWindows& windows, NoteStore& store, std::uint32_t instance)
       : files_(files),
         clock_(clock),
         log_(log),
         options_(options),
         lists_(lists),
         windows_(windows),
+        store_(store),
         ids_(instance) {}
 
   void SetFolder(TextView dataFolder) { folder_ = dataFolder; }
@@ -31,9 +33,9 @@ class NoteMaker {
   /// Writes the templates of new notes, "default.rtf" (from `rtf`) and "default.png", unless they are there.
   void ProvideTemplates(std::string_view rtf);
 
-  /// A fresh identity that no note and no content file has.
+  /// A fresh identity that no note, stored ones among them, and no content file has.
   Text NewJotletId();
-  /// Whether a note or a content file has this id.
+  /// Whether a note, stored or not, or a content file has this id.
   bool IsTaken(TextView id) const;
   /// The id under which an orphaned content file can become a note: its own, or, when that cannot be an id, a
   /// fresh one to which the file is moved. Empty when that failed.
@@ -57,6 +59,7 @@ class NoteMaker {
   const Options& options_;
   const NoteLists& lists_;
   const NoteWindows& windows_;
+  NoteStore& store_;
   Text folder_;
   IdSource ids_;
 };

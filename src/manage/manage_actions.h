@@ -5,13 +5,22 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/text.h"
+
 namespace jotlets {
 
-enum class ManageView { kDesktop, kAttached, kSleeping, kRecurring, kClosed, kStacks };
-inline constexpr std::size_t kManageViews = 6;
+enum class ManageView { kDesktop, kAttached, kSleeping, kRecurring, kStored, kClosed, kStacks };
+inline constexpr std::size_t kManageViews = 7;
 
-enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kDelete, kUndo, kSaveCopies };
-inline constexpr std::size_t kManageActions = 7;
+/// What the window shows: a view, or one category of the stored notes.
+struct ManagePlace {
+  ManageView view = ManageView::kDesktop;
+  std::optional<Text> category;
+  friend bool operator==(const ManagePlace&, const ManagePlace&) = default;
+};
+
+enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kStore, kDelete, kUndo, kSaveCopies };
+inline constexpr std::size_t kManageActions = 8;
 
 /// What the rules need to know of the selection.
 struct ManageFacts {

@@ -35,10 +35,22 @@ std::string MoreOf(const JotletData& record) {
              : Folded(record.userString1) + '\n' + Folded(record.source);
 }
 
+// What comes after the title, when that is the first line of the text.
+Text SnippetOf(TextView text, bool untitled) {
+  constexpr std::size_t kLongest = 200;
+  if (untitled) {
+    const std::size_t begin = text.find_first_not_of(u" \t\r\n\v");
+    const std::size_t end = begin == TextView::npos ? begin : text.find_first_of(u"\r\n\v", begin);
+    text = end == TextView::npos ? TextView() : text.substr(end);
+  }
+  return Text(TrimBlanks(OneLine(text.substr(0, 2 * kLongest)))).substr(0, kLongest);
+}
+
 bool IsSame(const ManageRow& row, const JotletData& record) {
   return row.id == record.id && !row.unsaved && row.modified == Known(record.modified) &&
          row.created == Known(record.created) && row.attached == record.IsAttached() &&
          row.nextWake == (record.sleep.asleep ? Known(record.sleep.nextWake) : 0) &&
+         row.colour == record.colour &&
          row.type == (record.IsImage() ? ManageRow::Type::kPicture : ManageRow::Type::kText) &&
          (row.untitled ? TrimBlanks(record.title).empty()
                        : row.title == OneLine(record.title).substr(0, kLongestTitle)) &&
@@ -53,6 +65,7 @@ ManageRow RowOf(const JotletData& record) {
   row.key = Folded(row.title);
   row.more = MoreOf(record);
   row.type = record.IsImage() ? ManageRow::Type::kPicture : ManageRow::Type::kText;
+  row.colour = record.colour;
   row.attached = record.IsAttached();
   row.created = Known(record.created);
   row.modified = Known(record.modified);
@@ -79,7 +92,8 @@ const ManageTexts::Known* ManageTexts::Find(const ManageRow& row) const {
 
 const ManageTexts::Known& ManageTexts::Read(const ManageRow& row) {
   const Text text = source_.TextOf(row);
-  Known known{row.modified, Folded(text), row.untitled ? ShownTitle({}, text) : Text()};
+  Known known{row.modified, Folded(text), row.untitled ? ShownTitle({}, text) : Text(),
+              SnippetOf(text, row.untitled)};
   const Text id = FoldCase(row.id);
   if (const auto old = known_.find(id); old != known_.end()) {
     bytes_ -= old->second.folded.size();
@@ -115,6 +129,17 @@ bool ManageList::SetNotes(std::span<const JotletData* const> notes, bool (*unsav
   return true;
 }
 
+bool ManageList::SetStored(std::span<const StoredNote> notes) {
+  std::vector<ManageRow> rows;
+  rows.reserve(notes.size());
+  for (const StoredNote& note : notes) {
+    rows.push_back(RowOf(note.record));
+    rows.back().category = OneLine(note.category);
+  }
+  SetRows(std::move(rows));
+  return true;
+}
+
 bool ManageList::SetStacks(std::span<const StackRecord> stacks) {
   std::vector<ManageRow> rows;
   for (const StackRecord& stack : stacks) rows.push_back(RowOf(stack));
@@ -128,12 +153,13 @@ bool ManageList::SetStacks(std::span<const StackRecord> stacks) {
 }
 
 void ManageList::SetRows(std::vector<ManageRow> rows) {
+  // What was seen stays to be seen until it is read anew.
+  for (std::size_t i = 0; i < std::min(rows.size(), rows_.size()); ++i)
+    if (rows[i].id == rows_[i].id) rows[i].snippet = std::move(rows_[i].snippet);
   rows_ = std::move(rows);
   matches_.assign(rows_.size(), Match::kUnknown);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    if (rows_[i].untitled) {
-      if (const ManageTexts::Known* known = texts_.Find(rows_[i])) ApplyTitle(rows_[i], *known);
-    }
+    if (const ManageTexts::Known* known = texts_.Find(rows_[i])) ApplyText(rows_[i], *known);
     // At once, as far as the texts are known: what is shown must not go and come back.
     matches_[i] = MatchFully(rows_[i]);
   }
@@ -175,7 +201,7 @@ void ManageList::ReadOne() {
   ManageRow& row = rows_[index];
   const ManageTexts::Known* known = texts_.Find(row);
   if (known == nullptr) known = &texts_.Read(row);
-  ApplyTitle(row, *known);
+  ApplyText(row, *known);
   matches_[index] = MatchText(row, known->folded);
 }
 
@@ -235,7 +261,18 @@ ManageList::Match ManageList::MatchFully(const ManageRow& row) const {
   return known == nullptr ? byKeys : MatchText(row, known->folded);
 }
 
-void ManageList::ApplyTitle(ManageRow& row, const ManageTexts::Known& known) {
+void ManageList::WantTexts(std::size_t first, std::size_t last) {
+  for (std::size_t place = first; place < std::min(last, shown_.size()); ++place) {
+    ManageRow& row = rows_[shown_[place]];
+    if (row.known != ManageRow::Snippet::kUnknown || row.type != ManageRow::Type::kText) continue;
+    row.known = ManageRow::Snippet::kWanted;
+    toRead_.insert(toRead_.begin() + static_cast<std::ptrdiff_t>(nextToRead_), shown_[place]);
+  }
+}
+
+void ManageList::ApplyText(ManageRow& row, const ManageTexts::Known& known) {
+  row.known = ManageRow::Snippet::kRead;
+  row.snippet = known.snippet;
   if (!row.untitled || row.title == known.beginning) return;
   row.title = known.beginning;
   row.key = Folded(row.title);
@@ -247,7 +284,8 @@ void ManageList::FindUnread() {
   toRead_.clear();
   nextToRead_ = 0;
   for (const std::uint32_t index : order_) {
-    const ManageRow& row = rows_[index];
+    ManageRow& row = rows_[index];
+    if (row.known == ManageRow::Snippet::kWanted) row.known = ManageRow::Snippet::kUnknown;
     const bool forTitle = row.untitled && row.title.empty() && row.type == ManageRow::Type::kText;
     if (matches_[index] == Match::kUnknown || (forTitle && texts_.Find(row) == nullptr))
       toRead_.push_back(index);
@@ -264,7 +302,10 @@ bool ManageList::Precedes(std::uint32_t a, std::uint32_t b) const {
       case ManageColumn::kType: order = left.type <=> right.type; break;
       case ManageColumn::kCreated: order = left.created <=> right.created; break;
       case ManageColumn::kModified: order = left.modified <=> right.modified; break;
-      case ManageColumn::kNextWake: order = left.nextWake <=> right.nextWake; break;
+      case ManageColumn::kNextWake:
+        order = left.nextWake <=> right.nextWake;
+        if (order == 0) order = left.category <=> right.category;
+        break;
     }
     if (order != 0) return (order < 0) != key.backwards;
   }

@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "data/jotlet_data.h"
 #include "data/stack_record.h"
+#include "store/note_store.h"
 
 namespace jotlets {
 
@@ -27,12 +28,17 @@ struct ManageRow {
   std::string key;   // the title folded, in UTF-8, for sorting
   std::string more;  // what else is searched beside the text, likewise
   Type type = Type::kText;
+  Colour colour;  // of its paper
   bool attached = false;
   bool untitled = false;  // `title` comes from the text
   bool unsaved = false;   // the text may change without notice
   std::int32_t created = 0;
   std::int32_t modified = 0;
   std::int32_t nextWake = 0;
+  Text category;  // of a stored note
+  // How the text goes on below the title, once it is read.
+  enum class Snippet : std::uint8_t { kUnknown, kWanted, kRead } known = Snippet::kUnknown;
+  Text snippet;
 };
 
 /// What the search looks at; the sum of these is what the option "ManageWindowSearchWhat" holds.
@@ -60,6 +66,7 @@ class ManageTexts {
     std::int32_t modified = 0;
     std::string folded;
     Text beginning;  // as a title, when the note has none of its own
+    Text snippet;
   };
 
   explicit ManageTexts(NoteTexts& source, std::size_t mostBytes = std::size_t{96} << 20)
@@ -87,6 +94,8 @@ class ManageList {
   /// file. False when that is what the list shows already.
   bool SetNotes(std::span<const JotletData* const> notes, bool (*unsaved)(const JotletData&, void*) = nullptr,
                 void* context = nullptr);
+  /// Stored ones, with their categories.
+  bool SetStored(std::span<const StoredNote> notes);
   bool SetStacks(std::span<const StackRecord> stacks);
 
   /// Shows the rows that hold every word of `words`, without regard to case, somewhere in what is searched (a
@@ -98,6 +107,10 @@ class ManageList {
 
   /// Whether texts are to be read yet, for the search or for the titles of notes that have none.
   bool IsReading() const { return nextToRead_ < toRead_.size(); }
+  bool IsSearching() const { return IsReading() && !words_.empty(); }
+  /// Has the texts of the rows shown from `first` to before `last` read before all others: their beginnings
+  /// are to be seen.
+  void WantTexts(std::size_t first, std::size_t last);
   /// Reads one of them. What that brings to light is shown after `Settle`.
   void ReadOne();
   /// True when other rows are shown, or rows in another order, than before.
@@ -121,7 +134,7 @@ class ManageList {
   Match MatchText(const ManageRow& row, const std::string& text) const;
   Match MatchFully(const ManageRow& row) const;
   bool Holds(const ManageRow& row, const std::string& word) const;
-  void ApplyTitle(ManageRow& row, const ManageTexts::Known& known);
+  void ApplyText(ManageRow& row, const ManageTexts::Known& known);
   void FindUnread();
   bool Precedes(std::uint32_t a, std::uint32_t b) const;
   void Sort();

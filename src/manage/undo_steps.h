@@ -9,7 +9,15 @@
 namespace jotlets {
 
 /// What became of notes of the desktop, or which waiting ones were closed.
-enum class UndoKind : std::uint8_t { kClosed, kDeleted, kHidden, kAsleep, kClosedSleeping, kClosedAttached };
+enum class UndoKind : std::uint8_t {
+  kClosed,
+  kDeleted,
+  kHidden,
+  kAsleep,
+  kStored,
+  kClosedSleeping,
+  kClosedAttached
+};
 
 /// What was done with some notes together.
 struct UndoStep {

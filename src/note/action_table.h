@@ -74,6 +74,7 @@ enum class NoteMenu : std::uint8_t {
   kRemindMenu,
   kStacksMenu,
   kFileMenu,
+  kStoreMenu,
   kTextMenu,
   kFontMenu,
   kFormatMenu,

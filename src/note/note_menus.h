@@ -27,6 +27,7 @@ enum class MenuPart : std::uint8_t {
   kNewStack,
   kLeaveStack,
   kFile,
+  kCategories,  // one for each
   kPastePlain,
   kFonts,  // one for each of those used lately
   kCheckList,
@@ -64,6 +65,8 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kStacksMenu, 100}, 0, kNoMenu, kStacks},
       MenuEntry{{kStacksMenu, 110}, IDS_MENU_NEW_STACK, kNoMenu, kNewStack},
       MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack},
+      MenuEntry{{kFileMenu, 130}, IDS_MENU_STORE, kStoreMenu},
+      MenuEntry{{kStoreMenu, 100}, 0, kNoMenu, kCategories},
       MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile},
       MenuEntry{{kTextMenu, 100}, 0, kNoMenu, kHighlights},
       MenuEntry{{kTextMenu, 325}, IDS_MENU_PASTE_PLAIN, kNoMenu, kPastePlain},

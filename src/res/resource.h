@@ -269,12 +269,22 @@
 #define IDS_MANAGE_ASK_FOR_GOOD 2335
 #define IDS_MANAGE_ASK_RECURRENCE 2336
 #define IDS_MANAGE_NOT_ALL 2337
-#define IDS_SAVING_COPIES 2338
 #define IDS_MANAGE_ASK_NO_ROOM 2338
 #define IDS_UNKNOWN_HEIGHT 2339
 #define IDS_MENU_SHOW_FILE 2340
 #define IDS_EDIT_LINK 2341
 #define IDS_NO_LINK 2342
+#define IDS_SAVING_COPIES 2343
+
+// The store. Its dialog has numbers of its own; the last of these names notes that are in no category.
+#define IDD_CATEGORY 195
+#define IDC_CATEGORY 1520
+#define IDC_CATEGORY_LABEL 1521
+#define IDS_MENU_STORE 2350
+#define IDS_UNDO_STORED 2351
+#define IDS_NOT_STORED 2352
+#define IDS_MANAGE_NEWEST 2353
+#define IDS_NO_CATEGORY 2354
 
 // Menus and small dialogs.
 #define IDS_PAPER 6450  // and the seven papers after it, in the order of `kPapers`

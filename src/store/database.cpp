@@ -26,11 +26,12 @@ DatabaseResult ResultOf(int code) {
 void Statement::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 Statement& Statement::Bind(std::int64_t number) {
-  sqlite3_bind_int64(statement_.get(), ++bound_, number);
+  if (statement_ != nullptr) sqlite3_bind_int64(statement_.get(), ++bound_, number);
   return *this;
 }
 
 Statement& Statement::Bind(TextView text) {
+  if (statement_ == nullptr) return *this;
   // An empty view may have no place in memory, which would be taken for no value.
   const char16_t* const units = text.empty() ? u"" : text.data();
   sqlite3_bind_text16(statement_.get(), ++bound_, units, static_cast<int>(text.size() * sizeof(char16_t)),
@@ -40,12 +41,6 @@ Statement& Statement::Bind(TextView text) {
 
 DatabaseResult Statement::Step() {
   return statement_ == nullptr ? DatabaseResult::kFailed : ResultOf(sqlite3_step(statement_.get()));
-}
-
-void Statement::Reset() {
-  sqlite3_reset(statement_.get());
-  sqlite3_clear_bindings(statement_.get());
-  bound_ = 0;
 }
 
 std::int64_t Statement::NumberAt(int column) const { return sqlite3_column_int64(statement_.get(), column); }

@@ -29,8 +29,6 @@ class Statement {
   DatabaseResult Step();
   /// Steps through a statement that gives no rows; whether it worked.
   bool Run() { return Step() == DatabaseResult::kDone; }
-  /// Ready to be bound and stepped anew.
-  void Reset();
 
   /// Columns of the row, counted from 0.
   std::int64_t NumberAt(int column) const;

@@ -1,5 +1,6 @@
 #include "store/note_store.h"
 
+#include "data/data_folder.h"
 #include "data/jotlet_line.h"
 
 namespace jotlets {
@@ -10,15 +11,19 @@ constexpr std::int64_t kImageFlag = 1;
 constexpr std::int64_t kLeavingFlag = 2;
 
 // Texts are kept as the program has them, code unit by code unit.
+constexpr const char* kEncoding = "PRAGMA encoding = 'UTF-16le'";
+
+// Whole or not at all: a store that is half made would count as damaged.
 constexpr const char* kForm =
-    "PRAGMA encoding = 'UTF-16le';"
+    "BEGIN IMMEDIATE;"
     "PRAGMA application_id = 1247763283;"
     "CREATE TABLE jotlets (key INTEGER PRIMARY KEY AUTOINCREMENT, category TEXT NOT NULL,"
     " text TEXT NOT NULL, flags INTEGER NOT NULL, record TEXT NOT NULL);"
     // What makes two ids the same is no matter of the database: they are folded before they come here.
     "CREATE UNIQUE INDEX jotlets_by_text ON jotlets (text);"
     "CREATE INDEX jotlets_by_category ON jotlets (category, key);"
-    "PRAGMA user_version = 1;";
+    "PRAGMA user_version = 1;"
+    "COMMIT;";
 
 // A change is on the disk when it is committed. The journal beside the file lives for the time of a change
 // only, so that a copy of the file alone is whole.
@@ -30,7 +35,8 @@ constexpr const char* kHabits =
 void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The store '", path_, u"' ", what); }
 
 void NoteStore::Open(TextView dataFolder, TextView stamp) {
-  path_ = Text(dataFolder) + Text(kStoreName);
+  ++version_;
+  path_ = Text(dataFolder) + Text(kStoreFileName);
   if (!files_.Exists(path_)) return;
   const DatabaseResult opened = database_.Open(path_, false);
   const bool damaged =
@@ -66,7 +72,7 @@ std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView ca
     // One that is there but could not be opened is not ours to write to.
     if (path_.empty() || (files_.Exists(path_) && files_.Size(path_) > 0)) return std::nullopt;
     if (database_.Open(path_, true) != DatabaseResult::kDone ||
-        database_.Run(kForm) != DatabaseResult::kDone) {
+        database_.Run(kEncoding) != DatabaseResult::kDone || database_.Run(kForm) != DatabaseResult::kDone) {
       Tell(u"could not be made: " + database_.Fault());
       database_.Close();
       return std::nullopt;
@@ -77,15 +83,20 @@ std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView ca
       database_.Prepare("INSERT INTO jotlets (category, text, flags, record) VALUES (?, ?, ?, ?)");
   insert.Bind(category).Bind(FoldCase(record.id));
   insert.Bind(record.IsImage() ? kImageFlag : 0).Bind(MakeJotletLine(record, true));
-  if (insert.Run()) return database_.LastKey();
+  if (Change(insert)) return database_.LastKey();
   Tell(u"could not take jotlet " + record.id + u": " + database_.Fault());
   return std::nullopt;
 }
 
-std::vector<StoredNote> NoteStore::Select(const char* condition, std::size_t maximum) {
+// Whether something was changed.
+bool NoteStore::Change(Statement& statement) {
+  if (!statement.Run() || database_.Changed() == 0) return false;
+  ++version_;
+  return true;
+}
+
+std::vector<StoredNote> NoteStore::Select(Statement select, std::size_t maximum) {
   std::vector<StoredNote> notes;
-  const std::string sql = std::string("SELECT key, category, record FROM jotlets ") + condition;
-  Statement select = database_.Prepare(sql.c_str());
   const JotletData blank;
   while (notes.size() < maximum && select.Step() == DatabaseResult::kRow)
     notes.push_back({select.NumberAt(0), select.TextAt(1),
@@ -94,29 +105,58 @@ std::vector<StoredNote> NoteStore::Select(const char* condition, std::size_t max
 }
 
 std::optional<StoredNote> NoteStore::Find(std::int64_t key) {
-  const std::string condition = "WHERE key = " + std::to_string(key);
-  std::vector<StoredNote> found = Select(condition.c_str(), 1);
+  Statement select = database_.Prepare("SELECT key, category, record FROM jotlets WHERE key = ?");
+  select.Bind(key);
+  std::vector<StoredNote> found = Select(std::move(select), 1);
   return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
-bool NoteStore::Has(TextView id) {
-  Statement select = database_.Prepare("SELECT 1 FROM jotlets WHERE text = ?");
+bool NoteStore::Has(TextView id) { return KeyOf(id).has_value(); }
+
+std::optional<std::int64_t> NoteStore::KeyOf(TextView id) {
+  Statement select = database_.Prepare("SELECT key FROM jotlets WHERE text = ?");
   select.Bind(FoldCase(id));
-  return select.Step() == DatabaseResult::kRow;
+  if (select.Step() != DatabaseResult::kRow) return std::nullopt;
+  return select.NumberAt(0);
 }
 
-std::vector<StoredNote> NoteStore::Leaving() { return Select("WHERE flags & 2", SIZE_MAX); }
+std::vector<StoredNote> NoteStore::Leaving() {
+  return Select(database_.Prepare("SELECT key, category, record FROM jotlets WHERE flags & 2"), SIZE_MAX);
+}
+
+std::vector<StoredNote> NoteStore::Newest(const std::optional<Text>& category, std::size_t maximum) {
+  Statement select = database_.Prepare(
+      category ? "SELECT key, category, record FROM jotlets WHERE category = ? ORDER BY key DESC"
+               : "SELECT key, category, record FROM jotlets ORDER BY key DESC");
+  if (category) select.Bind(*category);
+  return Select(std::move(select), maximum);
+}
+
+std::vector<StoredCategory> NoteStore::Categories() {
+  std::vector<StoredCategory> categories;
+  Statement select =
+      database_.Prepare("SELECT category, count(*) FROM jotlets GROUP BY category ORDER BY category");
+  while (select.Step() == DatabaseResult::kRow)
+    categories.push_back({select.TextAt(0), static_cast<std::size_t>(select.NumberAt(1))});
+  return categories;
+}
+
+bool NoteStore::RenameCategory(TextView from, TextView to) {
+  Statement update = database_.Prepare("UPDATE jotlets SET category = ? WHERE category = ?");
+  update.Bind(to).Bind(from);
+  return Change(update);
+}
 
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {
   Statement update = database_.Prepare("UPDATE jotlets SET flags = (flags & ~2) | ? WHERE key = ?");
   update.Bind(leaving ? kLeavingFlag : 0).Bind(key);
-  return update.Run() && database_.Changed() == 1;
+  return Change(update);
 }
 
 bool NoteStore::Remove(std::int64_t key) {
   Statement remove = database_.Prepare("DELETE FROM jotlets WHERE key = ?");
   remove.Bind(key);
-  return remove.Run() && database_.Changed() == 1;
+  return Change(remove);
 }
 
 std::vector<std::int64_t> NoteStore::KeysOf(TextView category) {

@@ -12,12 +12,15 @@
 
 namespace jotlets {
 
-inline constexpr TextView kStoreName = u"store.mdb";
-
 struct StoredNote {
   std::int64_t key = 0;
   Text category;
   JotletData record;
+};
+
+struct StoredCategory {
+  Text name;
+  std::size_t notes = 0;
 };
 
 /// The file is made when the first note is stored. As it is one file that is copied with the data folder, it
@@ -37,6 +40,7 @@ class NoteStore {
   std::optional<std::int64_t> Put(const JotletData& record, TextView category);
   std::optional<StoredNote> Find(std::int64_t key);
   bool Has(TextView id);
+  std::optional<std::int64_t> KeyOf(TextView id);
 
   /// A note is about to leave for the desktop: until it is removed, it counts as stored only if no list has
   /// it.
@@ -44,6 +48,15 @@ class NoteStore {
   bool Remove(std::int64_t key);
   /// Notes that were about to leave when the program ended.
   std::vector<StoredNote> Leaving();
+
+  /// The notes that were stored last, in a category or in any of them, the newest first.
+  std::vector<StoredNote> Newest(const std::optional<Text>& category, std::size_t maximum);
+  /// All categories by name, each with the number of its notes. There is none without a note.
+  std::vector<StoredCategory> Categories();
+  /// Its notes go to the category `to`, which may be there already; false when nothing was changed.
+  bool RenameCategory(TextView from, TextView to);
+  /// A number that is another one after each change.
+  std::uint64_t Version() const { return version_; }
 
   /// The keys of a category, the oldest first.
   std::vector<std::int64_t> KeysOf(TextView category);
@@ -57,12 +70,14 @@ class NoteStore {
  private:
   bool Prepare();
   void Tell(TextView what) const;
-  std::vector<StoredNote> Select(const char* condition, std::size_t maximum);
+  bool Change(Statement& statement);
+  std::vector<StoredNote> Select(Statement select, std::size_t maximum);
 
   Files& files_;
   Log& log_;
   Text path_;
   Database database_;
+  std::uint64_t version_ = 0;
 };
 
 }  // namespace jotlets

@@ -350,10 +350,15 @@ TEST_F(Keeper, RestoresSoThatItCanBeUndone) {
   keeper.Open(u"D:\\");
   EXPECT_EQ(keeper.ManualBackup(kBackups).Finish(), Job::State::kDone);
   files.Put(u"D:\\rtf\\A.rtf", "newer");
+  files.Put(u"D:\\store.mdb", "knows A");
+  files.Put(u"D:\\store.mdb-journal", "half a change");
   EXPECT_EQ(keeper.Restore(u"202611210905").Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "a");
+  EXPECT_FALSE(files.Exists(u"D:\\store.mdb") || files.Exists(u"D:\\store.mdb-journal"))
+      << "the backup had no store";
   EXPECT_EQ(keeper.Restore(u"202611210906").Finish(), Job::State::kDone);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "newer");
+  EXPECT_EQ(files.Get(u"D:\\store.mdb"), "knows A");
   EXPECT_EQ(keeper.Restore(u"202611210101").Finish(), Job::State::kFailed);
   EXPECT_EQ(files.Get(u"D:\\rtf\\A.rtf"), "newer");
 }

@@ -449,6 +449,7 @@ class FakeProgram final : public CommandHost, public StoreHost {
       if (stored[at].second == category) keys.push_back(static_cast<std::int64_t>(at + 1));
     return keys;
   }
+  void ShowStored(std::int64_t key) override { journal.push_back(u"show stored " + IntText(key)); }
   bool WakeSleeping(TextView id) override { return works && sleeping.Remove(id).has_value(); }
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override {
     if (!works) return false;

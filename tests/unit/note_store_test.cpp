@@ -15,13 +15,13 @@ namespace {
 class DiskOfStore : public FakeFiles {
  public:
   bool Exists(TextView path) const override {
-    return path.ends_with(kStoreName) ? std::filesystem::exists(path) : FakeFiles::Exists(path);
+    return path.ends_with(kStoreFileName) ? std::filesystem::exists(path) : FakeFiles::Exists(path);
   }
   std::uint64_t Size(TextView path) const override {
-    return path.ends_with(kStoreName) ? std::filesystem::file_size(path) : FakeFiles::Size(path);
+    return path.ends_with(kStoreFileName) ? std::filesystem::file_size(path) : FakeFiles::Size(path);
   }
   FileStatus Rename(TextView from, TextView to) override {
-    if (!from.ends_with(kStoreName)) return FakeFiles::Rename(from, to);
+    if (!from.ends_with(kStoreFileName)) return FakeFiles::Rename(from, to);
     std::filesystem::rename(from, to);
     return {};
   }
@@ -46,7 +46,7 @@ class StoreTest : public ::testing::Test {
   }
   void WriteStore(const std::string& bytes) {
     store.Close();
-    std::ofstream(std::filesystem::path(folder_ + Text(kStoreName)), std::ios::binary) << bytes;
+    std::ofstream(std::filesystem::path(folder_ + Text(kStoreFileName)), std::ios::binary) << bytes;
   }
   static JotletData Note(TextView id) {
     JotletData record;
@@ -65,7 +65,7 @@ class StoreTest : public ::testing::Test {
 };
 
 TEST_F(StoreTest, KeepsNotesWholeByCategory) {
-  EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreName))) << "made by the first note alone";
+  EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreFileName))) << "made by the first note alone";
   EXPECT_TRUE(store.KeysOf(u"a").empty() && !store.Has(u"A1") && !store.Find(1));
   const auto first = store.Put(Note(u"Ab1"), u"work in progress");
   const auto second = store.Put(Note(u"B2"), u"..\\x");
@@ -75,6 +75,17 @@ TEST_F(StoreTest, KeepsNotesWholeByCategory) {
   Reopen();
   EXPECT_EQ(store.KeysOf(u"work in progress"), (std::vector{*first, *third}));
   EXPECT_EQ(store.KeysOf(u"work"), std::vector<std::int64_t>());
+  EXPECT_EQ(store.Newest({}, 2).front().key, *third);
+  EXPECT_EQ(store.Newest(u"..\\x", 2).size(), 1u);
+  ASSERT_EQ(store.Categories().size(), 2u);
+  EXPECT_TRUE(store.Categories()[1].name == u"work in progress" && store.Categories()[1].notes == 2);
+  const std::uint64_t version = store.Version();
+  EXPECT_TRUE(!store.RenameCategory(u"none", u"x") && store.Version() == version);
+  EXPECT_TRUE(store.RenameCategory(u"..\\x", u"work in progress") && store.Version() != version);
+  EXPECT_EQ(store.Categories().front().notes, 3u) << "one name, one category";
+  EXPECT_TRUE(store.RenameCategory(u"work in progress", u"..\\x"));
+  EXPECT_EQ(store.KeysOf(u"..\\x").size(), 3u);
+  EXPECT_TRUE(store.RenameCategory(u"..\\x", u"work in progress"));
   const auto found = store.Find(*first);
   ASSERT_TRUE(found);
   EXPECT_EQ(found->category, u"work in progress");
@@ -92,10 +103,10 @@ TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
     WriteStore(bytes);
     Reopen();
     EXPECT_FALSE(store.IsOpen());
-    EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreName)));
-    EXPECT_TRUE(std::filesystem::exists(folder_ + Text(kStoreName) + u".damaged-2"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreFileName)));
+    EXPECT_TRUE(std::filesystem::exists(folder_ + Text(kStoreFileName) + u".damaged-2"));
     EXPECT_TRUE(log.Holds(u"is damaged and kept as"));
-    std::filesystem::remove(folder_ + Text(kStoreName) + u".damaged-2");
+    std::filesystem::remove(folder_ + Text(kStoreFileName) + u".damaged-2");
   }
   WriteStore("");
   Reopen();
@@ -103,7 +114,7 @@ TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
   store.Close();
   {
     Database newer;
-    ASSERT_EQ(newer.Open(folder_ + Text(kStoreName), false), DatabaseResult::kDone);
+    ASSERT_EQ(newer.Open(folder_ + Text(kStoreFileName), false), DatabaseResult::kDone);
     newer.Run("PRAGMA user_version = 2");
   }
   Reopen();
@@ -117,7 +128,7 @@ TEST_F(StoreTest, AnyCutIsReadOrPutAside) {
   store.Close();
   std::string whole;
   {
-    std::ifstream file(std::filesystem::path(folder_ + Text(kStoreName)), std::ios::binary);
+    std::ifstream file(std::filesystem::path(folder_ + Text(kStoreFileName)), std::ios::binary);
     whole.assign(std::istreambuf_iterator<char>(file), {});
   }
   for (std::size_t length = 0; length < whole.size(); length += 997) {
@@ -135,7 +146,7 @@ TEST_F(StoreTest, AnyCutIsReadOrPutAside) {
 // The desk with a store on the disk.
 struct DeskWithStore : FakeDesk {
   explicit DeskWithStore(const Text& folder) {
-    const Text path = folder + Text(kStoreName);
+    const Text path = folder + Text(kStoreFileName);
     // Its file is known to the library alone.
     if (std::filesystem::exists(path)) files.Put(path, "some");
     store.Open(folder, u"1");
@@ -163,6 +174,12 @@ TEST_F(StoreTest, TheDeskStoresAndFetchesWithoutLosingAnything) {
   const JotletData& back = *home.Lists().desktop.Find(u"A");
   EXPECT_TRUE(back.x == 5 && back.y == 6 && back.alarm == 77);
   EXPECT_GT(home.journal.flushed, 0u) << "on the disk before it left the store";
+
+  ASSERT_TRUE(home.desk.Store(u"A", u"work"));
+  EXPECT_EQ(home.desk.DeleteStored({u"a", u"B"}), 1u) << "B is not stored";
+  EXPECT_FALSE(home.store.Has(u"A") || home.Lists().WhereIs(u"A"));
+  home.desk.Saver().SaveIfDirty();
+  EXPECT_FALSE(home.files.Exists(u"D:\\rtf\\A.rtf"));
 
   home.files.unchangeable.insert(u"d:\\rtf\\b.rtf");
   home.windows.Type(u"B", u"{\\rtf1 more}");

@@ -12,6 +12,7 @@
 #include "data/options_file.h"
 #include "data/text_file.h"
 #include "desktop.h"
+#include "manage/manage_actions.h"
 #include "note/win/jotlet.h"
 #include "res/resource.h"
 #include "ui/screen.h"
@@ -54,12 +55,13 @@ class ManageTest : public WindowTest {
     PressKeys({VK_CONTROL, 'M'});
     return HasFocus();
   }
-  static void GoToView(int view) {
-    const HWND tabs = GetDlgItem(Find(), IDC_MANAGE_VIEWS);
-    for (int i = 0; i < 6 && SendMessageW(tabs, TCM_GETCURSEL, 0, 0) != view; ++i) {
-      const LRESULT before = SendMessageW(tabs, TCM_GETCURSEL, 0, 0);
+  static LRESULT Row() { return SendMessageW(GetDlgItem(Find(), IDC_MANAGE_VIEWS), LB_GETCURSEL, 0, 0); }
+  // In a store without categories each view is one row.
+  static void GoToView(ManageView view) {
+    for (std::size_t i = 0; i < kManageViews && Row() != static_cast<LRESULT>(view); ++i) {
+      const LRESULT before = Row();
       PressKeys({VK_CONTROL, VK_NEXT});
-      WaitUntil([&] { return SendMessageW(tabs, TCM_GETCURSEL, 0, 0) != before; }, 5000);
+      WaitUntil([&] { return Row() != before; }, 5000);
     }
   }
   static bool ClickTitle() {
@@ -96,7 +98,7 @@ TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
   ASSERT_TRUE(OpenByKey());
   EXPECT_EQ(BoundsOf(Find()), (Rect{40, 60, 740, 460}));
-  GoToView(4);
+  GoToView(ManageView::kClosed);
   EXPECT_TRUE(Shows(u"3 of 3")) << ToUtf8(Status());
   TypeText(u"About CC02");
   EXPECT_TRUE(Shows(u"1 of 3")) << ToUtf8(Status());
@@ -145,7 +147,7 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   const DataFile before = ParseData();
   const bool attachedWaits = !WindowTest::List(u"attached").empty();
   ASSERT_TRUE(ClickTitle());
-  for (const int view : {0, 1, 2}) {
+  for (const ManageView view : {ManageView::kDesktop, ManageView::kAttached, ManageView::kSleeping}) {
     GoToView(view);
     PressKeys({VK_CONTROL, 'A'});
     PressKeys({VK_DELETE});
@@ -171,7 +173,7 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
 
   // What is closed goes for good, when the user says so; a note that sleeps can be woken.
   events_.clear();
-  GoToView(4);
+  GoToView(ManageView::kClosed);
   PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_DELETE});
   EXPECT_NE(AnswerBox(*program_, Find()).find(u"for good"), Text::npos);
@@ -184,12 +186,12 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
   Reply(u"do saveini");
   EXPECT_EQ(Read(folder_ + u"rtf\\CC01.rtf"), "");
   ASSERT_TRUE(ClickTitle());
-  GoToView(2);
+  GoToView(ManageView::kSleeping);
   PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_RETURN});
   NoteTitled(u"Asleep");
   ASSERT_TRUE(ClickTitle());
-  GoToView(1);
+  GoToView(ManageView::kAttached);
   const Rect list = BoundsOf(ManageTest::List());
   ASSERT_TRUE(ClickUntil([] { return Shows(u"1 of 1, 1 selected"); }, {list.left + 40, list.top + 28}));
   PressKeys({VK_MENU, 'A'});

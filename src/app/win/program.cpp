@@ -45,7 +45,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
-               system_.files, saving_, window_, state_),
+               store_, system_.files, saving_, window_, state_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },
@@ -56,7 +56,7 @@ Program::Program(const Resources& resources, ProgramInstance& instance, bool res
                      tray_,     hotKeys_,      keys_,        backups_,        listeners_,         menus_,
                      window_,   state_,        *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
-                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, undo_,
+                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_, undo_,
                      listeners_, menus_, window_, state_}),
       commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
                 {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_,
@@ -198,9 +198,11 @@ FileStatus Program::MoveDataTo(TextView folder) {
   undo_.End();
   // Everything that is in memory goes along.
   saving_.SaveOptions();
-  FileStatus moved = saving_.SaveJotlets() ? MoveData(system_.files, system_.log, desk_.Folder(), folder)
-                                           : FileStatus::Failed(saving_.MainPath());
-  if (moved) Restart();
+  if (!saving_.SaveJotlets()) return FileStatus::Failed(saving_.MainPath());
+  // A file that is open can be neither moved nor replaced.
+  store_.Close();
+  FileStatus moved = MoveData(system_.files, system_.log, desk_.Folder(), folder);
+  moved ? Restart() : OpenStore();
   return moved;
 }
 
@@ -214,6 +216,7 @@ void Program::HoldStill(bool still) {
   stacks_.Enable(!still);
   managed_.Dialog().Enable(!still);
   optionCommands_.Dialog().Enable(!still);
+  still ? store_.Close() : OpenStore();
   // What was not saved before is tried again.
   if (!still) desk_.Changed();
 }

@@ -96,6 +96,7 @@ class Program final : private OpenNotesOwner,
   void WriteBack();
   void ProvideFirstRun();
   void ChooseFirstLook();
+  void OpenStore();
   bool LoadJotlets();
   void TellDamage(const LoadedData& loaded);
   void OnMinute();

@@ -46,6 +46,7 @@ bool Program::Start(HWND window) {
   for (const Text& report : CollectCrashReports(system_.files, system_.log, desk_.Folder()))
     tray_.Balloon(kVersionText, ReplaceAll(resources_.String(IDS_CRASHED), u"%s", desk_.Folder() + report));
   friends_.Open(desk_.Folder());
+  OpenStore();
   if (firstRun) ProvideFirstRun();
   if (!firstRun && !LoadJotlets()) return false;
   if (firstRun) WriteBack();
@@ -158,6 +159,8 @@ void Program::ProvideFirstRun() {
   desk_.Create(welcome);
 }
 
+void Program::OpenStore() { store_.Open(desk_.Folder(), MinuteStamp(system_.clock.Now().local)); }
+
 bool Program::LoadJotlets() {
   LoadedData loaded =
       jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
@@ -166,6 +169,7 @@ bool Program::LoadJotlets() {
   ApplyOptions();
   if (loaded.file.version > kDataFileVersion) {
     claim_.LeaveUntouched();
+    store_.Close();
     Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
     instance_.Release();
     return false;
@@ -176,7 +180,6 @@ bool Program::LoadJotlets() {
   friends_.Merge(loaded.file.friendLines);
   WriteBack();
   TellDamage(loaded);
-  store_.Open(desk_.Folder(), MinuteStamp(system_.clock.Now().local));
   desk_.Load(std::move(loaded.file));
   stacks_.OpenAll();
   claim_.GoOn(desk_.Journal(), loaded);

@@ -27,8 +27,7 @@ constexpr int kButtonGap = 6;
 constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 260;
 constexpr int kSearchLabelWidth = 56;
-
-ManageView ViewAt(int index) { return static_cast<ManageView>(index); }
+constexpr int kViewsWidth = 168;
 
 }  // namespace
 
@@ -68,7 +67,7 @@ void BManageDlg::OnInit() {
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon);
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
   table_.SetUp(Item(IDC_MANAGE_LIST), resources_, options_.manageWidths);
-  AddViews();
+  views_.SetUp(Item(IDC_MANAGE_VIEWS));
   RestorePlace();
   list_.Search({}, options_.manageWindowSearchWhat);
   const std::int32_t sorted = options_.manageSorted;
@@ -77,18 +76,23 @@ void BManageDlg::OnInit() {
                sorted < 0);
   table_.ShowSorting(options_.manageSorted);
   Layout();
-  Show(view_);
+  ShowPlace();
 }
 
-void BManageDlg::AddViews() {
+// The categories stand below the view of the stored notes.
+void BManageDlg::ShowViews() {
+  const auto counts = owner_.CountManaged();
+  std::vector<ManageViews::Row> rows;
   for (std::size_t i = 0; i < kManageViews; ++i) {
-    Text name = resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(i));
-    TCITEMW item{};
-    item.mask = TCIF_TEXT;
-    item.pszText = WideBuffer(name);
-    TabCtrl_InsertItem(Item(IDC_MANAGE_VIEWS), static_cast<int>(i), &item);
+    const auto view = static_cast<ManageView>(i);
+    rows.push_back({{view, {}}, resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]});
+    if (view != ManageView::kStored) continue;
+    for (const StoredCategory& category : owner_.Categories())
+      rows.push_back({{view, category.name},
+                      category.name.empty() ? resources_.String(IDS_NO_CATEGORY) : OneLine(category.name),
+                      category.notes});
   }
-  TabCtrl_SetCurSel(Item(IDC_MANAGE_VIEWS), static_cast<int>(view_));
+  views_.ShowRows(std::move(rows));
 }
 
 void BManageDlg::RestorePlace() {
@@ -127,8 +131,8 @@ void BManageDlg::Layout() {
   const int row = scaled(kRow);
   const int width = client.right - 2 * margin;
   const int label = scaled(kSearchLabelWidth);
-  const int views = margin + row + margin / 2;
-  const int list = views + row;
+  const int list = margin + row + margin;
+  const int views = scaled(kViewsWidth);
   const int bottom = client.bottom - margin - row;
   const auto place = [this](int control, int left, int top, int across, int down) {
     SetWindowPos(Item(control), nullptr, left, top, std::max(across, 0), std::max(down, 0),
@@ -136,12 +140,12 @@ void BManageDlg::Layout() {
   };
   place(IDC_MANAGE_SEARCH_LABEL, margin, margin + scaled(4), label, row - scaled(4));
   place(IDC_MANAGE_SEARCH, margin + label, margin, width - label, row);
-  place(IDC_MANAGE_VIEWS, margin, views, width, row);
-  place(IDC_MANAGE_LIST, margin, list, width, bottom - margin - list);
+  place(IDC_MANAGE_VIEWS, margin, list, views, bottom - margin - list);
+  place(IDC_MANAGE_LIST, margin + views + margin, list, width - views - margin, bottom - margin - list);
   int left = margin;
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const int button = IDC_MANAGE_ACTION + static_cast<int>(i);
-    if (!Offers(view_, static_cast<ManageAction>(i))) continue;
+    if (!Offers(View(), static_cast<ManageAction>(i))) continue;
     place(button, left, bottom, scaled(kButtonWidth), row);
     left += scaled(kButtonWidth + kButtonGap);
   }
@@ -149,23 +153,31 @@ void BManageDlg::Layout() {
   table_.FitLastColumn();
 }
 
-void BManageDlg::Show(ManageView view) {
-  view_ = view;
-  TabCtrl_SetCurSel(Item(IDC_MANAGE_VIEWS), static_cast<int>(view));
+void BManageDlg::ShowPlace() {
+  ShowViews();
   for (std::size_t i = 0; i < kManageActions; ++i) {
-    const bool offered = Offers(view, static_cast<ManageAction>(i));
+    const bool offered = Offers(View(), static_cast<ManageAction>(i));
     ShowWindow(Item(IDC_MANAGE_ACTION + static_cast<int>(i)), offered ? SW_SHOWNA : SW_HIDE);
   }
   Layout();
-  owner_.FillManageList(view, list_);
+  owner_.FillManageList(views_.Chosen(), list_);
   ShowRows({});
   ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
   ReadTexts();
 }
 
 void BManageDlg::StepView(int step) {
-  constexpr int kViews = static_cast<int>(kManageViews);
-  Show(ViewAt((static_cast<int>(view_) + step + kViews) % kViews));
+  views_.Step(step);
+  ShowPlace();
+}
+
+void BManageDlg::ShowNote(const ManagePlace& place, const Text& id) {
+  if (!IsOpen()) return;
+  SetItemText(IDC_MANAGE_SEARCH, {});
+  views_.Choose(place);
+  ShowPlace();
+  const std::vector<std::size_t> places = list_.PlacesOf({id});
+  if (!places.empty()) table_.Select(static_cast<int>(places.front()), false);
 }
 
 // Changes the rows of the list and keeps what is selected, by id.
@@ -190,7 +202,9 @@ void BManageDlg::RefreshSoon() {
 }
 
 void BManageDlg::Refresh() {
-  ChangeList([this] { return owner_.FillManageList(view_, list_); });
+  // A category that has gone takes what is shown along.
+  ShowViews();
+  ChangeList([this] { return owner_.FillManageList(views_.Chosen(), list_); });
   ReadTexts();
 }
 
@@ -224,6 +238,9 @@ void BManageDlg::SortBy(ManageColumn column) {
 
 // Texts are read in slices: what the user does goes first.
 void BManageDlg::ReadTexts() {
+  const HWND shown = Item(IDC_MANAGE_LIST);
+  const auto top = static_cast<std::size_t>(std::max(ListView_GetTopIndex(shown), 0));
+  list_.WantTexts(top, top + static_cast<std::size_t>(ListView_GetCountPerPage(shown)) + 1);
   if (!list_.IsReading()) return UpdateState();
   ChangeList([this] {
     const ULONGLONG end = GetTickCount64() + kReadingSlice;
@@ -241,11 +258,11 @@ void BManageDlg::ReadTexts() {
 ManageFacts BManageDlg::Facts() const {
   const HWND list = Item(IDC_MANAGE_LIST);
   ManageFacts facts;
-  facts.view = view_;
+  facts.view = View();
   facts.selected = ListView_GetSelectedCount(list);
   facts.canUndo = owner_.CanUndoManaged();
-  facts.attached = view_ == ManageView::kAttached;
-  if (view_ != ManageView::kDesktop) return facts;
+  facts.attached = View() == ManageView::kAttached;
+  if (View() != ManageView::kDesktop) return facts;
   for (int place = -1; !facts.attached && (place = ListView_GetNextItem(list, place, LVNI_SELECTED)) >= 0;) {
     const auto index = static_cast<std::size_t>(place);
     facts.attached = index < list_.Size() && list_.At(index).attached;
@@ -253,7 +270,17 @@ ManageFacts BManageDlg::Facts() const {
   return facts;
 }
 
-// The buttons and the words below the list and on the tabs. Only what differs is set: nothing may flicker.
+// How many notes are stored where only the newest are shown; 0 elsewhere.
+std::size_t BManageDlg::AllInPlace() const {
+  if (View() != ManageView::kStored) return 0;
+  const std::optional<Text>& category = views_.Chosen().category;
+  std::size_t all = 0;
+  for (const StoredCategory& each : owner_.Categories())
+    if (!category || each.name == *category) all += each.notes;
+  return all;
+}
+
+// The buttons, the words below the list and the numbers of the views. Only what differs is set: nothing may flicker.
 void BManageDlg::UpdateState() {
   const ManageFacts facts = Facts();
   for (std::size_t i = 0; i < kManageActions; ++i) {
@@ -269,21 +296,11 @@ void BManageDlg::UpdateState() {
                            u"%m", number(list_.Total()));
   if (facts.selected > 0)
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", number(facts.selected));
-  if (list_.IsReading()) status += u", " + resources_.String(IDS_MANAGE_READING);
+  if (const std::size_t all = AllInPlace(); all > list_.Total())
+    status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", number(all));
+  if (list_.IsSearching()) status += u", " + resources_.String(IDS_MANAGE_READING);
   SetItemText(IDC_MANAGE_STATUS, status);
-  const auto counts = owner_.CountManaged();
-  for (std::size_t i = 0; i < kManageViews; ++i) {
-    Text name = resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)) + u" (" + number(counts[i]) + u")";
-    wchar_t shown[80] = {};
-    TCITEMW item{};
-    item.mask = TCIF_TEXT;
-    item.pszText = shown;
-    item.cchTextMax = static_cast<int>(std::size(shown));
-    TabCtrl_GetItem(Item(IDC_MANAGE_VIEWS), static_cast<int>(i), &item);
-    if (FromWide(shown) == name) continue;
-    item.pszText = WideBuffer(name);
-    TabCtrl_SetItem(Item(IDC_MANAGE_VIEWS), static_cast<int>(i), &item);
-  }
+  ShowViews();
 }
 
 void BManageDlg::SetItemText(int control, const Text& text) {
@@ -297,7 +314,7 @@ void BManageDlg::ActSoon(ManageAction action) {
 
 void BManageDlg::Act(ManageAction action) {
   if (!IsEnabled(action, Facts())) return;
-  owner_.DoManageAction(action, view_, table_.Selected().ids);
+  owner_.DoManageAction(action, View(), table_.Selected().ids);
   if (IsOpen()) Refresh();
 }
 
@@ -306,16 +323,24 @@ void BManageDlg::ActByDefault() {
     if (list_.Size() > 0) table_.Select(0, true);
     return;
   }
-  if (const auto action = DefaultAction(view_)) ActSoon(*action);
+  if (const auto action = DefaultAction(View())) ActSoon(*action);
 }
 
 bool BManageDlg::OnCommand(UINT control, UINT notification) {
   if (control == IDOK) ActByDefault();
   if (control == IDCANCEL) CloseWindow();
   if (control == IDC_MANAGE_SEARCH && notification == EN_CHANGE) Search();
+  if (control == IDC_MANAGE_VIEWS && notification == LBN_SELCHANGE) {
+    views_.FollowControl();
+    ShowPlace();
+  }
   const UINT action = control - IDC_MANAGE_ACTION;
   if (action < kManageActions && notification == BN_CLICKED) ActSoon(static_cast<ManageAction>(action));
   return true;
+}
+
+void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item);
 }
 
 std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -343,6 +368,11 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
   }
 }
 
+// Rows come into sight: their texts are read when there is time.
+void BManageDlg::WantSoon() {
+  if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, kReadingPause, nullptr);
+}
+
 void BManageDlg::OnWindowTimer(UINT_PTR timer) {
   KillTimer(Handle(), timer);
   if (timer == kReadTimer) ReadTexts();
@@ -361,7 +391,11 @@ void BManageDlg::OnWindowEnd() {
 
 std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
   switch (header.code) {
+    case NM_CUSTOMDRAW:
+      if (header.idFrom != IDC_MANAGE_LIST) return std::nullopt;
+      return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
     case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
+    case LVN_ODCACHEHINT: WantSoon(); return 0;
     case LVN_COLUMNCLICK:
       SortBy(static_cast<ManageColumn>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
       return 0;
@@ -377,7 +411,6 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
       // The header tells before the new width holds.
       PostMessageW(Handle(), kStoreMessage, 0, 0);
       return 0;
-    case TCN_SELCHANGE: Show(ViewAt(TabCtrl_GetCurSel(header.hwndFrom))); return 0;
     default: return std::nullopt;
   }
 }

@@ -13,6 +13,7 @@
 #include "manage/manage_list.h"
 #include "manage/win/manage_owner.h"
 #include "manage/win/manage_table.h"
+#include "manage/win/manage_views.h"
 #include "ui/dialog.h"
 
 namespace jotlets {
@@ -37,6 +38,8 @@ class BManageDlg final : public Dialog {
   void CloseForExit() { Close(); }
   /// Brings the open window to the user's eyes.
   void Activate();
+  /// Shows a note of a place, and selects it, in the open window.
+  void ShowNote(const ManagePlace& place, const Text& id);
   void Enable(bool enabled);
   HWND Window() const { return Handle(); }
 
@@ -56,28 +59,32 @@ class BManageDlg final : public Dialog {
 
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> AnswerNotify(NMHDR& header);
   void OnContextMenu(POINT at);
   void OnWindowTimer(UINT_PTR timer);
   void OnWindowEnd();
 
-  void AddViews();
   void RestorePlace();
   void StoreSettings();
   void Layout();
 
-  void Show(ManageView view);
+  ManageView View() const { return views_.Chosen().view; }
+  void ShowPlace();
+  void ShowViews();
   void StepView(int step);
   void Refresh();
   void Search();
   void SortBy(ManageColumn column);
   void ReadTexts();
+  void WantSoon();
   template <typename Change>
   void ChangeList(Change change);
   void ShowRows(const ManageTable::Selection& selection);
 
   ManageFacts Facts() const;
+  std::size_t AllInPlace() const;
   void UpdateState();
   void SetItemText(int control, const Text& text);
   void ActSoon(ManageAction action);
@@ -99,7 +106,7 @@ class BManageDlg final : public Dialog {
   ManageTexts texts_;
   ManageList list_;
   ManageTable table_;
-  ManageView view_ = ManageView::kDesktop;
+  ManageViews views_;
   bool refreshComes_ = false;
 };
 

@@ -70,10 +70,10 @@ void BManageDlg::OnContextMenu(POINT at) {
   const ManageFacts facts = Facts();
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const auto action = static_cast<ManageAction>(i);
-    if (!Offers(view_, action)) continue;
+    if (!Offers(View(), action)) continue;
     const Text words = ItemText(IDC_MANAGE_ACTION + static_cast<int>(i));
     AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
-    if (DefaultAction(view_) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
+    if (DefaultAction(View()) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
   }
   const UINT chosen = ChooseFromMenu(menu.get(), {at.x, at.y}, Handle());
   if (chosen > 0 && IsOpen()) ActSoon(static_cast<ManageAction>(chosen - 1));

@@ -7,18 +7,21 @@
 
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
+#include "store/note_store.h"
 
 namespace jotlets {
 
 class ManageOwner {
  public:
   virtual ~ManageOwner() = default;
-  /// Puts the notes of a view into the list; false when they are there already.
-  virtual bool FillManageList(ManageView view, ManageList& list) = 0;
+  /// Puts the notes of a place into the list, of very many stored ones the newest; false when they are there
+  /// already.
+  virtual bool FillManageList(const ManagePlace& place, ManageList& list) = 0;
   virtual std::array<std::size_t, kManageViews> CountManaged() = 0;
   /// Does something with notes, after asking the user where that is right. The window may be gone when the
   /// call returns.
   virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
+  virtual const std::vector<StoredCategory>& Categories() = 0;
   virtual bool CanUndoManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.

@@ -4,11 +4,31 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
-constexpr int kLastColumnWidth = 120;  // pixels at 96 dots per inch
+// Pixels at 96 dots per inch.
+constexpr int kLastColumnWidth = 120;
+constexpr int kRowHeight = 44;
+constexpr int kInset = 8;
+constexpr int kBarWidth = 5;
+constexpr int kBarHeight = 28;
+
+// A font like that of a window, but bolder.
+UniqueFont TitleFont(HWND window) {
+  LOGFONTW face{};
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  if (GetObjectW(font, sizeof face, &face) == 0) return {};
+  face.lfWeight = FW_SEMIBOLD;
+  return UniqueFont(CreateFontIndirectW(&face));
+}
+
+COLORREF Between(COLORREF a, COLORREF b, int percent) {
+  const auto mix = [percent](int x, int y) { return static_cast<BYTE>((x * (100 - percent) + y * percent) / 100); };
+  return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)), mix(GetBValue(a), GetBValue(b)));
+}
 
 }  // namespace
 
@@ -17,8 +37,13 @@ void ManageTable::SetUp(HWND control, const Resources& resources, std::span<cons
   for (std::size_t i = 0; i < typeNames_.size(); ++i)
     typeNames_[i] = resources.String(IDS_MANAGE_TYPE + static_cast<UINT>(i));
   ListView_SetExtendedListViewStyle(control_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  // The rows are as high as the pictures that they could have.
+  ListView_SetImageList(control_, ImageList_Create(1, Scaled(kRowHeight), ILC_COLOR32, 1, 0), LVSIL_SMALL);
+  titleFont_ = TitleFont(control_);
   AddColumns(resources, widths);
 }
+
+int ManageTable::Scaled(int length) const { return MulDiv(length, Dpi(), USER_DEFAULT_SCREEN_DPI); }
 
 int ManageTable::Dpi() const { return static_cast<int>(GetDpiForWindow(control_)); }
 
@@ -147,6 +172,67 @@ void ManageTable::Answer(NMLVDISPINFOW& info) const {
   lstrcpynW(item.pszText, Wide(text), item.cchTextMax);
 }
 
+LRESULT ManageTable::Draw(const NMLVCUSTOMDRAW& draw) const {
+  if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  DrawRow(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec));
+  return CDRF_SKIPDEFAULT;
+}
+
+void ManageTable::DrawRow(HDC dc, int place) const {
+  RECT area{};
+  if (!ListView_GetItemRect(control_, place, &area, LVIR_BOUNDS)) return;
+  const bool selected = ListView_GetItemState(control_, place, LVIS_SELECTED) != 0;
+  const COLORREF paper = GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
+  const COLORREF ink = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+  FillRect(dc, &area, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  if (place < 0 || static_cast<std::size_t>(place) >= list_.Size()) return;
+  const ManageRow& row = list_.At(static_cast<std::size_t>(place));
+  SetBkMode(dc, TRANSPARENT);
+  SetTextColor(dc, ink);
+  RECT cell = area;
+  for (std::size_t i = 0; i < kManageColumns; ++i) {
+    cell.right = cell.left + ListView_GetColumnWidth(control_, static_cast<int>(i));
+    RECT words{cell.left + Scaled(kInset), cell.top, cell.right - Scaled(kInset) / 2, cell.bottom};
+    if (i == 0) {
+      DrawNote(dc, row, words, Between(ink, paper, 30));
+    } else {
+      DrawTextW(dc, Wide(CellText(row, static_cast<ManageColumn>(i))), -1, &words,
+                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+    cell.left = cell.right;
+  }
+  if (GetFocus() == control_ && ListView_GetItemState(control_, place, LVIS_FOCUSED) != 0)
+    DrawFocusRect(dc, &area);
+}
+
+void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const {
+  constexpr UINT kLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+  const int middle = (cell.top + cell.bottom) / 2;
+  if (row.type != ManageRow::Type::kStack) {
+    const COLORREF paper = ToCOLORREF(row.colour);
+    const UniqueBrush fill(CreateSolidBrush(paper));
+    const UniqueBrush line(CreateSolidBrush(Between(paper, RGB(0, 0, 0), 25)));
+    const int half = Scaled(kBarHeight) / 2;
+    const RECT bar{cell.left, middle - half, cell.left + Scaled(kBarWidth), middle + half};
+    FillRect(dc, &bar, fill.get());
+    FrameRect(dc, &bar, line.get());
+    cell.left = bar.right;
+  }
+  cell.left += Scaled(kInset);
+  const UINT title = row.snippet.empty() ? DT_VCENTER : DT_BOTTOM;
+  RECT upper = cell;
+  if (!row.snippet.empty()) upper.bottom = middle;
+  const auto plain = static_cast<HFONT>(SelectObject(dc, titleFont_.get()));
+  DrawTextW(dc, Wide(row.title), -1, &upper, kLine | title);
+  SelectObject(dc, plain);
+  if (row.snippet.empty()) return;
+  const COLORREF ink = SetTextColor(dc, quiet);
+  RECT lower{cell.left, middle + Scaled(1), cell.right, cell.bottom};
+  DrawTextW(dc, Wide(row.snippet), -1, &lower, kLine | DT_TOP);
+  SetTextColor(dc, ink);
+}
+
 Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {
   const auto time = [this](std::int32_t utc) { return utc > 0 ? owner_.ManagedTime(utc) : Text(); };
   switch (column) {
@@ -154,7 +240,7 @@ Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {
     case ManageColumn::kType: return typeNames_[static_cast<std::size_t>(row.type)];
     case ManageColumn::kCreated: return time(row.created);
     case ManageColumn::kModified: return time(row.modified);
-    case ManageColumn::kNextWake: return time(row.nextWake);
+    case ManageColumn::kNextWake: return row.category.empty() ? time(row.nextWake) : row.category;
   }
   return {};
 }

@@ -52,17 +52,23 @@ class ManageTable {
   POINT PlaceForMenu() const;
   /// Answers what the control asks about a cell.
   void Answer(NMLVDISPINFOW& info) const;
+  /// Draws a row: title and text in two lines beside the colour of the paper.
+  LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
 
  private:
   int Dpi() const;
   void AddColumns(const Resources& resources, std::span<const std::int32_t> widths);
   void Restore(const Selection& selection);
+  int Scaled(int length) const;
+  void DrawRow(HDC dc, int place) const;
+  void DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const;
   Text CellText(const ManageRow& row, ManageColumn column) const;
 
   const ManageList& list_;
   ManageOwner& owner_;
   HWND control_ = nullptr;
   std::array<Text, 3> typeNames_;
+  UniqueFont titleFont_;
   bool changing_ = false;
 };
 

@@ -80,10 +80,11 @@ void FindStrip::Open(HWND note) {
 void FindStrip::CloseStrip() {
   if (!open_) return;
   open_ = false;
+  // The text has its whole place again before anybody can see that the strip has gone.
+  placed_();
   SendMessageW(edit_.Handle(), EM_SETOPTIONS, ECOOP_AND, ~LPARAM{ECO_NOHIDESEL});
   SetFocus(edit_.Handle());
   ShowWindow(Handle(), SW_HIDE);
-  placed_();
 }
 
 void FindStrip::Show(bool shown) {

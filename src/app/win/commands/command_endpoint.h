@@ -37,23 +37,26 @@ struct ProgramTools {
 /// Its view of the store.
 class StoreEndpoint final : public StoreHost {
  public:
-  StoreEndpoint(NoteDesk& desk, NoteStore& store) : desk_(desk), store_(store) {}
+  StoreEndpoint(NoteDesk& desk, NoteStore& store, ManagedNotes& managed)
+      : desk_(desk), store_(store), managed_(managed) {}
   std::optional<std::int64_t> Store(TextView id, TextView category) override {
     return desk_.Store(id, category);
   }
   Text Fetch(std::int64_t key) override { return desk_.Fetch(key); }
   std::vector<std::int64_t> KeysOf(TextView category) override { return store_.KeysOf(category); }
+  void ShowStored(std::int64_t key) override { managed_.ShowStored(key); }
 
  private:
   NoteDesk& desk_;
   NoteStore& store_;
+  ManagedNotes& managed_;
 };
 
 /// The command language's view of the program.
 class CommandEndpoint final : public CommandHost {
  public:
   CommandEndpoint(const NoteTools& note, const ProgramTools& program)
-      : note_(note), program_(program), stored_(note.desk, program.store) {}
+      : note_(note), program_(program), stored_(note.desk, program.store, program.managed) {}
 
   /// Serves a copy-data message; what it answers.
   Taken OnCopyData(HWND sender, const COPYDATASTRUCT& record);

@@ -6,6 +6,7 @@
 #include "base/win/shown_time.h"
 #include "data/text_export.h"
 #include "desk/win/notes_export.h"
+#include "manage/win/category_dialog.h"
 #include "res/resource.h"
 #include "ui/job_dialog.h"
 #include "ui/system_choosers.h"
@@ -28,7 +29,10 @@ bool IsUnsaved(const JotletData& record, void* desktop) {
 
 }  // namespace
 
-bool ManagedNotes::FillManageList(ManageView view, ManageList& list) {
+bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
+  const ManageView view = place.view;
+  if (view == ManageView::kStored) return FillStored(place.category, list);
+  shown_ = 0;
   const NoteLists& lists = desk_.Lists();
   std::vector<const JotletData*> notes;
   const auto add = [&notes](const JotletData& record) { notes.push_back(&record); };
@@ -45,8 +49,38 @@ bool ManagedNotes::FillManageList(ManageView view, ManageList& list) {
       break;
     case ManageView::kClosed: std::for_each(lists.closed.begin(), lists.closed.end(), add); break;
     case ManageView::kStacks: return list.SetStacks(lists.stacks);
+    case ManageView::kStored: break;
   }
   return list.SetNotes(notes);
+}
+
+// They are read from the disk: not again before something has changed.
+bool ManagedNotes::FillStored(const std::optional<Text>& category, ManageList& list) {
+  constexpr std::size_t kMaximumShown = 2000;
+  if (shown_ == store_.Version() && shownCategory_ == category) return false;
+  shown_ = store_.Version();
+  shownCategory_ = category;
+  return list.SetStored(store_.Newest(category, kMaximumShown));
+}
+
+const std::vector<StoredCategory>& ManagedNotes::Categories() {
+  if (counted_ != store_.Version()) {
+    counted_ = store_.Version();
+    categories_ = store_.Categories();
+  }
+  return categories_;
+}
+
+void ManagedNotes::ShowStored(std::int64_t key) {
+  dialog_.OpenWindow(false);
+  const std::optional<StoredNote> note = store_.Find(key);
+  dialog_.ShowNote({ManageView::kStored, {}}, note ? note->record.id : Text());
+}
+
+std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
+  const std::vector<StoredNote> last = store_.Newest({}, 1);
+  const std::vector<StoredCategory> categories = Categories();
+  return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
 }
 
 std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {
@@ -54,7 +88,9 @@ std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {
   const auto recurring = static_cast<std::size_t>(
       std::count_if(lists.sleeping.begin(), lists.sleeping.end(),
                     [](const JotletData& record) { return IsIn(ManageView::kRecurring, record); }));
-  return {lists.desktop.size(), lists.attached.size(), lists.sleeping.size() - recurring, recurring,
+  std::size_t stored = 0;
+  for (const StoredCategory& category : Categories()) stored += category.notes;
+  return {lists.desktop.size(), lists.attached.size(), lists.sleeping.size() - recurring, recurring, stored,
           lists.closed.size(),  lists.stacks.size()};
 }
 
@@ -101,7 +137,8 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kWake: return Wake(ids);
     case ManageAction::kUnattach: return desk_.Unattach(ids);
     case ManageAction::kSaveCopies: return SaveCopies(ids);
-    case ManageAction::kRestore: return desk_.Restore(ids);
+    case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : desk_.Restore(ids);
+    case ManageAction::kStore: return Store(ids);
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
       const auto step = steps_.RemoveLast();
@@ -141,6 +178,7 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
   switch (view) {
     case ManageView::kDesktop: return CloseOpen(ids);
     case ManageView::kClosed: desk_.DeleteClosed(ids); return 0;
+    case ManageView::kStored: return desk_.DeleteStored(ids);
     case ManageView::kStacks:
       for (const Text& id : ids) stacks_.Close(ParseInt(id));
       return 0;
@@ -149,6 +187,31 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
     case ManageView::kRecurring: CloseWaiting(view, ids); return 0;
   }
   return 0;
+}
+
+std::size_t ManagedNotes::Fetch(const std::vector<Text>& ids) {
+  return static_cast<std::size_t>(std::ranges::count_if(ids, [this](const Text& id) {
+    const std::optional<std::int64_t> key = store_.KeyOf(id);
+    return !key || desk_.Fetch(*key).empty();
+  }));
+}
+
+std::size_t ManagedNotes::Store(const std::vector<Text>& ids) {
+  const std::optional<Text> category = AskCategory(dialog_.Window());
+  if (!category || state_.exiting) return 0;
+  std::vector<Text> stored;
+  for (const Text& id : ids)
+    if (desk_.Store(id, *category)) stored.push_back(id);
+  const std::size_t left = ids.size() - stored.size();
+  Remember(UndoKind::kStored, std::move(stored));
+  return left;
+}
+
+std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
+  if (const JotletData* record = desk_.Lists().FindRecord(id)) return *record;
+  const std::optional<std::int64_t> key = store_.KeyOf(id);
+  const std::optional<StoredNote> note = key ? store_.Find(*key) : std::nullopt;
+  return note ? std::optional(note->record) : std::nullopt;
 }
 
 std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
@@ -170,7 +233,7 @@ void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
 std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
   std::vector<JotletData> notes;
   for (const Text& id : ids)
-    if (const JotletData* record = desk_.Lists().FindRecord(id)) notes.push_back(*record);
+    if (std::optional<JotletData> record = RecordOf(id)) notes.push_back(std::move(*record));
   if (notes.empty()) return ids.size();
   const bool pictures = std::ranges::all_of(notes, &JotletData::IsImage);
   // The first tells the kind, which a picture among texts could not.
@@ -207,6 +270,7 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
       ShowNotes(step.ids);
       return left;
     }
+    case UndoKind::kStored: return Fetch(step.ids);
     case UndoKind::kHidden: ShowNotes(step.ids); return 0;
   }
   return 0;

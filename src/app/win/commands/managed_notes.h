@@ -18,7 +18,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
                OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
-               const Files& files, ProgramSaving& saving, const ProgramWindow& window,
+               NoteStore& store, const Files& files, ProgramSaving& saving, const ProgramWindow& window,
                const ProgramState& state)
       : resources_(resources),
         clock_(clock),
@@ -28,6 +28,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
         stacks_(stacks),
         sleeping_(sleeping),
         contents_(contents),
+        store_(store),
         files_(files),
         saving_(saving),
         window_(window),
@@ -36,14 +37,20 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
 
   BManageDlg& Dialog() { return dialog_; }
 
-  bool FillManageList(ManageView view, ManageList& list) override;
+  bool FillManageList(const ManagePlace& place, ManageList& list) override;
   std::array<std::size_t, kManageViews> CountManaged() override;
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) override;
+  const std::vector<StoredCategory>& Categories() override;
   bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
 
   Text TextOf(const ManageRow& row) override;
+
+  /// Opens the window, without taking the keyboard, at the stored note of this key.
+  void ShowStored(std::int64_t key);
+  /// Asks for a category of the store; the one that was used last is proposed.
+  std::optional<Text> AskCategory(HWND owner);
 
   /// What was done with notes elsewhere and can be undone here too; the number of the step.
   int Remember(UndoKind kind, std::vector<Text> ids) { return steps_.Add(kind, std::move(ids)); }
@@ -55,6 +62,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
  private:
+  bool FillStored(const std::optional<Text>& category, ManageList& list);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void ShowNotes(const std::vector<Text>& ids);
@@ -63,7 +71,10 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
-  /// How many could not be saved.
+  /// How many could not be stored, fetched or saved.
+  std::size_t Store(const std::vector<Text>& ids);
+  std::size_t Fetch(const std::vector<Text>& ids);
+  std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
 
@@ -75,11 +86,17 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   OpenStacks& stacks_;
   SleepingNotes& sleeping_;
   NoteContents& contents_;
+  NoteStore& store_;
   const Files& files_;
   ProgramSaving& saving_;
   const ProgramWindow& window_;
   const ProgramState& state_;
   BManageDlg dialog_;
+  // Of the store, at these versions of it.
+  std::vector<StoredCategory> categories_;
+  std::uint64_t counted_ = 0;
+  std::uint64_t shown_ = 0;
+  std::optional<Text> shownCategory_;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
 };

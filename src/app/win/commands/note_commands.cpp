@@ -2,6 +2,8 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
+
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
@@ -61,6 +63,7 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionPlayAlarm, &NoteCommands::PlayAlarm},
     {kActionAttach, &NoteCommands::Attach},
     {kActionShowParent, &NoteCommands::ShowParent},
+    {kActionStoreJotlet, &NoteCommands::StoreInCategory},
     {.code = kActionNewJotlet, .command = ID_NEW_JOTLET},
     {.code = kActionNewFromClipboard, .command = ID_NEW_FROM_CLIPBOARD},
     {.code = kActionRescue, .command = ID_RESCUE},
@@ -126,6 +129,25 @@ void NoteCommands::Attach(BJotlet& jotlet) {
   }
   for (BJotlet* each : tools_.notes.GroupOf(*note))
     tools_.attached.Attach(each->StoredRecord().id, choice->attachment, windows);
+}
+
+void NoteCommands::StoreInCategory(BJotlet& jotlet) {
+  const Text id = jotlet.StoredRecord().id;
+  const std::optional<Text> category = tools_.managed.AskCategory(jotlet.Handle());
+  BJotlet* note = tools_.notes.Find(id);
+  if (category && note != nullptr) Store(*note, *category);
+}
+
+void NoteCommands::Store(BJotlet& jotlet, const Text& category) {
+  const Rect place = jotlet.SettledBounds();
+  std::vector<Text> ids;
+  for (const BJotlet* note : tools_.notes.GroupOf(jotlet)) ids.push_back(note->StoredRecord().id);
+  const auto failed = std::ranges::stable_partition(
+      ids, [&](const Text& id) { return tools_.desk.Store(id, category).has_value(); });
+  const BJotlet* left = failed.empty() ? nullptr : tools_.notes.Find(failed.front());
+  if (left != nullptr) Tell(left->Handle(), tools_.resources, IDS_NOT_STORED, left->TitleShown());
+  ids.erase(failed.begin(), failed.end());
+  tools_.undo.Offer(UndoKind::kStored, std::move(ids), place);
 }
 
 void NoteCommands::CloseForUser(const Text& id) {

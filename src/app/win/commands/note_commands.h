@@ -33,6 +33,7 @@ struct NoteCommandTools {
   SkinCommands& skins;
   ProgramSaving& saving;
   TrayCommands& program;
+  ManagedNotes& managed;
   UndoOffers& undo;
   EventSink& events;
   CustomMenus& menus;
@@ -95,16 +96,19 @@ class NoteCommands {
   void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
   void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
   void Attach(BJotlet& jotlet);
+  void StoreInCategory(BJotlet& jotlet);
   void ShowParent(BJotlet& jotlet);
 
   MenuExtras ExtrasOf(const BJotlet& jotlet);
   ColourEntry PapersOf(const JotletData& record);
   void SetColour(BJotlet& jotlet, Colour colour);
+  void AddCategories(MenuExtras& extras);
   void AddTextExtras(const BJotlet& jotlet, MenuExtras& extras);
   void SetFace(BJotlet& jotlet, const Text& face);
   void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);
+  void Store(BJotlet& jotlet, const Text& category);
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, NoteMenu which);

@@ -12,6 +12,7 @@ UINT WordsFor(UndoKind kind) {
     case UndoKind::kDeleted: return IDS_UNDO_DELETED;
     case UndoKind::kHidden: return IDS_UNDO_HIDDEN;
     case UndoKind::kAsleep: return IDS_UNDO_ASLEEP;
+    case UndoKind::kStored: return IDS_UNDO_STORED;
     default: return IDS_UNDO_CLOSED;
   }
 }

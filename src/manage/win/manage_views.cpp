@@ -1,0 +1,91 @@
+#include "manage/win/manage_views.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+// Pixels at 96 dots per inch.
+constexpr int kRowHeight = 30;
+constexpr int kInset = 12;
+constexpr int kAccent = 3;
+
+}  // namespace
+
+int ManageViews::Scaled(int length) const {
+  return MulDiv(length, static_cast<int>(GetDpiForWindow(control_)), USER_DEFAULT_SCREEN_DPI);
+}
+
+void ManageViews::SetUp(HWND control) {
+  control_ = control;
+  rows_.clear();
+  ListBox_SetItemHeight(control_, 0, Scaled(kRowHeight));
+}
+
+void ManageViews::ShowRows(std::vector<Row> rows) {
+  if (rows == rows_) return;
+  rows_ = std::move(rows);
+  const int top = ListBox_GetTopIndex(control_);
+  SetWindowRedraw(control_, FALSE);
+  ListBox_ResetContent(control_);
+  // Who reads the row aloud hears the number, too.
+  for (const Row& row : rows_)
+    ListBox_AddString(control_, Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
+  Select();
+  ListBox_SetTopIndex(control_, top);
+  SetWindowRedraw(control_, TRUE);
+  InvalidateRect(control_, nullptr, TRUE);
+}
+
+void ManageViews::Choose(const ManagePlace& place) {
+  chosen_ = place;
+  Select();
+}
+
+void ManageViews::Select() {
+  auto at = std::ranges::find(rows_, chosen_, &Row::place);
+  if (at == rows_.end() && !rows_.empty()) {
+    chosen_.category.reset();
+    at = std::ranges::find(rows_, chosen_, &Row::place);
+  }
+  if (at != rows_.end()) ListBox_SetCurSel(control_, static_cast<int>(at - rows_.begin()));
+}
+
+void ManageViews::FollowControl() {
+  const int at = ListBox_GetCurSel(control_);
+  if (at >= 0 && static_cast<std::size_t>(at) < rows_.size()) chosen_ = rows_[static_cast<std::size_t>(at)].place;
+}
+
+void ManageViews::Step(int step) {
+  const int count = static_cast<int>(rows_.size());
+  if (count == 0) return;
+  ListBox_SetCurSel(control_, (ListBox_GetCurSel(control_) + step + count) % count);
+  FollowControl();
+}
+
+void ManageViews::Draw(const DRAWITEMSTRUCT& item) const {
+  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
+  RECT area = item.rcItem;
+  FillRect(item.hDC, &area, GetSysColorBrush(chosen ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  if (item.itemID >= rows_.size()) return;
+  const Row& row = rows_[item.itemID];
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  area.left += Scaled(row.place.category ? 2 * kInset + kAccent : kInset);
+  area.right -= Scaled(kInset) / 2;
+  const Text count = IntText(static_cast<std::int64_t>(row.notes));
+  DrawTextW(item.hDC, Wide(count), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
+  SIZE size{};
+  GetTextExtentPoint32W(item.hDC, Wide(count), static_cast<int>(count.size()), &size);
+  area.right -= size.cx + Scaled(kInset) / 2;
+  DrawTextW(item.hDC, Wide(row.name), -1, &area,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+}
+
+}  // namespace jotlets

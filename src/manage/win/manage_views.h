@@ -1,0 +1,42 @@
+// The views of the manage window and the categories of the store, in a list at its side.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "manage/manage_actions.h"
+
+namespace jotlets {
+
+class ManageViews {
+ public:
+  struct Row {
+    ManagePlace place;
+    Text name;
+    std::size_t notes = 0;
+    friend bool operator==(const Row&, const Row&) = default;
+  };
+
+  void SetUp(HWND control);
+  /// Shows these rows. What was chosen stays so; when it has gone, its view is chosen.
+  void ShowRows(std::vector<Row> rows);
+
+  /// What is chosen; the first view before there are rows.
+  const ManagePlace& Chosen() const { return chosen_; }
+  void Choose(const ManagePlace& place);
+  /// The user has chosen another row.
+  void FollowControl();
+  void Step(int step);
+  void Draw(const DRAWITEMSTRUCT& item) const;
+
+ private:
+  int Scaled(int length) const;
+  void Select();
+
+  HWND control_ = nullptr;
+  std::vector<Row> rows_;
+  ManagePlace chosen_;
+};
+
+}  // namespace jotlets
