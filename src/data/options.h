@@ -107,8 +107,8 @@ struct Options {
   std::int32_t bulletIndent = 300;
   TextPair google;
   Text fontMru;
-  std::array<std::int32_t, 4> manageWindow = {100, 100, 800, 500};
-  std::array<std::int32_t, 4> manageWidths = {240, 70, 150, 150};
+  std::array<std::int32_t, 4> manageWindow = {100, 100, 1120, 620};
+  std::array<std::int32_t, 4> manageWidths = {196, 50, 132, 132};
   std::int32_t manageSorted = 0;
   std::int32_t manageWindowVisible = 0;
   std::int32_t manageWindowSearchWhat = 15;

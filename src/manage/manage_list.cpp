@@ -129,7 +129,7 @@ bool ManageList::SetNotes(std::span<const JotletData* const> notes, bool (*unsav
   return true;
 }
 
-bool ManageList::SetStored(std::span<const StoredNote> notes) {
+bool ManageList::SetStored(std::span<const StoredNote> notes, StoredState state) {
   std::vector<ManageRow> rows;
   rows.reserve(notes.size());
   for (const StoredNote& note : notes) {
@@ -137,6 +137,7 @@ bool ManageList::SetStored(std::span<const StoredNote> notes) {
     rows.back().category = OneLine(note.category);
   }
   SetRows(std::move(rows));
+  stored_ = std::move(state);
   return true;
 }
 
@@ -153,6 +154,7 @@ bool ManageList::SetStacks(std::span<const StackRecord> stacks) {
 }
 
 void ManageList::SetRows(std::vector<ManageRow> rows) {
+  stored_.reset();
   // What was seen stays to be seen until it is read anew.
   for (std::size_t i = 0; i < std::min(rows.size(), rows_.size()); ++i)
     if (rows[i].id == rows_[i].id) rows[i].snippet = std::move(rows_[i].snippet);

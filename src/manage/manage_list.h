@@ -86,6 +86,13 @@ class ManageTexts {
   Known passing_;
 };
 
+/// Which notes of the store, and at which of its versions.
+struct StoredState {
+  std::uint64_t version = 0;
+  std::optional<Text> category;
+  friend bool operator==(const StoredState&, const StoredState&) = default;
+};
+
 class ManageList {
  public:
   explicit ManageList(ManageTexts& texts) : texts_(texts) {}
@@ -94,8 +101,10 @@ class ManageList {
   /// file. False when that is what the list shows already.
   bool SetNotes(std::span<const JotletData* const> notes, bool (*unsaved)(const JotletData&, void*) = nullptr,
                 void* context = nullptr);
-  /// Stored ones, with their categories.
-  bool SetStored(std::span<const StoredNote> notes);
+  /// Stored ones, with their categories; `state` is what the store was in when they were read.
+  bool SetStored(std::span<const StoredNote> notes, StoredState state);
+  /// Whether these are what the list shows already.
+  bool ShowsStored(const StoredState& state) const { return stored_ == state; }
   bool SetStacks(std::span<const StackRecord> stacks);
 
   /// Shows the rows that hold every word of `words`, without regard to case, somewhere in what is searched (a
@@ -141,6 +150,7 @@ class ManageList {
 
   ManageTexts& texts_;
   std::vector<ManageRow> rows_;
+  std::optional<StoredState> stored_;
   std::vector<Match> matches_;
   std::vector<std::uint32_t> order_;  // of all rows
   std::vector<std::uint32_t> shown_;

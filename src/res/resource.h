@@ -162,6 +162,8 @@
 #define IDC_MANAGE_VIEWS 1502
 #define IDC_MANAGE_LIST 1503
 #define IDC_MANAGE_STATUS 1504
+#define IDC_MANAGE_PREVIEW_TITLE 1505
+#define IDC_MANAGE_PREVIEW 1506
 // One for each action, in the order of `ManageAction`.
 #define IDC_MANAGE_ACTION 1510
 
@@ -285,6 +287,10 @@
 #define IDS_NOT_STORED 2352
 #define IDS_MANAGE_NEWEST 2353
 #define IDS_NO_CATEGORY 2354
+#define IDS_RENAME_CATEGORY 2355
+#define IDS_CATEGORY_NAME 2356
+#define IDS_NO_JOURNAL 2357
+#define IDS_MANAGE_CATEGORY 2358
 
 // Menus and small dialogs.
 #define IDS_PAPER 6450  // and the seven papers after it, in the order of `kPapers`

@@ -30,20 +30,19 @@ Text Dialog::ItemText(int control) const {
   return text;
 }
 
-// A note or a stack, which have no caption of the system's, stays in sight beside the dialog about it.
-void Dialog::PlaceByOwner() const {
+void PlaceByOwner(HWND dialog) {
   constexpr int kGap = 8;
-  const HWND owner = GetWindow(dialog_, GW_OWNER);
+  const HWND owner = GetWindow(dialog, GW_OWNER);
   if (owner == nullptr || !IsWindowVisible(owner)) return;
   if ((GetWindowLongPtrW(owner, GWL_STYLE) & WS_CAPTION) == WS_CAPTION) return;
   RECT own{};
   RECT other{};
-  GetWindowRect(dialog_, &own);
+  GetWindowRect(dialog, &own);
   GetWindowRect(owner, &other);
   const Rect bounds = FromRECT(own);
   const Point at = PlaceBeside({bounds.Width(), bounds.Height()}, FromRECT(other), WorkAreaOf(owner),
                                MulDiv(kGap, static_cast<int>(GetDpiForWindow(owner)), 96));
-  SetWindowPos(dialog_, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(dialog, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -53,7 +52,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       SetWindowLongPtrW(dialog, DWLP_USER, lParam);
       object->dialog_ = dialog;
       object->OnInit();
-      object->PlaceByOwner();
+      PlaceByOwner(dialog);
       // The focus that goes with TRUE would activate a window that is to open behind the user's work.
       return object->modal_ ? TRUE : FALSE;
     }

@@ -9,6 +9,10 @@
 
 namespace jotlets {
 
+/// Puts a dialog that is about a note or a stack, which have no caption of the system's, beside it; one with
+/// another owner stays where it is.
+void PlaceByOwner(HWND dialog);
+
 class Dialog {
  public:
   virtual ~Dialog() = default;
@@ -50,7 +54,6 @@ class Dialog {
   void End(INT_PTR answer) { EndDialog(dialog_, answer); }
 
  private:
-  void PlaceByOwner() const;
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;

@@ -2,11 +2,34 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/dialog.h"
 
 namespace jotlets {
 namespace {
 
+// The system puts its boxes in the middle of the screen, where nobody looks who works with a note.
+class BesideOwner {
+ public:
+  BesideOwner() : hook_(SetWindowsHookExW(WH_CBT, OnEvent, nullptr, GetCurrentThreadId())) {}
+  ~BesideOwner() { UnhookWindowsHookEx(hook_); }
+  BesideOwner(const BesideOwner&) = delete;
+  BesideOwner& operator=(const BesideOwner&) = delete;
+
+ private:
+  static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM detail) {
+    const auto box = reinterpret_cast<HWND>(window);
+    // Shown already, it may have been moved by the user.
+    if (code == HCBT_ACTIVATE && !IsWindowVisible(box) && GetDlgItem(box, kWordsOfBox) != nullptr)
+      PlaceByOwner(box);
+    return CallNextHookEx(nullptr, code, window, detail);
+  }
+  static constexpr int kWordsOfBox = 0xFFFF;
+
+  HHOOK hook_;
+};
+
 int ShowBox(HWND owner, const Resources& resources, const Text& words, UINT kind) {
+  const BesideOwner placed;
   return MessageBoxW(owner, Wide(words), Wide(resources.String(IDS_APP_TITLE)), kind);
 }
 

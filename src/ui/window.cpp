@@ -72,4 +72,12 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
 }
 
+UniqueFont BolderFont(HWND control) {
+  LOGFONTW face{};
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+  if (GetObjectW(font, sizeof face, &face) == 0) return {};
+  face.lfWeight = FW_SEMIBOLD;
+  return UniqueFont(CreateFontIndirectW(&face));
+}
+
 }  // namespace jotlets

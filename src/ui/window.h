@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "base/geometry.h"
+#include "ui/handle.h"
 
 namespace jotlets {
 
@@ -61,6 +62,9 @@ inline Rect FromRECT(const RECT& r) {
 }
 
 /// The Windows form of a colour.
+/// A font like that of a control, but bolder.
+UniqueFont BolderFont(HWND control);
+
 inline COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
 
 /// Where the mouse is on the screen now.

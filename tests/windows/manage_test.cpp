@@ -129,6 +129,31 @@ TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
   EXPECT_EQ(SavedOptions().manageSorted, -2);
 }
 
+TEST_F(ManageTest, ANoteIsStoredByItsKeyAndComesBackFromItsCategory) {
+  WriteNotes({NoteRecord(u"AA01", {640, 420}, u"Desk")}, {},
+             u"Debug=3\nTakeBackups=0\nManageWindow=40,60,700,400");
+  ASSERT_TRUE(StartProgram());
+  ListenToChanges();
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
+  PressKeys({VK_CONTROL, VK_SHIFT, 'D'});
+  ASSERT_TRUE(WaitUntil([] {
+    const HWND asks = FindWindowW(L"#32770", L"Store");
+    return asks != nullptr && GetForegroundWindow() == asks;
+  }));
+  TypeText(u"work in progress");
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([&] { return WindowTest::List(u"desktop").empty(); }));
+  EXPECT_EQ(WindowTest::List(u"stored work in progress"), Ids{u"1"});
+  EXPECT_EQ(Reply(u"do showstored 1"), u"000 OK done");
+  EXPECT_TRUE(Shows(u"1 of 1, 1 selected")) << ToUtf8(Status());
+  ASSERT_TRUE(ClickTitle());
+  PressKeys({VK_RETURN});
+  EXPECT_EQ(BoundsOf(NoteTitled(u"Desk")), (Rect{640, 420, 860, 560}));
+  EXPECT_TRUE(Shows(u"0 of 0")) << ToUtf8(Status());
+  EXPECT_EQ(events_,
+            (Ids{u"502 deleted desktop jotlet stored AA01", u"500 created desktop jotlet restored AA01"}));
+}
+
 TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) {
   JotletData asleep = NoteRecord(u"BB01", {300, 300}, u"Asleep");
   asleep.sleep.asleep = true;

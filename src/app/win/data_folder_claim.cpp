@@ -15,8 +15,8 @@ bool DataFolderClaim::Claim(TextView folder) {
   if (opened == LockedFile::Opened::kFailed || content.state == FileContent::State::kUnreadable) {
     // Nothing is written over what could not be read.
     journal_.Close();
-    log_.Write(kLogLifecycle, u"There will be no journal: ",
-               opened == LockedFile::Opened::kFailed ? journal_.Reason() : content.reason);
+    fault_ = opened == LockedFile::Opened::kFailed ? journal_.Reason() : content.reason;
+    log_.Write(kLogLifecycle, u"There will be no journal: ", fault_);
   }
   if (trialsFile_.Open(folder_ + Text(kTrialsName)) == LockedFile::Opened::kYes) trials_.Open();
   files_.Write(folder_ + Text(kUserFileName), EncodeTextFile(UserAndMachine()));

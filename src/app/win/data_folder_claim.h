@@ -23,6 +23,8 @@ class DataFolderClaim {
   /// worked with all the same, without a journal.
   bool Claim(TextView folder);
   Text User() const;
+  /// Why there is no journal; empty when there is one.
+  const Text& JournalFault() const { return fault_; }
   /// Gives the folder up to a new start of the program, or to others for good.
   void Release();
   void Leave();
@@ -47,6 +49,7 @@ class DataFolderClaim {
   Text folder_;
   LockedFile journal_;
   LockedFile trialsFile_;
+  Text fault_;
   LoadTrials trials_;
 };
 

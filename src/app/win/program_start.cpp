@@ -94,7 +94,12 @@ bool Program::FindDataFolder() {
     Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, folder);
     return false;
   }
-  if (claim_.Claim(folder)) return true;
+  if (claim_.Claim(folder)) {
+    if (!claim_.JournalFault().empty())
+      tray_.Balloon(kVersionText,
+                    ReplaceAll(resources_.String(IDS_NO_JOURNAL), u"%s", claim_.JournalFault()));
+    return true;
+  }
   Tell(window_.Handle(), resources_, IDS_FOLDER_IN_USE, folder + u"\n\n" + claim_.User());
   return false;
 }

@@ -28,6 +28,9 @@ constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 260;
 constexpr int kSearchLabelWidth = 56;
 constexpr int kViewsWidth = 168;
+constexpr int kPreviewWidth = 264;
+// Narrower windows have no room for the preview.
+constexpr int kWidthWithPreview = 900;
 
 }  // namespace
 
@@ -68,6 +71,7 @@ void BManageDlg::OnInit() {
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
   table_.SetUp(Item(IDC_MANAGE_LIST), resources_, options_.manageWidths);
   views_.SetUp(Item(IDC_MANAGE_VIEWS));
+  preview_.SetUp(Item(IDC_MANAGE_PREVIEW_TITLE), Item(IDC_MANAGE_PREVIEW));
   RestorePlace();
   list_.Search({}, options_.manageWindowSearchWhat);
   const std::int32_t sorted = options_.manageSorted;
@@ -141,7 +145,11 @@ void BManageDlg::Layout() {
   place(IDC_MANAGE_SEARCH_LABEL, margin, margin + scaled(4), label, row - scaled(4));
   place(IDC_MANAGE_SEARCH, margin + label, margin, width - label, row);
   place(IDC_MANAGE_VIEWS, margin, list, views, bottom - margin - list);
-  place(IDC_MANAGE_LIST, margin + views + margin, list, width - views - margin, bottom - margin - list);
+  const int preview = client.right >= scaled(kWidthWithPreview) ? scaled(kPreviewWidth) : 0;
+  const int right = client.right - margin - (preview > 0 ? preview + margin : 0);
+  const int from = margin + views + margin;
+  place(IDC_MANAGE_LIST, from, list, right - from, bottom - margin - list);
+  preview_.Place(preview > 0 ? RectAt({right + margin, list}, {preview, bottom - margin - list}) : Rect());
   int left = margin;
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const int button = IDC_MANAGE_ACTION + static_cast<int>(i);
@@ -160,6 +168,9 @@ void BManageDlg::ShowPlace() {
     ShowWindow(Item(IDC_MANAGE_ACTION + static_cast<int>(i)), offered ? SW_SHOWNA : SW_HIDE);
   }
   Layout();
+  constexpr auto kLastColumn = static_cast<UINT>(kManageColumns) - 1;
+  table_.NameLastColumn(resources_.String(View() == ManageView::kStored ? IDS_MANAGE_CATEGORY
+                                                                        : IDS_MANAGE_COLUMN + kLastColumn));
   owner_.FillManageList(views_.Chosen(), list_);
   ShowRows({});
   ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
@@ -280,7 +291,8 @@ std::size_t BManageDlg::AllInPlace() const {
   return all;
 }
 
-// The buttons, the words below the list and the numbers of the views. Only what differs is set: nothing may flicker.
+// The buttons, the words below the list and the numbers of the views. Only what differs is set: nothing may
+// flicker.
 void BManageDlg::UpdateState() {
   const ManageFacts facts = Facts();
   for (std::size_t i = 0; i < kManageActions; ++i) {
@@ -300,6 +312,8 @@ void BManageDlg::UpdateState() {
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", number(all));
   if (list_.IsSearching()) status += u", " + resources_.String(IDS_MANAGE_READING);
   SetItemText(IDC_MANAGE_STATUS, status);
+  // Who goes through the list quickly does not wait for each text.
+  if (preview_.IsPlaced()) SetTimer(Handle(), kPreviewTimer, kRefreshDelay, nullptr);
   ShowViews();
 }
 
@@ -358,14 +372,23 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
       return 0;
     }
     case WM_CONTEXTMENU:
-      if (reinterpret_cast<HWND>(wParam) != Item(IDC_MANAGE_LIST)) return std::nullopt;
-      OnContextMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-      return 0;
+      if (reinterpret_cast<HWND>(wParam) == Item(IDC_MANAGE_LIST))
+        return OnContextMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
+      if (reinterpret_cast<HWND>(wParam) == Item(IDC_MANAGE_VIEWS))
+        return OnViewsMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
+      return std::nullopt;
     case WM_TIMER: OnWindowTimer(wParam); return 0;
     case kActMessage: Act(static_cast<ManageAction>(wParam)); return 0;
     case WM_DESTROY: OnWindowEnd(); return 0;
     default: return std::nullopt;
   }
+}
+
+void BManageDlg::ShowPreview() {
+  const int place = ListView_GetNextItem(Item(IDC_MANAGE_LIST), -1, LVNI_SELECTED);
+  const bool one = place >= 0 && static_cast<std::size_t>(place) < list_.Size();
+  const ManageRow* row = one ? &list_.At(static_cast<std::size_t>(place)) : nullptr;
+  preview_.Show(row, row != nullptr ? source_.TextOf(*row) : Text());
 }
 
 // Rows come into sight: their texts are read when there is time.
@@ -376,6 +399,7 @@ void BManageDlg::WantSoon() {
 void BManageDlg::OnWindowTimer(UINT_PTR timer) {
   KillTimer(Handle(), timer);
   if (timer == kReadTimer) ReadTexts();
+  if (timer == kPreviewTimer) ShowPreview();
   if (timer != kRefreshTimer) return;
   refreshComes_ = false;
   Refresh();

@@ -12,6 +12,7 @@
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
 #include "manage/win/manage_owner.h"
+#include "manage/win/manage_preview.h"
 #include "manage/win/manage_table.h"
 #include "manage/win/manage_views.h"
 #include "ui/dialog.h"
@@ -25,6 +26,7 @@ class BManageDlg final : public Dialog {
       : resources_(resources),
         owner_(owner),
         options_(options),
+        source_(texts),
         texts_(texts),
         list_(texts_),
         table_(list_, owner_) {}
@@ -52,7 +54,7 @@ class BManageDlg final : public Dialog {
   bool TranslateRest(MSG& message) { return IsOpen() && IsDialogMessageW(Handle(), &message); }
 
  private:
-  enum Timer : UINT_PTR { kRefreshTimer = 1, kReadTimer };
+  enum Timer : UINT_PTR { kRefreshTimer = 1, kReadTimer, kPreviewTimer };
   enum PrivateMessage : UINT { kActMessage = WM_APP + 1, kStoreMessage };
   struct KeyRow;
   static const KeyRow kKeys[];
@@ -60,9 +62,11 @@ class BManageDlg final : public Dialog {
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+  HBRUSH OnColours(HDC dc, HWND control) override { return preview_.Colours(dc, control); }
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> AnswerNotify(NMHDR& header);
   void OnContextMenu(POINT at);
+  void OnViewsMenu(POINT at);
   void OnWindowTimer(UINT_PTR timer);
   void OnWindowEnd();
 
@@ -85,6 +89,7 @@ class BManageDlg final : public Dialog {
 
   ManageFacts Facts() const;
   std::size_t AllInPlace() const;
+  void ShowPreview();
   void UpdateState();
   void SetItemText(int control, const Text& text);
   void ActSoon(ManageAction action);
@@ -97,16 +102,19 @@ class BManageDlg final : public Dialog {
   void SelectAll() { table_.SelectAll(); }
   void Delete() { ActSoon(ManageAction::kDelete); }
   void Undo() { ActSoon(ManageAction::kUndo); }
+  void RenameCategory();
   void NextView() { StepView(1); }
   void PreviousView() { StepView(-1); }
 
   const Resources& resources_;
   ManageOwner& owner_;
   Options& options_;
+  NoteTexts& source_;
   ManageTexts texts_;
   ManageList list_;
   ManageTable table_;
   ManageViews views_;
+  ManagePreview preview_;
   bool refreshComes_ = false;
 };
 

@@ -17,6 +17,7 @@ struct BManageDlg::KeyRow {
 const BManageDlg::KeyRow BManageDlg::kKeys[] = {
     {'F', true, false, true, &BManageDlg::FocusSearch},
     {VK_F3, false, false, true, &BManageDlg::FocusSearch},
+    {VK_F2, false, false, true, &BManageDlg::RenameCategory},
     {VK_F5, false, false, true, &BManageDlg::Reload},
     {'A', true, false, false, &BManageDlg::SelectAll},
     {VK_DELETE, false, false, false, &BManageDlg::Delete},
@@ -62,6 +63,20 @@ bool BManageDlg::TranslateKey(const MSG& message) {
     return true;
   }
   return inSearch && !ctrl && table_.Enter(message);
+}
+
+void BManageDlg::RenameCategory() {
+  const std::optional<Text> category = views_.Chosen().category;
+  if (category) owner_.RenameCategory(*category);
+}
+
+void BManageDlg::OnViewsMenu(POINT at) {
+  if (!views_.ChooseAt(at)) return;
+  ShowPlace();
+  if (!views_.Chosen().category) return;
+  const UniqueMenu menu(CreatePopupMenu());
+  AppendMenuW(menu.get(), MF_ENABLED, 1, Wide(resources_.String(IDS_RENAME_CATEGORY) + u"\tF2"));
+  if (ChooseFromMenu(menu.get(), {at.x, at.y}, Handle()) == 1 && IsOpen()) RenameCategory();
 }
 
 void BManageDlg::OnContextMenu(POINT at) {

@@ -22,6 +22,8 @@ class ManageOwner {
   /// call returns.
   virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
   virtual const std::vector<StoredCategory>& Categories() = 0;
+  /// Asks for another name of a category. One that is there already takes in its notes.
+  virtual void RenameCategory(const Text& name) = 0;
   virtual bool CanUndoManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "note/ink.h"
 #include "res/resource.h"
 #include "ui/window.h"
 
@@ -16,18 +17,12 @@ constexpr int kInset = 8;
 constexpr int kBarWidth = 5;
 constexpr int kBarHeight = 28;
 
-// A font like that of a window, but bolder.
-UniqueFont TitleFont(HWND window) {
-  LOGFONTW face{};
-  const auto font = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
-  if (GetObjectW(font, sizeof face, &face) == 0) return {};
-  face.lfWeight = FW_SEMIBOLD;
-  return UniqueFont(CreateFontIndirectW(&face));
-}
-
 COLORREF Between(COLORREF a, COLORREF b, int percent) {
-  const auto mix = [percent](int x, int y) { return static_cast<BYTE>((x * (100 - percent) + y * percent) / 100); };
-  return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)), mix(GetBValue(a), GetBValue(b)));
+  const auto mix = [percent](int x, int y) {
+    return static_cast<BYTE>((x * (100 - percent) + y * percent) / 100);
+  };
+  return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)),
+             mix(GetBValue(a), GetBValue(b)));
 }
 
 }  // namespace
@@ -39,7 +34,7 @@ void ManageTable::SetUp(HWND control, const Resources& resources, std::span<cons
   ListView_SetExtendedListViewStyle(control_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
   // The rows are as high as the pictures that they could have.
   ListView_SetImageList(control_, ImageList_Create(1, Scaled(kRowHeight), ILC_COLOR32, 1, 0), LVSIL_SMALL);
-  titleFont_ = TitleFont(control_);
+  titleFont_ = BolderFont(control_);
   AddColumns(resources, widths);
 }
 
@@ -63,6 +58,13 @@ void ManageTable::AddColumns(const Resources& resources, std::span<const std::in
 void ManageTable::StoreWidths(std::span<std::int32_t> widths) const {
   for (std::size_t i = 0; i < widths.size(); ++i)
     widths[i] = MulDiv(ListView_GetColumnWidth(control_, static_cast<int>(i)), 96, Dpi());
+}
+
+void ManageTable::NameLastColumn(Text name) {
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT;
+  column.pszText = WideBuffer(name);
+  ListView_SetColumn(control_, static_cast<int>(kManageColumns) - 1, &column);
 }
 
 // It takes what the others leave beside the scroll bar.
@@ -207,12 +209,12 @@ void ManageTable::DrawRow(HDC dc, int place) const {
 }
 
 void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const {
-  constexpr UINT kLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+  constexpr UINT kOneLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
   const int middle = (cell.top + cell.bottom) / 2;
   if (row.type != ManageRow::Type::kStack) {
-    const COLORREF paper = ToCOLORREF(row.colour);
-    const UniqueBrush fill(CreateSolidBrush(paper));
-    const UniqueBrush line(CreateSolidBrush(Between(paper, RGB(0, 0, 0), 25)));
+    constexpr std::int32_t kLine = 25;  // percent
+    const UniqueBrush fill(CreateSolidBrush(ToCOLORREF(row.colour)));
+    const UniqueBrush line(CreateSolidBrush(ToCOLORREF(Shaded(row.colour, kLine))));
     const int half = Scaled(kBarHeight) / 2;
     const RECT bar{cell.left, middle - half, cell.left + Scaled(kBarWidth), middle + half};
     FillRect(dc, &bar, fill.get());
@@ -224,12 +226,12 @@ void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF qui
   RECT upper = cell;
   if (!row.snippet.empty()) upper.bottom = middle;
   const auto plain = static_cast<HFONT>(SelectObject(dc, titleFont_.get()));
-  DrawTextW(dc, Wide(row.title), -1, &upper, kLine | title);
+  DrawTextW(dc, Wide(row.title), -1, &upper, kOneLine | title);
   SelectObject(dc, plain);
   if (row.snippet.empty()) return;
   const COLORREF ink = SetTextColor(dc, quiet);
   RECT lower{cell.left, middle + Scaled(1), cell.right, cell.bottom};
-  DrawTextW(dc, Wide(row.snippet), -1, &lower, kLine | DT_TOP);
+  DrawTextW(dc, Wide(row.snippet), -1, &lower, kOneLine | DT_TOP);
   SetTextColor(dc, ink);
 }
 

@@ -35,6 +35,8 @@ class ManageTable {
   void StoreWidths(std::span<std::int32_t> widths) const;
   /// After a change of size.
   void FitLastColumn();
+  /// What the last column shows.
+  void NameLastColumn(Text name);
   /// Marks the column by which the list is sorted: its number, or -1 less it when sorted backwards.
   void ShowSorting(std::int32_t sorted);
 

@@ -35,7 +35,8 @@ void ManageViews::ShowRows(std::vector<Row> rows) {
   ListBox_ResetContent(control_);
   // Who reads the row aloud hears the number, too.
   for (const Row& row : rows_)
-    ListBox_AddString(control_, Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
+    ListBox_AddString(control_,
+                      Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
   Select();
   ListBox_SetTopIndex(control_, top);
   SetWindowRedraw(control_, TRUE);
@@ -58,7 +59,26 @@ void ManageViews::Select() {
 
 void ManageViews::FollowControl() {
   const int at = ListBox_GetCurSel(control_);
-  if (at >= 0 && static_cast<std::size_t>(at) < rows_.size()) chosen_ = rows_[static_cast<std::size_t>(at)].place;
+  if (at >= 0 && static_cast<std::size_t>(at) < rows_.size())
+    chosen_ = rows_[static_cast<std::size_t>(at)].place;
+}
+
+bool ManageViews::ChooseAt(POINT& at) {
+  if (at.x == -1 && at.y == -1) {  // by the keyboard
+    RECT row{};
+    ListBox_GetItemRect(control_, ListBox_GetCurSel(control_), &row);
+    at = {row.left + Scaled(kInset), row.bottom};
+    ClientToScreen(control_, &at);
+    return true;
+  }
+  POINT inside = at;
+  ScreenToClient(control_, &inside);
+  const auto found =
+      static_cast<DWORD>(SendMessageW(control_, LB_ITEMFROMPOINT, 0, MAKELPARAM(inside.x, inside.y)));
+  if (HIWORD(found) != 0 || LOWORD(found) >= rows_.size()) return false;
+  ListBox_SetCurSel(control_, LOWORD(found));
+  FollowControl();
+  return true;
 }
 
 void ManageViews::Step(int step) {
@@ -83,8 +103,7 @@ void ManageViews::Draw(const DRAWITEMSTRUCT& item) const {
   SIZE size{};
   GetTextExtentPoint32W(item.hDC, Wide(count), static_cast<int>(count.size()), &size);
   area.right -= size.cx + Scaled(kInset) / 2;
-  DrawTextW(item.hDC, Wide(row.name), -1, &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  DrawTextW(item.hDC, Wide(row.name), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }
 

@@ -27,6 +27,9 @@ class ManageViews {
   void Choose(const ManagePlace& place);
   /// The user has chosen another row.
   void FollowControl();
+  /// Chooses the row at a place of the screen; false where there is none. For a menu that was opened by a
+  /// key, `at` becomes the place of the chosen row.
+  bool ChooseAt(POINT& at);
   void Step(int step);
   void Draw(const DRAWITEMSTRUCT& item) const;
 

@@ -10,6 +10,7 @@
 #include "res/resource.h"
 #include "ui/job_dialog.h"
 #include "ui/system_choosers.h"
+#include "ui/text_dialog.h"
 #include "ui/user_messages.h"
 
 namespace jotlets {
@@ -32,7 +33,6 @@ bool IsUnsaved(const JotletData& record, void* desktop) {
 bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
   const ManageView view = place.view;
   if (view == ManageView::kStored) return FillStored(place.category, list);
-  shown_ = 0;
   const NoteLists& lists = desk_.Lists();
   std::vector<const JotletData*> notes;
   const auto add = [&notes](const JotletData& record) { notes.push_back(&record); };
@@ -57,10 +57,8 @@ bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
 // They are read from the disk: not again before something has changed.
 bool ManagedNotes::FillStored(const std::optional<Text>& category, ManageList& list) {
   constexpr std::size_t kMaximumShown = 2000;
-  if (shown_ == store_.Version() && shownCategory_ == category) return false;
-  shown_ = store_.Version();
-  shownCategory_ = category;
-  return list.SetStored(store_.Newest(category, kMaximumShown));
+  StoredState state{store_.Version(), category};
+  return !list.ShowsStored(state) && list.SetStored(store_.Newest(category, kMaximumShown), std::move(state));
 }
 
 const std::vector<StoredCategory>& ManagedNotes::Categories() {
@@ -81,6 +79,14 @@ std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
   const std::vector<StoredNote> last = store_.Newest({}, 1);
   const std::vector<StoredCategory> categories = Categories();
   return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
+}
+
+void ManagedNotes::RenameCategory(const Text& name) {
+  const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, name).Ask(dialog_.Window());
+  const Text category(asked ? TrimBlanks(*asked) : TextView());
+  if (category.empty() || category == name || state_.exiting || !store_.RenameCategory(name, category))
+    return;
+  dialog_.RefreshSoon();
 }
 
 std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {

@@ -41,6 +41,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::array<std::size_t, kManageViews> CountManaged() override;
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) override;
   const std::vector<StoredCategory>& Categories() override;
+  void RenameCategory(const Text& name) override;
   bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
@@ -92,11 +93,9 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   const ProgramWindow& window_;
   const ProgramState& state_;
   BManageDlg dialog_;
-  // Of the store, at these versions of it.
+  // Of the store, at this version of it.
   std::vector<StoredCategory> categories_;
   std::uint64_t counted_ = 0;
-  std::uint64_t shown_ = 0;
-  std::optional<Text> shownCategory_;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
 };

@@ -1,0 +1,71 @@
+#include "manage/win/manage_preview.h"
+
+#include "base/win/wide.h"
+#include "note/ink.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr int kBarHeight = 32;  // pixels at 96 dots per inch, as below
+constexpr int kInset = 10;
+constexpr std::int32_t kBarShade = 6;  // percent
+
+Colour BarOf(Colour paper) { return Shaded(paper, kBarShade); }
+
+}  // namespace
+
+void ManagePreview::SetUp(HWND title, HWND words) {
+  title_ = title;
+  words_ = words;
+  place_ = {};
+  shown_ = false;
+  font_ = BolderFont(title);
+  SendMessageW(title_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+}
+
+void ManagePreview::Place(const Rect& place) {
+  place_ = place;
+  const bool seen = shown_ && IsPlaced();
+  for (const HWND control : {title_, words_}) ShowWindow(control, seen ? SW_SHOWNA : SW_HIDE);
+  if (!IsPlaced()) return;
+  const auto scaled = [dpi = static_cast<int>(GetDpiForWindow(words_))](int length) {
+    return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI);
+  };
+  const int bar = scaled(kBarHeight);
+  SetWindowPos(title_, nullptr, place.left, place.top, place.Width(), bar, SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(words_, nullptr, place.left, place.top + bar, place.Width(), std::max(place.Height() - bar, 0),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT inside{scaled(kInset), scaled(kInset) / 2, place.Width() - scaled(kInset),
+              std::max(place.Height() - bar - scaled(kInset) / 2, 0)};
+  SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+}
+
+void ManagePreview::Show(const ManageRow* row, const Text& words) {
+  const bool shows = row != nullptr && row->type != ManageRow::Type::kStack;
+  if (shows && shown_ && paper_ == row->colour && shownTitle_ == row->title && shownWords_ == words) return;
+  shown_ = shows;
+  if (shown_) {
+    paper_ = row->colour;
+    shownTitle_ = row->title;
+    shownWords_ = words;
+    paperBrush_.reset(CreateSolidBrush(ToCOLORREF(paper_)));
+    barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
+    // The static control has no inset of its own.
+    SetWindowTextW(title_, Wide(u"  " + row->title));
+    SetWindowTextW(words_, Wide(words));
+  }
+  Place(Rect(place_));
+  for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
+}
+
+HBRUSH ManagePreview::Colours(HDC dc, HWND control) const {
+  if (control == nullptr || (control != title_ && control != words_)) return nullptr;
+  const bool title = control == title_;
+  const Colour paper = title ? BarOf(paper_) : paper_;
+  SetTextColor(dc, ToCOLORREF(title ? TitleInk(paper) : InkOn(paper)));
+  SetBkColor(dc, ToCOLORREF(paper));
+  return (title ? barBrush_ : paperBrush_).get();
+}
+
+}  // namespace jotlets
