@@ -28,7 +28,7 @@ class UndoOffers {
   const Options& options_;
   NoteDesk& desk_;
   ManagedNotes& managed_;
-  UndoStrip strip_;
+  UndoStrip strip_{resources_.Look()};
   int number_ = 0;  // of the step on offer
   UndoKind kind_ = UndoKind::kClosed;
   ULONGLONG offered_ = 0;  // when, in the system's milliseconds
