@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "ui/areas.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -35,7 +36,8 @@ void ManageViews::ShowRows(std::vector<Row> rows) {
   ListBox_ResetContent(control_);
   // Who reads the row aloud hears the number, too.
   for (const Row& row : rows_)
-    ListBox_AddString(control_, Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
+    ListBox_AddString(control_,
+                      Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
   Select();
   ListBox_SetTopIndex(control_, top);
   SetWindowRedraw(control_, TRUE);
@@ -58,7 +60,8 @@ void ManageViews::Select() {
 
 void ManageViews::FollowControl() {
   const int at = ListBox_GetCurSel(control_);
-  if (at >= 0 && static_cast<std::size_t>(at) < rows_.size()) chosen_ = rows_[static_cast<std::size_t>(at)].place;
+  if (at >= 0 && static_cast<std::size_t>(at) < rows_.size())
+    chosen_ = rows_[static_cast<std::size_t>(at)].place;
 }
 
 void ManageViews::Step(int step) {
@@ -68,14 +71,14 @@ void ManageViews::Step(int step) {
   FollowControl();
 }
 
-void ManageViews::Draw(const DRAWITEMSTRUCT& item) const {
+void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const {
   const bool chosen = (item.itemState & ODS_SELECTED) != 0;
   RECT area = item.rcItem;
-  FillRect(item.hDC, &area, GetSysColorBrush(chosen ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  FillArea(item.hDC, area, chosen ? colours.chosen : colours.field);
   if (item.itemID >= rows_.size()) return;
   const Row& row = rows_[item.itemID];
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, ToCOLORREF(chosen ? colours.chosenText : colours.text));
   area.left += Scaled(row.place.category ? 2 * kInset + kAccent : kInset);
   area.right -= Scaled(kInset) / 2;
   const Text count = IntText(static_cast<std::int64_t>(row.notes));
@@ -83,8 +86,7 @@ void ManageViews::Draw(const DRAWITEMSTRUCT& item) const {
   SIZE size{};
   GetTextExtentPoint32W(item.hDC, Wide(count), static_cast<int>(count.size()), &size);
   area.right -= size.cx + Scaled(kInset) / 2;
-  DrawTextW(item.hDC, Wide(row.name), -1, &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  DrawTextW(item.hDC, Wide(row.name), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }
 

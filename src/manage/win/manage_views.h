@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "looks/window_colours.h"
 #include "manage/manage_actions.h"
 
 namespace jotlets {
@@ -28,7 +29,7 @@ class ManageViews {
   /// The user has chosen another row.
   void FollowControl();
   void Step(int step);
-  void Draw(const DRAWITEMSTRUCT& item) const;
+  void Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const;
 
  private:
   int Scaled(int length) const;
