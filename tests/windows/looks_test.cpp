@@ -1,10 +1,11 @@
-// Light and dark as a user sees them: read from the screen and from files.
+// Light and dark as a user sees them, and notes that are arranged: read from the screen and from files.
 #include <windows.h>
 
 #include <commctrl.h>
 
 #include "desktop.h"
 #include "looks/window_colours.h"
+#include "manage/manage_actions.h"
 #include "note/papers.h"
 #include "note/win/note_shadow.h"
 #include "res/resource.h"
@@ -99,6 +100,30 @@ TEST_F(LooksTest, HighContrastTakesTheColoursOfTheSystemWhateverTheSkin) {
   for (const HWND shadow : WindowsOfClass(kNoteShadowClass, program_->Id()))
     EXPECT_FALSE(IsWindowVisible(shadow));
   EXPECT_EQ(Saved(u"AA01").colour, kPapers[4]);
+}
+
+TEST_F(LooksTest, NotesAreArrangedAndBroughtBackInOneStep) {
+  const std::vector<JotletData> notes{NoteRecord(u"AA01", {300, 200}, u"A"),
+                                      NoteRecord(u"AA02", {310, 210}, u"B"),
+                                      NoteRecord(u"AA03", {320, 220}, u"C")};
+  ASSERT_TRUE(StartProgramWith(notes, u"Debug=0\nTakeBackups=0"));
+  const std::vector<HWND> windows{NoteTitled(u"A"), NoteTitled(u"B"), NoteTitled(u"C")};
+  const std::vector<Rect> before{BoundsOf(windows[0]), BoundsOf(windows[1]), BoundsOf(windows[2])};
+  ASSERT_TRUE(ClickIntoText(windows[1]));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  for (const WORD key : {'L', 'A', 'S'}) PressKeys({key});
+  EXPECT_TRUE(WaitUntil([&] {
+    return BoundsOf(windows[0]).TopLeft() == Point{8, 8} && BoundsOf(windows[1]).left == 236 &&
+           BoundsOf(windows[2]).left == 464;
+  }));
+  EXPECT_EQ((Point{Saved(u"AA02").x, Saved(u"AA02").y}), (Point{236, 8}));
+  ASSERT_TRUE(ClickIntoText(windows[0]));
+  PressKeys({VK_CONTROL, 'M'});
+  const HWND manage = DialogWith(IDC_MANAGE_LIST);
+  SendDlgItemMessageW(manage, IDC_MANAGE_ACTION + static_cast<int>(ManageAction::kUndo), BM_CLICK, 0, 0);
+  for (std::size_t at = 0; at < windows.size(); ++at)
+    EXPECT_TRUE(WaitUntil([&] { return BoundsOf(windows[at]) == before[at]; })) << at;
 }
 
 }  // namespace
