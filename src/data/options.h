@@ -104,6 +104,7 @@ struct Options {
   std::array<std::int32_t, 2> imageJotletDefaultSize = {320, 240};
   bool rolledHasAltPosition = false;
   bool shadows = false;
+  std::int32_t appearance = 0;  // see `AppearanceChoice`
   std::int32_t bulletIndent = 300;
   TextPair google;
   Text fontMru;

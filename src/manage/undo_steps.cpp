@@ -10,9 +10,9 @@ constexpr std::size_t kMaximumUndone = 100;
 
 }  // namespace
 
-int UndoSteps::Add(UndoKind kind, std::vector<Text> ids) {
+int UndoSteps::Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places) {
   if (ids.empty()) return 0;
-  steps_.push_back({kind, std::move(ids), ++last_});
+  steps_.push_back({kind, std::move(ids), ++last_, std::move(places)});
   if (steps_.size() > kMaximumUndone) steps_.erase(steps_.begin());
   return last_;
 }

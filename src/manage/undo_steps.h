@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/geometry.h"
 #include "base/text.h"
 
 namespace jotlets {
@@ -16,7 +17,8 @@ enum class UndoKind : std::uint8_t {
   kAsleep,
   kStored,
   kClosedSleeping,
-  kClosedAttached
+  kClosedAttached,
+  kArranged
 };
 
 /// What was done with some notes together.
@@ -24,12 +26,13 @@ struct UndoStep {
   UndoKind kind = UndoKind::kClosed;
   std::vector<Text> ids;
   int number = 0;
+  std::vector<Point> places;  // of notes that were arranged: where each was
 };
 
 class UndoSteps {
  public:
   /// The number of the step; 0 when there is nothing to undo. The oldest of too many are forgotten.
-  int Add(UndoKind kind, std::vector<Text> ids);
+  int Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {});
   bool IsEmpty() const { return steps_.empty(); }
   /// Removes the latest step; nothing when there is none.
   std::optional<UndoStep> RemoveLast();

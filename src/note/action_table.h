@@ -71,6 +71,7 @@ enum class NoteMenu : std::uint8_t {
   kLookMenu,
   kOpacityMenu,
   kMarksMenu,
+  kArrangeMenu,
   kRemindMenu,
   kStacksMenu,
   kFileMenu,

@@ -57,6 +57,7 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kLookMenu, 100}, IDS_MENU_OPACITY, kOpacityMenu},
       MenuEntry{{kLookMenu, 110}, IDS_MENU_GHOST, kNoMenu, kGhost},
       MenuEntry{{kLookMenu, 150}, IDS_MENU_MARKS, kMarksMenu},
+      MenuEntry{{kLookMenu, 160}, IDS_MENU_ARRANGE, kArrangeMenu},
       MenuEntry{{kRemindMenu, 100}, IDS_PRESET, kNoMenu, kPreset},
       MenuEntry{{kRemindMenu, 110}, IDS_PRESET + 1, kNoMenu, kPreset1},
       MenuEntry{{kRemindMenu, 120}, IDS_PRESET + 2, kNoMenu, kPreset2},

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "looks/motion.h"
+
 namespace jotlets {
 
 /// Window alpha (0 to 255) of an opacity percentage; a percentage out of range counts as the nearest in
@@ -13,10 +15,6 @@ constexpr std::uint8_t AlphaOfOpacity(std::int32_t percent) {
   if (percent == 0) return 255;
   return static_cast<std::uint8_t>(std::clamp<std::int32_t>(percent, 1, 100) * 255 / 100);
 }
-
-/// The fade from opaque to a note's own opacity takes a step every `kFadePeriod` milliseconds.
-inline constexpr std::int32_t kFadePeriod = 20;
-inline constexpr std::int32_t kFadeSteps = 50;
 
 /// The opacity at a step, counted from 1, of the fade to `target` percent; nothing from step 50 on, which
 /// ends the fade. That is deliberately one step short: what was set at step 49 stays, 51 for a note of 50.

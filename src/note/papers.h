@@ -19,11 +19,27 @@ inline constexpr std::array<Colour, 8> kPapers = {{{0xFF, 0xF4, 0xB8},
                                                    {0xE9, 0xEC, 0xEF},
                                                    {0x2B, 0x2B, 0x2B}}};
 
+/// The same papers where everything is dark.
+inline constexpr std::array<Colour, kPapers.size()> kDarkPapers = {{{0x39, 0x33, 0x1C},
+                                                                    {0x3E, 0x2F, 0x26},
+                                                                    {0x3F, 0x2A, 0x33},
+                                                                    {0x33, 0x2C, 0x42},
+                                                                    {0x22, 0x31, 0x44},
+                                                                    {0x26, 0x36, 0x2A},
+                                                                    {0x30, 0x34, 0x38},
+                                                                    {0x2B, 0x2B, 0x2B}}};
+
 /// Which paper this colour is; nothing for a colour of one's own.
 constexpr std::optional<std::size_t> PaperOf(Colour colour) {
   for (std::size_t i = 0; i < kPapers.size(); ++i)
     if (kPapers[i] == colour) return i;
   return std::nullopt;
+}
+
+/// What is drawn for a colour where everything is dark; one of the user's own stays.
+constexpr Colour DarkPaper(Colour colour) {
+  const auto paper = PaperOf(colour);
+  return paper ? kDarkPapers[*paper] : colour;
 }
 
 }  // namespace jotlets

@@ -9,8 +9,6 @@ namespace jotlets {
 
 /// No alarm sounds.
 inline constexpr std::int32_t kNotSounding = -1;
-/// Milliseconds between two phases.
-inline constexpr unsigned kAlarmPeriod = 50;
 /// A note set to sleep until its alarm would wake by itself this many seconds after it: the alarm wakes it.
 inline constexpr std::int64_t kSleepPastAlarm = 61;
 

@@ -131,6 +131,7 @@ struct SkinData {
   std::int32_t tooltipFontSize = 0;
 
   bool useScrollbar = false;
+  bool darkPapers = false;  // the papers of the program turn dark with its windows
   std::optional<CoordinateTrack> scrollbar;
   DrawBounds scrollbarDrawBounds;
 

@@ -24,7 +24,8 @@ class SkinPainter {
         skin_(skin),
         sheet_(sheet),
         paper_(PaperColour(skin, view.colour, view.clearPaper)),
-        sampling_(view.sampling) {}
+        sampling_(view.sampling),
+        contrast_(view.contrast) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
 
@@ -57,10 +58,14 @@ class SkinPainter {
     AddGround(element, area, MiddleOf(element, size));
   }
 
-  void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area) {
+  void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area, bool hot) {
     if (place == nullptr) return;
-    DrawPart(canvas_,
-             PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, InkOf(element, area)),
+    std::optional<Colour> ink = InkOf(element, area);
+    if (hot && contrast_) {
+      canvas_.Fill(area, contrast_->chosen);
+      ink = contrast_->chosenInk;
+    }
+    DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});
   }
 
@@ -68,6 +73,7 @@ class SkinPainter {
   std::optional<Colour> InkOf(const SkinElement& element, const Rect& area) {
     if (element.shade) return Shaded(paper_, *element.shade);
     if (!element.tint) return std::nullopt;
+    if (contrast_) return *element.tint == SkinTint::kAccent ? contrast_->chosen : contrast_->ink;
     const Colour ground = GroundOf(area);
     if (*element.tint == last_.tint && ground == last_.ground) return last_.ink;
     last_ = {*element.tint, ground, Made(*element.tint, ground)};
@@ -149,6 +155,7 @@ class SkinPainter {
   const Picture& sheet_;
   const Colour paper_;
   const Sampling sampling_;
+  const std::optional<ContrastColours>& contrast_;
   std::vector<Ground> grounds_;  // in drawing order
   MadeInk last_;
 };
@@ -190,7 +197,9 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
       case ElementKind::kVstrip: painter.Strip(element, area); break;
       case ElementKind::kTilearea: painter.TileArea(element, area); break;
       case ElementKind::kIndicator:
-      case ElementKind::kButton: painter.Glyph(element, arranged[index].picture, area); break;
+      case ElementKind::kButton:
+        painter.Glyph(element, arranged[index].picture, area, index == view.hotButton);
+        break;
       case ElementKind::kText:
         texts.SetText(element, area, ExpandPlaceholders(element.text, words),
                       painter.InkOf(element, area).value_or(element.colour));

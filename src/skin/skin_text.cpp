@@ -154,6 +154,7 @@ constexpr KeyRow<SkinData> kSkinKeys[] = {
     {u"titletooltip", [](S& s, V v) { s.titleTooltip = IsOn(v); }},
     {u"tooltipfontname", [](S& s, V v) { s.tooltipFontName = TrimBlanks(v); }},
     {u"tooltipfontsize", [](S& s, V v) { s.tooltipFontSize = Length(v); }},
+    {u"darkpapers", [](S& s, V v) { s.darkPapers = IsOn(v); }},
     {u"usescrollbar", [](S& s, V v) { s.useScrollbar = IsOn(v); }},
     {u"scrollbar", [](S& s, V v) { ReadTrack(s.scrollbar, v); }},
     {u"scrollbardrawwidthminimum", [](S& s, V v) { s.scrollbarDrawBounds.widthMinimum = ParseInt(v); }},

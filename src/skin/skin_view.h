@@ -7,6 +7,7 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "looks/appearance.h"
 #include "skin/picture.h"
 
 namespace jotlets {
@@ -66,6 +67,7 @@ struct SkinView {
   Rect thumb;               // of the scroll bar
   bool clearPaper = false;  // paper in the skin's key colour lets see through
   Sampling sampling = Sampling::kNearest;
+  std::optional<ContrastColours> contrast;  // the inks that all tints are made of instead
   friend bool operator==(const SkinView&, const SkinView&) = default;
 };
 

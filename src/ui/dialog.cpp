@@ -1,18 +1,21 @@
 #include "ui/dialog.h"
 
 #include "base/beside.h"
+#include "ui/dark_dialog.h"
 #include "ui/screen.h"
 #include "ui/window.h"
 
 namespace jotlets {
 
 INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
+  theme_ = &resources.Look();
   return DialogBoxParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), owner, Procedure,
                          reinterpret_cast<LPARAM>(this));
 }
 
 bool Dialog::Open(const Resources& resources, UINT id, HWND parent) {
   modal_ = false;
+  theme_ = &resources.Look();
   return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), parent, Procedure,
                             reinterpret_cast<LPARAM>(this)) != nullptr;
 }
@@ -45,6 +48,14 @@ void PlaceByOwner(HWND dialog) {
   SetWindowPos(dialog, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+HBRUSH Dialog::Colours(UINT message, HDC dc, HWND control) {
+  const bool isGround =
+      message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
+  const HBRUSH own = isGround ? OnColours(dc, control) : nullptr;
+  if (own != nullptr || !theme_->IsDark()) return own;
+  return DarkColours(message, dc, control, *theme_, DarkSurface());
+}
+
 INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   try {
     if (message == WM_INITDIALOG) {
@@ -52,6 +63,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       SetWindowLongPtrW(dialog, DWLP_USER, lParam);
       object->dialog_ = dialog;
       object->OnInit();
+      DressDialog(dialog, *object->theme_);
       PlaceByOwner(dialog);
       // The focus that goes with TRUE would activate a window that is to open behind the user's work.
       return object->modal_ ? TRUE : FALSE;
@@ -64,9 +76,10 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     }
-    if (message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN) {
+    if (message == Theme::kChangedMessage) DressDialog(dialog, *object->theme_);
+    if (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) {
       const auto control = message == WM_CTLCOLORDLG ? nullptr : reinterpret_cast<HWND>(lParam);
-      return reinterpret_cast<INT_PTR>(object->OnColours(reinterpret_cast<HDC>(wParam), control));
+      return reinterpret_cast<INT_PTR>(object->Colours(message, reinterpret_cast<HDC>(wParam), control));
     }
     if (message == WM_NCDESTROY) object->dialog_ = nullptr;
     if (message != WM_COMMAND) {

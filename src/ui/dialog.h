@@ -44,20 +44,25 @@ class Dialog {
   virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 
   /// The colours of a control or, without one, of the dialog itself: sets those of its text, and returns the
-  /// brush behind it, which the dialog keeps; nullptr for the system's own.
+  /// brush behind it, which the dialog keeps; nullptr for those of all dialogs.
   virtual HBRUSH OnColours(HDC, HWND) { return nullptr; }
+  /// What the controls stand on where all is dark.
+  virtual Colour DarkSurface() const { return theme_->Colours().surface; }
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }
   /// The text of a control.
   Text ItemText(int control) const;
   void End(INT_PTR answer) { EndDialog(dialog_, answer); }
+  const Theme& Look() const { return *theme_; }
 
  private:
+  HBRUSH Colours(UINT message, HDC dc, HWND control);
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;
   bool modal_ = true;
+  const Theme* theme_ = nullptr;  // from when it is shown first
 };
 
 }  // namespace jotlets

@@ -1,5 +1,6 @@
 #include "ui/popup_menu.h"
 
+#include "ui/dark_menu.h"
 #include "ui/swatch_tracking.h"
 
 namespace jotlets {
@@ -22,11 +23,17 @@ bool HasCommand(HMENU menu, UINT command) {
 
 }  // namespace
 
-UINT ChooseFromMenu(HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows) {
-  const SwatchTracking tracking(owner, rows);
+UINT ChooseFromMenu(const Theme& theme, HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows) {
+  const SwatchTracking tracking(owner, rows, theme);
+  const DarkMenu dark(menu, owner, theme);
   const auto chosen =
       static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
   return HasCommand(menu, chosen) ? chosen : 0;
+}
+
+void ShowMenu(const Theme& theme, HMENU menu, Point at, HWND owner) {
+  const DarkMenu dark(menu, owner, theme);
+  TrackPopupMenu(menu, TPM_RIGHTBUTTON, at.x, at.y, 0, owner, nullptr);
 }
 
 }  // namespace jotlets

@@ -15,7 +15,7 @@ Text StringOf(HMODULE module, UINT id) {
 
 }  // namespace
 
-Resources::Resources() : program_(GetModuleHandleW(nullptr)) {
+Resources::Resources(const Theme& theme) : theme_(theme), program_(GetModuleHandleW(nullptr)) {
   const Text path = ProgramFolder() + u"language80.dll";
   translation_.reset(
       LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));

@@ -1,5 +1,5 @@
-// Texts, menus and dialogs: taken from the translation "language80.dll" when it is there, else from the
-// program.
+// What windows are made of: texts, menus and dialogs, taken from the translation "language80.dll" when it is
+// there, else from the program; and the look that they share.
 #pragma once
 
 #include <windows.h>
@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "ui/handle.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
@@ -18,8 +19,9 @@ using UniqueModule = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeLibrary
 
 class Resources {
  public:
-  /// Loads the translation beside the program as data; without one the program's own resources serve.
-  Resources();
+  /// Loads the translation beside the program as data; without one the program's own resources serve. `theme`
+  /// outlives them.
+  explicit Resources(const Theme& theme);
 
   /// A text of the string table; the program's own when the translation lacks it.
   Text String(UINT id) const;
@@ -31,8 +33,11 @@ class Resources {
   std::string_view Bytes(UINT id) const;
   /// The module that holds a dialog template: the translation, unless it lacks it.
   HMODULE DialogModule(UINT id) const;
+  /// The look of now.
+  const Theme& Look() const { return theme_; }
 
  private:
+  const Theme& theme_;
   UniqueModule translation_;
   HMODULE program_;
 };

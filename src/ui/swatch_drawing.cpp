@@ -6,11 +6,6 @@
 namespace jotlets {
 namespace {
 
-Colour SystemColour(int index) {
-  const COLORREF colour = GetSysColor(index);
-  return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
-}
-
 std::uint8_t Mixed(double from, double to, double share) {
   return static_cast<std::uint8_t>(std::lround(from + (to - from) * std::clamp(share, 0.0, 1.0)));
 }
@@ -28,11 +23,12 @@ bool IsLight(Colour colour) { return colour.r * 299 + colour.g * 587 + colour.b 
 
 }  // namespace
 
-SwatchDrawing::SwatchDrawing(const Rect& area, std::int32_t dpi)
+SwatchDrawing::SwatchDrawing(const Rect& area, std::int32_t dpi, const Theme& theme)
     : area_(area),
       scale_(dpi / 96.0),
-      paper_(SystemColour(COLOR_MENU)),
-      ink_(SystemColour(COLOR_MENUTEXT)),
+      paper_(theme.MenuPaper()),
+      ink_(theme.MenuInk()),
+      mark_(theme.MenuMark()),
       pixels_(static_cast<std::size_t>(area.Width()) * static_cast<std::size_t>(area.Height()),
               PixelOf(paper_)) {}
 
@@ -75,7 +71,7 @@ void SwatchDrawing::Draw(Swatch::Kind kind, Colour colour, std::int32_t middle, 
   constexpr double kFaint = 0.35;
   const Place at{static_cast<double>(middle), area_.Height() / 2.0};
   const auto off = [&](double x, double y) { return Place{at.x + x * scale_, at.y + y * scale_}; };
-  const Colour ring = state.marked ? SystemColour(COLOR_HIGHLIGHT) : Mix(paper_, ink_, 0.5);
+  const Colour ring = state.marked ? mark_ : Mix(paper_, ink_, 0.5);
   if (state.marked || state.current) {
     Disc(at, (kRadius + 3.5) * scale_, ring);
     Disc(at, (kRadius + (state.marked ? 1.5 : 2)) * scale_, paper_);
@@ -83,7 +79,7 @@ void SwatchDrawing::Draw(Swatch::Kind kind, Colour colour, std::int32_t middle, 
   const bool isColour = kind == Swatch::Kind::kColour;
   const Colour fill = !isColour ? paper_ : state.grey ? Mix(paper_, colour, kFaint) : colour;
   const Colour ink = state.grey ? Mix(paper_, ink_, kFaint) : ink_;
-  Disc(at, kRadius * scale_, isColour ? Mix(fill, {0, 0, 0}, 0.18) : Mix(paper_, ink, 0.6));
+  Disc(at, kRadius * scale_, isColour ? Mix(fill, ink_, 0.18) : Mix(paper_, ink, 0.6));
   Disc(at, (kRadius - 1) * scale_, fill);
   const double stroke = 1.6 * scale_;
   if (kind == Swatch::Kind::kOthers)

@@ -8,6 +8,7 @@
 
 #include "base/geometry.h"
 #include "ui/swatch_row.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
@@ -19,8 +20,8 @@ struct SwatchState {
 
 class SwatchDrawing {
  public:
-  /// `area` is where the row stands in its window.
-  SwatchDrawing(const Rect& area, std::int32_t dpi);
+  /// `area` is where the row stands in its window, a menu.
+  SwatchDrawing(const Rect& area, std::int32_t dpi, const Theme& theme);
 
   /// Draws one whose middle is this far from the left of the area.
   void Draw(Swatch::Kind kind, Colour colour, std::int32_t middle, const SwatchState& state);
@@ -39,6 +40,7 @@ class SwatchDrawing {
   double scale_;
   Colour paper_;
   Colour ink_;
+  Colour mark_;
   std::vector<std::uint32_t> pixels_;
 };
 

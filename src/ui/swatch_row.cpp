@@ -75,13 +75,13 @@ void SwatchRow::Measure(MEASUREITEMSTRUCT& measured, std::int32_t dpi) const {
   measured.itemHeight = static_cast<UINT>(Scaled(kHeight, dpi));
 }
 
-void SwatchRow::Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi) {
+void SwatchRow::Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme& theme) {
   if (const HWND window = WindowFromDC(drawn.hDC)) window_ = window;
   left_ = Scaled(kMargin, dpi);
   pitch_ = Scaled(kPitch, dpi);
   const bool lit = (drawn.itemState & ODS_SELECTED) != 0;
   const bool grey = (drawn.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
-  SwatchDrawing drawing(FromRECT(drawn.rcItem), dpi);
+  SwatchDrawing drawing(FromRECT(drawn.rcItem), dpi, theme);
   for (std::size_t i = 0; i < swatches_.size(); ++i) {
     const std::int32_t middle = left_ + pitch_ / 2 + static_cast<std::int32_t>(i) * pitch_;
     const SwatchState state{lit && !grey && i == marked_, i == current_, grey};

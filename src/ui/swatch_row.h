@@ -11,6 +11,7 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
@@ -44,7 +45,7 @@ class SwatchRow {
   void MarkAt(Point at);
 
   void Measure(MEASUREITEMSTRUCT& measured, std::int32_t dpi) const;
-  void Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi);
+  void Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme& theme);
 
  private:
   std::optional<UINT> Position() const;

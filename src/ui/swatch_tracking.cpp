@@ -8,7 +8,8 @@ namespace jotlets {
 
 SwatchTracking* SwatchTracking::current_ = nullptr;
 
-SwatchTracking::SwatchTracking(HWND owner, std::span<SwatchRow* const> rows) : owner_(owner), rows_(rows) {
+SwatchTracking::SwatchTracking(HWND owner, std::span<SwatchRow* const> rows, const Theme& theme)
+    : owner_(owner), rows_(rows), theme_(theme) {
   if (rows_.empty() || current_ != nullptr) return;
   current_ = this;
   SetWindowSubclass(owner_, OnOwnerMessage, 1, reinterpret_cast<DWORD_PTR>(this));
@@ -63,7 +64,7 @@ LRESULT CALLBACK SwatchTracking::OnOwnerMessage(HWND window, UINT message, WPARA
     }
     if (message == WM_DRAWITEM && wParam == 0) {
       const auto& drawn = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-      if (SwatchRow* row = self.Find(drawn.itemID)) return row->Draw(drawn, dpi), TRUE;
+      if (SwatchRow* row = self.Find(drawn.itemID)) return row->Draw(drawn, dpi, self.theme_), TRUE;
     }
   } catch (...) {
     OutputDebugStringW(L"an exception left a menu undrawn");

@@ -13,7 +13,7 @@ namespace jotlets {
 class SwatchTracking {
  public:
   /// Until the end of this object, serves the rows of a menu that `owner` is about to show.
-  SwatchTracking(HWND owner, std::span<SwatchRow* const> rows);
+  SwatchTracking(HWND owner, std::span<SwatchRow* const> rows, const Theme& theme);
   ~SwatchTracking();
   SwatchTracking(const SwatchTracking&) = delete;
   SwatchTracking& operator=(const SwatchTracking&) = delete;
@@ -30,6 +30,7 @@ class SwatchTracking {
 
   HWND owner_;
   std::span<SwatchRow* const> rows_;
+  const Theme& theme_;
   HHOOK hook_ = nullptr;
 };
 

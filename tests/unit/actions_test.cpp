@@ -38,7 +38,8 @@ std::map<std::int32_t, std::string> ResourceTexts() {
     numbers[(*at)[1]] = std::stoi((*at)[2]);
   std::map<std::int32_t, std::string> texts;
   const std::regex row("\n  (\\w+) \"([^\n]*)\"");
-  for (const char* const file : {"../src/res/editor.rc", "../src/res/jotlets.rc", "../src/res/menus.rc"}) {
+  for (const char* const file :
+       {"../src/res/dark.rc", "../src/res/editor.rc", "../src/res/jotlets.rc", "../src/res/menus.rc"}) {
     const std::string script = FileBytes(file);
     for (std::sregex_iterator at(script.begin(), script.end(), row), end; at != end; ++at) {
       const std::string name = (*at)[1];

@@ -10,6 +10,7 @@
 #include "data/rtf_ink.h"
 #include "fakes.h"
 #include "note/papers.h"
+#include "skin/skin_contrast.h"
 #include "skin/skin_drawing.h"
 #include "skin/skin_layout.h"
 #include "skin/skin_text.h"
@@ -19,6 +20,7 @@ namespace {
 
 std::vector<Colour> Papers() {
   std::vector<Colour> papers(kPapers.begin(), kPapers.end());
+  papers.insert(papers.end(), kDarkPapers.begin(), kDarkPapers.end());
   for (const Colour own : {Colour{255, 255, 255}, Colour{0, 0, 0}, Colour{72, 104, 152}, Colour{0, 160, 160}})
     papers.push_back(own);
   return papers;
@@ -129,10 +131,12 @@ void MeasureGlyphs(const SkinData& skin, const Picture& sheet, SkinView view, Le
   }
 }
 
-Least Measured(const SkinData& skin, const Picture& sheet, Colour paper) {
+Least Measured(const SkinData& skin, const Picture& sheet, Colour paper,
+               const std::optional<ContrastColours>& contrast = {}) {
   Least least;
   for (int state = 0; state < 16; ++state) {
     SkinView view{{240, 120}, paper};
+    view.contrast = contrast;
     view.focus = (state & 1) != 0;
     view.mouseOver = (state & 2) != 0;
     view.rolled = (state & 4) != 0;
@@ -166,6 +170,36 @@ TEST(Ink, OfEverySkinCanBeReadOnEveryPaperInEveryState) {
       EXPECT_GE(least.rest, kTextContrast) << on();
     }
   }
+}
+
+TEST(Ink, InHighContrastIsThatOfTheSystemAndFramesTellStates) {
+  const ContrastColours colours{{0, 0, 0}, {255, 255, 255}, {26, 235, 255}, {0, 0, 0}, {255, 255, 0}};
+  for (const char* name : {"paper/paper.ini", "paper/stack.ini", "paper/large.ini", "paper/bare.ini"}) {
+    const std::filesystem::path path = std::string("../src/res/skins/") + name;
+    const SkinData skin = ParseSkin(FromUtf8(FileBytes(path.string().c_str())));
+    const auto sheet = DecodePng(FileBytes((path.parent_path() / ToUtf8(skin.bitmap)).string().c_str()));
+    ASSERT_TRUE(sheet && CanShowContrast(skin)) << name;
+    const SkinData made = ContrastSkin(skin);
+    const Least least = Measured(made, *sheet, colours.paper, colours);
+    EXPECT_GE(std::min(least.title, least.rest), 14) << name;
+    for (const bool active : {false, true}) {
+      SkinView view{{240, 120}, colours.paper};
+      view.contrast = colours;
+      view.focus = active;
+      Pixels pixels(view.window);
+      Canvas canvas = pixels.MakeCanvas();
+      NoTexts texts;
+      DrawSkin(canvas, made, *sheet, view, NoWords(), texts);
+      for (const auto& [x, y] :
+           {std::pair{0, 0}, {239, 0}, {0, 119}, {239, 119}, {120, 1}, {1, 60}, {238, 60}})
+        EXPECT_EQ(pixels.At(x, y), active ? colours.chosen : colours.ink) << name << x << "," << y;
+      EXPECT_EQ(pixels.At(2, 60), active ? colours.chosen : colours.paper) << name;
+      EXPECT_EQ(pixels.At(120, skin.titlebar->bottomRight.y.value), colours.ink)
+          << name << ": line of the bar";
+    }
+  }
+  const SkinData own = ParseSkin(FromUtf8(FileBytes("../src/res/skins/default/skin.ini")));
+  EXPECT_FALSE(CanShowContrast(own)) << "its pictures have colours of their own";
 }
 
 TEST(Ink, IsNotWrittenIntoRichText) {

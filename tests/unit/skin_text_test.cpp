@@ -16,7 +16,8 @@ TEST(ParseSkin, PutsEverySkinWideKeyIntoItsPlace) {
       u"skinname=A skin\r\nnotes= by A, http://b \r\nauthorname=C\r\nauthoremail=d@e\r\nauthorurl=f=g\r\n"
       u"version=8\r\ntop=20\r\nbottom=12\r\nleft=10\r\nright=11\r\nrolledheight=19\r\nbitmap=skin.png \r\n"
       u"transparent=255,0,254\r\nregion=7\r\nminimumwidth=150\r\nminimumheight=45\r\n"
-      u"minimumthumbtrackheight=15\r\ntitlebar=21,1,-20,m17\r\ntitletooltip=1\r\ntooltipfontname=Arial\r\n"
+      u"minimumthumbtrackheight=15\r\ntitlebar=21,1,-20,m17\r\ntitletooltip=1\r\ndarkpapers="
+      u"1\r\ntooltipfontname=Arial\r\n"
       u"tooltipfontsize=9\r\nusescrollbar=1\r\nscrollbar=-9,30,-24,7\r\nscrollbardrawwidthminimum=1\r\n"
       u"scrollbardrawwidthmaximum=2\r\nscrollbardrawheightminimum=3\r\nscrollbardrawheightmaximum=4\r\n"
       u"drawonrtfbg=1\r\nmode=stack\r\nrowheight=36\r\ndefaultstyle=-12|0|Tahoma\r\nstackfilename=stack."
@@ -34,7 +35,7 @@ TEST(ParseSkin, PutsEverySkinWideKeyIntoItsPlace) {
   EXPECT_EQ(s.region, std::vector{C(u"7")});
   EXPECT_EQ(s.titlebar, (CoordinateCorners{{C(u"21"), C(u"1")}, {C(u"-20"), C(u"m17")}}));
   EXPECT_EQ(s.scrollbar, (CoordinateTrack{C(u"-9"), C(u"30"), C(u"-24"), 7}));
-  EXPECT_TRUE(s.titleTooltip && s.useScrollbar && s.drawOnRtfBg && s.isStack);
+  EXPECT_TRUE(s.titleTooltip && s.darkPapers && s.useScrollbar && s.drawOnRtfBg && s.isStack);
   EXPECT_TRUE(s.elements.empty());
 }
 

@@ -187,7 +187,7 @@ TEST_F(EditorTest, FontsComeFromTheDialogsTermsAndFromSavedStyles) {
   Do(kActionApplyStyle0);
   EXPECT_EQ(StyleOfSelection(edit_).back, styles_[0].back);
   EXPECT_EQ(StyleOfSelection(edit_).paragraphs, styles_[0].paragraphs);
-  edit_.SetBackground(kNight);
+  edit_.SetPaper(kNight, {});
   styles_[0].back.reset();
   Do(kActionApplyStyle0);
   EXPECT_EQ(CurrentFont(edit_).colour, kLightInk) << "black text on dark paper cannot be read";
@@ -365,7 +365,7 @@ TEST_F(EditorTest, CheckListsGoOnAreTickedAndEnd) {
 TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
   constexpr COLORREF kInk = RGB(240, 240, 240);
   edit_.SetPlainText(u"plain");
-  edit_.SetBackground(kNight);
+  edit_.SetPaper(kNight, {});
   EXPECT_EQ(At(0).crTextColor, kInk);
   edit_.SetRtf("{\\rtf1{\\colortbl;\\red0\\green0\\blue200;}a\\cf1 b}");
   EXPECT_EQ(At(0).crTextColor, kInk);
@@ -381,7 +381,7 @@ TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
   Select(1, 2);
   Do(kActionHiliteBlue);
   EXPECT_EQ(At(1).crTextColor, RGB(0, 0, 200));
-  edit_.SetBackground(kPaper);
+  edit_.SetPaper(kPaper, {});
   edit_.SetPlainText(u"plain");
   EXPECT_EQ(At(0).dwEffects & CFE_AUTOCOLOR, CFE_AUTOCOLOR);
 }

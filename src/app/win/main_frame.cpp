@@ -5,8 +5,8 @@
 
 namespace jotlets {
 
-CMainFrame::CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue)
-    : accelerators_(resources.Accelerators(IDA_MAIN)), program_(resources, instance, rescue) {}
+CMainFrame::CMainFrame(const Resources& resources, Theme& theme, ProgramInstance& instance, bool rescue)
+    : accelerators_(resources.Accelerators(IDA_MAIN)), program_(resources, theme, instance, rescue) {}
 
 CMainFrame::~CMainFrame() = default;
 
@@ -47,7 +47,11 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kCheckContentMessage:
     case kClientAnswersMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
-    case WM_SETTINGCHANGE: program_.FollowMonitors(); break;
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+      program_.FollowMonitors();
+      program_.FollowLook();
+      break;
     case WM_CLOSE: program_.ExitJotlets(u"close", false); return 0;
     case WM_QUERYENDSESSION: program_.OnSessionEnding(); return TRUE;
     case WM_ENDSESSION: program_.OnSessionEnded(wParam != 0); return 0;

@@ -11,7 +11,7 @@ namespace jotlets {
 
 class CMainFrame final : public Window {
  public:
-  CMainFrame(const Resources& resources, ProgramInstance& instance, bool rescue);
+  CMainFrame(const Resources& resources, Theme& theme, ProgramInstance& instance, bool rescue);
   ~CMainFrame() override;
 
   /// Creates the window and brings the program up; false: it must not run (and nothing has been written).

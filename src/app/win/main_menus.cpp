@@ -2,6 +2,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/popup_menu.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -42,12 +43,12 @@ void ShowHotKeys(HMENU menu, const HotKeys& hotKeys) {
   }
 }
 
-void ShowPopupMenu(HWND owner, HMENU menu) {
+void ShowPopupMenu(const Theme& theme, HWND owner, HMENU menu) {
   const Point at = MousePosition();
   // Without the first call the menu stays when the user clicks elsewhere, without the last the next one
   // closes at once.
   SetForegroundWindow(owner);
-  TrackPopupMenu(GetSubMenu(menu, 0), TPM_RIGHTBUTTON, at.x, at.y, 0, owner, nullptr);
+  ShowMenu(theme, GetSubMenu(menu, 0), at, owner);
   PostMessageW(owner, WM_NULL, 0, 0);
 }
 

@@ -17,6 +17,6 @@ inline constexpr std::int32_t kFirstCustomId = 20000;
 void ShowHotKeys(HMENU menu, const HotKeys& hotKeys);
 
 /// Shows the first pop-up of a menu at the mouse; the choice comes to `owner` as WM_COMMAND.
-void ShowPopupMenu(HWND owner, HMENU menu);
+void ShowPopupMenu(const Theme& theme, HWND owner, HMENU menu);
 
 }  // namespace jotlets

@@ -16,8 +16,9 @@ constexpr int kSafetyCopyMinutes = 60;
 
 }  // namespace
 
-Program::Program(const Resources& resources, ProgramInstance& instance, bool rescue)
+Program::Program(const Resources& resources, Theme& theme, ProgramInstance& instance, bool rescue)
     : resources_(resources),
+      theme_(theme),
       instance_(instance),
       rescue_(rescue),
       options_(system_.files, system_.ansi, system_.clock, system_.log),
@@ -114,6 +115,15 @@ void Program::FollowMonitors() {
   if (!state_.ready) return;
   notes_.FollowMonitors();
   stacks_.FollowMonitors();
+}
+
+void Program::FollowLook() {
+  if (state_.exiting || !theme_.Follow(options_.Current().appearance) || !state_.ready) return;
+  notes_.RefreshSkins();
+  stacks_.RefreshSkins();
+  notes_.FollowOptions();
+  stacks_.FollowOptions();
+  TellThemeChanged();
 }
 
 void Program::OnMinute() {
@@ -225,6 +235,7 @@ void Program::HoldStill(bool still) {
 void Program::FollowOptions(const Options& before) {
   const Options& now = options_.Current();
   ApplyOptions();
+  FollowLook();
   hotKeys_.Register(window_.Handle());
   if (WithPolicy(now, policy_).skin != WithPolicy(before, policy_).skin) {
     notes_.RefreshSkins();

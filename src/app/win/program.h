@@ -47,7 +47,7 @@ class Program final : private OpenNotesOwner,
                       private BackupOwner,
                       private ProgramControl {
  public:
-  Program(const Resources& resources, ProgramInstance& instance, bool rescue);
+  Program(const Resources& resources, Theme& theme, ProgramInstance& instance, bool rescue);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
   // Not inline: the linker stumbles over its thunks in several objects.
@@ -69,6 +69,8 @@ class Program final : private OpenNotesOwner,
   void OnHotKey(int id) { trayCommands_.OnHotKey(id); }
   void OnTaskbarCreated() { tray_.AddAgain(); }
   void FollowMonitors();
+  /// The system may look otherwise than before.
+  void FollowLook();
   /// The session is about to end, and has ended, or will not after all.
   void OnSessionEnding();
   void OnSessionEnded(bool ended);
@@ -139,6 +141,7 @@ class Program final : private OpenNotesOwner,
   void CheckContent() override;
 
   const Resources& resources_;
+  Theme& theme_;
   ProgramInstance& instance_;
   const bool rescue_;
   ProgramWindow window_;

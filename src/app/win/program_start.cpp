@@ -122,6 +122,8 @@ bool Program::LoadOptions() {
 
 void Program::ApplyOptions() {
   system_.log.Open(desk_.Folder() + Text(kActivityLogName), options_.Current().debug);
+  // Later, notes and windows are to follow with it.
+  if (!state_.ready) theme_.Follow(options_.Current().appearance);
   skins_.SetDefault(WithPolicy(options_.Current(), policy_).skin);
   backups_.FollowOptions();
 }

@@ -1,5 +1,7 @@
 #include "app/win/program_window.h"
 
+#include "looks/motion.h"
+
 namespace jotlets {
 namespace {
 
@@ -10,7 +12,7 @@ UINT PeriodOf(ProgramTimer timer) {
     case ProgramTimer::kFlash: return 500;
     case ProgramTimer::kMinute: return 60000;
     case ProgramTimer::kSecond: return 1000;
-    case ProgramTimer::kAnimation: return 17;
+    case ProgramTimer::kAnimation: return kSlideStep;
     case ProgramTimer::kBackup: return 20;
     case ProgramTimer::kJournal: return 200;
   }

@@ -67,7 +67,7 @@ int CSystemTrayApp::InitInstance(TextView commandLine) {
 }
 
 int CSystemTrayApp::RunProgram(bool rescue) {
-  CMainFrame frame(resources_, instance_, rescue);
+  CMainFrame frame(resources_, theme_, instance_, rescue);
   return frame.Start() ? RunMessageLoop(frame) : 0;
 }
 

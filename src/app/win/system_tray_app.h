@@ -16,7 +16,8 @@ class CSystemTrayApp {
   int RunProgram(bool rescue);
   int SendNoteFile(TextView path);
 
-  Resources resources_;
+  Theme theme_;
+  Resources resources_{theme_};
   ProgramInstance instance_;
 };
 

@@ -4,6 +4,7 @@
 
 #include "base/beside.h"
 #include "base/win/wide.h"
+#include "ui/areas.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -22,9 +23,9 @@ std::int32_t WidthOf(HDC dc, HFONT font, const Text& text) {
   return static_cast<std::int32_t>(size.cx);
 }
 
-void Put(HDC dc, HFONT font, int colour, RECT area, const Text& text) {
+void Put(HDC dc, HFONT font, Colour colour, RECT area, const Text& text) {
   const Selected selected(dc, font);
-  SetTextColor(dc, GetSysColor(colour));
+  SetTextColor(dc, ToCOLORREF(colour));
   DrawTextW(dc, Wide(text), static_cast<int>(text.size()), &area,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
 }
@@ -100,14 +101,15 @@ void UndoStrip::Paint() {
   const HDC dc = BeginPaint(Handle(), &paint);
   RECT area{};
   GetClientRect(Handle(), &area);
-  FillRect(dc, &area, GetSysColorBrush(COLOR_WINDOW));
-  FrameRect(dc, &area, GetSysColorBrush(COLOR_GRAYTEXT));
+  const WindowColours& colours = theme_.Colours();
+  FillArea(dc, area, colours.surface);
+  FrameArea(dc, area, colours.edge);
   SetBkMode(dc, TRANSPARENT);
   RECT words = area;
   words.left = Scaled(kMargin);
-  Put(dc, font_.get(), COLOR_WINDOWTEXT, words, words_);
+  Put(dc, font_.get(), colours.text, words, words_);
   words.left = undoFrom_;
-  Put(dc, link_.get(), COLOR_WINDOWTEXT, words, undo_);
+  Put(dc, link_.get(), colours.text, words, undo_);
   EndPaint(Handle(), &paint);
 }
 

@@ -8,12 +8,16 @@
 
 #include "base/text.h"
 #include "ui/handle.h"
+#include "ui/theme.h"
 #include "ui/window.h"
 
 namespace jotlets {
 
 class UndoStrip final : public Window {
  public:
+  /// `theme` outlives the strip.
+  explicit UndoStrip(const Theme& theme) : theme_(theme) {}
+
   /// Shows the strip where the note was, wholly on that monitor. `undo` is the word to click; `clicked` and
   /// `gone` tell how it ended, each at most once.
   void Show(const Rect& note, const Text& words, const Text& undo, std::function<void()> clicked,
@@ -28,6 +32,7 @@ class UndoStrip final : public Window {
   Size Measure();
   std::int32_t Scaled(std::int32_t pixels) const { return MulDiv(pixels, dpi_, 96); }
 
+  const Theme& theme_;
   Text words_;
   Text undo_;
   std::int32_t undoFrom_ = 0;

@@ -67,6 +67,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
         skins_(skins),
         trials_(trials),
         context_{options_,
+                 resources.Look(),
                  screens_,
                  skins_,
                  clock_,

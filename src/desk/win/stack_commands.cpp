@@ -56,7 +56,7 @@ void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member
   for (const UINT ofRow : {UINT{ID_STACK_SHOW_MEMBER}, UINT{ID_STACK_TAKE_OUT}})
     EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (isOpen ? MF_ENABLED : MF_GRAYED));
   SetForegroundWindow(stack.Handle());
-  const UINT chosen = ChooseFromMenu(menu, MenuPlace(stack), stack.Handle());
+  const UINT chosen = ChooseFromMenu(resources_.Look(), menu, MenuPlace(stack), stack.Handle());
   // The menu runs a message loop of its own, in which the stack may go.
   if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
 }

@@ -7,6 +7,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/popup_menu.h"
 #include "ui/user_messages.h"
 #include "ui/window.h"
 
@@ -314,7 +315,7 @@ void BFriendsDlg::ShowMenu(POINT at) {
   const FriendEntry& entry = list_.entries[selected];
   if (!entry.isGroup || entry.isHome)
     EnableMenuItem(menu.get(), IDC_FRIEND_SET_HOME, MF_BYCOMMAND | MF_GRAYED);
-  TrackPopupMenu(GetSubMenu(menu.get(), 0), TPM_RIGHTBUTTON, at.x, at.y, 0, Handle(), nullptr);
+  jotlets::ShowMenu(Look(), GetSubMenu(menu.get(), 0), {at.x, at.y}, Handle());
 }
 
 void BFriendsDlg::BeginDrag(const NMTREEVIEWW& drag) {

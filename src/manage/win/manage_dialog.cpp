@@ -354,7 +354,7 @@ bool BManageDlg::OnCommand(UINT control, UINT notification) {
 }
 
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
-  if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item);
+  if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item, Look().Colours());
 }
 
 std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -417,7 +417,7 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
   switch (header.code) {
     case NM_CUSTOMDRAW:
       if (header.idFrom != IDC_MANAGE_LIST) return std::nullopt;
-      return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
+      return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header), Look().Colours());
     case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
     case LVN_ODCACHEHINT: WantSoon(); return 0;
     case LVN_COLUMNCLICK:

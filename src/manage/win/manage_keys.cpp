@@ -90,7 +90,7 @@ void BManageDlg::OnContextMenu(POINT at) {
     AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
     if (DefaultAction(View()) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
   }
-  const UINT chosen = ChooseFromMenu(menu.get(), {at.x, at.y}, Handle());
+  const UINT chosen = ChooseFromMenu(Look(), menu.get(), {at.x, at.y}, Handle());
   if (chosen > 0 && IsOpen()) ActSoon(static_cast<ManageAction>(chosen - 1));
 }
 

@@ -5,6 +5,7 @@
 #include "base/win/wide.h"
 #include "note/ink.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -174,20 +175,20 @@ void ManageTable::Answer(NMLVDISPINFOW& info) const {
   lstrcpynW(item.pszText, Wide(text), item.cchTextMax);
 }
 
-LRESULT ManageTable::Draw(const NMLVCUSTOMDRAW& draw) const {
+LRESULT ManageTable::Draw(const NMLVCUSTOMDRAW& draw, const WindowColours& colours) const {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
-  DrawRow(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec));
+  DrawRow(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec), colours);
   return CDRF_SKIPDEFAULT;
 }
 
-void ManageTable::DrawRow(HDC dc, int place) const {
+void ManageTable::DrawRow(HDC dc, int place, const WindowColours& colours) const {
   RECT area{};
   if (!ListView_GetItemRect(control_, place, &area, LVIR_BOUNDS)) return;
   const bool selected = ListView_GetItemState(control_, place, LVIS_SELECTED) != 0;
-  const COLORREF paper = GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
-  const COLORREF ink = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-  FillRect(dc, &area, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const COLORREF paper = ToCOLORREF(selected ? colours.chosen : colours.field);
+  const COLORREF ink = ToCOLORREF(selected ? colours.chosenText : colours.text);
+  FillArea(dc, area, selected ? colours.chosen : colours.field);
   if (place < 0 || static_cast<std::size_t>(place) >= list_.Size()) return;
   const ManageRow& row = list_.At(static_cast<std::size_t>(place));
   SetBkMode(dc, TRANSPARENT);

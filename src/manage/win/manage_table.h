@@ -11,6 +11,7 @@
 #include <span>
 #include <vector>
 
+#include "looks/window_colours.h"
 #include "manage/manage_list.h"
 #include "manage/win/manage_owner.h"
 #include "ui/resources.h"
@@ -55,14 +56,14 @@ class ManageTable {
   /// Answers what the control asks about a cell.
   void Answer(NMLVDISPINFOW& info) const;
   /// Draws a row: title and text in two lines beside the colour of the paper.
-  LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
+  LRESULT Draw(const NMLVCUSTOMDRAW& draw, const WindowColours& colours) const;
 
  private:
   int Dpi() const;
   void AddColumns(const Resources& resources, std::span<const std::int32_t> widths);
   void Restore(const Selection& selection);
   int Scaled(int length) const;
-  void DrawRow(HDC dc, int place) const;
+  void DrawRow(HDC dc, int place, const WindowColours& colours) const;
   void DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const;
   Text CellText(const ManageRow& row, ManageColumn column) const;
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "ui/areas.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -88,14 +89,14 @@ void ManageViews::Step(int step) {
   FollowControl();
 }
 
-void ManageViews::Draw(const DRAWITEMSTRUCT& item) const {
+void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const {
   const bool chosen = (item.itemState & ODS_SELECTED) != 0;
   RECT area = item.rcItem;
-  FillRect(item.hDC, &area, GetSysColorBrush(chosen ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  FillArea(item.hDC, area, chosen ? colours.chosen : colours.field);
   if (item.itemID >= rows_.size()) return;
   const Row& row = rows_[item.itemID];
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, ToCOLORREF(chosen ? colours.chosenText : colours.text));
   area.left += Scaled(row.place.category ? 2 * kInset + kAccent : kInset);
   area.right -= Scaled(kInset) / 2;
   const Text count = IntText(static_cast<std::int64_t>(row.notes));

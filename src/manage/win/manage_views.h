@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "looks/window_colours.h"
 #include "manage/manage_actions.h"
 
 namespace jotlets {
@@ -31,7 +32,7 @@ class ManageViews {
   /// key, `at` becomes the place of the chosen row.
   bool ChooseAt(POINT& at);
   void Step(int step);
-  void Draw(const DRAWITEMSTRUCT& item) const;
+  void Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const;
 
  private:
   int Scaled(int length) const;

@@ -134,14 +134,15 @@ std::vector<std::unique_ptr<SwatchRow>> MakeRows(const Resources& resources, con
 
 ActionMenu::ActionMenu(const Resources& resources, NoteMenu which, const ActionFacts& facts,
                        MenuExtras extras)
-    : extras_(std::move(extras)),
+    : theme_(resources.Look()),
+      extras_(std::move(extras)),
       rows_(MakeRows(resources, extras_)),
       menu_(MenuBuilder(resources, facts, extras_, rows_).Build(which)) {}
 
 std::function<void(BJotlet& jotlet)> ActionMenu::Choose(HWND owner, Point at) const {
   std::vector<SwatchRow*> rows;
   for (const auto& row : rows_) rows.push_back(row.get());
-  const UINT chosen = ChooseFromMenu(menu_.get(), at, owner, rows);
+  const UINT chosen = ChooseFromMenu(theme_, menu_.get(), at, owner, rows);
   if (chosen == 0) return nullptr;
   if (chosen >= kFirstExtra) return extras_.entries[chosen - kFirstExtra].run;
   if (chosen >= kFirstColours) {

@@ -54,6 +54,7 @@ class ActionMenu {
   std::function<void(BJotlet& jotlet)> Choose(HWND owner, Point at) const;
 
  private:
+  const Theme& theme_;
   MenuExtras extras_;
   std::vector<std::unique_ptr<SwatchRow>> rows_;  // of the colours, one for each
   UniqueMenu menu_;

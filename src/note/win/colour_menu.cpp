@@ -63,7 +63,7 @@ std::optional<Colour> ChooseColour(const Resources& resources, const Options& op
   }
   // The menu takes the keys of its owner while it is open: the papers are ready for Left and Right.
   PostMessageW(owner, WM_KEYDOWN, VK_DOWN, 0);
-  const UINT chosen = ChooseFromMenu(menu.get(), at, owner, rows);
+  const UINT chosen = ChooseFromMenu(resources.Look(), menu.get(), at, owner, rows);
   if (chosen == kRecentEntry) return recent[recentRow->Marked()].colour;
   if (chosen != kPapersEntry) return std::nullopt;
   if (paperRow.Marked() < kPapers.size()) return kPapers[paperRow.Marked()];

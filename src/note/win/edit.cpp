@@ -75,6 +75,7 @@ bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatche
   look_ = look;
   SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
   objects_ = EditObjects::Guard(edit_);
+  SetDefaultFormat();
   SetBackground(look.background);
   SendMessageW(edit_, EM_EXLIMITTEXT, 0, kLongestText);
   SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
@@ -307,19 +308,27 @@ CHARRANGE BEdit::Selection() const {
 
 void BEdit::Select(CHARRANGE range) { SendMessageW(edit_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range)); }
 
+Colour BEdit::Look::Ink() const {
+  if (!ink) return IsDarkPaper(background) ? InkOn(background) : Colour{};
+  // A hair beside the system's colour, which somebody may have chosen for a word.
+  return *ink == Colour{} ? Colour{} : Colour{ink->r, ink->g, static_cast<std::uint8_t>(ink->b ^ 1)};
+}
+
 void BEdit::SetBackground(Colour colour) {
-  look_.background = colour;
-  SetDefaultFormat();
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(ToCOLORREF(colour)));
 }
 
-void BEdit::SetPaper(Colour colour) {
-  const Colour ink = Ink();
-  const bool light = HasLightInk();
-  const std::optional<std::string> rtf = Rtf();
-  SetBackground(colour);
+void BEdit::SetPaper(Colour colour, std::optional<Colour> ink) {
+  Look wanted = look_;
+  wanted.background = colour;
+  wanted.ink = ink;
+  const bool sameInk = wanted.Ink() == look_.Ink();
   // The control keeps what it was given in the former ink.
-  if ((light == HasLightInk() && ink == Ink()) || !rtf || beginningOnly_) return;
+  const std::optional<std::string> rtf = sameInk ? std::nullopt : Rtf();
+  look_ = wanted;
+  SetDefaultFormat();
+  SetBackground(colour);
+  if (!rtf || beginningOnly_) return;
   const CHARRANGE selection = Selection();
   const Point scroll = ScrollPosition();
   SetRtf(*rtf);

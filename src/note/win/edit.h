@@ -53,6 +53,11 @@ class BEdit {
     bool readOnly = false;
     bool scrollbar = true;    // shows a scroll bar of its own
     bool seeThrough = false;  // the parent draws its background
+
+    std::optional<Colour> ink = std::nullopt;  // of the system's, where it settles all colours
+
+    /// The colour of text that has none of its own; black is what the control gives it by itself.
+    Colour Ink() const;
   };
 
   /// Creates the control inside `parent`; false when the rich-edit library is missing. `watcher` lives as
@@ -85,15 +90,13 @@ class BEdit {
   /// What holds for the selection now; `highlights` tell which back colour is which.
   EditFacts Facts(const HighlightColours& highlights) const;
 
-  /// The colour of the paper. Text that has no format yet is black or nearly white on it, whichever can be
-  /// read.
-  /// Shows this paper for a while; text of former papers keeps its ink.
+  /// Shows another colour for a while: all text keeps the ink that it has on its paper.
   void SetBackground(Colour colour);
-  /// Gives the text this paper, and all of it that has no colour of its own the ink for it.
-  void SetPaper(Colour colour);
-  bool HasLightInk() const { return IsDarkPaper(look_.background); }
-  /// The colour of text that has none of its own.
-  Colour Ink() const { return HasLightInk() ? InkOn(look_.background) : Colour{}; }
+  /// Gives the text this paper, and all of it that has no colour of its own the ink for it: black or nearly
+  /// white, unless that is settled.
+  void SetPaper(Colour colour, std::optional<Colour> ink);
+  bool HasLightInk() const { return Ink() != Colour{}; }
+  Colour Ink() const { return look_.Ink(); }
   void SetBounds(const Rect& bounds);
   void Show(bool shown);
   void SetReadOnly(bool readOnly);

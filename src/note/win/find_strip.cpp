@@ -7,6 +7,8 @@
 #include "base/win/wide.h"
 #include "note/shortcuts.h"
 #include "note/win/edit_text.h"
+#include "ui/areas.h"
+#include "ui/dark_dialog.h"
 
 namespace jotlets {
 namespace {
@@ -59,6 +61,7 @@ bool FindStrip::MakeControls(HWND note) {
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
   for (const Button& button : kButtons) make(L"BUTTON", button.text, BS_PUSHBUTTON, button.control);
   SetWindowSubclass(words, WatchWords, 0, reinterpret_cast<DWORD_PTR>(this));
+  DressDialog(Handle(), watcher_.StripLook());
   return true;
 }
 
@@ -136,12 +139,21 @@ void FindStrip::OnCommand(UINT control, UINT notification) {
 }
 
 LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  const Theme& look = watcher_.StripLook();
+  const bool asksColours = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+  if (asksColours && look.IsDark())
+    return reinterpret_cast<LRESULT>(DarkColours(message, reinterpret_cast<HDC>(wParam),
+                                                 reinterpret_cast<HWND>(lParam), look, look.Colours().foot));
   switch (message) {
     case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_ERASEBKGND: {
       RECT client{};
       GetClientRect(Handle(), &client);
-      FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
+      if (look.IsDark()) {
+        FillArea(reinterpret_cast<HDC>(wParam), client, look.Colours().foot);
+      } else {
+        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
+      }
       return 1;
     }
     // The menu of the words is not the note's.

@@ -7,6 +7,7 @@
 #include "note/win/find_strip.h"
 #include "note/win/picture_content.h"
 #include "note/win/text_content.h"
+#include "ui/dark_dialog.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -36,7 +37,7 @@ bool BJotlet::CreateWindowFor() {
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
   if (record_.ghost) style.extended |= WS_EX_TRANSPARENT;
   shownTitle_ = ShownTitle(record_.title, {});
-  view_.colour = record_.colour;
+  view_.colour = ShownColour();
   PrepareShadow();
   if (!Create(kJotletClass, Wide(shownTitle_), place_.Shown(), style)) return false;
   content_->CreateIn(Handle(), ContentLook());
@@ -170,6 +171,10 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_NOTIFY: content_->OnNotify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
+    case WM_CTLCOLOREDIT:
+      if (!context_.theme.IsDark()) break;
+      return reinterpret_cast<LRESULT>(DarkColours(message, reinterpret_cast<HDC>(wParam),
+                                                   reinterpret_cast<HWND>(lParam), context_.theme, {}));
     case WM_PARENTNOTIFY:
       // A click into the editor.
       if (LOWORD(wParam) != WM_LBUTTONDOWN) return 0;
@@ -194,8 +199,9 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == FALSE) Tell(JotletEvent::kDeserted);
       return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
-    default: return SkinnedWindow::OnMessage(message, wParam, lParam);
+    default: break;
   }
+  return SkinnedWindow::OnMessage(message, wParam, lParam);
 }
 
 void BJotlet::OnMenuAsked(HWND window, std::optional<Point> mouse) {

@@ -207,6 +207,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Text Searched() override { return context_.searched; }
   void SetSearched(const Text& words) override { context_.searched = words; }
   Text FoundWords(const FoundText& found) override { return context_.foundWords(found); }
+  const Theme& StripLook() const override { return context_.theme; }
   TypingSettings Typing() override { return context_.editing().typing; }
   void OnContentChanged() override;
   Text BeginningNotice() override { return context_.beginningNotice(); }

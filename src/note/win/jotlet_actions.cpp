@@ -130,7 +130,7 @@ void BJotlet::StartAnimation(Point from, Point to, AnimationKind kind) {
 }
 
 bool BJotlet::TickAnimation() {
-  const auto frame = animation_.Tick(context_.options.animationSpeed);
+  const auto frame = animation_.Tick(context_.theme.Now().moves ? context_.options.animationSpeed : 0);
   return frame && ShowFrame(*frame);
 }
 

@@ -1,6 +1,7 @@
 // A note whose alarm sounds: it comes to the front, jiggles about its place and flashes until it is stopped.
 #include <cstdlib>
 
+#include "looks/motion.h"
 #include "note/win/jotlet.h"
 
 namespace jotlets {
@@ -34,7 +35,7 @@ void BJotlet::StartAlarm() {
   alarmOrigin_ = Bounds().TopLeft();
   alarmPhase_ = 0;
   record_.alarm = kNone;
-  SetTimer(Handle(), kAlarmTimer, kAlarmPeriod, nullptr);
+  SetTimer(Handle(), kAlarmTimer, UINT{kAlarmStep}, nullptr);
   if (record_.ghost) ApplyGhost();
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ShowPaper();
@@ -88,7 +89,8 @@ void BJotlet::TickAlarm() {
 
 Colour BJotlet::ShownColour() const {
   const bool flashes = IsSounding() && context_.options.flashAlarm == 1;
-  return flashes ? FlashColour(record_.colour, alarmPhase_) : record_.colour;
+  const Colour paper = DrawnColour(record_.colour);
+  return flashes ? FlashColour(paper, alarmPhase_) : paper;
 }
 
 void BJotlet::ShowPaper() {

@@ -9,7 +9,9 @@
 namespace jotlets {
 
 ShownContent::Look BJotlet::ContentLook() const {
-  return {PaperOf(ShownColour()), record_.readOnly, !skin_->data.useScrollbar, skin_->data.drawOnRtfBg};
+  const auto& contrast = context_.theme.Now().contrast;
+  return {PaperOf(DrawnColour(record_.colour)), record_.readOnly, !skin_->data.useScrollbar,
+          skin_->data.drawOnRtfBg, contrast ? std::optional(contrast->ink) : std::nullopt};
 }
 
 // Everything that follows from the skin anew.
@@ -51,7 +53,7 @@ void BJotlet::FollowOptions() {
 
 void BJotlet::SetColour(Colour colour) {
   record_.colour = colour;
-  content_->SetPaper(PaperOf(colour));
+  content_->SetPaper(PaperOf(DrawnColour(colour)));
   UpdateView();
   Tell(JotletEvent::kChanged);
 }
@@ -99,15 +101,19 @@ void BJotlet::ApplyOpacity() {
                   : record_.transparency);
 }
 
-void BJotlet::ShowOpacity(std::int32_t percent) { ApplyAlpha(AlphaOfOpacity(percent)); }
+// High contrast shows nothing through.
+void BJotlet::ShowOpacity(std::int32_t percent) {
+  ApplyAlpha(AlphaOfOpacity(context_.theme.Now().contrast ? 0 : percent));
+}
 
 void BJotlet::BeginFade() {
   const Options& options = context_.options;
-  const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, options.dontFadeToTransparent);
+  const bool atOnce = options.dontFadeToTransparent || !context_.theme.Now().moves;
+  const FocusLoss loss = OnFocusLoss(record_.transparency, options.opaqueEdit, atOnce);
   if (loss == FocusLoss::kReturnsAtOnce) ShowOpacity(record_.transparency);
   if (loss != FocusLoss::kFades) return;
   fadeStep_ = 0;
-  SetTimer(Handle(), kFadeTimer, kFadePeriod, nullptr);
+  SetTimer(Handle(), kFadeTimer, UINT{kFadeStep}, nullptr);
 }
 
 void BJotlet::FadeStep() {

@@ -82,7 +82,7 @@ void BJotlet::OnHover(Point at) {
   const SkinData& skin = skin_->data;
   if (!skin.titleTooltip || !skin.titlebar || shownTitle_.empty()) return;
   const Rect area = ResolveCorners(*skin.titlebar, {view_.window, {}});
-  if (area.Contains(at)) title_.tooltip.Offer(Handle(), skin, area, shownTitle_);
+  if (area.Contains(at)) title_.tooltip.Offer(Handle(), skin, area, shownTitle_, context_.theme);
 }
 
 // The mouse leaves the frame when it comes over the editor, but is still over the note.

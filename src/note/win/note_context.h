@@ -13,6 +13,7 @@
 #include "note/text_search.h"
 #include "note/win/edit_actions.h"
 #include "skin/win/program_skins.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
@@ -22,6 +23,7 @@ using StackNames = std::function<std::optional<Text>(std::int32_t number)>;
 /// All of it outlives the windows.
 struct NoteContext {
   const Options& options;
+  const Theme& theme;
   const MonitorSetup& screens;  // those of this moment
   ProgramSkins& skins;
   const Clock& clock;

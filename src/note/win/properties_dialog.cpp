@@ -4,6 +4,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/system_choosers.h"
 #include "ui/window.h"
 
@@ -72,7 +73,7 @@ void BPropertiesDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   SetDCBrushColor(item.hDC, ToCOLORREF(record_.colour));
   FillRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
   RECT frame = item.rcItem;
-  FrameRect(item.hDC, &frame, GetSysColorBrush(COLOR_WINDOWFRAME));
+  FrameArea(item.hDC, frame, Look().Colours().edge);
   InflateRect(&frame, -2, -2);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &frame);
 }

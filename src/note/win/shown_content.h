@@ -12,6 +12,7 @@
 #include "note/win/edit.h"
 #include "skin/skin_layout.h"
 #include "skin/win/skin_renderer.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
@@ -26,6 +27,8 @@ class ContentWatcher : public EditWatcher {
   virtual void SetSearched(const Text& words) = 0;
   /// What a strip says of what was found.
   virtual Text FoundWords(const FoundText& found) = 0;
+  /// The look of strips.
+  virtual const Theme& StripLook() const = 0;
 };
 
 /// The content file, for what of it the window does not hold.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "note/papers.h"
 #include "note/snapping.h"
 #include "note/win/frame_cursor.h"
 #include "skin/skin_drawing.h"
@@ -206,6 +207,7 @@ void SkinnedWindow::UpdateView() {
   view_.mouseOver = mouseOver_;
   view_.hotButton = hotButton_;
   view_.clearPaper = context_.options.allowTransparentBackgrounds;
+  view_.contrast = context_.theme.Now().contrast;
   view_.sampling = context_.options.alternateGetPixel ? Sampling::kMixed : Sampling::kNearest;
   FillView();
   const SkinData& skin = skin_->data;
@@ -218,6 +220,12 @@ void SkinnedWindow::UpdateView() {
   if (view_ == before) return;
   Invalidate(before);
   if (view_.focus != before.focus || view_.colour != before.colour) FollowWithShadow();
+}
+
+Colour SkinnedWindow::DrawnColour(Colour chosen) const {
+  const Appearance& look = context_.theme.Now();
+  if (look.contrast) return look.contrast->paper;
+  return look.dark && skin_->data.darkPapers ? DarkPaper(chosen) : chosen;
 }
 
 Colour SkinnedWindow::PaperOf(Colour colour) const {
@@ -243,8 +251,7 @@ void SkinnedWindow::PrepareShadow() {
   const Rect& screen = context_.screens.virtualScreen;
   const Rect& bounds = place_.Shown();
   const bool fits = bounds.Width() <= screen.Width() && bounds.Height() <= screen.Height();
-  if (context_.options.shadows && fits)
-    shadow_.Prepare(bounds.TopLeft(), Caster({bounds.Width(), bounds.Height()}));
+  if (HasShadow() && fits) shadow_.Prepare(bounds.TopLeft(), Caster({bounds.Width(), bounds.Height()}));
 }
 
 ShadowCaster SkinnedWindow::Caster(Size window) const {
@@ -254,8 +261,8 @@ ShadowCaster SkinnedWindow::Caster(Size window) const {
 }
 
 void SkinnedWindow::FollowWithShadow(bool orderChanged) {
-  if (!context_.options.shadows && shadow_.Handle() == nullptr) return;
-  if (!context_.options.shadows || IsWindowVisible(Handle()) == 0) return shadow_.Hide();
+  if (!HasShadow() && shadow_.Handle() == nullptr) return;
+  if (!HasShadow() || IsWindowVisible(Handle()) == 0) return shadow_.Hide();
   BYTE alpha = 255;
   GetLayeredWindowAttributes(Handle(), nullptr, &alpha, nullptr);
   const Rect bounds = Bounds();

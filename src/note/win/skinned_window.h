@@ -111,10 +111,12 @@ class SkinnedWindow : public Window {
 
   /// A point of the screen in client pixels.
   Point ToClient(Point screen) const;
+  /// The colour that is drawn for one that the user has chosen.
+  Colour DrawnColour(Colour chosen) const;
+  /// A drawn colour as the paper shows it.
+  Colour PaperOf(Colour colour) const;
   /// As the keyboard is now: the state that a thread is told of lags behind while another window has the
   /// focus.
-  /// A colour as the paper shows it.
-  Colour PaperOf(Colour colour) const;
   static bool IsHeld(int key) { return GetAsyncKeyState(key) < 0; }
 
   const NoteContext& context_;
@@ -134,6 +136,7 @@ class SkinnedWindow : public Window {
   std::int32_t RolledHeight(const SkinData& skin) const;
   void FollowScale(std::int32_t dpi);
   ShadowCaster Caster(Size window) const;
+  bool HasShadow() const { return context_.options.shadows && !context_.theme.Now().contrast; }
   LRESULT OnPaint();
   void OnButtonDown(Point at);
   void OnMouseMove(Point at);

@@ -24,7 +24,7 @@ UniqueFont FontOf(const TextStyle& style, std::int32_t dpi) {
 
 }  // namespace
 
-UniqueBitmap MakeStyleSample(const TextStyle& style, std::int32_t dpi) {
+UniqueBitmap MakeStyleSample(const TextStyle& style, std::int32_t dpi, const Theme& theme) {
   if (!style.IsSet()) return {};
   RECT area{0, 0, MulDiv(kWidth, dpi, 96), MulDiv(kHeight, dpi, 96)};
   const HDC screen = GetDC(nullptr);
@@ -36,9 +36,9 @@ UniqueBitmap MakeStyleSample(const TextStyle& style, std::int32_t dpi) {
   const Selected surface(memory.get(), bitmap.get());
   const Selected letters(memory.get(), font.get());
   const bool own = style.back.has_value();
-  SetDCBrushColor(memory.get(), own ? ToCOLORREF(*style.back) : GetSysColor(COLOR_MENU));
+  SetDCBrushColor(memory.get(), own ? ToCOLORREF(*style.back) : ToCOLORREF(theme.MenuPaper()));
   FillRect(memory.get(), &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-  const COLORREF automatic = own ? RGB(0, 0, 0) : GetSysColor(COLOR_MENUTEXT);
+  const COLORREF automatic = own ? RGB(0, 0, 0) : ToCOLORREF(theme.MenuInk());
   SetTextColor(memory.get(), style.colour == Colour{} ? automatic : ToCOLORREF(style.colour));
   SetBkMode(memory.get(), TRANSPARENT);
   DrawTextW(memory.get(), L"Aa", -1, &area, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);

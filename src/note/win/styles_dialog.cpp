@@ -6,6 +6,7 @@
 #include "note/win/edit_style.h"
 #include "note/win/font_chooser.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/system_choosers.h"
 #include "ui/window.h"
 
@@ -204,9 +205,10 @@ void BStylesDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.itemID >= kTextStyles) return;
   const TextStyle& style = styles_[item.itemID];
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const WindowColours& colours = Look().Colours();
+  FillArea(item.hDC, item.rcItem, selected ? colours.chosen : colours.field);
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
   RECT row = item.rcItem;
   row.left += Scaled(Handle(), 4);
   constexpr UINT kFlagsOfText = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;

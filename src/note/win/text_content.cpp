@@ -114,7 +114,7 @@ void TextContent::SetLook(const Look& look) {
   if (edit_.Handle() == nullptr) return;
   const Look& made = edit_.MadeWith();
   if (made.scrollbar != look.scrollbar || made.seeThrough != look.seeThrough) edit_.Recreate(look);
-  edit_.SetBackground(look.background);
+  edit_.SetPaper(look.background, look.ink);
 }
 
 void TextContent::SetBackground(Colour colour) {
@@ -122,7 +122,7 @@ void TextContent::SetBackground(Colour colour) {
 }
 
 void TextContent::SetPaper(Colour colour) {
-  if (edit_.Handle() != nullptr) edit_.SetPaper(colour);
+  if (edit_.Handle() != nullptr) edit_.SetPaper(colour, edit_.MadeWith().ink);
 }
 
 void TextContent::SetReadOnly(bool readOnly) {

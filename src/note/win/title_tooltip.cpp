@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "base/win/wide.h"
+#include "ui/dark_dialog.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -32,12 +33,14 @@ TOOLINFOW ToolOf(HWND window, const Rect& area, Text& title) {
 
 }  // namespace
 
-void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title) {
+void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title,
+                         const Theme& theme) {
   if (tooltip_ == nullptr) {
     tooltip_ =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0,
                         0, 0, 0, window, nullptr, GetModuleHandleW(nullptr), nullptr);
     if (tooltip_ == nullptr) return;
+    DressTooltip(tooltip_, theme);
     title_ = title;
     area_ = area;
     Text tip = TipOf(title);

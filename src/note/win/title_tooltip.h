@@ -5,13 +5,14 @@
 
 #include "skin/skin_data.h"
 #include "ui/handle.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
 class TitleTooltip {
  public:
   /// Provides for a tooltip over `area` of the window. Cheap until the first call: most notes never need one.
-  void Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title);
+  void Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title, const Theme& theme);
   /// The skin has changed: the next `Offer` makes a new one.
   void Forget();
   ~TitleTooltip() { Forget(); }

@@ -4,6 +4,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 
 namespace jotlets {
 namespace {
@@ -112,10 +113,10 @@ void BAttachDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   const ForeignWindow& window = listed_[item.itemID];
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   const bool matches = item.itemID < matches_.size() && matches_[item.itemID];
-  const int back = selected ? COLOR_HIGHLIGHT : matches ? COLOR_INFOBK : COLOR_WINDOW;
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(back));
+  const WindowColours& colours = Look().Colours();
+  FillArea(item.hDC, item.rcItem, selected ? colours.chosen : matches ? colours.match : colours.field);
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
   RECT rest = item.rcItem;
   const int side = static_cast<int>(rest.bottom - rest.top) - 2 * kMargin;
   // A mark, not a colour alone, says which windows match.
@@ -130,7 +131,7 @@ void BAttachDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   const Text title = OneLine(window.facts.title);
   constexpr UINT kHow = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
   DrawTextW(item.hDC, Wide(title), static_cast<int>(title.size()), &rest, kHow);
-  if (!selected) SetTextColor(item.hDC, GetSysColor(COLOR_GRAYTEXT));
+  if (!selected && !matches) SetTextColor(item.hDC, ToCOLORREF(colours.quiet));
   const Text& className = window.facts.className;
   DrawTextW(item.hDC, Wide(className), static_cast<int>(className.size()), &classArea, kHow);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);

@@ -75,37 +75,50 @@ void MemberListInlay::DrawEye(HDC dc, const Rect& row, Colour ink) const {
   Ellipse(dc, x - pupil, y - pupil, x + pupil + 1, y + pupil + 1);
 }
 
+Colour MemberListInlay::GroundOf(std::size_t row) const {
+  if (look_.contrast) return IsMarked(row) ? look_.contrast->chosen : look_.paper;
+  return look_.hot == row ? Shaded(look_.paper, 9) : look_.paper;
+}
+
+Colour MemberListInlay::InkOf(std::size_t row, bool quiet) const {
+  if (look_.contrast) return IsMarked(row) ? look_.contrast->chosenInk : look_.contrast->ink;
+  return quiet ? QuietInk(GroundOf(row)) : InkOn(GroundOf(row));
+}
+
 void MemberListInlay::DrawRow(HDC dc, std::size_t row) const {
   const StackMember& member = members_[row];
   const Rect rect = list_.RowRect(row);
   const bool shown = member.state == MemberState::kShown;
-  const Colour ground = look_.hot == row ? Shaded(look_.paper, 9) : look_.paper;
-  if (look_.hot == row) Fill(dc, rect, ground);
+  const Colour ground = GroundOf(row);
+  if (ground != look_.paper) Fill(dc, rect, ground);
   const Size swatchSize = SwatchOf(list_.rowHeight);
   const Rect swatch{rect.left + Scaled(4), rect.top + swatchSize.height,
                     rect.left + Scaled(4) + swatchSize.width, rect.bottom - swatchSize.height};
   const bool plain = shown || look_.bars;
   Fill(dc, swatch, plain ? member.colour : Mixed(member.colour, {255, 255, 255}));
-  Frame(dc, swatch, look_.bars ? Shaded(member.colour, 30) : plain ? kFrame : Mixed(kFrame, {255, 255, 255}));
+  Frame(dc, swatch,
+        look_.contrast ? InkOf(row, false)
+        : look_.bars   ? Shaded(member.colour, 30)
+        : plain        ? kFrame
+                       : Mixed(kFrame, {255, 255, 255}));
   const Selected font(dc, member.state == MemberState::kAway ? look_.awayFont : look_.font);
-  const Colour ink = InkOn(ground);
-  SetTextColor(dc, ToCOLORREF(shown || look_.bars ? ink : QuietInk(ground)));
+  SetTextColor(dc, ToCOLORREF(InkOf(row, !shown && !look_.bars)));
   const std::int32_t end = look_.bars ? Scaled(28) : Scaled(kThumbWidth) + 2;
   RECT words{swatch.right + Scaled(look_.bars ? 12 : 6), rect.top, rect.right - end, rect.bottom};
   const Text title = OneLine(member.title);
   DrawTextW(dc, Wide(title), static_cast<int>(title.size()), &words,
             DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
-  if (look_.bars && shown) DrawEye(dc, rect, QuietInk(ground));
+  if (look_.bars && shown) DrawEye(dc, rect, InkOf(row, true));
   if (look_.selected == row) {
     const RECT focus = ToRECT(rect);
-    SetTextColor(dc, ToCOLORREF(ink));
+    SetTextColor(dc, ToCOLORREF(InkOf(row, false)));
     DrawFocusRect(dc, &focus);
   }
 }
 
 void MemberListInlay::DrawHint(HDC dc) const {
   const Selected font(dc, look_.awayFont);
-  SetTextColor(dc, ToCOLORREF(QuietInk(look_.paper)));
+  SetTextColor(dc, ToCOLORREF(look_.contrast ? look_.contrast->ink : QuietInk(look_.paper)));
   RECT words{list_.area.left + Scaled(4), list_.area.top + Scaled(4), list_.area.right - Scaled(4),
              list_.area.bottom};
   DrawTextW(dc, Wide(hint_), static_cast<int>(hint_.size()), &words, DT_WORDBREAK | DT_NOPREFIX);
@@ -117,7 +130,7 @@ void MemberListInlay::DrawThumb(HDC dc) const {
   if (scroll.range <= scroll.page) return;
   const Rect track{list_.area.right - Scaled(kThumbWidth), list_.area.top, list_.area.right,
                    list_.area.bottom};
-  Fill(dc, ScrollThumb(track, Scaled(kMinThumb), scroll), kFrame);
+  Fill(dc, ScrollThumb(track, Scaled(kMinThumb), scroll), look_.contrast ? look_.contrast->ink : kFrame);
 }
 
 }  // namespace jotlets

@@ -16,6 +16,7 @@ struct MemberListLook {
   std::optional<std::size_t> selected;  // by the keyboard
   bool dropTarget = false;
   std::int32_t dpi = kUsualDpi;
+  std::optional<ContrastColours> contrast;
   bool bars = false;  // the colour of a note is a bar, and what is on the desktop bears a mark
 };
 
@@ -31,6 +32,9 @@ class MemberListInlay final : public SkinInlay {
 
  private:
   std::int32_t Scaled(std::int32_t length) const { return ScaledLength(length, look_.dpi); }
+  bool IsMarked(std::size_t row) const { return look_.hot == row || look_.selected == row; }
+  Colour GroundOf(std::size_t row) const;
+  Colour InkOf(std::size_t row, bool quiet) const;
   Size SwatchOf(std::int32_t height) const;
   void DrawEye(HDC dc, const Rect& row, Colour ink) const;
   void DrawRow(HDC dc, std::size_t row) const;

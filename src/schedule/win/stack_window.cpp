@@ -178,6 +178,7 @@ void BStackDlg::Draw(HDC dc, const Rect& part) {
   look.selected = hasFocus_ ? selectedRow_ : std::nullopt;
   look.dropTarget = dropTarget_;
   look.dpi = place_.Dpi();
+  look.contrast = view_.contrast;
   look.bars = skin_->data.rowHeight > 0;
   const Text hint = members_.empty() ? owner_.EmptyHint() : Text();
   const MemberListInlay inlay(List(), members_, look, hint);
@@ -261,7 +262,7 @@ void BStackDlg::MakeFonts() {
 }
 
 void BStackDlg::FillView() {
-  view_.colour = StackColour(record_, members_);
+  view_.colour = DrawnColour(StackColour(record_, members_));
   view_.focus = hasFocus_ || dropTarget_;
   const auto any = [this](auto is) { return std::any_of(members_.begin(), members_.end(), is); };
   view_.states.Set(SkinState::kOnTop, record_.onTop);

@@ -9,6 +9,7 @@
 #include "note/monitors.h"
 #include "note/win/monitor_setup.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/user_messages.h"
 #include "ui/window.h"
 
@@ -59,7 +60,6 @@ void BOptionsDlg::OnInit() {
       reinterpret_cast<LPARAM>(LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_JOTLETS)));
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, icon);
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
-  foot_.reset(CreateSolidBrush(GetSysColor(COLOR_BTNFACE)));
   const Text cue = resources_.String(IDS_SETTING_SEARCH);
   SendMessageW(Item(IDC_OPTIONS_SEARCH), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(Wide(cue)));
   SendMessageW(Item(IDC_OPTIONS_PAGES), LB_SETITEMHEIGHT, 0, RowHeight());
@@ -265,18 +265,21 @@ std::optional<LRESULT> BOptionsDlg::OnMessage(UINT message, WPARAM, LPARAM) {
   }
 }
 
-HBRUSH BOptionsDlg::OnColours(HDC, HWND) { return foot_.get(); }
+HBRUSH BOptionsDlg::OnColours(HDC, HWND) {
+  return Look().IsDark() ? nullptr : GetSysColorBrush(COLOR_BTNFACE);
+}
 
 void BOptionsDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.CtlID != IDC_OPTIONS_PAGES) return;
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   RECT area = item.rcItem;
-  FillRect(item.hDC, &area, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const WindowColours& colours = Look().Colours();
+  FillArea(item.hDC, area, selected ? colours.chosen : colours.field);
   if (item.itemID == static_cast<UINT>(-1)) return;
   Text text(static_cast<std::size_t>(ListBox_GetTextLen(item.hwndItem, item.itemID)) + 1, u'\0');
   ListBox_GetText(item.hwndItem, item.itemID, WideBuffer(text));
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
   area.left += MulDiv(kMargin + kAccentWidth, static_cast<int>(GetDpiForWindow(Handle())), 96);
   DrawTextW(item.hDC, Wide(text), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);

@@ -35,6 +35,7 @@ class BOptionsDlg final : public Dialog, private PageWatcher {
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
   HBRUSH OnColours(HDC dc, HWND control) override;
+  Colour DarkSurface() const override { return Look().Colours().foot; }
   void OnSettingChanged() override;
 
   void MakePages();
@@ -61,7 +62,6 @@ class BOptionsDlg final : public Dialog, private PageWatcher {
   std::vector<SettingWords> words_;
   std::vector<std::uint16_t> found_;  // what is listed in the place of the pages
   bool searching_ = false;
-  UniqueBrush foot_;
 };
 
 }  // namespace jotlets

@@ -7,6 +7,7 @@
 #include "base/win/wide.h"
 #include "note/papers.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/system_choosers.h"
 #include "ui/window.h"
 
@@ -24,8 +25,6 @@ constexpr int kSmallestNames = 110;
 constexpr int kNameGap = 12;
 constexpr int kWheelStep = 60;
 constexpr int kHeadPoints10 = 135;  // tenths of a point
-constexpr COLORREF kFixedInk = RGB(0x8A, 0x5A, 0x00);
-constexpr COLORREF kFaultInk = RGB(0xB0, 0x1A, 0x1A);
 
 UINT FirstIdOf(std::size_t index) { return IDC_SETTING + static_cast<UINT>(index) * SettingControls::kParts; }
 
@@ -48,7 +47,6 @@ HWND BOpTab::MakeText(const Text& text) const {
 }
 
 void BOpTab::OnInit() {
-  paper_.reset(CreateSolidBrush(GetSysColor(COLOR_WINDOW)));
   const auto page = static_cast<UINT>(page_);
   head_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE + page));
   about_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE_ABOUT + page));
@@ -338,12 +336,14 @@ HBRUSH BOpTab::OnColours(HDC dc, HWND control) {
   // A field that cannot be changed now keeps the colours that say so.
   if (setting != nullptr && setting->IsTyped() && setting->PartOf(id) == SettingControls::kMain)
     return nullptr;
-  SetBkColor(dc, GetSysColor(COLOR_WINDOW));
-  SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+  const WindowColours& colours = Look().Colours();
+  SetBkColor(dc, ToCOLORREF(colours.surface));
+  SetDCBrushColor(dc, ToCOLORREF(colours.surface));
+  SetTextColor(dc, ToCOLORREF(colours.text));
   if (setting != nullptr && setting->PartOf(id) == SettingControls::kNotice)
-    SetTextColor(dc, context_.draft.IsFixed(setting->Row()) ? kFixedInk : kFaultInk);
-  if (control != nullptr && control == about_) SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
-  return paper_.get();
+    SetTextColor(dc, ToCOLORREF(context_.draft.IsFixed(setting->Row()) ? colours.fixed : colours.fault));
+  if (control != nullptr && control == about_) SetTextColor(dc, ToCOLORREF(colours.quiet));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
 std::optional<LRESULT> BOpTab::OnMessage(UINT message, WPARAM wParam, LPARAM) {
@@ -361,22 +361,22 @@ void BOpTab::OnDrawItem(const DRAWITEMSTRUCT& item) {
   const bool isList = item.CtlType == ODT_COMBOBOX;
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   RECT area = item.rcItem;
-  FillRect(item.hDC, &area, GetSysColorBrush(isList && selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const WindowColours& colours = Look().Colours();
+  FillArea(item.hDC, area, isList && selected ? colours.chosen : isList ? colours.field : colours.surface);
   std::int32_t number = static_cast<std::int32_t>(isList ? static_cast<LONG_PTR>(item.itemData)
                                                          : GetWindowLongPtrW(item.hwndItem, GWLP_USERDATA));
   RECT swatch = area;
   InflateRect(&swatch, -3, -3);
   if (isList) swatch.right = swatch.left + 2 * (swatch.bottom - swatch.top);
   if (number >= 0) {
-    const UniqueBrush fill(CreateSolidBrush(ToCOLORREF(ColourOfNumber(number))));
-    FillRect(item.hDC, &swatch, fill.get());
-    FrameRect(item.hDC, &swatch, GetSysColorBrush(COLOR_GRAYTEXT));
+    FillArea(item.hDC, swatch, ColourOfNumber(number));
+    FrameArea(item.hDC, swatch, colours.edge);
   }
   if (isList && item.itemID != static_cast<UINT>(-1)) {
     wchar_t text[128]{};
     SendMessageW(item.hwndItem, CB_GETLBTEXT, item.itemID, reinterpret_cast<LPARAM>(text));
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
     area.left = swatch.right + 6;
     DrawTextW(item.hDC, text, -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
   }

@@ -100,7 +100,6 @@ class BOpTab : public Dialog {
   UniqueFont large_;
   UINT dpi_ = 0;  // of the fonts
   LaidOut laidOut_;
-  UniqueBrush paper_;
   int height_ = 0;  // of all of it, in pixels
   int scrolled_ = 0;
   bool filling_ = false;

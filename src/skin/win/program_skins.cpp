@@ -3,6 +3,7 @@
 #include "data/data_folder.h"
 #include "data/jotlet_id.h"
 #include "res/resource.h"
+#include "skin/skin_contrast.h"
 
 namespace jotlets {
 
@@ -55,8 +56,27 @@ void ProgramSkins::SetDefault(TextView nameOrPath) {
 }
 
 std::shared_ptr<const LoadedSkin> ProgramSkins::OfNote(TextView name, std::int32_t dpi) {
-  if (name.empty() && defaultFile_) return library_->Scaled(defaultFile_, dpi);
-  return library_->Get(Wanted(name), false, dpi);
+  return Shown(Usual(name), false, dpi);
+}
+
+std::shared_ptr<const LoadedSkin> ProgramSkins::Usual(TextView name) {
+  return name.empty() && defaultFile_ ? defaultFile_ : library_->Get(Wanted(name), false);
+}
+
+std::shared_ptr<const LoadedSkin> ProgramSkins::Shown(std::shared_ptr<const LoadedSkin> skin, bool forStack,
+                                                      std::int32_t dpi) {
+  if (!resources_.Look().Now().contrast) {
+    contrast_.clear();
+    return library_->Scaled(std::move(skin), dpi);
+  }
+  if (!CanShowContrast(skin->data)) skin = library_->Get(kPaperSkin, forStack);
+  std::shared_ptr<const LoadedSkin>& made = contrast_[skin];
+  if (made == nullptr) {
+    LoadedSkin changed = *skin;
+    changed.data = ContrastSkin(std::move(changed.data));
+    made = std::make_shared<const LoadedSkin>(std::move(changed));
+  }
+  return library_->Scaled(made, dpi);
 }
 
 TextView ProgramSkins::Wanted(TextView name) {
@@ -65,15 +85,15 @@ TextView ProgramSkins::Wanted(TextView name) {
 }
 
 std::shared_ptr<const LoadedSkin> ProgramSkins::OfStacks(std::int32_t dpi) {
-  const std::shared_ptr<const LoadedSkin> ofNotes = OfNote({});
+  const std::shared_ptr<const LoadedSkin> ofNotes = Usual({});
   // Of skins in the folder, only packages hold both.
   const bool both = ofNotes->path.empty() || HasExtension(ofNotes->path, u".jsk");
   const bool own = !defaultFile_ && both && !ofNotes->data.stackFileName.empty();
-  return library_->Get(own ? Wanted({}) : TextView(), true, dpi);
+  return Shown(library_->Get(own ? Wanted({}) : TextView(), true), true, dpi);
 }
 
 bool ProgramSkins::IsThere(TextView name) {
-  const std::shared_ptr<const LoadedSkin> skin = OfNote(name);
+  const std::shared_ptr<const LoadedSkin> skin = Usual(name);
   return name.empty() || !skin->path.empty() || EqualIgnoreCase(name, skin->data.skinName);
 }
 

@@ -1,6 +1,7 @@
 // The skins that the program's windows show: those of the skins folder and the built-in ones.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -38,7 +39,7 @@ class ProgramSkins {
   /// which is logged.
   std::optional<Text> Install(Files& files, TextView path);
   /// The file of the default skin; empty for the built-in one.
-  Text DefaultPath() { return OfNote({})->path; }
+  Text DefaultPath() { return Usual({})->path; }
 
   /// The skin of stacks: the one that the default skin comes with, or the built-in one.
   std::shared_ptr<const LoadedSkin> OfStacks(std::int32_t dpi);
@@ -48,6 +49,10 @@ class ProgramSkins {
   const Text& Folder() const { return folder_; }
 
  private:
+  std::shared_ptr<const LoadedSkin> Usual(TextView name);
+  /// As it is shown now: in high contrast, any skin in that, or Paper if it cannot be.
+  std::shared_ptr<const LoadedSkin> Shown(std::shared_ptr<const LoadedSkin> skin, bool forStack,
+                                          std::int32_t dpi);
   // The name that the library knows the skin by.
   TextView Wanted(TextView name);
   SkinFolder Reading() const { return {files_, ansi_, log_, folder_}; }
@@ -60,6 +65,7 @@ class ProgramSkins {
   Text default_;
   std::shared_ptr<const LoadedSkin> defaultFile_;  // when the default is given by its path
   std::optional<SkinLibrary> library_;
+  std::map<std::shared_ptr<const LoadedSkin>, std::shared_ptr<const LoadedSkin>> contrast_;
   SkinRenderer renderer_;
 };
 

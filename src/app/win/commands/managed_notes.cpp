@@ -256,6 +256,15 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
   return job.Left();
 }
 
+void ManagedNotes::MoveBack(const UndoStep& step) {
+  for (std::size_t at = 0; at < step.ids.size() && at < step.places.size(); ++at) {
+    BJotlet* jotlet = notes_.Find(step.ids[at]);
+    if (jotlet == nullptr) continue;
+    jotlet->FinishAnimation();
+    jotlet->StartAnimation(jotlet->Bounds().TopLeft(), step.places[at], AnimationKind::kMove);
+  }
+}
+
 void ManagedNotes::UndoStepOf(int number) {
   if (const auto step = steps_.Remove(number)) Undo(*step);
 }
@@ -278,6 +287,7 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
     }
     case UndoKind::kStored: return Fetch(step.ids);
     case UndoKind::kHidden: ShowNotes(step.ids); return 0;
+    case UndoKind::kArranged: MoveBack(step); return 0;
   }
   return 0;
 }

@@ -54,7 +54,9 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::optional<Text> AskCategory(HWND owner);
 
   /// What was done with notes elsewhere and can be undone here too; the number of the step.
-  int Remember(UndoKind kind, std::vector<Text> ids) { return steps_.Add(kind, std::move(ids)); }
+  int Remember(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {}) {
+    return steps_.Add(kind, std::move(ids), std::move(places));
+  }
   /// Undoes one step, if that has not been done yet.
   void UndoStepOf(int number);
   /// Removes a step, which is then not undone here any more.
@@ -78,6 +80,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
+  void MoveBack(const UndoStep& step);
 
   const Resources& resources_;
   const Clock& clock_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "app/win/commands/arrange_notes.h"
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
@@ -32,7 +33,8 @@ namespace jotlets {
 struct NoteCommands::Handler {
   ActionCode code = kActionNone;
   void (NoteCommands::*run)(BJotlet& jotlet) = nullptr;
-  UINT command = 0;  // instead, one of the program's, whatever the note
+  UINT command = 0;                                    // instead, one of the program's, whatever the note
+  std::optional<Arrangement> arranges = std::nullopt;  // instead, all notes
 };
 
 constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
@@ -64,6 +66,9 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {kActionAttach, &NoteCommands::Attach},
     {kActionShowParent, &NoteCommands::ShowParent},
     {kActionStoreJotlet, &NoteCommands::StoreInCategory},
+    {.code = kActionArrangeTiled, .arranges = Arrangement::kTile},
+    {.code = kActionArrangeCascaded, .arranges = Arrangement::kCascade},
+    {.code = kActionArrangeByColour, .arranges = Arrangement::kColours},
     {.code = kActionNewJotlet, .command = ID_NEW_JOTLET},
     {.code = kActionNewFromClipboard, .command = ID_NEW_FROM_CLIPBOARD},
     {.code = kActionRescue, .command = ID_RESCUE},
@@ -90,6 +95,7 @@ bool NoteCommands::Do(const Text& id, ActionCode action) {
   if (handler->command != 0) return tools_.program.Do(handler->command), true;
   BJotlet* jotlet = tools_.notes.Find(id);
   if (jotlet == nullptr) return false;
+  if (handler->arranges) return ArrangeNotes(*handler->arranges, tools_.notes, tools_.undo, *jotlet), true;
   (this->*handler->run)(*jotlet);
   return true;
 }

@@ -172,7 +172,8 @@ void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
   AddWebSearch(tools_, edit, extras);
   const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(jotlet.Handle()));
   for (std::size_t number = 0; number < kTextStyles; ++number)
-    extras.styles.push_back(MakeStyleSample(SavedTextStyle(tools_.options, number), dpi));
+    extras.styles.push_back(
+        MakeStyleSample(SavedTextStyle(tools_.options, number), dpi, tools_.resources.Look()));
 }
 
 void NoteCommands::SetFace(BJotlet& jotlet, const Text& face) {

@@ -129,7 +129,7 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
   AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
   const Text dismiss = resources_.String(IDS_DISMISS) + u"\tEsc";
   AppendMenuW(menu.get(), MF_STRING, kDismiss, Wide(dismiss));
-  const UINT chosen = ChooseFromMenu(menu.get(), at, jotlet.Handle());
+  const UINT chosen = ChooseFromMenu(resources_.Look(), menu.get(), at, jotlet.Handle());
   // Quiet it is already.
   if (chosen != 0 && chosen != kDismiss) SnoozeNote(id, chosen == kSnoozeAndSleep);
 }

@@ -92,7 +92,7 @@ void TrayCommands::OnTray(UINT message) {
     shownCustom_ = tools_.menus.ofProgram.Number(kFirstCustomId);
     const UniqueMenu menu = MakeTrayMenu(tools_.resources, tools_.options.hidden == 1, shownCustom_);
     ShowHotKeys(menu.get(), tools_.hotKeys);
-    return ShowPopupMenu(tools_.window.Handle(), menu.get());
+    return ShowPopupMenu(tools_.resources.Look(), tools_.window.Handle(), menu.get());
   }
   if (message != WM_LBUTTONUP && message != WM_LBUTTONDBLCLK) return;
   StopFlashing();

@@ -13,6 +13,7 @@ UINT WordsFor(UndoKind kind) {
     case UndoKind::kHidden: return IDS_UNDO_HIDDEN;
     case UndoKind::kAsleep: return IDS_UNDO_ASLEEP;
     case UndoKind::kStored: return IDS_UNDO_STORED;
+    case UndoKind::kArranged: return IDS_UNDO_ARRANGED;
     default: return IDS_UNDO_CLOSED;
   }
 }
@@ -34,9 +35,18 @@ void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place) 
       ids.insert(ids.begin(), before->ids.begin(), before->ids.end());
   }
   End();
-  kind_ = kind;
   offered_ = now;
-  const int number = managed_.Remember(kind, std::move(ids));
+  ShowOffer(kind, managed_.Remember(kind, std::move(ids)), place);
+}
+
+void UndoOffers::OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place) {
+  End();
+  ShowOffer(UndoKind::kArranged, managed_.Remember(UndoKind::kArranged, std::move(ids), std::move(places)),
+            place);
+}
+
+void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place) {
+  kind_ = kind;
   if (!IsOn() || number == 0) return;
   number_ = number;
   strip_.Show(

@@ -15,6 +15,8 @@ class UndoOffers {
   bool IsOn() const { return options_.undoStrip; }
   /// Offers to undo a step; `place` is where the note was.
   void Offer(UndoKind kind, std::vector<Text> ids, const Rect& place);
+  /// Notes are about to be moved away from these places.
+  void OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place);
   /// Closes a note for the user, deletes it, and each is offered to be undone; false when that failed.
   bool Close(const Text& id, const Rect& place);
   bool Delete(const Text& id, const Rect& place);
@@ -22,13 +24,14 @@ class UndoOffers {
   void End();
 
  private:
+  void ShowOffer(UndoKind kind, int number, const Rect& place);
   void OnUndone(int number);
 
   const Resources& resources_;
   const Options& options_;
   NoteDesk& desk_;
   ManagedNotes& managed_;
-  UndoStrip strip_;
+  UndoStrip strip_{resources_.Look()};
   int number_ = 0;  // of the step on offer
   UndoKind kind_ = UndoKind::kClosed;
   ULONGLONG offered_ = 0;  // when, in the system's milliseconds

@@ -1,0 +1,125 @@
+#include "ui/dark_dialog.h"
+
+#include <commctrl.h>
+
+#include "base/win/system_library.h"
+#include "base/win/wide.h"
+#include "ui/dark_controls.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr UINT_PTR kDress = 0x4C4F4F4B;
+
+struct DressedClass {
+  const wchar_t* name;
+  DressedControl kind;
+};
+constexpr DressedClass kClasses[] = {
+    {WC_BUTTONW, DressedControl::kButton},    {WC_COMBOBOXW, DressedControl::kComboBox},
+    {WC_TABCONTROLW, DressedControl::kTabs},  {WC_HEADERW, DressedControl::kHeader},
+    {UPDOWN_CLASSW, DressedControl::kUpDown}, {WC_EDITW, DressedControl::kFramed},
+    {WC_LISTBOXW, DressedControl::kFramed},   {WC_LISTVIEWW, DressedControl::kFramed},
+    {WC_TREEVIEWW, DressedControl::kFramed},  {PROGRESS_CLASSW, DressedControl::kOther},
+};
+
+const DressedClass* ClassOf(HWND control) {
+  wchar_t name[64] = {};
+  GetClassNameW(control, name, static_cast<int>(std::size(name)));
+  for (const DressedClass& known : kClasses)
+    if (lstrcmpiW(name, known.name) == 0) return &known;
+  return nullptr;
+}
+
+bool Is(HWND control, const wchar_t* name) {
+  const DressedClass* found = ClassOf(control);
+  return found != nullptr && lstrcmpiW(found->name, name) == 0;
+}
+
+void SetControlTheme(HWND control, const wchar_t* application, const wchar_t* classes) {
+  using Set = HRESULT WINAPI(HWND, LPCWSTR, LPCWSTR);
+  static const auto set = SystemFunction<Set>(L"uxtheme.dll", "SetWindowTheme");
+  if (set != nullptr) set(control, application, classes);
+}
+
+// The system's own dark scroll bars and check boxes of lists, where it has them.
+void ShowScrollBars(HWND control, bool dark) {
+  SetControlTheme(control, dark ? L"DarkMode_Explorer" : nullptr, nullptr);
+}
+
+void ShowLists(HWND control, const Theme& theme) {
+  const bool dark = theme.IsDark();
+  const COLORREF ground = dark ? ToCOLORREF(theme.Colours().field) : GetSysColor(COLOR_WINDOW);
+  const COLORREF text = dark ? ToCOLORREF(theme.Colours().text) : GetSysColor(COLOR_WINDOWTEXT);
+  if (Is(control, WC_LISTVIEWW)) {
+    ListView_SetBkColor(control, ground);
+    ListView_SetTextBkColor(control, ground);
+    ListView_SetTextColor(control, text);
+  } else if (Is(control, WC_TREEVIEWW)) {
+    TreeView_SetBkColor(control, ground);
+    TreeView_SetTextColor(control, text);
+  } else if (Is(control, PROGRESS_CLASSW)) {
+    SendMessageW(control, PBM_SETBKCOLOR, 0, dark ? static_cast<LPARAM>(ground) : CLR_DEFAULT);
+  }
+}
+
+LRESULT CALLBACK ServeDressed(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                              DWORD_PTR object) noexcept {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(control, ServeDressed, id);
+  const auto& theme = *reinterpret_cast<const Theme*>(object);
+  if (!theme.IsDark()) return DefSubclassProc(control, message, wParam, lParam);
+  try {
+    const DressedClass* found = ClassOf(control);
+    if (found != nullptr) {
+      if (const auto answer = ServeDarkControl(found->kind, control, message, wParam, lParam, theme))
+        return *answer;
+    }
+  } catch (...) {
+    OutputDebugStringW(L"an exception left a control undrawn");
+  }
+  return DefSubclassProc(control, message, wParam, lParam);
+}
+
+BOOL CALLBACK DressControl(HWND control, LPARAM object) {
+  // A date picker stays light as a whole.
+  wchar_t parent[64] = {};
+  GetClassNameW(GetParent(control), parent, static_cast<int>(std::size(parent)));
+  if (ClassOf(control) == nullptr || lstrcmpiW(parent, DATETIMEPICK_CLASSW) == 0) return TRUE;
+  const auto& theme = *reinterpret_cast<const Theme*>(object);
+  SetWindowSubclass(control, ServeDressed, kDress, static_cast<DWORD_PTR>(object));
+  ShowScrollBars(control, theme.IsDark());
+  ShowLists(control, theme);
+  return TRUE;
+}
+
+}  // namespace
+
+void DressDialog(HWND dialog, const Theme& theme) {
+  if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_CHILD) == 0) ShowCaption(dialog, theme.IsDark());
+  EnumChildWindows(dialog, DressControl, reinterpret_cast<LPARAM>(&theme));
+  RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+void DressTooltip(HWND tooltip, const Theme& theme) {
+  if (!theme.IsDark()) return;
+  // Only without a theme of the system's are colours taken.
+  SetControlTheme(tooltip, L"", L"");
+  SendMessageW(tooltip, TTM_SETTIPBKCOLOR, ToCOLORREF(theme.Colours().menu), 0);
+  SendMessageW(tooltip, TTM_SETTIPTEXTCOLOR, ToCOLORREF(theme.Colours().text), 0);
+}
+
+HBRUSH DarkColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface) {
+  const bool isField = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX;
+  if (!isField && message != WM_CTLCOLORDLG && message != WM_CTLCOLORSTATIC && message != WM_CTLCOLORBTN)
+    return nullptr;
+  const WindowColours& colours = theme.Colours();
+  const Colour ground = isField ? colours.field : surface;
+  SetTextColor(
+      dc, ToCOLORREF(message == WM_CTLCOLORDLG || IsWindowEnabled(control) ? colours.text : colours.grey));
+  SetBkColor(dc, ToCOLORREF(ground));
+  SetDCBrushColor(dc, ToCOLORREF(ground));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+}  // namespace jotlets

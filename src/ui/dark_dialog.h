@@ -1,0 +1,21 @@
+// Dialogs where all is dark: their caption, their grounds, and the controls in them.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/theme.h"
+
+namespace jotlets {
+
+/// Gives a dialog and all controls in it the look of `theme`, which outlives it. To be called again when
+/// there are more of them, or another look.
+void DressDialog(HWND dialog, const Theme& theme);
+
+/// Gives a tooltip that was just made the colours of `theme`.
+void DressTooltip(HWND tooltip, const Theme& theme);
+
+/// The colours that a dialog answers its controls with where all is dark; nullptr for a message that asks for
+/// none. `surface` is what the control stands on.
+HBRUSH DarkColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface);
+
+}  // namespace jotlets

@@ -1,0 +1,236 @@
+#include "ui/dark_menu.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "base/win/wide.h"
+#include "ui/areas.h"
+
+namespace jotlets {
+namespace {
+
+constexpr UINT_PTR kSubclass = 2;
+constexpr int kSigns = 24;  // the column of check marks; all at 96 dots per inch
+constexpr int kKeyGap = 24;
+constexpr int kArrowRoom = 20;
+constexpr int kPadding = 3;
+constexpr int kSeparator = 7;
+
+void DrawLines(HDC dc, const POINT* points, int count, int width, Colour colour) {
+  const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, std::max(width, 1), ToCOLORREF(colour)));
+  const Selected drawn(dc, pen.get());
+  Polyline(dc, points, count);
+}
+
+// The letter behind the last single ampersand, in upper case; 0 for none.
+char16_t MnemonicOf(const Text& words) {
+  for (std::size_t at = words.find(u'&'); at != Text::npos && at + 1 < words.size();
+       at = words.find(u'&', at + 2)) {
+    if (words[at + 1] == u'&') continue;
+    const auto letter = static_cast<ULONG_PTR>(words[at + 1]);
+    return static_cast<char16_t>(reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(letter))));
+  }
+  return 0;
+}
+
+}  // namespace
+
+DarkMenu::DarkMenu(HMENU menu, HWND owner, const Theme& theme) : theme_(theme), owner_(owner) {
+  if (!theme.IsDark()) return;
+  dpi_ = static_cast<int>(GetDpiForWindow(owner));
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi_));
+  font_.reset(CreateFontIndirectW(&metrics.lfMenuFont));
+  ground_.reset(CreateSolidBrush(ToCOLORREF(theme.Colours().menu)));
+  MENUINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = MIM_BACKGROUND | MIM_APPLYTOSUBMENUS;
+  info.hbrBack = ground_.get();
+  SetMenuInfo(menu, &info);
+  Convert(menu);
+  SetWindowSubclass(owner_, OnOwnerMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+}
+
+DarkMenu::~DarkMenu() {
+  if (ground_ && IsWindow(owner_)) RemoveWindowSubclass(owner_, OnOwnerMessage, kSubclass);
+}
+
+void DarkMenu::Convert(HMENU menu) {
+  for (int at = 0; at < GetMenuItemCount(menu); ++at) {
+    wchar_t words[256] = {};
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_FTYPE | MIIM_STRING | MIIM_SUBMENU | MIIM_BITMAP;
+    item.dwTypeData = words;
+    item.cch = static_cast<UINT>(std::size(words));
+    if (!GetMenuItemInfoW(menu, static_cast<UINT>(at), TRUE, &item)) continue;
+    if (item.hSubMenu != nullptr) Convert(item.hSubMenu);
+    if ((item.fType & MFT_OWNERDRAW) != 0) continue;
+    Entry& entry = entries_.emplace_back();
+    entry.words = FromWide(words);
+    entry.picture = item.hbmpItem;
+    entry.separator = (item.fType & MFT_SEPARATOR) != 0;
+    entry.opens = item.hSubMenu != nullptr;
+    entry.info = {static_cast<DWORD>(MSAA_MENU_SIG), static_cast<DWORD>(entry.words.size()),
+                  WideBuffer(entry.words)};
+    item.fMask = MIIM_FTYPE | MIIM_DATA;
+    item.fType |= MFT_OWNERDRAW;
+    item.dwItemData = reinterpret_cast<ULONG_PTR>(&entry);
+    SetMenuItemInfoW(menu, static_cast<UINT>(at), TRUE, &item);
+  }
+}
+
+// Rows of colours draw themselves.
+const DarkMenu::Entry* DarkMenu::Find(ULONG_PTR data) const {
+  const auto found = std::ranges::find_if(
+      entries_, [data](const Entry& entry) { return reinterpret_cast<ULONG_PTR>(&entry) == data; });
+  return found == entries_.end() ? nullptr : &*found;
+}
+
+const DarkMenu::Entry* DarkMenu::EntryAt(HMENU menu, int position) const {
+  MENUITEMINFOW item{};
+  item.cbSize = sizeof item;
+  item.fMask = MIIM_DATA;
+  return GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &item) ? Find(item.dwItemData) : nullptr;
+}
+
+int DarkMenu::WidthOf(const Text& words) const {
+  const HDC dc = GetDC(nullptr);
+  RECT area{};
+  {
+    const Selected font(dc, font_.get());
+    DrawTextW(dc, Wide(words), static_cast<int>(words.size()), &area, DT_SINGLELINE | DT_CALCRECT);
+  }
+  ReleaseDC(nullptr, dc);
+  return area.right;
+}
+
+void DarkMenu::Measure(const Entry& entry, MEASUREITEMSTRUCT& measured) const {
+  LOGFONTW logical{};
+  GetObjectW(font_.get(), sizeof logical, &logical);
+  const int line = std::abs(logical.lfHeight) * 4 / 3;
+  const std::size_t tab = entry.words.find(u'\t');
+  int width = Scaled(kSigns) + WidthOf(entry.words.substr(0, tab)) + Scaled(kArrowRoom);
+  if (tab != Text::npos) width += Scaled(kKeyGap) + WidthOf(entry.words.substr(tab + 1));
+  measured.itemWidth = static_cast<UINT>(width);
+  measured.itemHeight = static_cast<UINT>(entry.separator ? Scaled(kSeparator) : line + 2 * Scaled(kPadding));
+}
+
+void DarkMenu::Draw(const Entry& entry, const DRAWITEMSTRUCT& item) const {
+  const WindowColours& colours = theme_.Colours();
+  const bool grey = (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
+  const bool lit = (item.itemState & ODS_SELECTED) != 0;
+  FillArea(item.hDC, item.rcItem, lit && !entry.separator ? colours.menuHover : colours.menu);
+  DrawFrame(item);
+  if (entry.separator) {
+    RECT line = item.rcItem;
+    line.top = (line.top + line.bottom) / 2;
+    line.bottom = line.top + 1;
+    return FillArea(item.hDC, line, colours.line);
+  }
+  const Colour ink = grey ? colours.grey : colours.text;
+  const Selected font(item.hDC, font_.get());
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, ToCOLORREF(ink));
+  RECT words = item.rcItem;
+  words.left += Scaled(kSigns);
+  words.right -= Scaled(kArrowRoom);
+  const UINT hidden = (item.itemState & ODS_NOACCEL) != 0 ? UINT{DT_HIDEPREFIX} : 0u;
+  const std::size_t tab = entry.words.find(u'\t');
+  const Text name = entry.words.substr(0, tab);
+  DrawTextW(item.hDC, Wide(name), static_cast<int>(name.size()), &words, DT_SINGLELINE | DT_VCENTER | hidden);
+  if (tab != Text::npos) {
+    const Text key = entry.words.substr(tab + 1);
+    SetTextColor(item.hDC, ToCOLORREF(grey ? colours.grey : colours.quiet));
+    DrawTextW(item.hDC, Wide(key), static_cast<int>(key.size()), &words,
+              DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
+  }
+  DrawSigns(entry, item, ink);
+}
+
+// What stands before and behind the words.
+void DarkMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item, Colour ink) const {
+  const int x = item.rcItem.left + Scaled(kSigns) / 2;
+  const int y = (item.rcItem.top + item.rcItem.bottom) / 2;
+  const int stroke = Scaled(3) / 2;
+  if ((item.itemState & ODS_CHECKED) != 0) {
+    const POINT check[] = {
+        {x - Scaled(5), y}, {x - Scaled(1), y + Scaled(4)}, {x + Scaled(6), y - Scaled(4)}};
+    DrawLines(item.hDC, check, 3, stroke, theme_.Colours().accent);
+  } else if (entry.picture != nullptr) {
+    BITMAP picture{};
+    GetObjectW(entry.picture, sizeof picture, &picture);
+    const UniqueDc memory(CreateCompatibleDC(item.hDC));
+    const Selected source(memory.get(), entry.picture);
+    BitBlt(item.hDC, x - picture.bmWidth / 2, y - picture.bmHeight / 2, picture.bmWidth, picture.bmHeight,
+           memory.get(), 0, 0, SRCCOPY);
+  }
+  if (!entry.opens) return;
+  const int right = item.rcItem.right - Scaled(kArrowRoom) / 2;
+  const POINT arrow[] = {
+      {right - Scaled(2), y - Scaled(4)}, {right + Scaled(2), y}, {right - Scaled(3), y + Scaled(5)}};
+  DrawLines(item.hDC, arrow, 3, stroke, ink);
+  // The system would put its own arrow over this one.
+  ExcludeClipRect(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
+}
+
+// What is left of the menu's window around its entries.
+void DarkMenu::DrawFrame(const DRAWITEMSTRUCT& item) const {
+  const HWND window = WindowFromDC(item.hDC);
+  if (window == nullptr) return;
+  RECT all{};
+  GetWindowRect(window, &all);
+  POINT corner{item.rcItem.left, item.rcItem.top};
+  ClientToScreen(window, &corner);
+  const LONG width = corner.x - all.left;
+  OffsetRect(&all, -all.left, -all.top);
+  const HDC dc = GetWindowDC(window);
+  for (LONG ring = 0; ring < std::min(width, 8L); ++ring) {
+    FrameArea(dc, all, ring == 0 ? theme_.Colours().line : theme_.Colours().menu);
+    InflateRect(&all, -1, -1);
+  }
+  ReleaseDC(window, dc);
+}
+
+// Entries that are drawn by the program are not found by their letters.
+LRESULT DarkMenu::ChooseByLetter(char16_t letter, HMENU menu) const {
+  const char16_t wanted = MnemonicOf(Text(u"&") + letter);
+  const int count = GetMenuItemCount(menu);
+  int lit = -1;
+  for (int at = 0; at < count; ++at)
+    if ((GetMenuState(menu, static_cast<UINT>(at), MF_BYPOSITION) & MF_HILITE) != 0) lit = at;
+  int found = -1;
+  int matches = 0;
+  for (int step = 1; step <= count; ++step) {
+    const int at = (lit + step + count) % count;
+    const Entry* entry = EntryAt(menu, at);
+    if (entry == nullptr || wanted == 0 || MnemonicOf(entry->words) != wanted) continue;
+    if (matches++ == 0) found = at;
+  }
+  if (found < 0) return MAKELRESULT(0, MNC_IGNORE);
+  return MAKELRESULT(static_cast<WORD>(found), matches == 1 ? MNC_EXECUTE : MNC_SELECT);
+}
+
+LRESULT CALLBACK DarkMenu::OnOwnerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                          DWORD_PTR object) noexcept {
+  const auto& self = *reinterpret_cast<const DarkMenu*>(object);
+  try {
+    if (message == WM_MEASUREITEM && wParam == 0) {
+      auto& measured = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+      if (const Entry* entry = self.Find(measured.itemData)) return self.Measure(*entry, measured), TRUE;
+    }
+    if (message == WM_DRAWITEM && wParam == 0) {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      if (const Entry* entry = self.Find(item.itemData)) return self.Draw(*entry, item), TRUE;
+    }
+    if (message == WM_MENUCHAR)
+      return self.ChooseByLetter(static_cast<char16_t>(LOWORD(wParam)), reinterpret_cast<HMENU>(lParam));
+  } catch (...) {
+    OutputDebugStringW(L"an exception left a menu undrawn");
+  }
+  return DefSubclassProc(window, message, wParam, lParam);
+}
+
+}  // namespace jotlets
