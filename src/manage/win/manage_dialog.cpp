@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "base/win/wide.h"
-#include "note/monitors.h"
-#include "note/win/monitor_setup.h"
+#include "manage/win/manage_settings.h"
+#include "note/papers.h"
 #include "res/resource.h"
 #include "ui/window.h"
 
@@ -24,8 +24,6 @@ constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
 constexpr int kButtonWidth = 92;
 constexpr int kButtonGap = 6;
-constexpr int kSmallestWidth = 560;
-constexpr int kSmallestHeight = 260;
 constexpr int kSearchLabelWidth = 56;
 constexpr int kViewsWidth = 168;
 constexpr int kPreviewWidth = 264;
@@ -72,7 +70,7 @@ void BManageDlg::OnInit() {
   table_.SetUp(Item(IDC_MANAGE_LIST), resources_, options_.manageWidths);
   views_.SetUp(Item(IDC_MANAGE_VIEWS));
   preview_.SetUp(Item(IDC_MANAGE_PREVIEW_TITLE), Item(IDC_MANAGE_PREVIEW));
-  RestorePlace();
+  RestoreManageWindow(Handle(), options_);
   list_.Search({}, options_.manageWindowSearchWhat);
   const std::int32_t sorted = options_.manageSorted;
   const std::int32_t column = sorted < 0 ? -1 - sorted : sorted;
@@ -83,44 +81,9 @@ void BManageDlg::OnInit() {
   ShowPlace();
 }
 
-// The categories stand below the view of the stored notes.
-void BManageDlg::ShowViews() {
-  const auto counts = owner_.CountManaged();
-  std::vector<ManageViews::Row> rows;
-  for (std::size_t i = 0; i < kManageViews; ++i) {
-    const auto view = static_cast<ManageView>(i);
-    rows.push_back({{view, {}}, resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]});
-    if (view != ManageView::kStored) continue;
-    for (const StoredCategory& category : owner_.Categories())
-      rows.push_back({{view, category.name},
-                      category.name.empty() ? resources_.String(IDS_NO_CATEGORY) : OneLine(category.name),
-                      category.notes});
-  }
-  views_.ShowRows(std::move(rows));
-}
-
-void BManageDlg::RestorePlace() {
-  const auto& [left, top, width, height] = options_.manageWindow;
-  const Size size{std::clamp(width, kSmallestWidth, 30000), std::clamp(height, kSmallestHeight, 30000)};
-  const Rect place = ShownPlace(RectAt({left, top}, size), ReadMonitors());
-  SetWindowPos(Handle(), nullptr, place.left, place.top, place.Width(), place.Height(),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void BManageDlg::StoreSettings() {
   const Options before = options_;
-  WINDOWPLACEMENT placement{};
-  placement.length = sizeof placement;
-  GetWindowPlacement(Handle(), &placement);
-  // The system gives this place without the room of task bars, which it counts in where it takes one.
-  const bool asItIs = placement.showCmd == SW_SHOWNORMAL;
-  RECT bounds = placement.rcNormalPosition;
-  if (asItIs) GetWindowRect(Handle(), &bounds);
-  const Rect place = FromRECT(bounds);
-  options_.manageWindow = {place.left, place.top, place.Width(), place.Height()};
-  options_.manageWindowMax =
-      placement.showCmd == SW_SHOWMAXIMIZED ||
-      (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
+  StoreManageWindow(Handle(), options_);
   table_.StoreWidths(options_.manageWidths);
   if (options_ != before) owner_.OnManageSettings();
 }
@@ -162,7 +125,7 @@ void BManageDlg::Layout() {
 }
 
 void BManageDlg::ShowPlace() {
-  ShowViews();
+  views_.Follow(resources_, owner_);
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const bool offered = Offers(View(), static_cast<ManageAction>(i));
     ShowWindow(Item(IDC_MANAGE_ACTION + static_cast<int>(i)), offered ? SW_SHOWNA : SW_HIDE);
@@ -184,7 +147,7 @@ void BManageDlg::StepView(int step) {
 
 void BManageDlg::ShowNote(const ManagePlace& place, const Text& id) {
   if (!IsOpen()) return;
-  SetItemText(IDC_MANAGE_SEARCH, {});
+  SetWindowTextW(Item(IDC_MANAGE_SEARCH), L"");
   views_.Choose(place);
   ShowPlace();
   const std::vector<std::size_t> places = list_.PlacesOf({id});
@@ -214,7 +177,7 @@ void BManageDlg::RefreshSoon() {
 
 void BManageDlg::Refresh() {
   // A category that has gone takes what is shown along.
-  ShowViews();
+  views_.Follow(resources_, owner_);
   ChangeList([this] { return owner_.FillManageList(views_.Chosen(), list_); });
   ReadTexts();
 }
@@ -281,16 +244,6 @@ ManageFacts BManageDlg::Facts() const {
   return facts;
 }
 
-// How many notes are stored where only the newest are shown; 0 elsewhere.
-std::size_t BManageDlg::AllInPlace() const {
-  if (View() != ManageView::kStored) return 0;
-  const std::optional<Text>& category = views_.Chosen().category;
-  std::size_t all = 0;
-  for (const StoredCategory& each : owner_.Categories())
-    if (!category || each.name == *category) all += each.notes;
-  return all;
-}
-
 // The buttons, the words below the list and the numbers of the views. Only what differs is set: nothing may
 // flicker.
 void BManageDlg::UpdateState() {
@@ -308,17 +261,13 @@ void BManageDlg::UpdateState() {
                            u"%m", number(list_.Total()));
   if (facts.selected > 0)
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", number(facts.selected));
-  if (const std::size_t all = AllInPlace(); all > list_.Total())
+  if (const std::size_t all = owner_.CountStored(views_.Chosen()); all > list_.Total())
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", number(all));
   if (list_.IsSearching()) status += u", " + resources_.String(IDS_MANAGE_READING);
-  SetItemText(IDC_MANAGE_STATUS, status);
+  if (ItemText(IDC_MANAGE_STATUS) != status) SetWindowTextW(Item(IDC_MANAGE_STATUS), Wide(status));
   // Who goes through the list quickly does not wait for each text.
   if (preview_.IsPlaced()) SetTimer(Handle(), kPreviewTimer, kRefreshDelay, nullptr);
-  ShowViews();
-}
-
-void BManageDlg::SetItemText(int control, const Text& text) {
-  if (ItemText(control) != text) SetWindowTextW(Item(control), Wide(text));
+  views_.Follow(resources_, owner_);
 }
 
 // Not from inside a control's message: a listener that hears of it may close this window.
@@ -353,6 +302,11 @@ bool BManageDlg::OnCommand(UINT control, UINT notification) {
   return true;
 }
 
+// High contrast goes before all papers.
+HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
+  return Look().Now().contrast ? nullptr : preview_.Colours(dc, control);
+}
+
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item, Look().Colours());
 }
@@ -367,8 +321,8 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
     case kStoreMessage: StoreSettings(); return 0;
     case WM_GETMINMAXINFO: {
       const auto dpi = static_cast<int>(GetDpiForWindow(Handle()));
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {MulDiv(kSmallestWidth, dpi, 96),
-                                                               MulDiv(kSmallestHeight, dpi, 96)};
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {MulDiv(kSmallestManageWindow.width, dpi, 96),
+                                                               MulDiv(kSmallestManageWindow.height, dpi, 96)};
       return 0;
     }
     case WM_CONTEXTMENU:
@@ -388,7 +342,8 @@ void BManageDlg::ShowPreview() {
   const int place = ListView_GetNextItem(Item(IDC_MANAGE_LIST), -1, LVNI_SELECTED);
   const bool one = place >= 0 && static_cast<std::size_t>(place) < list_.Size();
   const ManageRow* row = one ? &list_.At(static_cast<std::size_t>(place)) : nullptr;
-  preview_.Show(row, row != nullptr ? source_.TextOf(*row) : Text());
+  if (row == nullptr) return preview_.Hide();
+  preview_.Show(*row, Look().IsDark() ? DarkPaper(row->colour) : row->colour, source_.TextOf(*row));
 }
 
 // Rows come into sight: their texts are read when there is time.

@@ -62,7 +62,7 @@ class BManageDlg final : public Dialog {
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
-  HBRUSH OnColours(HDC dc, HWND control) override { return preview_.Colours(dc, control); }
+  HBRUSH OnColours(HDC dc, HWND control) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> AnswerNotify(NMHDR& header);
   void OnContextMenu(POINT at);
@@ -70,13 +70,11 @@ class BManageDlg final : public Dialog {
   void OnWindowTimer(UINT_PTR timer);
   void OnWindowEnd();
 
-  void RestorePlace();
   void StoreSettings();
   void Layout();
 
   ManageView View() const { return views_.Chosen().view; }
   void ShowPlace();
-  void ShowViews();
   void StepView(int step);
   void Refresh();
   void Search();
@@ -88,10 +86,8 @@ class BManageDlg final : public Dialog {
   void ShowRows(const ManageTable::Selection& selection);
 
   ManageFacts Facts() const;
-  std::size_t AllInPlace() const;
   void ShowPreview();
   void UpdateState();
-  void SetItemText(int control, const Text& text);
   void ActSoon(ManageAction action);
   void Act(ManageAction action);
   void ActByDefault();
@@ -99,12 +95,7 @@ class BManageDlg final : public Dialog {
 
   void FocusSearch();
   void Reload();
-  void SelectAll() { table_.SelectAll(); }
-  void Delete() { ActSoon(ManageAction::kDelete); }
-  void Undo() { ActSoon(ManageAction::kUndo); }
   void RenameCategory();
-  void NextView() { StepView(1); }
-  void PreviousView() { StepView(-1); }
 
   const Resources& resources_;
   ManageOwner& owner_;

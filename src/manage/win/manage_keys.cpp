@@ -11,21 +11,21 @@ struct BManageDlg::KeyRow {
   bool ctrl;
   bool shift;
   bool alsoInSearch;  // else the search field has a use of its own for it
-  void (BManageDlg::*run)();
+  void (*run)(BManageDlg& window);
 };
 
 const BManageDlg::KeyRow BManageDlg::kKeys[] = {
-    {'F', true, false, true, &BManageDlg::FocusSearch},
-    {VK_F3, false, false, true, &BManageDlg::FocusSearch},
-    {VK_F2, false, false, true, &BManageDlg::RenameCategory},
-    {VK_F5, false, false, true, &BManageDlg::Reload},
-    {'A', true, false, false, &BManageDlg::SelectAll},
-    {VK_DELETE, false, false, false, &BManageDlg::Delete},
-    {'Z', true, false, false, &BManageDlg::Undo},
-    {VK_TAB, true, false, true, &BManageDlg::NextView},
-    {VK_TAB, true, true, true, &BManageDlg::PreviousView},
-    {VK_NEXT, true, false, true, &BManageDlg::NextView},
-    {VK_PRIOR, true, false, true, &BManageDlg::PreviousView},
+    {'F', true, false, true, [](BManageDlg& w) { w.FocusSearch(); }},
+    {VK_F3, false, false, true, [](BManageDlg& w) { w.FocusSearch(); }},
+    {VK_F2, false, false, true, [](BManageDlg& w) { w.RenameCategory(); }},
+    {VK_F5, false, false, true, [](BManageDlg& w) { w.Reload(); }},
+    {'A', true, false, false, [](BManageDlg& w) { w.table_.SelectAll(); }},
+    {VK_DELETE, false, false, false, [](BManageDlg& w) { w.ActSoon(ManageAction::kDelete); }},
+    {'Z', true, false, false, [](BManageDlg& w) { w.ActSoon(ManageAction::kUndo); }},
+    {VK_TAB, true, false, true, [](BManageDlg& w) { w.StepView(1); }},
+    {VK_TAB, true, true, true, [](BManageDlg& w) { w.StepView(-1); }},
+    {VK_NEXT, true, false, true, [](BManageDlg& w) { w.StepView(1); }},
+    {VK_PRIOR, true, false, true, [](BManageDlg& w) { w.StepView(-1); }},
 };
 
 void BManageDlg::FocusSearch() {
@@ -59,7 +59,7 @@ bool BManageDlg::TranslateKey(const MSG& message) {
   for (const KeyRow& row : kKeys) {
     if (row.key != message.wParam || row.ctrl != ctrl || row.shift != shift) continue;
     if (inSearch && !row.alsoInSearch) return false;
-    (this->*row.run)();
+    row.run(*this);
     return true;
   }
   return inSearch && !ctrl && table_.Enter(message);

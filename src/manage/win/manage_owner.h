@@ -22,6 +22,8 @@ class ManageOwner {
   /// call returns.
   virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
   virtual const std::vector<StoredCategory>& Categories() = 0;
+  /// How many notes are stored in a place, though the list shows only the newest; 0 in any other view.
+  virtual std::size_t CountStored(const ManagePlace& place) = 0;
   /// Asks for another name of a category. One that is there already takes in its notes.
   virtual void RenameCategory(const Text& name) = 0;
   virtual bool CanUndoManaged() const = 0;

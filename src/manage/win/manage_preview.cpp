@@ -41,22 +41,25 @@ void ManagePreview::Place(const Rect& place) {
   SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
 }
 
-void ManagePreview::Show(const ManageRow* row, const Text& words) {
-  const bool shows = row != nullptr && row->type != ManageRow::Type::kStack;
-  if (shows && shown_ && paper_ == row->colour && shownTitle_ == row->title && shownWords_ == words) return;
-  shown_ = shows;
-  if (shown_) {
-    paper_ = row->colour;
-    shownTitle_ = row->title;
-    shownWords_ = words;
-    paperBrush_.reset(CreateSolidBrush(ToCOLORREF(paper_)));
-    barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
-    // The static control has no inset of its own.
-    SetWindowTextW(title_, Wide(u"  " + row->title));
-    SetWindowTextW(words_, Wide(words));
-  }
+void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) {
+  if (row.type == ManageRow::Type::kStack) return Hide();
+  if (shown_ && paper_ == paper && shownTitle_ == row.title && shownWords_ == words) return;
+  shown_ = true;
+  paper_ = paper;
+  shownTitle_ = row.title;
+  shownWords_ = words;
+  paperBrush_.reset(CreateSolidBrush(ToCOLORREF(paper_)));
+  barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
+  // The static control has no inset of its own.
+  SetWindowTextW(title_, Wide(u"  " + row.title));
+  SetWindowTextW(words_, Wide(words));
   Place(Rect(place_));
   for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
+}
+
+void ManagePreview::Hide() {
+  shown_ = false;
+  Place(Rect(place_));
 }
 
 HBRUSH ManagePreview::Colours(HDC dc, HWND control) const {

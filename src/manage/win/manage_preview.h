@@ -17,8 +17,9 @@ class ManagePreview {
   void Place(const Rect& place);
   bool IsPlaced() const { return place_.Width() > 0; }
 
-  /// Shows a note, or none. One that is shown already stays as it is, scrolled or selected.
-  void Show(const ManageRow* row, const Text& words);
+  /// Shows a note. One that is shown already stays as it is, scrolled or selected; a stack has no words.
+  void Show(const ManageRow& row, Colour paper, const Text& words);
+  void Hide();
   /// The colours of one of the two controls; nullptr for any other.
   HBRUSH Colours(HDC dc, HWND control) const;
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "res/resource.h"
 #include "ui/areas.h"
 #include "ui/window.h"
 
@@ -26,6 +27,22 @@ void ManageViews::SetUp(HWND control) {
   control_ = control;
   rows_.clear();
   ListBox_SetItemHeight(control_, 0, Scaled(kRowHeight));
+}
+
+// The categories stand below the view of the stored notes.
+void ManageViews::Follow(const Resources& resources, ManageOwner& owner) {
+  const auto counts = owner.CountManaged();
+  std::vector<ManageViews::Row> rows;
+  for (std::size_t i = 0; i < kManageViews; ++i) {
+    const auto view = static_cast<ManageView>(i);
+    rows.push_back({{view, {}}, resources.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]});
+    if (view != ManageView::kStored) continue;
+    for (const StoredCategory& category : owner.Categories())
+      rows.push_back({{view, category.name},
+                      category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name),
+                      category.notes});
+  }
+  ShowRows(std::move(rows));
 }
 
 void ManageViews::ShowRows(std::vector<Row> rows) {

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "looks/window_colours.h"
-#include "manage/manage_actions.h"
+#include "manage/win/manage_owner.h"
+#include "ui/resources.h"
 
 namespace jotlets {
 
@@ -20,8 +21,9 @@ class ManageViews {
   };
 
   void SetUp(HWND control);
-  /// Shows these rows. What was chosen stays so; when it has gone, its view is chosen.
-  void ShowRows(std::vector<Row> rows);
+  /// Shows the views and categories as they are now. What was chosen stays so; when it has gone, its view is
+  /// chosen.
+  void Follow(const Resources& resources, ManageOwner& owner);
 
   /// What is chosen; the first view before there are rows.
   const ManagePlace& Chosen() const { return chosen_; }
@@ -36,6 +38,7 @@ class ManageViews {
 
  private:
   int Scaled(int length) const;
+  void ShowRows(std::vector<Row> rows);
   void Select();
 
   HWND control_ = nullptr;

@@ -81,6 +81,14 @@ std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
   return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
 }
 
+std::size_t ManagedNotes::CountStored(const ManagePlace& place) {
+  if (place.view != ManageView::kStored) return 0;
+  std::size_t count = 0;
+  for (const StoredCategory& category : Categories())
+    if (!place.category || category.name == *place.category) count += category.notes;
+  return count;
+}
+
 void ManagedNotes::RenameCategory(const Text& name) {
   const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, name).Ask(dialog_.Window());
   const Text category(asked ? TrimBlanks(*asked) : TextView());
@@ -94,10 +102,13 @@ std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {
   const auto recurring = static_cast<std::size_t>(
       std::count_if(lists.sleeping.begin(), lists.sleeping.end(),
                     [](const JotletData& record) { return IsIn(ManageView::kRecurring, record); }));
-  std::size_t stored = 0;
-  for (const StoredCategory& category : Categories()) stored += category.notes;
-  return {lists.desktop.size(), lists.attached.size(), lists.sleeping.size() - recurring, recurring, stored,
-          lists.closed.size(),  lists.stacks.size()};
+  return {lists.desktop.size(),
+          lists.attached.size(),
+          lists.sleeping.size() - recurring,
+          recurring,
+          CountStored({ManageView::kStored, {}}),
+          lists.closed.size(),
+          lists.stacks.size()};
 }
 
 Text ManagedNotes::ManagedTime(std::int32_t utc) {

@@ -2,8 +2,6 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
-
 #include "app/win/commands/arrange_notes.h"
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
@@ -86,6 +84,11 @@ namespace {
 // The files that a content can be saved as, by the extension of its own.
 UINT FilterOf(const Text& extension) { return extension == u"png" ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT; }
 
+void OpenDocument(const NoteCommandTools& tools, const BJotlet& jotlet, TextView name) {
+  const Text path = tools.desk.Folder() + Text(name);
+  if (!OpenInNotepad(jotlet.Handle(), path)) tools.log.Write(kLogLifecycle, u"Unable to open '", path, u"'");
+}
+
 }  // namespace
 
 bool NoteCommands::Do(const Text& id, ActionCode action) {
@@ -135,25 +138,6 @@ void NoteCommands::Attach(BJotlet& jotlet) {
   }
   for (BJotlet* each : tools_.notes.GroupOf(*note))
     tools_.attached.Attach(each->StoredRecord().id, choice->attachment, windows);
-}
-
-void NoteCommands::StoreInCategory(BJotlet& jotlet) {
-  const Text id = jotlet.StoredRecord().id;
-  const std::optional<Text> category = tools_.managed.AskCategory(jotlet.Handle());
-  BJotlet* note = tools_.notes.Find(id);
-  if (category && note != nullptr) Store(*note, *category);
-}
-
-void NoteCommands::Store(BJotlet& jotlet, const Text& category) {
-  const Rect place = jotlet.SettledBounds();
-  std::vector<Text> ids;
-  for (const BJotlet* note : tools_.notes.GroupOf(jotlet)) ids.push_back(note->StoredRecord().id);
-  const auto failed = std::ranges::stable_partition(
-      ids, [&](const Text& id) { return tools_.desk.Store(id, category).has_value(); });
-  const BJotlet* left = failed.empty() ? nullptr : tools_.notes.Find(failed.front());
-  if (left != nullptr) Tell(left->Handle(), tools_.resources, IDS_NOT_STORED, left->TitleShown());
-  ids.erase(failed.begin(), failed.end());
-  tools_.undo.Offer(UndoKind::kStored, std::move(ids), place);
 }
 
 void NoteCommands::CloseForUser(const Text& id) {
@@ -272,13 +256,8 @@ void NoteCommands::ImportFromFile(BJotlet& jotlet) {
   if (!path.empty()) tools_.program.ImportFile(path);
 }
 
-void NoteCommands::OpenDocument(BJotlet& jotlet, TextView name) {
-  const Text path = tools_.desk.Folder() + Text(name);
-  if (!OpenInNotepad(jotlet.Handle(), path)) tools_.log.Write(kLogLifecycle, u"Unable to open '", path, u"'");
-}
-
-void NoteCommands::OpenLog(BJotlet& jotlet) { OpenDocument(jotlet, kActivityLogName); }
-void NoteCommands::OpenIni(BJotlet& jotlet) { OpenDocument(jotlet, kDataFileName); }
+void NoteCommands::OpenLog(BJotlet& jotlet) { OpenDocument(tools_, jotlet, kActivityLogName); }
+void NoteCommands::OpenIni(BJotlet& jotlet) { OpenDocument(tools_, jotlet, kDataFileName); }
 
 void NoteCommands::Solo(BJotlet& jotlet) { tools_.notes.HideOthers(jotlet); }
 

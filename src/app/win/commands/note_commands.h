@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/win/commands/skin_commands.h"
+#include "app/win/commands/store_commands.h"
 #include "app/win/commands/time_commands.h"
 #include "app/win/commands/tray_commands.h"
 #include "command/custom_commands.h"
@@ -46,7 +47,8 @@ class NoteCommands {
   explicit NoteCommands(const NoteCommandTools& tools)
       : tools_(tools),
         sleep_(tools.resources, tools.clock, tools.log, tools.options, tools.desk, tools.notes, tools.saving,
-               tools.undo, tools.window, tools.state) {}
+               tools.undo, tools.window, tools.state),
+        store_(tools.resources, tools.desk, tools.notes, tools.managed, tools.undo) {}
 
   /// Closes a note for the user, who is told when that is not possible.
   void CloseForUser(const Text& id);
@@ -96,28 +98,26 @@ class NoteCommands {
   void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
   void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
   void Attach(BJotlet& jotlet);
-  void StoreInCategory(BJotlet& jotlet);
+  void StoreInCategory(BJotlet& jotlet) { store_.StoreInAny(jotlet); }
   void ShowParent(BJotlet& jotlet);
 
   MenuExtras ExtrasOf(const BJotlet& jotlet);
   ColourEntry PapersOf(const JotletData& record);
   void SetColour(BJotlet& jotlet, Colour colour);
-  void AddCategories(MenuExtras& extras);
   void AddTextExtras(const BJotlet& jotlet, MenuExtras& extras);
   void SetFace(BJotlet& jotlet, const Text& face);
   void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);
   void ShowFile(BJotlet& jotlet);
-  void Store(BJotlet& jotlet, const Text& category);
 
   /// Shows a menu of a note and carries out what is chosen.
   void ShowMenu(BJotlet& jotlet, NoteMenu which);
   /// Saves a note's content into a file that the user chooses; whether it was written.
   bool SaveToFile(BJotlet& jotlet);
-  void OpenDocument(BJotlet& jotlet, TextView name);
 
   NoteCommandTools tools_;
   TimeCommands sleep_;
+  StoreCommands store_;
 };
 
 }  // namespace jotlets

@@ -132,7 +132,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
   AddStacks(tools_, record, extras);
-  AddCategories(extras);
+  store_.AddCategories(extras);
   AddTextExtras(jotlet, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
     extras.entries.push_back(
@@ -141,18 +141,6 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
          }});
   }
   return extras;
-}
-
-void NoteCommands::AddCategories(MenuExtras& extras) {
-  constexpr std::size_t kMaximumShown = 20;
-  std::size_t shown = 0;
-  for (const StoredCategory& category : tools_.managed.Categories()) {
-    if (category.name.empty()) continue;
-    // All others are in the dialog.
-    if (++shown > kMaximumShown) return;
-    extras.entries.push_back({MenuPart::kCategories, ReplaceAll(OneLine(category.name), u"&", u"&&"),
-                              [this, name = category.name](BJotlet& note) { Store(note, name); }});
-  }
 }
 
 // Of the text's own menu: what the editor's keys do, fonts of late and the web.
