@@ -76,7 +76,7 @@ void BManageDlg::OnViewsMenu(POINT at) {
   if (!views_.Chosen().category) return;
   const UniqueMenu menu(CreatePopupMenu());
   AppendMenuW(menu.get(), MF_ENABLED, 1, Wide(resources_.String(IDS_RENAME_CATEGORY) + u"\tF2"));
-  if (ChooseFromMenu(menu.get(), {at.x, at.y}, Handle()) == 1 && IsOpen()) RenameCategory();
+  if (ChooseFromMenu(Look(), menu.get(), {at.x, at.y}, Handle()) == 1 && IsOpen()) RenameCategory();
 }
 
 void BManageDlg::OnContextMenu(POINT at) {
