@@ -135,6 +135,8 @@ void SearchIndex::Begin() { database_.Run("BEGIN"); }
 
 bool SearchIndex::Commit() { return Done(database_.Run("COMMIT")); }
 
+void SearchIndex::RollBack() { database_.Run("ROLLBACK"); }
+
 std::optional<SearchIndex::Known> SearchIndex::FindRow(TextView id) {
   find_.Reset();
   find_.Bind(FoldCase(StorableText(id)));

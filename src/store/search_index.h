@@ -64,6 +64,8 @@ class SearchIndex {
   /// Changes are seen by who searches when they are committed.
   void Begin();
   bool Commit();
+  /// Everything since `Begin` is undone: a note that was taken in by half would never leave the index again.
+  void RollBack();
   /// What the index has of a note, by its folded id.
   std::optional<IndexedNote> Find(TextView id);
   /// Takes a note in, in the place of what was known of it.

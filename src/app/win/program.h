@@ -15,6 +15,7 @@
 #include "app/win/keys_dialog.h"
 #include "app/win/program_instance.h"
 #include "app/win/program_saving.h"
+#include "app/win/program_search.h"
 #include "app/win/program_window.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
@@ -167,6 +168,7 @@ class Program final : private OpenNotesOwner,
   FriendBook friends_;
   NoteContents contents_;
   ProgramSaving saving_;
+  ProgramSearch search_;
   CSystemTray tray_;
   HotKeys hotKeys_;
   BKeysDlg keys_;
