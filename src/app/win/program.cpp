@@ -48,15 +48,16 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
                store_, system_.files, saving_, window_, state_),
+      found_(resources, desk_, notes_, managed_, search_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },
                        [this](bool held) { HoldHotKeys(held); }}),
       undo_(resources, options_.Current(), desk_, managed_),
-      trayCommands_({resources, system_.files, system_.ansi, system_.log,     options_.Current(), desk_,
-                     notes_,    stacks_,       managed_,     optionCommands_, friends_,           saving_,
-                     tray_,     hotKeys_,      keys_,        backups_,        listeners_,         menus_,
-                     window_,   state_,        *this}),
+      trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_,
+                     notes_,    stacks_,       managed_,     found_,      optionCommands_,    friends_,
+                     saving_,   tray_,         hotKeys_,     keys_,       backups_,           listeners_,
+                     menus_,    window_,       state_,       *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_,
                      undo_, listeners_, menus_, window_, state_}),
@@ -319,6 +320,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   search_.Stop();
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
+  found_.Dialog().CloseForExit();
   optionCommands_.Dialog().CloseForExit();
   keys_.CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
