@@ -67,6 +67,8 @@ class StoreHost {
   virtual std::vector<std::int64_t> KeysOf(TextView category) = 0;
   /// Opens the manage window at the note of this key.
   virtual void ShowStored(std::int64_t key) = 0;
+  /// The ids of all notes, of stored ones the keys, that hold the words; nothing while that is not known.
+  virtual std::optional<std::vector<Text>> Find(TextView words) = 0;
 };
 
 class CommandHost {

@@ -80,6 +80,12 @@ constexpr std::array kCommands = {
                StoreNote},
     CommandRow{u"do fetch ", u"key", u"Brings a stored note back to the desktop, where it stood.",
                u"do fetch 12", u"000 OK fetched: id; 995 not found", FetchNote},
+    CommandRow{
+        u"do find ", u"words",
+        u"The ids of all notes, and the keys of stored ones, that hold all the words, each as the "
+        u"beginning of one; the latest first. What else can be asked for is in [Finding notes](finding.md).",
+        u"do find offer orchard", u"001 ids and keys, each followed by a comma; 997 still reading the notes",
+        FindNotes},
     CommandRow{u"do showstored", u"key", u"Shows a stored note in the manage window.", u"do showstored 12",
                u"000 OK done", ShowStored},
     CommandRow{u"do getnewfriends", u"", u"Asks the friend-list server for its list.", u"do getnewfriends",

@@ -156,6 +156,14 @@ void ShowStored(const CommandCall& call) {
   call.reply.Ok(u"done");
 }
 
+void FindNotes(const CommandCall& call) {
+  const TextView words = TrimBlanks(call.arguments);
+  if (words.empty()) return call.reply.SendLine(kNotUnderstood);
+  const auto found = call.host.Stored().Find(words);
+  if (!found) return call.reply.SendLine(u"997 still reading the notes");
+  ReplyList(call, *found);
+}
+
 void ListStacks(const CommandCall& call) {
   std::vector<Text> numbers;
   for (const std::int32_t number : call.host.StackNumbers()) numbers.push_back(IntText(number));

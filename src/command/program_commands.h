@@ -36,6 +36,7 @@ void ListStored(const CommandCall& call);
 void StoreNote(const CommandCall& call);
 void FetchNote(const CommandCall& call);
 void ShowStored(const CommandCall& call);
+void FindNotes(const CommandCall& call);
 void ListStacks(const CommandCall& call);
 
 void GetVersion(const CommandCall& call);

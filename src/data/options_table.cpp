@@ -197,6 +197,7 @@ constexpr std::array kOptions = {
     Hook<3>(u"Hook3", u"Hot key: bring all notes forward."),
     Hook<4>(u"Hook4", u"Hot key: manage window."),
     Hook<5>(u"Hook5", u"Hot key: rescue notes that lie off the screen."),
+    Hook<6>(u"Hook6", u"Hot key: find in all notes."),
     WordsAndNumber<&O::alarm>(u"Alarm",
                               u"Sound file of a note that wakes, and whether the sleep dialog proposes it."),
     Number<&O::soundAlarmOnWake>(u"SoundAlarmOnWake",

@@ -3,6 +3,7 @@
 // of them can tell whether it still holds.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <list>
 #include <optional>
@@ -14,19 +15,25 @@
 
 namespace jotlets {
 
+/// Who is told of changes, each at its own time.
+enum class ChangeReader : std::uint8_t { kJournal, kSearch };
+
 /// Which notes came, went or may have been changed: folded ids, and whether the content is a picture.
 class ChangedNotes {
  public:
-  void Add(const JotletData& record) { notes_.insert_or_assign(FoldCase(record.id), record.IsImage()); }
-  /// Moves what has been added since the last call; memory that is short leaves each on one side or the
-  /// other.
-  void MoveTo(std::unordered_map<Text, bool>& into) {
-    into.merge(notes_);
-    notes_.clear();
+  void Add(const JotletData& record) {
+    for (auto& notes : notes_) notes.insert_or_assign(FoldCase(record.id), record.IsImage());
+  }
+  /// Moves what has been added since the last call for this reader; memory that is short leaves each on one
+  /// side or the other.
+  void MoveTo(std::unordered_map<Text, bool>& into, ChangeReader reader) {
+    auto& notes = notes_[static_cast<std::size_t>(reader)];
+    into.merge(notes);
+    notes.clear();
   }
 
  private:
-  std::unordered_map<Text, bool> notes_;
+  std::array<std::unordered_map<Text, bool>, 2> notes_;
 };
 
 class RecordList {

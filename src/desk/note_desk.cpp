@@ -45,7 +45,8 @@ NoteDesk::NoteDesk(DeskContext context)
              context_.store, context_.instance),
       journal_(context_.journal, context_.files, context_.log, context_.options, lists_, context_.windows),
       saver_(context_.files, context_.clock, context_.log, context_.options, lists_, context_.windows,
-             journal_) {}
+             journal_),
+      recorder_(lists_, context_.windows, context_.store) {}
 
 void NoteDesk::SetFolder(TextView dataFolder, TextView installId) {
   folder_ = dataFolder;

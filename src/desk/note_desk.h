@@ -15,6 +15,7 @@
 #include "desk/note_admission.h"
 #include "desk/note_maker.h"
 #include "desk/note_saver.h"
+#include "desk/search_recorder.h"
 #include "schedule/sleep_times.h"
 #include "store/note_store.h"
 
@@ -48,6 +49,7 @@ class NoteDesk {
   NoteMaker& Maker() { return maker_; }
   NoteSaver& Saver() { return saver_; }
   NoteJournal& Journal() { return journal_; }
+  SearchRecorder& Searched() { return recorder_; }
   const Text& Folder() const { return folder_; }
 
   /// Makes a new note and shows it; its id, empty when that failed.
@@ -152,6 +154,7 @@ class NoteDesk {
   NoteMaker maker_;
   NoteJournal journal_;
   NoteSaver saver_;
+  SearchRecorder recorder_;
   Text folder_;
 };
 

@@ -35,13 +35,13 @@ void NoteJournal::GoOn(const JournalReplay& replay, Fingerprint dataFile) {
 }
 
 void NoteJournal::ForgetChanges() {
-  lists_.MoveChangesTo(pending_);
+  lists_.MoveChangesTo(pending_, ChangeReader::kJournal);
   pending_.clear();
   lists_.stacksChanged = false;
 }
 
 bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
-  lists_.MoveChangesTo(pending_);
+  lists_.MoveChangesTo(pending_, ChangeReader::kJournal);
   if (!lists_.stacksChanged && pending_.empty()) return true;
   FileStatus status = CatchUp();
   if (status && lists_.stacksChanged) status = WriteStacks();
@@ -57,7 +57,7 @@ bool NoteJournal::WriteChanges(const std::function<bool()>& goesOn) {
 }
 
 void NoteJournal::BeforeContents(const std::vector<Text>& ids) {
-  lists_.MoveChangesTo(pending_);
+  lists_.MoveChangesTo(pending_, ChangeReader::kJournal);
   FileStatus status;
   bool written = false;
   for (const Text& id : ids) {

@@ -51,10 +51,10 @@ std::vector<Text> IdsOf(const OpenNoteList& records) {
   return ids;
 }
 
-void NoteLists::MoveChangesTo(std::unordered_map<Text, bool>& into) {
+void NoteLists::MoveChangesTo(std::unordered_map<Text, bool>& into, ChangeReader reader) {
   for (ChangedNotes* changes :
        {&desktop.Changes(), &attached.Changes(), &sleeping.Changes(), &closed.Changes()})
-    changes->MoveTo(into);
+    changes->MoveTo(into, reader);
 }
 
 std::optional<NoteList> NoteLists::WhereIs(TextView id) const {

@@ -57,9 +57,9 @@ struct NoteLists {
   std::vector<StackRecord> stacks;
   bool stacksChanged = false;
 
-  /// Moves what came, went or may have been changed in any list since the last call: folded ids, and whether
-  /// the content is a picture.
-  void MoveChangesTo(std::unordered_map<Text, bool>& into);
+  /// Moves what came, went or may have been changed in any list since the last call for this reader: folded
+  /// ids, and whether the content is a picture.
+  void MoveChangesTo(std::unordered_map<Text, bool>& into, ChangeReader reader);
 
   /// Which list has a note of this id, without regard to case.
   std::optional<NoteList> WhereIs(TextView id) const;

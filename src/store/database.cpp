@@ -43,6 +43,13 @@ DatabaseResult Statement::Step() {
   return statement_ == nullptr ? DatabaseResult::kFailed : ResultOf(sqlite3_step(statement_.get()));
 }
 
+void Statement::Reset() {
+  if (statement_ == nullptr) return;
+  sqlite3_reset(statement_.get());
+  sqlite3_clear_bindings(statement_.get());
+  bound_ = 0;
+}
+
 std::int64_t Statement::NumberAt(int column) const { return sqlite3_column_int64(statement_.get(), column); }
 
 Text Statement::TextAt(int column) const {
@@ -77,6 +84,14 @@ DatabaseResult Database::Open(TextView path, bool create) {
   return result;
 }
 
+void Database::Watch(std::function<void(std::int64_t)> changed) {
+  changed_ = std::move(changed);
+  const auto tell = [](void* database, int, const char*, const char*, sqlite3_int64 key) {
+    static_cast<Database*>(database)->changed_(key);
+  };
+  sqlite3_update_hook(handle_.get(), tell, this);
+}
+
 DatabaseResult Database::Run(const char* sql) {
   return handle_ == nullptr ? DatabaseResult::kFailed
                             : ResultOf(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr));
@@ -98,6 +113,8 @@ std::int64_t Database::Number(const char* sql, std::int64_t otherwise) {
 std::int64_t Database::LastKey() const { return sqlite3_last_insert_rowid(handle_.get()); }
 
 std::int64_t Database::Changed() const { return sqlite3_changes64(handle_.get()); }
+
+void Database::Interrupt() const { sqlite3_interrupt(handle_.get()); }
 
 Text Database::Fault() const {
   return handle_ == nullptr ? openFault_ : FromUtf8(sqlite3_errmsg(handle_.get()));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "base/text.h"
@@ -30,6 +31,9 @@ class Statement {
   /// Steps through a statement that gives no rows; whether it worked.
   bool Run() { return Step() == DatabaseResult::kDone; }
 
+  /// Ready to be bound and stepped anew.
+  void Reset();
+
   /// Columns of the row, counted from 0.
   std::int64_t NumberAt(int column) const;
   Text TextAt(int column) const;
@@ -50,6 +54,8 @@ class Database {
   DatabaseResult Open(TextView path, bool create);
   void Close() { handle_.reset(); }
   bool IsOpen() const { return handle_ != nullptr; }
+  /// Whom to tell of the key of every row that is put in, changed or removed from here on, by this object.
+  void Watch(std::function<void(std::int64_t key)> changed);
 
   /// Runs statements that give no rows.
   DatabaseResult Run(const char* sql);
@@ -62,6 +68,8 @@ class Database {
   std::int64_t Changed() const;
   /// What went wrong last, in the library's words.
   Text Fault() const;
+  /// Ends what another thread is doing with the database, which fails by that.
+  void Interrupt() const;
 
  private:
   struct Closer {
@@ -69,6 +77,7 @@ class Database {
   };
   std::unique_ptr<sqlite3, Closer> handle_;
   Text openFault_;
+  std::function<void(std::int64_t)> changed_;
 };
 
 }  // namespace jotlets

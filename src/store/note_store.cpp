@@ -63,6 +63,8 @@ bool NoteStore::Prepare() {
   } else if (database_.Run(kHabits) != DatabaseResult::kDone) {
     Tell(u"cannot be used: " + database_.Fault());
     database_.Close();
+  } else {
+    database_.Watch([this](std::int64_t key) { changes_.insert(key); });
   }
   return database_.IsOpen();
 }

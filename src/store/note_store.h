@@ -3,6 +3,8 @@
 #pragma once
 
 #include <optional>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
@@ -60,6 +62,9 @@ class NoteStore {
 
   /// The keys of a category, the oldest first.
   std::vector<std::int64_t> KeysOf(TextView category);
+  /// Moves the keys of the notes that came, went or were changed since the last call.
+  std::unordered_set<std::int64_t> MoveChanges() { return std::exchange(changes_, {}); }
+
   /// Of all notes, without their records: ids, and whether they are pictures.
   struct Claim {
     Text id;
@@ -78,6 +83,7 @@ class NoteStore {
   Text path_;
   Database database_;
   std::uint64_t version_ = 0;
+  std::unordered_set<std::int64_t> changes_;
 };
 
 }  // namespace jotlets

@@ -450,6 +450,10 @@ class FakeProgram final : public CommandHost, public StoreHost {
     return keys;
   }
   void ShowStored(std::int64_t key) override { journal.push_back(u"show stored " + IntText(key)); }
+  std::optional<std::vector<Text>> Find(TextView words) override {
+    if (!works) return std::nullopt;
+    return std::vector<Text>{u"A1", Text(words)};
+  }
   bool WakeSleeping(TextView id) override { return works && sleeping.Remove(id).has_value(); }
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override {
     if (!works) return false;

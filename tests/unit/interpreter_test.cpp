@@ -148,6 +148,8 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list closed"), u"001 f,");
   EXPECT_EQ(Reply(u"get list stacks"), u"001 2,11,");
   EXPECT_EQ(Reply(u"get list stored work"), u"001 ");
+  EXPECT_EQ(Reply(u"do find two words"), u"001 A1,two words,");
+  EXPECT_EQ(Reply(u"do find  "), kNotUnderstood);
   program.closed.FindToChange(u"f")->deletedTime = 77;
   EXPECT_EQ(Reply(u"get closed F encoded"),
             u"001 <CLOSED>77" + MakeJotletLine(program.closed.back(), false) + u"<RTF>{\\rtf1 a^Mb}");

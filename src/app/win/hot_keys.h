@@ -1,4 +1,4 @@
-// The six global hot keys: registering them, and telling which of them hold.
+// The seven global hot keys: registering them, and telling which of them hold.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 namespace jotlets {
 
-inline constexpr int kFirstHotKey = 10;  // the ids are 10 to 15
+inline constexpr int kFirstHotKey = 10;  // the ids are 10 to 16
 
 class HotKeys {
  public:

@@ -45,6 +45,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kJournalMessage:
     case kUnknownHeightMessage:
     case kCheckContentMessage:
+    case kSearchMessage:
     case kClientAnswersMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE:

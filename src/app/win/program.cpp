@@ -39,6 +39,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
       friends_(system_.files, system_.ansi, system_.clock, system_.log),
       contents_(system_.files, system_.ansi, system_.clock, system_.log, desk_, notes_),
       saving_(resources, system_.files, system_.log, window_, state_, options_, desk_),
+      search_(system_.files, system_.clock, system_.log, window_, desk_),
       tray_(resources, resources.String(IDS_TOOLTIP)),
       hotKeys_(resources, options_.Current(), system_.log, tray_),
       keys_(resources, hotKeys_),
@@ -47,21 +48,23 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
                store_, system_.files, saving_, window_, state_),
+      found_(resources, desk_, notes_, managed_, search_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
                        [this](const Options& before) { FollowOptions(before); },
                        [this](bool held) { HoldHotKeys(held); }}),
       undo_(resources, options_.Current(), desk_, managed_),
-      trayCommands_({resources, system_.files, system_.ansi, system_.log,     options_.Current(), desk_,
-                     notes_,    stacks_,       managed_,     optionCommands_, friends_,           saving_,
-                     tray_,     hotKeys_,      keys_,        backups_,        listeners_,         menus_,
-                     window_,   state_,        *this}),
+      trayCommands_({resources, system_.files, system_.ansi, system_.log, options_.Current(), desk_,
+                     notes_,    stacks_,       managed_,     found_,      optionCommands_,    friends_,
+                     saving_,   tray_,         hotKeys_,     keys_,       backups_,           listeners_,
+                     menus_,    window_,       state_,       *this}),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
-                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_, undo_,
-                     listeners_, menus_, window_, state_}),
-      commands_({options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
-                {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_,
-                 saving_, managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {}
+                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_,
+                     undo_, listeners_, menus_, window_, state_}),
+      commands_(
+          {options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
+          {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_, search_,
+           saving_, managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {}
 
 Program::~Program() = default;
 
@@ -87,6 +90,7 @@ void Program::OnTimer(ProgramTimer timer) {
       if (!backups_.Step()) window_.Stop(timer);
       break;
     case ProgramTimer::kJournal: saving_.WriteJournal(); break;
+    case ProgramTimer::kSearch: search_.Feed(); break;
   }
 }
 
@@ -103,6 +107,9 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       if (state_.ready && !state_.exiting) saving_.WriteJournal();
       break;
     case kUnknownHeightMessage: TellUnknownHeight(); break;
+    case kSearchMessage:
+      if (state_.ready && !state_.exiting) search_.OnNews();
+      break;
     case kClientAnswersMessage: clientLines_.OnAnswers(static_cast<ClientWindow>(detail)); break;
   }
 }
@@ -147,6 +154,7 @@ void Program::OnSecond() {
 void Program::OnDeskChanged() {
   if (state_.exiting || desk_.Folder().empty()) return;
   saving_.OnChanged();
+  search_.OnChanged();
   stacks_.RefreshSoon();
   managed_.Dialog().RefreshSoon();
 }
@@ -211,8 +219,14 @@ FileStatus Program::MoveDataTo(TextView folder) {
   if (!saving_.SaveJotlets()) return FileStatus::Failed(saving_.MainPath());
   // A file that is open can be neither moved nor replaced.
   store_.Close();
+  search_.Stop();
   FileStatus moved = MoveData(system_.files, system_.log, desk_.Folder(), folder);
-  moved ? Restart() : OpenStore();
+  if (moved) {
+    Restart();
+  } else {
+    OpenStore();
+    search_.Start();
+  }
   return moved;
 }
 
@@ -221,6 +235,7 @@ void Program::HoldStill(bool still) {
   undo_.End();
   if (still) listeners_.Send({EventKind::kRestoring});
   state_.exiting = still;
+  if (state_.ready) search_.Restart(!still);
   notes_.Enable(!still);
   sleeping_.Enable(!still);
   stacks_.Enable(!still);
@@ -253,6 +268,7 @@ void Program::HoldHotKeys(bool held) {
 // The data has been replaced or moved: a new start of the program loads it.
 void Program::Restart() {
   state_.exiting = true;
+  search_.Stop();
   tray_.Remove();
   claim_.Release();
   instance_.Restart(system_.log);
@@ -301,8 +317,10 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   }
   if (!MayExit(silent)) return;
   state_.ready = false;
+  search_.Stop();
   backups_.Abandon();
   managed_.Dialog().CloseForExit();
+  found_.Dialog().CloseForExit();
   optionCommands_.Dialog().CloseForExit();
   keys_.CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));

@@ -4,6 +4,7 @@
 
 #include "app/activity_log.h"
 #include "app/win/commands/command_endpoint.h"
+#include "app/win/commands/found_notes.h"
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/note_commands.h"
 #include "app/win/commands/option_commands.h"
@@ -15,6 +16,7 @@
 #include "app/win/keys_dialog.h"
 #include "app/win/program_instance.h"
 #include "app/win/program_saving.h"
+#include "app/win/program_search.h"
 #include "app/win/program_window.h"
 #include "app/win/system_tray.h"
 #include "backup/win/backup_commands.h"
@@ -77,13 +79,13 @@ class Program final : private OpenNotesOwner,
   /// Serves the keys of windows other than notes, before accelerators, those of notes, and what is left for
   /// the first, after accelerators; true when the message is done with.
   bool TranslateDialogKey(const MSG& message) {
-    return managed_.Dialog().TranslateKey(message) || optionCommands_.Dialog().TranslateKey(message) ||
-           keys_.TranslateKey(message);
+    return managed_.Dialog().TranslateKey(message) || found_.Dialog().TranslateKey(message) ||
+           optionCommands_.Dialog().TranslateKey(message) || keys_.TranslateKey(message);
   }
   bool TranslateNoteKey(const MSG& message);
   bool TranslateDialog(MSG& message) {
-    return managed_.Dialog().TranslateRest(message) || optionCommands_.Dialog().TranslateRest(message) ||
-           keys_.TranslateRest(message);
+    return managed_.Dialog().TranslateRest(message) || found_.Dialog().TranslateRest(message) ||
+           optionCommands_.Dialog().TranslateRest(message) || keys_.TranslateRest(message);
   }
 
  private:
@@ -167,12 +169,14 @@ class Program final : private OpenNotesOwner,
   FriendBook friends_;
   NoteContents contents_;
   ProgramSaving saving_;
+  ProgramSearch search_;
   CSystemTray tray_;
   HotKeys hotKeys_;
   BKeysDlg keys_;
   BackupCommands backups_;
   SkinCommands skinCommands_;
   ManagedNotes managed_;
+  FoundNotes found_;
   OptionCommands optionCommands_;
   UndoOffers undo_;
   TrayCommands trayCommands_;

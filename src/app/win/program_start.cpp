@@ -59,6 +59,7 @@ bool Program::Start(HWND window) {
   desk_.Changed();
   system_.log.Write(kLogLifecycle, u"Started Jotlets: '", kVersionText, u"'");
   state_.ready = true;
+  search_.Start();
   if (options_.Current().manageWindowVisible == 1) managed_.Dialog().OpenWindow(false);
   // The check may ask the user; it waits until the program is up.
   window_.Post(kCheckContentMessage);

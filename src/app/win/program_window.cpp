@@ -15,6 +15,7 @@ UINT PeriodOf(ProgramTimer timer) {
     case ProgramTimer::kAnimation: return kSlideStep;
     case ProgramTimer::kBackup: return 20;
     case ProgramTimer::kJournal: return 200;
+    case ProgramTimer::kSearch: return 500;
   }
   return 0;
 }

@@ -65,11 +65,12 @@ bool FindStrip::MakeControls(HWND note) {
   return true;
 }
 
-void FindStrip::Open(HWND note) {
+void FindStrip::Open(HWND note, TextView wanted) {
   if (!MakeControls(note)) return;
   const CHARRANGE selection = edit_.Selection();
   Text words = selection.cpMax - selection.cpMin > kLongestSelection ? Text() : edit_.TextBetween(selection);
   if (words.empty() || words.find(u'\r') != Text::npos) words = watcher_.Searched();
+  if (!wanted.empty()) words = wanted;
   open_ = true;
   // The place that was found can be seen while the words have the keyboard.
   SendMessageW(edit_.Handle(), EM_SETOPTIONS, ECOOP_OR, ECO_NOHIDESEL);

@@ -20,8 +20,9 @@ class FindStrip final : public Window {
   FindStrip(BEdit& edit, ContentWatcher& watcher, std::function<void()> placed)
       : edit_(edit), watcher_(watcher), placed_(std::move(placed)) {}
 
-  /// Shows the strip and gives it the keyboard, with the selected words or those that were looked for last.
-  void Open(HWND note);
+  /// Shows the strip and gives it the keyboard, with these words, or else the selected ones, or else those
+  /// that were looked for last.
+  void Open(HWND note, TextView wanted);
   bool IsOpen() const { return open_; }
   /// How much of the text's place it takes, in pixels; 0 while it is closed.
   std::int32_t Height() const;

@@ -104,7 +104,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void SetSelected(bool selected);
   bool IsSelected() const { return selected_; }
   /// Opens the strip in which words are typed that are looked for.
-  void OpenFind() { content_->OpenFind(Handle()); }
+  void OpenFind(TextView words = {}) { content_->OpenFind(Handle(), words); }
   /// Whether the keys of a window in the note are that window's own, and no commands.
   bool OwnsKeysOf(HWND window) const { return content_->OwnsKeysOf(window); }
 

@@ -77,7 +77,7 @@ class ShownContent : public NoteContent {
   virtual std::optional<std::int32_t> NaturalWidth() { return std::nullopt; }
 
   /// Lets the user look for words, in a strip inside the note.
-  virtual void OpenFind(HWND) {}
+  virtual void OpenFind(HWND, TextView) {}
   /// Whether the keys of a window in the note are that window's own.
   virtual bool OwnsKeysOf(HWND) const { return false; }
   /// The user has changed the text.

@@ -46,7 +46,7 @@ class TextContent final : public ShownContent {
   void ScrollDownTo(std::int32_t position) override;
   void ScrollPages(std::int32_t pages) override { edit_.ScrollBy(pages * edit_.PageHeight()); }
   std::optional<std::int32_t> NaturalWidth() override;
-  void OpenFind(HWND note) override { strip_.Open(note); }
+  void OpenFind(HWND note, TextView words) override { strip_.Open(note, words); }
   bool OwnsKeysOf(HWND window) const override;
   void OnTextChanged() override { strip_.Recount(); }
   void OnNotify(const NMHDR& header) override;

@@ -8,6 +8,7 @@
 #include "app/win/commands/addressed_jotlet.h"
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/tray_commands.h"
+#include "app/win/program_search.h"
 #include "command/interpreter.h"
 #include "command/win/copy_data.h"
 #include "desk/sleeping_notes.h"
@@ -24,6 +25,7 @@ struct ProgramTools {
   const FriendBook& friends;
   SleepingNotes& sleeping;
   NoteStore& store;
+  ProgramSearch& search;
   ProgramSaving& saving;
   ManagedNotes& managed;
   TrayCommands& tray;
@@ -37,26 +39,28 @@ struct ProgramTools {
 /// Its view of the store.
 class StoreEndpoint final : public StoreHost {
  public:
-  StoreEndpoint(NoteDesk& desk, NoteStore& store, ManagedNotes& managed)
-      : desk_(desk), store_(store), managed_(managed) {}
+  StoreEndpoint(NoteDesk& desk, NoteStore& store, ManagedNotes& managed, ProgramSearch& search)
+      : desk_(desk), store_(store), managed_(managed), search_(search) {}
   std::optional<std::int64_t> Store(TextView id, TextView category) override {
     return desk_.Store(id, category);
   }
   Text Fetch(std::int64_t key) override { return desk_.Fetch(key); }
   std::vector<std::int64_t> KeysOf(TextView category) override { return store_.KeysOf(category); }
   void ShowStored(std::int64_t key) override { managed_.ShowStored(key); }
+  std::optional<std::vector<Text>> Find(TextView words) override { return search_.Names(words); }
 
  private:
   NoteDesk& desk_;
   NoteStore& store_;
   ManagedNotes& managed_;
+  ProgramSearch& search_;
 };
 
 /// The command language's view of the program.
 class CommandEndpoint final : public CommandHost {
  public:
   CommandEndpoint(const NoteTools& note, const ProgramTools& program)
-      : note_(note), program_(program), stored_(note.desk, program.store, program.managed) {}
+      : note_(note), program_(program), stored_(note.desk, program.store, program.managed, program.search) {}
 
   /// Serves a copy-data message; what it answers.
   Taken OnCopyData(HWND sender, const COPYDATASTRUCT& record);

@@ -4,6 +4,7 @@
 #include "desk/note_import.h"
 #include "friends/win/friends_dialog.h"
 #include "note/win/styles_dialog.h"
+#include "res/find_numbers.h"
 #include "res/resource.h"
 #include "ui/screen.h"
 #include "ui/system_choosers.h"
@@ -25,6 +26,7 @@ void TrayCommands::Do(UINT command) {
       tools_.notes.EndGhosts();
       break;
     case ID_MANAGE: OpenManageWindow(); break;
+    case ID_QUICK_FIND: tools_.found.Dialog().OpenWindow(); break;
     case ID_OPTIONS: tools_.optionDialog.Open(SettingsPage::kNotes); break;
     case ID_STYLES: EditStyles(GetActiveWindow(), {}); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
@@ -75,9 +77,9 @@ void TrayCommands::ChooseCustom(UINT command) {
 }
 
 void TrayCommands::OnHotKey(int id) {
-  // The first four and the last of the six; the fifth opens the manage window.
+  // In the order of the options.
   constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE,
-                                ID_RESCUE};
+                                ID_RESCUE,     ID_QUICK_FIND};
   const int index = id - kFirstHotKey;
   if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
   if (kCommands[index] == 0) {

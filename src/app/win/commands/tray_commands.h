@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "app/win/commands/found_notes.h"
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/option_commands.h"
 #include "app/win/hot_keys.h"
@@ -38,6 +39,7 @@ struct TrayCommandTools {
   OpenNotes& notes;
   OpenStacks& stacks;
   ManagedNotes& managed;
+  FoundNotes& found;
   OptionCommands& optionDialog;
   FriendBook& friends;
   ProgramSaving& saving;

@@ -1,0 +1,43 @@
+#include "app/win/program_search.h"
+
+#include <utility>
+
+namespace jotlets {
+
+ProgramSearch::ProgramSearch(const Files& files, const Clock& clock, Log& log, const ProgramWindow& window,
+                             NoteDesk& desk)
+    : window_(window),
+      desk_(desk),
+      search_({files, clock, log, [this] { return desk_.Searched().All(); },
+               [this] { window_.Post(kSearchMessage); }}) {}
+
+void ProgramSearch::Restart(bool runs) {
+  if (!runs) return Stop();
+  if (!search_.IsRunning()) Start();
+}
+
+void ProgramSearch::OnChanged() {
+  if (!std::exchange(comes_, true)) window_.Start(ProgramTimer::kSearch);
+}
+
+void ProgramSearch::Feed() {
+  if (comes_) window_.Stop(ProgramTimer::kSearch);
+  comes_ = false;
+  if (search_.IsRunning()) search_.Tell(desk_.Searched().News());
+}
+
+void ProgramSearch::OnNews() {
+  if (auto answer = search_.Poll()) answered_(std::move(*answer));
+}
+
+void ProgramSearch::Ask(TextView typed, std::size_t maximum) {
+  Feed();
+  search_.Ask(typed, maximum);
+}
+
+std::optional<std::vector<Text>> ProgramSearch::Names(TextView typed) {
+  Feed();
+  return search_.Names(typed);
+}
+
+}  // namespace jotlets

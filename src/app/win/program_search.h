@@ -1,0 +1,45 @@
+// The search over all notes as the program runs it: fed a little after each change, and asked by who
+// searches.
+#pragma once
+
+#include <functional>
+
+#include "app/win/program_window.h"
+#include "desk/note_desk.h"
+#include "store/note_search.h"
+
+namespace jotlets {
+
+class ProgramSearch {
+ public:
+  ProgramSearch(const Files& files, const Clock& clock, Log& log, const ProgramWindow& window,
+                NoteDesk& desk);
+
+  /// The notes are loaded, and the window is there.
+  void Start() { search_.Start(desk_.Folder()); }
+  /// The files are about to be replaced or moved, or the program ends.
+  void Stop() { search_.Stop(); }
+  void Restart(bool runs);
+
+  /// A note or a list has changed.
+  void OnChanged();
+  /// Tells the search what has changed.
+  void Feed();
+  /// The threads have something to say.
+  void OnNews();
+
+  void Ask(TextView typed, std::size_t maximum);
+  /// Who gets the answers.
+  void Watch(std::function<void(SearchAnswer)> answered) { answered_ = std::move(answered); }
+  /// See `NoteSearch::Names`.
+  std::optional<std::vector<Text>> Names(TextView typed);
+
+ private:
+  const ProgramWindow& window_;
+  NoteDesk& desk_;
+  NoteSearch search_;
+  std::function<void(SearchAnswer)> answered_ = [](SearchAnswer) {};
+  bool comes_ = false;  // the timer runs
+};
+
+}  // namespace jotlets

@@ -1,0 +1,101 @@
+// The search over all notes: one thread keeps the index true, one searches in it, and nobody waits for
+// either.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+#include "base/clock.h"
+#include "base/log.h"
+#include "base/worker.h"
+#include "store/search_builder.h"
+
+namespace jotlets {
+
+/// What has been found of what was asked last.
+struct SearchAnswer {
+  Text typed;
+  std::vector<SearchResult> results;
+  bool all = false;           // nothing more will come
+  bool more = false;          // of what there is, only the first are here
+  std::int64_t searched = 0;  // how many notes were looked at, when nothing was found
+};
+
+/// All calls are made on one thread, and so is `Poll`, after `wake` has been called on any.
+class NoteSearch {
+ public:
+  struct Context {
+    const Files& files;
+    const Clock& clock;
+    Log& log;
+    std::function<std::vector<SearchEntry>()> notes;  // all that are in a list now
+    std::function<void()> wake;
+  };
+
+  explicit NoteSearch(Context context) : context_(std::move(context)), builder_(context_.files, index_) {}
+  ~NoteSearch() { Stop(); }
+  NoteSearch(const NoteSearch&) = delete;
+  NoteSearch& operator=(const NoteSearch&) = delete;
+
+  /// Opens the index in the data folder and makes it true in the background.
+  void Start(TextView dataFolder);
+  /// The files are let go of.
+  void Stop();
+  bool IsRunning() const { return !folder_.empty(); }
+  void Tell(SearchNews news);
+
+  /// Asks for at most `maximum` notes; what was asked before is given up. `Poll` brings the answer, in up to
+  /// two parts.
+  void Ask(TextView typed, std::size_t maximum);
+  /// Writes to the log what the threads had to say; the answer, when there is news of it.
+  std::optional<SearchAnswer> Poll();
+  /// The ids, of stored ones the keys, of all notes that hold the words. Nothing as long as the index is not
+  /// complete, and when the answer takes too long.
+  std::optional<std::vector<Text>> Names(TextView typed);
+
+ private:
+  struct Question {
+    Text typed;
+    std::size_t maximum = 0;
+    int number = 0;
+  };
+  enum class State { kClosed, kBuilding, kComplete, kFailed };
+
+  void OpenIndex(std::vector<SearchEntry> notes);
+  bool Build();
+  void Answer(const Question& question);
+  void Post(SearchAnswer answer, int number);
+  bool IsAsked(const Question& question) const { return question.number == asked_; }
+  void Say(State state, Text line);
+  void Fail();
+  void SayDamaged();
+  void EndSearch();
+
+  Context context_;
+  Text folder_;  // empty while it is closed
+  Question question_;
+  int renewals_ = 0;
+
+  // Of the thread that changes the index.
+  SearchIndex index_;
+  SearchBuilder builder_;
+  bool failureTold_ = false;
+
+  // Of the thread that searches.
+  SearchIndex reads_;
+  std::atomic<bool> searches_ = false;
+  std::atomic<int> asked_ = 0;
+
+  // What the threads have to say.
+  std::mutex mutex_;
+  std::vector<Text> lines_;
+  std::optional<SearchAnswer> answer_;
+  State state_ = State::kClosed;
+  bool damaged_ = false;
+
+  Worker searcher_;
+  Worker indexer_;  // goes first
+};
+
+}  // namespace jotlets

@@ -1,0 +1,187 @@
+#include "store/note_search.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
+#include "fake_desk.h"
+#include "fakes.h"
+#include "store/note_store.h"
+
+namespace jotlets {
+namespace {
+
+class NoteSearchTest : public ::testing::Test {
+ protected:
+  NoteSearchTest() {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+  }
+  ~NoteSearchTest() override {
+    search.Stop();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  template <typename Condition>
+  bool Await(Condition holds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!holds()) {
+      if (std::chrono::steady_clock::now() > end) return false;
+      if (auto news = search.Poll()) answers.push_back(std::move(*news));
+      std::this_thread::yield();
+    }
+    return true;
+  }
+  void Start() {
+    log.lines.clear();
+    search.Start(folder_);
+    ASSERT_TRUE(Await([this] { return log.Holds(u"...finished generating titles and filling cache"); }));
+  }
+  SearchEntry Note(TextView id, TextView title, const std::string& words) {
+    JotletData record;
+    record.id = id;
+    record.title = title;
+    record.modified = ++now_;
+    files.Put(folder_ + ContentPath(record), "{\\rtf1 " + words + "}");
+    return {IndexedNoteOf(record, SearchPlace::kDesktop), {}};
+  }
+  // In any order.
+  std::vector<Text> Names(TextView words) {
+    std::vector<Text> names = search.Names(words).value_or(std::vector<Text>{u"unknown"});
+    std::ranges::sort(names);
+    return names;
+  }
+  using Ids = std::vector<Text>;
+
+  const Text folder_ = FromUtf8(::testing::TempDir()) + u"jotlets note search/";
+  FakeFiles files;
+  FakeClock clock;
+  FakeLog log;
+  std::int32_t now_ = 1'000'000;
+  std::vector<SearchEntry> notes;
+  std::vector<SearchAnswer> answers;
+  NoteSearch search{{files, clock, log, [this] { return notes; }, [] {}}};
+};
+
+TEST_F(NoteSearchTest, KnowsWhatIsThereAtTheStartAndFollows) {
+  EXPECT_FALSE(search.Names(u"a"));
+  notes = {Note(u"A", u"Fruit", "apple pie"), Note(u"B", u"", "old"), Note(u"C", u"", "apple core")};
+  notes[1].text = u"typed apricot";
+  Start();
+  EXPECT_TRUE(log.Holds(u"Starting to generate and cache titles and content..."));
+  EXPECT_EQ(Names(u"ap"), (Ids{u"A", u"B", u"C"}));
+  EXPECT_EQ(Names(u"old"), Ids());
+  search.Tell({{u"c"}, {Note(u"A", u"Fruit", "pear"), Note(u"D", u"Apples", "x")}, {}});
+  EXPECT_EQ(Names(u"ap"), (Ids{u"B", u"D"})) << "at once";
+  EXPECT_EQ(Names(u"pear fru"), (Ids{u"A"}));
+  search.Stop();
+  EXPECT_FALSE(search.Names(u"a"));
+  // Much happens while it is closed.
+  notes = {Note(u"D", u"Apples", "x"), Note(u"E", u"", "apple"), Note(u"A", u"Roots", "pear")};
+  Start();
+  EXPECT_EQ(Names(u"ap"), (Ids{u"D", u"E"}));
+  EXPECT_EQ(Names(u"fruit"), Ids());
+  EXPECT_EQ(Names(u"roots"), (Ids{u"A"}));
+}
+
+TEST_F(NoteSearchTest, KnowsTheStoreAndWhatMovesInAndOut) {
+  files.Put(folder_ + Text(kStoreFileName), "some");
+  NoteStore store(files, log);
+  {
+    FakeFiles none;
+    NoteStore maker(none, log);
+    maker.Open(folder_, u"1");
+    JotletData record;
+    record.id = u"S1";
+    record.title = u"Stored apple";
+    ASSERT_TRUE(maker.Put(record, u"Orchard"));
+  }
+  store.Open(folder_, u"1");
+  notes = {Note(u"A", u"apple", "")};
+  Start();
+  EXPECT_EQ(Names(u"apple"), (Ids{u"1", u"A"}));
+  EXPECT_EQ(Names(u"category:orch"), (Ids{u"1"}));
+  const auto changes = [&store] {
+    const auto keys = store.MoveChanges();
+    return std::vector<std::int64_t>(keys.begin(), keys.end());
+  };
+  JotletData record;
+  record.id = u"A";
+  record.title = u"apple";
+  const auto key = store.Put(record, u"Garden");
+  ASSERT_TRUE(key);
+  search.Tell({{u"A"}, {}, changes()});
+  EXPECT_EQ(Names(u"apple"), (Ids{u"1", IntText(*key)}));
+  ASSERT_TRUE(store.MarkLeaving(1, true));
+  search.Tell({{}, {Note(u"S1", u"Stored apple", "")}, changes()});
+  EXPECT_EQ(Names(u"apple is:desktop"), (Ids{u"S1"}));
+  ASSERT_TRUE(store.Remove(1));
+  search.Tell({{}, {}, changes()});
+  EXPECT_EQ(Names(u"apple"), (Ids{IntText(*key), u"S1"}));
+  search.Stop();
+  ASSERT_TRUE(store.Remove(*key));
+  notes.clear();
+  Start();
+  EXPECT_EQ(Names(u"apple"), Ids());
+}
+
+TEST_F(NoteSearchTest, AnswersTheLastQuestionBeginningsOfWordsFirst) {
+  notes = {Note(u"A", u"", "recall"), Note(u"B", u"", "call")};
+  Start();
+  search.Ask(u"nothing", 10);
+  search.Ask(u"call", 10);
+  ASSERT_TRUE(Await([this] { return !answers.empty() && answers.back().all; }));
+  EXPECT_TRUE(std::ranges::all_of(answers, [](const SearchAnswer& a) { return a.typed == u"call"; }));
+  ASSERT_EQ(answers.back().results.size(), 2U);
+  EXPECT_EQ(answers.back().results[0].note.id, u"B");
+  EXPECT_EQ(answers.back().results[1].snippet.text, u"recall");
+  EXPECT_FALSE(answers.back().more);
+  answers.clear();
+  search.Ask(u"call", 1);
+  ASSERT_TRUE(Await([this] { return !answers.empty() && answers.back().all; }));
+  EXPECT_TRUE(answers.back().more && answers.back().results.size() == 1);
+}
+
+TEST_F(NoteSearchTest, ThatIsDamagedIsMadeAnew) {
+  notes = {Note(u"A", u"", "apple")};
+  Start();
+  search.Stop();
+  std::ofstream(std::filesystem::path(folder_ + Text(kSearchIndexName)), std::ios::binary)
+      << std::string(50000, 'x');
+  Start();
+  EXPECT_EQ(Names(u"apple"), (Ids{u"A"}));
+  search.Stop();
+  std::filesystem::remove(folder_ + Text(kSearchIndexName));
+  std::filesystem::create_directories(folder_ + Text(kSearchIndexName) + u"/in the way");
+  log.lines.clear();
+  search.Start(folder_);
+  EXPECT_TRUE(Await([this] { return log.Holds(u"cannot be used"); }));
+  EXPECT_FALSE(search.Names(u"apple"));
+}
+
+TEST(SearchRecorder, TellsOfEveryNoteOnceAndThenOfChanges) {
+  FakeDesk home;
+  home.Load(u"[Jotlets]\n<ID>A<RTF>\n<ID>B<RTF>\n");
+  home.windows.Type(u"B", u"typed");
+  SearchRecorder& recorder = home.desk.Searched();
+  const std::vector<SearchEntry> all = recorder.All();
+  ASSERT_EQ(all.size(), 2U);
+  EXPECT_TRUE(!all[0].text && all[1].text == u"typed");
+  EXPECT_TRUE(recorder.News().IsEmpty());
+  home.desk.Changed(u"b");
+  home.TakeJournal();
+  const SearchNews news = recorder.News();
+  ASSERT_EQ(news.notes.size(), 1U);
+  EXPECT_EQ(news.notes[0].note.id, u"B");
+  ASSERT_TRUE(home.desk.Close(u"A", Reason::kUser));
+  EXPECT_EQ(recorder.News().notes.at(0).note.place, SearchPlace::kClosed);
+  home.desk.DeleteClosed({u"A"});
+  EXPECT_EQ(recorder.News().gone, std::vector<Text>{u"a"});
+}
+
+}  // namespace
+}  // namespace jotlets

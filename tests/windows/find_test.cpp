@@ -1,0 +1,85 @@
+// Finding notes, by command and in the field over everything.
+#include <windows.h>
+
+#include <algorithm>
+
+#include "note/win/jotlet.h"
+#include "res/find_numbers.h"
+#include "res/resource.h"
+#include "window_test.h"
+
+namespace jotlets {
+namespace {
+
+class FindTest : public WindowTest {
+ protected:
+  // Once all notes have been read.
+  Text Found(TextView words) {
+    Text reply;
+    WaitUntil([&] { return !(reply = Reply(u"do find " + Text(words))).starts_with(u"997"); });
+    return reply;
+  }
+  static HWND Field() { return FindWindowW(L"#32770", L"Find Jotlets"); }
+  static LRESULT Rows() { return SendMessageW(GetDlgItem(Field(), IDC_QUICK_FIND_LIST), LB_GETCOUNT, 0, 0); }
+  static bool OpenField() {
+    PressKeys({VK_LWIN, VK_MENU, 'F'});
+    return WaitUntil([] { return Field() != nullptr && GetForegroundWindow() == Field(); });
+  }
+};
+
+TEST_F(FindTest, CommandKnowsEveryNoteWhereverItIsAndWhatWasJustTyped) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"A1", {100, 100}, u"Apple pie"), NoteRecord(u"B2", {400, 100}, u"Plum")}, u"Debug=1"));
+  EXPECT_EQ(Found(u"app"), u"001 A1,");
+  EXPECT_EQ(Found(u"nothing"), u"001 ");
+  EXPECT_NE(Log().find("...finished generating titles and filling cache"), std::string::npos);
+  Reply(u"set desktop B2 text an apple a day");
+  EXPECT_EQ(Found(u"day app"), u"001 B2,");
+  EXPECT_EQ(Reply(u"do store A1 Kitchen"), u"000 OK stored: 1");
+  EXPECT_EQ(Found(u"pie category:kit"), u"001 1,");
+  EXPECT_EQ(Reply(u"do fetch 1"), u"000 OK fetched: A1");
+  EXPECT_EQ(Found(u"pie"), u"001 A1,");
+  EXPECT_EQ(Reply(u"do desktop A1 close"), u"000 OK closed");
+  EXPECT_EQ(Found(u"pie is:closed"), u"001 A1,");
+  // What the index holds is still true at the next start.
+  ASSERT_EQ(Close(), DWORD{0});
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Found(u"apple -plum"), u"001 A1,");
+}
+
+TEST_F(FindTest, FieldFindsAtEachKeyAndOpensWhatIsChosen) {
+  ASSERT_TRUE(StartProgramWith(
+      {NoteRecord(u"A1", {100, 500}, u"Apple pie"), NoteRecord(u"B2", {400, 500}, u"Plum")}));
+  Reply(u"set desktop A1 text bake it in the orchard");
+  Reply(u"do desktop A1 close");
+  ASSERT_TRUE(StartsWithIgnoreCase(Found(u"orch"), u"001 A1"));
+  ASSERT_TRUE(OpenField());
+  TypeText(u"o");
+  TypeText(u"rch");
+  ASSERT_TRUE(WaitUntil([] { return Rows() == 1; }));
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([] { return Field() == nullptr; }));
+  const HWND note = NoteTitled(u"Apple pie");
+  ASSERT_NE(note, nullptr);
+  EXPECT_TRUE(WaitUntil([&] {
+    const HWND strip = GetDlgItem(note, 101);
+    return strip != nullptr && IsWindowVisible(strip) && TextOfWindow(GetDlgItem(strip, 1)) == u"orch";
+  })) << "the words are marked";
+
+  ASSERT_TRUE(OpenField());
+  TypeText(u"zebra");
+  EXPECT_TRUE(WaitUntil([] {
+    return TextOfWindow(GetDlgItem(Field(), IDC_QUICK_FIND_STATUS))
+        .starts_with(u"Nothing holds \u201Czebra\u201D");
+  }));
+  PressKeys({VK_CONTROL, VK_RETURN});
+  EXPECT_TRUE(WaitUntil([&] { return Field() == nullptr && List(u"desktop").size() == 3; }));
+  EXPECT_EQ(TextOf(List(u"desktop").back()), u"zebra");
+
+  ASSERT_TRUE(OpenField());
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(WaitUntil([] { return Field() == nullptr; }));
+}
+
+}  // namespace
+}  // namespace jotlets
