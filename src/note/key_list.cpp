@@ -9,15 +9,6 @@
 namespace jotlets {
 namespace {
 
-// "None" says nothing without the menu that it is in.
-Text WordsOf(const NoteAction& action, const TextOfResource& textOf) {
-  Text words = PlainMenuText(textOf(IDS_ACTION + static_cast<std::uint32_t>(action.code)));
-  const NoteMenu menu = action.menu.menu;
-  if (menu != NoteMenu::kAlignMenu && menu != NoteMenu::kBulletsMenu) return words;
-  return PlainMenuText(textOf(menu == NoteMenu::kAlignMenu ? IDS_MENU_ALIGN : IDS_MENU_BULLETS)) + u": " +
-         words;
-}
-
 KeyRow ParseRow(TextView line) {
   const Split place = SplitAtFirst(line, u'\t');
   const Split key = SplitAtFirst(place.tail, u'\t');
@@ -38,13 +29,23 @@ Text PlainMenuText(TextView menuText) {
   return text;
 }
 
+// "None" says nothing without the menu that it is in.
+Text ActionWords(const NoteAction& action, const TextOfResource& textOf) {
+  Text words = PlainMenuText(textOf(IDS_ACTION + static_cast<std::uint32_t>(action.code)));
+  std::uint32_t of = 0;
+  if (action.sets.what == ActionSets::kHighlight) of = IDS_HIGHLIGHTS;
+  if (action.menu.menu == NoteMenu::kAlignMenu) of = IDS_MENU_ALIGN;
+  if (action.menu.menu == NoteMenu::kBulletsMenu) of = IDS_MENU_BULLETS;
+  return of == 0 ? words : PlainMenuText(textOf(of)) + u": " + words;
+}
+
 std::vector<KeyRow> NoteKeyRows(const TextOfResource& textOf) {
   std::vector<KeyRow> rows;
   for (const NoteAction& action : kNoteActions) {
     const Text key = ShortcutText(action.code);
     if (key.empty() || action.by == ActionBy::kNobody) continue;
     const bool ofText = action.needs != ActionNeeds::kNothing && action.needs != ActionNeeds::kFreeSkin;
-    rows.push_back({ofText ? KeyPlace::kText : KeyPlace::kNote, key, WordsOf(action, textOf)});
+    rows.push_back({ofText ? KeyPlace::kText : KeyPlace::kNote, key, ActionWords(action, textOf)});
   }
   for (const EditorKeyRow& row : kEditorKeys)
     rows.push_back({KeyPlace::kText, ShortcutText(row.key),

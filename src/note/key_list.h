@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "note/action_table.h"
 
 namespace jotlets {
 
@@ -26,6 +27,9 @@ Text PlainMenuText(TextView menuText);
 
 /// A text of the resources by its number.
 using TextOfResource = std::function<Text(std::uint32_t id)>;
+
+/// What a command is called by itself, by its menu text; empty for one that has none.
+Text ActionWords(const NoteAction& action, const TextOfResource& textOf);
 
 /// Rows of all keys in a note: of the commands that are carried out, by their menu texts, and of what else
 /// the resources list as `IDS_KEY_ROW`, each "place tab key tab words" with the number of the place.

@@ -33,6 +33,7 @@ enum Key : std::uint16_t {
   kMenuKey = 0x5D,
   kF2Key = 0x71,
   kF3Key = 0x72,
+  kF6Key = 0x75,
   kSemicolonKey = 0xBA,
   kCommaKey = 0xBC,
   kFullStopKey = 0xBE,
@@ -42,11 +43,13 @@ enum Key : std::uint16_t {
 ActionCode ActionFromKey(const Shortcut& pressed);
 
 /// What a key does with note windows, beside the commands: Alt and the arrows move a note, with Shift they
-/// move its right and bottom edge; Ctrl+Tab goes to the next note, with Shift to the one before.
+/// move its right and bottom edge; Ctrl+Tab goes to the next note, with Shift to the one before; F6 goes from
+/// the text to the buttons of the note and back.
 struct WindowKey {
   Point move;
   Size grow;
   int toNote = 0;  // 1: the next in list order, -1: the one before
+  bool toParts = false;
   friend bool operator==(const WindowKey&, const WindowKey&) = default;
 };
 

@@ -11,6 +11,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::int32_t kTileStretched = 1;
+constexpr std::int32_t kRing = 2;  // pixels at the usual scale
 
 constexpr auto kBeyondSheets = static_cast<std::int32_t>(kMaxPicturePixels);
 static_assert(kMaxPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
@@ -67,6 +68,17 @@ class SkinPainter {
     }
     DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});
+  }
+
+  /// Around what the keyboard is at.
+  void FocusRing(const Rect& area) {
+    const std::int32_t line = ScaledLength(kRing, skin_.dpi);
+    if (area.Width() <= 2 * line || area.Height() <= 2 * line) return;
+    const Colour ink = AccentOn(GroundOf(area));
+    canvas_.Fill({area.left, area.top, area.right, area.top + line}, ink);
+    canvas_.Fill({area.left, area.bottom - line, area.right, area.bottom}, ink);
+    canvas_.Fill({area.left, area.top + line, area.left + line, area.bottom - line}, ink);
+    canvas_.Fill({area.right - line, area.top + line, area.right, area.bottom - line}, ink);
   }
 
   /// The ink that the element asks for; nothing when it has colours of its own.
@@ -206,6 +218,7 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
         break;
     }
   }
+  painter.FocusRing(view.focused);
 }
 
 std::optional<Colour> EdgeColour(const SkinData& skin, const SkinView& view) {

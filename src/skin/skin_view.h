@@ -65,6 +65,7 @@ struct SkinView {
   std::size_t hotButton = kNoElement;  // the button under the mouse, by its place among the elements
   SkinStates states;
   Rect thumb;               // of the scroll bar
+  Rect focused;             // the part that the keyboard is at; empty for none
   bool clearPaper = false;  // paper in the skin's key colour lets see through
   Sampling sampling = Sampling::kNearest;
   std::optional<ContrastColours> contrast;  // the inks that all tints are made of instead

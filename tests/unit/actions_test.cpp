@@ -116,6 +116,7 @@ TEST(Shortcuts, OfWindowsAreNoneOfTheCommands) {
   EXPECT_EQ(WindowKeyFrom({kLeftKey, false, false, true}).move, (Point{-8, 0}));
   EXPECT_EQ(WindowKeyFrom({kDownKey, false, true, true}).grow, (Size{0, 8}));
   EXPECT_EQ(WindowKeyFrom({kTabKey, true, true, false}).toNote, -1);
+  EXPECT_TRUE(WindowKeyFrom({kF6Key, false, false, false}).toParts);
   // Ctrl with an arrow belongs to the text, with Alt as well to the system.
   EXPECT_EQ(WindowKeyFrom({kLeftKey, true, false, true}), WindowKey{});
   for (std::uint16_t key = 1; key < 0xFF; ++key) {

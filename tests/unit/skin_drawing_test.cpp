@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "note/ink.h"
 #include "skin/skin_text.h"
 
 namespace jotlets {
@@ -142,6 +143,19 @@ TEST_F(Drawing, TakesThePictureOfTheState) {
   EXPECT_EQ(Row(u"[button]", u"source=0,0")[0].r, 10);
   view.hotButton = 1;
   EXPECT_EQ(Row(u"[button]", button)[1].r, 11);
+}
+
+TEST_F(Drawing, FramesWhatTheKeyboardIsAtInAnInkThatIsSeenThere) {
+  Surface large({20, 12});
+  Canvas canvas = large.MakeCanvas();
+  view.window = {20, 12};
+  view.focused = {2, 1, 18, 11};
+  const SkinData skin = ParseSkin(u"[hstrip]\nplace=0,0\nextent=20,12\nstriptype=2\nsolidcol=0,0,64\n");
+  DrawSkin(canvas, skin, {}, view, Words(), texts);
+  for (const Point at : {Point{2, 1}, {17, 1}, {3, 9}, {16, 10}, {9, 2}, {2, 6}})
+    EXPECT_GE(Contrast(large[at], {0, 0, 64}), 3.0) << at.x << "," << at.y;
+  for (const Point at : {Point{1, 5}, {18, 5}, {9, 0}, {9, 11}, {9, 3}, {4, 5}})
+    EXPECT_EQ(large[at], (Colour{0, 0, 64})) << at.x << "," << at.y;
 }
 
 TEST_F(Drawing, RepeatsOrStretchesTiles) {

@@ -118,9 +118,7 @@ class Program final : private OpenNotesOwner,
   void OnNoteHidden(const BJotlet& jotlet) override;
   bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
   void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
-  bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const override {
-    return StateOf(action, noteCommands_.FactsOf(jotlet)).enabled;
-  }
+  ActionFacts FactsOfNote(const BJotlet& jotlet) const override { return noteCommands_.FactsOf(jotlet); }
   std::vector<Rect> StackBounds() const override { return stacks_.Bounds(); }
   const StackRecord* FindStack(std::int32_t number) const override { return desk_.Lists().FindStack(number); }
   void PurgeSoon() override { window_.Post(kPurgeMessage); }

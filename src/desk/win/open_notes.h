@@ -41,7 +41,8 @@ class OpenNotesOwner {
   virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
   /// A sounding note is to sound again later.
   virtual void SnoozeNote(const Text& id) = 0;
-  virtual bool IsNoteActionEnabled(const BJotlet& jotlet, ActionCode action) const = 0;
+  /// What the states of a note's commands depend on.
+  virtual ActionFacts FactsOfNote(const BJotlet& jotlet) const = 0;
   /// The stacks on the screen, and one of them by its number.
   virtual std::vector<Rect> StackBounds() const = 0;
   virtual const StackRecord* FindStack(std::int32_t number) const = 0;
@@ -79,7 +80,8 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
                  [&resources](const FoundText& found) { return FoundWords(resources, found); },
                  [this, &resources](HWND note, const Text& target, bool fromOutside) {
                    FollowLink(note, resources, log_, target, fromOutside);
-                 }} {}
+                 },
+                 [&resources](std::uint32_t id) { return resources.String(id); }} {}
   ~OpenNotes() override = default;
   OpenNotes(const OpenNotes&) = delete;
   OpenNotes& operator=(const OpenNotes&) = delete;
@@ -157,9 +159,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   bool OnJotletAction(BJotlet& jotlet, ActionCode action) override {
     return owner_.DoNoteAction(Text(jotlet.StoredRecord().id), action);
   }
-  bool IsActionEnabled(BJotlet& jotlet, ActionCode action) override {
-    return owner_.IsNoteActionEnabled(jotlet, action);
-  }
+  ActionFacts FactsOf(const BJotlet& jotlet) override { return owner_.FactsOfNote(jotlet); }
   /// What the windows on the desktop share.
   const NoteContext& Context() const { return context_; }
   const Options& NoteOptions() const { return options_; }

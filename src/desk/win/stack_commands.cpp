@@ -12,7 +12,7 @@ namespace jotlets {
 namespace {
 
 // At the mouse, or on the stack when the mouse is elsewhere.
-Point MenuPlace(const BStackDlg& stack) {
+Point PlaceOfMenu(const BStackDlg& stack) {
   const Point mouse = MousePosition();
   const Rect bounds = stack.Bounds();
   return bounds.Contains(mouse) ? mouse : Point{bounds.left + 16, bounds.top + 24};
@@ -56,7 +56,7 @@ void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member
   for (const UINT ofRow : {UINT{ID_STACK_SHOW_MEMBER}, UINT{ID_STACK_TAKE_OUT}})
     EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (isOpen ? MF_ENABLED : MF_GRAYED));
   SetForegroundWindow(stack.Handle());
-  const UINT chosen = ChooseFromMenu(resources_.Look(), menu, MenuPlace(stack), stack.Handle());
+  const UINT chosen = ChooseFromMenu(resources_.Look(), menu, PlaceOfMenu(stack), stack.Handle());
   // The menu runs a message loop of its own, in which the stack may go.
   if (BStackDlg* still = Find(number)) DoMenuCommand(*still, chosen, member);
 }
@@ -95,7 +95,7 @@ void OpenStacks::ChooseColour(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
   const auto colour =
-      jotlets::ChooseColour(resources_, desktop_.NoteOptions(), stack->Handle(), MenuPlace(*stack),
+      jotlets::ChooseColour(resources_, desktop_.NoteOptions(), stack->Handle(), PlaceOfMenu(*stack),
                             StackColour(stack->Record(), stack->Members()));
   stack = Find(number);
   if (!colour || stack == nullptr) return;

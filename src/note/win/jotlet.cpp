@@ -198,6 +198,9 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ACTIVATEAPP:
       if (wParam == FALSE) Tell(JotletEvent::kDeserted);
       return 0;
+    case WM_KEYDOWN:
+      if (OnPartKey(wParam)) return 0;
+      return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: break;
   }
@@ -234,8 +237,9 @@ LRESULT BJotlet::OnControl(UINT control, UINT notification) {
     OnContentChanged();
   }
   if (notification == EN_SETFOCUS) OnFocus(true);
-  // From the text to the words that are looked for, and back, the focus stays in the note.
-  if (notification == EN_KILLFOCUS && IsChild(Handle(), GetFocus()) == 0) OnFocus(false);
+  // From the text to the words that are looked for or to the buttons, and back, the focus stays in the note.
+  const bool within = IsChild(Handle(), GetFocus()) != 0 || (IsAtParts() && GetFocus() == Handle());
+  if (notification == EN_KILLFOCUS && !within) OnFocus(false);
   return 0;
 }
 
@@ -245,10 +249,17 @@ void BJotlet::Place(const Rect& bounds) {
 }
 
 void BJotlet::OnFocus(bool gained) {
-  // The editor tells of its own focus; the frame only passes the focus on to it.
-  if (gained && content_->ContentWindow() != nullptr && !view_.rolled && GetFocus() == Handle()) {
+  // The editor tells of its own focus; the frame only passes the focus on to it, unless the keyboard is at
+  // one of its parts.
+  if (gained && content_->ContentWindow() != nullptr && !view_.rolled && !IsAtParts() &&
+      GetFocus() == Handle()) {
     SetFocus(content_->ContentWindow());
     return;
+  }
+  if (!gained && IsAtParts()) {
+    ForgetPart();
+    UpdateView();
+    if (IsChild(Handle(), GetFocus()) != 0) return;
   }
   // The title is part of the note.
   if (hasFocus_ == gained || (!gained && title_.edit.IsOpen())) return;
@@ -277,6 +288,7 @@ void BJotlet::TitleChanged() {
   if (title == shownTitle_) return;
   shownTitle_ = std::move(title);
   SetWindowTextW(Handle(), Wide(shownTitle_));
+  TellChanges();
   Repaint();
 }
 

@@ -183,6 +183,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void Place(const Rect& bounds) override;
   void OnScaleChanged() override;
   void FillView() override;
+  std::vector<SkinPart> SkinParts() const override;
+  HWND ContentWindow() const override { return content_->ContentWindow(); }
+  void FocusContent() override { SetFocus(FocusWindow()); }
+  Text WordsOfState(SkinState state) const;
   ScrollState Scrolled() const override;
   void Invalidate(const SkinView& before) override;
 

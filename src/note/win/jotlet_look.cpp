@@ -153,6 +153,26 @@ SkinStates BJotlet::States() const {
   return states;
 }
 
+std::vector<SkinPart> BJotlet::SkinParts() const {
+  const ActionFacts actions = owner_.FactsOf(*this);
+  PartFacts facts{.title = shownTitle_, .titleAction = kActionEditTitle, .states = StatesOfNotes()};
+  facts.content = record_.IsImage() ? PartRole::kPicture : PartRole::kText;
+  facts.stateOf = [&actions](ActionCode action) { return StateOf(action, actions); };
+  facts.valueOf = [this](SkinState state) { return WordsOfState(state); };
+  facts.textOf = context_.textOf;
+  return PartsOf(skin_->data, view_, facts);
+}
+
+Text BJotlet::WordsOfState(SkinState state) const {
+  const NoteWords words(context_.clock, context_.stackName, record_, shownTitle_, view_.window);
+  switch (state) {
+    case SkinState::kAlarm: return words.Find(u"ALARM").value_or(Text());
+    case SkinState::kSleeping: return words.Find(u"WAKE").value_or(Text());
+    case SkinState::kInStack: return words.Find(u"STACKNAME").value_or(Text());
+    default: return {};
+  }
+}
+
 void BJotlet::FillView() {
   view_.colour = ShownColour();
   view_.rolled = IsShownRolled(record_, Rolling());

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/geometry.h"
-#include "note/actions.h"
+#include "note/action_state.h"
 #include "note/animation.h"
 
 namespace jotlets {
@@ -45,8 +45,8 @@ class JotletOwner {
   /// A command that is not the note's own affair; false when it is none. The note may be gone when the call
   /// returns.
   virtual bool OnJotletAction(BJotlet& jotlet, ActionCode action) = 0;
-  /// Whether a command can be carried out now.
-  virtual bool IsActionEnabled(BJotlet& jotlet, ActionCode action) = 0;
+  /// What the states of the note's commands depend on.
+  virtual ActionFacts FactsOf(const BJotlet& jotlet) = 0;
   /// The notes that are selected together with this one, itself included.
   virtual std::vector<BJotlet*> GroupOf(BJotlet& jotlet) = 0;
   /// The other windows that this one snaps to: the shown notes in list order, then the stacks.

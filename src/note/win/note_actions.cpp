@@ -31,7 +31,7 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
 
 bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
-  if (!owner_.IsActionEnabled(*this, action)) return false;
+  if (!StateOf(action, owner_.FactsOf(*this)).enabled) return false;
   // A click on a button of the skin has a place, keys and commands have none.
   menuAsked_ = at == Point{} ? std::nullopt : std::optional(MousePosition());
   // The menu of a sounding note offers to let it sound again later.

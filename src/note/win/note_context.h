@@ -9,6 +9,7 @@
 #include "base/clock.h"
 #include "base/log.h"
 #include "data/options.h"
+#include "note/key_list.h"
 #include "note/monitors.h"
 #include "note/text_search.h"
 #include "note/win/edit_actions.h"
@@ -37,6 +38,7 @@ struct NoteContext {
   std::function<Text(const FoundText& found)> foundWords;
   /// Follows a link that the user has clicked on in a note, which may be gone when the call returns.
   std::function<void(HWND note, const Text& target, bool noteFromOutside)> openLink;
+  TextOfResource textOf;
 };
 
 }  // namespace jotlets

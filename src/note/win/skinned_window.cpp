@@ -13,6 +13,10 @@ namespace jotlets {
 LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_ERASEBKGND: return 1;
+    case WM_GETOBJECT:
+      if (const LRESULT object = access_.OnGetObject(Handle(), wParam, lParam)) return object;
+      break;
+    case kUseMessage: UsePart(static_cast<Use>(wParam), lParam); return 0;
     case WM_PAINT: return OnPaint();
     case WM_SETCURSOR:
       if (LOWORD(lParam) != HTCLIENT || reinterpret_cast<HWND>(wParam) != Handle()) break;
@@ -204,7 +208,7 @@ void SkinnedWindow::UpdateView() {
   GetClientRect(Handle(), &client);
   const SkinView before = view_;
   view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
-  view_.mouseOver = mouseOver_;
+  view_.mouseOver = mouseOver_ || IsAtParts();
   view_.hotButton = hotButton_;
   view_.clearPaper = context_.options.allowTransparentBackgrounds;
   view_.contrast = context_.theme.Now().contrast;
@@ -217,8 +221,10 @@ void SkinnedWindow::UpdateView() {
   view_.thumb = {};
   if (scrollbar)
     view_.thumb = ScrollThumb(ScrollTrack(skin, view_.window), skin.minimumThumbTrackHeight, scroll);
+  view_.focused = FocusedPlace();
   if (view_ == before) return;
   Invalidate(before);
+  TellChanges();
   if (view_.focus != before.focus || view_.colour != before.colour) FollowWithShadow();
 }
 

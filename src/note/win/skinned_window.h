@@ -13,19 +13,23 @@
 #include "note/note_place.h"
 #include "note/win/note_context.h"
 #include "note/win/note_shadow.h"
-#include "skin/skin_layout.h"
+#include "skin/skin_parts.h"
+#include "ui/accessible.h"
 #include "ui/window.h"
 
 namespace jotlets {
 
-class SkinnedWindow : public Window {
+class SkinnedWindow : public Window, public AccessibleWindow {
  public:
   /// Takes the window away, for good.
   void DestroyWindowNow() {
+    access_.End();
     shadow_.Close();
     Destroy();
   }
   const LoadedSkin& Skin() const { return *skin_; }
+  /// Takes the keyboard to the title and the buttons, or from there back to the content.
+  void GoToParts();
 
  protected:
   /// To be called before the window is created, where its place is to be.
@@ -38,7 +42,7 @@ class SkinnedWindow : public Window {
 
   /// `context` outlives the window.
   SkinnedWindow(const NoteContext& context, const wchar_t* shadowClass)
-      : context_(context), shadow_(shadowClass) {}
+      : context_(context), shadow_(shadowClass), access_(*this) {}
 
   /// Serves what windows of both kinds serve alike; the rest is the system's.
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -69,6 +73,22 @@ class SkinnedWindow : public Window {
   /// Also reached when the capture is taken away in the middle of a drag; `shift` only when the button was
   /// let go with it held after a move.
   virtual void OnDragEnded(Drag ended, bool shift) = 0;
+
+  /// What the skin draws, as parts; those that screen readers are told of may be more.
+  virtual std::vector<SkinPart> SkinParts() const = 0;
+  std::vector<AccessiblePart> Parts() const override;
+  AccessiblePart SelfPart() const override;
+  /// Does the command of a part, or takes the keyboard there. The window may be gone when the call returns.
+  virtual void UsePart(AccessibleWindow::Use use, LPARAM command);
+  /// The control in the content, nullptr for none.
+  virtual HWND ContentWindow() const { return nullptr; }
+  virtual void FocusContent() = 0;
+  /// Serves a key that reaches the frame; false for one that it has no use for.
+  bool OnPartKey(WPARAM key);
+  bool IsAtParts() const { return focusedPart_ != 0; }
+  /// The keyboard has left the parts.
+  void ForgetPart() { focusedPart_ = 0; }
+  void TellChanges() { access_.TellChanges(); }
 
   virtual void OnSize() = 0;
   virtual void OnFocus(bool gained) = 0;
@@ -133,6 +153,10 @@ class SkinnedWindow : public Window {
 
  private:
   Size SmallestSize(const SkinData& skin) const;
+  std::vector<LPARAM> PartsForKeys() const;
+  void FocusPart(LPARAM command);
+  void LeaveParts();
+  Rect FocusedPlace() const;
   std::int32_t RolledHeight(const SkinData& skin) const;
   void FollowScale(std::int32_t dpi);
   ShadowCaster Caster(Size window) const;
@@ -146,6 +170,8 @@ class SkinnedWindow : public Window {
   void EndDrag();
 
   NoteShadow shadow_;
+  Accessibility access_;
+  LPARAM focusedPart_ = 0;  // that the keyboard is at, by its command; 0: none
   std::size_t hotButton_ = kNoElement;
   std::size_t pressedButton_ = kNoElement;
   std::vector<Rect> snapWindows_;  // at the press

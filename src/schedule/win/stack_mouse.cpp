@@ -91,6 +91,7 @@ void BStackDlg::SelectRow(std::optional<std::size_t> row) {
   const Rect rect = list.RowRect(*selectedRow_);
   if (rect.top < list.area.top) ScrollTo(scroll_ - (list.area.top - rect.top));
   if (rect.bottom > list.area.bottom) ScrollTo(scroll_ + (rect.bottom - list.area.bottom));
+  TellRow();
   Repaint();
 }
 

@@ -61,6 +61,7 @@ void BStackDlg::SetMembers(std::vector<StackMember> members) {
   hotRow_.reset();
   scroll_ = List().SafeScroll(scroll_);
   UpdateView();
+  TellChanges();
   Repaint();
 }
 
@@ -158,7 +159,7 @@ LRESULT BStackDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_MOUSEWHEEL: OnWheel(static_cast<std::int16_t>(HIWORD(wParam))); return 0;
     case WM_KEYDOWN:
-      if (OnKey(wParam)) return 0;
+      if (OnPartKey(wParam) || OnKey(wParam)) return 0;
       break;
     case WM_RBUTTONUP: OnMenu(true); return 0;
     case WM_CONTEXTMENU: OnMenu(false); return 0;
@@ -194,6 +195,7 @@ void BStackDlg::OnSize() {
 
 void BStackDlg::OnFocus(bool gained) {
   hasFocus_ = gained;
+  if (!gained) ForgetPart();
   UpdateView();
   Repaint();
 }

@@ -79,6 +79,10 @@ class BStackDlg final : public SkinnedWindow {
   void SyncPlace() override;
   void OnScaleChanged() override { RefreshSkin(); }
   void FillView() override;
+  std::vector<SkinPart> SkinParts() const override;
+  std::vector<AccessiblePart> Parts() const override;
+  void UsePart(AccessibleWindow::Use use, LPARAM command) override;
+  void FocusContent() override { SetFocus(Handle()); }
   ScrollState Scrolled() const override;
 
   void OnWheel(int delta);
@@ -89,6 +93,7 @@ class BStackDlg final : public SkinnedWindow {
   std::optional<Text> MemberAt(std::optional<std::size_t> row) const;
   void ScrollTo(std::int32_t position);
   void SelectRow(std::optional<std::size_t> row);
+  void TellRow();
   std::int32_t HeightForList() const;
   void Changed();
   void ApplySkin();

@@ -1,0 +1,157 @@
+#include "skin/skin_parts.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "note/action_table.h"
+#include "note/shortcuts.h"
+#include "res/part_texts.h"
+
+namespace jotlets {
+namespace {
+
+// In the order in which they are told.
+constexpr SkinState kStatesOfNotes[] = {SkinState::kReadOnly, SkinState::kOnTop,     SkinState::kAlarm,
+                                        SkinState::kSleeping, SkinState::kRecurring, SkinState::kAttached,
+                                        SkinState::kInStack,  SkinState::kTransmit,  SkinState::kEmail,
+                                        SkinState::kGhost,    SkinState::kStang,     SkinState::kUser1,
+                                        SkinState::kUser2,    SkinState::kUser3};
+constexpr SkinState kStatesOfStacks[] = {SkinState::kOnTop, SkinState::kAlarm};
+
+Rect Inside(const Rect& area, Size window) {
+  const Rect cut{std::max(area.left, 0), std::max(area.top, 0), std::min(area.right, window.width),
+                 std::min(area.bottom, window.height)};
+  return cut.Width() > 0 && cut.Height() > 0 ? cut : Rect{};
+}
+
+bool IsMenu(ActionCode action) {
+  return action == kActionOpenJotletContext || action == kActionOpenTextContext;
+}
+
+PartRole RoleOf(ActionCode action) {
+  if (IsMenu(action)) return PartRole::kMenuButton;
+  const ActionSets sets = RowOf(action).sets.what;
+  const bool stays =
+      sets != ActionSets::kNothing && sets != ActionSets::kStyle && sets != ActionSets::kOpacity;
+  return stays ? PartRole::kToggle : PartRole::kButton;
+}
+
+class PartsMaker {
+ public:
+  PartsMaker(const SkinData& skin, const SkinView& view, const PartFacts& facts)
+      : skin_(skin), view_(view), facts_(facts) {}
+
+  std::vector<SkinPart> Make() {
+    AddTitle();
+    AddStates();
+    const auto first = static_cast<std::ptrdiff_t>(parts_.size());
+    AddButtons();
+    std::stable_sort(parts_.begin() + first, parts_.end(), [](const SkinPart& a, const SkinPart& b) {
+      return std::tuple(a.invisible, a.area.top, a.area.left) <
+             std::tuple(b.invisible, b.area.top, b.area.left);
+    });
+    AddContent();
+    return std::move(parts_);
+  }
+
+ private:
+  // A skin that has no title bar has a frame above its text.
+  void AddTitle() {
+    SkinPart title{.role = PartRole::kTitle, .name = facts_.textOf(IDS_PART_TITLE), .value = facts_.title};
+    const Rect area = skin_.titlebar ? ResolveCorners(*skin_.titlebar, {view_.window, {}})
+                                     : Rect{0, 0, view_.window.width, skin_.top};
+    title.area = Inside(area, view_.window);
+    title.action = facts_.titleAction;
+    title.invisible = title.area == Rect{};
+    parts_.push_back(std::move(title));
+  }
+
+  void AddStates() {
+    const std::vector<ArrangedElement> arranged = ArrangeElements(skin_, view_);
+    for (const SkinState state : facts_.states) {
+      if (!view_.states.Has(state)) continue;
+      SkinPart part{.role = PartRole::kState,
+                    .name = facts_.textOf(IDS_PART_STATE + static_cast<std::uint32_t>(state)),
+                    .value = facts_.valueOf(state)};
+      for (std::size_t i = 0; i < arranged.size(); ++i) {
+        const bool glyph =
+            skin_.elements[i].kind == ElementKind::kIndicator && arranged[i].picture != nullptr;
+        if (glyph && SkinStateFromName(skin_.elements[i].type) == state)
+          part.area = Inside(arranged[i].area, view_.window);
+      }
+      part.invisible = part.area == Rect{};
+      parts_.push_back(std::move(part));
+    }
+  }
+
+  // As the window is, and then as it would be with the focus, under the mouse, or both.
+  void AddButtons() {
+    SkinView tried = view_;
+    AddButtonsOf(tried);
+    for (const bool over : {view_.mouseOver, true}) {
+      for (const bool focus : {true, false}) {
+        tried.focus = focus;
+        tried.mouseOver = over;
+        AddButtonsOf(tried);
+      }
+    }
+  }
+
+  void AddButtonsOf(const SkinView& tried) {
+    for (const SkinElement& element : skin_.elements) {
+      if (element.kind != ElementKind::kButton || element.action == kActionNone || !IsShown(element, tried))
+        continue;
+      const bool known = std::ranges::any_of(parts_, [&element](const SkinPart& part) {
+        return part.role != PartRole::kTitle && part.action == element.action;
+      });
+      if (!known) AddButton(element);
+    }
+  }
+
+  void AddButton(const SkinElement& element) {
+    SkinPart part{.role = RoleOf(element.action),
+                  .name = ActionWords(RowOf(element.action), facts_.textOf),
+                  .key = ShortcutText(element.action),
+                  .action = element.action};
+    if (part.name.empty()) part.name = ActionName(element.action);
+    part.area = Inside(ElementRect(element, view_), view_.window);
+    part.invisible = part.area == Rect{} || !IsShown(element, view_);
+    const ActionState state = facts_.stateOf(element.action);
+    part.pressed = state.checked;
+    part.unavailable = !state.enabled;
+    parts_.push_back(std::move(part));
+  }
+
+  void AddContent() {
+    if (!facts_.content) return;
+    const bool picture = *facts_.content == PartRole::kPicture;
+    SkinPart part{.role = *facts_.content, .name = facts_.textOf(picture ? IDS_PART_PICTURE : IDS_PART_TEXT)};
+    part.area = Inside(TextArea(skin_, view_), view_.window);
+    part.invisible = part.area == Rect{};
+    parts_.push_back(std::move(part));
+  }
+
+  const SkinData& skin_;
+  const SkinView& view_;
+  const PartFacts& facts_;
+  std::vector<SkinPart> parts_;
+};
+
+}  // namespace
+
+std::span<const SkinState> StatesOfNotes() { return kStatesOfNotes; }
+std::span<const SkinState> StatesOfStacks() { return kStatesOfStacks; }
+
+std::vector<SkinPart> PartsOf(const SkinData& skin, const SkinView& view, const PartFacts& facts) {
+  return PartsMaker(skin, view, facts).Make();
+}
+
+// The title lies under the buttons on it.
+std::optional<std::size_t> PartAt(std::span<const SkinPart> parts, Point at) {
+  std::optional<std::size_t> found;
+  for (std::size_t i = 0; i < parts.size(); ++i)
+    if (!parts[i].invisible && parts[i].area.Contains(at)) found = i;
+  return found;
+}
+
+}  // namespace jotlets

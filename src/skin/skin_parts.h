@@ -1,0 +1,62 @@
+// The parts of a window that a skin draws, as somebody meets them who does not see it: one list of names,
+// roles, states, places and commands, for screen readers and for the keyboard.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "note/action_state.h"
+#include "note/key_list.h"
+#include "skin/skin_layout.h"
+
+namespace jotlets {
+
+enum class PartRole : std::uint8_t {
+  kTitle,
+  kState,  // a mark of something that holds for the note
+  kButton,
+  kToggle,  // a button that stays pressed
+  kMenuButton,
+  kText,
+  kPicture,
+};
+
+struct SkinPart {
+  PartRole role = PartRole::kButton;
+  Text name;
+  Text value;  // of a title its words, of a state more about it; often empty
+  Text key;    // that does the same: "Ctrl+B"
+  Rect area;   // in client pixels, within the window; empty for what has no place in it now
+  ActionCode action = kActionNone;
+  bool pressed = false;
+  bool unavailable = false;
+  bool invisible =
+      false;  // not drawn now, since the window is too small or neither active nor under the mouse
+  friend bool operator==(const SkinPart&, const SkinPart&) = default;
+};
+
+/// What the list needs to know of a window besides its view.
+struct PartFacts {
+  Text title;
+  ActionCode titleAction = kActionNone;  // what a press on the title offers
+  std::span<const SkinState> states;     // those that are told of when they hold
+  std::optional<PartRole> content;       // what the text area holds, if that is a part of its own
+  std::function<ActionState(ActionCode)> stateOf;
+  std::function<Text(SkinState)> valueOf;
+  TextOfResource textOf;
+};
+
+/// The states of a note that are told of, and those of a stack.
+std::span<const SkinState> StatesOfNotes();
+std::span<const SkinState> StatesOfStacks();
+
+/// The title, the states that hold, the buttons from the top left on, the content. A button that the skin
+/// draws in several ways is one part; one that comes with the focus or the mouse is there, but invisible.
+std::vector<SkinPart> PartsOf(const SkinData& skin, const SkinView& view, const PartFacts& facts);
+
+/// The part under a point; nothing beside all of them.
+std::optional<std::size_t> PartAt(std::span<const SkinPart> parts, Point at);
+
+}  // namespace jotlets
