@@ -36,6 +36,7 @@ struct SearchResult {
   IndexedNote note;
   std::vector<TextPart> titleHits;
   MarkedText snippet;
+  Text beginning;  // of the text, for the title of a note that has none
 };
 
 /// When notes were changed, seconds since 1970 UTC: the first moment that counts, and the first that does not

@@ -107,7 +107,9 @@ void SearchIndex::AddResults(const Rows& rows, const SearchQuery& query, std::ve
     if (!known) continue;
     SearchResult result;
     result.titleHits = hits.InTitle(known->note.title);
-    result.snippet = hits.Snippet(TextOf(row), kSnippetLength);
+    const Text text = TextOf(row);
+    result.snippet = hits.Snippet(text, kSnippetLength);
+    result.beginning = text.substr(0, kSnippetLength);
     result.note = std::move(known->note);
     results.push_back(std::move(result));
   }

@@ -224,6 +224,7 @@ TEST_F(SearchIndexTest, MarksHitsInTitleAndSnippet) {
   const std::vector<SearchResult> found = index.Search(query, {}, 5);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].titleHits, (std::vector<TextPart>{{11, 15}}));
+  EXPECT_TRUE(found[0].beginning.starts_with(u"First line\r\n"));
   const MarkedText& snippet = found[0].snippet;
   EXPECT_EQ(snippet.text, u"\u2026 and then a very long way to go before Ca\u0301lling Mr \"X\"");
   EXPECT_EQ(snippet.hits, (std::vector<TextPart>{{23, 26}, {40, 45}}));

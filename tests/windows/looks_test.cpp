@@ -50,7 +50,8 @@ TEST_F(LooksTest, NotesAndWindowsFollowTheSystemWhileRecordsAndFilesStay) {
   JotletData own = NoteRecord(u"AA02", {600, 200}, u"Own");
   blue.colour = kPapers[4];
   own.colour = {0xCF, 0xE6, 0xFE};
-  ASSERT_TRUE(StartProgramWith({blue, own}, u"Debug=0\nSkin=Paper\nTakeBackups=0"));
+  ASSERT_TRUE(StartProgramWith({blue, own},
+                               u"Debug=0\nSkin=Paper\nTakeBackups=0\nManageWindow=0,420,700,330"));
   const HWND note = NoteTitled(u"Blue");
   ASSERT_NE(note, nullptr);
   constexpr Point kInBlue{400, 320};
@@ -104,8 +105,8 @@ TEST_F(LooksTest, HighContrastTakesTheColoursOfTheSystemWhateverTheSkin) {
 
 TEST_F(LooksTest, NotesAreArrangedAndBroughtBackInOneStep) {
   const std::vector<JotletData> notes{NoteRecord(u"AA01", {300, 200}, u"A"),
-                                      NoteRecord(u"AA02", {310, 210}, u"B"),
-                                      NoteRecord(u"AA03", {320, 220}, u"C")};
+                                      NoteRecord(u"AA02", {540, 210}, u"B"),
+                                      NoteRecord(u"AA03", {780, 220}, u"C")};
   ASSERT_TRUE(StartProgramWith(notes, u"Debug=0\nTakeBackups=0"));
   const std::vector<HWND> windows{NoteTitled(u"A"), NoteTitled(u"B"), NoteTitled(u"C")};
   const std::vector<Rect> before{BoundsOf(windows[0]), BoundsOf(windows[1]), BoundsOf(windows[2])};

@@ -176,7 +176,7 @@ TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) 
     GoToView(view);
     PressKeys({VK_CONTROL, 'A'});
     PressKeys({VK_DELETE});
-    EXPECT_TRUE(Shows(u"0 of 0")) << view << ToUtf8(Status());
+    EXPECT_TRUE(Shows(u"0 of 0")) << static_cast<int>(view) << ToUtf8(Status());
   }
   EXPECT_EQ(Listed(u"closed"), (Ids{u"AA01", u"BB01", u"BB02", u"CC01"}));
   EXPECT_EQ(events_.front(), u"501 closed desktop jotlet user AA01");

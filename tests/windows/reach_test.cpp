@@ -7,8 +7,10 @@
 
 #include <algorithm>
 
+#include "base/win/ansi_code_page.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "data/text_file.h"
 #include "desktop.h"
 #include "note/win/jotlet.h"
 #include "schedule/win/stack_window.h"
@@ -103,7 +105,7 @@ class Listener {
  public:
   explicit Listener(const Process& process) {
     told.clear();
-    hook_ = SetWinEventHook(EVENT_OBJECT_FOCUS, EVENT_OBJECT_VALUECHANGE, nullptr, Hear, process.Id(), 0,
+    hook_ = SetWinEventHook(EVENT_OBJECT_REORDER, EVENT_OBJECT_VALUECHANGE, nullptr, Hear, process.Id(), 0,
                             WINEVENT_OUTOFCONTEXT);
   }
   ~Listener() { UnhookWinEvent(hook_); }
@@ -205,9 +207,10 @@ TEST_F(ReachTest, AStackTellsItsNotesAndOpensThem) {
   JotletData shown = NoteRecord(u"AA01", {600, 400}, u"Bread");
   shown.stack = hidden.stack = 1;
   WriteData({shown, hidden}, kDataFileName, u"Debug=3\nTakeBackups=0");
-  std::string data = Read(folder_ + Text(kDataFileName));
-  data.insert(data.find("[Jotlets]"), "[Stacks]\r\n<X>60<Y>60<W>200<H>120<ID>1<TITLE>Shopping\r\n");
-  Write(folder_ + Text(kDataFileName), data);
+  const Text path = folder_ + Text(kDataFileName);
+  Text data = DecodeTextFile(Read(path), AnsiCodePage()).text;
+  data.insert(data.find(u"[Jotlets]"), u"[Stacks]\n<X>60<Y>60<W>200<H>120<ID>1<TITLE>Shopping\n");
+  Write(path, EncodeTextFile(data));
   ASSERT_TRUE(StartProgram());
   const HWND stack = FindWindowW(kStackClass, L"Shopping");
   const auto object = ObjectOf(stack);

@@ -1,5 +1,7 @@
 #include "app/win/main_menus.h"
 
+#include <array>
+
 #include "base/win/wide.h"
 #include "res/resource.h"
 #include "ui/popup_menu.h"
@@ -32,7 +34,8 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vect
 }
 
 void ShowHotKeys(HMENU menu, const HotKeys& hotKeys) {
-  constexpr UINT kEntries[] = {0, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, 0, ID_RESCUE};
+  constexpr std::array<UINT, HotKeys::kCount> kEntries = {
+      0, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, 0, ID_RESCUE};
   for (std::size_t i = 0; i < HotKeys::kCount; ++i) {
     const Text key = hotKeys.Held(i);
     if (kEntries[i] == 0 || key.empty()) continue;

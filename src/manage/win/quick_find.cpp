@@ -113,7 +113,7 @@ void BQuickFindDlg::ShowAnswer(SearchAnswer answer) {
 }
 
 Text BQuickFindDlg::TitleOf(const SearchResult& result) const {
-  const Text title = ShownTitle(result.note.title, result.snippet.text);
+  const Text title = ShownTitle(result.note.title, result.beginning);
   return title.empty()
              ? resources_.String(result.note.image ? IDS_QUICK_FIND_PICTURE : IDS_QUICK_FIND_UNTITLED)
              : title;
