@@ -32,6 +32,13 @@ const DressedClass* ClassOf(HWND control) {
   return nullptr;
 }
 
+// One stays light as a whole: what it consists of is not ours to draw.
+bool IsDatePicker(HWND control) {
+  wchar_t name[64] = {};
+  GetClassNameW(control, name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, DATETIMEPICK_CLASSW) == 0;
+}
+
 bool Is(HWND control, const wchar_t* name) {
   const DressedClass* found = ClassOf(control);
   return found != nullptr && lstrcmpiW(found->name, name) == 0;
@@ -82,10 +89,7 @@ LRESULT CALLBACK ServeDressed(HWND control, UINT message, WPARAM wParam, LPARAM 
 }
 
 BOOL CALLBACK DressControl(HWND control, LPARAM object) {
-  // A date picker stays light as a whole.
-  wchar_t parent[64] = {};
-  GetClassNameW(GetParent(control), parent, static_cast<int>(std::size(parent)));
-  if (ClassOf(control) == nullptr || lstrcmpiW(parent, DATETIMEPICK_CLASSW) == 0) return TRUE;
+  if (ClassOf(control) == nullptr || IsDatePicker(GetParent(control))) return TRUE;
   const auto& theme = *reinterpret_cast<const Theme*>(object);
   SetWindowSubclass(control, ServeDressed, kDress, static_cast<DWORD_PTR>(object));
   ShowScrollBars(control, theme.IsDark());
@@ -113,6 +117,7 @@ HBRUSH DarkColours(UINT message, HDC dc, HWND control, const Theme& theme, Colou
   const bool isField = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX;
   if (!isField && message != WM_CTLCOLORDLG && message != WM_CTLCOLORSTATIC && message != WM_CTLCOLORBTN)
     return nullptr;
+  if (IsDatePicker(control)) return nullptr;
   const WindowColours& colours = theme.Colours();
   const Colour ground = isField ? colours.field : surface;
   SetTextColor(

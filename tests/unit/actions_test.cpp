@@ -24,7 +24,7 @@ TEST(Actions, AreFoundByTheirWholeNameWithoutRegardToCase) {
     EXPECT_EQ(ActionFromName(ActionName(row.code)), row.code);
   }
   EXPECT_EQ(ActionName(kActionClose), u"close");
-  for (const std::int32_t code : {-1, 0, 170}) EXPECT_EQ(ActionName(code), u"");
+  for (const std::int32_t code : {-1, 0, std::int32_t{kActionEnd}}) EXPECT_EQ(ActionName(code), u"");
   for (const TextView name : {u"closed", u"clos", u"", u" close", u"penwidth2", u"sendtoff10"})
     EXPECT_EQ(ActionFromName(name), kActionNone) << ToUtf8(name);
 }

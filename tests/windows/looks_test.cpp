@@ -67,8 +67,11 @@ TEST_F(LooksTest, NotesAndWindowsFollowTheSystemWhileRecordsAndFilesStay) {
   EXPECT_TRUE(Shows(kInOwn, own.colour)) << "a colour of the user's own stays";
   const WindowColours dark = ColoursOf({.dark = true});
   EXPECT_EQ(static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)), ToCOLORREF(dark.field));
-  const Rect bounds = BoundsOf(manage);
-  EXPECT_TRUE(Shows({bounds.right - 20, bounds.bottom - 8}, dark.surface));
+  RECT client{};
+  GetClientRect(manage, &client);
+  POINT corner{client.right - 3, client.bottom - 3};
+  ClientToScreen(manage, &corner);
+  EXPECT_TRUE(Shows({corner.x, corner.y}, dark.surface));
   ASSERT_TRUE(ClickIntoText(note));
   TypeText(u"more");
   EXPECT_TRUE(WaitUntil([&] { return ShownText(note).find(u"more") != Text::npos; }));
