@@ -63,7 +63,7 @@ TEST_F(FindTest, FieldFindsAtEachKeyAndOpensWhatIsChosen) {
   ASSERT_NE(note, nullptr);
   EXPECT_TRUE(WaitUntil([&] {
     const HWND strip = GetDlgItem(note, 101);
-    return strip != nullptr && IsWindowVisible(strip) && TextOfWindow(GetDlgItem(strip, 1)) == u"orch";
+    return strip != nullptr && IsWindowVisible(strip) && TextOfWindow(GetDlgItem(strip, 2)) == u"1 of 1";
   })) << "the words are marked";
 
   ASSERT_TRUE(OpenField());

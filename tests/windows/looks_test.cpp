@@ -50,8 +50,8 @@ TEST_F(LooksTest, NotesAndWindowsFollowTheSystemWhileRecordsAndFilesStay) {
   JotletData own = NoteRecord(u"AA02", {600, 200}, u"Own");
   blue.colour = kPapers[4];
   own.colour = {0xCF, 0xE6, 0xFE};
-  ASSERT_TRUE(StartProgramWith({blue, own},
-                               u"Debug=0\nSkin=Paper\nTakeBackups=0\nManageWindow=0,420,700,330"));
+  ASSERT_TRUE(
+      StartProgramWith({blue, own}, u"Debug=0\nSkin=Paper\nTakeBackups=0\nManageWindow=0,420,700,330"));
   const HWND note = NoteTitled(u"Blue");
   ASSERT_NE(note, nullptr);
   constexpr Point kInBlue{400, 320};
