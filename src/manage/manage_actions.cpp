@@ -17,15 +17,14 @@ struct OfferRow {
 
 // An attached note has no default: to be seen it would have to lose the window that it waits for.
 constexpr std::array kOffers = {
-    OfferRow{View::kDesktop, Action::kOpen, true}, OfferRow{View::kDesktop, Action::kUnattach},
-    OfferRow{View::kDesktop, Action::kStore},      OfferRow{View::kDesktop, Action::kDelete},
+    OfferRow{View::kDesktop, Action::kOpen, true},   OfferRow{View::kDesktop, Action::kUnattach},
+    OfferRow{View::kDesktop, Action::kStore},        OfferRow{View::kDesktop, Action::kDelete},
     OfferRow{View::kStored, Action::kRestore, true}, OfferRow{View::kStored, Action::kDelete},
-    OfferRow{View::kAttached, Action::kUnattach},
-    OfferRow{View::kAttached, Action::kDelete},    OfferRow{View::kSleeping, Action::kWake, true},
-    OfferRow{View::kSleeping, Action::kDelete},    OfferRow{View::kRecurring, Action::kWake, true},
-    OfferRow{View::kRecurring, Action::kDelete},   OfferRow{View::kClosed, Action::kRestore, true},
-    OfferRow{View::kClosed, Action::kDelete},      OfferRow{View::kStacks, Action::kOpen, true},
-    OfferRow{View::kStacks, Action::kDelete},
+    OfferRow{View::kAttached, Action::kUnattach},    OfferRow{View::kAttached, Action::kDelete},
+    OfferRow{View::kSleeping, Action::kWake, true},  OfferRow{View::kSleeping, Action::kDelete},
+    OfferRow{View::kRecurring, Action::kWake, true}, OfferRow{View::kRecurring, Action::kDelete},
+    OfferRow{View::kClosed, Action::kRestore, true}, OfferRow{View::kClosed, Action::kDelete},
+    OfferRow{View::kStacks, Action::kOpen, true},    OfferRow{View::kStacks, Action::kDelete},
 };
 
 constexpr std::size_t kMany = 20;
@@ -54,7 +53,8 @@ std::optional<ManageAction> DefaultAction(ManageView view) {
 ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t count,
                               std::int32_t keepDeleted, bool confirmClosure) {
   // A stored note asks for its category, which can be cancelled.
-  if (action == Action::kUndo || action == Action::kSaveCopies || action == Action::kStore || view == View::kStacks)
+  if (action == Action::kUndo || action == Action::kSaveCopies || action == Action::kStore ||
+      view == View::kStacks)
     return ManageQuestion::kNothing;
   if (action == Action::kDelete) {
     const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));

@@ -18,8 +18,8 @@ void StoreCommands::Store(BJotlet& jotlet, const Text& category) {
   const Rect place = jotlet.SettledBounds();
   std::vector<Text> ids;
   for (const BJotlet* note : notes_.GroupOf(jotlet)) ids.push_back(note->StoredRecord().id);
-  const auto failed =
-      std::ranges::stable_partition(ids, [&](const Text& id) { return desk_.Store(id, category).has_value(); });
+  const auto failed = std::ranges::stable_partition(
+      ids, [&](const Text& id) { return desk_.Store(id, category).has_value(); });
   const BJotlet* left = failed.empty() ? nullptr : notes_.Find(failed.front());
   if (left != nullptr) Tell(left->Handle(), resources_, IDS_NOT_STORED, left->TitleShown());
   ids.erase(failed.begin(), failed.end());
