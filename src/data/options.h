@@ -157,6 +157,7 @@ struct Options {
   bool altF4Leaves = false;
   std::array<std::int32_t, 5> recentColours = {-1, -1, -1, -1, -1};
   bool typingAids = true;
+  bool formatBar = true;
   std::vector<Text> styles;
 
   /// Lines of the file that this version does not know, written back after the known ones.

@@ -340,6 +340,8 @@ constexpr std::array kOptions = {
     Numbers<&O::recentColours>(u"RecentColours",
                                u"The own colours of notes that were chosen last, as Hilite01; -1 is none."),
     OffFlag<&O::typingAids>(u"TypingAids", u"What is typed may begin lists, check lists, headings and bold."),
+    OffFlag<&O::formatBar>(u"FormatBar",
+                           u"A note in which one writes has a bar to format its text, if its skin has one."),
 };
 
 }  // namespace

@@ -52,6 +52,7 @@ bool IsChecked(const ActionSetting& sets, const ActionFacts& facts) {
     case ActionSets::kUnderline: return facts.edit.underline;
     case ActionSets::kStrikethrough: return facts.edit.strikethrough;
     case ActionSets::kRightToLeft: return facts.edit.rtl;
+    case ActionSets::kBulletList: return facts.edit.bullets == Bullets::kNormal;
     case ActionSets::kAlignment: return IsOf(sets, facts.edit.alignment);
     case ActionSets::kBullets: return IsOf(sets, facts.edit.bullets);
     case ActionSets::kHighlight: return IsOf(sets, facts.edit.highlight);

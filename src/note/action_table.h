@@ -51,6 +51,7 @@ enum class ActionSets : std::uint8_t {
   kUnderline,
   kStrikethrough,
   kRightToLeft,
+  kBulletList,
   kAlignment,  // these by the values of their enumerations
   kBullets,
   kHighlight,

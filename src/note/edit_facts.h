@@ -29,6 +29,7 @@ struct EditFacts {
   bool underline = false;
   bool strikethrough = false;
   bool rtl = false;
+  bool checkList = false;              // the first paragraph has a box
   std::optional<Alignment> alignment;  // nothing when paragraphs differ, in the next two as well
   std::optional<Bullets> bullets;
   std::optional<Highlight> highlight;  // also nothing for a back colour that is none of the highlights

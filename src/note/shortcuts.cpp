@@ -20,13 +20,13 @@ ActionCode ActionFromKey(const Shortcut& pressed) {
 }
 
 WindowKey WindowKeyFrom(const Shortcut& pressed) {
-  if (pressed.key == kTabKey && pressed.ctrl && !pressed.alt) return {{}, {}, pressed.shift ? -1 : 1, false};
-  if (pressed.key == kF6Key && !pressed.ctrl && !pressed.alt) return {{}, {}, 0, true};
+  if (pressed.key == kTabKey && pressed.ctrl && !pressed.alt) return {{}, {}, pressed.shift ? -1 : 1, 0};
+  if (pressed.key == kF6Key && !pressed.ctrl && !pressed.alt) return {{}, {}, 0, pressed.shift ? -1 : 1};
   if (!pressed.alt || pressed.ctrl || pressed.key < kLeftKey || pressed.key > kDownKey) return {};
   const std::int32_t step = pressed.key == kLeftKey || pressed.key == kUpKey ? -kKeyStep : kKeyStep;
   const bool across = pressed.key == kLeftKey || pressed.key == kRightKey;
   const Point by{across ? step : 0, across ? 0 : step};
-  return pressed.shift ? WindowKey{{}, {by.x, by.y}, 0, false} : WindowKey{by, {}, 0, false};
+  return pressed.shift ? WindowKey{{}, {by.x, by.y}, 0, 0} : WindowKey{by, {}, 0, 0};
 }
 
 Text ShortcutText(const Shortcut& keys) {

@@ -44,12 +44,12 @@ ActionCode ActionFromKey(const Shortcut& pressed);
 
 /// What a key does with note windows, beside the commands: Alt and the arrows move a note, with Shift they
 /// move its right and bottom edge; Ctrl+Tab goes to the next note, with Shift to the one before; F6 goes from
-/// the text to the buttons of the note and back.
+/// the text to the buttons of the note and back, with Shift the other way round.
 struct WindowKey {
   Point move;
   Size grow;
-  int toNote = 0;  // 1: the next in list order, -1: the one before
-  bool toParts = false;
+  int toNote = 0;   // 1: the next in list order, -1: the one before
+  int toParts = 0;  // 1: the next group of buttons, -1: the one before
   friend bool operator==(const WindowKey&, const WindowKey&) = default;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "skin/skin_text.h"
+#include "skin/skin_view.h"
 
 namespace jotlets {
 namespace {
@@ -17,17 +18,20 @@ constexpr TextView kFrame =
     u"[vstrip]\nplace=0,0\nextent=3,4000\nstriptype=2\ntint=accent\nfocus=1\n"
     u"[vstrip]\nplace=-3,0\nextent=3,4000\nstriptype=2\ntint=accent\nfocus=1\n";
 
+constexpr TextView kFormatBarLine =
+    u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\ncondition=formatbar\nconditionvalue=1\n";
+
 constexpr TextView kBarLine = u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\nrolled=0\n";
 
 bool IsShape(const SkinElement& element) {
   return element.kind == ElementKind::kButton || element.kind == ElementKind::kIndicator;
 }
 
-// The thumb of the scroll bar is a fill that tells something.
+// The thumb of the scroll bar is a fill that tells something; in the bar for formatting the buttons do.
 bool IsFill(const SkinElement& element) {
   const bool area = element.kind == ElementKind::kTilearea || element.kind == ElementKind::kHstrip ||
                     element.kind == ElementKind::kVstrip;
-  return area && element.condition.empty();
+  return area && (element.condition.empty() || SkinStateFromName(element.condition) == SkinState::kFormatBar);
 }
 
 void Append(std::vector<SkinElement>& elements, TextView text) {
@@ -55,6 +59,10 @@ SkinData ContrastSkin(SkinData skin) {
   if (skin.titlebar) {
     Append(skin.elements, kBarLine);
     skin.elements.back().place.y = skin.titlebar->bottomRight.y;
+  }
+  if (skin.formatBar > 0) {
+    Append(skin.elements, kFormatBarLine);
+    skin.elements.back().place.y.value = -skin.formatBar;
   }
   Append(skin.elements, kFrame);
   skin.region.clear();

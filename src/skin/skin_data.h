@@ -72,7 +72,7 @@ struct SkinElement {
   std::optional<std::uint8_t> alpha;  // constant opacity
 
   ActionCode action = kActionNone;
-  Text type;  // of an indicator
+  Text type;  // of an indicator: a state; of a button without an action: what it does in the editor
   std::int32_t stripType = kStripFromPicture;
   std::int32_t tileType = 0;
   std::optional<Colour> startColour;
@@ -134,6 +134,9 @@ struct SkinData {
   bool darkPapers = false;  // the papers of the program turn dark with its windows
   std::optional<CoordinateTrack> scrollbar;
   DrawBounds scrollbarDrawBounds;
+
+  std::int32_t formatBar = 0;  // height of the bar at the foot with which texts are formatted; 0: none
+  DrawBounds formatBarDrawBounds;
 
   bool drawOnRtfBg = false;
   bool isStack = false;        // `mode`

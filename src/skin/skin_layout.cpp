@@ -101,9 +101,20 @@ std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at) {
   return kNoElement;
 }
 
+bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view) {
+  return skin.formatBar > 0 && !view.rolled && skin.formatBarDrawBounds.Hold(view.window);
+}
+
+Rect FormatBarArea(const SkinData& skin, const SkinView& view) {
+  if (!view.states.Has(SkinState::kFormatBar) || !HasRoomForFormatBar(skin, view)) return {};
+  return {0, std::max(view.window.height - skin.formatBar, 0), view.window.width, view.window.height};
+}
+
 Rect TextArea(const SkinData& skin, const SkinView& view) {
   if (view.rolled) return {};
-  Rect area{skin.left, skin.top, view.window.width - skin.right, view.window.height - skin.bottom};
+  const std::int32_t foot = skin.bottom + FormatBarArea(skin, view).Height();
+  Rect area{skin.left, skin.top, view.window.width - skin.right,
+            Saturated(std::int64_t{view.window.height} - foot)};
   area.right = std::max(area.right, area.left);
   area.bottom = std::max(area.bottom, area.top);
   return area;

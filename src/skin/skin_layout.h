@@ -30,7 +30,14 @@ std::vector<ArrangedElement> ArrangeElements(const SkinData& skin, const SkinVie
 /// The uppermost button shown under a point, by its place among the elements; `kNoElement` for none.
 std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at);
 
-/// The text area: what the widths of the frame leave. Empty while the note is rolled up.
+/// Whether a note in this view has room for the skin's bar with which texts are formatted.
+bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view);
+
+/// The place of that bar; empty while it is not there.
+Rect FormatBarArea(const SkinData& skin, const SkinView& view);
+
+/// The text area: what the widths of the frame and the bar at the foot leave. Empty while the note is rolled
+/// up.
 Rect TextArea(const SkinData& skin, const SkinView& view);
 
 /// The window's smallest size.

@@ -6,6 +6,7 @@
 #include "note/action_table.h"
 #include "note/shortcuts.h"
 #include "res/part_texts.h"
+#include "res/resource.h"
 
 namespace jotlets {
 namespace {
@@ -99,27 +100,44 @@ class PartsMaker {
 
   void AddButtonsOf(const SkinView& tried) {
     for (const SkinElement& element : skin_.elements) {
-      if (element.kind != ElementKind::kButton || element.action == kActionNone || !IsShown(element, tried))
-        continue;
-      const bool known = std::ranges::any_of(parts_, [&element](const SkinPart& part) {
-        return part.role != PartRole::kTitle && part.action == element.action;
+      const EditorKey editing = EditingOf(element);
+      const bool acts = element.action != kActionNone || editing != EditorKey::kNothing;
+      if (element.kind != ElementKind::kButton || !acts || !IsShown(element, tried)) continue;
+      const bool known = std::ranges::any_of(parts_, [&](const SkinPart& part) {
+        return part.role >= PartRole::kButton && part.action == element.action && part.editing == editing;
       });
       if (!known) AddButton(element);
     }
   }
 
   void AddButton(const SkinElement& element) {
-    SkinPart part{.role = RoleOf(element.action),
-                  .name = ActionWords(RowOf(element.action), facts_.textOf),
-                  .key = ShortcutText(element.action),
-                  .action = element.action};
-    if (part.name.empty()) part.name = ActionName(element.action);
+    SkinPart part =
+        element.action == kActionNone ? EditingPart(EditingOf(element)) : ActionPart(element.action);
     part.area = Inside(ElementRect(element, view_), view_.window);
     part.invisible = part.area == Rect{} || !IsShown(element, view_);
-    const ActionState state = facts_.stateOf(element.action);
+    const Rect bar = FormatBarArea(skin_, view_);
+    part.inFormatBar = part.area != Rect{} && part.area.top >= bar.top && Overlap(part.area, bar);
+    parts_.push_back(std::move(part));
+  }
+
+  SkinPart ActionPart(ActionCode action) const {
+    const ActionState state = facts_.stateOf(action);
+    SkinPart part{.role = RoleOf(action), .name = ActionWords(RowOf(action), facts_.textOf)};
+    if (part.name.empty()) part.name = ActionName(action);
+    part.key = ShortcutText(action);
+    part.action = action;
     part.pressed = state.checked;
     part.unavailable = !state.enabled;
-    parts_.push_back(std::move(part));
+    return part;
+  }
+
+  SkinPart EditingPart(EditorKey editing) const {
+    SkinPart part{.role = PartRole::kToggle,
+                  .name = facts_.textOf(IDS_EDITOR_KEY + static_cast<std::uint32_t>(editing)),
+                  .key = ShortcutText(KeyOf(editing))};
+    part.editing = editing;
+    part.pressed = view_.states.Has(SkinState::kCheckList);
+    return part;
   }
 
   void AddContent() {
@@ -138,6 +156,11 @@ class PartsMaker {
 };
 
 }  // namespace
+
+EditorKey EditingOf(const SkinElement& button) {
+  const bool checkList = button.action == kActionNone && EqualIgnoreCase(button.type, u"checklist");
+  return checkList ? EditorKey::kCheckList : EditorKey::kNothing;
+}
 
 std::span<const SkinState> StatesOfNotes() { return kStatesOfNotes; }
 std::span<const SkinState> StatesOfStacks() { return kStatesOfStacks; }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "note/action_state.h"
+#include "note/editor_keys.h"
 #include "note/key_list.h"
 #include "skin/skin_layout.h"
 
@@ -30,6 +31,8 @@ struct SkinPart {
   Text key;    // that does the same: "Ctrl+B"
   Rect area;   // in client pixels, within the window; empty for what has no place in it now
   ActionCode action = kActionNone;
+  EditorKey editing = EditorKey::kNothing;  // instead of an action, what a key of the editor does
+  bool inFormatBar = false;
   bool pressed = false;
   bool unavailable = false;
   bool invisible =
@@ -47,6 +50,9 @@ struct PartFacts {
   std::function<Text(SkinState)> valueOf;
   TextOfResource textOf;
 };
+
+/// What a button without an action does in the editor: `type=checklist`. Nothing for any other.
+EditorKey EditingOf(const SkinElement& button);
 
 /// The states of a note that are told of, and those of a stack.
 std::span<const SkinState> StatesOfNotes();

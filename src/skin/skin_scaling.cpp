@@ -114,7 +114,7 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   scaled.dpi = dpi;
   for (std::int32_t* length :
        {&scaled.top, &scaled.bottom, &scaled.left, &scaled.right, &scaled.rolledHeight, &scaled.minimumWidth,
-        &scaled.minimumHeight, &scaled.minimumThumbTrackHeight, &scaled.rowHeight})
+        &scaled.minimumHeight, &scaled.minimumThumbTrackHeight, &scaled.rowHeight, &scaled.formatBar})
     scale.Grow(*length);
   for (Coordinate& at : scaled.region) scale.Grow(at);
   if (scaled.titlebar) {
@@ -128,6 +128,7 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
     scale.Grow(scaled.scrollbar->width);
   }
   scale.Grow(scaled.scrollbarDrawBounds);
+  scale.Grow(scaled.formatBarDrawBounds);
   for (SkinElement& element : scaled.elements) scale.Grow(element);
   return scaled;
 }

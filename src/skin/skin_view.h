@@ -32,11 +32,23 @@ enum class SkinState : std::uint8_t {
   kUser3,
   kOwnTitle,
   kScrollbarRequired,
+  // The bar with which texts are formatted is there, can make check lists, and what holds at the caret; none
+  // of the others without the first.
+  kFormatBar,
+  kCheckLists,
+  kBold,
+  kItalic,
+  kUnderline,
+  kStrikethrough,
+  kBullets,
+  kCheckList,
+  kHighlight,
 };
 
 /// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
 /// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3",
-/// "owntitle" and "scrollbarrequired".
+/// "owntitle", "scrollbarrequired", "formatbar", "checklists", "bold", "italic", "underline",
+/// "strikethrough", "bullets", "checklist" and "highlight".
 std::optional<SkinState> SkinStateFromName(TextView name);
 
 /// A set of states.

@@ -116,7 +116,8 @@ TEST(Shortcuts, OfWindowsAreNoneOfTheCommands) {
   EXPECT_EQ(WindowKeyFrom({kLeftKey, false, false, true}).move, (Point{-8, 0}));
   EXPECT_EQ(WindowKeyFrom({kDownKey, false, true, true}).grow, (Size{0, 8}));
   EXPECT_EQ(WindowKeyFrom({kTabKey, true, true, false}).toNote, -1);
-  EXPECT_TRUE(WindowKeyFrom({kF6Key, false, false, false}).toParts);
+  EXPECT_EQ(WindowKeyFrom({kF6Key, false, false, false}).toParts, 1);
+  EXPECT_EQ(WindowKeyFrom({kF6Key, false, true, false}).toParts, -1);
   // Ctrl with an arrow belongs to the text, with Alt as well to the system.
   EXPECT_EQ(WindowKeyFrom({kLeftKey, true, false, true}), WindowKey{});
   for (std::uint16_t key = 1; key < 0xFF; ++key) {
@@ -171,6 +172,8 @@ TEST(ActionState, ChecksOneOfEachFamilyAndNoneWhereParagraphsDiffer) {
   facts.edit.alignment = Alignment::kCenter, facts.edit.bullets = Bullets::kLetters;
   facts.edit.highlight = Highlight::kNoHighlight;
   EXPECT_EQ(checked(), "roll center italic bulletsletters user2 hilitenone ");
+  facts.edit.bullets = Bullets::kNormal;
+  EXPECT_TRUE(StateOf(kActionBullets, facts).checked && StateOf(kActionBulletsNormal, facts).checked);
 }
 
 }  // namespace

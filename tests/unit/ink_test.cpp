@@ -186,6 +186,7 @@ TEST(Ink, InHighContrastIsThatOfTheSystemAndFramesTellStates) {
       SkinView view{{240, 120}, colours.paper};
       view.contrast = colours;
       view.focus = active;
+      view.states.Set(SkinState::kFormatBar, active);
       Pixels pixels(view.window);
       Canvas canvas = pixels.MakeCanvas();
       NoTexts texts;
@@ -196,6 +197,9 @@ TEST(Ink, InHighContrastIsThatOfTheSystemAndFramesTellStates) {
       EXPECT_EQ(pixels.At(2, 60), active ? colours.chosen : colours.paper) << name;
       EXPECT_EQ(pixels.At(120, skin.titlebar->bottomRight.y.value), colours.ink)
           << name << ": line of the bar";
+      if (!active || skin.formatBar == 0) continue;
+      EXPECT_EQ(pixels.At(230, 84), colours.ink) << name << ": line of the bar at the foot";
+      EXPECT_EQ(pixels.At(230, 100), colours.paper) << name << ": on which its buttons are seen";
     }
   }
   const SkinData own = ParseSkin(FromUtf8(FileBytes("../src/res/skins/default/skin.ini")));

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "skin/skin_scaling.h"
 #include "skin/skin_text.h"
 
 namespace jotlets {
@@ -53,9 +54,8 @@ TEST(IsShown, AsksForTheValueOfACondition) {
   // The first, one in between and the last, so that names and states cannot drift apart.
   view.states.Set(SkinState::kOnTop, true);
   view.states.Set(SkinState::kGhost, true);
-  view.states.Set(SkinState::kScrollbarRequired, true);
-  for (const TextView name :
-       {u"condition=ontop\n", u"condition=GHOST\n", u"condition= ScrollbarRequired\n"}) {
+  view.states.Set(SkinState::kHighlight, true);
+  for (const TextView name : {u"condition=ontop\n", u"condition=GHOST\n", u"condition= Highlight\n"}) {
     EXPECT_TRUE(Shows(Text(name).append(u"conditionvalue=1"), view)) << ToUtf8(name);
     EXPECT_FALSE(Shows(Text(name).append(u"conditionvalue=0"), view)) << ToUtf8(name);
     EXPECT_FALSE(Shows(name, view)) << "no value is 0: " << ToUtf8(name);
@@ -107,6 +107,34 @@ TEST(Layout, GivesRectangles) {
   EXPECT_EQ(TextArea(skin, ViewOf({200, 100})), (Rect{10, 20, 189, 88}));
   EXPECT_EQ(TextArea(skin, ViewOf({15, 25})), (Rect{10, 20, 10, 20}));
   EXPECT_EQ(TextArea(skin, ViewOf({200, 100}, true)), Rect{});
+}
+
+TEST(FormatBar, TakesItsRoomFromTheTextWhileItIsThere) {
+  const SkinData skin =
+      ParseSkin(u"top=20\nbottom=12\nleft=10\nright=11\nformatbar=36\nformatbardrawheightminimum=120");
+  SkinView view = ViewOf({200, 120});
+  EXPECT_TRUE(HasRoomForFormatBar(skin, view));
+  EXPECT_EQ(FormatBarArea(skin, view), Rect{});
+  view.states.Set(SkinState::kFormatBar, true);
+  EXPECT_EQ(FormatBarArea(skin, view), (Rect{0, 84, 200, 120}));
+  EXPECT_EQ(TextArea(skin, view), (Rect{10, 20, 189, 72}));
+  LoadedSkin loaded;
+  loaded.data = skin;
+  const SkinData twice = ScaledSkin(loaded, 192).data;
+  EXPECT_FALSE(HasRoomForFormatBar(twice, ViewOf({400, 239})));
+  view.window = {400, 240};
+  EXPECT_EQ(FormatBarArea(twice, view), (Rect{0, 168, 400, 240}));
+  for (const SkinView& none : {ViewOf({200, 119}), ViewOf({200, 120}, true)}) {
+    view.window = none.window, view.rolled = none.rolled;
+    EXPECT_FALSE(HasRoomForFormatBar(skin, view));
+    EXPECT_EQ(FormatBarArea(skin, view), Rect{});
+  }
+  EXPECT_FALSE(HasRoomForFormatBar(ParseSkin(u"formatbar=-5"), ViewOf({200, 200})));
+  // A bar as high as a file can say leaves a text without height, and nothing runs over.
+  view = ViewOf({200, 120});
+  view.states.Set(SkinState::kFormatBar, true);
+  EXPECT_EQ(TextArea(ParseSkin(u"top=20\nbottom=2147483647\nformatbar=2147483647"), view),
+            (Rect{0, 20, 200, 20}));
 }
 
 TEST(Scrollbar, IsRequiredWhenTheTextIsHigherThanItsArea) {

@@ -28,9 +28,10 @@ PartFacts FactsFor(const SkinData& skin, const ActionFacts& actions = {}) {
   return facts;
 }
 
-const SkinPart* PartWith(const std::vector<SkinPart>& parts, ActionCode action) {
-  const auto found = std::ranges::find_if(parts, [action](const SkinPart& part) {
-    return part.role != PartRole::kTitle && part.action == action;
+const SkinPart* PartWith(const std::vector<SkinPart>& parts, ActionCode action,
+                         EditorKey editing = EditorKey::kNothing) {
+  const auto found = std::ranges::find_if(parts, [action, editing](const SkinPart& part) {
+    return part.role != PartRole::kTitle && part.action == action && part.editing == editing;
   });
   return found == parts.end() ? nullptr : &*found;
 }
@@ -42,7 +43,8 @@ void ExpectSound(const std::vector<SkinPart>& parts, Size window) {
                 part.area.bottom <= window.height)
         << ToUtf8(part.name);
     EXPECT_TRUE(part.invisible || part.area != Rect{}) << ToUtf8(part.name);
-    const bool plain = part.role == PartRole::kState || part.role == PartRole::kText;
+    const bool plain =
+        part.role == PartRole::kState || part.role == PartRole::kText || part.editing != EditorKey::kNothing;
     EXPECT_EQ(RowOf(part.action).name.empty(), plain) << ToUtf8(part.name);
     EXPECT_EQ(std::ranges::count(parts, part), 1) << ToUtf8(part.name);
   }
@@ -53,12 +55,12 @@ TEST(SkinParts, OfEverySkinHaveANameAPlaceAndACommandInEveryState) {
     const SkinData skin = SkinIn(file);
     for (int tried = 0; tried < 32; ++tried) {
       SkinView view;
-      view.window = (tried & 1) != 0 ? Size{300, 220} : MinimumSize(skin);
+      view.window = (tried & 1) != 0 ? Size{320, 220} : MinimumSize(skin);
       view.focus = (tried & 2) != 0;
       view.mouseOver = (tried & 4) != 0;
       view.rolled = (tried & 8) != 0;
       for (std::size_t state = 0;
-           (tried & 16) != 0 && state <= static_cast<std::size_t>(SkinState::kScrollbarRequired); ++state)
+           (tried & 16) != 0 && state <= static_cast<std::size_t>(SkinState::kHighlight); ++state)
         view.states.Set(static_cast<SkinState>(state), true);
       const auto parts = PartsOf(skin, view, FactsFor(skin));
       SCOPED_TRACE(file + std::to_string(tried));
@@ -66,7 +68,7 @@ TEST(SkinParts, OfEverySkinHaveANameAPlaceAndACommandInEveryState) {
       EXPECT_EQ(parts.front().value, u"Shopping");
       for (const SkinElement& element : skin.elements) {
         if (element.kind != ElementKind::kButton || !IsShown(element, view)) continue;
-        const SkinPart* part = PartWith(parts, element.action);
+        const SkinPart* part = PartWith(parts, element.action, EditingOf(element));
         EXPECT_TRUE(part != nullptr && !part->invisible) << ToUtf8(element.name);
       }
     }
@@ -96,6 +98,30 @@ TEST(SkinParts, TellsOfButtonsOnceAndWhetherTheyAreSeenPressedAndAvailable) {
   EXPECT_EQ(parts[1].name, u"Locked");
   EXPECT_EQ(parts[1].area, (Rect{170, 9, 184, 23}));
   EXPECT_TRUE(parts[2].name == u"On top" && parts[2].invisible);
+}
+
+TEST(SkinParts, OfTheBarAtTheFootFitAndAreToldApart) {
+  for (const char* const file : {"paper/paper.ini", "paper/large.ini"}) {
+    const SkinData skin = SkinIn(file);
+    SkinView view{.window = {320, 240}, .focus = true};
+    EXPECT_EQ(PartWith(PartsOf(skin, view, FactsFor(skin)), kActionBold), nullptr);
+    for (const SkinState state : {SkinState::kFormatBar, SkinState::kCheckLists, SkinState::kCheckList})
+      view.states.Set(state, true);
+    const auto parts = PartsOf(skin, view, FactsFor(skin));
+    EXPECT_EQ(std::ranges::count(parts, true, &SkinPart::inFormatBar), 10);
+    EXPECT_FALSE(PartWith(parts, kActionClose)->inFormatBar);
+    const SkinPart* list = PartWith(parts, kActionNone, EditorKey::kCheckList);
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(list->pressed && list->inFormatBar && list->name == u"Check list");
+    EXPECT_EQ(list->key, u"Ctrl+Shift+X");
+    for (view.window.width = MinimumSize(skin).width; view.window.width <= 320; ++view.window.width) {
+      for (const SkinElement& element : skin.elements) {
+        const Rect area = ElementRect(element, view);
+        if (element.kind != ElementKind::kButton || !IsShown(element, view)) continue;
+        EXPECT_LE(area.right, view.window.width) << ToUtf8(element.name);
+      }
+    }
+  }
 }
 
 TEST(SkinParts, OfASkinFromElsewhereStayInTheWindow) {

@@ -344,6 +344,12 @@ TEST_F(EditorTest, CheckListsGoOnAreTickedAndEnd) {
   Do(kActionUndo);
   EXPECT_EQ(text(), u"\u2610 a\r\n");
 
+  edit_.SetPlainText(u"\u2610 " + Text(200, u'w') + u"\r\nplain");
+  Select(190, 190);
+  EXPECT_TRUE(Facts().checkList) << "further lines of an item belong to it";
+  Select(205, 205);
+  EXPECT_FALSE(Facts().checkList);
+
   edit_.SetPlainText(u"one\r\ntwo\r\nthree");
   Select(1, 5);
   Press('X', 0, true, true);

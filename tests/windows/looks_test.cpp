@@ -54,7 +54,7 @@ TEST_F(LooksTest, NotesAndWindowsFollowTheSystemWhileRecordsAndFilesStay) {
       StartProgramWith({blue, own}, u"Debug=0\nSkin=Paper\nTakeBackups=0\nManageWindow=0,420,700,330"));
   const HWND note = NoteTitled(u"Blue");
   ASSERT_NE(note, nullptr);
-  constexpr Point kInBlue{400, 320};
+  constexpr Point kInBlue{400, 290};
   constexpr Point kInOwn{700, 320};
   EXPECT_TRUE(Shows(kInBlue, kPapers[4]));
   ASSERT_TRUE(ClickIntoText(note));

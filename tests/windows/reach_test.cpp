@@ -184,7 +184,7 @@ TEST_F(ReachTest, TheKeyboardGoesToTheButtonsAndBack) {
   const LONG text = PartNamed(*object, u"Text").number;
   EXPECT_TRUE(WaitUntil([&] { return FocusOf(*object) == text; }));
   const Listener listener(*program_);
-  PressKeys({VK_F6});
+  PressKeys({VK_SHIFT, VK_F6});
   EXPECT_TRUE(listener.Hears(EVENT_OBJECT_FOCUS, note, 1));
   const LONG pin = PartNamed(*object, u"On top").number;
   while (FocusOf(*object) != pin && FocusOf(*object) > 0) {
@@ -198,6 +198,17 @@ TEST_F(ReachTest, TheKeyboardGoesToTheButtonsAndBack) {
   EXPECT_TRUE(WaitUntil([&] { return FocusOf(*object) == text + 1; }));
   TypeText(u"x");
   EXPECT_TRUE(WaitUntil([&] { return TextOf(u"AA01").find(u'x') != Text::npos; }));
+  // F6 alone goes to the bar at the foot, whose buttons follow the caret.
+  PressKeys({VK_F6});
+  const Spoken bold = PartNamed(*object, u"Bold");
+  EXPECT_TRUE(WaitUntil([&] { return FocusOf(*object) == bold.number; }));
+  PressKeys({VK_SPACE});
+  const auto pressed = [&] { return (PartOf(*object, bold.number).state & STATE_SYSTEM_PRESSED) != 0; };
+  EXPECT_TRUE(WaitUntil(pressed));
+  PressKeys({VK_ESCAPE});
+  TypeText(u"y");
+  PressKeys({VK_HOME});
+  EXPECT_TRUE(WaitUntil([&] { return !pressed(); }));
   EXPECT_TRUE(Saved(u"AA01").onTop);
 }
 

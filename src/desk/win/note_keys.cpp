@@ -19,7 +19,7 @@ void GoTo(BJotlet* jotlet) {
 
 void Serve(OpenNotes& desktop, BJotlet& jotlet, const WindowKey& key) {
   if (key.toNote != 0) return GoTo(desktop.Neighbour(jotlet, key.toNote));
-  if (key.toParts) return jotlet.GoToParts();
+  if (key.toParts != 0) return jotlet.GoToParts(key.toParts < 0);
   if (key.move != Point{}) return jotlet.MoveByKey(key.move);
   jotlet.GrowByKey(key.grow);
 }

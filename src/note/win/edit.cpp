@@ -79,7 +79,7 @@ bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatche
   SetBackground(look.background);
   SendMessageW(edit_, EM_EXLIMITTEXT, 0, kLongestText);
   SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
-  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_REQUESTRESIZE | ENM_LINK);
+  SendMessageW(edit_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_REQUESTRESIZE | ENM_LINK | ENM_SELCHANGE);
   return true;
 }
 
@@ -153,6 +153,7 @@ LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   }
   const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
   if (message == WM_PAINT) watcher_->OnEditScrolled();
+  if (message == WM_LBUTTONUP) watcher_->OnEditSelection();
   if (message == WM_MOUSEMOVE && !trackingMouse_) {
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, edit, 0};
     trackingMouse_ = TrackMouseEvent(&track) != 0;
@@ -210,6 +211,7 @@ void BEdit::OnLink(const ENLINK& link) {
 
 void BEdit::OnNotify(const NMHDR& header) {
   if (header.code == EN_LINK) OnLink(reinterpret_cast<const ENLINK&>(header));
+  if (header.code == EN_SELCHANGE) watcher_->OnEditSelection();
   if (header.code != EN_REQUESTRESIZE) return;
   const RECT& wanted = reinterpret_cast<const REQRESIZE&>(header).rc;
   textHeight_ = static_cast<std::int32_t>(wanted.bottom - wanted.top);

@@ -25,6 +25,8 @@ class EditWatcher {
   virtual ~EditWatcher() = default;
   /// The text may have been scrolled, or have another height.
   virtual void OnEditScrolled() = 0;
+  /// The caret or the selection is elsewhere, or the mouse has let go of it.
+  virtual void OnEditSelection() {}
   /// The mouse has come over the editor, or has left it.
   virtual void OnEditMouse() = 0;
   /// The user wants a link followed; `target` is of `LinkTarget`.

@@ -54,6 +54,11 @@ EditStyle HeadingStyle(const BEdit& edit, const TypingSettings& settings) {
 
 }  // namespace
 
+bool IsInCheckList(const BEdit& edit) {
+  const auto paragraph = ParagraphAt(edit, edit.Selection().cpMin);
+  return paragraph && HasBox(paragraph->text);
+}
+
 void EditAids::End(BEdit& edit) {
   undone_ = 0;
   SendMessageW(edit.Handle(), EM_STOPGROUPTYPING, 0, 0);

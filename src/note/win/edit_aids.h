@@ -31,6 +31,9 @@ struct EditParagraph {
   std::size_t caret = 0;
 };
 
+/// Whether the first paragraph of the selection is an item of a check list.
+bool IsInCheckList(const BEdit& edit);
+
 class EditAids {
  public:
   /// A character was put in by typing.

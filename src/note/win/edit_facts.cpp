@@ -54,6 +54,7 @@ EditFacts BEdit::Facts(const HighlightColours& highlights) const {
   facts.underline = (effects & CFE_UNDERLINE) != 0;
   facts.strikethrough = (effects & CFE_STRIKEOUT) != 0;
   facts.rtl = (paragraphs.dwMask & PFM_RTLPARA) != 0 && (paragraphs.wEffects & PFE_RTLPARA) != 0;
+  facts.checkList = IsInCheckList(*this);
   facts.alignment = AlignmentOf(paragraphs);
   facts.bullets = BulletsOf(paragraphs);
   facts.highlight = HighlightOf(characters, highlights);

@@ -187,6 +187,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   HWND ContentWindow() const override { return content_->ContentWindow(); }
   void FocusContent() override { SetFocus(FocusWindow()); }
   Text WordsOfState(SkinState state) const;
+  void DoInEditor(EditorKey key) override;
+  void ShowFormat(bool hadBar);
+  void OfferButtonTip(Point at);
   ScrollState Scrolled() const override;
   void Invalidate(const SkinView& before) override;
 
@@ -204,6 +207,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool ShowFrame(const AnimationFrame& frame);
   void OnEditScrolled() override;
   void OnEditMouse() override;
+  void OnEditSelection() override {
+    if (hasFocus_) UpdateView();
+  }
   void OnEditLink(const Text& target) override;
   bool HasDirectionKeys() override {
     return !context_.options.noRtlKeys && (context_.options.rtl || HasRightToLeftKeyboard());

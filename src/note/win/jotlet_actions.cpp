@@ -28,6 +28,7 @@ std::int32_t BJotlet::GetJotletHeight() {
 std::int32_t BJotlet::HeightOfContent() {
   SkinView whole = view_;
   whole.rolled = false;
+  whole.states.Set(SkinState::kFormatBar, false);
   whole.window = {Scaled(record_.width), Scaled(context_.options.defaultHeight)};
   const Rect area = TextArea(skin_->data, whole);
   content_->SetBounds(area);

@@ -7,6 +7,31 @@
 #include "note/win/note_words.h"
 
 namespace jotlets {
+namespace {
+
+bool ShowsCaret(const BEdit& edit) {
+  POINTL at{};
+  SendMessageW(edit.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&at), edit.Selection().cpMax);
+  RECT client{};
+  GetClientRect(edit.Handle(), &client);
+  return at.y >= client.top && at.y < client.bottom;
+}
+
+// The caret stays in sight; a text that is scrolled away from it stays where it is.
+void SetBoundsAroundCaret(ShownContent& content, BEdit* edit, const Rect& bounds) {
+  const bool shown = edit != nullptr && ShowsCaret(*edit);
+  content.SetBounds(bounds);
+  if (shown) SendMessageW(edit->Handle(), EM_SCROLLCARET, 0, 0);
+}
+
+bool HoldsMouse(const BEdit& edit) {
+  POINT mouse{};
+  GetCursorPos(&mouse);
+  return GetAsyncKeyState(VK_LBUTTON) < 0 &&
+         (GetCapture() == edit.Handle() || WindowFromPoint(mouse) == edit.Handle());
+}
+
+}  // namespace
 
 ShownContent::Look BJotlet::ContentLook() const {
   const auto& contrast = context_.theme.Now().contrast;
@@ -178,11 +203,35 @@ void BJotlet::FillView() {
   view_.rolled = IsShownRolled(record_, Rolling());
   // A note that is selected with others looks like the one that has the focus.
   view_.focus = hasFocus_ || selected_;
+  const bool hadBar = view_.states.Has(SkinState::kFormatBar);
   view_.states = States();
+  ShowFormat(hadBar);
+}
+
+// The bar is there while one writes. It does not come under a mouse that selects text.
+void BJotlet::ShowFormat(bool hadBar) {
+  const BEdit* edit = Editor();
+  const bool writes = hasFocus_ && edit != nullptr && !edit->IsReadOnly() && context_.options.formatBar;
+  if (!writes || !HasRoomForFormatBar(skin_->data, view_) || (!hadBar && HoldsMouse(*edit))) return;
+  SkinStates& states = view_.states;
+  const EditFacts facts = owner_.FactsOf(*this).edit;
+  states.Set(SkinState::kFormatBar, true);
+  states.Set(SkinState::kCheckLists, context_.options.typingAids);
+  states.Set(SkinState::kBold, facts.bold);
+  states.Set(SkinState::kItalic, facts.italic);
+  states.Set(SkinState::kUnderline, facts.underline);
+  states.Set(SkinState::kStrikethrough, facts.strikethrough);
+  states.Set(SkinState::kBullets, facts.bullets == Bullets::kNormal);
+  states.Set(SkinState::kCheckList, facts.checkList);
+  states.Set(SkinState::kHighlight, facts.highlight && *facts.highlight != Highlight::kNoHighlight);
 }
 
 // What changes most often, the button under the mouse and the thumb, changes little of the window.
 void BJotlet::Invalidate(const SkinView& before) {
+  // The bar at the foot has come or gone.
+  const Rect text = TextArea(skin_->data, view_);
+  if (before.window == view_.window && text != TextArea(skin_->data, before))
+    SetBoundsAroundCaret(*content_, Editor(), text);
   SkinView rest = before;
   rest.hotButton = view_.hotButton;
   rest.thumb = view_.thumb;

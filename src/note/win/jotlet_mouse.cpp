@@ -80,9 +80,21 @@ void BJotlet::GrowByKey(Size growth) {
 
 void BJotlet::OnHover(Point at) {
   const SkinData& skin = skin_->data;
-  if (!skin.titleTooltip || !skin.titlebar || shownTitle_.empty()) return;
+  if (!skin.titleTooltip) return;
+  if (view_.hotButton != kNoElement) return OfferButtonTip(at);
+  if (!skin.titlebar || shownTitle_.empty()) return;
   const Rect area = ResolveCorners(*skin.titlebar, {view_.window, {}});
   if (area.Contains(at)) title_.tooltip.Offer(Handle(), skin, area, shownTitle_, context_.theme);
+}
+
+void BJotlet::OfferButtonTip(Point at) {
+  const std::vector<SkinPart> parts = SkinParts();
+  const std::optional<std::size_t> found = jotlets::PartAt(parts, at);
+  if (!found) return;
+  const SkinPart& part = parts[*found];
+  if (part.role < PartRole::kButton || part.role > PartRole::kMenuButton) return;
+  const Text tip = part.key.empty() ? part.name : part.name + u"  " + part.key;
+  title_.tooltip.Offer(Handle(), skin_->data, part.area, tip, context_.theme);
 }
 
 // The mouse leaves the frame when it comes over the editor, but is still over the note.

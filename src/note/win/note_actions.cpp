@@ -29,6 +29,11 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
      [](BJotlet& j, std::int32_t percent, bool) { j.SetTransparency(percent); }},
 };
 
+void BJotlet::DoInEditor(EditorKey key) {
+  if (BEdit* edit = Editor()) edit->Do(key);
+  UpdateView();
+}
+
 bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
   if (!StateOf(action, owner_.FactsOf(*this)).enabled) return false;
@@ -37,8 +42,11 @@ bool BJotlet::DoAction(ActionCode action, Point at) {
   // The menu of a sounding note offers to let it sound again later.
   if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const NoteAction& row = RowOf(action);
-  if (row.by == ActionBy::kEditor)
-    return Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing());
+  if (row.by == ActionBy::kEditor) {
+    const bool done = Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing());
+    UpdateView();
+    return done;
+  }
   const ActionHandler* handler = HandlerOf(kHandlers, row);
   if (handler == nullptr) return owner_.OnJotletAction(*this, action);
   // All notes of a selection take the state that this one takes.

@@ -14,6 +14,7 @@ namespace {
 // Parts are known by what they do; what does nothing, by its place.
 constexpr LPARAM kTitleCommand = 1000;
 constexpr LPARAM kContentCommand = 1001;
+constexpr LPARAM kFirstEditing = 1010;
 constexpr LPARAM kFirstState = 1100;
 
 bool IsContent(PartRole role) { return role == PartRole::kText || role == PartRole::kPicture; }
@@ -22,6 +23,7 @@ LPARAM CommandOf(const std::vector<SkinPart>& parts, std::size_t index) {
   const SkinPart& part = parts[index];
   if (part.role == PartRole::kTitle) return kTitleCommand;
   if (part.role == PartRole::kState) return kFirstState + static_cast<LPARAM>(index);
+  if (part.editing != EditorKey::kNothing) return kFirstEditing + static_cast<LPARAM>(part.editing);
   return IsContent(part.role) ? kContentCommand : LPARAM{part.action};
 }
 
@@ -46,7 +48,7 @@ LONG SpokenState(const SkinPart& part) {
 }
 
 std::uint32_t VerbOf(const SkinPart& part) {
-  if (part.action == kActionNone) return 0;
+  if (part.action == kActionNone && part.editing == EditorKey::kNothing) return 0;
   if (part.role == PartRole::kTitle) return IDS_PART_EDIT;
   return part.role == PartRole::kMenuButton ? IDS_PART_OPEN : IDS_PART_PRESS;
 }
@@ -96,30 +98,49 @@ void SkinnedWindow::UsePart(AccessibleWindow::Use use, LPARAM command) {
   for (std::size_t i = 0; i < parts.size(); ++i) {
     if (CommandOf(parts, i) != command) continue;
     if (use == kTakeFocus) return IsContent(parts[i].role) ? LeaveParts() : FocusPart(command);
-    if (!parts[i].unavailable && parts[i].action != kActionNone) DoSkinAction(parts[i].action, {});
+    if (!parts[i].unavailable) DoButton(parts[i].action, parts[i].editing, {});
     return;
   }
 }
 
-// Those that the keyboard goes to, one group behind the other.
-std::vector<LPARAM> SkinnedWindow::PartsForKeys() const {
+void SkinnedWindow::DoButton(ActionCode action, EditorKey editing, Point at) {
+  if (action != kActionNone) {
+    DoSkinAction(action, at);
+  } else if (editing != EditorKey::kNothing) {
+    DoInEditor(editing);
+  }
+}
+
+// Those that the keyboard goes to.
+std::vector<LPARAM> SkinnedWindow::PartsForKeys(bool atFoot) const {
   const std::vector<SkinPart> parts = SkinParts();
   std::vector<LPARAM> found;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const SkinPart& part = parts[i];
-    if (part.action != kActionNone && !part.invisible && !part.unavailable)
+    const bool acts = part.action != kActionNone || part.editing != EditorKey::kNothing;
+    if (acts && part.inFormatBar == atFoot && !part.invisible && !part.unavailable)
       found.push_back(CommandOf(parts, i));
   }
   return found;
 }
 
+bool SkinnedWindow::IsAtFoot() const {
+  const std::vector<LPARAM> parts = PartsForKeys(true);
+  return std::ranges::find(parts, focusedPart_) != parts.end();
+}
+
 // With the keyboard at one of its parts the window looks as under the mouse, so that all of them are seen.
-void SkinnedWindow::GoToParts() {
-  if (focusedPart_ != 0) return LeaveParts();
-  SetForegroundWindow(Handle());
+void SkinnedWindow::GoToParts(bool backwards) {
+  const bool toFoot = (focusedPart_ != 0) == backwards;
+  const bool leaves = focusedPart_ != 0 && IsAtFoot() == toFoot;
+  if (leaves) return LeaveParts();
+  const bool came = focusedPart_ == 0;
+  if (came) SetForegroundWindow(Handle());
   focusedPart_ = kTitleCommand;
   UpdateView();
-  const std::vector<LPARAM> parts = PartsForKeys();
+  std::vector<LPARAM> parts = PartsForKeys(toFoot);
+  // Without a bar at the foot the way is shorter.
+  if (parts.empty() && came) parts = PartsForKeys(false);
   if (parts.empty()) return LeaveParts();
   FocusPart(parts.front());
 }
@@ -148,9 +169,9 @@ Rect SkinnedWindow::FocusedPlace() const {
 }
 
 bool SkinnedWindow::OnPartKey(WPARAM key) {
-  if (key == VK_F6) return GoToParts(), true;
+  if (key == VK_F6) return GoToParts(GetKeyState(VK_SHIFT) < 0), true;
   if (focusedPart_ == 0) return false;
-  const std::vector<LPARAM> parts = PartsForKeys();
+  const std::vector<LPARAM> parts = PartsForKeys(IsAtFoot());
   const auto at = std::ranges::find(parts, focusedPart_);
   // What has gone meanwhile, as a button that the window has become too narrow for, leaves the keyboard
   // behind.

@@ -151,7 +151,7 @@ void SkinnedWindow::OnButtonUp(Point at) {
   ReleaseCapture();
   if (ofContent) return DropContent(at);
   if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
-    DoSkinAction(skin_->data.elements[button].action, at);
+    DoButton(skin_->data.elements[button].action, EditingOf(skin_->data.elements[button]), at);
 }
 
 void SkinnedWindow::EndDrag() {

@@ -28,8 +28,9 @@ class SkinnedWindow : public Window, public AccessibleWindow {
     Destroy();
   }
   const LoadedSkin& Skin() const { return *skin_; }
-  /// Takes the keyboard to the title and the buttons, or from there back to the content.
-  void GoToParts();
+  /// Takes the keyboard to the buttons at the foot, from there to the title and the other buttons, and back
+  /// to the content; or the other way round.
+  void GoToParts(bool backwards);
 
  protected:
   /// To be called before the window is created, where its place is to be.
@@ -54,6 +55,7 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   /// Carries out the command of a skin button, or of a double click. False for none of the window's. The
   /// window may be gone when the call returns.
   virtual bool DoSkinAction(ActionCode action, Point at) = 0;
+  virtual void DoInEditor(EditorKey) {}
   /// The windows that this one snaps to.
   virtual std::vector<Rect> WindowsToSnapTo() const = 0;
 
@@ -153,8 +155,10 @@ class SkinnedWindow : public Window, public AccessibleWindow {
 
  private:
   Size SmallestSize(const SkinData& skin) const;
-  std::vector<LPARAM> PartsForKeys() const;
+  std::vector<LPARAM> PartsForKeys(bool atFoot) const;
+  bool IsAtFoot() const;
   void FocusPart(LPARAM command);
+  void DoButton(ActionCode action, EditorKey editing, Point at);
   void LeaveParts();
   Rect FocusedPlace() const;
   std::int32_t RolledHeight(const SkinData& skin) const;

@@ -55,12 +55,17 @@ void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, co
     return;
   }
   if (title == title_ && area == area_) return;
-  title_ = title;
-  area_ = area;
   Text tip = TipOf(title);
   TOOLINFOW tool = ToolOf(window, area, tip);
-  SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
-  SendMessageW(tooltip_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+  // Elsewhere it is another one, which waits for the mouse to rest.
+  if (area != area_) {
+    SendMessageW(tooltip_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  } else {
+    SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+  title_ = title;
+  area_ = area;
 }
 
 void TitleTooltip::Forget() {

@@ -1,4 +1,5 @@
-// Shows a note's title beside the mouse while it rests on the title bar.
+// Shows a note's title beside the mouse while it rests on the title bar, and what a button does while it
+// rests there.
 #pragma once
 
 #include <windows.h>
