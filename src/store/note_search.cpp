@@ -30,6 +30,7 @@ void NoteSearch::Stop() {
   EndSearch();
   indexer_.Stop();
   searcher_.Stop();
+  builder_.Close();
   reads_.Close();
   index_.Close();
   folder_.clear();

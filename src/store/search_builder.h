@@ -18,6 +18,8 @@ class SearchBuilder {
   void Begin(TextView dataFolder, std::vector<SearchEntry> notes);
   /// Goes on for a moment; false when all is done, or the index is damaged.
   bool Step();
+  /// Lets go of the store's file.
+  void Close() { store_.Close(); }
   /// Whether something could not be written since the beginning.
   bool HasFailed() const { return failed_; }
   /// Takes news in, which count more than what is still to be compared. False when the index fails.

@@ -235,13 +235,15 @@ void Program::HoldStill(bool still) {
   undo_.End();
   if (still) listeners_.Send({EventKind::kRestoring});
   state_.exiting = still;
-  if (state_.ready) search_.Restart(!still);
   notes_.Enable(!still);
   sleeping_.Enable(!still);
   stacks_.Enable(!still);
   managed_.Dialog().Enable(!still);
   optionCommands_.Dialog().Enable(!still);
+  // The search reads the store: it ends first and begins last.
+  if (state_.ready && still) search_.Stop();
   still ? store_.Close() : OpenStore();
+  if (state_.ready && !still) search_.Start();
   // What was not saved before is tried again.
   if (!still) desk_.Changed();
 }

@@ -11,11 +11,6 @@ ProgramSearch::ProgramSearch(const Files& files, const Clock& clock, Log& log, c
       search_({files, clock, log, [this] { return desk_.Searched().All(); },
                [this] { window_.Post(kSearchMessage); }}) {}
 
-void ProgramSearch::Restart(bool runs) {
-  if (!runs) return Stop();
-  if (!search_.IsRunning()) Start();
-}
-
 void ProgramSearch::OnChanged() {
   if (!std::exchange(comes_, true)) window_.Start(ProgramTimer::kSearch);
 }

@@ -19,7 +19,6 @@ class ProgramSearch {
   void Start() { search_.Start(desk_.Folder()); }
   /// The files are about to be replaced or moved, or the program ends.
   void Stop() { search_.Stop(); }
-  void Restart(bool runs);
 
   /// A note or a list has changed.
   void OnChanged();
