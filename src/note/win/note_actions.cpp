@@ -43,8 +43,10 @@ bool BJotlet::DoAction(ActionCode action, Point at) {
   if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const NoteAction& row = RowOf(action);
   if (row.by == ActionBy::kEditor) {
+    const HWND window = Handle();
     const bool done = Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing());
-    UpdateView();
+    // A link may ask first, and the note may be gone when that is answered.
+    if (IsWindow(window) != 0) UpdateView();
     return done;
   }
   const ActionHandler* handler = HandlerOf(kHandlers, row);
