@@ -3,20 +3,10 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "ui/handle.h"
+#include "ui/areas.h"
 
 namespace jotlets {
 namespace {
-
-constexpr COLORREF kHitPaper = RGB(0xFF, 0xE5, 0x8A);
-constexpr COLORREF kHitInk = RGB(0x1F, 0x1F, 0x1F);
-
-bool IsHighContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
-         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 int WidthOf(HDC context, TextView text) {
   SIZE size{};
@@ -40,13 +30,15 @@ Text Fitted(HDC context, TextView text, int width) {
 
 }  // namespace
 
-MarkedColours RowColours(bool selected) {
+// Where the system's own colours hold, what is chosen and what was found share one: the second is underlined.
+MarkedColours RowColours(const Theme& theme, bool selected) {
+  const WindowColours& all = theme.Colours();
   MarkedColours colours;
-  colours.brush = GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
-  colours.ink = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-  colours.underlined = IsHighContrast();
-  colours.hitPaper = colours.underlined ? GetSysColor(COLOR_HIGHLIGHT) : kHitPaper;
-  colours.hitInk = colours.underlined ? GetSysColor(COLOR_HIGHLIGHTTEXT) : kHitInk;
+  colours.paper = selected ? all.chosen : all.field;
+  colours.ink = selected ? all.chosenText : all.text;
+  colours.underlined = theme.Now().contrast.has_value();
+  colours.hitPaper = all.match;
+  colours.hitInk = colours.underlined ? all.chosenText : all.text;
   return colours;
 }
 
@@ -59,8 +51,8 @@ void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, cons
     first = std::min(first, line.size());
     const Text part = line.substr(first, std::min(last, line.size()) - first);
     if (part.empty()) return;
-    SetTextColor(context, hit ? colours.hitInk : colours.ink);
-    SetBkColor(context, colours.hitPaper);
+    SetTextColor(context, ToCOLORREF(hit ? colours.hitInk : colours.ink));
+    SetBkColor(context, ToCOLORREF(colours.hitPaper));
     SetBkMode(context, hit ? OPAQUE : TRANSPARENT);
     const int width = WidthOf(context, part);
     TextOutW(context, left, static_cast<int>(bounds.top), Wide(part), static_cast<int>(part.size()));
@@ -69,7 +61,7 @@ void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, cons
       GetTextMetricsW(context, &metric);
       const RECT under{left, bounds.top + metric.tmAscent + 1, left + width,
                        bounds.top + metric.tmAscent + 2};
-      FillRect(context, &under, GetSysColorBrush(COLOR_HIGHLIGHTTEXT));
+      FillArea(context, under, colours.hitInk);
     }
     left += width;
   };

@@ -6,19 +6,20 @@
 #include <vector>
 
 #include "store/search_hits.h"
+#include "ui/theme.h"
 
 namespace jotlets {
 
 struct MarkedColours {
-  HBRUSH brush = nullptr;  // of the system, behind all
-  COLORREF ink = 0;
-  COLORREF hitPaper = 0;
-  COLORREF hitInk = 0;
+  Colour paper;  // behind all
+  Colour ink;
+  Colour hitPaper;
+  Colour hitInk;
   bool underlined = false;  // hits
 };
 
-/// The colours of a row in a list.
-MarkedColours RowColours(bool selected);
+/// The colours of a row in a list, in the look of the program.
+MarkedColours RowColours(const Theme& theme, bool selected);
 
 /// Draws as much of a line as fits into `bounds`, from its upper left corner on.
 void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, const std::vector<TextPart>& hits,

@@ -10,6 +10,7 @@
 #include "note/frame_layout.h"
 #include "res/find_numbers.h"
 #include "res/resource.h"
+#include "ui/areas.h"
 #include "ui/screen.h"
 #include "ui/window.h"
 
@@ -239,6 +240,7 @@ std::optional<LRESULT> BQuickFindDlg::OnMessage(UINT message, WPARAM wParam, LPA
 }
 
 HBRUSH BQuickFindDlg::OnColours(HDC context, HWND) {
+  if (Look().IsDark()) return nullptr;
   SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
   SetBkColor(context, GetSysColor(COLOR_WINDOW));
   return GetSysColorBrush(COLOR_WINDOW);
@@ -247,14 +249,13 @@ HBRUSH BQuickFindDlg::OnColours(HDC context, HWND) {
 void BQuickFindDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.itemID >= answer_.results.size()) return;
   const SearchResult& result = answer_.results[item.itemID];
-  const MarkedColours colours = RowColours((item.itemState & ODS_SELECTED) != 0);
+  const MarkedColours colours = RowColours(Look(), (item.itemState & ODS_SELECTED) != 0);
   const RECT& row = item.rcItem;
-  FillRect(item.hDC, &row, colours.brush);
+  FillArea(item.hDC, row, colours.paper);
   const int gap = Scaled(8);
   const RECT bar{row.left + gap, row.top + gap, row.left + gap + Scaled(kBarWidth), row.bottom - gap};
-  const UniqueBrush paper(CreateSolidBrush(ToCOLORREF(result.note.colour)));
-  FillRect(item.hDC, &bar, paper.get());
-  FrameRect(item.hDC, &bar, GetSysColorBrush(COLOR_GRAYTEXT));
+  FillArea(item.hDC, bar, result.note.colour);
+  FrameArea(item.hDC, bar, Look().Colours().edge);
   const int left = static_cast<int>(bar.right) + gap;
   const int where = static_cast<int>(row.right) - Scaled(kWhereWidth);
   const Text title = TitleOf(result);
