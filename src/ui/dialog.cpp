@@ -15,13 +15,18 @@ INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
 
 bool Dialog::Open(const Resources& resources, UINT id, HWND parent) {
   modal_ = false;
+  cameFrom_ = GetForegroundWindow();
   theme_ = &resources.Look();
   return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), parent, Procedure,
                             reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
+// The window that was worked with before has the keyboard again: the system would give it to any of ours.
 void Dialog::Close() {
-  if (dialog_ != nullptr) DestroyWindow(dialog_);
+  if (dialog_ == nullptr) return;
+  const HWND back = GetForegroundWindow() == dialog_ ? cameFrom_ : nullptr;
+  DestroyWindow(dialog_);
+  if (back != nullptr && IsWindowVisible(back)) SetForegroundWindow(back);
 }
 
 Text Dialog::ItemText(int control) const {

@@ -61,6 +61,7 @@ class Dialog {
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;
+  HWND cameFrom_ = nullptr;
   bool modal_ = true;
   const Theme* theme_ = nullptr;  // from when it is shown first
 };

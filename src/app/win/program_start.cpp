@@ -7,6 +7,7 @@
 #include "data/data_folder.h"
 #include "data/journal_replay.h"
 #include "data/saving.h"
+#include "note/papers.h"
 #include "note/text_style.h"
 #include "res/resource.h"
 #include "ui/choice_dialog.h"
@@ -144,6 +145,8 @@ void Program::ChooseFirstLook() {
   options.skin = kPaperSkin;
   options.defaultWidth = options.defaultHeight = kSide;
   options.shadows = true;
+  // Of the named papers, which turn dark where everything does.
+  options.newJotletColour = ColourNumber(kPapers[0].r, kPapers[0].g, kPapers[0].b);
   ApplyOptions();
 }
 
