@@ -100,10 +100,21 @@ SettingFault SettingsDraft::Enter(const SettingRow& row, TextView text) {
   return entered.fault;
 }
 
+const SettingRow* SettingsDraft::SameHotKey(const SettingRow& row) const {
+  const auto rows = SettingRows();
+  const std::int32_t key = row.control == SettingControl::kHotKey ? Value(row).number : 0;
+  const auto found = std::ranges::find_if(rows, [&](const SettingRow& other) {
+    return other.control == SettingControl::kHotKey && other.id != row.id && Value(other).number == key;
+  });
+  return key == 0 || found == rows.end() ? nullptr : &*found;
+}
+
 const SettingRow* SettingsDraft::FirstFault() const {
   const auto rows = SettingRows();
-  const auto found = std::ranges::find_if(
-      rows, [this](const SettingRow& row) { return faults_.contains(row.id) && IsEnabled(row); });
+  const auto found = std::ranges::find_if(rows, [this](const SettingRow& row) {
+    const bool twice = IsChanged(row) && SameHotKey(row) != nullptr;
+    return (faults_.contains(row.id) || twice) && IsEnabled(row);
+  });
   return found == rows.end() ? nullptr : &*found;
 }
 

@@ -41,7 +41,10 @@ class SettingsDraft {
   void Set(const SettingRow& row, const SettingValue& value);
   /// What the user has typed, which counts as soon as it has no fault.
   SettingFault Enter(const SettingRow& row, TextView text);
-  /// The first row, in their order, with a fault that has not been mended; nullptr for none.
+  /// Another hot key that is the same; nullptr for none.
+  const SettingRow* SameHotKey(const SettingRow& row) const;
+  /// The first row, in their order, with a fault that has not been mended; nullptr for none. A hot key that
+  /// the user has made the same as another has one.
   const SettingRow* FirstFault() const;
 
   /// Everything on a page as it is in a new program, but for what is fixed.

@@ -126,6 +126,11 @@ TEST(SettingsDraft, TakesNothingThatIsWrong) {
   draft.Enter(Row(98), u"one");
   EXPECT_EQ(draft.Enter(Row(2), u"x"), SettingFault::kNotANumber);
   EXPECT_EQ(draft.FirstFault(), nullptr);
+  // Only one of two equal hot keys would ever be heard.
+  draft.Set(Row(141), draft.Value(Row(142)));
+  EXPECT_TRUE(draft.SameHotKey(Row(141)) == &Row(142) && draft.FirstFault() == &Row(141));
+  draft.Set(Row(141), {0, {}});
+  EXPECT_EQ(draft.FirstFault(), nullptr) << "two without a key are not the same";
 }
 
 TEST(SettingsDraft, LeavesWhatIsFixedAndWhatChangedMeanwhile) {

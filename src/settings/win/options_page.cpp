@@ -312,12 +312,9 @@ Text BOpTab::Doubt(const SettingControls& setting) const {
   const SettingRow& row = setting.Row();
   const Text entered = setting.Entered();
   if (row.control == SettingControl::kHotKey) {
-    const std::int32_t key = context_.draft.Value(row).number;
-    for (const SettingRow& other : SettingRows())
-      if (key != 0 && other.control == row.control && other.id != row.id &&
-          context_.draft.Value(other).number == key)
-        return ReplaceAll(context_.resources.String(IDS_SETTING_KEY_TWICE), u"%s",
-                          context_.resources.String(IDS_SETTING + other.id));
+    if (const SettingRow* other = context_.draft.SameHotKey(row))
+      return ReplaceAll(context_.resources.String(IDS_SETTING_KEY_TWICE), u"%s",
+                        context_.resources.String(IDS_SETTING + other->id));
   } else if (!entered.empty() && row.control == SettingControl::kSound) {
     const DWORD file = GetFileAttributesW(Wide(entered));
     if (file == INVALID_FILE_ATTRIBUTES || (file & FILE_ATTRIBUTE_DIRECTORY) != 0)
