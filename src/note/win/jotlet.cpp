@@ -27,6 +27,8 @@ BJotlet::BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr
       record_(*shared_),
       content_(MakeContent(record_, *this)) {}
 
+BJotlet::~BJotlet() = default;
+
 bool BJotlet::CreateWindowFor() {
   const std::int32_t dpi = DpiAt(BoundsFor(record_, {}).TopLeft());
   skin_ = context_.skins.OfNote(record_.skin, dpi);

@@ -27,6 +27,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// `record` has a place and a size, and is shared with whoever keeps the lists: not changed elsewhere while
   /// the note is open. `owner` and `context` outlive the note.
   BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr<JotletData> record);
+  /// In one place: the linker of MinGW takes the ways into it from each base for different ones.
+  ~BJotlet() override;
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();
