@@ -186,6 +186,7 @@ TEST_F(SearchIndexTest, ThatIsDamagedBeginsAnew) {
   index.Close();
   std::ifstream in(std::filesystem::path(path_), std::ios::binary);
   const std::string whole((std::istreambuf_iterator<char>(in)), {});
+  in.close();  // Windows keeps a file that is open
   std::mt19937 random(3);
   int emptied = 0;
   for (int round = 0; round < 60; ++round) {
