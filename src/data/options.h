@@ -110,7 +110,7 @@ struct Options {
   TextPair google;
   Text fontMru;
   std::array<std::int32_t, 4> manageWindow = {100, 100, 1120, 620};
-  std::array<std::int32_t, 4> manageWidths = {196, 50, 132, 132};
+  std::array<std::int32_t, 4> manageWidths = {200, 46, 150, 150};
   std::int32_t manageSorted = 0;
   std::int32_t manageWindowVisible = 0;
   std::int32_t manageWindowSearchWhat = 15;

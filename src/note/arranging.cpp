@@ -1,7 +1,6 @@
 #include "note/arranging.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace jotlets {
 namespace {
@@ -68,21 +67,20 @@ class Arranger {
   Rect area_;
   ArrangeSteps steps_;
   Point at_;
-  std::int32_t row_ = 0;    // arrangement high the row is, or arrangement wide the pile
+  std::int32_t row_ = 0;    // the height of the row, or the width of the pile
   std::int32_t shift_ = 0;  // of rows and piles that begin again
 };
 
-auto NumberOf(Colour colour) { return std::pair{colour.r * 256 + colour.g, colour.b}; }
-
-// The places of the notes of one monitor in the list: those of one colour together, in the order in which the
-// colours come first.
+// Those of one colour together, in the order in which the colours come first.
 void SortByColour(std::vector<std::size_t>& group, const std::vector<ArrangedNote>& notes) {
-  const auto firstOf = [&, order = group](std::size_t at) {
-    return std::ranges::find(order, NumberOf(notes[at].colour),
-                             [&](std::size_t other) { return NumberOf(notes[other].colour); }) -
-           order.begin();
-  };
-  std::ranges::stable_sort(group, {}, firstOf);
+  std::vector<Colour> colours;
+  std::vector<std::size_t> rank(notes.size());
+  for (const std::size_t at : group) {
+    const auto found = std::ranges::find(colours, notes[at].colour);
+    rank[at] = static_cast<std::size_t>(found - colours.begin());
+    if (found == colours.end()) colours.push_back(notes[at].colour);
+  }
+  std::ranges::stable_sort(group, {}, [&](std::size_t at) { return rank[at]; });
 }
 
 }  // namespace

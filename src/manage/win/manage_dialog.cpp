@@ -24,9 +24,10 @@ constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
 constexpr int kButtonWidth = 92;
 constexpr int kButtonGap = 6;
+constexpr int kStatusWidth = 90;  // at least
 constexpr int kSearchLabelWidth = 56;
 constexpr int kViewsWidth = 168;
-constexpr int kPreviewWidth = 264;
+constexpr int kPreviewWidth = 240;
 // Narrower windows have no room for the preview.
 constexpr int kWidthWithPreview = 900;
 
@@ -56,10 +57,6 @@ void BManageDlg::Activate() {
   if (!IsOpen()) return;
   if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
   SetForegroundWindow(Handle());
-}
-
-void BManageDlg::Enable(bool enabled) {
-  if (IsOpen()) EnableWindow(Handle(), enabled);
 }
 
 void BManageDlg::OnInit() {
@@ -113,12 +110,16 @@ void BManageDlg::Layout() {
   const int from = margin + views + margin;
   place(IDC_MANAGE_LIST, from, list, right - from, bottom - margin - list);
   preview_.Place(preview > 0 ? RectAt({right + margin, list}, {preview, bottom - margin - list}) : Rect());
+  std::vector<int> buttons;
+  for (std::size_t i = 0; i < kManageActions; ++i)
+    if (Offers(View(), static_cast<ManageAction>(i)))
+      buttons.push_back(IDC_MANAGE_ACTION + static_cast<int>(i));
+  const int step = std::min(scaled(kButtonWidth + kButtonGap),
+                            (width - scaled(kStatusWidth)) / static_cast<int>(buttons.size()));
   int left = margin;
-  for (std::size_t i = 0; i < kManageActions; ++i) {
-    const int button = IDC_MANAGE_ACTION + static_cast<int>(i);
-    if (!Offers(View(), static_cast<ManageAction>(i))) continue;
-    place(button, left, bottom, scaled(kButtonWidth), row);
-    left += scaled(kButtonWidth + kButtonGap);
+  for (const int button : buttons) {
+    place(button, left, bottom, step - scaled(kButtonGap), row);
+    left += step;
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
   table_.FitLastColumn();

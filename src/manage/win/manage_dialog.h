@@ -42,7 +42,9 @@ class BManageDlg final : public Dialog {
   void Activate();
   /// Shows a note of a place, and selects it, in the open window.
   void ShowNote(const ManagePlace& place, const Text& id);
-  void Enable(bool enabled);
+  void Enable(bool enabled) {
+    if (IsOpen()) EnableWindow(Handle(), enabled);
+  }
   HWND Window() const { return Handle(); }
 
   /// The notes may have changed: the open window looks at them once, shortly.

@@ -1,5 +1,7 @@
 #include "manage/win/manage_preview.h"
 
+#include <algorithm>
+
 #include "base/win/wide.h"
 #include "note/ink.h"
 #include "ui/window.h"
@@ -54,7 +56,19 @@ void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) 
   SetWindowTextW(title_, Wide(u"  " + row.title));
   SetWindowTextW(words_, Wide(words));
   Place(Rect(place_));
+  FitScrollBar();
   for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
+}
+
+// Only a text that goes on below has one.
+void ManagePreview::FitScrollBar() const {
+  ShowScrollBar(words_, SB_VERT, FALSE);
+  RECT inside{};
+  SendMessageW(words_, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  const int length = GetWindowTextLengthW(words_);
+  const LRESULT last = SendMessageW(words_, EM_POSFROMCHAR, static_cast<WPARAM>(std::max(length - 1, 0)), 0);
+  const bool goesOn = last != -1 && static_cast<short>(HIWORD(last)) >= inside.bottom;
+  ShowScrollBar(words_, SB_VERT, goesOn);
 }
 
 void ManagePreview::Hide() {

@@ -24,6 +24,8 @@ class ManagePreview {
   HBRUSH Colours(HDC dc, HWND control) const;
 
  private:
+  void FitScrollBar() const;
+
   HWND title_ = nullptr;
   HWND words_ = nullptr;
   Rect place_;

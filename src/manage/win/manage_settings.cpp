@@ -4,14 +4,22 @@
 
 #include "note/monitors.h"
 #include "note/win/monitor_setup.h"
+#include "ui/screen.h"
 #include "ui/window.h"
 
 namespace jotlets {
 
 void RestoreManageWindow(HWND window, const Options& options) {
   const auto& [left, top, width, height] = options.manageWindow;
-  const Size size{std::clamp(width, kSmallestManageWindow.width, 30000),
-                  std::clamp(height, kSmallestManageWindow.height, 30000)};
+  const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(window));
+  const auto scaled = [dpi](std::int32_t length) { return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI); };
+  Size size{std::clamp(width, scaled(kSmallestManageWindow.width), 30000),
+            std::clamp(height, scaled(kSmallestManageWindow.height), 30000)};
+  // One that nobody has sized yet is meant at 96 dots per inch.
+  if (options.manageWindow == Options().manageWindow) {
+    const Rect work = WorkAreaOf(window);
+    size = {std::min(scaled(width), work.Width() - left), std::min(scaled(height), work.Height() - top)};
+  }
   const Rect place = ShownPlace(RectAt({left, top}, size), ReadMonitors());
   SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);

@@ -9,7 +9,7 @@
 namespace jotlets {
 
 /// Pixels at 96 dots per inch.
-inline constexpr Size kSmallestManageWindow{560, 260};
+inline constexpr Size kSmallestManageWindow{640, 260};
 
 /// Puts the window where the options say, or where it can be seen.
 void RestoreManageWindow(HWND window, const Options& options);

@@ -91,6 +91,8 @@ class BEdit {
   void Select(CHARRANGE range);
   /// What holds for the selection now; `highlights` tell which back colour is which.
   EditFacts Facts(const HighlightColours& highlights) const;
+  /// Of these only how the selection is formatted, which asks nobody but the control.
+  EditFacts FormatFacts(const HighlightColours& highlights) const;
 
   /// Shows another colour for a while: all text keeps the ink that it has on its paper.
   void SetBackground(Colour colour);

@@ -38,17 +38,11 @@ std::optional<Highlight> HighlightOf(const CHARFORMAT2W& format, const Highlight
 
 }  // namespace
 
-EditFacts BEdit::Facts(const HighlightColours& highlights) const {
-  const CHARRANGE selection = Selection();
+EditFacts BEdit::FormatFacts(const HighlightColours& highlights) const {
   const CHARFORMAT2W characters = CharacterFormat(*this);
   const PARAFORMAT2 paragraphs = ParagraphFormat(*this);
   const DWORD effects = characters.dwMask & characters.dwEffects;
   EditFacts facts;
-  facts.readOnly = IsReadOnly();
-  facts.hasSelection = selection.cpMin != selection.cpMax;
-  facts.canUndo = !facts.readOnly && SendMessageW(edit_, EM_CANUNDO, 0, 0) != 0;
-  facts.canRedo = !facts.readOnly && SendMessageW(edit_, EM_CANREDO, 0, 0) != 0;
-  facts.canPaste = CanPaste();
   facts.bold = (effects & CFE_BOLD) != 0;
   facts.italic = (effects & CFE_ITALIC) != 0;
   facts.underline = (effects & CFE_UNDERLINE) != 0;
@@ -58,6 +52,17 @@ EditFacts BEdit::Facts(const HighlightColours& highlights) const {
   facts.alignment = AlignmentOf(paragraphs);
   facts.bullets = BulletsOf(paragraphs);
   facts.highlight = HighlightOf(characters, highlights);
+  return facts;
+}
+
+EditFacts BEdit::Facts(const HighlightColours& highlights) const {
+  const CHARRANGE selection = Selection();
+  EditFacts facts = FormatFacts(highlights);
+  facts.readOnly = IsReadOnly();
+  facts.hasSelection = selection.cpMin != selection.cpMax;
+  facts.canUndo = !facts.readOnly && SendMessageW(edit_, EM_CANUNDO, 0, 0) != 0;
+  facts.canRedo = !facts.readOnly && SendMessageW(edit_, EM_CANREDO, 0, 0) != 0;
+  facts.canPaste = CanPaste();
   return facts;
 }
 

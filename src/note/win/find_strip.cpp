@@ -15,6 +15,7 @@ namespace {
 
 constexpr wchar_t kStripClass[] = L"BraskJotletFind";
 constexpr int kHeight = 24;  // at the usual scale, as all of these
+constexpr int kWordsHeight = 20;
 constexpr int kButton = 22;
 constexpr int kCount = 62;
 constexpr int kMinWords = 60;
@@ -56,10 +57,10 @@ bool FindStrip::MakeControls(HWND note) {
   font_.reset(CreateFontW(-Scaled(12), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
                           CLEARTYPE_QUALITY, 0, L"Segoe UI"));
   const HWND words = make(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, kWords);
-  const HWND found = make(L"STATIC", L"", SS_CENTER | SS_CENTERIMAGE | SS_NOPREFIX, kFound);
-  for (const HWND control : {words, found})
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
+  make(L"STATIC", L"", SS_CENTER | SS_CENTERIMAGE | SS_NOPREFIX, kFound);
   for (const Button& button : kButtons) make(L"BUTTON", button.text, BS_PUSHBUTTON, button.control);
+  for (int control = kWords; control <= kClose; ++control)
+    SendDlgItemMessageW(Handle(), control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
   SetWindowSubclass(words, WatchWords, 0, reinterpret_cast<DWORD_PTR>(this));
   DressDialog(Handle(), watcher_.StripLook());
   return true;
@@ -113,7 +114,9 @@ void FindStrip::LayOut() {
   };
   for (const Button& button : kButtons) place(button.control, Scaled(kButton));
   place(kFound, right - Scaled(kCount) >= Scaled(kMinWords) ? Scaled(kCount) : 0);
-  MoveWindow(GetDlgItem(Handle(), kWords), 0, 1, std::max(right, 0), std::max(height - 2, 0), TRUE);
+  // The control writes at its top.
+  const int words = std::min(Scaled(kWordsHeight), height);
+  MoveWindow(GetDlgItem(Handle(), kWords), 0, (height - words) / 2, std::max(right, 0), words, TRUE);
 }
 
 void FindStrip::Find(FindStep step) {

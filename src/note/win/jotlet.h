@@ -29,6 +29,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   BJotlet(JotletOwner& owner, const NoteContext& context, std::shared_ptr<JotletData> record);
   /// In one place: the linker of MinGW takes the ways into it from each base for different ones.
   ~BJotlet() override;
+  BJotlet(const BJotlet&) = delete;
+  BJotlet& operator=(const BJotlet&) = delete;
 
   /// Creates the window, not yet shown; false when the system could not.
   bool CreateWindowFor();

@@ -214,7 +214,8 @@ void BJotlet::ShowFormat(bool hadBar) {
   const bool writes = hasFocus_ && edit != nullptr && !edit->IsReadOnly() && context_.options.formatBar;
   if (!writes || !HasRoomForFormatBar(skin_->data, view_) || (!hadBar && HoldsMouse(*edit))) return;
   SkinStates& states = view_.states;
-  const EditFacts facts = owner_.FactsOf(*this).edit;
+  // At every move of the caret: no more than what the bar shows.
+  const EditFacts facts = edit->FormatFacts(context_.editing().highlights);
   states.Set(SkinState::kFormatBar, true);
   states.Set(SkinState::kCheckLists, context_.options.typingAids);
   states.Set(SkinState::kBold, facts.bold);

@@ -10,6 +10,12 @@ bool MayMove(const BJotlet& note, bool lockingFreezes) {
          !(record.readOnly && lockingFreezes);
 }
 
+std::vector<Text> OpenIds(const OpenNotes& notes) {
+  std::vector<Text> ids;
+  for (const auto& note : notes.All()) ids.push_back(note->StoredRecord().id);
+  return ids;
+}
+
 }  // namespace
 
 void ArrangeNotes(Arrangement arrangement, OpenNotes& notes, UndoOffers& undo, const BJotlet& asked) {
@@ -18,12 +24,14 @@ void ArrangeNotes(Arrangement arrangement, OpenNotes& notes, UndoOffers& undo, c
   std::vector<Point> before;
   const Rect place = asked.Bounds();
   const std::int32_t dpi = asked.Dpi();
-  for (const auto& note : notes.All()) {
-    note->FinishAnimation();
-    if (!MayMove(*note, notes.NoteOptions().lockingFreezes)) continue;
+  for (const Text& id : OpenIds(notes)) {
+    if (BJotlet* note = notes.Find(id)) note->FinishAnimation();
+    // What moved may have been on its way out.
+    const BJotlet* note = notes.Find(id);
+    if (note == nullptr || !MayMove(*note, notes.NoteOptions().lockingFreezes)) continue;
     const Rect bounds = note->Bounds();
     arranged.push_back({bounds, note->StoredRecord().colour, WorkAreaAt(notes.Screens().monitors, bounds)});
-    ids.push_back(note->StoredRecord().id);
+    ids.push_back(id);
     before.push_back(bounds.TopLeft());
   }
   const ArrangeSteps usual;
