@@ -5,8 +5,8 @@
 #include <array>
 
 #include "base/text.h"
+#include "editor/edit_facts.h"
 #include "note/actions.h"
-#include "note/edit_facts.h"
 
 namespace jotlets {
 

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "base/text.h"
+#include "editor/editor_keys.h"
 #include "note/actions.h"
 #include "note/shortcuts.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "editor/editor_keys.h"
 #include "note/action_table.h"
-#include "note/editor_keys.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -1,43 +1,12 @@
 // The keys of the note commands, as the keyboard and the menus go by them.
 #pragma once
 
-#include <cstdint>
-
 #include "base/geometry.h"
+#include "base/shortcut.h"
 #include "base/text.h"
 #include "note/actions.h"
 
 namespace jotlets {
-
-/// A key with its modifiers. Keys are virtual-key codes of the platform, which for letters and digits are
-/// their ASCII codes.
-struct Shortcut {
-  std::uint16_t key = 0;
-  bool ctrl = false;
-  bool shift = false;
-  bool alt = false;
-  friend bool operator==(const Shortcut&, const Shortcut&) = default;
-};
-
-/// Keys that are no letter or digit.
-enum Key : std::uint16_t {
-  kTabKey = 0x09,
-  kEnterKey = 0x0D,
-  kSpaceKey = 0x20,
-  kLeftKey = 0x25,
-  kUpKey = 0x26,
-  kRightKey = 0x27,
-  kDownKey = 0x28,
-  kInsertKey = 0x2D,
-  kDeleteKey = 0x2E,
-  kMenuKey = 0x5D,
-  kF2Key = 0x71,
-  kF3Key = 0x72,
-  kF6Key = 0x75,
-  kSemicolonKey = 0xBA,
-  kCommaKey = 0xBC,
-  kFullStopKey = 0xBE,
-};
 
 /// The command of a key in a note; none for keys that belong to the text.
 ActionCode ActionFromKey(const Shortcut& pressed);

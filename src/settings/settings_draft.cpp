@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "note/link_text.h"
+#include "editor/link_text.h"
 
 namespace jotlets {
 namespace {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "note/ink.h"
+#include "looks/ink.h"
 #include "skin/skin_layout.h"
 
 namespace jotlets {

@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
+#include "editor/editor_keys.h"
 #include "note/action_state.h"
-#include "note/editor_keys.h"
 #include "note/key_list.h"
 #include "skin/skin_layout.h"
 

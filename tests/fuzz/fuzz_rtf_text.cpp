@@ -2,8 +2,8 @@
 // address that holds a break.
 #include "data/rtf_text.h"
 
+#include "editor/link_text.h"
 #include "fuzz.h"
-#include "note/link_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace jotlets;

@@ -2,8 +2,8 @@
 // a name.
 #include <algorithm>
 
+#include "editor/text_style.h"
 #include "fuzz.h"
-#include "note/text_style.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace jotlets;

@@ -1,6 +1,6 @@
 // What is written on notes can be read: every skin that comes with the program, but for the two whose colours
 // are given once and for all, on every paper and in every state, as it is drawn.
-#include "note/ink.h"
+#include "looks/ink.h"
 
 #include <gtest/gtest.h>
 

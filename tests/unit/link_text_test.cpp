@@ -1,4 +1,4 @@
-#include "note/link_text.h"
+#include "editor/link_text.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "note/ink.h"
+#include "looks/ink.h"
 #include "note/papers.h"
 
 namespace jotlets {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "editor/text_style.h"
 #include "fakes.h"
 #include "note/animation.h"
 #include "note/opacity.h"
 #include "note/rolled.h"
-#include "note/text_style.h"
 
 namespace jotlets {
 namespace {

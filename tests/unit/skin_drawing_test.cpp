@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "note/ink.h"
+#include "looks/ink.h"
 #include "skin/skin_text.h"
 
 namespace jotlets {

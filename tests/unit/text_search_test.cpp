@@ -1,4 +1,4 @@
-#include "note/text_search.h"
+#include "editor/text_search.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "note/typing_aids.h"
+#include "editor/typing_aids.h"
 
 #include <gtest/gtest.h>
 

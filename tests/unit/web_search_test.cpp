@@ -1,8 +1,8 @@
-#include "note/web_search.h"
+#include "editor/web_search.h"
 
 #include <gtest/gtest.h>
 
-#include "note/font_history.h"
+#include "editor/font_history.h"
 
 namespace jotlets {
 namespace {

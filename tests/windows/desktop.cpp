@@ -1,7 +1,7 @@
 #include "desktop.h"
 
 #include "base/win/wide.h"
-#include "note/win/edit.h"
+#include "editor/win/edit.h"
 #include "ui/window.h"
 
 namespace jotlets {

@@ -1,5 +1,5 @@
 // The editor in this process: what its commands make of real text in a real control, read back from it.
-#include "note/win/edit.h"
+#include "editor/win/edit.h"
 
 #include <gtest/gtest.h>
 #include <shlobj.h>
@@ -12,10 +12,10 @@
 
 #include "base/win/wide.h"
 #include "data/rtf_text.h"
+#include "editor/win/edit_drop.h"
+#include "editor/win/edit_format.h"
+#include "editor/win/edit_text.h"
 #include "note/win/edit_actions.h"
-#include "note/win/edit_drop.h"
-#include "note/win/edit_format.h"
-#include "note/win/edit_text.h"
 
 namespace jotlets {
 namespace {

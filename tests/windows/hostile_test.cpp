@@ -3,7 +3,7 @@
 
 #include "data/journal_frames.h"
 #include "data/text_file.h"
-#include "note/win/edit.h"
+#include "editor/win/edit.h"
 #include "window_test.h"
 
 namespace jotlets {

@@ -3,7 +3,7 @@
 #include <shellapi.h>
 
 #include "base/win/wide.h"
-#include "note/link_text.h"
+#include "editor/link_text.h"
 #include "res/resource.h"
 #include "ui/system_programs.h"
 #include "ui/user_messages.h"

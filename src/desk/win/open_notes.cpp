@@ -5,7 +5,7 @@
 
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
-#include "note/text_style.h"
+#include "editor/text_style.h"
 #include "note/win/monitor_setup.h"
 #include "res/resource.h"
 #include "schedule/win/alarm_sound.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "note/ink.h"
+#include "looks/ink.h"
 #include "ui/window.h"
 
 namespace jotlets {

@@ -1,7 +1,7 @@
 #include "note/win/edit_actions.h"
 
+#include "editor/win/edit_text.h"
 #include "note/action_table.h"
-#include "note/win/edit_text.h"
 
 namespace jotlets {
 namespace {

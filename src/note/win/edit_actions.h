@@ -6,11 +6,11 @@
 #include <span>
 
 #include "base/text.h"
+#include "editor/edit_facts.h"
+#include "editor/win/edit.h"
+#include "editor/win/edit_format.h"
+#include "editor/win/edit_style.h"
 #include "note/actions.h"
-#include "note/edit_facts.h"
-#include "note/win/edit.h"
-#include "note/win/edit_format.h"
-#include "note/win/edit_style.h"
 
 namespace jotlets {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "editor/win/edit_text.h"
 #include "note/shortcuts.h"
-#include "note/win/edit_text.h"
 #include "ui/areas.h"
 #include "ui/dark_dialog.h"
 

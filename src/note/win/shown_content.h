@@ -7,9 +7,9 @@
 #include <memory>
 #include <optional>
 
+#include "editor/text_search.h"
+#include "editor/win/edit.h"
 #include "note/note_content.h"
-#include "note/text_search.h"
-#include "note/win/edit.h"
 #include "skin/skin_layout.h"
 #include "skin/win/skin_renderer.h"
 #include "ui/theme.h"

@@ -5,8 +5,8 @@
 #include "data/rtf_bounds.h"
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
-#include "note/win/edit_text.h"
-#include "note/win/editor_bounds.h"
+#include "editor/win/edit_text.h"
+#include "editor/win/editor_bounds.h"
 #include "skin/win/clipboard.h"
 
 namespace jotlets {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
-#include "note/text_style.h"
+#include "editor/text_style.h"
 #include "schedule/win/member_list.h"
 #include "ui/screen.h"
 

@@ -1,7 +1,7 @@
 #include "app/win/commands/addressed_jotlet.h"
 
-#include "note/text_style.h"
-#include "note/win/edit_text.h"
+#include "editor/text_style.h"
+#include "editor/win/edit_text.h"
 
 namespace jotlets {
 

@@ -2,8 +2,8 @@
 
 #include "app/win/main_menus.h"
 #include "desk/note_import.h"
+#include "editor/win/styles_dialog.h"
 #include "friends/win/friends_dialog.h"
-#include "note/win/styles_dialog.h"
 #include "res/find_numbers.h"
 #include "res/resource.h"
 #include "ui/screen.h"

@@ -13,8 +13,8 @@
 #include "backup/win/backup_commands.h"
 #include "command/custom_commands.h"
 #include "desk/win/open_stacks.h"
+#include "editor/text_style.h"
 #include "friends/friend_book.h"
-#include "note/text_style.h"
 
 namespace jotlets {
 
