@@ -4,6 +4,7 @@
 #include <array>
 
 #include "data/rtf_bytes.h"
+#include "data/stray_marks.h"
 
 namespace jotlets {
 namespace {
@@ -17,6 +18,7 @@ constexpr std::size_t kLongestLine = 120;
 constexpr TextView kNoRichText = u"no rich text";
 constexpr TextView kTooDeep = u"its groups are nested too deep";
 constexpr TextView kTables = u"its tables are damaged, or not for this editor";
+constexpr TextView kMarks = u"signs stand in it without their letters";
 constexpr TextView kMeasures = u"its indents or letters are larger than any page";
 constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
 
@@ -152,8 +154,14 @@ std::uint64_t TextWork(TextView text) {
   return work.Work();
 }
 
+bool IsEditable(TextView text, const EditorBounds& bounds) {
+  return TextWork(text) <= bounds.work && (bounds.takesMarks || !HasStrayMark(text));
+}
+
 TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {
-  return BoundsReader(rtf, bounds).Read();
+  const TextView trouble = BoundsReader(rtf, bounds).Read();
+  if (!trouble.empty() || bounds.takesMarks) return trouble;
+  return RtfHasStrayMark(rtf) ? kMarks : TextView();
 }
 
 Text BoundedWords(TextView text) {

@@ -16,19 +16,23 @@ struct EditorBounds {
   std::uint64_t work;  // see `TextWork`
   bool takesLists;     // bulleted paragraphs can be pasted
   bool takesTables;    // not all of them survive being laid out
+  bool takesMarks;     // that stand without their letter, see `HasStrayMark`
 };
 
 /// The system's own control.
-inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true, true};
+inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true, true, true};
 /// A control whose time grows with the square of the length of a paragraph: this takes it a second, more or
 /// less.
-inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false, false};
+inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false, false, false};
 
 /// How much work a control of the slow kind has with a plain text, in no unit; a link, a change of format and
 /// each unit of a long paragraph count for many of a short one.
 std::uint64_t TextWork(TextView text);
 
-/// What keeps a rich text from the control; empty for nothing. Looks at every byte once.
+/// Whether a plain text can be put in.
+bool IsEditable(TextView text, const EditorBounds& bounds);
+
+/// What keeps a rich text from the control; empty for nothing. Looks at every byte once or twice.
 TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds);
 
 /// The beginning of a text in lines that every control can show, however long its own are.

@@ -28,17 +28,6 @@ class TextStart final : public RtfReader {
 
 }  // namespace
 
-bool HasStrayMark(TextView words) {
-  const auto isMark = [](char16_t unit) {
-    return (unit >= 0x0610 && unit <= 0x061A) || (unit >= 0x064B && unit <= 0x065F) || unit == 0x0670 ||
-           (unit >= 0x06D6 && unit <= 0x06ED);
-  };
-  const auto isArabic = [](char16_t unit) { return unit >= 0x0610 && unit <= 0x06FF; };
-  for (std::size_t at = 0; at < words.size(); ++at)
-    if (isMark(words[at]) && (at == 0 || !isArabic(words[at - 1]))) return true;
-  return false;
-}
-
 Text HarmlessWords(Text words) {
   struct Range {
     char16_t first;

@@ -12,10 +12,6 @@ namespace jotlets {
 /// no further than it has to. Any bytes give some text; 8-bit characters are taken for Western European.
 Text RtfTextStart(std::string_view rtf, std::size_t maximum);
 
-/// Whether a sign that Arabic writes above or below a letter stands without one. No text has that; Wine's
-/// text control ends the program over it.
-bool HasStrayMark(TextView words);
-
 /// Words that any control can show, of a text whose showing has ended a program: signs that are written on
 /// others, and scripts that few fonts have, become "\uFFFD". As long as before.
 Text HarmlessWords(Text words);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
 
 namespace jotlets {
@@ -46,6 +47,31 @@ TEST(RtfBounds, DamagedTablesAndNoiseDoNotReachTheControl) {
     EXPECT_FALSE(Fits(ToUtf8(bad), kSystemEditor)) << ToUtf8(bad);
   EXPECT_FALSE(Fits(std::string("a\0b", 3)));
   EXPECT_EQ(RtfTrouble(std::string("{\\rtf1 a}\r\n\0\0", 13), kSlowEditor), u"");
+}
+
+TEST(RtfBounds, SignsWithoutTheirLettersDoNotReachAControlThatEndsOverThem) {
+  const auto fits = [](TextView text) {
+    const bool rich = Fits(RtfBytes(text));
+    EXPECT_EQ(IsEditable(text, kSlowEditor), rich) << ToUtf8(text);
+    EXPECT_TRUE(IsEditable(text, kSystemEditor));
+    return rich;
+  };
+  for (const TextView text : {u"", u"ab", u"\u0628\u0651\u0670 \u0644\u064E", u"e\u0301 \u0301",
+                              u"\u05D0\u05B0", u"\u0628\u0301\u064B", u"\u0627\u200D\u064B"})
+    EXPECT_TRUE(fits(text)) << ToUtf8(text);
+  for (const TextView text : {u"\u0650", u"a \u0650", u"\u0628 \u0670", u"x\u06D6", u"a\u05B0",
+                              u"\u0628\u05B0", u"\u0661\u064B"})
+    EXPECT_FALSE(fits(text)) << ToUtf8(text);
+  EXPECT_FALSE(IsEditable(u"\u0628\n\u064B", kSlowEditor));
+  for (const char* body : {"\\u1576?\\u1611?", "\\uc0\\u1576\\u1611", "\\'f0 \\'e9",
+                           "{\\fonttbl\\f0\\fcharset178}\\'e8\\'f0", "{\\f1\\fcharset177}\\'e0\\'c0"})
+    EXPECT_TRUE(Fits(body)) << body;
+  for (const char* body :
+       {"\\u1576?{\\b \\u1611?}", "\\u1576?\\fs40\\u1611?", "{\\fonttbl\\f0\\fcharset178} \\'f0",
+        "\\ansicpg1255\\'c0", "\\u1576?\\par\\u1611?"}) {
+    EXPECT_FALSE(Fits(body)) << body;
+    EXPECT_TRUE(Fits(body, kSystemEditor)) << body;
+  }
 }
 
 TEST(RtfBounds, WordsInBoundedLinesKeepTheTextAndFitEveryControl) {

@@ -22,13 +22,6 @@ TEST(RtfText, KeepsTheWordsAndNothingElse) {
             u"\u20AC\u2013\u2019\u0178\u00A0\u0081");
 }
 
-TEST(RtfText, KnowsMarksWithoutALetter) {
-  for (const TextView text : {u"", u"ab", u"\u0628\u0651\u0670 \u0644\u064E", u"e\u0301 \u0301"})
-    EXPECT_FALSE(HasStrayMark(text)) << ToUtf8(text);
-  for (const TextView text : {u"\u0650", u"a \u0650", u"\u0628 \u0670", u"x\u06D6"})
-    EXPECT_TRUE(HasStrayMark(text)) << ToUtf8(text);
-}
-
 TEST(RtfText, OfATroublemakerIsShownWithoutWhatFewFontsHave) {
   const Text words = u"Caf\u00E9 \u4E00\r\n\u0628\u0651 \u0670\U0001F600\u202Ex\0"s;
   EXPECT_EQ(HarmlessWords(words), u"Caf\u00E9 \u4E00\r\n\u0628\uFFFD \uFFFD\uFFFD\uFFFD\uFFFDx\uFFFD");

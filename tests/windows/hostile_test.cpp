@@ -33,6 +33,7 @@ const std::string kHostile[] = {
     "{\\rtf1 " + Times(20'000, "word ") + "}",
     "{\\rtf1 \\trowd\\cellx1000\\intbl a\\cell b\\cell c\\cell\\row x\\par }",
     Times(50'000, "x"),
+    "{\\rtf1 \\u1576?{\\b \\u1611?} a\\u1456?}",
 };
 
 class HostileTest : public WindowTest {
@@ -109,6 +110,7 @@ TEST_F(HostileTest, CommandsAndTheClipboardBringNothingInThatHangs) {
   EXPECT_EQ(Quick(u"set desktop AA01 text " + word), u"000 OK text set");
   EXPECT_NE(Read(folder_ + ContentPath(note)).find(std::string(50'000, 'x')), std::string::npos);
   EXPECT_TRUE(Quick(u"do new jotlet " + word).starts_with(u"000 OK created: "));
+  EXPECT_EQ(Quick(u"set desktop AA01 utext 0061064B"), u"000 OK text set");
   EXPECT_EQ(Quick(u"set desktop AA01 text short"), u"000 OK text set");
   EXPECT_EQ(TextOf(u"AA01"), u"short");
   PutOnClipboard(CF_UNICODETEXT, word.data(), word.size() * 2);

@@ -10,6 +10,8 @@
 #include "base/win/wide.h"
 #include "data/rtf_bounds.h"
 #include "data/rtf_ink.h"
+#include "data/rtf_text.h"
+#include "data/stray_marks.h"
 #include "editor/link_text.h"
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_text.h"
@@ -189,6 +191,7 @@ bool BEdit::ServeTyping(UINT message, WPARAM wParam, LPARAM lParam) {
     SetDirection(*this, directionKeys_.IsRightToLeft());
   if (message == WM_KEYDOWN) return keyServed_ = OnKey(wParam);
   if (message == WM_CHAR && std::exchange(keyServed_, false)) return true;
+  if (message == WM_CHAR && !TakesTyped(*this, static_cast<char16_t>(wParam))) return MessageBeep(MB_OK), true;
   if (message == WM_CHAR && MayBringAid(static_cast<char16_t>(wParam)) && !IsReadOnly()) {
     DefSubclassProc(edit_, message, wParam, lParam);
     aids_.AfterTyping(*this, watcher_->Typing());
@@ -246,7 +249,9 @@ bool BEdit::SetRtf(std::string_view rtf) {
 void BEdit::ShowWords(TextView text, TextView notice) {
   // Links would be looked for in all of it.
   SendMessageW(edit_, EM_AUTOURLDETECT, 0, 0);
-  SetPlainText(BoundedWords(Text(notice) + u"\r\n" + Text(text)));
+  Text words = BoundedWords(Text(notice) + u"\r\n" + Text(text));
+  if (!BoundsOfEditor().takesMarks && HasStrayMark(words)) words = HarmlessWords(std::move(words));
+  SetPlainText(words);
   SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
   beginningOnly_ = true;
   SetReadOnly(look_.readOnly);

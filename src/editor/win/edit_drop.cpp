@@ -111,7 +111,7 @@ bool IsReadOnlyEdit(HWND edit) { return (SendMessageW(edit, EM_GETOPTIONS, 0, 0)
 bool InsertDropped(HWND edit, IDataObject& data, Point at) {
   // Of text files at most a megabyte each, else their path; files one below the other.
   const Text text = HoldsFiles(data) ? TextOfFiles(data) : PlainText(data);
-  if (text.empty() || IsReadOnlyEdit(edit) || !IsEditable(text)) return false;
+  if (text.empty() || IsReadOnlyEdit(edit) || !IsEditable(text, BoundsOfEditor())) return false;
   POINT inside{at.x, at.y};
   ScreenToClient(edit, &inside);
   POINTL point{inside.x, inside.y};

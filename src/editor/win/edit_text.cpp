@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "base/win/wide.h"
+#include "data/stray_marks.h"
 #include "editor/link_text.h"
+#include "editor/win/editor_bounds.h"
 
 namespace jotlets {
 namespace {
@@ -30,6 +32,15 @@ void Copy(BEdit& edit) {
 
 void InsertText(BEdit& edit, TextView text) {
   SendMessageW(edit.Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(Text(text))));
+}
+
+bool TakesTyped(const BEdit& edit, char16_t unit) {
+  if (BoundsOfEditor().takesMarks || !HasStrayMark(TextView(&unit, 1))) return true;
+  const LONG at = edit.Selection().cpMin;
+  const LRESULT line = SendMessageW(edit.Handle(), EM_EXLINEFROMCHAR, 0, at);
+  const auto first =
+      static_cast<LONG>(SendMessageW(edit.Handle(), EM_LINEINDEX, static_cast<WPARAM>(line), 0));
+  return !HasStrayMark(edit.TextBetween({first, at}) + unit);
 }
 
 std::int32_t NaturalWidth(BEdit& edit) {

@@ -41,7 +41,7 @@ bool FindPastable(HWND edit, UINT& format) {
   const std::string bytes = ClipboardBytes(edit, CF_UNICODETEXT);
   Text text(bytes.size() / 2, u'\0');
   std::memcpy(text.data(), bytes.data(), text.size() * 2);
-  return IsEditable(TextView(text).substr(0, text.find(u'\0')));
+  return IsEditable(TextView(text).substr(0, text.find(u'\0')), bounds);
 }
 
 }  // namespace jotlets

@@ -9,9 +9,6 @@ namespace jotlets {
 
 const EditorBounds& BoundsOfEditor();
 
-/// Whether a plain text can be put in: some would hang the control.
-inline bool IsEditable(TextView text) { return TextWork(text) <= BoundsOfEditor().work; }
-
 /// Whether the clipboard can be pasted as `format`, which becomes plain text where the rich one must not be
 /// given to the control.
 bool FindPastable(HWND edit, UINT& format);

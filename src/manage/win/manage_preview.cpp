@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "data/rtf_text.h"
+#include "data/stray_marks.h"
 #include "looks/ink.h"
 #include "ui/window.h"
 
@@ -41,6 +43,7 @@ void ManagePreview::Place(const Rect& place) {
   RECT inside{scaled(kInset), scaled(kInset) / 2, place.Width() - scaled(kInset),
               std::max(place.Height() - bar - scaled(kInset) / 2, 0)};
   SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  FitScrollBar();
 }
 
 void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) {
@@ -54,9 +57,8 @@ void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) 
   barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
   // The static control has no inset of its own.
   SetWindowTextW(title_, Wide(u"  " + row.title));
-  SetWindowTextW(words_, Wide(words));
+  SetWindowTextW(words_, Wide(HasStrayMark(words) ? HarmlessWords(words) : words));
   Place(Rect(place_));
-  FitScrollBar();
   for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
 }
 
@@ -65,9 +67,12 @@ void ManagePreview::FitScrollBar() const {
   ShowScrollBar(words_, SB_VERT, FALSE);
   RECT inside{};
   SendMessageW(words_, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
-  const int length = GetWindowTextLengthW(words_);
-  const LRESULT last = SendMessageW(words_, EM_POSFROMCHAR, static_cast<WPARAM>(std::max(length - 1, 0)), 0);
-  const bool goesOn = last != -1 && static_cast<short>(HIWORD(last)) >= inside.bottom;
+  const auto topOf = [this](WPARAM line) {
+    const auto first = static_cast<WPARAM>(SendMessageW(words_, EM_LINEINDEX, line, 0));
+    return static_cast<short>(HIWORD(SendMessageW(words_, EM_POSFROMCHAR, first, 0)));
+  };
+  const LRESULT lines = SendMessageW(words_, EM_GETLINECOUNT, 0, 0);
+  const bool goesOn = lines > 1 && lines * (topOf(1) - topOf(0)) > inside.bottom - inside.top;
   ShowScrollBar(words_, SB_VERT, goesOn);
 }
 

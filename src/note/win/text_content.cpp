@@ -25,12 +25,10 @@ TextView TextContent::Load(std::string_view bytes) {
   given_.clear();
   if (!bytes.empty() && !Fits(bytes)) {
     const Text text = FromUtf8(bytes);
-    if (HasStrayMark(text)) {
-      edit_.ShowWords(HarmlessWords(text.substr(0, kMaxBeginning)), watcher_.BeginningNotice());
-    } else if (!IsEditable(text)) {
-      edit_.ShowWords(text, watcher_.BeginningNotice());
-    } else {
+    if (IsEditable(text, BoundsOfEditor())) {
       edit_.SetPlainText(text);
+    } else {
+      edit_.ShowWords(text, watcher_.BeginningNotice());
     }
     return u"no rich text";
   }
@@ -78,7 +76,7 @@ Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch
 
 bool TextContent::SetPlainText(TextView text) {
   given_.clear();
-  if (IsEditable(text)) {
+  if (IsEditable(text, BoundsOfEditor())) {
     edit_.SetPlainText(text);
   } else {
     given_ = RtfOfPlainText(text);
