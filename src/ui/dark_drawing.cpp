@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "base/win/wide.h"
 #include "ui/areas.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -18,13 +19,6 @@ constexpr int kArrowRoom = 20;
 
 int Scaled(const DarkPicture& picture, int length) {
   return MulDiv(length, static_cast<int>(GetDpiForWindow(picture.control)), 96);
-}
-
-Text WindowWords(HWND control) {
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, u'\0');
-  const int length = GetWindowTextW(control, WideBuffer(text), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(std::max(length, 0)));
-  return text;
 }
 
 // What the control stands on is known to its dialog.
@@ -91,7 +85,7 @@ void DrawPushButton(const DarkPicture& picture, LRESULT state, bool isDefault) {
     InflateRect(&inner, -Scaled(picture, 3), -Scaled(picture, 3));
     DrawRound(picture, inner, fill, colours.accent, Scaled(picture, kCorner));
   }
-  const Text words = WindowWords(picture.control);
+  const Text words = WindowText(picture.control);
   if (words.find(u'\n') == Text::npos) {
     return DrawWords(picture, words, picture.area, DT_SINGLELINE | DT_CENTER | DT_VCENTER, InkOf(picture));
   }
@@ -128,7 +122,7 @@ void DrawCheckBox(const DarkPicture& picture, LRESULT state, bool isRadio) {
   RECT words = picture.area;
   words.left = side + Scaled(picture, kBoxGap);
   const bool lines = (GetWindowLongPtrW(picture.control, GWL_STYLE) & BS_MULTILINE) != 0;
-  DrawWords(picture, WindowWords(picture.control), words, lines ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER,
+  DrawWords(picture, WindowText(picture.control), words, lines ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER,
             InkOf(picture));
   if (!ShowsFocus(picture)) return;
   words.left -= Scaled(picture, 2);
@@ -136,7 +130,7 @@ void DrawCheckBox(const DarkPicture& picture, LRESULT state, bool isRadio) {
 }
 
 void DrawGroup(const DarkPicture& picture) {
-  const Text words = WindowWords(picture.control);
+  const Text words = WindowText(picture.control);
   SIZE size{};
   GetTextExtentPoint32W(picture.dc, Wide(words), static_cast<int>(words.size()), &size);
   RECT frame = picture.area;
@@ -181,7 +175,7 @@ void DrawDarkComboBox(const DarkPicture& picture) {
   if ((style & 3) != CBS_DROPDOWNLIST) return;
   if ((style & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) == 0) {
     words.left += Scaled(picture, 2);
-    return DrawWords(picture, WindowWords(picture.control), words, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX,
+    return DrawWords(picture, WindowText(picture.control), words, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX,
                      InkOf(picture));
   }
   DRAWITEMSTRUCT item{};

@@ -3,6 +3,7 @@
 #include "base/beside.h"
 #include "ui/dark_dialog.h"
 #include "ui/screen.h"
+#include "ui/tall_dialog.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -29,14 +30,7 @@ void Dialog::Close() {
   if (back != nullptr && IsWindowVisible(back)) SetForegroundWindow(back);
 }
 
-Text Dialog::ItemText(int control) const {
-  const HWND item = Item(control);
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, u'\0');
-  const int length =
-      GetWindowTextW(item, reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
+Text Dialog::ItemText(int control) const { return WindowText(Item(control)); }
 
 void PlaceByOwner(HWND dialog) {
   constexpr int kGap = 8;
@@ -70,6 +64,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       object->OnInit();
       DressDialog(dialog, *object->theme_);
       PlaceByOwner(dialog);
+      FitHeight(dialog);
       // The focus that goes with TRUE would activate a window that is to open behind the user's work.
       return object->modal_ ? TRUE : FALSE;
     }

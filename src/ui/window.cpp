@@ -1,5 +1,9 @@
 #include "ui/window.h"
 
+#include <algorithm>
+
+#include "base/win/wide.h"
+
 namespace jotlets {
 
 bool Window::RegisterWindowClass(const wchar_t* className, HICON icon, UINT classStyle) {
@@ -70,6 +74,13 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
     OutputDebugStringW(L"an exception left a message unserved");
     return DefWindowProcW(window, message, wParam, lParam);
   }
+}
+
+Text WindowText(HWND window) {
+  Text text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
+  const int length = GetWindowTextW(window, WideBuffer(text), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(std::max(length, 0)));
+  return text;
 }
 
 UniqueFont BolderFont(HWND control) {

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "base/geometry.h"
+#include "base/text.h"
 #include "ui/handle.h"
 
 namespace jotlets {
@@ -53,6 +54,9 @@ class Window {
   HWND window_ = nullptr;
   int depth_ = 0;
 };
+
+/// The text of a window or control; empty when there is none to be had.
+Text WindowText(HWND window);
 
 /// The Windows form of a rectangle, and back.
 inline RECT ToRECT(const Rect& r) { return {r.left, r.top, r.right, r.bottom}; }

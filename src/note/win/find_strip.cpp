@@ -36,13 +36,7 @@ std::int32_t FindStrip::Scaled(int pixels) const { return MulDiv(pixels, Dpi(), 
 
 std::int32_t FindStrip::Height() const { return open_ ? Scaled(kHeight) : 0; }
 
-Text FindStrip::Words() const {
-  const HWND words = GetDlgItem(Handle(), kWords);
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(words)) + 1, u'\0');
-  text.resize(static_cast<std::size_t>(
-      std::max(GetWindowTextW(words, WideBuffer(text), static_cast<int>(text.size())), 0)));
-  return text;
-}
+Text FindStrip::Words() const { return WindowText(GetDlgItem(Handle(), kWords)); }
 
 bool FindStrip::MakeControls(HWND note) {
   if (Handle() != nullptr) return true;

@@ -133,23 +133,33 @@ void BOpTab::PlaceAll(int width, const PageScale& scale) {
     }
     const auto end = std::find_if(first + 1, settings_.end(),
                                   [](const SettingControls& setting) { return !setting.Row().continues; });
-    y +=
-        PlaceLine(first, end, {margin, y, margin + width, y}, margin + names + scale.Scaled(kNameGap), scale);
+    y += PlaceLine(first, end, {margin + names + scale.Scaled(kNameGap), margin + width, y, 0}, scale);
     first = end;
   }
   height_ = y + scrolled_ + scale.Scaled(kHeadTop);
 }
 
-// The height of the line, which is that of the highest on it and of what is told below.
-int BOpTab::PlaceLine(Line first, Line end, const Rect& room, int column, const PageScale& scale) {
-  int height = 0;
-  for (Line setting = first; setting != end; ++setting) height = std::max(height, setting->Height(scale));
-  int x = room.left;
+// The height of the line with what is told below it. What has no room on it goes on in the next.
+int BOpTab::PlaceLine(Line first, Line end, SettingLine line, const PageScale& scale) {
   for (Line setting = first; setting != end; ++setting)
-    x = setting->Place(x, column, room.top, height, scale);
-  for (Line setting = first; setting != end; ++setting)
-    height += setting->PlaceNotice({column, room.top + height, room.right, room.top + height}, scale);
-  return height;
+    line.height = std::max(line.height, setting->Height(scale));
+  const int top = line.top;
+  int x = scale.Scaled(kMargin);
+  for (Line setting = first; setting != end;) {
+    x = setting->Place(x, line, scale);
+    const Line next = setting + 1;
+    if (next != end && x + next->Width(scale) <= line.right) {
+      setting = next;
+      continue;
+    }
+    int below = 0;
+    for (; first != next; ++first)
+      below += first->PlaceBelow({line.column, line.right, line.top, line.height + below}, scale);
+    line.top += line.height + below;
+    x = line.column;
+    setting = next;
+  }
+  return line.top - top;
 }
 
 void BOpTab::ScrollTo(int position) {

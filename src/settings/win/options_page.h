@@ -73,7 +73,7 @@ class BOpTab : public Dialog {
   void Layout();
   void PlaceAll(int width, const PageScale& scale);
   using Line = std::vector<SettingControls>::iterator;
-  static int PlaceLine(Line first, Line end, const Rect& room, int column, const PageScale& scale);
+  static int PlaceLine(Line first, Line end, SettingLine line, const PageScale& scale);
   void LayoutAnew();
   void ScrollTo(int position);
   void OnScroll(UINT code);

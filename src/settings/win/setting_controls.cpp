@@ -24,12 +24,21 @@ constexpr int kSpinWidth = 18;
 constexpr int kTextInset = 4;
 constexpr int kOpenList = 240;
 constexpr int kNoticeHeight = 20;
+constexpr int kNarrowest = 60;
 constexpr UINT kQuietly = SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
 constexpr int kPaperEntries = static_cast<int>(kPapers.size()) + 2;
 constexpr LPARAM kOtherPaper = -2;
 
 bool HasLabel(SettingControl control) {
   return control != SettingControl::kSwitch && control != SettingControl::kButton;
+}
+
+// The wheel scrolls the page: a value that the mouse happens to be over stays as it is.
+LRESULT CALLBACK PassWheel(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                           DWORD_PTR) noexcept {
+  if (message == WM_MOUSEWHEEL && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0)
+    return SendMessageW(GetParent(control), message, wParam, lParam);
+  return DefSubclassProc(control, message, wParam, lParam);
 }
 
 }  // namespace
@@ -41,6 +50,7 @@ SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId,
   if (HasLabel(row.control))
     Make(kLabel, L"STATIC", resources.String(IDS_SETTING + row.id), SS_LEFT | SS_NOPREFIX);
   MakeMain(choices);
+  SetWindowSubclass(items_[kMain], PassWheel, 0, 0);
   if (row.hasUnit) Make(kUnit, L"STATIC", resources.String(IDS_SETTING_UNIT + row.id), SS_LEFT | SS_NOPREFIX);
 }
 
@@ -57,7 +67,8 @@ void SettingControls::MakeMain(const SettingChoices& choices) {
   const Text name = resources_->String(IDS_SETTING + row_->id);
   switch (row_->control) {
     case SettingControl::kSwitch:
-      Make(kMain, L"BUTTON", ReplaceAll(name, u"&", u"&&"), BS_AUTOCHECKBOX | WS_TABSTOP);
+      Make(kMain, L"BUTTON", ReplaceAll(name, u"&", u"&&"),
+           BS_AUTOCHECKBOX | BS_MULTILINE | BS_VCENTER | WS_TABSTOP);
       break;
     case SettingControl::kButton: Make(kMain, L"BUTTON", name, BS_PUSHBUTTON | WS_TABSTOP); break;
     case SettingControl::kColour: Make(kMain, L"BUTTON", name, BS_OWNERDRAW | WS_TABSTOP); break;
@@ -124,12 +135,16 @@ int SettingControls::MainWidth() const {
 }
 
 int SettingControls::TextWidth(Part part, const PageScale& scale) const {
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(items_[part])) + 1, u'\0');
-  const int length =
-      GetWindowTextW(items_[part], reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
+  const Text text = WindowText(items_[part]);
   SIZE size{};
-  GetTextExtentPoint32W(scale.dc, Wide(text), length, &size);
+  GetTextExtentPoint32W(scale.dc, Wide(text), static_cast<int>(text.size()), &size);
   return size.cx + 2;
+}
+
+int SettingControls::TextHeight(Part part, int width, const PageScale& scale) const {
+  RECT area{0, 0, width, 0};
+  return DrawTextW(scale.dc, Wide(WindowText(items_[part])), -1, &area,
+                   DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
 }
 
 int SettingControls::Height(const PageScale& scale) const {
@@ -148,15 +163,27 @@ int SettingControls::ControlWidth(const PageScale& scale) const {
   }
 }
 
+int SettingControls::ButtonsWidth(const PageScale& scale) const {
+  int width = items_[kSpin] == nullptr ? 0 : scale.Scaled(kSpinWidth);
+  for (const Part part : {kBrowse, kPlay})
+    if (items_[part] != nullptr) width += scale.Scaled(kGap + kButtonPadding) + TextWidth(part, scale);
+  return width;
+}
+
+int SettingControls::Width(const PageScale& scale) const {
+  const int label = items_[kLabel] == nullptr ? 0 : TextWidth(kLabel, scale) + scale.Scaled(kGap);
+  return label + ControlWidth(scale) + ButtonsWidth(scale);
+}
+
 void SettingControls::SetFont(HFONT font) {
   font_ = font;
   for (const HWND item : items_)
     if (item != nullptr) SendMessageW(item, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-int SettingControls::Place(int x, int column, int top, int height, const PageScale& scale) {
+int SettingControls::Place(int x, const SettingLine& line, const PageScale& scale) {
   const int tall = scale.Scaled(kControlHeight);
-  const int down = top + (height - tall) / 2;
+  const int down = line.top + (line.height - tall) / 2;
   const int inset = scale.Scaled(kTextInset);
   const auto place = [&](Part part, int left, int width, bool isText, int extra = 0) {
     SetWindowPos(items_[part], nullptr, left, isText ? down + inset : down, width,
@@ -166,28 +193,42 @@ int SettingControls::Place(int x, int column, int top, int height, const PageSca
   const int gap = scale.Scaled(kGap);
   if (items_[kLabel] != nullptr) {
     const int right = place(kLabel, x, TextWidth(kLabel, scale), true);
-    x = row_->continues ? right + gap : column;
+    x = row_->continues ? right + gap : line.column;
   }
   const bool drops = row_->control == SettingControl::kChoice || row_->control == SettingControl::kSkin ||
                      row_->control == SettingControl::kPaper;
+  const int room = std::max(line.right - x - ButtonsWidth(scale), scale.Scaled(kNarrowest));
+  const int width = std::min(ControlWidth(scale), room);
+  extra_ = 0;
+  if (row_->control == SettingControl::kSwitch && width < ControlWidth(scale))
+    extra_ = std::max(TextHeight(kMain, width - scale.Scaled(kBox), scale) - tall, 0);
   // The height of one that drops down is that of the open list.
-  x = place(kMain, x, ControlWidth(scale), row_->control == SettingControl::kInfo,
-            drops ? scale.Scaled(kOpenList) : 0);
+  x = place(kMain, x, width, row_->control == SettingControl::kInfo,
+            drops ? scale.Scaled(kOpenList) : extra_);
   // A field that got its text before its width shows the end of it.
   if (hotKey_) SendMessageW(items_[kMain], EM_SETSEL, 0, 0);
   if (items_[kSpin] != nullptr) x = place(kSpin, x, scale.Scaled(kSpinWidth), false);
   for (const Part part : {kBrowse, kPlay})
     if (items_[part] != nullptr)
       x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), false);
-  if (items_[kUnit] != nullptr) x = place(kUnit, x + gap, TextWidth(kUnit, scale), true);
+  if (items_[kUnit] != nullptr) {
+    const int unit = TextWidth(kUnit, scale);
+    unitBelow_ = x + gap + unit > line.right;
+    if (!unitBelow_) x = place(kUnit, x + gap, unit, true);
+  }
   return x + gap;
 }
 
-int SettingControls::PlaceNotice(const Rect& room, const PageScale& scale) {
-  if (!noticed_) return 0;
-  const int height = scale.Scaled(kNoticeHeight);
-  SetWindowPos(items_[kNotice], nullptr, room.left, room.top, room.Width(), height, kQuietly);
-  return height;
+int SettingControls::PlaceBelow(const SettingLine& line, const PageScale& scale) {
+  int y = line.top + line.height + extra_;
+  const int width = std::max(line.right - line.column, scale.Scaled(kNarrowest));
+  for (const Part part : {kUnit, kNotice}) {
+    if (part == kUnit ? !unitBelow_ : !noticed_) continue;
+    const int height = std::max(TextHeight(part, width, scale), scale.Scaled(kNoticeHeight));
+    SetWindowPos(items_[part], nullptr, line.column, y, width, height, kQuietly);
+    y += height;
+  }
+  return y - line.top - line.height;
 }
 
 void SettingControls::Show(const SettingsDraft& draft, const Text& info) {
@@ -257,7 +298,7 @@ bool SettingControls::ShowNotice(const Text& text) {
   // Few settings ever have one.
   if (items_[kNotice] == nullptr) {
     if (text.empty()) return false;
-    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS);
+    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
     SendMessageW(items_[kNotice], WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   }
   SetWindowTextW(items_[kNotice], Wide(text));
@@ -277,13 +318,7 @@ bool SettingControls::IsTyped() const {
   }
 }
 
-Text SettingControls::Entered() const {
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(items_[kMain])) + 1, u'\0');
-  const int length =
-      GetWindowTextW(items_[kMain], reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
+Text SettingControls::Entered() const { return WindowText(items_[kMain]); }
 
 SettingValue SettingControls::Read() const {
   const HWND main = items_[kMain];

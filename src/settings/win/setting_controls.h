@@ -26,6 +26,14 @@ struct PageScale {
   int Scaled(int length) const { return MulDiv(length, dpi, 96); }
 };
 
+/// A line of settings, in pixels. `column`: where controls begin that have a name before them.
+struct SettingLine {
+  int column = 0;
+  int right = 0;
+  int top = 0;
+  int height = 0;
+};
+
 class SettingControls {
  public:
   enum Part { kMain, kLabel, kSpin, kBrowse, kPlay, kUnit, kNotice, kParts };
@@ -41,11 +49,13 @@ class SettingControls {
 
   /// How wide the name is that stands before the control; 0 for one that has none there.
   int LabelWidth(const PageScale& scale) const;
-  /// Places them on a line that begins at `x` and has this top and height, all in pixels; where the line goes
-  /// on behind them. `column`: where controls begin that have a name before them.
-  int Place(int x, int column, int top, int height, const PageScale& scale);
-  /// Places what is told of the setting below its line, as wide as there is room; the height that takes.
-  int PlaceNotice(const Rect& room, const PageScale& scale);
+  /// How wide they are on a line that other settings are on, without their unit.
+  int Width(const PageScale& scale) const;
+  /// Places them on a line from `x` on, narrower where that has no room; where the line goes on behind them.
+  int Place(int x, const SettingLine& line, const PageScale& scale);
+  /// Places what found no room on its line, and what is told of the setting, below a line; the height that
+  /// takes.
+  int PlaceBelow(const SettingLine& line, const PageScale& scale);
   void SetFont(HFONT font);
   /// Of a line that they need, in pixels.
   int Height(const PageScale& scale) const;
@@ -72,7 +82,9 @@ class SettingControls {
   void FillChoices(const SettingChoices& choices) const;
   int MainWidth() const;
   int ControlWidth(const PageScale& scale) const;
+  int ButtonsWidth(const PageScale& scale) const;
   int TextWidth(Part part, const PageScale& scale) const;
+  int TextHeight(Part part, int width, const PageScale& scale) const;
   void ShowValue(const SettingValue& value) const;
   bool ShowNotice(const Text& text);
   void SelectPaper(std::int32_t number) const;
@@ -82,7 +94,9 @@ class SettingControls {
   UINT firstId_;
   const Resources* resources_;
   std::array<HWND, kParts> items_{};
-  bool noticed_ = false;  // something is told
+  bool noticed_ = false;    // something is told
+  bool unitBelow_ = false;  // its unit has no room on the line
+  int extra_ = 0;           // that the text of a switch is higher than its line, in pixels
   HFONT font_ = nullptr;
   std::unique_ptr<HotKeyField> hotKey_;  // of a hot key
 };

@@ -1,0 +1,107 @@
+#include "ui/tall_dialog.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "ui/screen.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+constexpr int kLine = 24;  // pixels at 96 dots per inch
+
+SCROLLINFO ScrollState(HWND dialog) {
+  SCROLLINFO state{};
+  state.cbSize = sizeof state;
+  state.fMask = SIF_ALL;
+  GetScrollInfo(dialog, SB_VERT, &state);
+  return state;
+}
+
+void ScrollTo(HWND dialog, int position) {
+  const SCROLLINFO state = ScrollState(dialog);
+  const int last = std::max(state.nMax + 1 - static_cast<int>(state.nPage), 0);
+  const int at = std::clamp(position, 0, last);
+  if (at == state.nPos) return;
+  SetScrollPos(dialog, SB_VERT, at, TRUE);
+  ScrollWindowEx(dialog, 0, state.nPos - at, nullptr, nullptr, nullptr, nullptr,
+                 SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+}
+
+void OnScroll(HWND dialog, UINT code) {
+  const SCROLLINFO state = ScrollState(dialog);
+  const int line = MulDiv(kLine, static_cast<int>(GetDpiForWindow(dialog)), USER_DEFAULT_SCREEN_DPI);
+  const int page = static_cast<int>(state.nPage);
+  switch (code) {
+    case SB_LINEUP: return ScrollTo(dialog, state.nPos - line);
+    case SB_LINEDOWN: return ScrollTo(dialog, state.nPos + line);
+    case SB_PAGEUP: return ScrollTo(dialog, state.nPos - page);
+    case SB_PAGEDOWN: return ScrollTo(dialog, state.nPos + page);
+    case SB_TOP: return ScrollTo(dialog, 0);
+    case SB_BOTTOM: return ScrollTo(dialog, state.nMax);
+    case SB_THUMBTRACK: return ScrollTo(dialog, state.nTrackPos);
+    default: break;
+  }
+}
+
+void ShowControl(HWND control) {
+  const HWND dialog = GetParent(control);
+  RECT bounds{};
+  RECT client{};
+  GetWindowRect(control, &bounds);
+  MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&bounds), 2);
+  GetClientRect(dialog, &client);
+  const int position = ScrollState(dialog).nPos;
+  if (bounds.bottom > client.bottom) ScrollTo(dialog, position + bounds.bottom - client.bottom);
+  if (bounds.top < 0) ScrollTo(dialog, position + bounds.top);
+}
+
+LRESULT CALLBACK Scroll(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                        DWORD_PTR) noexcept {
+  if (message == WM_VSCROLL && lParam == 0) {
+    OnScroll(dialog, LOWORD(wParam));
+    return 0;
+  }
+  if (message == WM_MOUSEWHEEL) {
+    OnScroll(dialog, GET_WHEEL_DELTA_WPARAM(wParam) > 0 ? SB_LINEUP : SB_LINEDOWN);
+    return 0;
+  }
+  return DefSubclassProc(dialog, message, wParam, lParam);
+}
+
+LRESULT CALLBACK FollowFocus(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                             DWORD_PTR) noexcept {
+  if (message == WM_SETFOCUS) ShowControl(control);
+  return DefSubclassProc(control, message, wParam, lParam);
+}
+
+}  // namespace
+
+void FitHeight(HWND dialog) {
+  if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_CHILD) != 0) return;
+  RECT window{};
+  RECT client{};
+  GetWindowRect(dialog, &window);
+  GetClientRect(dialog, &client);
+  const Rect work = WorkAreaOf(dialog);
+  const int over = static_cast<int>(window.bottom - window.top) - work.Height();
+  if (over <= 0) return;
+  const auto dpi = GetDpiForWindow(dialog);
+  const int width = static_cast<int>(window.right - window.left) + GetSystemMetricsForDpi(SM_CXVSCROLL, dpi);
+  SCROLLINFO state{};
+  state.cbSize = sizeof state;
+  state.fMask = SIF_PAGE | SIF_RANGE;
+  state.nMax = client.bottom - 1;
+  state.nPage = static_cast<UINT>(std::max<int>(client.bottom - over, 1));
+  SetScrollInfo(dialog, SB_VERT, &state, FALSE);
+  SetWindowPos(dialog, nullptr,
+               std::clamp<int>(window.left, work.left, std::max(work.right - width, work.left)), work.top,
+               width, work.Height(), SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  SetWindowSubclass(dialog, Scroll, 0, 0);
+  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    SetWindowSubclass(child, FollowFocus, 0, 0);
+}
+
+}  // namespace jotlets
