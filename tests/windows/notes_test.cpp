@@ -233,6 +233,25 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
   deleteIt();
   ASSERT_TRUE(undo(u"Deleted. Undo"));
   EXPECT_EQ(ShownText(NoteTitled(u"One")), text);
+  // The key of undoing has it back from the note that has the keyboard now, unless that is written in.
+  const Text other = Create(u"kept");
+  EXPECT_EQ(Reply(u"set desktop " + other + u" title Two"), u"000 OK title set");
+  const HWND second = NoteTitled(u"Two");
+  for (const bool types : {false, true}) {
+    ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+    PressKeys({VK_CONTROL, 'W'});
+    ASSERT_TRUE(WaitUntil([&] { return strip() != nullptr; }));
+    SetForegroundWindow(second);
+    ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == second; }));
+    if (types) TypeText(u"!");
+    PressKeys({VK_CONTROL, 'Z'});
+    EXPECT_TRUE(WaitUntil([&] { return types ? ShownText(second) == u"kept" : strip() == nullptr; }));
+    EXPECT_EQ(ShownText(second), u"kept");
+    EXPECT_EQ(List(u"desktop").size(), types ? 1u : 2u);
+  }
+  EXPECT_EQ(Reply(u"do desktop " + other + u" delete"), u"000 OK deleted");
+  ASSERT_TRUE(undo(u"Closed. Undo"));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
   const Text id = List(u"desktop").front();
   deleteIt();
   EXPECT_TRUE(WaitUntil([&] { return strip() != nullptr; }));

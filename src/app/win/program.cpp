@@ -115,7 +115,7 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
 }
 
 bool Program::TranslateNoteKey(const MSG& message) {
-  return !state_.exiting && ServeNoteKey(notes_, message);
+  return !state_.exiting && (undo_.ServeKey(message, notes_) || ServeNoteKey(notes_, message));
 }
 
 void Program::FollowMonitors() {

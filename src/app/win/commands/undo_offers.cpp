@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "note/shortcuts.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -49,6 +50,7 @@ void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place) {
   kind_ = kind;
   if (!IsOn() || number == 0) return;
   number_ = number;
+  isLast_ = true;
   strip_.Show(
       place, resources_.String(WordsFor(kind)), resources_.String(IDS_UNDO),
       [this, number] { managed_.UndoStepOf(number); }, [this] { End(); });
@@ -66,6 +68,25 @@ bool UndoOffers::Delete(const Text& id, const Rect& place) {
   // One that cannot be kept is gone at once, as the user has agreed to.
   if (!IsOn() || !desk_.Discard(id, Reason::kDeleted)) return desk_.Delete(id, Reason::kDeleted);
   Offer(UndoKind::kDeleted, {id}, place);
+  return true;
+}
+
+bool UndoOffers::ServeKey(const MSG& message, OpenNotes& notes) {
+  const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+  if (!isLast_ || number_ == 0 || (!isKey && message.message != WM_LBUTTONDOWN)) return false;
+  // A key that is only held belongs to the next.
+  if (isKey && (message.wParam == VK_CONTROL || message.wParam == VK_SHIFT || message.wParam == VK_MENU))
+    return false;
+  const BJotlet* note = notes.FindWindowOwner(message.hwnd);
+  if (note == nullptr) return false;
+  isLast_ = false;
+  const auto key = static_cast<std::uint16_t>(message.wParam);
+  const auto isHeld = [](int modifier) { return GetKeyState(modifier) < 0; };
+  const Shortcut pressed{key, isHeld(VK_CONTROL), isHeld(VK_SHIFT), isHeld(VK_MENU)};
+  if (!isKey || ActionFromKey(pressed) != kActionUndo || note->IsTitleEdited() ||
+      note->OwnsKeysOf(message.hwnd))
+    return false;
+  managed_.UndoStepOf(number_);
   return true;
 }
 

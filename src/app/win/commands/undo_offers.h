@@ -4,6 +4,7 @@
 
 #include "app/win/commands/managed_notes.h"
 #include "app/win/undo_strip.h"
+#include "desk/win/open_notes.h"
 
 namespace jotlets {
 
@@ -20,6 +21,9 @@ class UndoOffers {
   /// Closes a note for the user, deletes it, and each is offered to be undone; false when that failed.
   bool Close(const Text& id, const Rect& place);
   bool Delete(const Text& id, const Rect& place);
+  /// Follows what is pressed in notes. Ctrl+Z takes the offer when it is the first since that was made, and
+  /// else belongs to the text; whether it has.
+  bool ServeKey(const MSG& message, OpenNotes& notes);
   /// Ends the offer: what was deleted is gone for good.
   void End();
 
@@ -35,6 +39,7 @@ class UndoOffers {
   int number_ = 0;  // of the step on offer
   UndoKind kind_ = UndoKind::kClosed;
   ULONGLONG offered_ = 0;  // when, in the system's milliseconds
+  bool isLast_ = false;    // nothing has been done in a note since
 };
 
 }  // namespace jotlets
