@@ -67,12 +67,15 @@ std::vector<KeyRow> Arranged(std::vector<KeyRow> rows) {
 }
 
 bool IsFound(const KeyRow& row, TextView search) {
-  while (!search.empty()) {
-    const Split word = SplitAtFirst(search, u' ');
-    if (FindIgnoreCase(row.key, word.head) == TextView::npos &&
-        FindIgnoreCase(row.what, word.head) == TextView::npos)
+  // The tray menu's fixed entries and all others have two words for one thing.
+  const auto folded = [](TextView words) { return ReplaceAll(FoldCase(words), u"jotlet", u"note"); };
+  const Text words = folded(search);
+  const Text what = folded(row.what);
+  for (TextView rest = words; !rest.empty();) {
+    const Split word = SplitAtFirst(rest, u' ');
+    if (FindIgnoreCase(row.key, word.head) == TextView::npos && what.find(word.head) == Text::npos)
       return false;
-    search = word.tail;
+    rest = word.tail;
   }
   return true;
 }

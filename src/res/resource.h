@@ -290,6 +290,7 @@
 #define IDS_CATEGORY_NAME 2356
 #define IDS_NO_JOURNAL 2357
 #define IDS_MANAGE_CATEGORY 2358
+#define IDS_NOT_RENAMED 2359
 
 // Menus and small dialogs.
 #define IDS_PAPER 6450  // and the seven papers after it, in the order of `kPapers`

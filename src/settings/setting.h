@@ -82,6 +82,8 @@ enum class SettingTask : std::uint8_t {
   kTellLanguage,
   kTellStatistics,
   kOpenLog,
+  kListKeys,
+  kFindInAllNotes,
   kStartWithWindows,  // a switch of the system's, not of the options
 };
 

@@ -146,7 +146,9 @@ std::vector<StoredCategory> NoteStore::Categories() {
 bool NoteStore::RenameCategory(TextView from, TextView to) {
   Statement update = database_.Prepare("UPDATE jotlets SET category = ? WHERE category = ?");
   update.Bind(to).Bind(from);
-  return Change(update);
+  const bool renamed = Change(update);
+  if (!renamed) Tell(u"could not rename a category: " + database_.Fault());
+  return renamed;
 }
 
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {

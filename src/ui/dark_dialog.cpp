@@ -71,27 +71,32 @@ void ShowLists(HWND control, const Theme& theme) {
   }
 }
 
+// The kind stands in the id: messages are many.
 LRESULT CALLBACK ServeDressed(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                               DWORD_PTR object) noexcept {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(control, ServeDressed, id);
   const auto& theme = *reinterpret_cast<const Theme*>(object);
   if (!theme.IsDark()) return DefSubclassProc(control, message, wParam, lParam);
   try {
-    const DressedClass* found = ClassOf(control);
-    if (found != nullptr) {
-      if (const auto answer = ServeDarkControl(found->kind, control, message, wParam, lParam, theme))
-        return *answer;
-    }
+    const auto kind = static_cast<DressedControl>(id - kDress);
+    if (const auto answer = ServeDarkControl(kind, control, message, wParam, lParam, theme)) return *answer;
   } catch (...) {
     OutputDebugStringW(L"an exception left a control undrawn");
   }
   return DefSubclassProc(control, message, wParam, lParam);
 }
 
+// In the light a control is the system's own, unless it has been dark before.
 BOOL CALLBACK DressControl(HWND control, LPARAM object) {
-  if (ClassOf(control) == nullptr || IsDatePicker(GetParent(control))) return TRUE;
   const auto& theme = *reinterpret_cast<const Theme*>(object);
-  SetWindowSubclass(control, ServeDressed, kDress, static_cast<DWORD_PTR>(object));
+  const DressedClass* found = ClassOf(control);
+  if (found == nullptr || IsDatePicker(GetParent(control))) return TRUE;
+  const UINT_PTR id = kDress + static_cast<UINT_PTR>(found->kind);
+  if (theme.IsDark()) {
+    SetWindowSubclass(control, ServeDressed, id, static_cast<DWORD_PTR>(object));
+  } else if (RemoveWindowSubclass(control, ServeDressed, id) == FALSE) {
+    return TRUE;
+  }
   ShowScrollBars(control, theme.IsDark());
   ShowLists(control, theme);
   return TRUE;

@@ -122,6 +122,11 @@ void DrawCheckBox(const DarkPicture& picture, LRESULT state, bool isRadio) {
   RECT words = picture.area;
   words.left = side + Scaled(picture, kBoxGap);
   const bool lines = (GetWindowLongPtrW(picture.control, GWL_STYLE) & BS_MULTILINE) != 0;
+  if (lines) {
+    RECT whole = words;
+    DrawTextW(picture.dc, Wide(WindowText(picture.control)), -1, &whole, DT_CALCRECT | DT_WORDBREAK);
+    words.top = std::max<LONG>((picture.area.bottom - (whole.bottom - whole.top)) / 2, 0);
+  }
   DrawWords(picture, WindowText(picture.control), words, lines ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER,
             InkOf(picture));
   if (!ShowsFocus(picture)) return;

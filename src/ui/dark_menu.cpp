@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "base/win/wide.h"
 #include "ui/areas.h"
@@ -194,23 +195,32 @@ void DarkMenu::DrawFrame(const DRAWITEMSTRUCT& item) const {
   ReleaseDC(window, dc);
 }
 
-// Entries that are drawn by the program are not found by their letters.
+// Entries that are drawn by the program are not found by their letters: by those that are underlined and,
+// where none is, by the first.
 LRESULT DarkMenu::ChooseByLetter(char16_t letter, HMENU menu) const {
   const char16_t wanted = MnemonicOf(Text(u"&") + letter);
   const int count = GetMenuItemCount(menu);
   int lit = -1;
   for (int at = 0; at < count; ++at)
     if ((GetMenuState(menu, static_cast<UINT>(at), MF_BYPOSITION) & MF_HILITE) != 0) lit = at;
-  int found = -1;
-  int matches = 0;
-  for (int step = 1; step <= count; ++step) {
-    const int at = (lit + step + count) % count;
-    const Entry* entry = EntryAt(menu, at);
-    if (entry == nullptr || wanted == 0 || MnemonicOf(entry->words) != wanted) continue;
-    if (matches++ == 0) found = at;
-  }
-  if (found < 0) return MAKELRESULT(0, MNC_IGNORE);
-  return MAKELRESULT(static_cast<WORD>(found), matches == 1 ? MNC_EXECUTE : MNC_SELECT);
+  const auto entryWith = [&](const auto& fits) -> std::optional<LRESULT> {
+    int found = -1;
+    int matches = 0;
+    for (int step = 1; step <= count; ++step) {
+      const int at = (lit + step + count) % count;
+      const Entry* entry = EntryAt(menu, at);
+      if (entry != nullptr && fits(entry->words) && matches++ == 0) found = at;
+    }
+    if (found < 0) return std::nullopt;
+    return MAKELRESULT(static_cast<WORD>(found), matches == 1 ? MNC_EXECUTE : MNC_SELECT);
+  };
+  if (wanted == 0) return MAKELRESULT(0, MNC_IGNORE);
+  const auto underlined = entryWith([wanted](const Text& words) { return MnemonicOf(words) == wanted; });
+  if (underlined) return *underlined;
+  const auto first = entryWith([wanted](const Text& words) {
+    return MnemonicOf(words) == 0 && MnemonicOf(u"&" + words.substr(0, 1)) == wanted;
+  });
+  return first.value_or(MAKELRESULT(0, MNC_IGNORE));
 }
 
 LRESULT CALLBACK DarkMenu::OnOwnerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

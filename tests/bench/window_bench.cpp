@@ -207,6 +207,25 @@ double Drag(const RunningSubject& subject) {
   return median;
 }
 
+// From the end of the session to its answer, when every text has just been changed; next to nothing but
+// writing as many files, one after the other. Ends the program.
+double EndSession(const RunningSubject& subject) {
+  const int notes = subject.VisibleNotes();
+  if (subject.What().bare) {
+    DiskFiles files;
+    const double begin = Seconds();
+    for (int i = 0; i < notes; ++i) files.Write(subject.What().folder + u"same.rtf", "{\\rtf1 changed}");
+    return Seconds() - begin;
+  }
+  for (HWND note = nullptr;
+       (note = FindWindowExW(nullptr, note, subject.What().noteClass, nullptr)) != nullptr;)
+    SendMessageW(GetWindow(note, GW_CHILD), WM_CHAR, 'x', 0);
+  const double begin = Seconds();
+  SendMessageW(subject.Endpoint(), WM_QUERYENDSESSION, 0, 0);
+  SendMessageW(subject.Endpoint(), WM_ENDSESSION, TRUE, 0);
+  return Seconds() - begin;
+}
+
 struct Figure {
   const char* name;
   int notes;
@@ -236,6 +255,7 @@ constexpr Figure kFigures[] = {
     {"hide all, 200 notes", 200, HideAll, 1000, "ms", "1.2", 3},
     {"show all, 200 notes", 200, ShowAll, 1000, "ms", "1.2", 3},
     {"wake, 300 notes", 300, Start, 1000, "ms", "-", 3, true},
+    {"end of session, 1000 notes", 1000, EndSession, 1000, "ms", "1000 ms", 2},
     {"idle processor, 200 notes", 200, IdleProcessor, 1000, "ms in 10 s", "none", 1},
 };
 

@@ -86,6 +86,7 @@ TEST(KeyList, NamesEveryKeyOnceAndIsSearchedByWords) {
   EXPECT_TRUE(std::ranges::is_sorted(rows, {}, &KeyRow::place));
   EXPECT_EQ(std::ranges::count(rows, u"Ctrl+N", &KeyRow::key), 1);
   EXPECT_TRUE(IsFound(row(u"Alt+arrow keys"), u"  NOTE alt"));
+  EXPECT_TRUE(IsFound(row(u"Alt+arrow keys"), u"jotlet"));
   EXPECT_FALSE(IsFound(row(u"Alt+arrow keys"), u"move ctrl"));
 }
 

@@ -185,6 +185,11 @@ bool Drag(HWND window, Point from, Point offset) {
   return held && WaitUntil([window] { return ThreadOf(window).hwndCapture == nullptr; });
 }
 
+bool HasKeyboard(HWND note) {
+  const HWND focus = ThreadOf(note).hwndFocus;
+  return GetForegroundWindow() == note && (focus == note || IsChild(note, focus));
+}
+
 bool ClickIntoText(HWND note) {
   const HWND edit = GetDlgItem(note, BEdit::kControlId);
   const Rect text = BoundsOf(edit);

@@ -66,6 +66,8 @@ void HoldKey(WORD key, bool down);
 bool ClickUntil(const std::function<bool()>& condition, Point at, bool right = false);
 /// Presses the left button on `window` at `from`, moves by `offset` in a few steps and lets go.
 bool Drag(HWND window, Point from, Point offset);
+/// Whether keys go to a window of a note.
+bool HasKeyboard(HWND note);
 /// Clicks into a note's text and waits until keys go there.
 bool ClickIntoText(HWND note);
 /// Waits for a box of `process` with a text, presses Enter in it, waits until it is gone and gives the text.

@@ -208,7 +208,12 @@ HWND WindowTest::NoteTitled(const Text& title) {
 
 void WindowTest::Select(std::initializer_list<Text> titles) {
   HoldKey(VK_CONTROL, true);
-  for (const Text& title : titles) Drag(NoteTitled(title), Title(NoteTitled(title)), {0, 0});
+  for (const Text& title : titles) {
+    const HWND note = NoteTitled(title);
+    Drag(note, Title(note), {0, 0});
+    // Keys that follow are for the note that was pressed last.
+    EXPECT_TRUE(WaitUntil([note] { return HasKeyboard(note); })) << ToUtf8(title);
+  }
   HoldKey(VK_CONTROL, false);
 }
 

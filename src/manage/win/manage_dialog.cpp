@@ -245,8 +245,7 @@ ManageFacts BManageDlg::Facts() const {
   return facts;
 }
 
-// The buttons, the words below the list and the numbers of the views. Only what differs is set: nothing may
-// flicker.
+// The buttons and the words below the list. Only what differs is set: nothing may flicker.
 void BManageDlg::UpdateState() {
   const ManageFacts facts = Facts();
   for (std::size_t i = 0; i < kManageActions; ++i) {
@@ -268,7 +267,6 @@ void BManageDlg::UpdateState() {
   if (ItemText(IDC_MANAGE_STATUS) != status) SetWindowTextW(Item(IDC_MANAGE_STATUS), Wide(status));
   // Who goes through the list quickly does not wait for each text.
   if (preview_.IsPlaced()) SetTimer(Handle(), kPreviewTimer, kRefreshDelay, nullptr);
-  views_.Follow(resources_, owner_);
 }
 
 // Not from inside a control's message: a listener that hears of it may close this window.

@@ -67,7 +67,11 @@ bool BManageDlg::TranslateKey(const MSG& message) {
 
 void BManageDlg::RenameCategory() {
   const std::optional<Text> category = views_.Chosen().category;
-  if (category) owner_.RenameCategory(*category);
+  if (!category) return;
+  const std::optional<Text> name = owner_.RenameCategory(*category);
+  if (!name || !IsOpen()) return;
+  views_.Choose({ManageView::kStored, name});
+  ShowPlace();
 }
 
 void BManageDlg::OnViewsMenu(POINT at) {

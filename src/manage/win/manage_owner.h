@@ -24,8 +24,9 @@ class ManageOwner {
   virtual const std::vector<StoredCategory>& Categories() = 0;
   /// How many notes are stored in a place, though the list shows only the newest; 0 in any other view.
   virtual std::size_t CountStored(const ManagePlace& place) = 0;
-  /// Asks for another name of a category. One that is there already takes in its notes.
-  virtual void RenameCategory(const Text& name) = 0;
+  /// Asks for another name of a category. One that is there already takes in its notes. The new name, when it
+  /// has got one.
+  virtual std::optional<Text> RenameCategory(const Text& name) = 0;
   virtual bool CanUndoManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.

@@ -18,14 +18,6 @@ constexpr int kInset = 8;
 constexpr int kBarWidth = 5;
 constexpr int kBarHeight = 28;
 
-COLORREF Between(COLORREF a, COLORREF b, int percent) {
-  const auto mix = [percent](int x, int y) {
-    return static_cast<BYTE>((x * (100 - percent) + y * percent) / 100);
-  };
-  return RGB(mix(GetRValue(a), GetRValue(b)), mix(GetGValue(a), GetGValue(b)),
-             mix(GetBValue(a), GetBValue(b)));
-}
-
 }  // namespace
 
 void ManageTable::SetUp(HWND control, const Resources& resources, std::span<const std::int32_t> widths) {
@@ -186,19 +178,17 @@ void ManageTable::DrawRow(HDC dc, int place, const WindowColours& colours) const
   RECT area{};
   if (!ListView_GetItemRect(control_, place, &area, LVIR_BOUNDS)) return;
   const bool selected = ListView_GetItemState(control_, place, LVIS_SELECTED) != 0;
-  const COLORREF paper = ToCOLORREF(selected ? colours.chosen : colours.field);
-  const COLORREF ink = ToCOLORREF(selected ? colours.chosenText : colours.text);
   FillArea(dc, area, selected ? colours.chosen : colours.field);
   if (place < 0 || static_cast<std::size_t>(place) >= list_.Size()) return;
   const ManageRow& row = list_.At(static_cast<std::size_t>(place));
   SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, ink);
+  SetTextColor(dc, ToCOLORREF(selected ? colours.chosenText : colours.text));
   RECT cell = area;
   for (std::size_t i = 0; i < kManageColumns; ++i) {
     cell.right = cell.left + ListView_GetColumnWidth(control_, static_cast<int>(i));
     RECT words{cell.left + Scaled(kInset), cell.top, cell.right - Scaled(kInset) / 2, cell.bottom};
     if (i == 0) {
-      DrawNote(dc, row, words, Between(ink, paper, 30));
+      DrawNote(dc, row, words, ToCOLORREF(selected ? colours.chosenText : colours.quiet));
     } else {
       DrawTextW(dc, Wide(CellText(row, static_cast<ManageColumn>(i))), -1, &words,
                 DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);

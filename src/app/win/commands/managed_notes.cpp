@@ -89,12 +89,13 @@ std::size_t ManagedNotes::CountStored(const ManagePlace& place) {
   return count;
 }
 
-void ManagedNotes::RenameCategory(const Text& name) {
+std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
   const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, name).Ask(dialog_.Window());
-  const Text category(asked ? TrimBlanks(*asked) : TextView());
-  if (category.empty() || category == name || state_.exiting || !store_.RenameCategory(name, category))
-    return;
-  dialog_.RefreshSoon();
+  Text category(asked ? TrimBlanks(*asked) : TextView());
+  if (category.empty() || category == name || state_.exiting) return std::nullopt;
+  if (store_.RenameCategory(name, category)) return category;
+  Tell(dialog_.Window(), resources_, IDS_NOT_RENAMED, category);
+  return std::nullopt;
 }
 
 std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {

@@ -42,7 +42,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) override;
   const std::vector<StoredCategory>& Categories() override;
   std::size_t CountStored(const ManagePlace& place) override;
-  void RenameCategory(const Text& name) override;
+  std::optional<Text> RenameCategory(const Text& name) override;
   bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;

@@ -4,6 +4,7 @@
 #include "app/win/system_facts.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "res/find_numbers.h"
 #include "res/resource.h"
 #include "schedule/win/alarm_sound.h"
 #include "skin/skin_library.h"
@@ -60,6 +61,8 @@ void OptionCommands::DoSettingTask(SettingTask task, HWND dialog) {
     case SettingTask::kBackUp: return tools_.doCommand(ID_BACKUP);
     case SettingTask::kRestore: return tools_.doCommand(ID_RESTORE);
     case SettingTask::kEditStyles: return tools_.doCommand(ID_STYLES);
+    case SettingTask::kListKeys: return tools_.doCommand(ID_KEYBOARD_SHORTCUTS);
+    case SettingTask::kFindInAllNotes: return tools_.doCommand(ID_QUICK_FIND);
     case SettingTask::kOpenLog: {
       const Text path = tools_.desk.Folder() + Text(kActivityLogName);
       if (!tools_.files.Exists(path) || !OpenInNotepad(dialog, path))
