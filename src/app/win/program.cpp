@@ -327,8 +327,11 @@ void Program::ExitJotlets(TextView reason, bool silent) {
   keys_.CloseForExit();
   saving_.SaveCopy(desk_.Folder() + Text(kExitCopyName));
   state_.notesGone = true;
-  desk_.CloseAll();
-  stacks_.CloseAll();
+  // The windows of many notes take their time to go: at the end of the session they go with the process.
+  if (!silent) {
+    desk_.CloseAll();
+    stacks_.CloseAll();
+  }
   listeners_.Send({EventKind::kExiting});
   tray_.Remove();
   store_.Close();
