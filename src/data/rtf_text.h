@@ -2,11 +2,16 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "base/text.h"
 
 namespace jotlets {
+
+/// As much of a text as is searched, in code units, and the largest file, in bytes, that is read for it.
+inline constexpr std::size_t kMaximumSearchedText = 1 << 16;
+inline constexpr std::uint64_t kLargestSearchedFile = 32 << 20;
 
 /// The beginning of a rich text as plain text of at most `maximum` code units, lines ended by "\r\n". Reads
 /// no further than it has to. Any bytes give some text; 8-bit characters are taken for Western European.

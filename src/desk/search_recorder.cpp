@@ -2,11 +2,10 @@
 
 #include <utility>
 
+#include "data/rtf_text.h"
+
 namespace jotlets {
 namespace {
-
-// As much of a text as is searched.
-constexpr std::size_t kMaximumText = 1 << 16;
 
 SearchEntry SleepingEntry(const JotletData& record) {
   return {IndexedNoteOf(record, record.sleep.recurring ? SearchPlace::kRecurring : SearchPlace::kSleeping),
@@ -18,7 +17,7 @@ SearchEntry SleepingEntry(const JotletData& record) {
 SearchEntry SearchRecorder::OpenEntry(const JotletData& record) {
   SearchEntry entry{IndexedNoteOf(record, SearchPlace::kDesktop), {}};
   const NoteContent& content = windows_.ContentOf(record.id);
-  if (content.HasUnsavedChanges()) entry.text = content.PlainText().substr(0, kMaximumText);
+  if (content.HasUnsavedChanges()) entry.text = content.PlainText().substr(0, kMaximumSearchedText);
   return entry;
 }
 

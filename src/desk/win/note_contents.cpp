@@ -10,9 +10,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::uint64_t kLargestPictureFile = 256 * 1024 * 1024;
-// A file that is too large to be opened for a search.
-constexpr std::uint64_t kLargestSearched = 8 << 20;
-constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearched);
+constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearchedFile);
 
 }  // namespace
 
@@ -33,7 +31,7 @@ Text NoteContents::WordsOf(TextView id, std::size_t maximum) const {
   JotletData named;
   named.id = id;
   const Text path = desk_.Folder() + ContentPath(named);
-  if (files_.Size(path) > kLargestSearched) return {};
+  if (files_.Size(path) > kLargestSearchedFile) return {};
   return RtfTextStart(files_.Read(path).bytes, maximum);
 }
 

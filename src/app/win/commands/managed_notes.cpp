@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/win/shown_time.h"
+#include "data/rtf_text.h"
 #include "data/text_export.h"
 #include "desk/win/notes_export.h"
 #include "manage/win/category_dialog.h"
@@ -15,9 +16,6 @@
 
 namespace jotlets {
 namespace {
-
-// As much of a text as is searched.
-constexpr std::size_t kMaximumSearched = 1 << 16;
 
 bool IsIn(ManageView view, const JotletData& sleeping) {
   return sleeping.sleep.recurring == (view == ManageView::kRecurring);
@@ -119,7 +117,7 @@ Text ManagedNotes::ManagedTime(std::int32_t utc) {
 void ManagedNotes::OnManageSettings() { saving_.SetOptionsDirty(); }
 
 Text ManagedNotes::TextOf(const ManageRow& row) {
-  return row.type == ManageRow::Type::kText ? contents_.WordsOf(row.id, kMaximumSearched) : Text();
+  return row.type == ManageRow::Type::kText ? contents_.WordsOf(row.id, kMaximumSearchedText) : Text();
 }
 
 void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) {
