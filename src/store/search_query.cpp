@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace jotlets {
 namespace {
@@ -99,8 +100,10 @@ std::optional<LocalTime> ParseDay(TextView text) {
     split = SplitAtFirst(split.tail, u'-');
     numbers[count] = ParseInt(split.head);
   }
-  if (std::ranges::count(text, u'-') >= 3 || numbers[0] < 1970 || numbers[0] > 9999 || numbers[1] < 1 ||
-      numbers[1] > 12 || numbers[2] < 1 || numbers[2] > 31)
+  if (std::ranges::count(text, u'-') >= 3 || numbers[0] < 1970 || numbers[0] > 9999) return std::nullopt;
+  const std::chrono::month month(static_cast<unsigned>(numbers[1]));
+  const std::chrono::day dayOfMonth(static_cast<unsigned>(numbers[2]));
+  if (numbers[1] > 12 || numbers[2] > 31 || !(std::chrono::year(numbers[0]) / month / dayOfMonth).ok())
     return std::nullopt;
   LocalTime day;
   day.year = numbers[0];

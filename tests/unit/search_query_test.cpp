@@ -32,6 +32,7 @@ TEST(SearchQuery, TakesDaysAndStates) {
   EXPECT_EQ(LogStamp(*query.before), u"2027-01-31 00:00.00");
   EXPECT_EQ(query.image, true);
   EXPECT_EQ(query.places, kAllPlaces & ~PlaceBit(SearchPlace::kClosed));
+  EXPECT_EQ(LogStamp(*ParseSearchQuery(u"before:2028-02-29").before), u"2028-02-29 00:00.00");
   EXPECT_EQ(LogStamp(*ParseSearchQuery(u"-before:2026").after), u"2026-01-01 00:00.00");
   const SearchPlaces asleep = PlaceBit(SearchPlace::kSleeping) | PlaceBit(SearchPlace::kRecurring);
   EXPECT_EQ(ParseSearchQuery(u"IS:Sleeping").places, asleep);
@@ -39,8 +40,9 @@ TEST(SearchQuery, TakesDaysAndStates) {
 }
 
 TEST(SearchQuery, ThatIsUnfinishedOrNonsenseAsksForWordsOrNothing) {
-  for (const TextView unfinished : {u"", u" ", u"-", u"title:", u"-tag:\"", u"before:", u"after:20",
-                                    u"is:sle", u"\"\"", u"#", u"before:2026-13", u"after:2026-1-1-1"})
+  for (const TextView unfinished :
+       {u"", u" ", u"-", u"title:", u"-tag:\"", u"before:", u"after:20", u"is:sle", u"\"\"", u"#",
+        u"before:2026-13", u"after:2026-1-1-1", u"before:2026-06-31", u"after:2026-02-29", u"after:2026-0-1"})
     EXPECT_TRUE(ParseSearchQuery(unfinished).IsEmpty()) << ToUtf8(unfinished);
   EXPECT_EQ(TermsOf(u"before:lunch is:blue"), (Terms{{u"before:lunch"}, {u"is:blue"}}));
   Text many;
