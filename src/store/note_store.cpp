@@ -1,14 +1,12 @@
 #include "store/note_store.h"
 
+#include <string>
+
 #include "data/data_folder.h"
 #include "data/jotlet_line.h"
 
 namespace jotlets {
 namespace {
-
-constexpr std::int64_t kVersion = 1;
-constexpr std::int64_t kImageFlag = 1;
-constexpr std::int64_t kLeavingFlag = 2;
 
 // Texts are kept as the program has them, code unit by code unit.
 constexpr const char* kEncoding = "PRAGMA encoding = 'UTF-16le'";
@@ -30,6 +28,10 @@ constexpr const char* kForm =
 constexpr const char* kHabits =
     "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF;";
 
+Statement PrepareSelect(Database& database, const char* condition) {
+  return database.Prepare((std::string(kSelectStored) + condition).c_str());
+}
+
 }  // namespace
 
 void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The store '", path_, u"' ", what); }
@@ -39,28 +41,29 @@ void NoteStore::Open(TextView dataFolder, TextView stamp) {
   path_ = Text(dataFolder) + Text(kStoreFileName);
   if (!files_.Exists(path_)) return;
   const DatabaseResult opened = database_.Open(path_, false);
-  const bool damaged =
-      opened == DatabaseResult::kDamaged ||
-      (opened == DatabaseResult::kDone && files_.Size(path_) > 0 &&
-       database_.Number("SELECT count(*) FROM sqlite_master WHERE name = 'jotlets'", -1) != 1);
-  if (damaged) {
+  // An empty file is a store without notes.
+  if (opened == DatabaseResult::kDone && files_.Size(path_) == 0) return database_.Close();
+  const StoreForm form = opened == DatabaseResult::kDone ? FormOfStore(database_) : StoreForm::kUnknown;
+  if (opened == DatabaseResult::kDamaged || form == StoreForm::kOther) {
     database_.Close();
     const Text aside = path_ + u".damaged-" + Text(stamp);
     const FileStatus kept = files_.Rename(path_, aside);
     return Tell(kept ? u"is damaged and kept as '" + aside + u"'" : u"is damaged: " + kept.reason);
   }
-  if (opened != DatabaseResult::kDone) return Tell(u"cannot be used: " + database_.Fault());
-  // An empty file is a store without notes.
-  if (files_.Size(path_) == 0) return database_.Close();
-  Prepare();
+  if (form == StoreForm::kNewer) {
+    Tell(u"was made by a newer version: its notes are left alone");
+    return database_.Close();
+  }
+  if (form == StoreForm::kStore) {
+    Prepare();
+  } else {
+    Tell(u"cannot be used: " + database_.Fault());
+    database_.Close();
+  }
 }
 
 bool NoteStore::Prepare() {
-  const std::int64_t version = database_.Number("PRAGMA user_version", 0);
-  if (version > kVersion) {
-    Tell(u"was made by a newer version: its notes are left alone");
-    database_.Close();
-  } else if (database_.Run(kHabits) != DatabaseResult::kDone) {
+  if (database_.Run(kHabits) != DatabaseResult::kDone) {
     Tell(u"cannot be used: " + database_.Fault());
     database_.Close();
   } else {
@@ -84,7 +87,7 @@ std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView ca
   Statement insert =
       database_.Prepare("INSERT INTO jotlets (category, text, flags, record) VALUES (?, ?, ?, ?)");
   insert.Bind(category).Bind(FoldCase(record.id));
-  insert.Bind(record.IsImage() ? kImageFlag : 0).Bind(MakeJotletLine(record, true));
+  insert.Bind(record.IsImage() ? kStoredImage : 0).Bind(MakeJotletLine(record, true));
   if (Change(insert)) return database_.LastKey();
   Tell(u"could not take jotlet " + record.id + u": " + database_.Fault());
   return std::nullopt;
@@ -99,15 +102,13 @@ bool NoteStore::Change(Statement& statement) {
 
 std::vector<StoredNote> NoteStore::Select(Statement select, std::size_t maximum) {
   std::vector<StoredNote> notes;
-  const JotletData blank;
   while (notes.size() < maximum && select.Step() == DatabaseResult::kRow)
-    notes.push_back({select.NumberAt(0), select.TextAt(1),
-                     ParseJotletLine(select.TextAt(2), blank, [] { return Text(); })});
+    notes.push_back(StoredNoteAt(select));
   return notes;
 }
 
 std::optional<StoredNote> NoteStore::Find(std::int64_t key) {
-  Statement select = database_.Prepare("SELECT key, category, record FROM jotlets WHERE key = ?");
+  Statement select = PrepareSelect(database_, "WHERE key = ?");
   select.Bind(key);
   std::vector<StoredNote> found = Select(std::move(select), 1);
   return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
@@ -123,13 +124,12 @@ std::optional<std::int64_t> NoteStore::KeyOf(TextView id) {
 }
 
 std::vector<StoredNote> NoteStore::Leaving() {
-  return Select(database_.Prepare("SELECT key, category, record FROM jotlets WHERE flags & 2"), SIZE_MAX);
+  return Select(PrepareSelect(database_, "WHERE flags & 2"), SIZE_MAX);
 }
 
 std::vector<StoredNote> NoteStore::Newest(const std::optional<Text>& category, std::size_t maximum) {
-  Statement select = database_.Prepare(
-      category ? "SELECT key, category, record FROM jotlets WHERE category = ? ORDER BY key DESC"
-               : "SELECT key, category, record FROM jotlets ORDER BY key DESC");
+  Statement select =
+      PrepareSelect(database_, category ? "WHERE category = ? ORDER BY key DESC" : "ORDER BY key DESC");
   if (category) select.Bind(*category);
   return Select(std::move(select), maximum);
 }
@@ -153,7 +153,7 @@ bool NoteStore::RenameCategory(TextView from, TextView to) {
 
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {
   Statement update = database_.Prepare("UPDATE jotlets SET flags = (flags & ~2) | ? WHERE key = ?");
-  update.Bind(leaving ? kLeavingFlag : 0).Bind(key);
+  update.Bind(leaving ? kStoredLeaving : 0).Bind(key);
   return Change(update);
 }
 
@@ -175,7 +175,7 @@ std::vector<NoteStore::Claim> NoteStore::Claims() {
   std::vector<Claim> claims;
   Statement select = database_.Prepare("SELECT text, flags FROM jotlets");
   while (select.Step() == DatabaseResult::kRow)
-    claims.push_back({select.TextAt(0), (select.NumberAt(1) & kImageFlag) != 0});
+    claims.push_back({select.TextAt(0), (select.NumberAt(1) & kStoredImage) != 0});
   return claims;
 }
 

@@ -9,16 +9,9 @@
 
 #include "base/files.h"
 #include "base/log.h"
-#include "data/jotlet_data.h"
-#include "store/database.h"
+#include "store/stored_rows.h"
 
 namespace jotlets {
-
-struct StoredNote {
-  std::int64_t key = 0;
-  Text category;
-  JotletData record;
-};
 
 struct StoredCategory {
   Text name;

@@ -1,0 +1,68 @@
+// The store as those see it who read its file: the one that changes it, and the search beside it.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "base/files.h"
+#include "data/jotlet_data.h"
+#include "store/database.h"
+
+namespace jotlets {
+
+/// Parts of the flags of a row.
+inline constexpr std::int64_t kStoredImage = 1;
+inline constexpr std::int64_t kStoredLeaving = 2;
+
+struct StoredNote {
+  std::int64_t key = 0;
+  Text category;
+  JotletData record;
+  bool leaving = false;  // on its way to the desktop: it counts as stored only if no list has it
+};
+
+/// How the rows are asked for that `StoredNoteAt` reads; conditions go behind it.
+inline constexpr const char* kSelectStored = "SELECT key, category, flags, record FROM jotlets ";
+StoredNote StoredNoteAt(const Statement& row);
+
+/// What a database that could be opened turns out to be.
+enum class StoreForm : std::uint8_t {
+  kStore,
+  kNewer,    // of a newer version: its notes are left alone
+  kOther,    // no store
+  kUnknown,  // it cannot be read now
+};
+StoreForm FormOfStore(Database& database);
+
+/// Reads the store's file beside whoever changes it. Everything it answers is nothing when the file could not
+/// be read, which says nothing about its notes. A store of a newer version is one without notes, as nobody
+/// here can fetch them.
+class StoreReader {
+ public:
+  explicit StoreReader(const Files& files) : files_(files) {}
+
+  /// The file has this path; it is opened when it is read, and left open.
+  void SetPath(TextView path);
+  /// Lets go of the file.
+  void Close() { database_.Close(); }
+
+  using Notes = std::vector<StoredNote>;
+  /// The notes with the next keys after `key`, at most `maximum`.
+  std::optional<Notes> After(std::int64_t key, std::int64_t maximum);
+  /// The one note with this key, or none.
+  std::optional<Notes> At(std::int64_t key);
+  /// Why something could not be read.
+  const Text& Fault() const { return fault_; }
+
+ private:
+  enum class Access { kOpen, kNothingThere, kFails };
+  Access Open();
+  std::optional<Notes> Read(const char* condition, std::int64_t key, std::int64_t maximum);
+
+  const Files& files_;
+  Text path_;
+  Database database_;
+  Text fault_;
+};
+
+}  // namespace jotlets
