@@ -14,39 +14,75 @@ constexpr std::chrono::seconds kLongestWait{2};
 constexpr std::size_t kMaximumNames = 100'000;
 // An index that is damaged again and again lies on a disk that cannot be trusted.
 constexpr int kMaximumRenewals = 3;
+// What could not be read or written is tried again when somebody asks, but not at each key.
+constexpr std::int64_t kSecondsBetweenTries = 10;
+// So much of the news is one piece of work: other work comes in between, and the end.
+constexpr std::size_t kPartOfNews = 100;
+
+template <typename Item>
+void AddParts(std::vector<Item> items, std::vector<Item> SearchNews::*member,
+              std::vector<SearchNews>& parts) {
+  for (std::size_t at = 0; at < items.size(); ++at) {
+    if (at % kPartOfNews == 0) parts.emplace_back();
+    (parts.back().*member).push_back(std::move(items[at]));
+  }
+}
+
+// In the order in which news are applied.
+std::vector<SearchNews> PartsOf(SearchNews news) {
+  std::vector<SearchNews> parts;
+  AddParts(std::move(news.gone), &SearchNews::gone, parts);
+  AddParts(std::move(news.stored), &SearchNews::stored, parts);
+  AddParts(std::move(news.notes), &SearchNews::notes, parts);
+  return parts;
+}
 
 }  // namespace
 
 void NoteSearch::Start(TextView dataFolder) {
   Stop();
   folder_ = dataFolder;
-  failureTold_ = false;
+  toldFault_.clear();
+  stops_ = false;
+  nextTry_ = context_.clock.Now().utc + kSecondsBetweenTries;
   searcher_.Start();
   indexer_.Start([this] { return Build(); });
   indexer_.Post([this, notes = context_.notes()]() mutable { OpenIndex(std::move(notes)); });
 }
 
 void NoteSearch::Stop() {
+  stops_ = true;
   EndSearch();
   indexer_.Stop();
   searcher_.Stop();
   builder_.Close();
   reads_.Close();
   index_.Close();
+  builds_ = false;
   folder_.clear();
   state_ = State::kClosed;
-  answer_.reset();
+  damaged_ = false;
 }
 
+// From here on no answer comes to what was asked before.
 void NoteSearch::EndSearch() {
-  ++asked_;
+  {
+    const std::lock_guard lock(mutex_);
+    ++asked_;
+    answer_.reset();
+  }
   if (searches_) reads_.Interrupt();
+}
+
+NoteSearch::State NoteSearch::CurrentState() {
+  const std::lock_guard lock(mutex_);
+  return state_;
 }
 
 void NoteSearch::Say(State state, Text line) {
   {
     const std::lock_guard lock(mutex_);
-    state_ = state;
+    if (state_ != State::kUnusable) state_ = state;
     lines_.push_back(std::move(line));
   }
   context_.wake();
@@ -55,21 +91,44 @@ void NoteSearch::Say(State state, Text line) {
 void NoteSearch::OpenIndex(std::vector<SearchEntry> notes) {
   const Text path = folder_ + Text(kSearchIndexName);
   if (!index_.Open(path))
-    return Say(State::kFailed, u"The search index '" + path + u"' cannot be used: " + index_.Fault());
-  searcher_.Post([this, path] { reads_.OpenToSearch(path); });
+    return SayUnusable(u"The search index '" + path + u"' cannot be used: " + index_.Fault());
+  searcher_.Post([this, path] { OpenToSearch(path); });
   builder_.Begin(folder_, std::move(notes));
+  builds_ = true;
   Say(State::kBuilding, u"Starting to generate and cache titles and content...");
 }
 
+void NoteSearch::OpenToSearch(const Text& path) {
+  if (!reads_.OpenToSearch(path))
+    SayUnusable(u"The search index '" + path + u"' cannot be searched: " + reads_.Fault());
+}
+
 bool NoteSearch::Build() {
-  if (!index_.IsOpen() || state_ != State::kBuilding) return false;
+  if (!index_.IsOpen() || !builds_) return false;
   if (builder_.Step()) return true;
-  if (index_.IsDamaged() || builder_.HasFailed()) {
+  builds_ = false;
+  if (index_.IsDamaged() || !builder_.Fault().empty()) {
     Fail();
   } else {
+    toldFault_.clear();
     Say(State::kComplete, u"...finished generating titles and filling cache");
   }
   return false;
+}
+
+// After a failure everything is compared once more: what was told meanwhile may not be in the index.
+void NoteSearch::BuildAgain() {
+  const std::int64_t now = context_.clock.Now().utc;
+  if (!IsRunning() || CurrentState() != State::kIncomplete || now < nextTry_) return;
+  nextTry_ = now + kSecondsBetweenTries;
+  {
+    const std::lock_guard lock(mutex_);
+    state_ = State::kBuilding;
+  }
+  indexer_.Post([this, notes = context_.notes()]() mutable {
+    builder_.Begin(folder_, std::move(notes));
+    builds_ = true;
+  });
 }
 
 // Whoever opened it makes it anew: that takes a list of all notes.
@@ -83,21 +142,36 @@ void NoteSearch::SayDamaged() {
 
 void NoteSearch::Fail() {
   if (index_.IsDamaged()) return SayDamaged();
-  if (!std::exchange(failureTold_, true))
-    Say(state_, u"The search index could not be written: " + index_.Fault());
+  {
+    const std::lock_guard lock(mutex_);
+    if (state_ != State::kUnusable) state_ = State::kIncomplete;
+  }
+  if (std::exchange(toldFault_, builder_.Fault()) != builder_.Fault())
+    Say(State::kIncomplete, Text(builder_.Fault()));
+}
+
+void NoteSearch::Apply(const SearchNews& news) {
+  // While it is being filled the failure is kept, and told at the end.
+  if (index_.IsOpen() && !builder_.Apply(news) && (!builds_ || index_.IsDamaged())) Fail();
 }
 
 void NoteSearch::Tell(SearchNews news) {
-  if (news.IsEmpty()) return;
-  indexer_.Post([this, news = std::move(news)] {
-    if (index_.IsOpen() && !builder_.Apply(news)) Fail();
-  });
+  for (SearchNews& part : PartsOf(std::move(news)))
+    indexer_.Post([this, told = std::move(part)] { Apply(told); });
 }
 
 void NoteSearch::Ask(TextView typed, std::size_t maximum) {
   EndSearch();
-  question_ = {Text(typed), maximum, asked_};
-  searcher_.Post([this, question = question_] { Answer(question); });
+  question_ = {Text(typed), maximum, asked_, !typed.empty()};
+  if (!question_.waits) return;
+  BuildAgain();
+  if (CurrentState() != State::kUnusable)
+    return searcher_.Post([this, question = question_] { Look(question.number, [&] { Answer(question); }); });
+  SearchAnswer answer;
+  answer.typed = typed;
+  answer.all = true;
+  answer.cannotLook = true;
+  Post(std::move(answer), question_.number);
 }
 
 void NoteSearch::Post(SearchAnswer answer, int number) {
@@ -109,30 +183,56 @@ void NoteSearch::Post(SearchAnswer answer, int number) {
   context_.wake();
 }
 
-void NoteSearch::Answer(const Question& question) {
-  if (!IsAsked(question) || !reads_.IsOpen()) return;
+// Looks for what is still wanted, and is interrupted as soon as it is not.
+void NoteSearch::Look(int number, const std::function<void()>& look) {
   searches_ = true;
+  reads_.Resume();
+  if (number == asked_ && reads_.IsOpen()) look();
+  searches_ = false;
+  if (reads_.IsDamaged()) SayDamaged();
+}
+
+void NoteSearch::Answer(const Question& question) {
   const SearchQuery query = ParseSearchQuery(question.typed);
   const SearchSpan span = SpanOf(query, context_.clock);
   SearchAnswer answer;
   answer.typed = question.typed;
-  answer.results = reads_.Search(query, span, question.maximum);
-  answer.more = answer.results.size() >= question.maximum;
-  answer.all = answer.more || FullTextExpression(query, false).empty();
-  Post(answer, question.number);
-  if (!answer.all && IsAsked(question)) {
-    std::unordered_set<Text> known;
-    for (const SearchResult& result : answer.results) known.insert(result.note.id);
-    for (SearchResult& result : reads_.Scan(query, span, question.maximum)) {
-      answer.more = answer.results.size() >= question.maximum;
-      if (!answer.more && known.insert(result.note.id).second) answer.results.push_back(std::move(result));
-    }
-    answer.all = true;
-    if (answer.results.empty()) answer.searched = reads_.Count();
-    Post(std::move(answer), question.number);
+  const auto post = [&](bool all) {
+    answer.more = answer.results.size() >= question.maximum;
+    answer.all = all || answer.more || answer.cannotLook;
+    if (answer.all && answer.results.empty()) answer.searched = reads_.Count();
+    // One that is damaged is made anew, and asked again.
+    if (!reads_.IsDamaged()) Post(answer, question.number);
+  };
+  if (SearchIndex::Results found = reads_.Search(query, span, question.maximum)) {
+    answer.results = std::move(*found);
+  } else {
+    answer.cannotLook = true;
   }
-  searches_ = false;
-  if (reads_.IsDamaged()) SayDamaged();
+  post(FullTextExpression(query, false).empty());
+  if (answer.all) return;
+  std::unordered_set<Text> known;
+  for (const SearchResult& result : answer.results) known.insert(result.note.id);
+  SearchIndex::Results inside = reads_.Scan(query, span, question.maximum);
+  answer.cannotLook = !inside;
+  for (SearchResult& result : inside ? *inside : std::vector<SearchResult>())
+    if (answer.results.size() < question.maximum && known.insert(result.note.id).second)
+      answer.results.push_back(std::move(result));
+  post(true);
+}
+
+// As often as its disk may spoil it.
+void NoteSearch::Renew() {
+  const Text folder = folder_;
+  const Text path = folder + Text(kSearchIndexName);
+  Stop();
+  index_.Discard(path);
+  if (++renewals_ <= kMaximumRenewals) {
+    context_.log.Write(kLogLifecycle, u"The search index '", path, u"' is damaged and made anew");
+    return Start(folder);
+  }
+  context_.log.Write(kLogLifecycle, u"The search index '", path, u"' is damaged again and given up");
+  state_ = State::kUnusable;
 }
 
 std::optional<SearchAnswer> NoteSearch::Poll() {
@@ -146,37 +246,35 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
     damaged = std::exchange(damaged_, false);
   }
   for (const Text& line : lines) context_.log.Write(kLogLifecycle, line);
-  if (damaged && IsRunning()) {
-    const Text folder = folder_;
-    Stop();
-    const Text path = folder + Text(kSearchIndexName);
-    context_.log.Write(kLogLifecycle, u"The search index '", path, u"' is damaged and made anew");
-    index_.Discard(path);
-    if (++renewals_ <= kMaximumRenewals) Start(folder);
-  }
-  // Before the index was open there was nobody to answer.
-  const bool opened = !lines.empty() && !question_.typed.empty() && !answer;
-  if ((opened || damaged) && IsRunning()) Ask(Text(question_.typed), question_.maximum);
+  if (answer && answer->all) question_.waits = false;
+  damaged = damaged && IsRunning();
+  if (damaged) Renew();
+  // Before the index was open there was nobody to answer, and before it was complete not all was known.
+  if ((damaged || !lines.empty()) && !question_.typed.empty()) Ask(Text(question_.typed), question_.maximum);
   return answer;
 }
 
 std::optional<std::vector<Text>> NoteSearch::Names(TextView typed) {
-  {
-    const std::lock_guard lock(mutex_);
-    if (state_ != State::kComplete) return std::nullopt;
-  }
-  using Found = std::vector<Text>;
+  BuildAgain();
+  if (CurrentState() != State::kComplete) return std::nullopt;
+  using Found = std::optional<std::vector<Text>>;
   const auto promise = std::make_shared<std::promise<Found>>();
   std::future<Found> found = promise->get_future();
   const SearchQuery query = ParseSearchQuery(typed);
   const SearchSpan span = SpanOf(query, context_.clock);
+  // A long answer would keep it waiting, and is looked for again afterwards.
+  EndSearch();
+  const auto look = [this, promise, query, span, number = asked_.load()] {
+    Found names;
+    Look(number, [&] { names = reads_.Names(query, span, kMaximumNames); });
+    promise->set_value(std::move(names));
+  };
   // Behind what has been told so far.
-  indexer_.Post([this, promise, query, span] {
-    searcher_.Post(
-        [this, promise, query, span] { promise->set_value(reads_.Names(query, span, kMaximumNames)); });
-  });
-  if (found.wait_for(kLongestWait) != std::future_status::ready) return std::nullopt;
-  return found.get();
+  indexer_.Post([this, look] { searcher_.Post(look); });
+  const bool inTime = found.wait_for(kLongestWait) == std::future_status::ready;
+  if (question_.waits) Ask(Text(question_.typed), question_.maximum);
+  // What was told last may have failed.
+  return inTime && CurrentState() == State::kComplete ? found.get() : std::nullopt;
 }
 
 }  // namespace jotlets

@@ -3,26 +3,30 @@
 #include <utility>
 
 #include "data/data_folder.h"
-#include "data/jotlet_line.h"
 #include "data/rtf_text.h"
-#include "store/note_store.h"
+#include "store/search_words.h"
 
 namespace jotlets {
 namespace {
 
-constexpr std::size_t kAtOnce = 200;
-// As much of a text as is searched, and the largest file that it is read from.
-constexpr std::size_t kMaximumText = 1 << 16;
-constexpr std::uint64_t kLargestFile = 32 << 20;
-// On its way out of the store: the desk has it.
-constexpr std::int64_t kLeavingFlag = 2;
-// The text is newer than the content file.
+constexpr std::int64_t kAtOnce = 200;
+// Whoever waits for a step or a part of the news waits for one more file at most.
+constexpr std::chrono::milliseconds kLongestStep{250};
+// The text is newer than the content file, or the file could not be read.
 constexpr std::int64_t kUnsaved = -1;
+
+SearchEntry StoredEntry(const StoredNote& stored) {
+  SearchEntry entry{IndexedNoteOf(stored.record, SearchPlace::kStored), {}};
+  entry.note.key = stored.key;
+  entry.note.category = stored.category;
+  return entry;
+}
 
 }  // namespace
 
 void SearchBuilder::Begin(TextView dataFolder, std::vector<SearchEntry> notes) {
   folder_ = dataFolder;
+  store_.SetPath(folder_ + Text(kStoreFileName));
   notes_ = std::move(notes);
   listed_.clear();
   told_.clear();
@@ -31,19 +35,36 @@ void SearchBuilder::Begin(TextView dataFolder, std::vector<SearchEntry> notes) {
   next_ = 0;
   lastKey_ = 0;
   lastId_.clear();
-  failed_ = false;
+  storeIsRead_ = true;
+  fault_.clear();
 }
 
-bool SearchBuilder::End() {
-  if (fine_) return index_.Commit();
-  index_.RollBack();
-  return false;
+void SearchBuilder::BeginWriting() {
+  until_ = std::chrono::steady_clock::now() + kLongestStep;
+  fine_ = true;
+  index_.Begin();
+}
+
+void SearchBuilder::Check(bool written) {
+  if (!written && fault_.empty()) fault_ = u"The search index could not be written: " + index_.Fault();
+  fine_ = fine_ && written;
+}
+
+bool SearchBuilder::EndWriting() {
+  if (fine_) Check(index_.Commit());
+  if (!fine_) index_.RollBack();
+  return fine_;
+}
+
+// What the index has of the store is left alone: the notes are there, as far as anybody knows.
+void SearchBuilder::FailToRead() {
+  storeIsRead_ = false;
+  if (fault_.empty()) fault_ = u"The store could not be read for the search: " + store_.Fault();
 }
 
 bool SearchBuilder::Step() {
   if (phase_ == Phase::kDone || index_.IsDamaged()) return false;
-  index_.Begin();
-  fine_ = true;
+  BeginWriting();
   bool more = false;
   switch (phase_) {
     case Phase::kListed: more = StepListed(); break;
@@ -51,28 +72,31 @@ bool SearchBuilder::Step() {
     case Phase::kGone: more = StepGone(); break;
     case Phase::kDone: break;
   }
-  failed_ = !End() || failed_;
-  if (!more) {
-    phase_ = static_cast<Phase>(static_cast<int>(phase_) + 1);
+  EndWriting();
+  if (!more) phase_ = static_cast<Phase>(static_cast<int>(phase_) + 1);
+  if (phase_ == Phase::kDone) {
     // Another program may want to copy or replace the store.
-    if (phase_ == Phase::kDone) store_.Close();
+    store_.Close();
+    notes_ = {};
+    listed_ = {};
+    told_ = {};
   }
   return phase_ != Phase::kDone && !index_.IsDamaged();
 }
 
 bool SearchBuilder::StepListed() {
-  for (std::size_t i = 0; i < kAtOnce && next_ < notes_.size(); ++i) {
+  while (next_ < notes_.size()) {
     const SearchEntry entry = std::move(notes_[next_++]);
-    if (!told_.contains(FoldCase(entry.note.id))) fine_ = AddNote(entry) && fine_;
+    if (!WasTold(entry.note.id)) Check(AddNote(entry));
+    if (!GoesOn()) break;
   }
   return next_ < notes_.size();
 }
 
-Text SearchBuilder::TextOf(const IndexedNote& note) const {
-  if (note.image || note.stamp > static_cast<std::int64_t>(kLargestFile)) return {};
-  JotletData named;
-  named.id = note.id;
-  return RtfTextStart(files_.Read(folder_ + ContentPath(named)).bytes, kMaximumText);
+// One that cannot be read now is tried again at the next start; until then the index keeps what it has.
+bool SearchBuilder::AddUnread(IndexedNote note) {
+  note.stamp = kUnsaved;
+  return index_.PutRecord(note);
 }
 
 bool SearchBuilder::AddNote(const SearchEntry& entry) {
@@ -80,103 +104,83 @@ bool SearchBuilder::AddNote(const SearchEntry& entry) {
   JotletData named;
   named.id = note.id;
   named.isImage = note.image ? 1 : 0;
-  note.stamp = entry.text ? kUnsaved : static_cast<std::int64_t>(files_.Size(folder_ + ContentPath(named)));
+  const Text path = folder_ + ContentPath(named);
+  note.stamp = entry.text ? kUnsaved : static_cast<std::int64_t>(files_.Size(path));
   if (entry.text) return index_.Put(note, *entry.text);
   const std::optional<IndexedNote> known = index_.Find(note.id);
   if (known == note) return true;
   if (known && known->stamp == note.stamp && known->changed == note.changed && known->image == note.image)
     return index_.PutRecord(note);
-  return index_.Put(note, TextOf(note));
-}
-
-Statement SearchBuilder::SelectStored(const char* condition) {
-  const Text path = folder_ + Text(kStoreFileName);
-  if (!store_.IsOpen() && files_.Size(path) > 0) store_.Open(path, false);
-  const std::string sql = std::string("SELECT key, category, flags, record FROM jotlets ") + condition;
-  return store_.Prepare(sql.c_str());
-}
-
-std::optional<SearchEntry> SearchBuilder::StoredEntry(const Statement& row) const {
-  if ((row.NumberAt(2) & kLeavingFlag) != 0) return std::nullopt;
-  const JotletData record = ParseJotletLine(row.TextAt(3), JotletData(), [] { return Text(); });
-  SearchEntry entry{IndexedNoteOf(record, SearchPlace::kStored), {}};
-  entry.note.key = row.NumberAt(0);
-  entry.note.category = row.TextAt(1);
-  return entry;
+  if (note.image || note.stamp > static_cast<std::int64_t>(kLargestSearchedFile)) return index_.Put(note, {});
+  const FileContent content = files_.Read(path);
+  if (content.state == FileContent::State::kUnreadable) return AddUnread(std::move(note));
+  return index_.Put(note, RtfTextStart(content.bytes, kMaximumSearchedText));
 }
 
 bool SearchBuilder::StepStored() {
-  std::vector<SearchEntry> entries;
-  bool more = false;
-  {
-    Statement select = SelectStored("WHERE key > ? ORDER BY key LIMIT 200");
-    select.Bind(lastKey_);
-    while (select.Step() == DatabaseResult::kRow) {
-      more = true;
-      lastKey_ = select.NumberAt(0);
-      if (auto entry = StoredEntry(select)) entries.push_back(std::move(*entry));
-    }
+  const std::optional<StoreReader::Notes> notes = store_.After(lastKey_, kAtOnce);
+  if (!notes) FailToRead();
+  if (!notes || notes->empty()) return false;
+  for (const StoredNote& stored : *notes) {
+    lastKey_ = stored.key;
+    const Text& id = stored.record.id;
+    // The desk has one that is on its way out.
+    if (!stored.leaving && !WasTold(id) && !WasListed(id)) Check(AddNote(StoredEntry(stored)));
+    if (!GoesOn()) break;
   }
-  for (const SearchEntry& entry : entries) {
-    const Text id = FoldCase(entry.note.id);
-    if (!told_.contains(id) && !listed_.contains(id)) fine_ = AddNote(entry) && fine_;
-  }
-  return more;
+  return true;
 }
 
-bool SearchBuilder::IsKnown(const IndexedNote& note) const {
-  const Text id = FoldCase(note.id);
-  return told_.contains(id) || listed_.contains(id);
+bool SearchBuilder::IsGone(const IndexedNote& note) {
+  if (WasTold(note.id) || WasListed(note.id)) return false;
+  if (note.place != SearchPlace::kStored) return true;
+  if (!storeIsRead_) return false;
+  const std::optional<StoreReader::Notes> stored = store_.At(note.key);
+  if (!stored) FailToRead();
+  if (!stored || stored->empty()) return stored.has_value();
+  // Another store may have come into its place.
+  const StoredNote& found = stored->front();
+  return found.leaving || FoldCase(StorableText(found.record.id)) != FoldCase(note.id);
 }
 
 bool SearchBuilder::StepGone() {
-  const std::vector<IndexedNote> notes = index_.NotesAfter(lastId_, kAtOnce);
-  std::vector<Text> gone;
-  {
-    Statement select = SelectStored("WHERE key = ?");
-    for (const IndexedNote& note : notes) {
-      lastId_ = FoldCase(note.id);
-      if (IsKnown(note)) continue;
-      select.Reset();
-      select.Bind(note.key);
-      const bool stored = note.place == SearchPlace::kStored && select.Step() == DatabaseResult::kRow &&
-                          StoredEntry(select).has_value();
-      if (!stored) gone.push_back(lastId_);
-    }
+  const auto notes = index_.NotesAfter(lastId_, kAtOnce);
+  if (!notes) Check(false);
+  if (!notes || notes->empty()) return false;
+  for (const IndexedNote& note : *notes) {
+    lastId_ = FoldCase(note.id);
+    if (IsGone(note)) Check(index_.Remove(lastId_));
+    if (!GoesOn()) break;
   }
-  for (const Text& id : gone) fine_ = index_.Remove(id) && fine_;
-  return !notes.empty();
+  return true;
 }
 
 bool SearchBuilder::AddStored(std::int64_t key) {
-  std::optional<SearchEntry> entry;
-  {
-    Statement select = SelectStored("WHERE key = ?");
-    select.Bind(key);
-    if (select.Step() == DatabaseResult::kRow) entry = StoredEntry(select);
-  }
-  if (!entry) {
-    index_.RemoveKey(key);
-    return !index_.IsDamaged();
-  }
-  told_.insert(FoldCase(entry->note.id));
-  return AddNote(*entry);
+  const std::optional<StoreReader::Notes> stored = store_.At(key);
+  if (!stored) FailToRead();
+  if (!stored) return true;
+  if (stored->empty() || stored->front().leaving) return index_.RemoveKey(key);
+  told_.insert(FoldCase(stored->front().record.id));
+  return AddNote(StoredEntry(stored->front()));
 }
 
 bool SearchBuilder::Apply(const SearchNews& news) {
-  fine_ = true;
-  index_.Begin();
+  const bool wasRead = std::exchange(storeIsRead_, true);
+  BeginWriting();
   for (const Text& id : news.gone) {
     told_.insert(FoldCase(id));
-    fine_ = index_.Remove(id) && fine_;
+    Check(index_.Remove(id));
   }
   // First what left the store: what came from it to the desktop has the same id.
-  for (const std::int64_t key : news.stored) fine_ = AddStored(key) && fine_;
+  for (const std::int64_t key : news.stored)
+    if (storeIsRead_ && !stops_) Check(AddStored(key));
   for (const SearchEntry& entry : news.notes) {
+    if (stops_) break;
     told_.insert(FoldCase(entry.note.id));
-    fine_ = AddNote(entry) && fine_;
+    Check(AddNote(entry));
   }
-  const bool applied = End();
+  const bool applied = EndWriting() && storeIsRead_;
+  storeIsRead_ = storeIsRead_ && wasRead;
   if (phase_ == Phase::kDone) {
     told_.clear();
     store_.Close();

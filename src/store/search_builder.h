@@ -2,17 +2,21 @@
 // store with a connection of its own, a few notes at a time, so that nobody waits for it.
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <unordered_set>
 
 #include "base/files.h"
-#include "store/database.h"
 #include "store/search_news.h"
+#include "store/stored_rows.h"
 
 namespace jotlets {
 
 class SearchBuilder {
  public:
-  SearchBuilder(const Files& files, SearchIndex& index) : files_(files), index_(index) {}
+  /// As soon as `stops`, what is being done ends after the next note: what is left is not in the index then.
+  SearchBuilder(const Files& files, SearchIndex& index, const std::atomic<bool>& stops)
+      : files_(files), index_(index), stops_(stops), store_(files) {}
 
   /// Begins to compare the index with all notes: these, and those of the store in the data folder.
   void Begin(TextView dataFolder, std::vector<SearchEntry> notes);
@@ -20,27 +24,32 @@ class SearchBuilder {
   bool Step();
   /// Lets go of the store's file.
   void Close() { store_.Close(); }
-  /// Whether something could not be written since the beginning.
-  bool HasFailed() const { return failed_; }
-  /// Takes news in, which count more than what is still to be compared. False when the index fails.
+  /// Takes news in, which count more than what is still to be compared. False when not all of them could be.
   bool Apply(const SearchNews& news);
+  /// Why the index does not hold all that it has been told of since the beginning; empty while it does.
+  const Text& Fault() const { return fault_; }
 
  private:
   bool StepListed();
   bool StepStored();
   bool StepGone();
-  bool End();
+  void BeginWriting();
+  void Check(bool written);
+  bool EndWriting();
+  bool GoesOn() const { return !stops_ && std::chrono::steady_clock::now() < until_; }
   bool AddNote(const SearchEntry& entry);
   bool AddStored(std::int64_t key);
-  std::optional<SearchEntry> StoredEntry(const Statement& row) const;
-  Statement SelectStored(const char* condition);
-  bool IsKnown(const IndexedNote& note) const;
-  Text TextOf(const IndexedNote& note) const;
+  bool AddUnread(IndexedNote note);
+  bool IsGone(const IndexedNote& note);
+  bool WasTold(const Text& id) const { return told_.contains(FoldCase(id)); }
+  bool WasListed(const Text& id) const { return listed_.contains(FoldCase(id)); }
+  void FailToRead();
 
   const Files& files_;
   SearchIndex& index_;
+  const std::atomic<bool>& stops_;
   Text folder_;
-  Database store_;
+  StoreReader store_;
   std::vector<SearchEntry> notes_;
   std::unordered_set<Text> listed_;  // folded ids
   std::unordered_set<Text> told_;    // of these there have been news
@@ -49,8 +58,10 @@ class SearchBuilder {
   std::size_t next_ = 0;
   std::int64_t lastKey_ = 0;
   Text lastId_;
-  bool fine_ = true;  // what is being written
-  bool failed_ = false;
+  std::chrono::steady_clock::time_point until_;  // a step ends
+  bool fine_ = true;                             // what is being written
+  bool storeIsRead_ = true;
+  Text fault_;
 };
 
 }  // namespace jotlets

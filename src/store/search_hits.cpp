@@ -99,13 +99,13 @@ std::vector<TextPart> SearchHits::Find(const Needle& needle, TextView text, bool
   return hits;
 }
 
-std::vector<TextPart> SearchHits::FindAll(TextView text, SearchIn where) const {
+std::vector<TextPart> SearchHits::FindAll(TextView text, SearchIn where, std::size_t maximum) const {
   std::vector<TextPart> all;
   for (const Needle& needle : needles_) {
     const SearchIn in = needle.term.in == SearchIn::kTag ? SearchIn::kAnywhere : needle.term.in;
     if (needle.term.excluded || (in != SearchIn::kAnywhere && in != where)) continue;
-    std::vector<TextPart> hits = Find(needle, text, true, kMaximumHits);
-    if (hits.empty()) hits = Find(needle, text, false, kMaximumHits);
+    std::vector<TextPart> hits = Find(needle, text, true, maximum);
+    if (hits.empty()) hits = Find(needle, text, false, maximum);
     all.insert(all.end(), hits.begin(), hits.end());
   }
   std::ranges::sort(all, {}, &TextPart::first);
@@ -120,13 +120,17 @@ std::vector<TextPart> SearchHits::FindAll(TextView text, SearchIn where) const {
   return apart;
 }
 
-std::vector<TextPart> SearchHits::InTitle(TextView title) const { return FindAll(title, SearchIn::kTitle); }
+std::vector<TextPart> SearchHits::InTitle(TextView title) const {
+  return FindAll(title, SearchIn::kTitle, kMaximumHits);
+}
 
-std::vector<TextPart> SearchHits::InText(TextView text) const { return FindAll(text, SearchIn::kAnywhere); }
+std::vector<TextPart> SearchHits::InText(TextView text) const {
+  return FindAll(text, SearchIn::kAnywhere, kMaximumHits);
+}
 
 MarkedText SearchHits::Snippet(TextView text, std::size_t length) const {
-  const std::vector<TextPart> hits = InText(text);
-  const std::size_t begin = hits.empty() ? 0 : SnippetBegin(text, hits.front().first);
+  const std::vector<TextPart> first = FindAll(text, SearchIn::kAnywhere, 1);
+  const std::size_t begin = first.empty() ? 0 : SnippetBegin(text, first.front().first);
   MarkedText snippet;
   // Blanks may go, so that more of the text than is shown has to be looked at.
   snippet.text = Flattened(text.substr(begin, length * 4)).substr(0, length);

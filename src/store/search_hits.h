@@ -48,7 +48,8 @@ class SearchHits {
 
   static std::vector<TextPart> Find(const Needle& needle, TextView text, bool atWords, std::size_t maximum);
   static bool Stands(const Needle& needle, const SearchedNote& note);
-  std::vector<TextPart> FindAll(TextView text, SearchIn where) const;
+  /// At most `maximum` hits of each word.
+  std::vector<TextPart> FindAll(TextView text, SearchIn where, std::size_t maximum) const;
 
   std::vector<Needle> needles_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "store/search_words.h"
 
@@ -63,8 +64,8 @@ IndexedNote NoteAt(const Statement& row) {
 }  // namespace
 
 void SearchIndex::Close() {
-  for (Statement* statement : {&find_, &isTaken_, &text_, &insertNote_, &insertText_, &insertWords_,
-                               &removeWords_, &insertTitle_, &removeTitle_})
+  for (Statement* statement : {&find_, &findRow_, &isTaken_, &text_, &insertNote_, &insertText_,
+                               &insertWords_, &removeWords_, &insertTitle_, &removeTitle_})
     *statement = {};
   database_.Close();
 }
@@ -114,6 +115,7 @@ bool SearchIndex::OpenToSearch(TextView path) {
 
 void SearchIndex::Prepare() {
   find_ = database_.Prepare((std::string(kNote) + "WHERE folded = ?").c_str());
+  findRow_ = database_.Prepare((std::string(kNote) + "WHERE key = ?").c_str());
   isTaken_ = database_.Prepare("SELECT 1 FROM notes WHERE key = ?");
   text_ = database_.Prepare("SELECT text FROM texts WHERE key = ?");
   insertNote_ = database_.Prepare("REPLACE INTO notes VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
@@ -137,18 +139,23 @@ bool SearchIndex::Commit() { return Done(database_.Run("COMMIT")); }
 
 void SearchIndex::RollBack() { database_.Run("ROLLBACK"); }
 
-std::optional<SearchIndex::Known> SearchIndex::FindRow(TextView id) {
-  find_.Reset();
-  find_.Bind(FoldCase(StorableText(id)));
+// The row that a statement asks for, which is bound already and ready again afterwards.
+std::optional<SearchIndex::Known> SearchIndex::KnownAt(Statement& select) {
   std::optional<Known> known;
-  const DatabaseResult result = find_.Step();
+  const DatabaseResult result = select.Step();
   if (result == DatabaseResult::kRow) {
-    known = {find_.NumberAt(0), NoteAt(find_)};
+    known = {select.NumberAt(0), NoteAt(select)};
   } else {
     Done(result);
   }
-  find_.Reset();
+  select.Reset();
   return known;
+}
+
+std::optional<SearchIndex::Known> SearchIndex::FindRow(TextView id) {
+  find_.Reset();
+  find_.Bind(FoldCase(StorableText(id)));
+  return KnownAt(find_);
 }
 
 std::optional<IndexedNote> SearchIndex::Find(TextView id) {
@@ -246,19 +253,21 @@ bool SearchIndex::Remove(TextView id) {
 bool SearchIndex::RemoveKey(std::int64_t key) {
   Statement select = database_.Prepare((std::string(kNote) + "WHERE stored = ? AND stored > 0").c_str());
   select.Bind(key);
-  if (select.Step() != DatabaseResult::kRow) return false;
+  const DatabaseResult result = select.Step();
+  if (result != DatabaseResult::kRow) return Done(result);
   const Known known{select.NumberAt(0), NoteAt(select)};
   select.Reset();
   return RemoveRow(known);
 }
 
-std::vector<IndexedNote> SearchIndex::NotesAfter(TextView id, std::size_t maximum) {
+std::optional<std::vector<IndexedNote>> SearchIndex::NotesAfter(TextView id, std::size_t maximum) {
   std::vector<IndexedNote> notes;
   Statement select =
       database_.Prepare((std::string(kNote) + "WHERE folded > ? ORDER BY folded LIMIT ?").c_str());
   select.Bind(id).Bind(static_cast<std::int64_t>(maximum));
-  while (select.Step() == DatabaseResult::kRow) notes.push_back(NoteAt(select));
-  return notes;
+  DatabaseResult result = select.Step();
+  for (; result == DatabaseResult::kRow; result = select.Step()) notes.push_back(NoteAt(select));
+  return Done(result) ? std::optional(std::move(notes)) : std::nullopt;
 }
 
 std::int64_t SearchIndex::Count() { return database_.Number("SELECT count(*) FROM notes", 0); }

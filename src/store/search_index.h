@@ -4,6 +4,7 @@
 // Two may have the file open, one that changes it and one that searches.
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <vector>
 
@@ -76,19 +77,23 @@ class SearchIndex {
   bool Remove(TextView id);
   /// Removes the stored note of this key; true when there is none.
   bool RemoveKey(std::int64_t key);
-  /// The folded ids after `id` in their own order, at most `maximum`.
-  std::vector<IndexedNote> NotesAfter(TextView id, std::size_t maximum);
+  /// The notes with the next folded ids after `id`, at most `maximum`; nothing when they cannot be read.
+  std::optional<std::vector<IndexedNote>> NotesAfter(TextView id, std::size_t maximum);
   std::int64_t Count();
 
+  // Nothing when the index could not be read, and when `Interrupt` came in between.
+  using Results = std::optional<std::vector<SearchResult>>;
   /// The notes that hold the words: those with all of them in their titles first, then the others, the
   /// latest first.
-  std::vector<SearchResult> Search(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
+  Results Search(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
   /// The notes that hold them anywhere, be it inside of words, the latest first. Looks at all notes.
-  std::vector<SearchResult> Scan(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
+  Results Scan(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
   /// The ids, of stored ones the keys, of the notes that hold the words, the latest first.
-  std::vector<Text> Names(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
-  /// Ends what is being looked for, from another thread.
-  void Interrupt() { database_.Interrupt(); }
+  std::optional<std::vector<Text>> Names(const SearchQuery& query, const SearchSpan& span,
+                                         std::size_t maximum);
+  /// Ends what is being looked for, from another thread, and whatever comes until `Resume`.
+  void Interrupt();
+  void Resume() { interrupted_ = false; }
 
  private:
   using Rows = std::vector<std::int64_t>;
@@ -102,18 +107,23 @@ class SearchIndex {
     IndexedNote note;
   };
   std::optional<Known> FindRow(TextView id);
+  std::optional<Known> KnownAt(Statement& select);
   std::int64_t FreeRow(std::int32_t changed);
   bool Insert(std::int64_t row, const IndexedNote& note);
   bool RemoveRow(const Known& known);
   bool ChangeWords(std::int64_t row, const IndexedNote& note, TextView text, bool removes);
   Text TextOf(std::int64_t row);
-  Rows Select(const SearchQuery& query, const SearchSpan& span, std::size_t maximum, bool titles);
-  void AddResults(const Rows& rows, const SearchQuery& query, std::vector<SearchResult>& results);
+  std::optional<Rows> Select(const SearchQuery& query, const SearchSpan& span, std::size_t maximum,
+                             bool titles);
+  std::optional<Rows> ScanRows(const SearchQuery& query, const SearchSpan& span, std::size_t maximum);
+  Results ResultsOf(const std::optional<Rows>& rows, const SearchQuery& query);
 
   Database database_;
   bool damaged_ = false;
+  std::atomic<bool> interrupted_ = false;
   std::uint32_t tries_ = 0;  // for a row that is free
   Statement find_;
+  Statement findRow_;
   Statement isTaken_;
   Statement text_;
   Statement insertNote_;

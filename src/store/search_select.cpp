@@ -33,35 +33,16 @@ std::string RowConditions(const std::string& row, const SearchSpan& span) {
   return sql;
 }
 
-// A pattern for LIKE that lets through whatever holds the words: letters beyond ASCII, whose case it does not
-// know, and signs between words stand for anything.
-Text Pattern(const SearchTerm& term) {
-  const bool isWord = std::ranges::any_of(term.words, IsWordUnit);
-  Text pattern = u"%";
-  for (const char16_t unit : term.words) {
-    const bool wild = unit >= 0x80 || (isWord && !IsWordUnit(unit));
-    if (!wild && (unit == u'%' || unit == u'_' || unit == u'\\')) pattern += u'\\';
-    if (!wild) {
-      pattern += unit;
-    } else if (pattern.back() != u'%' || pattern.ends_with(u"\\%")) {
-      pattern += u'%';
-    }
-  }
-  return pattern + u"%";
-}
-
-std::string ScanSql(const SearchQuery& query, const SearchSpan& span, std::vector<Text>& patterns) {
-  std::string sql =
-      "SELECT notes.key, notes.title, notes.category, texts.text FROM notes CROSS JOIN texts"
-      " ON texts.key = notes.key WHERE 1" +
-      RecordConditions(query, span) + RowConditions("notes.key", span);
-  for (const SearchTerm& term : query.terms) {
-    if (term.excluded) continue;
-    patterns.push_back(Pattern(term));
-    const std::string like = " LIKE ?" + std::to_string(patterns.size()) + " ESCAPE '\\'";
-    sql.append(" AND (notes.title").append(like).append(" OR texts.text").append(like);
-    sql.append(" OR notes.category").append(like).append(")");
-  }
+// Each note, with what its words are looked for in. The database itself cannot look for them: to it an accent
+// makes another letter.
+std::string ScanSql(const SearchQuery& query, const SearchSpan& span) {
+  const auto looksAtText = [](const SearchTerm& term) {
+    return term.in == SearchIn::kAnywhere || term.in == SearchIn::kTag;
+  };
+  const bool withText = std::ranges::any_of(query.terms, looksAtText);
+  std::string sql = "SELECT notes.key, notes.title, notes.category, ";
+  sql += withText ? "texts.text FROM notes CROSS JOIN texts ON texts.key = notes.key" : "'' FROM notes";
+  sql += " WHERE 1" + RecordConditions(query, span) + RowConditions("notes.key", span);
   return sql + " ORDER BY notes.key DESC";
 }
 
@@ -74,8 +55,13 @@ SearchSpan SpanOf(const SearchQuery& query, const Clock& clock) {
   return span;
 }
 
-SearchIndex::Rows SearchIndex::Select(const SearchQuery& query, const SearchSpan& span, std::size_t maximum,
-                                      bool titles) {
+void SearchIndex::Interrupt() {
+  interrupted_ = true;
+  database_.Interrupt();
+}
+
+std::optional<SearchIndex::Rows> SearchIndex::Select(const SearchQuery& query, const SearchSpan& span,
+                                                     std::size_t maximum, bool titles) {
   Rows rows;
   const std::string expression = FullTextExpression(query, titles);
   const auto needsAll = [](const SearchTerm& term) {
@@ -92,18 +78,35 @@ SearchIndex::Rows SearchIndex::Select(const SearchQuery& query, const SearchSpan
   select.Bind(FromUtf8(expression)).Bind(static_cast<std::int64_t>(maximum));
   DatabaseResult result = select.Step();
   for (; result == DatabaseResult::kRow; result = select.Step()) rows.push_back(select.NumberAt(0));
-  Done(result);
+  return Done(result) ? std::optional(std::move(rows)) : std::nullopt;
+}
+
+std::optional<SearchIndex::Rows> SearchIndex::ScanRows(const SearchQuery& query, const SearchSpan& span,
+                                                       std::size_t maximum) {
+  Rows rows;
+  Statement select = database_.Prepare(ScanSql(query, span).c_str());
+  const SearchHits hits(query);
+  while (rows.size() < maximum) {
+    const DatabaseResult result = select.Step();
+    if (result == DatabaseResult::kDone) break;
+    if (result != DatabaseResult::kRow) Done(result);
+    if (result != DatabaseResult::kRow || interrupted_) return std::nullopt;
+    const bool matches =
+        query.terms.empty() || hits.Match({select.TextAt(1), select.TextAt(3), select.TextAt(2)});
+    if (matches) rows.push_back(select.NumberAt(0));
+  }
   return rows;
 }
 
-void SearchIndex::AddResults(const Rows& rows, const SearchQuery& query, std::vector<SearchResult>& results) {
+SearchIndex::Results SearchIndex::ResultsOf(const std::optional<Rows>& rows, const SearchQuery& query) {
+  if (!rows) return std::nullopt;
+  std::vector<SearchResult> results;
   const SearchHits hits(query);
-  Statement id = database_.Prepare("SELECT folded FROM notes WHERE key = ?");
-  for (const std::int64_t row : rows) {
-    id.Reset();
-    id.Bind(row);
-    if (id.Step() != DatabaseResult::kRow) continue;
-    auto known = FindRow(id.TextAt(0));
+  for (const std::int64_t row : *rows) {
+    if (interrupted_) return std::nullopt;
+    findRow_.Reset();
+    findRow_.Bind(row);
+    auto known = KnownAt(findRow_);
     if (!known) continue;
     SearchResult result;
     result.titleHits = hits.InTitle(known->note.title);
@@ -113,61 +116,46 @@ void SearchIndex::AddResults(const Rows& rows, const SearchQuery& query, std::ve
     result.note = std::move(known->note);
     results.push_back(std::move(result));
   }
+  return results;
 }
 
-std::vector<SearchResult> SearchIndex::Search(const SearchQuery& query, const SearchSpan& span,
-                                              std::size_t maximum) {
-  if (query.IsEmpty()) return {};
+SearchIndex::Results SearchIndex::Search(const SearchQuery& query, const SearchSpan& span,
+                                         std::size_t maximum) {
+  if (query.IsEmpty()) return std::vector<SearchResult>();
   if (FullTextExpression(query, false).empty()) return Scan(query, span, maximum);
-  Rows rows = Select(query, span, maximum, true);
-  if (rows.size() < maximum) {
-    const std::unordered_set<std::int64_t> known(rows.begin(), rows.end());
-    for (const std::int64_t row : Select(query, span, maximum, false))
-      if (rows.size() < maximum && !known.contains(row)) rows.push_back(row);
+  std::optional<Rows> rows = Select(query, span, maximum, true);
+  if (rows && rows->size() < maximum) {
+    const std::optional<Rows> others = Select(query, span, maximum, false);
+    if (!others) return std::nullopt;
+    const std::unordered_set<std::int64_t> known(rows->begin(), rows->end());
+    for (const std::int64_t row : *others)
+      if (rows->size() < maximum && !known.contains(row)) rows->push_back(row);
   }
-  std::vector<SearchResult> results;
-  AddResults(rows, query, results);
-  return results;
+  return ResultsOf(rows, query);
 }
 
-std::vector<SearchResult> SearchIndex::Scan(const SearchQuery& query, const SearchSpan& span,
-                                            std::size_t maximum) {
-  if (query.IsEmpty()) return {};
-  std::vector<Text> patterns;
-  Statement select = database_.Prepare(ScanSql(query, span, patterns).c_str());
-  for (const Text& pattern : patterns) select.Bind(pattern);
-  const SearchHits hits(query);
-  Rows rows;
-  while (rows.size() < maximum && select.Step() == DatabaseResult::kRow) {
-    const Text title = select.TextAt(1);
-    const Text category = select.TextAt(2);
-    const Text text = query.terms.empty() ? Text() : select.TextAt(3);
-    if (hits.Match({title, text, category})) rows.push_back(select.NumberAt(0));
-  }
-  std::vector<SearchResult> results;
-  AddResults(rows, query, results);
-  return results;
+SearchIndex::Results SearchIndex::Scan(const SearchQuery& query, const SearchSpan& span,
+                                       std::size_t maximum) {
+  if (query.IsEmpty()) return std::vector<SearchResult>();
+  return ResultsOf(ScanRows(query, span, maximum), query);
 }
 
-std::vector<Text> SearchIndex::Names(const SearchQuery& query, const SearchSpan& span, std::size_t maximum) {
+std::optional<std::vector<Text>> SearchIndex::Names(const SearchQuery& query, const SearchSpan& span,
+                                                    std::size_t maximum) {
   std::vector<Text> names;
-  const auto add = [&names](const IndexedNote& note) {
-    names.push_back(note.place == SearchPlace::kStored ? IntText(note.key) : note.id);
-  };
-  if (FullTextExpression(query, false).empty()) {
-    for (const SearchResult& result : Scan(query, span, maximum)) add(result.note);
-    return names;
-  }
+  if (query.IsEmpty()) return names;
+  const bool hasWords = !FullTextExpression(query, false).empty();
+  const std::optional<Rows> rows =
+      hasWords ? Select(query, span, maximum, false) : ScanRows(query, span, maximum);
+  if (!rows) return std::nullopt;
   Statement name = database_.Prepare("SELECT id, place, stored FROM notes WHERE key = ?");
-  for (const std::int64_t row : Select(query, span, maximum, false)) {
+  for (const std::int64_t row : *rows) {
+    if (interrupted_) return std::nullopt;
     name.Reset();
     name.Bind(row);
     if (name.Step() != DatabaseResult::kRow) continue;
-    IndexedNote note;
-    note.id = name.TextAt(0);
-    note.place = static_cast<SearchPlace>(name.NumberAt(1));
-    note.key = name.NumberAt(2);
-    add(note);
+    const bool isStored = static_cast<SearchPlace>(name.NumberAt(1)) == SearchPlace::kStored;
+    names.push_back(isStored ? IntText(name.NumberAt(2)) : name.TextAt(0));
   }
   return names;
 }

@@ -85,7 +85,7 @@ Text Expression(const SearchTerm& term, SearchIn in) {
 
 }  // namespace
 
-char16_t FoldLetter(char16_t unit) {
+char16_t FoldLetterBeyondAscii(char16_t unit) {
   if (unit >= 0x00C0 && unit < 0x0180) return kPlainLatin[unit - 0x00C0U];
   if (unit >= 0x1E00 && unit < 0x1F00) return kPlainLatinMore[unit - 0x1E00U];
   return FoldCase(unit);

@@ -10,8 +10,13 @@
 
 namespace jotlets {
 
-/// A letter without case and accent, as far as European alphabets go.
-char16_t FoldLetter(char16_t unit);
+char16_t FoldLetterBeyondAscii(char16_t unit);
+/// A letter without case and accent, as far as European alphabets go. A search goes through it for each unit
+/// of all texts.
+inline char16_t FoldLetter(char16_t unit) {
+  if (unit >= 0x80) return FoldLetterBeyondAscii(unit);
+  return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit;
+}
 /// Whether a unit belongs to a word: a letter or a digit of any script.
 bool IsWordUnit(char16_t unit);
 /// A sign on the letter before it.

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "fake_desk.h"
 #include "fakes.h"
@@ -14,13 +16,26 @@
 namespace jotlets {
 namespace {
 
+// Takes its time for each file.
+class SlowFiles : public FakeFiles {
+ public:
+  mutable std::atomic<int> reads = 0;
+  std::atomic<bool> slow = false;
+
+  FileContent Read(TextView path) const override {
+    ++reads;
+    if (slow) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    return FakeFiles::Read(path);
+  }
+};
+
 class NoteSearchTest : public ::testing::Test {
  protected:
   NoteSearchTest() {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
   }
-  ~NoteSearchTest() override {
+  void TearDown() override {
     search.Stop();
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
@@ -37,6 +52,8 @@ class NoteSearchTest : public ::testing::Test {
     return true;
   }
   void Start() {
+    search.Stop();
+    search.Poll();
     log.lines.clear();
     search.Start(folder_);
     ASSERT_TRUE(Await([this] { return log.Holds(u"...finished generating titles and filling cache"); }));
@@ -49,6 +66,26 @@ class NoteSearchTest : public ::testing::Test {
     files.Put(folder_ + ContentPath(record), "{\\rtf1 " + words + "}");
     return {IndexedNoteOf(record, SearchPlace::kDesktop), {}};
   }
+  // The key of the stored note is 1.
+  void MakeStore() {
+    files.Put(folder_ + Text(kStoreFileName), "some");
+    FakeFiles none;
+    NoteStore maker(none, log);
+    maker.Open(folder_, u"1");
+    JotletData record;
+    record.id = u"S1";
+    record.title = u"Stored apple";
+    ASSERT_TRUE(maker.Put(record, u"Orchard"));
+  }
+  // As another program would.
+  void Hold(TextView name) {
+    ASSERT_EQ(other.Open(folder_ + Text(name), false), DatabaseResult::kDone);
+    ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), DatabaseResult::kDone);
+  }
+  bool AwaitNames() {
+    clock.Move(60);
+    return Await([this] { return search.Names(u"x").has_value(); });
+  }
   // In any order.
   std::vector<Text> Names(TextView words) {
     std::vector<Text> names = search.Names(words).value_or(std::vector<Text>{u"unknown"});
@@ -58,13 +95,15 @@ class NoteSearchTest : public ::testing::Test {
   using Ids = std::vector<Text>;
 
   const Text folder_ = FromUtf8(::testing::TempDir()) + u"jotlets note search/";
-  FakeFiles files;
+  SlowFiles files;
   FakeClock clock;
   FakeLog log;
   std::int32_t now_ = 1'000'000;
   std::vector<SearchEntry> notes;
   std::vector<SearchAnswer> answers;
-  NoteSearch search{{files, clock, log, [this] { return notes; }, [] {}}};
+  std::atomic<int> wakes = 0;
+  Database other;
+  NoteSearch search{{files, clock, log, [this] { return notes; }, [this] { ++wakes; }}};
 };
 
 TEST_F(NoteSearchTest, KnowsWhatIsThereAtTheStartAndFollows) {
@@ -89,17 +128,8 @@ TEST_F(NoteSearchTest, KnowsWhatIsThereAtTheStartAndFollows) {
 }
 
 TEST_F(NoteSearchTest, KnowsTheStoreAndWhatMovesInAndOut) {
-  files.Put(folder_ + Text(kStoreFileName), "some");
+  MakeStore();
   NoteStore store(files, log);
-  {
-    FakeFiles none;
-    NoteStore maker(none, log);
-    maker.Open(folder_, u"1");
-    JotletData record;
-    record.id = u"S1";
-    record.title = u"Stored apple";
-    ASSERT_TRUE(maker.Put(record, u"Orchard"));
-  }
   store.Open(folder_, u"1");
   notes = {Note(u"A", u"apple", "")};
   Start();
@@ -129,6 +159,96 @@ TEST_F(NoteSearchTest, KnowsTheStoreAndWhatMovesInAndOut) {
   EXPECT_EQ(Names(u"apple"), Ids());
 }
 
+TEST_F(NoteSearchTest, KeepsWhatItHasOfAStoreThatCannotBeRead) {
+  MakeStore();
+  notes = {Note(u"A", u"apple", "")};
+  Start();
+  search.Stop();
+  Hold(kStoreFileName);
+  log.lines.clear();
+  search.Start(folder_);
+  ASSERT_TRUE(Await([this] { return log.Holds(u"The store could not be read"); }));
+  EXPECT_FALSE(search.Names(u"apple")) << "nobody knows them all";
+  search.Ask(u"apple", 10);
+  ASSERT_TRUE(Await([this] { return !answers.empty() && answers.back().all; }));
+  EXPECT_EQ(answers.back().results.size(), 2U);
+  other.Run("COMMIT");
+  ASSERT_TRUE(AwaitNames());
+  EXPECT_EQ(Names(u"apple"), (Ids{u"1", u"A"}));
+  // News of it are not lost.
+  other.Run("UPDATE jotlets SET category = 'Cellar'; BEGIN EXCLUSIVE");
+  log.lines.clear();
+  search.Tell({{}, {}, {1}});
+  ASSERT_TRUE(Await([this] { return log.Holds(u"The store could not be read"); }));
+  EXPECT_FALSE(search.Names(u"apple"));
+  other.Run("COMMIT");
+  ASSERT_TRUE(AwaitNames());
+  EXPECT_EQ(Names(u"apple category:cellar"), (Ids{u"1"}));
+  // Nobody here can fetch from a newer one.
+  other.Run("PRAGMA user_version = 2");
+  Start();
+  EXPECT_EQ(Names(u"apple"), (Ids{u"A"}));
+}
+
+TEST_F(NoteSearchTest, ReadsAgainWhatCouldNotBeRead) {
+  notes = {Note(u"A", u"", "apple"), Note(u"B", u"", "plum")};
+  const auto path = [this](TextView id) {
+    JotletData record;
+    record.id = id;
+    return FoldCase(folder_ + ContentPath(record));
+  };
+  files.unreadable = {path(u"A")};
+  Start();
+  EXPECT_EQ(Names(u"apple"), Ids());
+  search.Stop();
+  files.unreadable = {path(u"B")};
+  notes[1] = Note(u"B", u"Fruit", "pear");
+  Start();
+  EXPECT_EQ(Names(u"apple"), (Ids{u"A"}));
+  EXPECT_EQ(Names(u"fruit plum"), (Ids{u"B"})) << "as it was known";
+}
+
+TEST_F(NoteSearchTest, ComparesAgainWhenNewsCouldNotBeWritten) {
+  notes = {Note(u"A", u"", "apple")};
+  Start();
+  Hold(kSearchIndexName);
+  log.lines.clear();
+  notes.push_back(Note(u"B", u"", "plum"));
+  search.Tell({{}, {notes[1]}, {}});
+  ASSERT_TRUE(Await([this] { return log.Holds(u"The search index could not be written"); }));
+  EXPECT_FALSE(search.Names(u"plum"));
+  other.Run("COMMIT");
+  ASSERT_TRUE(AwaitNames());
+  EXPECT_EQ(Names(u"plum"), (Ids{u"B"}));
+}
+
+TEST_F(NoteSearchTest, StopsAtTheNextFileAndGoesOnAtTheNextStart) {
+  constexpr std::size_t kCount = 300;
+  const auto fill = [this](const std::string& words) {
+    notes.clear();
+    for (std::size_t i = 0; i < kCount; ++i)
+      notes.push_back(Note(IntText(static_cast<std::int64_t>(i)), u"", words));
+    files.reads = 0;
+    files.slow = true;
+  };
+  const auto stop = [this] {
+    while (files.reads == 0) std::this_thread::yield();
+    search.Stop();
+    files.slow = false;
+    return files.reads.load();
+  };
+  fill("apple");
+  search.Start(folder_);
+  EXPECT_LT(stop(), 90);
+  Start();
+  EXPECT_EQ(Names(u"apple").size(), kCount);
+  fill("plum");
+  search.Tell({{}, notes, {}});
+  EXPECT_LT(stop(), 90);
+  Start();
+  EXPECT_EQ(Names(u"plum").size(), kCount);
+}
+
 TEST_F(NoteSearchTest, AnswersTheLastQuestionBeginningsOfWordsFirst) {
   notes = {Note(u"A", u"", "recall"), Note(u"B", u"", "call")};
   Start();
@@ -144,6 +264,27 @@ TEST_F(NoteSearchTest, AnswersTheLastQuestionBeginningsOfWordsFirst) {
   search.Ask(u"call", 1);
   ASSERT_TRUE(Await([this] { return !answers.empty() && answers.back().all; }));
   EXPECT_TRUE(answers.back().more && answers.back().results.size() == 1);
+  answers.clear();
+  search.Ask(u"call", 2);
+  EXPECT_EQ(Names(u"recall"), (Ids{u"A"})) << "in between";
+  ASSERT_TRUE(Await([this] { return !answers.empty() && answers.back().all; }));
+  EXPECT_TRUE(answers.back().more) << "the list is full";
+}
+
+TEST_F(NoteSearchTest, GivesUpWhatWasAskedBefore) {
+  notes = {Note(u"A", u"", "apple")};
+  Start();
+  const int before = wakes;
+  search.Ask(u"apple", 10);
+  while (wakes == before) std::this_thread::yield();
+  search.Ask(u"plum", 10);
+  ASSERT_TRUE(Await([this] { return !answers.empty(); }));
+  EXPECT_EQ(answers.front().typed, u"plum");
+  search.Ask(u"apple", 10);
+  search.Ask(u"", 10);
+  answers.clear();
+  EXPECT_EQ(Names(u"apple"), (Ids{u"A"})) << "behind all questions";
+  EXPECT_FALSE(search.Poll());
 }
 
 TEST_F(NoteSearchTest, ThatIsDamagedIsMadeAnew) {
@@ -159,7 +300,9 @@ TEST_F(NoteSearchTest, ThatIsDamagedIsMadeAnew) {
   std::filesystem::create_directories(folder_ + Text(kSearchIndexName) + u"/in the way");
   log.lines.clear();
   search.Start(folder_);
-  EXPECT_TRUE(Await([this] { return log.Holds(u"cannot be used"); }));
+  search.Ask(u"apple", 5);
+  EXPECT_TRUE(Await([this] { return !answers.empty() && answers.back().cannotLook; }));
+  EXPECT_TRUE(log.Holds(u"cannot be used"));
   EXPECT_FALSE(search.Names(u"apple"));
 }
 
