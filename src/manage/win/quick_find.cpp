@@ -56,6 +56,7 @@ void BQuickFindDlg::OnInit() {
                       reinterpret_cast<LPARAM>(Wide(cue)));
   SendDlgItemMessageW(Handle(), IDC_QUICK_FIND_WORDS, EM_LIMITTEXT, 1000, 0);
   answer_ = {};
+  opens_ = false;
 }
 
 // In the upper part of the screen on which the user works.
@@ -102,15 +103,24 @@ void BQuickFindDlg::Ask() {
   const Text typed = ItemText(IDC_QUICK_FIND_WORDS);
   if (ParseSearchQuery(typed).IsEmpty()) {
     answer_ = {};
-    ShowResults();
+    ShowResults({});
+    return owner_.AskForNotes({}, 0);
   }
   owner_.AskForNotes(typed, kMaximumResults);
 }
 
 void BQuickFindDlg::ShowAnswer(SearchAnswer answer) {
   if (!IsOpen() || answer.typed != ItemText(IDC_QUICK_FIND_WORDS)) return;
+  // What comes later of an answer stands behind: the choice stays.
+  const std::size_t row = answer.typed == answer_.typed ? ChosenRow() : SIZE_MAX;
+  const Text chosen = row < answer_.results.size() ? answer_.results[row].note.id : Text();
   answer_ = std::move(answer);
-  ShowResults();
+  ShowResults(chosen);
+  if (opens_) PostMessageW(Handle(), kEnterMessage, 0, 0);
+}
+
+std::size_t BQuickFindDlg::ChosenRow() const {
+  return static_cast<std::size_t>(SendMessageW(Item(IDC_QUICK_FIND_LIST), LB_GETCURSEL, 0, 0));
 }
 
 Text BQuickFindDlg::TitleOf(const SearchResult& result) const {
@@ -126,18 +136,18 @@ Text BQuickFindDlg::WhereIs(const IndexedNote& note) const {
 }
 
 // The texts of the rows are what a screen reader says.
-void BQuickFindDlg::ShowResults() {
+void BQuickFindDlg::ShowResults(const Text& chosen) {
   const HWND list = Item(IDC_QUICK_FIND_LIST);
-  const auto chosen = static_cast<std::size_t>(SendMessageW(list, LB_GETCURSEL, 0, 0));
   SendMessageW(list, WM_SETREDRAW, FALSE, 0);
   SendMessageW(list, LB_RESETCONTENT, 0, 0);
   for (const SearchResult& result : answer_.results) {
     const Text words = TitleOf(result) + u", " + result.snippet.text + u", " + WhereIs(result.note);
     SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(words)));
   }
-  // What comes later is put behind: the choice stays.
-  const bool stays = chosen < answer_.results.size();
-  if (!answer_.results.empty()) SendMessageW(list, LB_SETCURSEL, stays ? chosen : 0, 0);
+  const auto isChosen = [&chosen](const SearchResult& result) { return result.note.id == chosen; };
+  const auto found = std::ranges::find_if(answer_.results, isChosen);
+  const auto row = found == answer_.results.end() ? 0 : found - answer_.results.begin();
+  if (!answer_.results.empty()) SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
   ShowStatus();
   Layout();
@@ -150,6 +160,8 @@ void BQuickFindDlg::ShowStatus() {
     status = resources_.String(IDS_QUICK_FIND_HINT);
   } else if (!answer_.results.empty()) {
     status = resources_.String(answer_.more ? IDS_QUICK_FIND_MORE : IDS_QUICK_FIND_KEYS);
+  } else if (answer_.cannotLook) {
+    status = resources_.String(IDS_QUICK_FIND_CANNOT);
   } else if (answer_.all) {
     status = ReplaceAll(ReplaceAll(resources_.String(IDS_QUICK_FIND_NOTHING), u"%s", typed), u"%n",
                         IntText(answer_.searched));
@@ -174,6 +186,7 @@ bool BQuickFindDlg::TranslateKey(const MSG& message) {
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4)
     return PostMessageW(Handle(), kCloseMessage, 0, 0);
   if (message.message != WM_KEYDOWN) return false;
+  opens_ = false;
   switch (message.wParam) {
     case VK_UP: Move(-1); return true;
     case VK_DOWN: Move(1); return true;
@@ -181,14 +194,22 @@ bool BQuickFindDlg::TranslateKey(const MSG& message) {
     case VK_NEXT: Move(kRowsShown); return true;
     case VK_ESCAPE: Close(); return true;
     // Not from inside a message of the field, which goes with it.
-    case VK_RETURN: PostMessageW(Handle(), kOpenMessage, GetKeyState(VK_CONTROL) < 0 ? 1 : 0, 0); return true;
+    case VK_RETURN:
+      PostMessageW(Handle(), GetKeyState(VK_CONTROL) < 0 ? kMakeMessage : kEnterMessage, 0, 0);
+      return true;
     default: return false;
   }
 }
 
+// Who types fast is ahead of the answers: what is on the list yet is not what was asked for.
+void BQuickFindDlg::OnEnter() {
+  const bool isThere = answer_.all || !answer_.results.empty();
+  opens_ = !isThere || answer_.typed != ItemText(IDC_QUICK_FIND_WORDS);
+  if (!opens_) OpenChosen();
+}
+
 void BQuickFindDlg::OpenChosen() {
-  const auto at =
-      static_cast<std::size_t>(SendDlgItemMessageW(Handle(), IDC_QUICK_FIND_LIST, LB_GETCURSEL, 0, 0));
+  const std::size_t at = ChosenRow();
   if (at >= answer_.results.size()) return;
   const SearchResult result = answer_.results[at];
   const MarkedText& snippet = result.snippet;
@@ -210,7 +231,10 @@ void BQuickFindDlg::MakeNote() {
 bool BQuickFindDlg::OnCommand(UINT control, UINT notification) {
   if (control == IDCANCEL) Close();
   if (control == IDC_QUICK_FIND_WORDS && notification == EN_CHANGE) Ask();
-  if (control == IDC_QUICK_FIND_LIST && notification == LBN_SELCHANGE) SetFocus(Item(IDC_QUICK_FIND_WORDS));
+  if (control == IDC_QUICK_FIND_LIST && notification == LBN_SELCHANGE) {
+    opens_ = false;
+    SetFocus(Item(IDC_QUICK_FIND_WORDS));
+  }
   if (control == IDC_QUICK_FIND_LIST && notification == LBN_DBLCLK)
     PostMessageW(Handle(), kOpenMessage, 0, 0);
   return true;
@@ -227,13 +251,9 @@ std::optional<LRESULT> BQuickFindDlg::OnMessage(UINT message, WPARAM wParam, LPA
       if ((wParam & 0xFFF0) == SC_KEYMENU) return 0;
       return std::nullopt;
     case kCloseMessage: Close(); return 0;
-    case kOpenMessage:
-      if (wParam == 1) {
-        MakeNote();
-      } else {
-        OpenChosen();
-      }
-      return 0;
+    case kEnterMessage: OnEnter(); return 0;
+    case kOpenMessage: OpenChosen(); return 0;
+    case kMakeMessage: MakeNote(); return 0;
     case WM_DESTROY: owner_.AskForNotes({}, 0); return std::nullopt;
     default: return std::nullopt;
   }

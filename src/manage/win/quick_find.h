@@ -37,7 +37,7 @@ class BQuickFindDlg final : public Dialog {
   bool TranslateRest(MSG& message) { return IsOpen() && IsDialogMessageW(Handle(), &message); }
 
  private:
-  enum PrivateMessage : UINT { kCloseMessage = WM_APP + 1, kOpenMessage };
+  enum PrivateMessage : UINT { kCloseMessage = WM_APP + 1, kEnterMessage, kOpenMessage, kMakeMessage };
 
   void OnInit() override;
   bool OnCommand(UINT control, UINT notification) override;
@@ -48,9 +48,11 @@ class BQuickFindDlg final : public Dialog {
   void PlaceWindow();
   void Layout();
   void Ask();
-  void ShowResults();
+  void ShowResults(const Text& chosen);
   void ShowStatus();
   void Move(int rows);
+  std::size_t ChosenRow() const;
+  void OnEnter();
   void OpenChosen();
   void MakeNote();
   Text TitleOf(const SearchResult& result) const;
@@ -59,7 +61,8 @@ class BQuickFindDlg final : public Dialog {
 
   const Resources& resources_;
   QuickFindOwner& owner_;
-  SearchAnswer answer_;
+  SearchAnswer answer_;  // may still be the one to what was typed before
+  bool opens_ = false;   // Enter waits for the answer to what is typed now
   UniqueFont font_;
   UniqueFont large_;
   UniqueFont bold_;

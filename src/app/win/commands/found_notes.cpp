@@ -15,10 +15,11 @@ Text FoundNotes::BringToDesktop(const IndexedNote& note) {
   const std::optional<NoteList> list = desk_.Lists().WhereIs(note.id);
   if (!list) return note.key > 0 ? desk_.Fetch(note.key) : Text();
   const auto show = [&](ManageView view) {
-    // An attached note is not torn from its window: it can be seen in the list.
     const std::optional<ManageAction> action = DefaultAction(view);
     if (action) return managed_.DoManageAction(*action, view, {note.id});
+    // An attached note is not torn from its window: it can be seen in the list.
     if (!managed_.Dialog().OpenWindow(true)) managed_.Dialog().Activate();
+    managed_.Dialog().ShowNote({view, {}}, note.id);
   };
   switch (*list) {
     case NoteList::kDesktop: show(ManageView::kDesktop); break;
