@@ -12,7 +12,8 @@ ProgramSearch::ProgramSearch(const Files& files, const Clock& clock, Log& log, c
                [this] { window_.Post(kSearchMessage); }}) {}
 
 void ProgramSearch::OnChanged() {
-  if (!std::exchange(comes_, true)) window_.Start(ProgramTimer::kSearch);
+  comes_ = true;
+  window_.Start(ProgramTimer::kSearch);
 }
 
 void ProgramSearch::Feed() {

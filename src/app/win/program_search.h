@@ -20,7 +20,8 @@ class ProgramSearch {
   /// The files are about to be replaced or moved, or the program ends.
   void Stop() { search_.Stop(); }
 
-  /// A note or a list has changed.
+  /// A note or a list has changed, and is told to the search when nothing has changed for a moment: the text
+  /// of a note is not fetched while somebody writes in it.
   void OnChanged();
   /// Tells the search what has changed.
   void Feed();
@@ -37,7 +38,7 @@ class ProgramSearch {
   const ProgramWindow& window_;
   NoteDesk& desk_;
   NoteSearch search_;
-  std::function<void(SearchAnswer)> answered_ = [](SearchAnswer) {};
+  std::function<void(SearchAnswer)> answered_ = [](const SearchAnswer&) {};
   bool comes_ = false;  // the timer runs
 };
 

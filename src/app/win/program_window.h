@@ -15,7 +15,7 @@ enum class ProgramTimer : UINT_PTR {
   kOptions = 1229,
   kBackup = 1230,   // only while a backup is under way
   kJournal = 1231,  // from the first change that is not in the journal
-  kSearch = 1232,   // from the first change that the search does not know of
+  kSearch = 1232,   // from the last change that the search does not know of
 };
 
 enum ProgramMessage : UINT {
