@@ -253,7 +253,8 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
   if (notes.empty()) return ids.size();
   const bool pictures = std::ranges::all_of(notes, &JotletData::IsImage);
   // The first tells the kind, which a picture among texts could not.
-  std::ranges::stable_partition(notes, [&](const JotletData& note) { return note.IsImage() == pictures; });
+  std::stable_partition(notes.begin(), notes.end(),
+                        [&](const JotletData& note) { return note.IsImage() == pictures; });
   const Text kind(pictures ? u"png" : u"rtf");
   const HWND owner = dialog_.Window();
   const Text path =
