@@ -31,9 +31,9 @@ Script ScriptOfMark(char16_t unit) {
 }
 
 Script ScriptOfLetter(char16_t unit) {
-  constexpr Range kArabic[] = {{0x0620, 0x064A}, {0x066E, 0x06D3}, {0x06D5, 0x06D5}, {0x06E5, 0x06E6},
-                               {0x06EE, 0x06EF}, {0x06FA, 0x06FF}, {0x0750, 0x077F}, {0xFB50, 0xFDFF},
-                               {0xFE70, 0xFEFC}};
+  constexpr Range kArabic[] = {{0x0620, 0x064A}, {0x066E, 0x06D3}, {0x06D5, 0x06D5},
+                               {0x06E5, 0x06E6}, {0x06EE, 0x06EF}, {0x06FA, 0x06FF},
+                               {0x0750, 0x077F}, {0xFB50, 0xFDFF}, {0xFE70, 0xFEFC}};
   constexpr Range kHebrew[] = {{0x05D0, 0x05F2}, {0xFB1D, 0xFB4F}};
   if (IsIn(kArabic, unit)) return Script::kArabic;
   return IsIn(kHebrew, unit) ? Script::kHebrew : Script::kOther;
@@ -57,7 +57,8 @@ class MarkCheck {
   Script script_ = Script::kOther;  // of the letter that signs may follow
 };
 
-// The letters and signs of one byte in the two code pages, given as the Western European ones of the same bytes.
+// The letters and signs of one byte in the two code pages, given as the Western European ones of the same
+// bytes.
 char16_t FromOneByte(char16_t unit, Script bytes) {
   constexpr char16_t kArabicLetter = 0x0628;
   constexpr char16_t kArabicMark = 0x064B;

@@ -1,5 +1,5 @@
-// Signs that Arabic and Hebrew write above or below a letter, standing without one. No text has such; Wine's text
-// control ends the program over them.
+// Signs that Arabic and Hebrew write above or below a letter, standing without one. No text has such; Wine's
+// text control ends the program over them.
 #pragma once
 
 #include <string_view>

@@ -59,8 +59,8 @@ TEST(RtfBounds, SignsWithoutTheirLettersDoNotReachAControlThatEndsOverThem) {
   for (const TextView text : {u"", u"ab", u"\u0628\u0651\u0670 \u0644\u064E", u"e\u0301 \u0301",
                               u"\u05D0\u05B0", u"\u0628\u0301\u064B", u"\u0627\u200D\u064B"})
     EXPECT_TRUE(fits(text)) << ToUtf8(text);
-  for (const TextView text : {u"\u0650", u"a \u0650", u"\u0628 \u0670", u"x\u06D6", u"a\u05B0",
-                              u"\u0628\u05B0", u"\u0661\u064B"})
+  for (const TextView text :
+       {u"\u0650", u"a \u0650", u"\u0628 \u0670", u"x\u06D6", u"a\u05B0", u"\u0628\u05B0", u"\u0661\u064B"})
     EXPECT_FALSE(fits(text)) << ToUtf8(text);
   EXPECT_FALSE(IsEditable(u"\u0628\n\u064B", kSlowEditor));
   for (const char* body : {"\\u1576?\\u1611?", "\\uc0\\u1576\\u1611", "\\'f0 \\'e9",
