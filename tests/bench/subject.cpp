@@ -68,6 +68,8 @@ Text MakeDataFolder(int notes, int further, bool asleep = false) {
                 "line\\par third\\par}");
   }
   files.Write(folder + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
+  // The first backup of a new folder would run beside what is measured.
+  files.Write(folder + Text(kOptionsFileName), EncodeTextFile(u"[Options]\nTakeBackups=0\n"));
   return folder;
 }
 

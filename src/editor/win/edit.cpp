@@ -1,6 +1,5 @@
 #include "editor/win/edit.h"
 
-#include <commctrl.h>
 #include <richedit.h>
 
 #include <algorithm>
@@ -8,10 +7,7 @@
 #include <utility>
 
 #include "base/win/wide.h"
-#include "data/rtf_bounds.h"
 #include "data/rtf_ink.h"
-#include "data/rtf_text.h"
-#include "data/stray_marks.h"
 #include "editor/link_text.h"
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_text.h"
@@ -61,8 +57,15 @@ BEdit::~BEdit() {
 }
 
 void BEdit::LetGo(HWND edit) {
-  RemoveWindowSubclass(edit, Watch, 0);
+  SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(control_));
   if (objects_) objects_->StopDrops(edit);
+}
+
+// By hand: the way of the common controls asks the system several times for every message.
+void BEdit::Subclass() {
+  SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  control_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&BEdit::Watch)));
 }
 
 bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatcher& watcher) {
@@ -75,7 +78,7 @@ bool BEdit::Create(HWND parent, const Rect& bounds, const Look& look, EditWatche
   if (edit_ == nullptr) return false;
   watcher_ = &watcher;
   look_ = look;
-  SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass();
   objects_ = EditObjects::Guard(edit_);
   SetDefaultFormat();
   SetBackground(look.background);
@@ -115,7 +118,7 @@ void BEdit::Recreate(const Look& look) {
   LetGo(former);
   if (!Create(parent, FromRECT(bounds), look, *watcher_)) {
     edit_ = former;
-    SetWindowSubclass(edit_, Watch, 0, reinterpret_cast<DWORD_PTR>(this));
+    Subclass();
     objects_->AcceptDrops(edit_);
     return;
   }
@@ -127,14 +130,12 @@ void BEdit::Recreate(const Look& look) {
   DestroyWindow(former);
 }
 
-LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                              DWORD_PTR object) noexcept {
-  auto& self = *reinterpret_cast<BEdit*>(object);
+LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  auto& self = *reinterpret_cast<BEdit*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
   if (message == WM_DESTROY && self.objects_) self.objects_->StopDrops(edit);
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(edit, Watch, 0);
     self.edit_ = nullptr;
-    return DefSubclassProc(edit, message, wParam, lParam);
+    return self.Control(edit, message, wParam, lParam);
   }
   try {
     return self.Serve(edit, message, wParam, lParam);
@@ -153,7 +154,7 @@ LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     PostMessageW(GetParent(edit), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(edit), lParam);
     return 0;
   }
-  const LRESULT result = DefSubclassProc(edit, message, wParam, lParam);
+  const LRESULT result = Control(edit, message, wParam, lParam);
   if (message == WM_PAINT) watcher_->OnEditScrolled();
   if (message == WM_LBUTTONUP) watcher_->OnEditSelection();
   if (message == WM_MOUSEMOVE && !trackingMouse_) {
@@ -194,7 +195,7 @@ bool BEdit::ServeTyping(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CHAR && !TakesTyped(*this, static_cast<char16_t>(wParam)))
     return MessageBeep(MB_OK), true;
   if (message == WM_CHAR && MayBringAid(static_cast<char16_t>(wParam)) && !IsReadOnly()) {
-    DefSubclassProc(edit_, message, wParam, lParam);
+    Control(edit_, message, wParam, lParam);
     aids_.AfterTyping(*this, watcher_->Typing());
     return true;
   }
@@ -250,9 +251,7 @@ bool BEdit::SetRtf(std::string_view rtf) {
 void BEdit::ShowWords(TextView text, TextView notice) {
   // Links would be looked for in all of it.
   SendMessageW(edit_, EM_AUTOURLDETECT, 0, 0);
-  Text words = BoundedWords(Text(notice) + u"\r\n" + Text(text));
-  if (!BoundsOfEditor().takesMarks && HasStrayMark(words)) words = HarmlessWords(std::move(words));
-  SetPlainText(words);
+  SetPlainText(ShowableWords(Text(notice) + u"\r\n" + Text(text)));
   SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
   beginningOnly_ = true;
   SetReadOnly(look_.readOnly);

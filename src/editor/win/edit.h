@@ -132,8 +132,7 @@ class BEdit {
   const Text& FollowedLink() const { return followed_; }
 
  private:
-  static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                DWORD_PTR object) noexcept;
+  static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   LRESULT Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
   bool ServeTyping(UINT message, WPARAM wParam, LPARAM lParam);
@@ -142,9 +141,14 @@ class BEdit {
   void SetDefaultFormat();
   bool StreamIn(WPARAM format, std::string_view bytes);
   void PasteFormat(UINT format);
+  void Subclass();
   void LetGo(HWND edit);
+  LRESULT Control(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) const {
+    return CallWindowProcW(control_, edit, message, wParam, lParam);
+  }
 
   HWND edit_ = nullptr;
+  WNDPROC control_ = nullptr;  // the control's own
   EditWatcher* watcher_ = nullptr;
   ComPointer<EditObjects> objects_;
   EditAids aids_;

@@ -2,6 +2,10 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
+
+#include "data/rtf_text.h"
+#include "data/stray_marks.h"
 
 namespace jotlets {
 namespace {
@@ -28,6 +32,12 @@ const EditorBounds& BoundsOfEditor() {
   // Where something else stands in for the system, its control is of the slow kind.
   static const bool slow = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
   return slow ? kSlowEditor : kSystemEditor;
+}
+
+Text ShowableWords(TextView text) {
+  Text words = BoundedWords(text);
+  // A line that is broken here may part a sign from its letter.
+  return BoundsOfEditor().takesMarks || !HasStrayMark(words) ? words : HarmlessWords(std::move(words));
 }
 
 bool FindPastable(HWND edit, UINT& format) {
