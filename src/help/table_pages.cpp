@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "action/action_table.h"
+#include "action/key_list.h"
 #include "data/options.h"
-#include "note/action_table.h"
-#include "note/key_list.h"
 #include "res/resource.h"
 
 namespace jotlets {

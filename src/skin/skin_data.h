@@ -7,9 +7,9 @@
 #include <optional>
 #include <vector>
 
+#include "action/actions.h"
 #include "base/geometry.h"
 #include "base/text.h"
-#include "note/actions.h"
 #include "skin/coordinate.h"
 
 namespace jotlets {

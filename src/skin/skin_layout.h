@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "note/actions.h"
+#include "action/actions.h"
 #include "skin/skin_data.h"
 #include "skin/skin_view.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
-#include "note/action_table.h"
-#include "note/shortcuts.h"
+#include "action/action_table.h"
+#include "action/shortcuts.h"
 #include "res/part_texts.h"
 #include "res/resource.h"
 

@@ -7,9 +7,9 @@
 #include <span>
 #include <vector>
 
+#include "action/action_state.h"
+#include "action/key_list.h"
 #include "editor/editor_keys.h"
-#include "note/action_state.h"
-#include "note/key_list.h"
 #include "skin/skin_layout.h"
 
 namespace jotlets {

@@ -1,4 +1,4 @@
-#include "note/actions.h"
+#include "action/actions.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "action/action_state.h"
+#include "action/action_table.h"
+#include "action/note_menus.h"
 #include "fakes.h"
-#include "note/action_state.h"
-#include "note/action_table.h"
-#include "note/note_menus.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -4,8 +4,8 @@
 
 #include <set>
 
+#include "action/key_list.h"
 #include "help/markdown.h"
-#include "note/key_list.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_desk.h"
-#include "schedule/alarm.h"
+#include "note/alarm.h"
 
 namespace jotlets {
 namespace {

@@ -1,8 +1,8 @@
 // The window "Keyboard shortcuts": every key with what it does, and a search.
 #pragma once
 
+#include "action/key_list.h"
 #include "app/win/hot_keys.h"
-#include "note/key_list.h"
 #include "ui/dialog.h"
 
 namespace jotlets {

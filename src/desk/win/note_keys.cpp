@@ -1,7 +1,7 @@
 #include "desk/win/note_keys.h"
 
+#include "action/shortcuts.h"
 #include "desk/win/open_notes.h"
-#include "note/shortcuts.h"
 
 namespace jotlets {
 namespace {

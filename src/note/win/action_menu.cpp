@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "action/shortcuts.h"
 #include "base/win/wide.h"
-#include "note/shortcuts.h"
 #include "note/win/jotlet.h"
 #include "ui/popup_menu.h"
 

@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-#include "note/action_state.h"
-#include "note/note_menus.h"
+#include "action/action_state.h"
+#include "action/note_menus.h"
 #include "ui/handle.h"
 #include "ui/resources.h"
 #include "ui/swatch_row.h"

@@ -1,7 +1,7 @@
 #include "note/win/edit_actions.h"
 
+#include "action/action_table.h"
 #include "editor/win/edit_text.h"
-#include "note/action_table.h"
 
 namespace jotlets {
 namespace {

@@ -5,12 +5,12 @@
 #include <optional>
 #include <span>
 
+#include "action/actions.h"
 #include "base/text.h"
 #include "editor/edit_facts.h"
 #include "editor/win/edit.h"
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_style.h"
-#include "note/actions.h"
 
 namespace jotlets {
 

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "action/shortcuts.h"
 #include "base/win/wide.h"
 #include "editor/win/edit_text.h"
-#include "note/shortcuts.h"
 #include "ui/areas.h"
 #include "ui/dark_dialog.h"
 

@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "data/jotlet_data.h"
 #include "editor/win/edit.h"
+#include "note/alarm.h"
 #include "note/animation.h"
 #include "note/rolled.h"
 #include "note/win/jotlet_owner.h"
@@ -16,7 +17,6 @@
 #include "note/win/skinned_window.h"
 #include "note/win/title_edit.h"
 #include "note/win/title_tooltip.h"
-#include "schedule/alarm.h"
 
 namespace jotlets {
 

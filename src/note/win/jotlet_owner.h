@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "action/action_state.h"
 #include "base/geometry.h"
-#include "note/action_state.h"
 #include "note/animation.h"
 
 namespace jotlets {

@@ -1,5 +1,5 @@
 // The commands of a note: those that are its own affair, and who carries out the others.
-#include "note/action_table.h"
+#include "action/action_table.h"
 #include "note/win/jotlet.h"
 
 namespace jotlets {

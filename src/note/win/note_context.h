@@ -6,11 +6,11 @@
 #include <functional>
 #include <optional>
 
+#include "action/key_list.h"
 #include "base/clock.h"
 #include "base/log.h"
 #include "data/options.h"
 #include "editor/text_search.h"
-#include "note/key_list.h"
 #include "note/monitors.h"
 #include "note/win/edit_actions.h"
 #include "skin/win/program_skins.h"

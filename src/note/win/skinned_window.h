@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "note/actions.h"
+#include "action/actions.h"
 #include "note/frame_layout.h"
 #include "note/note_place.h"
 #include "note/win/note_context.h"

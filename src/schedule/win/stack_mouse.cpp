@@ -1,7 +1,7 @@
 // The mouse and the keyboard on a stack: its frame, its buttons and the rows of its list.
 #include <algorithm>
 
-#include "note/shortcuts.h"
+#include "action/shortcuts.h"
 #include "schedule/win/stack_window.h"
 
 namespace jotlets {

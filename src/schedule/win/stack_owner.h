@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "action/actions.h"
 #include "base/geometry.h"
 #include "base/text.h"
-#include "note/actions.h"
 
 namespace jotlets {
 

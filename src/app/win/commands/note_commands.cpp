@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include "action/action_table.h"
 #include "app/win/commands/arrange_notes.h"
 #include "app/win/main_menus.h"
 #include "base/win/shown_time.h"
@@ -16,7 +17,6 @@
 #include "editor/win/edit_style.h"
 #include "editor/win/edit_text.h"
 #include "editor/win/font_chooser.h"
-#include "note/action_table.h"
 #include "note/win/properties_dialog.h"
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"

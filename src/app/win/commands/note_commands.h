@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "action/action_state.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/store_commands.h"
 #include "app/win/commands/time_commands.h"
@@ -12,7 +13,6 @@
 #include "command/custom_commands.h"
 #include "desk/attached_notes.h"
 #include "desk/win/note_contents.h"
-#include "note/action_state.h"
 #include "note/win/action_menu.h"
 #include "schedule/win/foreign_windows.h"
 #include "ui/resources.h"

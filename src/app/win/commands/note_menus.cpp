@@ -1,4 +1,5 @@
 // The menus of a note: what stands in them beside its commands, and the choice of its paper.
+#include "action/action_table.h"
 #include "app/win/commands/note_commands.h"
 #include "desk/win/note_links.h"
 #include "editor/editor_keys.h"
@@ -7,7 +8,6 @@
 #include "editor/win/edit_style.h"
 #include "editor/win/edit_text.h"
 #include "editor/win/style_sample.h"
-#include "note/action_table.h"
 #include "note/papers.h"
 #include "note/win/colour_menu.h"
 #include "res/resource.h"

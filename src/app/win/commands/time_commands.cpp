@@ -2,8 +2,8 @@
 
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
+#include "note/alarm.h"
 #include "res/resource.h"
-#include "schedule/alarm.h"
 #include "schedule/win/alarm_sound.h"
 #include "schedule/win/recurrence_dialog.h"
 #include "ui/popup_menu.h"

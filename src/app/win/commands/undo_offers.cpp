@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "note/shortcuts.h"
+#include "action/shortcuts.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -1,6 +1,6 @@
-#include "note/actions.h"
+#include "action/actions.h"
 
-#include "note/action_table.h"
+#include "action/action_table.h"
 
 namespace jotlets {
 

@@ -1,4 +1,4 @@
-#include "schedule/alarm.h"
+#include "note/alarm.h"
 
 #include <algorithm>
 

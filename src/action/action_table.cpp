@@ -1,5 +1,5 @@
 // What must hold of the rows, found by the compiler.
-#include "note/action_table.h"
+#include "action/action_table.h"
 
 namespace jotlets {
 namespace {

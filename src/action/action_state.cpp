@@ -1,6 +1,6 @@
-#include "note/action_state.h"
+#include "action/action_state.h"
 
-#include "note/action_table.h"
+#include "action/action_table.h"
 
 namespace jotlets {
 namespace {

@@ -1,12 +1,12 @@
 // What stands in the menus of a note beside the commands: the menus below, and entries that are no command.
-// Together with the places of the commands (`note/action_table.h`) this is all of every menu.
+// Together with the places of the commands (`action/action_table.h`) this is all of every menu.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 #include <vector>
 
-#include "note/action_table.h"
+#include "action/action_table.h"
 #include "res/resource.h"
 
 namespace jotlets {

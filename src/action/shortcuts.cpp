@@ -1,9 +1,9 @@
-#include "note/shortcuts.h"
+#include "action/shortcuts.h"
 
 #include <algorithm>
 
+#include "action/action_table.h"
 #include "base/key_text.h"
-#include "note/action_table.h"
 
 namespace jotlets {
 namespace {

@@ -12,7 +12,7 @@ namespace jotlets {
 enum ActionCode : std::int32_t {
   kActionNone = 0,
 #define X(code, name, ...) kAction##name = code,
-#include "note/action_rows.inc"
+#include "action/action_rows.inc"
 #undef X
   kActionEnd  // one past the last
 };

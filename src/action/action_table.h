@@ -8,10 +8,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "action/actions.h"
+#include "action/shortcuts.h"
 #include "base/text.h"
 #include "editor/editor_keys.h"
-#include "note/actions.h"
-#include "note/shortcuts.h"
 
 namespace jotlets {
 
@@ -119,7 +119,7 @@ inline constexpr std::array kNoteActions = [] {
              .needs = ActionNeeds::k##need,      \
              .onText = ActionOnText::k##text,    \
              __VA_ARGS__},
-#include "note/action_rows.inc"
+#include "action/action_rows.inc"
 #undef X
   };
 }();

@@ -1,10 +1,10 @@
 // The keys of the note commands, as the keyboard and the menus go by them.
 #pragma once
 
+#include "action/actions.h"
 #include "base/geometry.h"
 #include "base/shortcut.h"
 #include "base/text.h"
-#include "note/actions.h"
 
 namespace jotlets {
 

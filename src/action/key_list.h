@@ -6,8 +6,8 @@
 #include <functional>
 #include <vector>
 
+#include "action/action_table.h"
 #include "base/text.h"
-#include "note/action_table.h"
 
 namespace jotlets {
 

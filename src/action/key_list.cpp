@@ -1,9 +1,9 @@
-#include "note/key_list.h"
+#include "action/key_list.h"
 
 #include <algorithm>
 
+#include "action/action_table.h"
 #include "editor/editor_keys.h"
-#include "note/action_table.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -4,9 +4,9 @@
 
 #include <array>
 
+#include "action/actions.h"
 #include "base/text.h"
 #include "editor/edit_facts.h"
-#include "note/actions.h"
 
 namespace jotlets {
 
