@@ -14,11 +14,15 @@ constexpr std::uint64_t kWorkOfLink = 2'250;
 constexpr std::uint64_t kWorkOfFormat = 900;
 constexpr std::size_t kLongestWords = 32 * 1024;
 constexpr std::size_t kLongestLine = 120;
+// Of a control word, in characters; the longest that exist have 32 and 10.
+constexpr std::size_t kLongestWord = 64;
+constexpr std::size_t kLongestNumber = 20;
 
 constexpr TextView kNoRichText = u"no rich text";
 constexpr TextView kTooDeep = u"its groups are nested too deep";
 constexpr TextView kTables = u"its tables are damaged, or not for this editor";
 constexpr TextView kMarks = u"signs stand in it without their letters";
+constexpr TextView kWords = u"its control words are longer than any";
 constexpr TextView kMeasures = u"its indents or letters are larger than any page";
 constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
 
@@ -126,6 +130,8 @@ class BoundsReader {
         std::find_if_not(rest_.begin(), rest_.end(), [](char c) { return IsDigit(c) || c == '-'; });
     const std::string_view number = rest_.substr(0, static_cast<std::size_t>(digits - rest_.begin()));
     rest_.remove_prefix(number.size());
+    // Controls have a buffer for a word, and not all of them look at its end.
+    if (word.size() > kLongestWord || number.size() > kLongestNumber) trouble_ = kWords;
     if (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
     constexpr std::array<std::string_view, 6> kBreaks = {"par", "line", "cell", "row", "page", "sect"};
     if (std::find(kBreaks.begin(), kBreaks.end(), word) != kBreaks.end()) work_.EndParagraph();

@@ -67,6 +67,8 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
     int& depth;
     explicit Depth(int& d) : depth(d) { ++depth; }
     ~Depth() { --depth; }
+    Depth(const Depth&) = delete;
+    Depth& operator=(const Depth&) = delete;
   } const inMessage(object->depth_);
   try {
     return object->OnMessage(message, wParam, lParam);

@@ -227,12 +227,12 @@ double EndSession(const RunningSubject& subject) {
 }
 
 struct Figure {
-  const char* name;
-  int notes;
-  double (*take)(const RunningSubject& subject);
-  double scale;
-  const char* unit;
-  const char* aim;
+  const char* name = nullptr;
+  int notes = 0;
+  double (*take)(const RunningSubject& subject) = nullptr;
+  double scale = 1;
+  const char* unit = nullptr;
+  const char* aim = nullptr;
   int rounds = 5;
   bool asleep = false;  // our notes are, and all due at the start
   int further = 0;      // notes that sleep on
@@ -323,6 +323,7 @@ std::vector<Group> GroupsOf(const std::vector<std::string>& wanted) {
       groups[{figure.notes, figure.rounds, figure.asleep, figure.further}].figures.push_back(&figure);
   }
   std::vector<Group> list;
+  list.reserve(groups.size());
   for (auto& [key, group] : groups) list.push_back(std::move(group));
   return list;
 }

@@ -39,6 +39,8 @@ TEST(RtfBounds, DamagedTablesAndNoiseDoNotReachTheControl) {
   EXPECT_TRUE(Fits(row + row + "\\pard x\\par ", kSystemEditor));
   EXPECT_FALSE(Fits(row));
   EXPECT_TRUE(Fits("\\fi-360\\li360\\fs20 a"));
+  for (const std::string& word : {"\\" + Times(65, "a") + "5 x", "\\b" + Times(21, "9") + " x"})
+    EXPECT_FALSE(Fits(word, kSystemEditor)) << word;
   for (const char* measure : {"\\li-99999999 a", "\\fs99999 a", "\\tx2000000000000000 a"})
     EXPECT_FALSE(Fits(measure));
   for (const TextView bad :

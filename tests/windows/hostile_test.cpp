@@ -33,6 +33,8 @@ const std::string kHostile[] = {
     "{\\rtf1 " + Times(20'000, "word ") + "}",
     "{\\rtf1 \\trowd\\cellx1000\\intbl a\\cell b\\cell c\\cell\\row x\\par }",
     Times(50'000, "x"),
+    "{\\rtf1 \\" + Times(9'000, "a") + "5 x}",
+    "{\\rtf1 \\b" + Times(9'000, "9") + " x}",
     "{\\rtf1 \\u1576?{\\b \\u1611?} a\\u1456?}",
 };
 

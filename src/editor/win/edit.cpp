@@ -261,8 +261,9 @@ std::optional<std::string> BEdit::Rtf() const {
   std::string rtf;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, WriteBytes};
   SendMessageW(edit_, EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
-  // The control ends its stream with a NUL or two, which belong to no rich text.
-  while (!rtf.empty() && rtf.back() == '\0') rtf.pop_back();
+  // The control ends its stream with a NUL or two, and writes one that is in the text as it is: no rich text
+  // has them.
+  std::erase(rtf, '\0');
   // Some implementations go on after an error of ours, and end well.
   const std::size_t last = rtf.find_last_not_of("\r\n ");
   if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;
