@@ -15,12 +15,15 @@ void RestoreManageWindow(HWND window, const Options& options) {
   const auto scaled = [dpi](std::int32_t length) { return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI); };
   Size size{std::clamp(width, scaled(kSmallestManageWindow.width), 30000),
             std::clamp(height, scaled(kSmallestManageWindow.height), 30000)};
-  // One that nobody has sized yet is meant at 96 dots per inch.
+  Point corner{left, top};
+  // One that nobody has sized yet is meant at 96 dots per inch, and stands in the work area as a whole.
   if (options.manageWindow == Options().manageWindow) {
     const Rect work = WorkAreaOf(window);
-    size = {std::min(scaled(width), work.Width() - left), std::min(scaled(height), work.Height() - top)};
+    size = {std::min(scaled(width), work.Width()), std::min(scaled(height), work.Height())};
+    corner = {std::max(std::min(left, work.right - size.width), work.left),
+              std::max(std::min(top, work.bottom - size.height), work.top)};
   }
-  const Rect place = ShownPlace(RectAt({left, top}, size), ReadMonitors());
+  const Rect place = ShownPlace(RectAt(corner, size), ReadMonitors());
   SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
