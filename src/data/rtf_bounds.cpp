@@ -170,6 +170,15 @@ TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {
   return RtfHasStrayMark(rtf) ? kMarks : TextView();
 }
 
+bool HoldsObjects(std::string_view rtf) {
+  for (const std::string_view word : {"\\pict", "\\object"})
+    for (std::size_t at = 0; (at = rtf.find(word, at)) != std::string_view::npos;) {
+      at += word.size();
+      if (at == rtf.size() || !IsLetter(rtf[at])) return true;
+    }
+  return false;
+}
+
 Text BoundedWords(TextView text) {
   Text words;
   std::size_t line = 0;

@@ -51,6 +51,12 @@ TEST(RtfBounds, DamagedTablesAndNoiseDoNotReachTheControl) {
   EXPECT_EQ(RtfTrouble(std::string("{\\rtf1 a}\r\n\0\0", 13), kSlowEditor), u"");
 }
 
+TEST(RtfBounds, PicturesAndObjectsAreSeen) {
+  EXPECT_TRUE(HoldsObjects("{\\rtf1 {\\*\\picture x}a{\\pict\\pngblip 00}b}"));
+  EXPECT_TRUE(HoldsObjects("{\\rtf1 {\\object\\objemb}}"));
+  EXPECT_FALSE(HoldsObjects("{\\rtf1 {\\*\\picture x}\\b pict object}"));
+}
+
 TEST(RtfBounds, SignsWithoutTheirLettersDoNotReachAControlThatEndsOverThem) {
   const auto fits = [](TextView text) {
     const bool rich = Fits(RtfBytes(text));

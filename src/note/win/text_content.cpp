@@ -46,7 +46,8 @@ TextView TextContent::Show(std::string_view rtf) {
   const bool tooLarge = rtf.size() > BEdit::kLargestRtf;
   const TextView trouble =
       tooLarge ? TextView(u"too large, only its beginning is shown") : RtfTrouble(rtf, BoundsOfEditor());
-  if (trouble.empty()) return edit_.SetRtf(rtf) ? TextView() : TextView(u"not read whole");
+  if (trouble.empty())
+    return edit_.SetRtf(rtf) && !HoldsObjects(rtf) ? TextView() : TextView(u"not read whole");
   edit_.ShowWords(RtfTextStart(rtf, kMaxBeginning), watcher_.BeginningNotice());
   return trouble;
 }
