@@ -31,7 +31,7 @@ struct NoteContext {
   Log& log;
   StackNames stackName;
   std::function<EditContext()> editing;  // what the commands of an editor need to know
-  /// The line above the beginning of a text that is too large to be shown.
+  /// The line above the beginning of a text that cannot be shown as it is.
   std::function<Text()> beginningNotice;
   Text& searched;  // what was looked for last, in any note
   /// What is said of what was found.

@@ -21,7 +21,7 @@ class ContentWatcher : public EditWatcher {
  public:
   /// It has changed and is unsaved.
   virtual void OnContentChanged() = 0;
-  /// The line above the beginning of a text that is too large to be shown.
+  /// The line above the beginning of a text that cannot be shown as it is.
   virtual Text BeginningNotice() = 0;
   /// These words are looked for from now on, in any note.
   virtual void SetSearched(const Text& words) = 0;
