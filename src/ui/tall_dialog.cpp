@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <array>
 
 #include "ui/screen.h"
 #include "ui/window.h"
@@ -77,6 +78,21 @@ LRESULT CALLBACK FollowFocus(HWND control, UINT message, WPARAM wParam, LPARAM l
   return DefSubclassProc(control, message, wParam, lParam);
 }
 
+LRESULT CALLBACK ToParent(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                          DWORD_PTR) noexcept {
+  if (message == WM_MOUSEWHEEL && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0)
+    return SendMessageW(GetParent(control), message, wParam, lParam);
+  return DefSubclassProc(control, message, wParam, lParam);
+}
+
+// Whether the wheel would change what the control holds; the other kinds scroll themselves or pass it on.
+bool ChangesWithWheel(HWND control) {
+  std::array<wchar_t, 16> name{};
+  GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+  if (lstrcmpiW(name.data(), WC_COMBOBOXW) == 0) return true;
+  return lstrcmpiW(name.data(), WC_EDITW) == 0 && (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) == 0;
+}
+
 }  // namespace
 
 void FitHeight(HWND dialog) {
@@ -100,8 +116,12 @@ void FitHeight(HWND dialog) {
                std::clamp<int>(window.left, work.left, std::max(work.right - width, work.left)), work.top,
                width, work.Height(), SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
   SetWindowSubclass(dialog, Scroll, 0, 0);
-  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
     SetWindowSubclass(child, FollowFocus, 0, 0);
+    if (ChangesWithWheel(child)) PassWheel(child);
+  }
 }
+
+void PassWheel(HWND control) { SetWindowSubclass(control, ToParent, 0, 0); }
 
 }  // namespace jotlets

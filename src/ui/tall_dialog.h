@@ -1,4 +1,4 @@
-// Dialogs that are taller than the screen: they are as tall as there is room, and scroll.
+// Dialogs and pages that are taller than there is room: they scroll.
 #pragma once
 
 #include <windows.h>
@@ -8,5 +8,9 @@ namespace jotlets {
 /// Where the dialog does not fit into the work area, makes it scroll: by its bar, the wheel, and to whichever
 /// control gets the keyboard.
 void FitHeight(HWND dialog);
+
+/// Lets the wheel over this control scroll what the control is part of: a value that the mouse happens to be
+/// over stays as it is. An open list keeps it.
+void PassWheel(HWND control);
 
 }  // namespace jotlets

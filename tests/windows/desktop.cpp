@@ -190,13 +190,14 @@ bool HasKeyboard(HWND note) {
   return GetForegroundWindow() == note && (focus == note || IsChild(note, focus));
 }
 
+bool TypesInto(HWND note) {
+  return GetForegroundWindow() == note && ThreadOf(note).hwndFocus == GetDlgItem(note, BEdit::kControlId);
+}
+
 bool ClickIntoText(HWND note) {
-  const HWND edit = GetDlgItem(note, BEdit::kControlId);
-  const Rect text = BoundsOf(edit);
-  const auto typesThere = [note, edit] {
-    return GetForegroundWindow() == note && ThreadOf(note).hwndFocus == edit;
-  };
-  return ClickUntil(typesThere, {(text.left + text.right) / 2, (text.top + text.bottom) / 2});
+  const Rect text = BoundsOf(GetDlgItem(note, BEdit::kControlId));
+  return ClickUntil([note] { return TypesInto(note); },
+                    {(text.left + text.right) / 2, (text.top + text.bottom) / 2});
 }
 
 Text AnswerBox(const Process& process, HWND besides) {

@@ -68,6 +68,8 @@ bool ClickUntil(const std::function<bool()>& condition, Point at, bool right = f
 bool Drag(HWND window, Point from, Point offset);
 /// Whether keys go to a window of a note.
 bool HasKeyboard(HWND note);
+/// Whether what is typed goes into a note's text.
+bool TypesInto(HWND note);
 /// Clicks into a note's text and waits until keys go there.
 bool ClickIntoText(HWND note);
 /// Waits for a box of `process` with a text, presses Enter in it, waits until it is gone and gives the text.

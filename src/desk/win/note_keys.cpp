@@ -1,12 +1,11 @@
 #include "desk/win/note_keys.h"
 
 #include "action/shortcuts.h"
+#include "base/win/pressed_key.h"
 #include "desk/win/open_notes.h"
 
 namespace jotlets {
 namespace {
-
-bool IsHeld(int key) { return GetKeyState(key) < 0; }
 
 // Typing quietens a note, as any command does; opening its menu is not typing.
 bool Quietens(WPARAM key) { return key != VK_APPS && key != VK_CONTROL && key != VK_SHIFT && key != VK_MENU; }
@@ -28,8 +27,7 @@ void Serve(OpenNotes& desktop, BJotlet& jotlet, const WindowKey& key) {
 
 bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
-  const Shortcut pressed{static_cast<std::uint16_t>(message.wParam), IsHeld(VK_CONTROL), IsHeld(VK_SHIFT),
-                         IsHeld(VK_MENU)};
+  const Shortcut pressed = PressedShortcut(message.wParam);
   const ActionCode action = ActionFromKey(pressed);
   const WindowKey window = WindowKeyFrom(pressed);
   const bool isOurs = action != kActionNone || window != WindowKey{};

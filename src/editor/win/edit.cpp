@@ -6,6 +6,7 @@
 #include <cstring>
 #include <utility>
 
+#include "base/win/pressed_key.h"
 #include "base/win/wide.h"
 #include "data/rtf_ink.h"
 #include "editor/link_text.h"
@@ -22,7 +23,6 @@ constexpr LONG kDefaultPoints = 10;
 constexpr WPARAM kLongestText = 64 * 1024 * 1024;
 constexpr LONG kLongestLink = 4096;
 
-bool IsDown(int key) { return GetKeyState(key) < 0; }
 
 UINT RichTextFormat() { return RegisterClipboardFormatW(L"Rich Text Format"); }
 
@@ -169,8 +169,7 @@ LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool BEdit::OnKey(WPARAM key) {
-  const Shortcut pressed{static_cast<std::uint16_t>(key), IsDown(VK_CONTROL), IsDown(VK_SHIFT),
-                         IsDown(VK_MENU)};
+  const Shortcut pressed = PressedShortcut(key);
   return Do(pressed == kPasteKey ? EditorKey::kPaste : EditorKeyFrom(pressed));
 }
 

@@ -319,9 +319,8 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
     case WM_EXITSIZEMOVE:
     case kStoreMessage: StoreSettings(); return 0;
     case WM_GETMINMAXINFO: {
-      const auto dpi = static_cast<int>(GetDpiForWindow(Handle()));
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {MulDiv(kSmallestManageWindow.width, dpi, 96),
-                                                               MulDiv(kSmallestManageWindow.height, dpi, 96)};
+      const Size smallest = SmallestManageWindow(Handle());
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.width, smallest.height};
       return 0;
     }
     case WM_CONTEXTMENU:

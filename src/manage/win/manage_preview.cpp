@@ -40,9 +40,6 @@ void ManagePreview::Place(const Rect& place) {
   SetWindowPos(title_, nullptr, place.left, place.top, place.Width(), bar, SWP_NOZORDER | SWP_NOACTIVATE);
   SetWindowPos(words_, nullptr, place.left, place.top + bar, place.Width(), std::max(place.Height() - bar, 0),
                SWP_NOZORDER | SWP_NOACTIVATE);
-  RECT inside{scaled(kInset), scaled(kInset) / 2, place.Width() - scaled(kInset),
-              std::max(place.Height() - bar - scaled(kInset) / 2, 0)};
-  SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
   FitScrollBar();
 }
 
@@ -62,18 +59,30 @@ void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) 
   for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
 }
 
+// Keeps the text off the sides of what is left beside the scroll bar, which the system counts in when the bar
+// comes or goes.
+RECT ManagePreview::InsetText() const {
+  const int inset = MulDiv(kInset, static_cast<int>(GetDpiForWindow(words_)), USER_DEFAULT_SCREEN_DPI);
+  RECT inside{};
+  GetClientRect(words_, &inside);
+  InflateRect(&inside, -inset, -inset / 2);
+  SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  return inside;
+}
+
 // Only a text that goes on below has one.
 void ManagePreview::FitScrollBar() const {
   ShowScrollBar(words_, SB_VERT, FALSE);
-  RECT inside{};
-  SendMessageW(words_, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  const RECT inside = InsetText();
   const auto topOf = [this](WPARAM line) {
     const auto first = static_cast<WPARAM>(SendMessageW(words_, EM_LINEINDEX, line, 0));
     return static_cast<short>(HIWORD(SendMessageW(words_, EM_POSFROMCHAR, first, 0)));
   };
   const LRESULT lines = SendMessageW(words_, EM_GETLINECOUNT, 0, 0);
   const bool goesOn = lines > 1 && lines * (topOf(1) - topOf(0)) > inside.bottom - inside.top;
-  ShowScrollBar(words_, SB_VERT, goesOn);
+  if (!goesOn) return;
+  ShowScrollBar(words_, SB_VERT, TRUE);
+  InsetText();
 }
 
 void ManagePreview::Hide() {

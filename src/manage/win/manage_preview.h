@@ -24,6 +24,7 @@ class ManagePreview {
   HBRUSH Colours(HDC dc, HWND control) const;
 
  private:
+  RECT InsetText() const;
   void FitScrollBar() const;
 
   HWND title_ = nullptr;

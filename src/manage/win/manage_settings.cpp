@@ -9,12 +9,19 @@
 
 namespace jotlets {
 
+Size SmallestManageWindow(HWND window) {
+  const auto dpi = static_cast<int>(GetDpiForWindow(window));
+  const Rect work = WorkAreaOf(window);
+  return {std::min(MulDiv(640, dpi, USER_DEFAULT_SCREEN_DPI), work.Width()),
+          std::min(MulDiv(260, dpi, USER_DEFAULT_SCREEN_DPI), work.Height())};
+}
+
 void RestoreManageWindow(HWND window, const Options& options) {
   const auto& [left, top, width, height] = options.manageWindow;
   const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(window));
   const auto scaled = [dpi](std::int32_t length) { return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI); };
-  Size size{std::clamp(width, scaled(kSmallestManageWindow.width), 30000),
-            std::clamp(height, scaled(kSmallestManageWindow.height), 30000)};
+  const Size smallest = SmallestManageWindow(window);
+  Size size{std::clamp(width, smallest.width, 30000), std::clamp(height, smallest.height, 30000)};
   Point corner{left, top};
   // One that nobody has sized yet is meant at 96 dots per inch, and stands in the work area as a whole.
   if (options.manageWindow == Options().manageWindow) {

@@ -8,8 +8,8 @@
 
 namespace jotlets {
 
-/// Pixels at 96 dots per inch.
-inline constexpr Size kSmallestManageWindow{640, 260};
+/// The least the window is sized to on the monitor it is on, never more than fits there.
+Size SmallestManageWindow(HWND window);
 
 /// Puts the window where the options say, or where it can be seen.
 void RestoreManageWindow(HWND window, const Options& options);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "action/shortcuts.h"
+#include "base/win/pressed_key.h"
 #include "schedule/win/stack_window.h"
 
 namespace jotlets {
@@ -112,9 +113,7 @@ bool BStackDlg::OnKey(WPARAM key) {
       return true;
     default: break;
   }
-  const auto held = [](int modifier) { return GetKeyState(modifier) < 0; };
-  const ActionCode action =
-      ActionFromKey({static_cast<std::uint16_t>(key), held(VK_CONTROL), held(VK_SHIFT), held(VK_MENU)});
+  const ActionCode action = ActionFromKey(PressedShortcut(key));
   return action != kActionNone && DoAction(action);
 }
 

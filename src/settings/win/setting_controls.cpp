@@ -8,6 +8,7 @@
 #include "base/win/wide.h"
 #include "note/papers.h"
 #include "res/resource.h"
+#include "ui/tall_dialog.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -33,14 +34,6 @@ bool HasLabel(SettingControl control) {
   return control != SettingControl::kSwitch && control != SettingControl::kButton;
 }
 
-// The wheel scrolls the page: a value that the mouse happens to be over stays as it is.
-LRESULT CALLBACK PassWheel(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                           DWORD_PTR) noexcept {
-  if (message == WM_MOUSEWHEEL && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0)
-    return SendMessageW(GetParent(control), message, wParam, lParam);
-  return DefSubclassProc(control, message, wParam, lParam);
-}
-
 }  // namespace
 
 SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId, const Resources& resources,
@@ -50,7 +43,7 @@ SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId,
   if (HasLabel(row.control))
     Make(kLabel, L"STATIC", resources.String(IDS_SETTING + row.id), SS_LEFT | SS_NOPREFIX);
   MakeMain(choices);
-  SetWindowSubclass(items_[kMain], PassWheel, 0, 0);
+  PassWheel(items_[kMain]);
   if (row.hasUnit) Make(kUnit, L"STATIC", resources.String(IDS_SETTING_UNIT + row.id), SS_LEFT | SS_NOPREFIX);
 }
 

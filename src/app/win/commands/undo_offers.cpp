@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "action/shortcuts.h"
+#include "base/win/pressed_key.h"
 #include "res/resource.h"
 
 namespace jotlets {
@@ -80,10 +81,7 @@ bool UndoOffers::ServeKey(const MSG& message, OpenNotes& notes) {
   const BJotlet* note = notes.FindWindowOwner(message.hwnd);
   if (note == nullptr) return false;
   isLast_ = false;
-  const auto key = static_cast<std::uint16_t>(message.wParam);
-  const auto isHeld = [](int modifier) { return GetKeyState(modifier) < 0; };
-  const Shortcut pressed{key, isHeld(VK_CONTROL), isHeld(VK_SHIFT), isHeld(VK_MENU)};
-  if (!isKey || ActionFromKey(pressed) != kActionUndo || note->IsTitleEdited() ||
+  if (!isKey || ActionFromKey(PressedShortcut(message.wParam)) != kActionUndo || note->IsTitleEdited() ||
       note->OwnsKeysOf(message.hwnd))
     return false;
   managed_.UndoStepOf(number_);
