@@ -150,6 +150,19 @@ class BoundsReader {
   TextView trouble_;
 };
 
+bool GoesOnBehindItsEnd(std::string_view rtf) {
+  std::size_t depth = 0;
+  for (std::size_t at = 0; at < rtf.size(); ++at) {
+    if (rtf[at] == '\\')
+      ++at;
+    else if (rtf[at] == '{')
+      ++depth;
+    else if (rtf[at] == '}' && depth > 0 && --depth == 0)
+      return rtf.find_first_not_of(std::string_view("\r\n\t \0", 5), at + 1) != std::string_view::npos;
+  }
+  return false;
+}
+
 bool IsLineEnd(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
 }  // namespace
@@ -170,7 +183,8 @@ TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {
   return RtfHasStrayMark(rtf) ? kMarks : TextView();
 }
 
-bool HoldsObjects(std::string_view rtf) {
+bool HoldsMoreThanText(std::string_view rtf) {
+  if (GoesOnBehindItsEnd(rtf)) return true;
   for (const std::string_view word : {"\\pict", "\\object"})
     for (std::size_t at = 0; (at = rtf.find(word, at)) != std::string_view::npos;) {
       at += word.size();

@@ -35,8 +35,8 @@ bool IsEditable(TextView text, const EditorBounds& bounds);
 /// What keeps a rich text from the control; empty for nothing. Looks at every byte once or twice.
 TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds);
 
-/// Whether a rich text holds pictures or objects, which the editor leaves out.
-bool HoldsObjects(std::string_view rtf);
+/// Whether a rich text holds what the editor leaves out: pictures, objects, or anything behind its last brace.
+bool HoldsMoreThanText(std::string_view rtf);
 
 /// The beginning of a text in lines that every control can show, however long its own are.
 Text BoundedWords(TextView text);

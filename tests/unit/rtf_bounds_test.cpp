@@ -51,10 +51,11 @@ TEST(RtfBounds, DamagedTablesAndNoiseDoNotReachTheControl) {
   EXPECT_EQ(RtfTrouble(std::string("{\\rtf1 a}\r\n\0\0", 13), kSlowEditor), u"");
 }
 
-TEST(RtfBounds, PicturesAndObjectsAreSeen) {
-  EXPECT_TRUE(HoldsObjects("{\\rtf1 {\\*\\picture x}a{\\pict\\pngblip 00}b}"));
-  EXPECT_TRUE(HoldsObjects("{\\rtf1 {\\object\\objemb}}"));
-  EXPECT_FALSE(HoldsObjects("{\\rtf1 {\\*\\picture x}\\b pict object}"));
+TEST(RtfBounds, WhatTheEditorLeavesOutIsSeen) {
+  EXPECT_TRUE(HoldsMoreThanText("{\\rtf1 {\\*\\picture x}a{\\pict\\pngblip 00}b}"));
+  EXPECT_TRUE(HoldsMoreThanText("{\\rtf1 {\\object\\objemb}}"));
+  EXPECT_TRUE(HoldsMoreThanText("{\\rtf1 a\\}{b}}\r\nand more"));
+  EXPECT_FALSE(HoldsMoreThanText(std::string_view("{\\rtf1 {\\*\\picture x}\\b pict\\} object}\r\n\0", 41)));
 }
 
 TEST(RtfBounds, SignsWithoutTheirLettersDoNotReachAControlThatEndsOverThem) {

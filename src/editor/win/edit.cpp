@@ -23,7 +23,6 @@ constexpr LONG kDefaultPoints = 10;
 constexpr WPARAM kLongestText = 64 * 1024 * 1024;
 constexpr LONG kLongestLink = 4096;
 
-
 UINT RichTextFormat() { return RegisterClipboardFormatW(L"Rich Text Format"); }
 
 UINT PreferredFormat() {
@@ -106,7 +105,7 @@ void BEdit::SetDefaultFormat() {
 
 void BEdit::Recreate(const Look& look) {
   const HWND former = edit_;
-  const bool beginningOnly = beginningOnly_;
+  const LONG notice = notice_;
   const HWND parent = GetParent(former);
   const bool focus = GetFocus() == former;
   RECT bounds{};
@@ -123,7 +122,7 @@ void BEdit::Recreate(const Look& look) {
     return;
   }
   SetRtf(*rtf);
-  beginningOnly_ = beginningOnly;
+  notice_ = notice;
   SetReadOnly(look.readOnly);
   SetScrollPosition(scroll);
   if (focus) SetFocus(edit_);
@@ -238,7 +237,7 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
   SendMessageW(edit_, EM_EMPTYUNDOBUFFER, 0, 0);
   SendMessageW(edit_, EM_SETEVENTMASK, 0, events);
   SendMessageW(edit_, EM_REQUESTRESIZE, 0, 0);
-  beginningOnly_ = false;
+  notice_ = 0;
   SetReadOnly(look_.readOnly);
   return stream.dwError == 0 && !objects_->HasRefused();
 }
@@ -250,9 +249,10 @@ bool BEdit::SetRtf(std::string_view rtf) {
 void BEdit::ShowWords(TextView text, TextView notice) {
   // Links would be looked for in all of it.
   SendMessageW(edit_, EM_AUTOURLDETECT, 0, 0);
-  SetPlainText(ShowableWords(Text(notice) + u"\r\n" + Text(text)));
+  const Text before = ShowableWords(Text(notice) + u"\r\n");
+  SetPlainText(before + ShowableWords(text));
   SendMessageW(edit_, EM_AUTOURLDETECT, AURL_ENABLEURL, 0);
-  beginningOnly_ = true;
+  notice_ = static_cast<LONG>(before.size() - static_cast<std::size_t>(std::ranges::count(before, u'\r')));
   SetReadOnly(look_.readOnly);
 }
 
@@ -275,6 +275,7 @@ void BEdit::SetPlainText(TextView text) {
 }
 
 Text BEdit::PlainText() const {
+  if (notice_ > 0) return ReplaceAll(TextBetween({notice_, Length()}), u"\r", u"\r\n");
   GETTEXTLENGTHEX length{GTL_USECRLF | GTL_NUMCHARS | GTL_PRECISE, 1200};
   const LRESULT units = SendMessageW(edit_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0);
   if (units <= 0) return {};
@@ -335,7 +336,7 @@ void BEdit::SetPaper(Colour colour, std::optional<Colour> ink) {
   look_ = wanted;
   SetDefaultFormat();
   SetBackground(colour);
-  if (!rtf || beginningOnly_) return;
+  if (!rtf || ShowsBeginning()) return;
   const CHARRANGE selection = Selection();
   const Point scroll = ScrollPosition();
   SetRtf(*rtf);

@@ -78,9 +78,11 @@ class BEdit {
   /// Shows the beginning of the words of a text that is too much for the control below a line that says so,
   /// read-only until there is another content. What is shown must not be saved in its place.
   void ShowWords(TextView text, TextView notice);
-  bool ShowsBeginning() const { return beginningOnly_; }
+  bool ShowsBeginning() const { return notice_ > 0; }
+  /// Where the words begin, behind the notice of `ShowWords`.
+  LONG FirstWord() const { return notice_; }
   void SetPlainText(TextView text);
-  /// The text without formatting, lines ended by "\r\n".
+  /// The text without formatting and notice, lines ended by "\r\n".
   Text PlainText() const;
   /// The code units of a range, bounded by the end of the text, lines ended by "\r".
   Text TextBetween(CHARRANGE range) const;
@@ -104,7 +106,7 @@ class BEdit {
   void SetBounds(const Rect& bounds);
   void Show(bool shown);
   void SetReadOnly(bool readOnly);
-  bool IsReadOnly() const { return look_.readOnly || beginningOnly_; }
+  bool IsReadOnly() const { return look_.readOnly || ShowsBeginning(); }
   Point ScrollPosition() const;
   void SetScrollPosition(Point position);
   /// Scrolls within the text, down for positive pixels.
@@ -158,7 +160,7 @@ class BEdit {
   std::int32_t textHeight_ = 0;
   bool trackingMouse_ = false;
   bool keyServed_ = false;  // the character that comes of it is not typed
-  bool beginningOnly_ = false;
+  LONG notice_ = 0;         // code units of the notice in front of words, which are all that is shown then
 };
 
 }  // namespace jotlets

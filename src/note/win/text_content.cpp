@@ -47,7 +47,7 @@ TextView TextContent::Show(std::string_view rtf) {
   const TextView trouble =
       tooLarge ? TextView(u"too large, only its beginning is shown") : RtfTrouble(rtf, BoundsOfEditor());
   if (trouble.empty())
-    return edit_.SetRtf(rtf) && !HoldsObjects(rtf) ? TextView() : TextView(u"not read whole");
+    return edit_.SetRtf(rtf) && !HoldsMoreThanText(rtf) ? TextView() : TextView(u"not read whole");
   edit_.ShowWords(RtfTextStart(rtf, kMaxBeginning), watcher_.BeginningNotice());
   return trouble;
 }
@@ -73,7 +73,9 @@ Text TextContent::RichText() const {
   return FromAscii(given_.empty() ? edit_.Rtf().value_or(std::string()) : given_);
 }
 
-Text TextContent::TitleWords() const { return edit_.TextBetween({0, kTitleSearch}); }
+Text TextContent::TitleWords() const {
+  return edit_.TextBetween({edit_.FirstWord(), edit_.FirstWord() + kTitleSearch});
+}
 
 bool TextContent::SetPlainText(TextView text) {
   given_.clear();
