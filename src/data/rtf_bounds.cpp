@@ -26,28 +26,44 @@ constexpr TextView kWords = u"its control words are longer than any";
 constexpr TextView kMeasures = u"its indents or letters are larger than any page";
 constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
 
-// Adds up what is shown. Every colon may be that of a link.
+// Adds up what is shown. Every colon may be that of a link. The control lays a paragraph out in runs that end
+// where letters and other signs meet, and goes through each as often as it has units.
 class WorkCounter {
  public:
-  void Add(char16_t unit) {
-    ++paragraph_;
+  /// A unit that is not told `apart` for certain goes on with any run.
+  void Add(char16_t unit, bool apart = true) {
+    if (const Run kind = apart ? RunOf(unit) : Run::kAny; kind != Run::kAny) {
+      if (kind != kind_) run_ = 0;
+      kind_ = kind;
+    }
+    ++run_;
     work_ += kWorkOfUnit;
-    work_ += 2 * paragraph_ - 1;  // together, the square of the length
+    work_ += 2 * run_ - 1;  // together, the square of the length
     if (unit == u':' || (unit == u'.' && before_ == u'w')) work_ += kWorkOfLink;
     before_ = unit | 0x20;
   }
   void AddFormat() { work_ += kWorkOfFormat; }
-  void EndParagraph() { paragraph_ = 0; }
+  void EndParagraph() { run_ = 0; }
   std::uint64_t Work() const { return work_; }
 
  private:
+  enum class Run { kAny, kLetters, kSigns };
+
+  static Run RunOf(char16_t unit) {
+    if (unit == u' ') return Run::kAny;
+    const char16_t lower = unit | 0x20;
+    return (lower >= u'a' && lower <= u'z') || unit >= 0x80 ? Run::kLetters : Run::kSigns;
+  }
+
   std::uint64_t work_ = 0;
-  std::uint64_t paragraph_ = 0;
+  std::uint64_t run_ = 0;
+  Run kind_ = Run::kAny;
   char16_t before_ = 0;
 };
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsHexDigit(char c) { return IsDigit(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f'); }
 
 // No page is as wide, no letter as large; some controls look for a place to break a line for ever.
 bool IsMeasureInBounds(std::string_view word, std::string_view number) {
@@ -100,6 +116,15 @@ class BoundsReader {
   }
 
  private:
+  // Only a sign that is certain to be shown ends a run: none of a group, which may be left out, or of a byte
+  // that may be the second of a letter, or stands for one.
+  bool IsShownApart() const { return depth_ == 1 && !partOfLetter_ && runsEnd_; }
+
+  void Add(char16_t unit) {
+    work_.Add(unit, IsShownApart());
+    partOfLetter_ = unit >= 0x80;
+  }
+
   void Take(char c) {
     if (c == '{') {
       if (++depth_ > bounds_.depth) trouble_ = kTooDeep;
@@ -113,18 +138,27 @@ class BoundsReader {
     } else if (static_cast<unsigned char>(c) < 0x20 && c != '\t') {
       trouble_ = kNoRichText;
     } else {
-      work_.Add(static_cast<unsigned char>(c));
+      Add(static_cast<unsigned char>(c));
     }
+  }
+
+  // Two digits of one in 8 bits count as text, which is more than they are.
+  void AddSymbol() {
+    const bool inEightBits = !rest_.empty() && rest_.front() == '\'';
+    if (!rest_.empty()) rest_.remove_prefix(1);
+    work_.Add(u' ');
+    if (!inEightBits) return;
+    for (int digit = 0; digit < 2 && !rest_.empty() && IsHexDigit(rest_.front()); ++digit) {
+      work_.Add(u' ');
+      rest_.remove_prefix(1);
+    }
+    partOfLetter_ = true;
   }
 
   void ReadControl() {
     const auto end = std::find_if_not(rest_.begin(), rest_.end(), IsLetter);
     const std::string_view word = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
-    if (word.empty()) {
-      // A symbol; two digits of one in 8 bits count as text, which is more than they are.
-      if (!rest_.empty()) rest_.remove_prefix(1);
-      return work_.Add(u' ');
-    }
+    if (word.empty()) return AddSymbol();
     rest_.remove_prefix(word.size());
     const auto digits =
         std::find_if_not(rest_.begin(), rest_.end(), [](char c) { return IsDigit(c) || c == '-'; });
@@ -135,7 +169,12 @@ class BoundsReader {
     if (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
     constexpr std::array<std::string_view, 6> kBreaks = {"par", "line", "cell", "row", "page", "sect"};
     if (std::find(kBreaks.begin(), kBreaks.end(), word) != kBreaks.end()) work_.EndParagraph();
-    if (word == "u") return work_.Add(u' ');
+    if (word == "u") {
+      work_.Add(u' ');
+      partOfLetter_ = true;
+      return;
+    }
+    if (word == "bin" || (word == "uc" && number != "1")) runsEnd_ = false;
     work_.AddFormat();
     if (!IsMeasureInBounds(word, number)) trouble_ = kMeasures;
     const bool isOfTable = word == "trowd" || word == "cell" || word == "row";
@@ -147,6 +186,8 @@ class BoundsReader {
   WorkCounter work_;
   TableCheck tables_;
   std::size_t depth_ = 0;
+  bool partOfLetter_ = false;  // what comes next may be
+  bool runsEnd_ = true;        // until what follows a word cannot be told from text
   TextView trouble_;
 };
 

@@ -21,12 +21,12 @@ struct EditorBounds {
 
 /// The system's own control.
 inline constexpr EditorBounds kSystemEditor{200, std::numeric_limits<std::uint64_t>::max(), true, true, true};
-/// A control whose time grows with the square of the length of a paragraph: this takes it a second, more or
-/// less.
+/// A control whose time grows with the square of what stands between two signs: this takes it some tenths of a
+/// second.
 inline constexpr EditorBounds kSlowEditor{28, 9'000'000, false, false, false};
 
 /// How much work a control of the slow kind has with a plain text, in no unit; a link, a change of format and
-/// each unit of a long paragraph count for many of a short one.
+/// each unit of a long run of letters count for many of a short one.
 std::uint64_t TextWork(TextView text);
 
 /// Whether a plain text can be put in.

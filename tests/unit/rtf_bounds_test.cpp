@@ -22,10 +22,14 @@ TEST(RtfBounds, OrdinaryTextsFitAndWhatTakesTheControlTooLongDoesNot) {
   EXPECT_TRUE(Fits(
       Times(400, "A paragraph of a usual length, with \\b bold\\b0  words and http://a.example .\\par\r\n")));
   EXPECT_TRUE(Fits(Times(2000, "x")));
+  EXPECT_TRUE(Fits(Times(400, "What somebody has written in one go: one paragraph, \\'fcsome signs. ")));
   for (const std::string& body :
-       {Times(50'000, "x"), Times(10'000, "word "), Times(20'000, "http://a.b\\par "),
-        Times(20'000, "www.a\\line "), Times(20'000, "\\u-10179?\\u-8704?"),
-        Times(20'000, "\\b a\\b0 b\\par "), Times(200'000, "short\\par "), Times(10'000, "\\'41")}) {
+       {Times(50'000, "x"), Times(50'000, "7"), Times(10'000, "word "),
+        Times(300, Times(40, "x") + "{\\*\\x 1}"), Times(300, Times(40, "x") + "\\u65?"),
+        Times(300, Times(40, "x") + "\\'31"), "\\bin1 " + Times(300, Times(40, "x") + "1"),
+        Times(300, Times(40, "\xC4") + "1"), Times(20'000, "http://a.b\\par "), Times(20'000, "www.a\\line "),
+        Times(20'000, "\\u-10179?\\u-8704?"), Times(20'000, "\\b a\\b0 b\\par "),
+        Times(200'000, "short\\par "), Times(10'000, "\\'41")}) {
     EXPECT_FALSE(Fits(body)) << body.substr(0, 20);
     EXPECT_TRUE(Fits(body, kSystemEditor)) << body.substr(0, 20);
   }
