@@ -33,17 +33,6 @@ int HexDigit(char c) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-// Western European text, as editors write it: Latin-1, but for these.
-constexpr char16_t kFrom80[] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
-char16_t UnitOf(unsigned char byte) {
-  return byte >= 0x80 && byte < 0x80 + std::size(kFrom80) ? kFrom80[byte - 0x80] : byte;
-}
-
 }  // namespace
 
 void RtfReader::Read() {
@@ -51,24 +40,31 @@ void RtfReader::Read() {
     const char c = Take();
     if (c == '{') {
       ++depth_;
+      pages_.push_back(page_);
       OnGroupBegin();
     } else if (c == '}') {
       CloseGroup();
     } else if (c == '\\') {
       ReadControl();
     } else if (c != '\r' && c != '\n') {
-      AddCharacter(UnitOf(static_cast<unsigned char>(c)));
+      AddByte(c);
     }
   }
 }
 
 void RtfReader::CloseGroup() {
   if (depth_ == skippedDepth_) skippedDepth_ = 0;
+  const bool endsFonts = depth_ == fontTableDepth_ && depth_ > 0;
+  if (endsFonts) fontTableDepth_ = 0;
   if (depth_ > 0) {
     --depth_;
+    page_ = pages_.back();
+    pages_.pop_back();
+    if (endsFonts) SetFont(defaultFont_);
     OnGroupEnd();
   }
   replaced_ = 0;
+  leadByte_ = 0;
 }
 
 // A character that stands in for a Unicode one before it is left out.
@@ -80,8 +76,47 @@ void RtfReader::AddCharacter(char16_t unit) {
   }
 }
 
+void RtfReader::AddByte(char byte) {
+  const int named = page_ == 0 ? textPage_ : page_;
+  const int page = eightBit_ == EightBit::kByFont ? named : kWesternEuropean;
+  if (leadByte_ != 0) {
+    const char both[] = {leadByte_, byte};
+    leadByte_ = 0;
+    AddCharacter(UnitOfBytes(page, {both, 2}));
+  } else if (IsLeadByte(page, static_cast<unsigned char>(byte)) && replaced_ == 0) {
+    leadByte_ = byte;
+  } else {
+    AddCharacter(UnitOfBytes(page, {&byte, 1}));
+  }
+}
+
+void RtfReader::SetFont(std::int64_t number) {
+  const auto font = fonts_.find(number);
+  page_ = font == fonts_.end() ? 0 : font->second;
+}
+
+void RtfReader::ActOnFont(std::string_view word, std::int64_t number) {
+  const int page = static_cast<int>(number);
+  if (word == "ansicpg") {
+    if (IsCodePage(page)) textPage_ = page;
+  } else if (word == "deff") {
+    defaultFont_ = number;
+  } else if (word == "fonttbl") {
+    fontTableDepth_ = depth_;
+  } else if (word == "plain") {
+    SetFont(defaultFont_);
+  } else if (word == "f") {
+    fontTableDepth_ != 0 ? void(describedFont_ = number) : SetFont(number);
+  } else if (fontTableDepth_ != 0 && word == "fcharset") {
+    fonts_[describedFont_] = CodePageOfCharset(page);
+  } else if (fontTableDepth_ != 0 && word == "cpg") {
+    fonts_[describedFont_] = IsCodePage(page) ? page : 0;
+  }
+}
+
 void RtfReader::ReadControl() {
   if (rest_.empty()) return;
+  if (rest_.front() != '\'') leadByte_ = 0;
   if (!IsLetter(rest_.front())) return ReadSymbol(Take());
   const auto length =
       static_cast<std::size_t>(std::find_if_not(rest_.begin(), rest_.end(), IsLetter) - rest_.begin());
@@ -113,7 +148,7 @@ void RtfReader::ReadSymbol(char symbol) {
       const int low = HexDigit(rest_[1]);
       if (high < 0 || low < 0) return;
       rest_.remove_prefix(2);
-      AddCharacter(UnitOf(static_cast<unsigned char>(high * 16 + low)));
+      AddByte(static_cast<char>(high * 16 + low));
       break;
     }
     case '*': Skip(); break;
@@ -131,6 +166,7 @@ void RtfReader::ReadSymbol(char symbol) {
 }
 
 void RtfReader::ActOn(std::string_view word, std::int64_t number, bool given) {
+  ActOnFont(word, number);
   if (word == "u" && given) {
     replaced_ = 0;
     AddCharacter(static_cast<char16_t>(number & 0xFFFF));

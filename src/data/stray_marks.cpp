@@ -73,7 +73,7 @@ char16_t FromOneByte(char16_t unit, Script bytes) {
 
 class MarkReader final : public RtfReader {
  public:
-  using RtfReader::RtfReader;
+  explicit MarkReader(std::string_view rtf) : RtfReader(rtf, EightBit::kWestern) {}
 
   bool Finds() {
     Read();

@@ -22,6 +22,19 @@ TEST(RtfText, KeepsTheWordsAndNothingElse) {
             u"\u20AC\u2013\u2019\u0178\u00A0\u0081");
 }
 
+TEST(RtfText, BytesAreInTheCodePageOfTheirFont) {
+  const std::string fonts =
+      "{\\fonttbl{\\f0\\fcharset204 A;}{\\f1\\fcharset161 B;}{\\f2\\fcharset128 C;}{\\f3\\fcharset2 D;}}";
+  const auto words = [&](const std::string& body) {
+    return RtfTextStart("{\\rtf1\\ansicpg1250\\deff1" + body, kAll);
+  };
+  EXPECT_EQ(words(fonts + "\\'e1{\\f0\\'e1\xE1}\\'e1\\f3\\'b9\\f9\\'b9\\plain\\'e1}"),
+            u"\u03B1\u0431\u0431\u03B1\u0105\u0105\u03B1");
+  EXPECT_EQ(words(fonts + "\\f2\\'82\\'a0\\'83A\\'b1\\'82\\b\\'82}x\\f2\\'82"), u"\u3042\u30A2\uFF71x")
+      << "half a character is none";
+  EXPECT_EQ(words("\\'b9\\ansicpg874\\'a1\\ansicpg7\\'a1}"), u"\u0105\u0E01\u0E01");
+}
+
 TEST(RtfText, OfATroublemakerIsShownWithoutWhatFewFontsHave) {
   const Text words = u"Caf\u00E9 \u4E00\r\n\u0628\u0651 \u0670\U0001F600\u202Ex\0"s;
   EXPECT_EQ(HarmlessWords(words), u"Caf\u00E9 \u4E00\r\n\u0628\uFFFD \uFFFD\uFFFD\uFFFD\uFFFDx\uFFFD");

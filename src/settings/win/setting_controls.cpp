@@ -16,7 +16,7 @@ namespace {
 
 // Lengths in pixels at 96 dots per inch.
 constexpr int kGap = 8;
-constexpr int kControlHeight = 24;
+constexpr int kControlHeight = 22;
 constexpr int kLineHeight = 34;
 constexpr int kSwitchHeight = 26;
 constexpr int kBox = 24;  // of a switch, before its text
