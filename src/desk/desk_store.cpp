@@ -13,13 +13,7 @@ void NoteDesk::SettleStore(DataFile& file) {
   std::unordered_set<Text> listed;
   for (const auto* jotlets : {&file.jotlets, &file.deleted})
     for (const FiledJotlet& jotlet : *jotlets) listed.insert(FoldCase(jotlet.record.id));
-  for (const StoredNote& note : context_.store.Leaving()) {
-    if (listed.contains(FoldCase(note.record.id))) {
-      context_.store.Remove(note.key);
-    } else {
-      context_.store.MarkLeaving(note.key, false);
-    }
-  }
+  context_.store.Settle([&listed](TextView id) { return listed.contains(FoldCase(id)); });
   const auto isStored = [this](const FiledJotlet& jotlet) { return context_.store.Has(jotlet.record.id); };
   std::erase_if(file.jotlets, isStored);
   std::erase_if(file.deleted, isStored);

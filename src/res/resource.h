@@ -291,6 +291,10 @@
 #define IDS_NO_JOURNAL 2357
 #define IDS_MANAGE_CATEGORY 2358
 #define IDS_NOT_RENAMED 2359
+#define IDS_RESCUED_CATEGORY 2360
+#define IDS_STORE_RESCUE_RUNS 2361
+#define IDS_STORE_RESCUED 2362
+#define IDS_STORE_NOT_RESCUED 2363
 
 // Menus and small dialogs.
 #define IDS_PAPER 6450  // and the seven papers after it, in the order of `kPapers`

@@ -110,6 +110,11 @@ std::int64_t Database::Number(const char* sql, std::int64_t otherwise) {
   return statement.Step() == DatabaseResult::kRow ? statement.NumberAt(0) : otherwise;
 }
 
+bool Database::IsSound() {
+  Statement check = Prepare("PRAGMA quick_check(1)");
+  return check.Step() == DatabaseResult::kRow && check.TextAt(0) == u"ok";
+}
+
 std::int64_t Database::LastKey() const { return sqlite3_last_insert_rowid(handle_.get()); }
 
 std::int64_t Database::Changed() const { return sqlite3_changes64(handle_.get()); }

@@ -62,6 +62,8 @@ class Database {
   Statement Prepare(const char* sql);
   /// The first column of the first row; `otherwise` when there is none.
   std::int64_t Number(const char* sql, std::int64_t otherwise);
+  /// Whether all pages can be read and fit each other; looks at the whole file.
+  bool IsSound();
   /// The key of the row that was put in last.
   std::int64_t LastKey() const;
   /// How many rows the last statement changed.

@@ -62,6 +62,7 @@ void NoteSearch::Stop() {
   folder_.clear();
   state_ = State::kClosed;
   damaged_ = false;
+  storeDamaged_ = false;
 }
 
 // From here on no answer comes to what was asked before.
@@ -145,6 +146,7 @@ void NoteSearch::Fail() {
   {
     const std::lock_guard lock(mutex_);
     if (state_ != State::kUnusable) state_ = State::kIncomplete;
+    storeDamaged_ = storeDamaged_ || builder_.StoreIsDamaged();
   }
   if (std::exchange(toldFault_, builder_.Fault()) != builder_.Fault())
     Say(State::kIncomplete, Text(builder_.Fault()));
@@ -252,6 +254,11 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
   // Before the index was open there was nobody to answer, and before it was complete not all was known.
   if ((damaged || !lines.empty()) && !question_.typed.empty()) Ask(Text(question_.typed), question_.maximum);
   return answer;
+}
+
+bool NoteSearch::FoundDamagedStore() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(storeDamaged_, false) && IsRunning();
 }
 
 std::optional<std::vector<Text>> NoteSearch::Names(TextView typed) {

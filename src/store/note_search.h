@@ -54,6 +54,8 @@ class NoteSearch {
   void Ask(TextView typed, std::size_t maximum);
   /// Writes to the log what the threads had to say; the answer, when there is news of it.
   std::optional<SearchAnswer> Poll();
+  /// Whether the store turned out to be damaged since the last call.
+  bool FoundDamagedStore();
   /// The ids, of stored ones the keys, of all notes that hold the words. Nothing as long as the index is not
   /// complete, when it cannot be read, and when the answer takes too long.
   std::optional<std::vector<Text>> Names(TextView typed);
@@ -113,6 +115,7 @@ class NoteSearch {
   std::optional<SearchAnswer> answer_;
   State state_ = State::kClosed;
   bool damaged_ = false;
+  bool storeDamaged_ = false;
 
   Worker searcher_;
   Worker indexer_;  // goes first

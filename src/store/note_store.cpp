@@ -4,29 +4,18 @@
 
 #include "data/data_folder.h"
 #include "data/jotlet_line.h"
+#include "store/store_rescue.h"
 
 namespace jotlets {
 namespace {
-
-// Texts are kept as the program has them, code unit by code unit.
-constexpr const char* kEncoding = "PRAGMA encoding = 'UTF-16le'";
-
-// Whole or not at all: a store that is half made would count as damaged.
-constexpr const char* kForm =
-    "BEGIN IMMEDIATE;"
-    "PRAGMA application_id = 1247763283;"
-    "CREATE TABLE jotlets (key INTEGER PRIMARY KEY AUTOINCREMENT, category TEXT NOT NULL,"
-    " text TEXT NOT NULL, flags INTEGER NOT NULL, record TEXT NOT NULL);"
-    // What makes two ids the same is no matter of the database: they are folded before they come here.
-    "CREATE UNIQUE INDEX jotlets_by_text ON jotlets (text);"
-    "CREATE INDEX jotlets_by_category ON jotlets (category, key);"
-    "PRAGMA user_version = 1;"
-    "COMMIT;";
 
 // A change is on the disk when it is committed. The journal beside the file lives for the time of a change
 // only, so that a copy of the file alone is whole.
 constexpr const char* kHabits =
     "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF;";
+
+// Larger ones are checked by whoever reads all of them anyway, beside the user's work.
+constexpr std::uint64_t kLargestChecked = 4 << 20;
 
 Statement PrepareSelect(Database& database, const char* condition) {
   return database.Prepare((std::string(kSelectStored) + condition).c_str());
@@ -36,30 +25,32 @@ Statement PrepareSelect(Database& database, const char* condition) {
 
 void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The store '", path_, u"' ", what); }
 
-void NoteStore::Open(TextView dataFolder, TextView stamp) {
+StoreState NoteStore::Open(TextView dataFolder) {
+  Close();
   ++version_;
   path_ = Text(dataFolder) + Text(kStoreFileName);
-  if (!files_.Exists(path_)) return;
-  const DatabaseResult opened = database_.Open(path_, false);
   // An empty file is a store without notes.
-  if (opened == DatabaseResult::kDone && files_.Size(path_) == 0) return database_.Close();
+  if (!files_.Exists(path_) || files_.Size(path_) == 0)
+    return StoreIsGone(files_, dataFolder) ? StoreState::kGone : StoreState::kNothingThere;
+  const DatabaseResult opened = database_.Open(path_, false);
   const StoreForm form = opened == DatabaseResult::kDone ? FormOfStore(database_) : StoreForm::kUnknown;
   if (opened == DatabaseResult::kDamaged || form == StoreForm::kOther) {
-    database_.Close();
-    const Text aside = path_ + u".damaged-" + Text(stamp);
-    const FileStatus kept = files_.Rename(path_, aside);
-    return Tell(kept ? u"is damaged and kept as '" + aside + u"'" : u"is damaged: " + kept.reason);
+    Close();
+    return StoreState::kDamaged;
   }
   if (form == StoreForm::kNewer) {
     Tell(u"was made by a newer version: its notes are left alone");
-    return database_.Close();
-  }
-  if (form == StoreForm::kStore) {
-    Prepare();
+    Close();
+  } else if (form == StoreForm::kStore) {
+    if (Prepare() && files_.Size(path_) <= kLargestChecked && !database_.IsSound()) {
+      Close();
+      return StoreState::kDamaged;
+    }
   } else {
     Tell(u"cannot be used: " + database_.Fault());
-    database_.Close();
+    Close();
   }
+  return IsOpen() ? StoreState::kOpen : StoreState::kUnusable;
 }
 
 bool NoteStore::Prepare() {
@@ -76,8 +67,7 @@ std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView ca
   if (!database_.IsOpen()) {
     // One that is there but could not be opened is not ours to write to.
     if (path_.empty() || (files_.Exists(path_) && files_.Size(path_) > 0)) return std::nullopt;
-    if (database_.Open(path_, true) != DatabaseResult::kDone ||
-        database_.Run(kEncoding) != DatabaseResult::kDone || database_.Run(kForm) != DatabaseResult::kDone) {
+    if (database_.Open(path_, true) != DatabaseResult::kDone || !MakeStoreForm(database_)) {
       Tell(u"could not be made: " + database_.Fault());
       database_.Close();
       return std::nullopt;
@@ -123,8 +113,14 @@ std::optional<std::int64_t> NoteStore::KeyOf(TextView id) {
   return select.NumberAt(0);
 }
 
-std::vector<StoredNote> NoteStore::Leaving() {
-  return Select(PrepareSelect(database_, "WHERE flags & 2"), SIZE_MAX);
+void NoteStore::Settle(const std::function<bool(TextView id)>& isListed) {
+  const std::vector<StoredNote> leaving = Select(PrepareSelect(database_, "WHERE flags & 2"), SIZE_MAX);
+  if (leaving.empty()) return;
+  // One change: after a rescue there are many of them.
+  database_.Run("BEGIN IMMEDIATE");
+  for (const StoredNote& note : leaving)
+    isListed(note.record.id) ? Remove(note.key) : MarkLeaving(note.key, false);
+  if (database_.Run("COMMIT") != DatabaseResult::kDone) database_.Run("ROLLBACK");
 }
 
 std::vector<StoredNote> NoteStore::Newest(const std::optional<Text>& category, std::size_t maximum) {

@@ -2,6 +2,7 @@
 // in the content files where they always were. A note that is in the store is in no list.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <unordered_set>
 #include <utility>
@@ -12,6 +13,15 @@
 #include "store/stored_rows.h"
 
 namespace jotlets {
+
+/// What has become of the store's file.
+enum class StoreState : std::uint8_t {
+  kNothingThere,  // there is none, and no note was stored
+  kOpen,
+  kUnusable,  // locked, of a newer version, or not to be written: it stays as it is
+  kDamaged,
+  kGone,  // notes were stored, but the file is not there
+};
 
 struct StoredCategory {
   Text name;
@@ -24,9 +34,9 @@ class NoteStore {
  public:
   NoteStore(Files& files, Log& log) : files_(files), log_(log) {}
 
-  /// The data folder is known. A store that is there is opened; one that is damaged is put aside under a name
-  /// with `stamp`, and one that cannot be used stays as it is: the log tells of both.
-  void Open(TextView dataFolder, TextView stamp);
+  /// The data folder is known. A store that is there is opened; one that is damaged is left as it is, for
+  /// `StoreRescue`, and one that cannot be used too, which the log tells.
+  StoreState Open(TextView dataFolder);
   void Close() { database_.Close(); }
   /// Whether there is a store that notes can be taken from.
   bool IsOpen() const { return database_.IsOpen(); }
@@ -41,8 +51,9 @@ class NoteStore {
   /// it.
   bool MarkLeaving(std::int64_t key, bool leaving);
   bool Remove(std::int64_t key);
-  /// Notes that were about to leave when the program ended.
-  std::vector<StoredNote> Leaving();
+  /// Of the notes that were about to leave when the program ended, those that are in a list belong there, and
+  /// the others stay.
+  void Settle(const std::function<bool(TextView id)>& isListed);
 
   /// The notes that were stored last, in a category or in any of them, the newest first.
   std::vector<StoredNote> Newest(const std::optional<Text>& category, std::size_t maximum);

@@ -26,6 +26,7 @@ class SearchBuilder {
   void Close() { store_.Close(); }
   /// Takes news in, which count more than what is still to be compared. False when not all of them could be.
   bool Apply(const SearchNews& news);
+  bool StoreIsDamaged() const { return store_.IsDamaged(); }
   /// Why the index does not hold all that it has been told of since the beginning; empty while it does.
   const Text& Fault() const { return fault_; }
 

@@ -270,6 +270,10 @@ std::optional<std::vector<IndexedNote>> SearchIndex::NotesAfter(TextView id, std
   return Done(result) ? std::optional(std::move(notes)) : std::nullopt;
 }
 
+bool SearchIndex::HoldsStored() {
+  return database_.Number("SELECT EXISTS (SELECT 1 FROM notes WHERE stored > 0)", 0) == 1;
+}
+
 std::int64_t SearchIndex::Count() { return database_.Number("SELECT count(*) FROM notes", 0); }
 
 }  // namespace jotlets

@@ -80,6 +80,8 @@ class SearchIndex {
   /// The notes with the next folded ids after `id`, at most `maximum`; nothing when they cannot be read.
   std::optional<std::vector<IndexedNote>> NotesAfter(TextView id, std::size_t maximum);
   std::int64_t Count();
+  /// Whether it knows of a stored note.
+  bool HoldsStored();
 
   // Nothing when the index could not be read, and when `Interrupt` came in between.
   using Results = std::optional<std::vector<SearchResult>>;

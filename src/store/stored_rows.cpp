@@ -9,11 +9,30 @@ namespace {
 
 constexpr std::int64_t kVersion = 1;
 
+// Texts are kept as the program has them, code unit by code unit.
+constexpr const char* kEncoding = "PRAGMA encoding = 'UTF-16le'";
+
+// Whole or not at all: a store that is half made would count as damaged.
+constexpr const char* kForm =
+    "BEGIN IMMEDIATE;"
+    "PRAGMA application_id = 1247763283;"
+    "CREATE TABLE jotlets (key INTEGER PRIMARY KEY AUTOINCREMENT, category TEXT NOT NULL,"
+    " text TEXT NOT NULL, flags INTEGER NOT NULL, record TEXT NOT NULL);"
+    // What makes two ids the same is no matter of the database: they are folded before they come here.
+    "CREATE UNIQUE INDEX jotlets_by_text ON jotlets (text);"
+    "CREATE INDEX jotlets_by_category ON jotlets (category, key);"
+    "PRAGMA user_version = 1;"
+    "COMMIT;";
+
 }  // namespace
 
 StoredNote StoredNoteAt(const Statement& row) {
   return {row.NumberAt(0), row.TextAt(1), ParseJotletLine(row.TextAt(3), JotletData(), [] { return Text(); }),
           (row.NumberAt(2) & kStoredLeaving) != 0};
+}
+
+bool MakeStoreForm(Database& database) {
+  return database.Run(kEncoding) == DatabaseResult::kDone && database.Run(kForm) == DatabaseResult::kDone;
 }
 
 StoreForm FormOfStore(Database& database) {
@@ -28,6 +47,7 @@ StoreForm FormOfStore(Database& database) {
 void StoreReader::SetPath(TextView path) {
   Close();
   path_ = path;
+  damaged_ = false;
 }
 
 StoreReader::Access StoreReader::Open() {
@@ -56,6 +76,7 @@ std::optional<StoreReader::Notes> StoreReader::Read(const char* condition, std::
   DatabaseResult result = select.Step();
   for (; result == DatabaseResult::kRow; result = select.Step()) notes.push_back(StoredNoteAt(select));
   if (result == DatabaseResult::kDone) return notes;
+  damaged_ = damaged_ || result == DatabaseResult::kDamaged;
   fault_ = database_.Fault();
   return std::nullopt;
 }

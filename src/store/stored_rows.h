@@ -34,6 +34,9 @@ enum class StoreForm : std::uint8_t {
 };
 StoreForm FormOfStore(Database& database);
 
+/// Makes an empty store of an empty database.
+bool MakeStoreForm(Database& database);
+
 /// Reads the store's file beside whoever changes it. Everything it answers is nothing when the file could not
 /// be read, which says nothing about its notes. A store of a newer version is one without notes, as nobody
 /// here can fetch them.
@@ -53,6 +56,8 @@ class StoreReader {
   std::optional<Notes> At(std::int64_t key);
   /// Why something could not be read.
   const Text& Fault() const { return fault_; }
+  /// The file is broken, as far as it has been read.
+  bool IsDamaged() const { return damaged_; }
 
  private:
   enum class Access { kOpen, kNothingThere, kFails };
@@ -63,6 +68,7 @@ class StoreReader {
   Text path_;
   Database database_;
   Text fault_;
+  bool damaged_ = false;
 };
 
 }  // namespace jotlets

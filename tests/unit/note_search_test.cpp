@@ -71,7 +71,7 @@ class NoteSearchTest : public ::testing::Test {
     files.Put(folder_ + Text(kStoreFileName), "some");
     FakeFiles none;
     NoteStore maker(none, log);
-    maker.Open(folder_, u"1");
+    maker.Open(folder_);
     JotletData record;
     record.id = u"S1";
     record.title = u"Stored apple";
@@ -130,7 +130,7 @@ TEST_F(NoteSearchTest, KnowsWhatIsThereAtTheStartAndFollows) {
 TEST_F(NoteSearchTest, KnowsTheStoreAndWhatMovesInAndOut) {
   MakeStore();
   NoteStore store(files, log);
-  store.Open(folder_, u"1");
+  store.Open(folder_);
   notes = {Note(u"A", u"apple", "")};
   Start();
   EXPECT_EQ(Names(u"apple"), (Ids{u"1", u"A"}));

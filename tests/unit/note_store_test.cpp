@@ -7,32 +7,18 @@
 
 #include "fake_desk.h"
 #include "fakes.h"
+#include "store/store_rescue.h"
+#include "store_disk.h"
 
 namespace jotlets {
 namespace {
-
-// The store's file lies on the disk, where its own library writes it.
-class DiskOfStore : public FakeFiles {
- public:
-  bool Exists(TextView path) const override {
-    return path.ends_with(kStoreFileName) ? std::filesystem::exists(path) : FakeFiles::Exists(path);
-  }
-  std::uint64_t Size(TextView path) const override {
-    return path.ends_with(kStoreFileName) ? std::filesystem::file_size(path) : FakeFiles::Size(path);
-  }
-  FileStatus Rename(TextView from, TextView to) override {
-    if (!from.ends_with(kStoreFileName)) return FakeFiles::Rename(from, to);
-    std::filesystem::rename(from, to);
-    return {};
-  }
-};
 
 class StoreTest : public ::testing::Test {
  protected:
   StoreTest() {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
-    store.Open(folder_, u"1");
+    store.Open(folder_);
   }
   ~StoreTest() override {
     store.Close();
@@ -40,13 +26,18 @@ class StoreTest : public ::testing::Test {
     std::filesystem::remove_all(folder_, ignored);
   }
 
-  void Reopen() {
+  StoreState Reopen() {
     store.Close();
-    store.Open(folder_, u"2");
+    return store.Open(folder_);
   }
   void WriteStore(const std::string& bytes) {
     store.Close();
     std::ofstream(std::filesystem::path(folder_ + Text(kStoreFileName)), std::ios::binary) << bytes;
+  }
+  std::string ReadStore(TextView behind = {}) const {
+    std::ifstream file(std::filesystem::path(folder_ + Text(kStoreFileName) + Text(behind)),
+                       std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
   static JotletData Note(TextView id) {
     JotletData record;
@@ -59,7 +50,7 @@ class StoreTest : public ::testing::Test {
   }
 
   const Text folder_ = FromUtf8(::testing::TempDir()) + u"jotlets store \u00FC/";
-  DiskOfStore files;
+  StoreDisk files;
   FakeLog log;
   NoteStore store{files, log};
 };
@@ -101,12 +92,9 @@ TEST_F(StoreTest, KeepsNotesWholeByCategory) {
 TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
   for (const std::string& bytes : {std::string("no database"), std::string(4096, 'x')}) {
     WriteStore(bytes);
-    Reopen();
-    EXPECT_FALSE(store.IsOpen());
-    EXPECT_FALSE(std::filesystem::exists(folder_ + Text(kStoreFileName)));
-    EXPECT_TRUE(std::filesystem::exists(folder_ + Text(kStoreFileName) + u".damaged-2"));
-    EXPECT_TRUE(log.Holds(u"is damaged and kept as"));
-    std::filesystem::remove(folder_ + Text(kStoreFileName) + u".damaged-2");
+    EXPECT_EQ(Reopen(), StoreState::kDamaged);
+    EXPECT_FALSE(store.IsOpen() || store.Put(Note(u"A1"), u"a"));
+    EXPECT_EQ(ReadStore(), bytes);
   }
   WriteStore("");
   Reopen();
@@ -122,21 +110,13 @@ TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
   EXPECT_TRUE(log.Holds(u"newer version"));
 }
 
-// Every cut of a store's file gives its notes, or is put aside; nothing ends the program.
-TEST_F(StoreTest, AnyCutIsReadOrPutAside) {
+TEST_F(StoreTest, AnyCutIsSeen) {
   ASSERT_TRUE(store.Put(Note(u"A1"), u"a"));
   store.Close();
-  std::string whole;
-  {
-    std::ifstream file(std::filesystem::path(folder_ + Text(kStoreFileName)), std::ios::binary);
-    whole.assign(std::istreambuf_iterator<char>(file), {});
-  }
-  for (std::size_t length = 0; length < whole.size(); length += 997) {
+  const std::string whole = ReadStore();
+  for (std::size_t length = 1; length < whole.size(); length += 997) {
     WriteStore(whole.substr(0, length));
-    Reopen();
-    store.KeysOf(u"a");
-    store.Leaving();
-    store.Claims();
+    EXPECT_EQ(Reopen(), StoreState::kDamaged) << length;
   }
   WriteStore(whole);
   Reopen();
@@ -149,7 +129,7 @@ struct DeskWithStore : FakeDesk {
     const Text path = folder + Text(kStoreFileName);
     // Its file is known to the library alone.
     if (std::filesystem::exists(path)) files.Put(path, "some");
-    store.Open(folder, u"1");
+    store.Open(folder);
   }
 };
 
@@ -167,7 +147,7 @@ TEST_F(StoreTest, TheDeskStoresAndFetchesWithoutLosingAnything) {
   EXPECT_TRUE(home.desk.Fetch(*key + 1).empty());
 
   home.windows.hasWindows = false;
-  EXPECT_TRUE(home.desk.Fetch(*key).empty() && home.store.Has(u"A") && home.store.Leaving().empty());
+  EXPECT_TRUE(home.desk.Fetch(*key).empty() && home.store.Has(u"A"));
   home.windows.hasWindows = true;
   EXPECT_EQ(home.desk.Fetch(*key), u"A");
   EXPECT_FALSE(home.store.Has(u"A"));
@@ -198,7 +178,8 @@ TEST_F(StoreTest, ANoteBetweenStoreAndListsGoesOnToWhereItWasToGo) {
   home.Load(u"[Jotlets]\n<ID>coming<RTF>\n<ID>LEAVING<RTF>\n<ID>OTHER<RTF>\n");
   EXPECT_EQ(IdsOf(home.Lists().desktop), (std::vector<Text>{u"LEAVING", u"OTHER"}));
   EXPECT_TRUE(home.store.Has(u"COMING") && home.store.Has(u"TURNED") && !home.store.Has(u"LEAVING"));
-  EXPECT_TRUE(home.store.Leaving().empty());
+  const auto turnedKey = home.store.KeyOf(u"TURNED");
+  EXPECT_FALSE(home.store.Find(turnedKey.value_or(0))->leaving);
 }
 
 }  // namespace

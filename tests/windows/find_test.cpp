@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "base/win/wide.h"
+#include "data/data_folder.h"
 #include "manage/manage_actions.h"
 #include "note/win/jotlet.h"
 #include "res/find_numbers.h"
@@ -53,6 +55,14 @@ TEST_F(FindTest, CommandKnowsEveryNoteWhereverItIsAndWhatWasJustTyped) {
   ASSERT_EQ(Close(), DWORD{0});
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(Found(u"apple -plum"), u"001 A1,");
+  // It knows stored notes even when their file is gone.
+  EXPECT_EQ(Reply(u"do store B2 Kitchen"), u"000 OK stored: 2");
+  EXPECT_EQ(Found(u"plum category:kit"), u"001 2,");
+  ASSERT_EQ(Close(), DWORD{0});
+  ASSERT_TRUE(DeleteFileW(Wide(folder_ + Text(kStoreFileName))));
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Found(u"plum category:kit"), u"001 2,");
+  EXPECT_EQ(Reply(u"do fetch 2"), u"000 OK fetched: B2");
 }
 
 TEST_F(FindTest, FieldFindsAtEachKeyAndOpensWhatIsChosen) {

@@ -108,7 +108,9 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       break;
     case kUnknownHeightMessage: TellUnknownHeight(); break;
     case kSearchMessage:
-      if (state_.ready && !state_.exiting) search_.OnNews();
+      if (!state_.ready || state_.exiting) break;
+      search_.OnNews();
+      if (search_.FoundDamagedStore()) OnStoreDamaged();
       break;
     case kClientAnswersMessage: clientLines_.OnAnswers(static_cast<ClientWindow>(detail)); break;
   }

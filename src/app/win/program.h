@@ -101,6 +101,10 @@ class Program final : private OpenNotesOwner,
   void ProvideFirstRun();
   void ChooseFirstLook();
   void OpenStore();
+  /// Where the store is damaged or gone, makes it anew and opens it; the user waits for it.
+  void RescueStore();
+  /// Somebody has found that the store cannot be read.
+  void OnStoreDamaged();
   bool LoadJotlets();
   void TellDamage(const LoadedData& loaded);
   void OnMinute();
@@ -158,6 +162,7 @@ class Program final : private OpenNotesOwner,
   DataFolderClaim claim_;
   OpenNotes notes_;
   NoteStore store_;
+  StoreState storeState_ = StoreState::kNothingThere;
   NoteDesk desk_;
   OpenStacks stacks_;
   ForeignWindowWatcher foreign_;

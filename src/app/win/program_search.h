@@ -27,6 +27,8 @@ class ProgramSearch {
   void Feed();
   /// The threads have something to say.
   void OnNews();
+  /// See `NoteSearch::FoundDamagedStore`.
+  bool FoundDamagedStore() { return search_.FoundDamagedStore(); }
 
   void Ask(TextView typed, std::size_t maximum);
   /// Who gets the answers.

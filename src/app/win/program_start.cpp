@@ -170,8 +170,6 @@ void Program::ProvideFirstRun() {
   desk_.Create(welcome);
 }
 
-void Program::OpenStore() { store_.Open(desk_.Folder(), MinuteStamp(system_.clock.Now().local)); }
-
 bool Program::LoadJotlets() {
   LoadedData loaded =
       jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
@@ -185,6 +183,8 @@ bool Program::LoadJotlets() {
     instance_.Release();
     return false;
   }
+  RescueStore();
+  if (state_.exiting) return false;
   installId_ = loaded.file.installId.empty() ? desk_.Maker().NewJotletId() : loaded.file.installId;
   desk_.SetFolder(Text(desk_.Folder()), installId_);
   if (loaded.MustNotBeReplaced()) desk_.Saver().KeepUnreadFile();
