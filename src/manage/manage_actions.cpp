@@ -16,7 +16,9 @@ struct OfferRow {
 };
 
 // An attached note has no default: to be seen it would have to lose the window that it waits for.
+// Where all notes are, each is acted upon as in the view that is its own.
 constexpr std::array kOffers = {
+    OfferRow{View::kAll, Action::kOpen, true},       OfferRow{View::kAll, Action::kDelete},
     OfferRow{View::kDesktop, Action::kOpen, true},   OfferRow{View::kDesktop, Action::kUnattach},
     OfferRow{View::kDesktop, Action::kStore},        OfferRow{View::kDesktop, Action::kDelete},
     OfferRow{View::kStored, Action::kRestore, true}, OfferRow{View::kStored, Action::kDelete},

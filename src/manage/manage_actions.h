@@ -9,8 +9,8 @@
 
 namespace jotlets {
 
-enum class ManageView { kDesktop, kAttached, kSleeping, kRecurring, kStored, kClosed, kStacks };
-inline constexpr std::size_t kManageViews = 7;
+enum class ManageView { kAll, kDesktop, kAttached, kSleeping, kRecurring, kStored, kClosed, kStacks };
+inline constexpr std::size_t kManageViews = 8;
 
 /// What the window shows: a view, or one category of the stored notes.
 struct ManagePlace {

@@ -111,19 +111,28 @@ void ManageTexts::Clear() {
 
 bool ManageList::SetNotes(std::span<const JotletData* const> notes, bool (*unsaved)(const JotletData&, void*),
                           void* context) {
+  std::vector<PlacedNote> placed;
+  placed.reserve(notes.size());
+  for (const JotletData* record : notes) placed.push_back({record, {}});
+  return SetAll(placed, unsaved, context);
+}
+
+bool ManageList::SetAll(std::span<const PlacedNote> notes, bool (*unsaved)(const JotletData&, void*),
+                        void* context) {
   const auto isUnsaved = [=](const JotletData& record) {
     return unsaved != nullptr && unsaved(record, context);
   };
   if (std::equal(rows_.begin(), rows_.end(), notes.begin(), notes.end(),
-                 [&](const ManageRow& row, const JotletData* record) {
-                   return IsSame(row, *record) && !isUnsaved(*record);
+                 [&](const ManageRow& row, const PlacedNote& note) {
+                   return IsSame(row, *note.record) && row.category == note.place && !isUnsaved(*note.record);
                  }))
     return false;
   std::vector<ManageRow> rows;
   rows.reserve(notes.size());
-  for (const JotletData* record : notes) {
-    rows.push_back(RowOf(*record));
-    rows.back().unsaved = isUnsaved(*record);
+  for (const PlacedNote& note : notes) {
+    rows.push_back(RowOf(*note.record));
+    rows.back().category = note.place;
+    rows.back().unsaved = isUnsaved(*note.record);
   }
   SetRows(std::move(rows));
   return true;
@@ -305,8 +314,8 @@ bool ManageList::Precedes(std::uint32_t a, std::uint32_t b) const {
       case ManageColumn::kCreated: order = left.created <=> right.created; break;
       case ManageColumn::kModified: order = left.modified <=> right.modified; break;
       case ManageColumn::kNextWake:
-        order = left.nextWake <=> right.nextWake;
-        if (order == 0) order = left.category <=> right.category;
+        order = left.category <=> right.category;
+        if (order == 0) order = left.nextWake <=> right.nextWake;
         break;
     }
     if (order != 0) return (order < 0) != key.backwards;

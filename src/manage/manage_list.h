@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "data/jotlet_data.h"
 #include "data/stack_record.h"
+#include "manage/manage_actions.h"
 #include "store/note_store.h"
 
 namespace jotlets {
@@ -35,7 +36,7 @@ struct ManageRow {
   std::int32_t created = 0;
   std::int32_t modified = 0;
   std::int32_t nextWake = 0;
-  Text category;  // of a stored note
+  Text category;  // of a stored note; among all notes, what its place is called
   // How the text goes on below the title, once it is read.
   enum class Snippet : std::uint8_t { kUnknown, kWanted, kRead } known = Snippet::kUnknown;
   Text snippet;
@@ -86,6 +87,12 @@ class ManageTexts {
   Known passing_;
 };
 
+/// One of all notes, and what the place is called where it is.
+struct PlacedNote {
+  const JotletData* record = nullptr;
+  Text place;
+};
+
 /// Which notes of the store, and at which of its versions.
 struct StoredState {
   std::uint64_t version = 0;
@@ -101,6 +108,9 @@ class ManageList {
   /// file. False when that is what the list shows already.
   bool SetNotes(std::span<const JotletData* const> notes, bool (*unsaved)(const JotletData&, void*) = nullptr,
                 void* context = nullptr);
+  /// The same for notes of several places.
+  bool SetAll(std::span<const PlacedNote> notes, bool (*unsaved)(const JotletData&, void*) = nullptr,
+              void* context = nullptr);
   /// Stored ones, with their categories; `state` is what the store was in when they were read.
   bool SetStored(std::span<const StoredNote> notes, StoredState state);
   /// Whether these are what the list shows already.

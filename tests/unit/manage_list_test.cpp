@@ -155,6 +155,23 @@ TEST_F(ManageListTest, NotesWithoutATitleShowTheBeginningOfTheirText) {
   EXPECT_EQ(Found(u"hom"), u"3");
 }
 
+TEST_F(ManageListTest, AmongAllNotesThePlaceIsPartOfARow) {
+  Add(u"A", u"one", 0, u"words");
+  Add(u"B", u"two").sleep = {.asleep = true, .nextWake = 9};
+  Add(u"C", u"three");
+  std::vector<PlacedNote> notes = {
+      {&notes_[0], u"Desktop"}, {&notes_[1], u"Sleeping"}, {&notes_[2], u"Closed"}};
+  EXPECT_TRUE(list_.SetAll(notes));
+  EXPECT_FALSE(list_.SetAll(notes));
+  list_.SortBy(ManageColumn::kNextWake, false);
+  EXPECT_EQ(Ids(), u"CAB");
+  EXPECT_EQ(Found(u"words"), u"A");
+  Found(u"");
+  notes[0].place = u"Stored: x";
+  EXPECT_TRUE(list_.SetAll(notes)) << "moved";
+  EXPECT_EQ(Ids(), u"CBA");
+}
+
 TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
   const auto ask = [](ManageAction action, ManageView view, std::size_t count, int keep = 32,
                       bool confirm = false) { return QuestionBefore(action, view, count, keep, confirm); };

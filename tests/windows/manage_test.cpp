@@ -89,6 +89,25 @@ class ManageTest : public WindowTest {
   using Ids = std::vector<Text>;
 };
 
+TEST_F(ManageTest, AmongAllNotesEachIsOpenedAndDeletedAsInItsOwnView) {
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")},
+             {Closed(u"CC01", u"Alpha"), Closed(u"CC02", u"Beta", {640, 420})}, u"TakeBackups=0");
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Reply(u"do store " + Create(u"kept") + u" Work"), u"000 OK stored: 1");
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
+  ASSERT_TRUE(OpenByKey());
+  GoToView(ManageView::kAll);
+  EXPECT_TRUE(Shows(u"4 of 4")) << ToUtf8(Status());
+  TypeText(u"a");
+  EXPECT_TRUE(Shows(u"3 of 4")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  PressKeys({VK_CONTROL, 'A'});
+  EXPECT_TRUE(Shows(u"3 of 4, 3 selected")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  EXPECT_TRUE(WaitUntil([this] { return Listed(u"desktop").size() == 3; })) << "the stored one has no a";
+  EXPECT_TRUE(Listed(u"closed").empty());
+}
+
 TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
   WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")},
              {Closed(u"CC01", u"Alpha"), Closed(u"CC02", u"Beta", {640, 420}), Closed(u"CC03", u"Gamma")},

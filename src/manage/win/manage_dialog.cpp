@@ -133,8 +133,9 @@ void BManageDlg::ShowPlace() {
   }
   Layout();
   constexpr auto kLastColumn = static_cast<UINT>(kManageColumns) - 1;
-  table_.NameLastColumn(resources_.String(View() == ManageView::kStored ? IDS_MANAGE_CATEGORY
-                                                                        : IDS_MANAGE_COLUMN + kLastColumn));
+  table_.NameLastColumn(resources_.String(View() == ManageView::kAll      ? IDS_MANAGE_PLACE
+                                          : View() == ManageView::kStored ? IDS_MANAGE_CATEGORY
+                                                                          : IDS_MANAGE_COLUMN + kLastColumn));
   owner_.FillManageList(views_.Chosen(), list_);
   ShowRows({});
   ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);

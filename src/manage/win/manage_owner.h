@@ -22,7 +22,8 @@ class ManageOwner {
   /// call returns.
   virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
   virtual const std::vector<StoredCategory>& Categories() = 0;
-  /// How many notes are stored in a place, though the list shows only the newest; 0 in any other view.
+  /// How many notes there are in a place with stored ones, though the list shows only the newest of these; 0
+  /// in any other view.
   virtual std::size_t CountStored(const ManagePlace& place) = 0;
   /// Asks for another name of a category. One that is there already takes in its notes. The new name, when it
   /// has got one.

@@ -233,7 +233,8 @@ Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {
     case ManageColumn::kType: return typeNames_[static_cast<std::size_t>(row.type)];
     case ManageColumn::kCreated: return time(row.created);
     case ManageColumn::kModified: return time(row.modified);
-    case ManageColumn::kNextWake: return row.category.empty() ? time(row.nextWake) : row.category;
+    case ManageColumn::kNextWake:
+      return row.category + (row.category.empty() || row.nextWake == 0 ? u"" : u", ") + time(row.nextWake);
   }
   return {};
 }

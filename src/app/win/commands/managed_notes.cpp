@@ -1,6 +1,7 @@
 #include "app/win/commands/managed_notes.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "base/win/shown_time.h"
@@ -21,6 +22,8 @@ bool IsIn(ManageView view, const JotletData& sleeping) {
   return sleeping.sleep.recurring == (view == ManageView::kRecurring);
 }
 
+constexpr std::size_t kMaximumStored = 2000;
+
 bool IsUnsaved(const JotletData& record, void* desktop) {
   const BJotlet* jotlet = static_cast<OpenNotes*>(desktop)->Find(record.id);
   return jotlet != nullptr && jotlet->HasUnsavedContent();
@@ -30,6 +33,7 @@ bool IsUnsaved(const JotletData& record, void* desktop) {
 
 bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
   const ManageView view = place.view;
+  if (view == ManageView::kAll) return FillAll(list);
   if (view == ManageView::kStored) return FillStored(place.category, list);
   const NoteLists& lists = desk_.Lists();
   std::vector<const JotletData*> notes;
@@ -47,16 +51,69 @@ bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
       break;
     case ManageView::kClosed: std::for_each(lists.closed.begin(), lists.closed.end(), add); break;
     case ManageView::kStacks: return list.SetStacks(lists.stacks);
+    case ManageView::kAll:
     case ManageView::kStored: break;
   }
   return list.SetNotes(notes);
 }
 
+bool ManagedNotes::FillAll(ManageList& list) {
+  if (std::exchange(newestOf_, store_.Version()) != store_.Version())
+    newest_ = store_.Newest({}, kMaximumStored);
+  std::vector<PlacedNote> notes;
+  const auto add = [&](const JotletData& record, ManageView home) {
+    notes.push_back({&record, resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(home))});
+  };
+  const NoteLists& lists = desk_.Lists();
+  for (const auto& record : lists.desktop) add(*record, ManageView::kDesktop);
+  for (const JotletData& record : lists.attached) add(record, ManageView::kAttached);
+  for (const JotletData& record : lists.sleeping)
+    add(record, IsIn(ManageView::kRecurring, record) ? ManageView::kRecurring : ManageView::kSleeping);
+  for (const StoredNote& note : newest_) {
+    add(note.record, ManageView::kStored);
+    if (!note.category.empty()) notes.back().place += u": " + OneLine(note.category);
+  }
+  for (const JotletData& record : lists.closed) add(record, ManageView::kClosed);
+  return list.SetAll(notes, IsUnsaved, &notes_);
+}
+
+ManageView ManagedNotes::HomeOf(const Text& id) const {
+  const NoteLists& lists = desk_.Lists();
+  const std::optional<NoteList> list = lists.WhereIs(id);
+  if (!list) return ManageView::kStored;
+  switch (*list) {
+    case NoteList::kDesktop: return ManageView::kDesktop;
+    case NoteList::kAttached: return ManageView::kAttached;
+    case NoteList::kClosed: return ManageView::kClosed;
+    case NoteList::kSleeping: break;
+  }
+  return IsIn(ManageView::kRecurring, *lists.sleeping.Find(id)) ? ManageView::kRecurring
+                                                                : ManageView::kSleeping;
+}
+
+// Each note as in the view that is its own, with the questions of that. How many are left where there is
+// nothing that opens them.
+std::size_t ManagedNotes::DoAll(ManageAction action, const std::vector<Text>& ids) {
+  std::map<ManageView, std::vector<Text>> byHome;
+  for (const Text& id : ids) byHome[HomeOf(id)].push_back(id);
+  std::size_t left = 0;
+  for (const auto& [home, own] : byHome) {
+    const std::optional<ManageAction> does = action == ManageAction::kOpen ? DefaultAction(home) : action;
+    if (!does) {
+      left += own.size();
+    } else if (IsAgreed(*does, home, own.size()) && !state_.exiting) {
+      left += Do(*does, home, own);
+    }
+    if (state_.exiting) break;
+  }
+  return left;
+}
+
 // They are read from the disk: not again before something has changed.
 bool ManagedNotes::FillStored(const std::optional<Text>& category, ManageList& list) {
-  constexpr std::size_t kMaximumShown = 2000;
   StoredState state{store_.Version(), category};
-  return !list.ShowsStored(state) && list.SetStored(store_.Newest(category, kMaximumShown), std::move(state));
+  return !list.ShowsStored(state) &&
+         list.SetStored(store_.Newest(category, kMaximumStored), std::move(state));
 }
 
 const std::vector<StoredCategory>& ManagedNotes::Categories() {
@@ -80,6 +137,11 @@ std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
 }
 
 std::size_t ManagedNotes::CountStored(const ManagePlace& place) {
+  if (place.view == ManageView::kAll) {
+    const NoteLists& lists = desk_.Lists();
+    return CountStored({ManageView::kStored, {}}) + lists.desktop.size() + lists.attached.size() +
+           lists.sleeping.size() + lists.closed.size();
+  }
   if (place.view != ManageView::kStored) return 0;
   std::size_t count = 0;
   for (const StoredCategory& category : Categories())
@@ -101,7 +163,8 @@ std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {
   const auto recurring = static_cast<std::size_t>(
       std::count_if(lists.sleeping.begin(), lists.sleeping.end(),
                     [](const JotletData& record) { return IsIn(ManageView::kRecurring, record); }));
-  return {lists.desktop.size(),
+  return {CountStored({ManageView::kAll, {}}),
+          lists.desktop.size(),
           lists.attached.size(),
           lists.sleeping.size() - recurring,
           recurring,
@@ -121,8 +184,10 @@ Text ManagedNotes::TextOf(const ManageRow& row) {
 }
 
 void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) {
-  if (!IsAgreed(action, view, ids.size()) || state_.exiting) return;
-  const std::size_t left = Do(action, view, ids);
+  const bool each =
+      view == ManageView::kAll && (action == ManageAction::kOpen || action == ManageAction::kDelete);
+  if (!each && (!IsAgreed(action, view, ids.size()) || state_.exiting)) return;
+  const std::size_t left = each ? DoAll(action, ids) : Do(action, view, ids);
   if (left == 0 || state_.exiting) return;
   const HWND owner = dialog_.IsOpen() ? dialog_.Window() : window_.Handle();
   TellCount(owner, resources_, IDS_MANAGE_NOT_ALL, left);
@@ -201,6 +266,7 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
     case ManageView::kAttached:
     case ManageView::kSleeping:
     case ManageView::kRecurring: CloseWaiting(view, ids); return 0;
+    case ManageView::kAll: break;
   }
   return 0;
 }

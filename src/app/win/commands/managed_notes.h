@@ -67,6 +67,10 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
 
  private:
   bool FillStored(const std::optional<Text>& category, ManageList& list);
+  bool FillAll(ManageList& list);
+  /// The view that is a note's own.
+  ManageView HomeOf(const Text& id) const;
+  std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void ShowNotes(const std::vector<Text>& ids);
@@ -100,6 +104,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   // Of the store, at this version of it.
   std::vector<StoredCategory> categories_;
   std::uint64_t counted_ = 0;
+  std::vector<StoredNote> newest_;
+  std::uint64_t newestOf_ = 0;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
 };
