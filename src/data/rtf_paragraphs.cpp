@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "data/rtf_bytes.h"
 #include "data/rtf_reader.h"
 
 namespace jotlets {
@@ -94,7 +95,66 @@ class ParagraphReader final : public RtfReader {
   std::vector<TextParagraph> paragraphs_;
 };
 
+void AppendWords(Text& rtf, TextView words) {
+  for (const char16_t unit : words) {
+    if (unit == u'\n') {
+      rtf += u"\\line ";
+    } else if (unit == u'\t') {
+      rtf += u"\\tab ";
+    } else if (unit == u'\\' || unit == u'{' || unit == u'}') {
+      rtf.push_back(u'\\');
+      rtf.push_back(unit);
+    } else if (unit >= u' ') {
+      rtf.push_back(unit);
+    }
+  }
+}
+
+// As the editor writes its own lists, so that it takes them for such.
+TextView ListForm(List list) {
+  switch (list) {
+    case List::kBullets:
+      return u"{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}\\fi-360\\li360 ";
+    case List::kNumbers:
+      return u"{\\pntext "
+             u"1.\\tab}{\\*\\pn\\pnlvlbody\\pnindent360\\pnstart1\\pndec{\\pntxta.}}\\fi-360\\li360 ";
+    case List::kNone: break;
+  }
+  return {};
+}
+
+void AppendParagraph(Text& rtf, const TextParagraph& paragraph) {
+  constexpr int kHalfPoints[] = {32, 28, 24};
+  constexpr int kUsual = 20;
+  const bool heading = paragraph.heading > 0;
+  const int size =
+      heading ? kHalfPoints[std::min<std::size_t>(paragraph.heading, std::size(kHalfPoints)) - 1] : kUsual;
+  rtf.append(u"\\pard").append(ListForm(paragraph.list)).append(u"\\plain\\fs");
+  AppendInt(rtf, size);
+  rtf.push_back(u' ');
+  for (const TextRun& run : paragraph.runs) {
+    const std::size_t begin = rtf.size();
+    rtf.push_back(u'{');
+    for (const Effect& effect : kEffects)
+      if (run.*effect.member || (heading && effect.member == &TextRun::bold))
+        rtf.append(u"\\").append(FromAscii(effect.word));
+    const bool plain = rtf.size() == begin + 1;
+    plain ? rtf.pop_back() : rtf.push_back(u' ');
+    AppendWords(rtf, run.text);
+    if (!plain) rtf.push_back(u'}');
+  }
+}
+
 }  // namespace
+
+std::string RtfOfParagraphs(const std::vector<TextParagraph>& paragraphs) {
+  Text rtf = u"{\\rtf1\\ansi{\\fonttbl{\\f0 Segoe UI;}}\\uc1 ";
+  for (const TextParagraph& paragraph : paragraphs) {
+    if (&paragraph != &paragraphs.front()) rtf += u"\\par\n";
+    AppendParagraph(rtf, paragraph);
+  }
+  return RtfBytes(rtf + u"}");
+}
 
 std::vector<TextParagraph> RtfParagraphs(std::string_view rtf, std::size_t maximum) {
   return ParagraphReader(rtf, maximum).Paragraphs();

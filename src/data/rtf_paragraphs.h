@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,8 +27,12 @@ struct TextRun {
 struct TextParagraph {
   enum class List : std::uint8_t { kNone, kBullets, kNumbers };
   List list = List::kNone;
+  std::uint8_t heading = 0;  // the level of one, from 1; what is read from rich text has none
   std::vector<TextRun> runs;
 };
+
+/// The rich text of paragraphs, in ASCII.
+std::string RtfOfParagraphs(const std::vector<TextParagraph>& paragraphs);
 
 /// The paragraphs of a rich text with at most `maximum` code units of words. Any bytes give some.
 std::vector<TextParagraph> RtfParagraphs(std::string_view rtf, std::size_t maximum);

@@ -1,12 +1,17 @@
 #include "desk/note_import.h"
 
 #include "data/text_file.h"
+#include "data/text_import.h"
 #include "desk/note_file.h"
 
 namespace jotlets {
 namespace {
 
 constexpr std::uint64_t kLargestImport = 4 * 1024 * 1024;
+constexpr std::size_t kLongestTitle = 200;
+
+bool IsMarkdown(TextView path) { return HasExtension(path, u".md") || HasExtension(path, u".markdown"); }
+bool IsPage(TextView path) { return HasExtension(path, u".html") || HasExtension(path, u".htm"); }
 
 // Most programs write UTF-8 without a mark by now, and no other text of several letters happens to be valid.
 TextFile DecodeImport(std::string_view bytes, const CodePage& ansi) {
@@ -47,6 +52,10 @@ std::optional<NewNote> NoteFromFile(const Files& files, const CodePage& ansi, Te
     if (!message) reason = u"the file holds no note";
     if (!message) return std::nullopt;
     fresh = FromNoteMessage(*message, maximumWidth);
+  } else if (IsMarkdown(path) || IsPage(path)) {
+    const ImportedText imported = IsPage(path) ? TextOfHtml(text.text) : TextOfMarkdown(text.text);
+    fresh.title = imported.title.empty() ? NameOf(path) : OneLine(imported.title).substr(0, kLongestTitle);
+    fresh.rtf = FromAscii(RtfOfParagraphs(imported.paragraphs));
   } else {
     fresh.title = NameOf(path);
     (text.text.starts_with(u"{\\rtf") ? fresh.rtf : fresh.text) = text.text;
