@@ -2,6 +2,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "data/data_folder.h"
+#include "data/rtf_bounds.h"
+#include "data/rtf_bytes.h"
 #include "desk/note_desk.h"
 
 namespace jotlets {
@@ -31,6 +34,16 @@ std::optional<std::int64_t> NoteDesk::Store(TextView id, TextView category) {
   Changed();
   context_.events.Send({EventKind::kDeleted, Reason::kStored, {own}, {}});
   return key;
+}
+
+bool NoteDesk::CreateStored(const NewNote& fresh, TextView category) {
+  NewNote whole = fresh;
+  whole.content = fresh.rtf.empty() ? RtfOfPlainText(fresh.text) : RtfBytes(fresh.rtf);
+  const std::optional<JotletData> record = maker_.Make(whole);
+  if (!record) return false;
+  if (context_.store.Put(*record, category)) return true;
+  context_.files.Remove(folder_ + ContentPath(*record));
+  return false;
 }
 
 Text NoteDesk::Fetch(std::int64_t key) {

@@ -21,7 +21,7 @@ struct NewNote {
   std::int32_t width = 0;
   Text id;  // an existing identity, whose content file is there already
   bool isImage = false;
-  std::string picture;  // of a picture note: its PNG, in place of the template
+  std::string content;  // the bytes of its content file, in place of the template
   bool fromClipboard = false;
   bool plainClipboard = false;  // without its formatting
 };

@@ -96,7 +96,7 @@ std::optional<JotletData> NoteMaker::Make(const NewNote& fresh) {
   Place(record);
   if (fresh.width > 0) record.width = fresh.width;
   KeepSizeUsable(record);
-  if (fresh.id.empty() && !ProvideContent(record, fresh.picture)) return std::nullopt;
+  if (fresh.id.empty() && !ProvideContent(record, fresh.content)) return std::nullopt;
   return record;
 }
 
@@ -132,10 +132,10 @@ void NoteMaker::Place(JotletData& record) const {
 
 // A new note begins as a copy of the user's template, so that its content is on the disk from the first
 // moment.
-bool NoteMaker::ProvideContent(const JotletData& record, std::string_view picture) {
+bool NoteMaker::ProvideContent(const JotletData& record, std::string_view bytes) {
   const Text path = folder_ + ContentPath(record);
-  if (!picture.empty()) {
-    const FileStatus written = files_.Write(path, picture);
+  if (!bytes.empty()) {
+    const FileStatus written = files_.Write(path, bytes);
     if (!written) log_.Write(kLogLifecycle, u"Unable to write a content file: ", written.reason);
     return written.ok;
   }

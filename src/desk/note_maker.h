@@ -51,7 +51,7 @@ class NoteMaker {
 
  private:
   void Place(JotletData& record) const;
-  bool ProvideContent(const JotletData& record, std::string_view picture);
+  bool ProvideContent(const JotletData& record, std::string_view bytes);
 
   Files& files_;
   const Clock& clock_;

@@ -27,6 +27,7 @@ constexpr std::array kOffers = {
     OfferRow{View::kRecurring, Action::kWake, true}, OfferRow{View::kRecurring, Action::kDelete},
     OfferRow{View::kClosed, Action::kRestore, true}, OfferRow{View::kClosed, Action::kDelete},
     OfferRow{View::kStacks, Action::kOpen, true},    OfferRow{View::kStacks, Action::kDelete},
+    OfferRow{View::kAll, Action::kImport},           OfferRow{View::kStored, Action::kImport},
 };
 
 constexpr std::size_t kMany = 20;
@@ -42,6 +43,7 @@ bool Offers(ManageView view, ManageAction action) {
 
 bool IsEnabled(ManageAction action, const ManageFacts& facts) {
   if (action == Action::kUndo) return facts.canUndo;
+  if (action == Action::kImport) return Offers(facts.view, action);
   return facts.selected > 0 && Offers(facts.view, action) && (action != Action::kUnattach || facts.attached);
 }
 
@@ -56,7 +58,7 @@ ManageQuestion QuestionBefore(ManageAction action, ManageView view, std::size_t 
                               std::int32_t keepDeleted, bool confirmClosure) {
   // A stored note asks for its category, which can be cancelled.
   if (action == Action::kUndo || action == Action::kSaveCopies || action == Action::kStore ||
-      view == View::kStacks)
+      action == Action::kImport || view == View::kStacks)
     return ManageQuestion::kNothing;
   if (action == Action::kDelete) {
     const bool dropsOwn = count > static_cast<std::size_t>(std::max(keepDeleted, 0));

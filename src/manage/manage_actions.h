@@ -19,8 +19,8 @@ struct ManagePlace {
   friend bool operator==(const ManagePlace&, const ManagePlace&) = default;
 };
 
-enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kStore, kDelete, kUndo, kSaveCopies };
-inline constexpr std::size_t kManageActions = 8;
+enum class ManageAction { kOpen, kWake, kUnattach, kRestore, kStore, kDelete, kUndo, kSaveCopies, kImport };
+inline constexpr std::size_t kManageActions = 9;
 
 /// What the rules need to know of the selection.
 struct ManageFacts {

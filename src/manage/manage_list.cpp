@@ -28,6 +28,31 @@ std::vector<std::string> WordsOf(const std::string& text) {
   return words;
 }
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::string_view DigitsAt(std::string_view text, std::size_t at) {
+  const std::size_t end = std::min(text.find_first_not_of("0123456789", at), text.size());
+  return text.substr(at, end - at);
+}
+
+// As people count: 9 before 10.
+std::strong_ordering NaturalOrder(std::string_view a, std::string_view b) {
+  const auto number = [](std::string_view digits) {
+    return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+  };
+  const auto at = static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
+  // Where they differ inside of a number, its beginning counts.
+  std::size_t begin = at;
+  while (begin > 0 && IsDigit(a[begin - 1])) --begin;
+  const std::string_view left = DigitsAt(a, begin);
+  const std::string_view right = DigitsAt(b, begin);
+  if (left.empty() || right.empty()) return a <=> b;
+  const std::string_view low = number(left);
+  const std::string_view high = number(right);
+  if (low.size() != high.size()) return low.size() <=> high.size();
+  return low == high ? a <=> b : low <=> high;
+}
+
 // A separator that no typed word holds: two fields never make a word together.
 std::string MoreOf(const JotletData& record) {
   return record.userString1.empty() && record.source.empty()
@@ -309,7 +334,7 @@ bool ManageList::Precedes(std::uint32_t a, std::uint32_t b) const {
   for (const SortKey& key : sorting_) {
     std::strong_ordering order = std::strong_ordering::equal;
     switch (key.column) {
-      case ManageColumn::kTitle: order = left.key <=> right.key; break;
+      case ManageColumn::kTitle: order = NaturalOrder(left.key, right.key); break;
       case ManageColumn::kType: order = left.type <=> right.type; break;
       case ManageColumn::kCreated: order = left.created <=> right.created; break;
       case ManageColumn::kModified: order = left.modified <=> right.modified; break;

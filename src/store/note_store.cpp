@@ -63,17 +63,21 @@ bool NoteStore::Prepare() {
   return database_.IsOpen();
 }
 
-std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView category) {
-  if (!database_.IsOpen()) {
-    // One that is there but could not be opened is not ours to write to.
-    if (path_.empty() || (files_.Exists(path_) && files_.Size(path_) > 0)) return std::nullopt;
-    if (database_.Open(path_, true) != DatabaseResult::kDone || !MakeStoreForm(database_)) {
-      Tell(u"could not be made: " + database_.Fault());
-      database_.Close();
-      return std::nullopt;
-    }
-    if (!Prepare()) return std::nullopt;
+// Opens the store, and makes it where there is none.
+bool NoteStore::Provide() {
+  if (database_.IsOpen()) return true;
+  // One that is there but could not be opened is not ours to write to.
+  if (path_.empty() || (files_.Exists(path_) && files_.Size(path_) > 0)) return false;
+  if (database_.Open(path_, true) != DatabaseResult::kDone || !MakeStoreForm(database_)) {
+    Tell(u"could not be made: " + database_.Fault());
+    database_.Close();
+    return false;
   }
+  return Prepare();
+}
+
+std::optional<std::int64_t> NoteStore::Put(const JotletData& record, TextView category) {
+  if (!Provide()) return std::nullopt;
   Statement insert =
       database_.Prepare("INSERT INTO jotlets (category, text, flags, record) VALUES (?, ?, ?, ?)");
   insert.Bind(category).Bind(FoldCase(record.id));
@@ -116,11 +120,22 @@ std::optional<std::int64_t> NoteStore::KeyOf(TextView id) {
 void NoteStore::Settle(const std::function<bool(TextView id)>& isListed) {
   const std::vector<StoredNote> leaving = Select(PrepareSelect(database_, "WHERE flags & 2"), SIZE_MAX);
   if (leaving.empty()) return;
-  // One change: after a rescue there are many of them.
-  database_.Run("BEGIN IMMEDIATE");
+  BeginChange();  // after a rescue there are many of them
   for (const StoredNote& note : leaving)
     isListed(note.record.id) ? Remove(note.key) : MarkLeaving(note.key, false);
-  if (database_.Run("COMMIT") != DatabaseResult::kDone) database_.Run("ROLLBACK");
+  EndChange();
+}
+
+void NoteStore::BeginChange() {
+  changing_ = Provide() && database_.Run("BEGIN IMMEDIATE") == DatabaseResult::kDone;
+}
+
+bool NoteStore::EndChange() {
+  if (!std::exchange(changing_, false)) return true;
+  if (database_.Run("COMMIT") == DatabaseResult::kDone) return true;
+  Tell(u"could not be changed: " + database_.Fault());
+  database_.Run("ROLLBACK");
+  return false;
 }
 
 std::vector<StoredNote> NoteStore::Newest(const std::optional<Text>& category, std::size_t maximum) {

@@ -51,6 +51,11 @@ class NoteStore {
   /// it.
   bool MarkLeaving(std::int64_t key, bool leaving);
   bool Remove(std::int64_t key);
+  /// What is changed from here on is written together, by `EndChange`: much sooner done than one by one.
+  void BeginChange();
+  /// False, and nothing is changed, when that could not be written.
+  bool EndChange();
+
   /// Of the notes that were about to leave when the program ended, those that are in a list belong there, and
   /// the others stay.
   void Settle(const std::function<bool(TextView id)>& isListed);
@@ -77,6 +82,7 @@ class NoteStore {
   std::vector<Claim> Claims();
 
  private:
+  bool Provide();
   bool Prepare();
   void Tell(TextView what) const;
   bool Change(Statement& statement);
@@ -87,6 +93,7 @@ class NoteStore {
   Text path_;
   Database database_;
   std::uint64_t version_ = 0;
+  bool changing_ = false;  // what is changed is written later, together
   std::unordered_set<std::int64_t> changes_;
 };
 

@@ -155,6 +155,14 @@ TEST_F(ManageListTest, NotesWithoutATitleShowTheBeginningOfTheirText) {
   EXPECT_EQ(Found(u"hom"), u"3");
 }
 
+TEST_F(ManageListTest, SortsNumbersInTitlesAsPeopleCount) {
+  for (const TextView id : {u"r10", u"r9", u"r1", u"r", u"r09b", u"2", u"10", u"r100", u"s1", u"r10a", u"q"})
+    Add(id, id);
+  Refresh();
+  list_.SortBy(ManageColumn::kTitle, false);
+  EXPECT_EQ(Ids(), u"210qrr1r09br9r10r10ar100s1");
+}
+
 TEST_F(ManageListTest, AmongAllNotesThePlaceIsPartOfARow) {
   Add(u"A", u"one", 0, u"words");
   Add(u"B", u"two").sleep = {.asleep = true, .nextWake = 9};

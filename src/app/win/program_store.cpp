@@ -1,8 +1,10 @@
 // What the program does for the file of the stored notes.
+#include "app/win/commands/import_folder.h"
 #include "app/win/program.h"
 #include "res/resource.h"
 #include "store/store_rescue.h"
 #include "ui/job_dialog.h"
+#include "ui/screen.h"
 
 namespace jotlets {
 
@@ -19,6 +21,14 @@ void Program::RescueStore() {
                 done ? ReplaceAll(resources_.String(IDS_STORE_RESCUED), u"%s", IntText(rescue.Saved()))
                      : ReplaceAll(resources_.String(IDS_STORE_NOT_RESCUED), u"%s", rescue.Reason()));
   if (done) OpenStore();
+}
+
+void Program::ServeImport() {
+  managed_.ServeImport([this](HWND owner) {
+    ImportFolder(owner, resources_,
+                 {system_.files, system_.ansi, system_.log, desk_, store_, VirtualScreen().Width()});
+    if (!state_.exiting) desk_.Changed();
+  });
 }
 
 void Program::OnStoreDamaged() {

@@ -122,6 +122,8 @@ void BManageDlg::Layout() {
     left += step;
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
+  // Its words stand at the right: what is kept of the picture as it grows would stand there twice.
+  InvalidateRect(Item(IDC_MANAGE_STATUS), nullptr, TRUE);
   table_.FitLastColumn();
 }
 

@@ -18,7 +18,7 @@ NewNote ByCommand() {
 NewNote PictureNote(std::string png) {
   NewNote fresh = ByCommand();
   fresh.isImage = true;
-  fresh.picture = std::move(png);
+  fresh.content = std::move(png);
   return fresh;
 }
 

@@ -220,6 +220,7 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kSaveCopies: return SaveCopies(ids);
     case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : desk_.Restore(ids);
     case ManageAction::kStore: return Store(ids);
+    case ManageAction::kImport: import_(dialog_.Window()); return 0;
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
       const auto step = steps_.RemoveLast();

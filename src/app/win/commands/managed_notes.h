@@ -62,6 +62,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void UndoStepOf(int number);
   /// Removes a step, which is then not undone here any more.
   std::optional<UndoStep> RemoveStep(int number) { return steps_.Remove(number); }
+  /// Who makes notes of the files of a folder, behind this window.
+  void ServeImport(std::function<void(HWND owner)> import) { import_ = std::move(import); }
   /// Whom to tell of each step that is undone.
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
@@ -108,6 +110,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::uint64_t newestOf_ = 0;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
+  std::function<void(HWND owner)> import_ = [](HWND) {};
 };
 
 }  // namespace jotlets
