@@ -164,7 +164,7 @@ class MarkdownReader {
     while (words.starts_with(u'>')) words = TrimBlanks(words.substr(1));
     if (words.empty() || IsRule(words)) return EndParagraph();
     if (ReadHeading(words) || ReadItem(words)) return;
-    if (!open_) Begin(List::kNone);
+    if (!open_) Begin(List::kNoList);
     Go(words, line);
   }
 
@@ -178,7 +178,7 @@ class MarkdownReader {
     const std::size_t level = words.find_first_not_of(u'#');
     if (level == 0 || level > kSmallestHeading || level >= words.size() || !IsBlank(words[level]))
       return false;
-    Begin(List::kNone);
+    Begin(List::kNoList);
     now_.heading = static_cast<std::uint8_t>(level);
     TextView title = TrimBlanks(words.substr(level));
     // Signs that close it.
@@ -205,7 +205,7 @@ class MarkdownReader {
     words = TrimBlanks(words.substr(mark));
     const bool open = words.starts_with(u"[ ] ");
     const bool ticked = StartsWithIgnoreCase(words, u"[x] ");
-    Begin(open || ticked ? List::kNone : list);
+    Begin(open || ticked ? List::kNoList : list);
     if (open || ticked) box_ = open ? kOpenBox : kTickedBox;
     Go(open || ticked ? words.substr(4) : words, words);
     return true;

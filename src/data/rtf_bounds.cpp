@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "data/rtf_bytes.h"
 #include "data/stray_marks.h"
@@ -39,8 +40,13 @@ class WorkCounter {
     ++run_;
     work_ += kWorkOfUnit;
     work_ += 2 * run_ - 1;  // together, the square of the length
-    if (unit == u':' || (unit == u'.' && before_ == u'w')) work_ += kWorkOfLink;
-    before_ = unit | 0x20;
+    if ((unit == u':' && MayEndScheme()) || (unit == u'.' && before_[2] == u'w')) work_ += kWorkOfLink;
+    before_ = {before_[1], before_[2], static_cast<char16_t>(unit | 0x20)};
+  }
+  /// One that is written in some other way, whatever it is.
+  void AddUnknown() {
+    Add(u' ', false);
+    before_[2] = kAnything;
   }
   void AddFormat() { work_ += kWorkOfFormat; }
   void EndParagraph() { run_ = 0; }
@@ -55,10 +61,22 @@ class WorkCounter {
     return (lower >= u'a' && lower <= u'z') || unit >= 0x80 ? Run::kLetters : Run::kSigns;
   }
 
+  static constexpr char16_t kAnything = 0xFFFF;
+
+  // The last letters of http, https, ftp, file, mailto, news, nntp, telnet, gopher, prospero and wais.
+  bool MayEndScheme() const {
+    constexpr TextView kEnds[] = {u"ttp", u"tps", u"ftp", u"ile", u"lto", u"ews",
+                                  u"ntp", u"net", u"her", u"ero", u"ais"};
+    return std::ranges::any_of(kEnds, [this](TextView end) {
+      return std::ranges::equal(end, before_,
+                                [](char16_t a, char16_t b) { return a == b || b == kAnything; });
+    });
+  }
+
   std::uint64_t work_ = 0;
   std::uint64_t run_ = 0;
   Run kind_ = Run::kAny;
-  char16_t before_ = 0;
+  std::array<char16_t, 3> before_{};
 };
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -121,7 +139,7 @@ class BoundsReader {
   bool IsShownApart() const { return depth_ == 1 && !partOfLetter_ && runsEnd_; }
 
   void Add(char16_t unit) {
-    work_.Add(unit, IsShownApart());
+    if (!std::exchange(replaced_, false)) work_.Add(unit, IsShownApart());
     partOfLetter_ = unit >= 0x80;
   }
 
@@ -142,16 +160,13 @@ class BoundsReader {
     }
   }
 
-  // Two digits of one in 8 bits count as text, which is more than they are.
   void AddSymbol() {
     const bool inEightBits = !rest_.empty() && rest_.front() == '\'';
     if (!rest_.empty()) rest_.remove_prefix(1);
-    work_.Add(u' ');
-    if (!inEightBits) return;
-    for (int digit = 0; digit < 2 && !rest_.empty() && IsHexDigit(rest_.front()); ++digit) {
-      work_.Add(u' ');
+    if (!inEightBits) return work_.Add(u' ');
+    for (int digit = 0; digit < 2 && !rest_.empty() && IsHexDigit(rest_.front()); ++digit)
       rest_.remove_prefix(1);
-    }
+    if (!std::exchange(replaced_, false)) work_.AddUnknown();
     partOfLetter_ = true;
   }
 
@@ -170,8 +185,9 @@ class BoundsReader {
     constexpr std::array<std::string_view, 6> kBreaks = {"par", "line", "cell", "row", "page", "sect"};
     if (std::find(kBreaks.begin(), kBreaks.end(), word) != kBreaks.end()) work_.EndParagraph();
     if (word == "u") {
-      work_.Add(u' ');
+      work_.AddUnknown();
       partOfLetter_ = true;
+      replaced_ = runsEnd_;
       return;
     }
     if (word == "bin" || (word == "uc" && number != "1")) runsEnd_ = false;
@@ -187,6 +203,7 @@ class BoundsReader {
   TableCheck tables_;
   std::size_t depth_ = 0;
   bool partOfLetter_ = false;  // what comes next may be
+  bool replaced_ = false;      // what comes next stands for a character for those who cannot read that
   bool runsEnd_ = true;        // until what follows a word cannot be told from text
   TextView trouble_;
 };
@@ -215,7 +232,8 @@ std::uint64_t TextWork(TextView text) {
 }
 
 bool IsEditable(TextView text, const EditorBounds& bounds) {
-  return TextWork(text) <= bounds.work && (bounds.takesMarks || !HasStrayMark(text));
+  // As rich text it says a little more.
+  return TextWork(text) <= bounds.work / 5 * 4 && (bounds.takesMarks || !HasStrayMark(text));
 }
 
 TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {

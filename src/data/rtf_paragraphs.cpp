@@ -81,14 +81,14 @@ class ParagraphReader final : public RtfReader {
     if (Skipping()) return;
     if (word == "plain") look_ = {};
     if (word == "ulnone") look_.underline = false;
-    if (word == "pard") list_ = List::kNone;
+    if (word == "pard") list_ = List::kNoList;
     const auto* effect = std::ranges::find(kEffects, word, &Effect::word);
     if (effect != std::end(kEffects)) look_.*(effect->member) = !given || number != 0;
   }
 
   std::size_t left_;
   TextRun look_;
-  List list_ = List::kNone;
+  List list_ = List::kNoList;
   std::vector<TextRun> outer_;
   std::size_t depth_ = 0;
   TextParagraph now_;
@@ -118,7 +118,7 @@ TextView ListForm(List list) {
     case List::kNumbers:
       return u"{\\pntext "
              u"1.\\tab}{\\*\\pn\\pnlvlbody\\pnindent360\\pnstart1\\pndec{\\pntxta.}}\\fi-360\\li360 ";
-    case List::kNone: break;
+    case List::kNoList: break;
   }
   return {};
 }

@@ -25,8 +25,8 @@ struct TextRun {
 };
 
 struct TextParagraph {
-  enum class List : std::uint8_t { kNone, kBullets, kNumbers };
-  List list = List::kNone;
+  enum class List : std::uint8_t { kNoList, kBullets, kNumbers };
+  List list = List::kNoList;
   std::uint8_t heading = 0;  // the level of one, from 1; what is read from rich text has none
   std::vector<TextRun> runs;
 };

@@ -120,7 +120,7 @@ void EscapeBlockMarks(Text& lines, std::size_t from) {
 Text MarkdownOf(const TextParagraph& paragraph, bool& isItem) {
   std::size_t box = 0;
   Text line(BoxMark(paragraph, box));
-  if (line.empty() && paragraph.list != List::kNone) line = paragraph.list == List::kBullets ? u"- " : u"1. ";
+  if (line.empty() && paragraph.list != List::kNoList) line = paragraph.list == List::kBullets ? u"- " : u"1. ";
   isItem = !line.empty();
   const std::size_t words = line.size();
   for (const TextRun& run : paragraph.runs) {
@@ -146,20 +146,20 @@ bool IsReserved(TextView name) {
 Text HtmlOfRtf(std::string_view rtf, TextView title) {
   Text page = u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>" +
               HtmlEscaped(OneLine(title)) + u"</title>\n</head>\n<body>\n";
-  List open = List::kNone;
+  List open = List::kNoList;
   const auto change = [&](List list) {
     if (open == list) return;
-    if (open != List::kNone) page += open == List::kBullets ? u"</ul>\n" : u"</ol>\n";
-    if (list != List::kNone) page += list == List::kBullets ? u"<ul>\n" : u"<ol>\n";
+    if (open != List::kNoList) page += open == List::kBullets ? u"</ul>\n" : u"</ol>\n";
+    if (list != List::kNoList) page += list == List::kBullets ? u"<ul>\n" : u"<ol>\n";
     open = list;
   };
   for (const TextParagraph& paragraph : RtfParagraphs(rtf, kMaxExported)) {
     change(paragraph.list);
     const Text words = HtmlOf(paragraph);
-    page += open == List::kNone ? u"<p>" + (words.empty() ? Text(u"&nbsp;") : words) + u"</p>\n"
+    page += open == List::kNoList ? u"<p>" + (words.empty() ? Text(u"&nbsp;") : words) + u"</p>\n"
                                 : u"<li>" + words + u"</li>\n";
   }
-  change(List::kNone);
+  change(List::kNoList);
   return page + u"</body>\n</html>\n";
 }
 

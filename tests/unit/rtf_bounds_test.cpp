@@ -21,7 +21,9 @@ bool Fits(const std::string& body, const EditorBounds& bounds = kSlowEditor) {
 TEST(RtfBounds, OrdinaryTextsFitAndWhatTakesTheControlTooLongDoesNot) {
   EXPECT_TRUE(Fits(
       Times(400, "A paragraph of a usual length, with \\b bold\\b0  words and http://a.example .\\par\r\n")));
-  EXPECT_TRUE(Fits(Times(2000, "x")));
+  EXPECT_TRUE(Fits(Times(2000, "x") + "\\par " + Times(4000, "\\u12354?") + "\\par " + Times(3000, "\\'e0")));
+  EXPECT_TRUE(Fits(Times(5000, "12:03:44 info: a line of a log: 17\\par ")));
+  EXPECT_FALSE(Fits(Times(20'000, "htt\\'70://a.b\\par ")));
   EXPECT_TRUE(Fits(Times(400, "What somebody has written in one go: one paragraph, \\'fcsome signs. ")));
   for (const std::string& body :
        {Times(50'000, "x"), Times(50'000, "7"), Times(10'000, "word "),

@@ -14,7 +14,7 @@ Text Said(const std::vector<TextParagraph>& paragraphs) {
   Text said;
   for (const TextParagraph& paragraph : paragraphs) {
     if (paragraph.heading > 0) said += u"h" + IntText(paragraph.heading) + u":";
-    if (paragraph.list != TextParagraph::List::kNone)
+    if (paragraph.list != TextParagraph::List::kNoList)
       said += paragraph.list == TextParagraph::List::kBullets ? u"-:" : u"1:";
     for (const TextRun& run : paragraph.runs) {
       if (run.bold) said += u"B";

@@ -537,6 +537,16 @@ TEST_F(EditorTest, AReadOnlyNoteKeepsItsTextAndItsLooks) {
   EXPECT_FALSE(Do(kActionClose));
 }
 
+TEST_F(EditorTest, ALinkThatIsPutInIsUndone) {
+  edit_.SetPlainText(u"see my plan");
+  edit_.Select({4, 6});
+  InsertText(edit_, u"http://example.org");
+  EXPECT_EQ(edit_.PlainText(), u"see http://example.org plan");
+  // The mark of the link may be a step of its own.
+  for (int i = 0; i < 2 && edit_.PlainText() != u"see my plan"; ++i) Undo(edit_);
+  EXPECT_EQ(edit_.PlainText(), u"see my plan");
+}
+
 TEST_F(EditorTest, TheBeginningOfALargeTextCannotBeEdited) {
   std::string rtf = "{\\rtf1 ";
   for (int i = 0; i < 3000; ++i) rtf += "{\\b line} of a long text, one of many\\par ";

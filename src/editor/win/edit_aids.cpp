@@ -8,6 +8,7 @@
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_style.h"
 #include "editor/win/edit_text.h"
+#include "editor/win/editor_bounds.h"
 
 namespace jotlets {
 namespace {
@@ -52,6 +53,15 @@ EditStyle HeadingStyle(const BEdit& edit, const TypingSettings& settings) {
   return style;
 }
 
+// Some controls mark a link that they find in what has changed when the step of that has ended, and end over
+// undoing what is in no step. A format that changes nothing makes them end one.
+void EndStep(HWND edit) {
+  CHARFORMAT2W nothing{};
+  nothing.cbSize = sizeof nothing;
+  if (!BoundsOfEditor().undoesLinks)
+    SendMessageW(edit, EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&nothing));
+}
+
 }  // namespace
 
 bool IsInCheckList(const BEdit& edit) {
@@ -69,7 +79,10 @@ void EditAids::End(BEdit& edit) {
 void EditAids::Undo(BEdit& edit) {
   const bool last = steps_ > 0 && SendMessageW(edit.Handle(), EM_GETMODIFY, 0, 0) == 0;
   const int steps = last ? steps_ : 1;
-  for (int i = 0; i < steps; ++i) SendMessageW(edit.Handle(), EM_UNDO, 0, 0);
+  for (int i = 0; i < steps; ++i) {
+    EndStep(edit.Handle());
+    SendMessageW(edit.Handle(), EM_UNDO, 0, 0);
+  }
   steps_ = 0;
   if (last) End(edit);
   undone_ = last ? steps : 0;

@@ -116,11 +116,14 @@ LocalTime BRecurranceDlg::ShowTimes() {
   const WakeRule rule = RuleOf(record_);
   const Moment now = clock_.Now();
   LocalTime ofDay = now.local;
-  if (rule.type != kEvery) {
+  const bool known = FaultOf(rule).empty();
+  if (!known) {
+    ofDay.hour = std::clamp(options_.morningTime / 60, 0, 23);
+    ofDay.minute = std::clamp(options_.morningTime % 60, 0, 59);
+  } else if (rule.type != kEvery) {
     ofDay.hour = std::clamp(rule.hours, 0, 23);
     ofDay.minute = std::clamp(rule.minutes, 0, 59);
   }
-  const bool known = FaultOf(rule).empty();
   const bool later = known && record_.sleep.nextWake > now.utc;
   const LocalTime start = later ? clock_.ToLocal(record_.sleep.nextWake) : now.local;
   const bool ends = known && record_.sleep.lastWake > now.utc;

@@ -9,6 +9,7 @@
 #include "base/win/wide.h"
 #include "data/data_folder.h"
 #include "data/text_export.h"
+#include "data/text_import.h"
 #include "desk/win/note_links.h"
 #include "editor/editor_keys.h"
 #include "editor/font_history.h"
@@ -214,7 +215,7 @@ void NoteCommands::Styles(BJotlet& jotlet) {
 }
 
 // A link that is there is opened, and a selected address becomes one. For anything else the user gives an
-// address, which takes the place of what is selected.
+// address, which goes behind what is selected.
 void NoteCommands::EditLink(BJotlet& jotlet) {
   BEdit* edit = jotlet.Editor();
   if (edit == nullptr || OpenOrMakeLink(*edit) || edit->IsReadOnly()) return;
@@ -224,7 +225,9 @@ void NoteCommands::EditLink(BJotlet& jotlet) {
   if (!address || address->empty() || note == nullptr || note->Editor() == nullptr) return;
   const Text link = LinkTarget(*address).empty() ? LinkFromText(*address) : *address;
   if (link.empty()) return Tell(note->Handle(), tools_.resources, IDS_NO_LINK, *address);
-  InsertText(*note->Editor(), link);
+  BEdit& text = *note->Editor();
+  const Text words = text.TextBetween(text.Selection());
+  InsertText(text, words.empty() ? link : LinkWords(words, link));
 }
 
 void NoteCommands::ChooseSkin(BJotlet& jotlet) { tools_.skins.Choose(jotlet); }

@@ -72,11 +72,17 @@ void TimeCommands::Recur(BJotlet& jotlet) {
       BRecurranceDlg(resources_, jotlet.StoredRecord(), options_, clock_).Ask(jotlet.Handle());
   if (!chosen || state_.exiting) return;
   bool all = true;
+  Rect place;
+  std::vector<Text> asleep;
   for (const Text& id : ids) {
-    all = (desk_.Recur(id, chosen->rule, chosen->start, chosen->end, chosen->flags) ||
-           notes_.Find(id) == nullptr) &&
-          all;
+    const BJotlet* note = notes_.Find(id);
+    if (note == nullptr) continue;
+    if (asleep.empty()) place = note->SettledBounds();
+    const bool recurs = desk_.Recur(id, chosen->rule, chosen->start, chosen->end, chosen->flags);
+    if (recurs) asleep.push_back(id);
+    all = (recurs || notes_.Find(id) == nullptr) && all;
   }
+  undo_.Offer(UndoKind::kAsleep, asleep, place);
   if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
 }
 
