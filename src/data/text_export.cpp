@@ -120,7 +120,8 @@ void EscapeBlockMarks(Text& lines, std::size_t from) {
 Text MarkdownOf(const TextParagraph& paragraph, bool& isItem) {
   std::size_t box = 0;
   Text line(BoxMark(paragraph, box));
-  if (line.empty() && paragraph.list != List::kNoList) line = paragraph.list == List::kBullets ? u"- " : u"1. ";
+  if (line.empty() && paragraph.list != List::kNoList)
+    line = paragraph.list == List::kBullets ? u"- " : u"1. ";
   isItem = !line.empty();
   const std::size_t words = line.size();
   for (const TextRun& run : paragraph.runs) {
@@ -157,7 +158,7 @@ Text HtmlOfRtf(std::string_view rtf, TextView title) {
     change(paragraph.list);
     const Text words = HtmlOf(paragraph);
     page += open == List::kNoList ? u"<p>" + (words.empty() ? Text(u"&nbsp;") : words) + u"</p>\n"
-                                : u"<li>" + words + u"</li>\n";
+                                  : u"<li>" + words + u"</li>\n";
   }
   change(List::kNoList);
   return page + u"</body>\n</html>\n";

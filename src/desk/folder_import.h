@@ -33,6 +33,8 @@ class FolderImport final : public Job {
   /// `folder` ends in its separator.
   FolderImport(Context context, TextView folder);
   ~FolderImport() override { EndChange(); }
+  FolderImport(const FolderImport&) = delete;
+  FolderImport& operator=(const FolderImport&) = delete;
 
   State Step(std::size_t mostFiles) override;
   const Text& Reason() const override { return reason_; }

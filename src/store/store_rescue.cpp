@@ -37,8 +37,6 @@ StoreRescue::StoreRescue(Files& files, Log& log, TextView dataFolder, TextView s
       stamp_(stamp),
       category_(category) {}
 
-StoreRescue::~StoreRescue() = default;
-
 Job::State StoreRescue::Fail(Text reason) {
   insert_ = {};
   isThere_ = {};

@@ -25,7 +25,9 @@ class StoreRescue final : public Job {
  public:
   /// `stamp` goes into the name of the damaged file, `category` is for notes of which none is known.
   StoreRescue(Files& files, Log& log, TextView dataFolder, TextView stamp, TextView category);
-  ~StoreRescue() override;
+  ~StoreRescue() override = default;
+  StoreRescue(const StoreRescue&) = delete;
+  StoreRescue& operator=(const StoreRescue&) = delete;
 
   State Step(std::size_t mostFiles) override;
   const Text& Reason() const override { return reason_; }

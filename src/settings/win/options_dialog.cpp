@@ -293,8 +293,7 @@ bool BOptionsDlg::TranslateKey(const MSG& message) {
   if (message.wParam == 'F' && ctrl) return SetFocus(Item(IDC_OPTIONS_SEARCH)), true;
   if (message.wParam == VK_RETURN && searching_ && (inSearch || message.hwnd == Item(IDC_OPTIONS_PAGES)))
     return GoToFound(), true;
-  if (message.wParam == VK_ESCAPE && inSearch && searching_)
-    return SetWindowTextW(message.hwnd, L"") != 0;
+  if (message.wParam == VK_ESCAPE && inSearch && searching_) return SetWindowTextW(message.hwnd, L"") != 0;
   if (message.wParam == VK_DOWN && inSearch) {
     SetFocus(Item(IDC_OPTIONS_PAGES));
     if (searching_) ListBox_SetCurSel(Item(IDC_OPTIONS_PAGES), 0);
