@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 namespace jotlets {
 namespace {
@@ -80,13 +79,7 @@ bool IsLeadByte(int page, unsigned char byte) {
 char16_t UnitOfBytes(int page, std::string_view bytes) {
   const char16_t asItIs = bytes.size() == 1 ? static_cast<unsigned char>(bytes[0]) : kReplacement;
   if (asItIs < 0x80) return asItIs;
-  // Texts are read by several threads, each character of them many times.
-  thread_local std::unordered_map<std::uint32_t, char16_t> known;
-  auto key = static_cast<std::uint32_t>(page);
-  for (const char byte : bytes) key = key << 8 | static_cast<unsigned char>(byte);
-  const auto [at, isNew] = known.try_emplace(key, asItIs);
-  if (isNew) at->second = AskSystem(page, bytes).value_or(asItIs);
-  return at->second;
+  return AskSystem(page, bytes).value_or(asItIs);
 }
 
 }  // namespace jotlets

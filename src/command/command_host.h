@@ -69,6 +69,8 @@ class StoreHost {
   virtual void ShowStored(std::int64_t key) = 0;
   /// The ids of all notes, of stored ones the keys, that hold the words; nothing while that is not known.
   virtual std::optional<std::vector<Text>> Find(TextView words) = 0;
+  /// Whether that can be expected to answer before the next start.
+  virtual bool CanFind() = 0;
 };
 
 class CommandHost {

@@ -84,7 +84,9 @@ constexpr std::array kCommands = {
         u"do find ", u"words",
         u"The ids of all notes, and the keys of stored ones, that hold all the words, each as the "
         u"beginning of one; the latest first. What else can be asked for is in [Finding notes](finding.md).",
-        u"do find offer orchard", u"001 ids and keys, each followed by a comma; 997 still reading the notes",
+        u"do find offer orchard",
+        u"001 ids and keys, each followed by a comma; 997 still reading the notes; "
+        u"997 the search cannot be used",
         FindNotes},
     CommandRow{u"do showstored", u"key", u"Shows a stored note in the manage window.", u"do showstored 12",
                u"000 OK done", ShowStored},

@@ -160,6 +160,7 @@ void FindNotes(const CommandCall& call) {
   const TextView words = TrimBlanks(call.arguments);
   if (words.empty()) return call.reply.SendLine(kNotUnderstood);
   const auto found = call.host.Stored().Find(words);
+  if (!found && !call.host.Stored().CanFind()) return call.reply.SendLine(u"997 the search cannot be used");
   if (!found) return call.reply.SendLine(u"997 still reading the notes");
   ReplyList(call, *found);
 }

@@ -86,8 +86,17 @@ void RtfReader::AddByte(char byte) {
   } else if (IsLeadByte(page, static_cast<unsigned char>(byte)) && replaced_ == 0) {
     leadByte_ = byte;
   } else {
-    AddCharacter(UnitOfBytes(page, {&byte, 1}));
+    AddCharacter(UnitOf(page, byte));
   }
+}
+
+char16_t RtfReader::UnitOf(int page, char byte) {
+  const auto number = static_cast<unsigned char>(byte);
+  if (number < 0x80) return number;
+  if (upper_.page != page) upper_ = {page, {}};
+  char16_t& unit = upper_.units[number - 0x80];
+  if (unit == 0) unit = UnitOfBytes(page, {&byte, 1});
+  return unit;
 }
 
 void RtfReader::SetFont(std::int64_t number) {

@@ -1,6 +1,7 @@
 // Walks through a rich text and tells what is in it. Any bytes can be read; each is looked at once.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -50,6 +51,7 @@ class RtfReader {
   void CloseGroup();
   void AddCharacter(char16_t unit);
   void AddByte(char byte);
+  char16_t UnitOf(int page, char byte);
   void SetFont(std::int64_t number);
   void ActOnFont(std::string_view word, std::int64_t number);
   void ReadControl();
@@ -72,6 +74,12 @@ class RtfReader {
   int page_ = 0;            // of the font that is written in; 0 for that of the text
   std::vector<int> pages_;  // of the groups around this one
   char leadByte_ = 0;       // the first half of a character
+  // What the bytes above ASCII have turned out to be in a code page; 0 for those that have not come yet.
+  struct UpperHalf {
+    int page = 0;
+    std::array<char16_t, 128> units{};
+  };
+  UpperHalf upper_;
   std::int64_t replacements_ = 1;
   std::int64_t replaced_ = 0;
 };

@@ -25,6 +25,7 @@ void NoteDesk::SettleStore(DataFile& file) {
 // In the store first: whatever happens then, the note is in one of the two at least.
 std::optional<std::int64_t> NoteDesk::Store(TextView id, TextView category) {
   if (!SaveContent(id)) return std::nullopt;
+  context_.store.EndChange();
   const Text own = lists_.desktop.Find(id)->id;
   context_.windows.Sync(own);
   const std::optional<std::int64_t> key = context_.store.Put(*lists_.desktop.Find(own), category);
@@ -47,6 +48,7 @@ bool NoteDesk::CreateStored(const NewNote& fresh, TextView category) {
 }
 
 Text NoteDesk::Fetch(std::int64_t key) {
+  context_.store.EndChange();
   std::optional<StoredNote> note = context_.store.Find(key);
   if (!note || note->record.id.empty() || lists_.WhereIs(note->record.id)) return {};
   if (!context_.store.MarkLeaving(key, true)) return {};

@@ -61,8 +61,7 @@ void NoteSearch::Stop() {
   builds_ = false;
   folder_.clear();
   state_ = State::kClosed;
-  damaged_ = false;
-  storeDamaged_ = false;
+  damage_ = {};
 }
 
 // From here on no answer comes to what was asked before.
@@ -136,7 +135,7 @@ void NoteSearch::BuildAgain() {
 void NoteSearch::SayDamaged() {
   {
     const std::lock_guard lock(mutex_);
-    damaged_ = true;
+    damage_.index = true;
   }
   context_.wake();
 }
@@ -146,7 +145,7 @@ void NoteSearch::Fail() {
   {
     const std::lock_guard lock(mutex_);
     if (state_ != State::kUnusable) state_ = State::kIncomplete;
-    storeDamaged_ = storeDamaged_ || builder_.StoreIsDamaged();
+    damage_.store = damage_.store || builder_.StoreIsDamaged();
   }
   if (std::exchange(toldFault_, builder_.Fault()) != builder_.Fault())
     Say(State::kIncomplete, Text(builder_.Fault()));
@@ -245,7 +244,7 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
     const std::lock_guard lock(mutex_);
     lines.swap(lines_);
     answer.swap(answer_);
-    damaged = std::exchange(damaged_, false);
+    damaged = std::exchange(damage_.index, false);
   }
   for (const Text& line : lines) context_.log.Write(kLogLifecycle, line);
   if (answer && answer->all) question_.waits = false;
@@ -258,7 +257,7 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
 
 bool NoteSearch::FoundDamagedStore() {
   const std::lock_guard lock(mutex_);
-  return std::exchange(storeDamaged_, false) && IsRunning();
+  return std::exchange(damage_.store, false) && IsRunning();
 }
 
 std::optional<std::vector<Text>> NoteSearch::Names(TextView typed) {

@@ -46,6 +46,8 @@ class NoteSearch {
   /// next start.
   void Stop();
   bool IsRunning() const { return !folder_.empty(); }
+  /// Whether the index can be used, or may be when it has been read.
+  bool IsUsable() { return CurrentState() != State::kUnusable; }
   void Tell(SearchNews news);
 
   /// Asks for at most `maximum` notes; what was asked before is given up, and nothing else is done when
@@ -114,8 +116,11 @@ class NoteSearch {
   std::vector<Text> lines_;
   std::optional<SearchAnswer> answer_;
   State state_ = State::kClosed;
-  bool damaged_ = false;
-  bool storeDamaged_ = false;
+  struct Damage {
+    bool index = false;
+    bool store = false;
+  };
+  Damage damage_;
 
   Worker searcher_;
   Worker indexer_;  // goes first

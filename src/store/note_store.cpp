@@ -126,6 +126,11 @@ void NoteStore::Settle(const std::function<bool(TextView id)>& isListed) {
   EndChange();
 }
 
+void NoteStore::Close() {
+  EndChange();
+  database_.Close();
+}
+
 void NoteStore::BeginChange() {
   changing_ = Provide() && database_.Run("BEGIN IMMEDIATE") == DatabaseResult::kDone;
 }

@@ -37,7 +37,7 @@ class NoteStore {
   /// The data folder is known. A store that is there is opened; one that is damaged is left as it is, for
   /// `StoreRescue`, and one that cannot be used too, which the log tells.
   StoreState Open(TextView dataFolder);
-  void Close() { database_.Close(); }
+  void Close();
   /// Whether there is a store that notes can be taken from.
   bool IsOpen() const { return database_.IsOpen(); }
 
@@ -51,9 +51,10 @@ class NoteStore {
   /// it.
   bool MarkLeaving(std::int64_t key, bool leaving);
   bool Remove(std::int64_t key);
-  /// What is changed from here on is written together, by `EndChange`: much sooner done than one by one.
+  /// What is changed from here on is written together, by `EndChange`: much sooner done than one by one. Who
+  /// must know that a note is on the disk ends what others have begun.
   void BeginChange();
-  /// False, and nothing is changed, when that could not be written.
+  /// False, and nothing is changed, when that could not be written; true where nothing was begun.
   bool EndChange();
 
   /// Of the notes that were about to leave when the program ended, those that are in a list belong there, and

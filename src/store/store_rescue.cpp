@@ -88,7 +88,7 @@ bool StoreRescue::Begin() {
   isThere_ = new_.Prepare("SELECT key FROM jotlets WHERE text = ?");
   if (damaged_) old_.Open(path_, false);
   const Text index = folder_ + Text(kSearchIndexName);
-  if (files_.Exists(index) && index_.OpenToSearch(index)) known_ = index_.Count();
+  if (files_.Exists(index) && index_.OpenToSearch(index)) counts_.known = index_.Count();
   return true;
 }
 
@@ -101,7 +101,7 @@ bool StoreRescue::Insert(std::int64_t key, TextView category, TextView id, std::
     reason_ = new_.Fault();
     return false;
   }
-  saved_ += new_.Changed();
+  counts_.saved += new_.Changed();
   return new_.Changed() > 0;
 }
 
@@ -124,46 +124,47 @@ bool StoreRescue::Add(std::int64_t key, TextView category, std::int64_t flags, c
   const bool added =
       Insert(key, category, record.id, all, line) ||
       Insert(new_.Number("SELECT max(key) FROM jotlets", 0) + 1, category, record.id, all, line);
-  if (added) ++found_;
+  if (added) ++counts_.found;
   return reason_.empty();
 }
 
 bool StoreRescue::ReadForward() {
   Statement select =
       old_.Prepare("SELECT key, category, flags, record FROM jotlets WHERE key > ? ORDER BY key LIMIT ?");
-  select.Bind(last_).Bind(kAtOnce);
+  select.Bind(keys_.last).Bind(kAtOnce);
   std::int64_t rows = 0;
   DatabaseResult result = select.Step();
   for (; result == DatabaseResult::kRow && Copy(select); result = select.Step(), ++rows)
-    last_ = select.NumberAt(0);
+    keys_.last = select.NumberAt(0);
   if (result == DatabaseResult::kDone && rows == kAtOnce) return true;
   // Nothing is left to be read from the other end.
   if (result == DatabaseResult::kDone || !old_.IsOpen()) phase_ = Phase::kBetween;
-  next_ = old_.Number("SELECT seq FROM sqlite_sequence WHERE name = 'jotlets'", last_ + kFurther) + 1;
-  if (result == DatabaseResult::kDone) next_ = last_ + 1;
+  keys_.next =
+      old_.Number("SELECT seq FROM sqlite_sequence WHERE name = 'jotlets'", keys_.last + kFurther) + 1;
+  if (result == DatabaseResult::kDone) keys_.next = keys_.last + 1;
   return false;
 }
 
 bool StoreRescue::ReadBackward() {
   Statement select = old_.Prepare(
       "SELECT key, category, flags, record FROM jotlets WHERE key < ? AND key > ? ORDER BY key DESC LIMIT ?");
-  select.Bind(next_).Bind(last_).Bind(kAtOnce);
+  select.Bind(keys_.next).Bind(keys_.last).Bind(kAtOnce);
   std::int64_t rows = 0;
   DatabaseResult result = select.Step();
   for (; result == DatabaseResult::kRow && Copy(select); result = select.Step(), ++rows)
-    next_ = select.NumberAt(0);
+    keys_.next = select.NumberAt(0);
   return result == DatabaseResult::kDone && rows == kAtOnce;
 }
 
 // Each by itself: a page that cannot be read takes only its own notes with it.
 bool StoreRescue::ReadBetween() {
   Statement select = old_.Prepare("SELECT key, category, flags, record FROM jotlets WHERE key = ?");
-  for (std::int64_t step = 0; step < kAtOnce && last_ + 1 < next_; ++step) {
+  for (std::int64_t step = 0; step < kAtOnce && keys_.last + 1 < keys_.next; ++step) {
     select.Reset();
-    select.Bind(++last_);
+    select.Bind(++keys_.last);
     if (select.Step() == DatabaseResult::kRow && !Copy(select)) return false;
   }
-  return old_.IsOpen() && last_ + 1 < next_;
+  return old_.IsOpen() && keys_.last + 1 < keys_.next;
 }
 
 bool StoreRescue::ReadIndex() {
@@ -172,7 +173,7 @@ bool StoreRescue::ReadIndex() {
   if (!notes || notes->empty()) return false;
   for (const IndexedNote& note : *notes) {
     lastId_ = FoldCase(note.id);
-    ++seen_;
+    ++counts_.seen;
     if (note.place != SearchPlace::kStored) continue;
     JotletData record;
     record.id = note.id;
@@ -223,11 +224,11 @@ bool StoreRescue::End() {
     if (new_.Run("COMMIT") != DatabaseResult::kDone) return reason_ = new_.Fault(), false;
     new_.Close();
     old_.Close();
-    const FileStatus named =
-        saved_ == 0 ? files_.Remove(path_ + Text(kBeingMade)) : files_.Rename(path_ + Text(kBeingMade), made);
+    const FileStatus named = counts_.saved == 0 ? files_.Remove(path_ + Text(kBeingMade))
+                                                : files_.Rename(path_ + Text(kBeingMade), made);
     if (!named) return reason_ = named.reason, false;
-    log_.Write(kLogLifecycle, IntText(saved_), u" stored notes are there again, ", IntText(found_),
-               u" of them by their content files");
+    log_.Write(kLogLifecycle, IntText(counts_.saved), u" stored notes are there again, ",
+               IntText(counts_.found), u" of them by their content files");
   }
   if (!PutOldAside()) return false;
   if (!files_.Exists(made)) return true;
@@ -237,8 +238,8 @@ bool StoreRescue::End() {
 }
 
 int StoreRescue::Percent() const {
-  const std::int64_t sum = next_ + known_ + static_cast<std::int64_t>(contents_.size());
-  const std::int64_t done = last_ + seen_ + static_cast<std::int64_t>(content_);
+  const std::int64_t sum = keys_.next + counts_.known + static_cast<std::int64_t>(contents_.size());
+  const std::int64_t done = keys_.last + counts_.seen + static_cast<std::int64_t>(content_);
   return std::min(PercentOf(static_cast<std::size_t>(done), static_cast<std::size_t>(sum)), 100);
 }
 

@@ -33,7 +33,7 @@ class StoreRescue final : public Job {
   const Text& Reason() const override { return reason_; }
   int Percent() const override;
   /// How many notes the new store has.
-  std::int64_t Saved() const { return saved_; }
+  std::int64_t Saved() const { return counts_.saved; }
 
  private:
   enum class Phase { kBegin, kForward, kBackward, kBetween, kIndex, kList, kFiles, kEnd };
@@ -66,15 +66,21 @@ class StoreRescue final : public Job {
   Statement insert_;
   Statement isThere_;
   SearchIndex index_;
-  std::int64_t last_ = 0;  // the last key that was read forward
-  std::int64_t next_ = 0;  // the first that was read backward
+  struct Keys {
+    std::int64_t last = 0;  // that was read forward
+    std::int64_t next = 0;  // the first that was read backward
+  };
+  Keys keys_;
   Text lastId_;
   std::vector<Orphan> contents_;
   std::size_t content_ = 0;
-  std::int64_t known_ = 0;  // notes in the index
-  std::int64_t seen_ = 0;
-  std::int64_t saved_ = 0;
-  std::int64_t found_ = 0;  // of the saved ones, those that did not come from the file
+  struct Counts {
+    std::int64_t known = 0;  // notes in the index
+    std::int64_t seen = 0;
+    std::int64_t saved = 0;
+    std::int64_t found = 0;  // of the saved ones, those that did not come from the file
+  };
+  Counts counts_;
   Text reason_;
 };
 

@@ -346,6 +346,7 @@ class FakeProgram final : public CommandHost, public StoreHost {
   CustomCommands menus[2];
   std::vector<Text> encoded;
   Text clipboard, skin;
+  bool canFind = true;
   bool works = true;  // creating, closing and saving
   bool skinFixed = false, hidden = false;
   std::optional<bool> manageOpen;
@@ -454,6 +455,7 @@ class FakeProgram final : public CommandHost, public StoreHost {
     if (!works) return std::nullopt;
     return std::vector<Text>{u"A1", Text(words)};
   }
+  bool CanFind() override { return canFind; }
   bool WakeSleeping(TextView id) override { return works && sleeping.Remove(id).has_value(); }
   bool Sleep(TextView id, const WakeFlags& flags, std::int64_t seconds) override {
     if (!works) return false;

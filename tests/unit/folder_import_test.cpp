@@ -65,5 +65,23 @@ TEST_F(FolderImportTest, WhatIsGivenUpKeepsWhatHasBecomeNotes) {
   EXPECT_EQ(home.store.KeysOf(u"in").size(), 3u);
 }
 
+// A note that is stored meanwhile is on the disk when it has left its list.
+TEST_F(FolderImportTest, DoesNotKeepOtherNotesWaiting) {
+  for (int i = 0; i < 5; ++i) home.files.Put(u"E:\\in\\" + IntText(i) + u".txt", "x");
+  home.Load(u"[Jotlets]\n<ID>A<RTF>\n");
+  Latin1 ansi;
+  FolderImport job({home.files, ansi, home.log, home.desk, home.store, 2000}, u"E:\\in\\");
+  job.Step(3);
+  ASSERT_TRUE(home.desk.Store(u"A", u"work"));
+  {
+    // The library's own view of the file, beside the store's.
+    Database other;
+    ASSERT_EQ(other.Open(folder_ + Text(kStoreFileName), false), DatabaseResult::kDone);
+    EXPECT_EQ(other.Number("SELECT count(*) FROM jotlets", 0), 3);
+  }
+  EXPECT_EQ(job.Finish(), Job::State::kDone);
+  EXPECT_EQ(home.store.KeysOf(u"in").size(), 5u);
+}
+
 }  // namespace
 }  // namespace jotlets

@@ -295,6 +295,9 @@ TEST_F(Commands, AnIdIsNeverSharedAndAlwaysAName) {
   EXPECT_EQ(Reply(u"set desktop A id C"), u"000 OK id set");
   EXPECT_EQ(Reply(u"get desktop A title"), u"998 jotlet not found");
   program.works = false;
+  EXPECT_EQ(Reply(u"do find words"), u"997 still reading the notes");
+  program.canFind = false;
+  EXPECT_EQ(Reply(u"do find words"), u"997 the search cannot be used");
   EXPECT_EQ(Reply(u"set desktop C id D"), u"995 problem saving");
 }
 

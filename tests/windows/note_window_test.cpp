@@ -263,7 +263,8 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   ASSERT_TRUE(WaitUntil([&] { return !WindowsOfClass(L"#32770", program_->Id()).empty(); }));
   TypeText(u"example.com");
   PressKeys({VK_RETURN});
-  EXPECT_TRUE(WaitUntil([&] { return TextOf(u"AA01") == u"http://example.com"; })) << ToUtf8(TextOf(u"AA01"));
+  EXPECT_TRUE(WaitUntil([&] { return TextOf(u"AA01") == u"AA01 (http://example.com)"; }))
+      << ToUtf8(TextOf(u"AA01"));
   PressKeys({VK_CONTROL, VK_SHIFT, 'K'});
   EXPECT_TRUE(WaitUntil([&] { return Saved(u"AA01").readOnly; }));
   TypeText(u"x");
@@ -283,7 +284,7 @@ TEST_F(NoteWindowTest, LockedIsNotTypedIntoAndTitleAndKeysReachIt) {
   PressKeys({VK_ESCAPE});
   EXPECT_TRUE(WaitUntil([&] { return titleLine() == nullptr; }));
   EXPECT_EQ(Saved(u"AA01").title, u"Renamed");
-  EXPECT_EQ(TextOf(u"AA01"), u"http://example.com");
+  EXPECT_EQ(TextOf(u"AA01"), u"AA01 (http://example.com)");
 }
 
 }  // namespace

@@ -33,6 +33,7 @@ class ProgramSearch {
   void Ask(TextView typed, std::size_t maximum);
   /// Who gets the answers.
   void Watch(std::function<void(SearchAnswer)> answered) { answered_ = std::move(answered); }
+  bool IsUsable() { return search_.IsUsable(); }
   /// See `NoteSearch::Names`.
   std::optional<std::vector<Text>> Names(TextView typed);
 

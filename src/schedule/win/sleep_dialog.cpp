@@ -11,7 +11,8 @@
 
 namespace jotlets {
 
-std::optional<SleepChoice> BSleepDlg::Ask(HWND owner) {
+std::optional<SleepChoice> BSleepDlg::Ask(HWND owner, bool alarmIsSet) {
+  canClear_ = alarmIsSet;
   PreparePickers();
   if (Show(resources_, form_ == Form::kSleep ? IDD_SLEEP : IDD_ALARM, owner) != IDOK) return std::nullopt;
   return choice_;
@@ -31,6 +32,8 @@ void BSleepDlg::OnInit() {
     CheckDlgButton(Handle(), IDC_SLEEP_SOUND, options_.alarm.number == 1);
     CheckDlgButton(Handle(), IDC_SLEEP_ALARM, options_.soundAlarmOnWake == 1);
     CheckDlgButton(Handle(), IDC_SLEEP_ON_TOP, options_.aotDefault == 1);
+  } else {
+    EnableWindow(Item(IDC_ALARM_CLEAR), canClear_);
   }
   filled_ = true;
   ShowWords();
@@ -45,7 +48,8 @@ void BSleepDlg::ShowPresets() {
     presets_[i] =
         TimeOf(static_cast<Preset>(i), now.utc, {options_.eveningTime, options_.morningTime}, clock_);
     Text text = resources_.String(IDS_PRESET + static_cast<UINT>(i));
-    if (presets_[i]) text += u"\n" + ShownSoon(clock_.ToLocal(*presets_[i]), now.local);
+    text += u"\n" + (presets_[i] ? ShownSoon(clock_.ToLocal(*presets_[i]), now.local)
+                                 : resources_.String(IDS_PRESET_OVER));
     SetDlgItemTextW(Handle(), button, Wide(text));
     EnableWindow(Item(button), presets_[i].has_value());
   }

@@ -30,8 +30,8 @@ class BSleepDlg final : public Dialog {
   BSleepDlg(const Resources& resources, Form form, const Options& options, const Clock& clock)
       : resources_(resources), form_(form), options_(options), clock_(clock) {}
 
-  /// The choice; nothing when it was cancelled.
-  std::optional<SleepChoice> Ask(HWND owner);
+  /// The choice; nothing when it was cancelled. An alarm can be cleared where one is set.
+  std::optional<SleepChoice> Ask(HWND owner, bool alarmIsSet = false);
 
  private:
   void OnInit() override;
@@ -52,6 +52,7 @@ class BSleepDlg final : public Dialog {
   const Options& options_;
   const Clock& clock_;
   bool filled_ = false;
+  bool canClear_ = false;
   std::array<std::optional<std::int64_t>, kPresets> presets_;
   SleepChoice choice_;
 };

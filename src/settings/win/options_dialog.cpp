@@ -177,11 +177,17 @@ void BOptionsDlg::ShowList() {
       ListBox_AddString(list, Wide(resources_.String(IDS_SETTINGS_PAGE + i)));
     ListBox_SetCurSel(list, static_cast<int>(page_));
   } else {
-    for (const std::uint16_t id : found_) ListBox_AddString(list, Wide(resources_.String(IDS_SETTING + id)));
+    for (const std::uint16_t id : found_) ListBox_AddString(list, Wide(FoundText(id)));
     if (found_.empty()) ListBox_AddString(list, Wide(resources_.String(IDS_SETTING_NOT_FOUND)));
   }
   SetWindowRedraw(list, TRUE);
   InvalidateRect(list, nullptr, TRUE);
+}
+
+// Settings of several groups have the same name.
+Text BOptionsDlg::FoundText(std::uint16_t id) const {
+  const auto group = static_cast<UINT>(FindSetting(id)->group);
+  return resources_.String(IDS_SETTING + id) + u"\t" + resources_.String(IDS_SETTING_GROUP + group);
 }
 
 void BOptionsDlg::OnSelected() {
@@ -281,7 +287,17 @@ void BOptionsDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   SetBkMode(item.hDC, TRANSPARENT);
   SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
   area.left += MulDiv(kMargin + kAccentWidth, static_cast<int>(GetDpiForWindow(Handle())), 96);
-  DrawTextW(item.hDC, Wide(text), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  constexpr UINT kLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+  const std::size_t tab = text.find(u'\t');
+  RECT upper = area;
+  if (tab != Text::npos) upper.bottom = (area.top + area.bottom) / 2;
+  DrawTextW(item.hDC, Wide(text.substr(0, tab)), -1, &upper,
+            kLine | (tab == Text::npos ? DT_VCENTER : DT_BOTTOM));
+  if (tab != Text::npos) {
+    area.top = upper.bottom;
+    SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.quiet));
+    DrawTextW(item.hDC, Wide(text.substr(tab + 1)), -1, &area, kLine);
+  }
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }
 

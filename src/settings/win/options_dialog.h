@@ -46,6 +46,7 @@ class BOptionsDlg final : public Dialog, private PageWatcher {
   void Show(SettingsPage page);
   void Step(int step);
   void ShowList();
+  Text FoundText(std::uint16_t id) const;
   void OnSelected();
   void GoToFound();
   void Reset();

@@ -48,6 +48,7 @@ class StoreEndpoint final : public StoreHost {
   std::vector<std::int64_t> KeysOf(TextView category) override { return store_.KeysOf(category); }
   void ShowStored(std::int64_t key) override { managed_.ShowStored(key); }
   std::optional<std::vector<Text>> Find(TextView words) override { return search_.Names(words); }
+  bool CanFind() override { return search_.IsUsable(); }
 
  private:
   NoteDesk& desk_;

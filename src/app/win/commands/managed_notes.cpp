@@ -1,6 +1,7 @@
 #include "app/win/commands/managed_notes.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -58,18 +59,20 @@ bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
 }
 
 bool ManagedNotes::FillAll(ManageList& list) {
-  if (std::exchange(newestOf_, store_.Version()) != store_.Version())
-    newest_ = store_.Newest({}, kMaximumStored);
+  if (std::exchange(read_.newestOf, store_.Version()) != store_.Version())
+    read_.newest = store_.Newest({}, kMaximumStored);
+  std::array<Text, kManageViews> names;
+  for (UINT view = 0; view < names.size(); ++view) names[view] = resources_.String(IDS_MANAGE_VIEW + view);
   std::vector<PlacedNote> notes;
   const auto add = [&](const JotletData& record, ManageView home) {
-    notes.push_back({&record, resources_.String(IDS_MANAGE_VIEW + static_cast<UINT>(home))});
+    notes.push_back({&record, names[static_cast<std::size_t>(home)]});
   };
   const NoteLists& lists = desk_.Lists();
   for (const auto& record : lists.desktop) add(*record, ManageView::kDesktop);
   for (const JotletData& record : lists.attached) add(record, ManageView::kAttached);
   for (const JotletData& record : lists.sleeping)
     add(record, IsIn(ManageView::kRecurring, record) ? ManageView::kRecurring : ManageView::kSleeping);
-  for (const StoredNote& note : newest_) {
+  for (const StoredNote& note : read_.newest) {
     add(note.record, ManageView::kStored);
     if (!note.category.empty()) notes.back().place += u": " + OneLine(note.category);
   }
@@ -117,11 +120,11 @@ bool ManagedNotes::FillStored(const std::optional<Text>& category, ManageList& l
 }
 
 const std::vector<StoredCategory>& ManagedNotes::Categories() {
-  if (counted_ != store_.Version()) {
-    counted_ = store_.Version();
-    categories_ = store_.Categories();
+  if (read_.counted != store_.Version()) {
+    read_.counted = store_.Version();
+    read_.categories = store_.Categories();
   }
-  return categories_;
+  return read_.categories;
 }
 
 void ManagedNotes::ShowStored(std::int64_t key) {

@@ -103,11 +103,14 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   const ProgramWindow& window_;
   const ProgramState& state_;
   BManageDlg dialog_;
-  // Of the store, at this version of it.
-  std::vector<StoredCategory> categories_;
-  std::uint64_t counted_ = 0;
-  std::vector<StoredNote> newest_;
-  std::uint64_t newestOf_ = 0;
+  // What was read of the store, at these versions of it.
+  struct ReadOfStore {
+    std::vector<StoredCategory> categories;
+    std::uint64_t counted = 0;
+    std::vector<StoredNote> newest;
+    std::uint64_t newestOf = 0;
+  };
+  ReadOfStore read_;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
   std::function<void(HWND owner)> import_ = [](HWND) {};

@@ -1,5 +1,7 @@
 #include "app/win/commands/time_commands.h"
 
+#include <algorithm>
+
 #include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "note/alarm.h"
@@ -88,7 +90,12 @@ void TimeCommands::Recur(BJotlet& jotlet) {
 
 void TimeCommands::Alarm(BJotlet& jotlet) {
   const std::vector<Text> ids = GroupOf(jotlet);
-  const auto choice = BSleepDlg(resources_, BSleepDlg::Form::kAlarm, options_, clock_).Ask(jotlet.Handle());
+  const bool isSet = std::ranges::any_of(ids, [this](const Text& id) {
+    const BJotlet* note = notes_.Find(id);
+    return note != nullptr && note->StoredRecord().alarm > 0;
+  });
+  const auto choice =
+      BSleepDlg(resources_, BSleepDlg::Form::kAlarm, options_, clock_).Ask(jotlet.Handle(), isSet);
   if (!choice || state_.exiting) return;
   Remember(*choice);
   bool inTime = true;
