@@ -3,6 +3,8 @@
 #include <charconv>
 #include <string>
 
+#include "data/loading.h"
+
 namespace jotlets {
 namespace {
 
@@ -29,6 +31,12 @@ void LoadTrials::Open() {
     failed_.insert(content);
   }
   file_.Truncate(kept_);
+}
+
+// What a new note begins with is nobody's fault: it was killed from outside, and marked, it would mark all
+// new notes.
+bool LoadTrials::HasFailed(std::string_view content) const {
+  return content != kPlaceholderRtf && failed_.contains(FingerprintOf(content));
 }
 
 void LoadTrials::Begin(std::string_view content) { file_.Append(LineOf(FingerprintOf(content))); }

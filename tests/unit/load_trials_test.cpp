@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/loading.h"
 #include "fake_desk.h"
 
 namespace jotlets {
@@ -15,11 +16,13 @@ TEST(LoadTrials, WhatCameToNoEndIsNotTriedAgainUntilItIsChanged) {
     run.Open();
     run.Begin("harmless");
     run.End();
+    run.Begin(kPlaceholderRtf);
     run.Begin("ends it");
   }
   LoadTrials next(file);
   next.Open();
   EXPECT_TRUE(next.HasFailed("ends it"));
+  EXPECT_FALSE(next.HasFailed(kPlaceholderRtf)) << "what every new note begins with";
   EXPECT_FALSE(next.HasFailed("harmless") || next.HasFailed("ends it, changed"));
   next.Begin("ends it too");
   // The last line is cut, as by a power failure.
