@@ -54,7 +54,8 @@ bool IsChecked(const ActionSetting& sets, const ActionFacts& facts) {
     case ActionSets::kRightToLeft: return facts.edit.rtl;
     case ActionSets::kBulletList: return facts.edit.bullets == Bullets::kNormal;
     case ActionSets::kAlignment: return IsOf(sets, facts.edit.alignment);
-    case ActionSets::kBullets: return IsOf(sets, facts.edit.bullets);
+    // A check list is a list, though one of another kind.
+    case ActionSets::kBullets: return IsOf(sets, facts.edit.bullets) && !facts.edit.checkList;
     case ActionSets::kHighlight: return IsOf(sets, facts.edit.highlight);
     case ActionSets::kOpacity: return sets.value == facts.transparency;
   }

@@ -20,7 +20,7 @@ std::optional<DataFile> ReadWhole(const Files& files, const CodePage& ansi, cons
   const TextFile text = DecodeTextFile(content.bytes, ansi);
   Options options;
   DataFile file = ParseDataFile(text.text, {options, [] { return Text(u"unnamed"); }, 0});
-  if (!file.recognised || text.damaged || file.cut) return std::nullopt;
+  if (!file.IsWhole() || text.damaged) return std::nullopt;
   return file;
 }
 

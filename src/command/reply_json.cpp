@@ -2,69 +2,38 @@
 
 #include <array>
 
+#include "base/json_object.h"
 #include "command/rows.h"
 
 namespace jotlets {
 namespace {
 
-class JsonObject {
- public:
-  void Add(std::string_view name, std::string value) {
-    out_.append(out_.empty() ? "{\"" : ",\"").append(name).append("\":").append(value);
-  }
-  void Add(std::string_view name, TextView text) { Add(name, Quoted(text)); }
-  void AddNumber(std::string_view name, TextView digits) { Add(name, std::to_string(ParseInt(digits))); }
-  void AddList(std::string_view name, TextView ids) {
-    std::string list = "[";
-    for (Split split = SplitAtFirst(ids, u','); !ids.empty(); split = SplitAtFirst(ids, u',')) {
-      list.append(list.size() > 1 ? "," : "").append(Quoted(split.head));
-      ids = split.tail;
-    }
-    Add(name, list + "]");
-  }
-  std::string Close() const { return out_ + "}"; }
+void AddDigits(JsonObject& json, std::string_view name, TextView digits) {
+  json.AddNumber(name, ParseInt(digits));
+}
 
- private:
-  static void AppendEscape(std::string& out, char16_t unit) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    out.append("\\u");
-    for (int shift = 12; shift >= 0; shift -= 4) out.push_back(kDigits[(unit >> shift) & 0xF]);
+void AddIds(JsonObject& json, std::string_view name, TextView ids) {
+  std::vector<Text> list;
+  for (Split split = SplitAtFirst(ids, u','); !ids.empty(); split = SplitAtFirst(ids, u',')) {
+    list.emplace_back(split.head);
+    ids = split.tail;
   }
-
-  // Half a character, which UTF-8 has no form for, is written as an escape; pairs stay pairs that way too.
-  static std::string Quoted(TextView text) {
-    std::string out = "\"";
-    for (const char16_t unit : text) {
-      if (unit == u'"' || unit == u'\\') {
-        out.push_back('\\');
-        out.push_back(static_cast<char>(unit));
-      } else if (unit < 0x20 || (unit >= 0xD800 && unit <= 0xDFFF)) {
-        AppendEscape(out, unit);
-      } else {
-        out.append(ToUtf8(TextView(&unit, 1)));
-      }
-    }
-    return out.append("\"");
-  }
-
-  std::string out_;
-};
+  json.AddList(name, list);
+}
 
 void AddAll(JsonObject& json, TextView value, char16_t separator,
             std::initializer_list<std::string_view> names) {
   for (const std::string_view name : names) {
     const Split split = SplitAtFirst(value, separator);
-    json.AddNumber(name, split.head);
+    AddDigits(json, name, split.head);
     value = split.tail;
   }
 }
 
 void AsText(JsonObject& json, TextView value) { json.Add("value", value); }
 void AsHex(JsonObject& json, TextView value) { json.Add("value", UnhexTitle(value)); }
-void AsNumber(JsonObject& json, TextView value) { json.AddNumber("value", value); }
-void AsFlag(JsonObject& json, TextView value) {
-  json.Add("value", std::string(value == u"1" ? "true" : "false"));
-}
+void AsNumber(JsonObject& json, TextView value) { AddDigits(json, "value", value); }
+void AsFlag(JsonObject& json, TextView value) { json.AddFlag("value", value == u"1"); }
 
 struct FormRow {
   TextView name;  // of a field, or of a command that has none
@@ -104,7 +73,7 @@ constexpr std::array kForms = {
 };
 
 void AddValue(JsonObject& json, TextView command, TextView value) {
-  if (StartsWithIgnoreCase(command, u"get list ")) return json.AddList("list", value);
+  if (StartsWithIgnoreCase(command, u"get list ")) return AddIds(json, "list", value);
   // "get desktop <id> <field>", "get snap".
   const TextView trimmed = TrimBlanks(command);
   const FormRow* form = FindRow(kForms, trimmed.substr(trimmed.rfind(u' ') + 1));
@@ -113,7 +82,7 @@ void AddValue(JsonObject& json, TextView command, TextView value) {
 
 JsonObject Begun(TextView line) {
   JsonObject json;
-  json.AddNumber("code", line.substr(0, 3));
+  AddDigits(json, "code", line.substr(0, 3));
   return json;
 }
 
@@ -123,7 +92,7 @@ std::string ReplyAsJson(TextView command, TextView reply) {
   constexpr TextView kCreated = u"OK created: ";
   JsonObject json = Begun(reply);
   const bool value = reply.starts_with(u"001");
-  json.Add("ok", std::string(value || reply.starts_with(u"000") ? "true" : "false"));
+  json.AddFlag("ok", value || reply.starts_with(u"000"));
   const TextView text = reply.substr(std::min<std::size_t>(4, reply.size()));
   json.Add("text", text);
   if (value) AddValue(json, command, text);
@@ -146,7 +115,7 @@ std::string EventAsJson(TextView line) {
   const std::size_t last = text.rfind(u' ') + 1;
   const TextView id = text.substr(last);
   if (id.ends_with(u',')) {
-    json.AddList("ids", id);
+    AddIds(json, "ids", id);
   } else {
     json.Add("id", id);
   }

@@ -51,6 +51,20 @@ bool LooksLikeRecord(TextView line) {
   return IsNumber(x.head) && IsNumber(y.head) && y.head.size() < x.tail.size();
 }
 
+// Whether a line outside the sections of notes is one of their records: its header was lost. Records end in
+// "<RTF>" or have content behind it; what a stack or a friend is made of does not.
+bool IsStrayRecord(Section section, TextView line) {
+  switch (section) {
+    case Section::kNone:
+    case Section::kOptions: return LooksLikeRecord(line) || HasDeletionTime(line);
+    case Section::kFriends:
+    case Section::kStacks: return line.front() == u'<' && FindIgnoreCase(line, u"<RTF>") != TextView::npos;
+    case Section::kJotlets:
+    case Section::kDeleted: return false;
+  }
+  return false;
+}
+
 class Parser {
  public:
   explicit Parser(const DataFileContext& context) : context_(context) {}
@@ -63,6 +77,7 @@ class Parser {
     }
     if (IsCutInRecord(text, line)) file_.cutRecord = line;
     file_.cut = !file_.cutRecord.empty() || IsCutBetween();
+    if (ours_ && !hasJotlets_ && file_.version <= kDataFileVersion) file_.headerLost = true;
     NumberStacks();
     return std::move(file_);
   }
@@ -87,9 +102,18 @@ class Parser {
     for (const SectionRow& row : kSections) {
       if (line == row.header) {
         section_ = row.section;
+        hasJotlets_ |= section_ == Section::kJotlets;
         file_.recognised = true;
         return;
       }
+    }
+    if (IsStrayRecord(section_, line)) {
+      file_.headerLost = true;
+      // Read as a stack it would come up on the desktop as one, and so would the header above it.
+      if (section_ == Section::kStacks && lastStack_.front() != u'<') file_.stacks.pop_back();
+      if (section_ == Section::kStacks) section_ = Section::kNone;
+      // A friend's line is checked by its reader.
+      if (section_ != Section::kFriends) return;
     }
     switch (section_) {
       case Section::kNone: return;
@@ -97,7 +121,10 @@ class Parser {
       case Section::kFriends: file_.friendLines.emplace_back(line); return;
       case Section::kJotlets: return ParseJotlet(line);
       case Section::kDeleted: return ParseDeleted(line);
-      case Section::kStacks: file_.stacks.push_back(ParseStackLine(line, 0)); return;
+      case Section::kStacks:
+        file_.stacks.push_back(ParseStackLine(line, 0));
+        lastStack_ = line;
+        return;
     }
   }
 
@@ -166,6 +193,8 @@ class Parser {
   DataFile file_;
   Section section_ = Section::kNone;
   bool ours_ = false;  // this version wrote the file
+  bool hasJotlets_ = false;
+  TextView lastStack_ = u"<";  // the line above, in [Stacks]
   JotletData blank_;
 };
 

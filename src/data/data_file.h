@@ -31,6 +31,8 @@ struct DataFile {
   bool recognised = false;
   /// The file ends before its end: it was cut.
   bool cut = false;
+  /// The header of a section was lost: [Jotlets] of a file of ours, or the one above lines that are records.
+  bool headerLost = false;
   /// The line of its last record, if it ends within that.
   Text cutRecord;
   Text installId;
@@ -39,6 +41,9 @@ struct DataFile {
   std::vector<FiledJotlet> jotlets;  // in file order: desktop, attached and sleeping ones
   std::vector<Text> verbatim;        // lines of [Jotlets] that are no records, to be written back as they are
   std::vector<FiledJotlet> deleted;  // all of them; the caller applies `KeepDeleted`
+
+  /// A data file without any sign of damage.
+  bool IsWhole() const { return recognised && !cut && !headerLost; }
 };
 
 /// What reading the file needs beside its text.

@@ -13,7 +13,8 @@ bool IsSpace(char16_t unit) {
 }
 
 // Elements whose content is nothing to read.
-constexpr TextView kUnread[] = {u"script", u"style", u"template", u"noscript", u"svg", u"iframe", u"object"};
+constexpr TextView kUnread[] = {u"script", u"style",  u"template", u"noscript",
+                                u"svg",    u"iframe", u"object",   u"en-crypt"};
 
 constexpr TextView kBlocks[] = {
     u"p",  u"div",   u"li",   u"tr", u"blockquote", u"section", u"article", u"header", u"pre",  u"h1",
@@ -166,7 +167,10 @@ class HtmlReader {
     if (tag.name == u"pre") verbatim_ = !tag.closes;
     if (tag.closes) return;
     // Also where a page has items without a list.
-    if (tag.name == u"li") now_.list = lists_.empty() ? List::kBullets : lists_.back();
+    if (tag.name == u"li") {
+      now_.list = lists_.empty() ? List::kBullets : lists_.back();
+      now_.level = static_cast<std::uint8_t>(std::max<std::size_t>(lists_.size(), 1) - 1);
+    }
     if (tag.name.size() == 2 && tag.name[0] == u'h' && tag.name[1] >= u'1' && tag.name[1] <= u'6')
       now_.heading = static_cast<std::uint8_t>(tag.name[1] - u'0');
   }

@@ -37,7 +37,7 @@ Reading ReadDataFile(const LoadContext& context, const Text& path) {
   if (content.state != FileContent::State::kRead) return reading;
   const TextFile text = DecodeTextFile(content.bytes, context.ansi);
   reading.file = ParseDataFile(text.text, ContextFor(context, reading.options));
-  reading.whole = reading.file.recognised && !text.damaged && !reading.file.cut;
+  reading.whole = reading.file.IsWhole() && !text.damaged;
   return reading;
 }
 

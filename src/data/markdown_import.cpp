@@ -19,10 +19,29 @@ bool IsPunctuation(char16_t unit) {
          TextView(u"!\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~").find(unit) != TextView::npos;
 }
 
+// Where a mark comes next: looked for once for all places before it, so that many that lack it cost no more
+// than one.
+class NextMark {
+ public:
+  NextMark(TextView text, TextView mark) : text_(text), mark_(mark) {}
+  /// At `from` or behind it, which is never less than before.
+  std::size_t From(std::size_t from) {
+    if (at_ < from || !known_) at_ = text_.find(mark_, from);
+    known_ = true;
+    return at_;
+  }
+
+ private:
+  TextView text_;
+  TextView mark_;
+  std::size_t at_ = 0;
+  bool known_ = false;
+};
+
 // Words with emphasis. Marks that are not closed stay what they look like.
 class InlineReader {
  public:
-  explicit InlineReader(TextView text) : text_(text) {}
+  explicit InlineReader(TextView text) : text_(text), middle_(text, u"]("), end_(text, u")") {}
 
   std::vector<TextRun> Read() {
     while (at_ < text_.size()) ReadOne();
@@ -67,7 +86,10 @@ class InlineReader {
   }
 
   void ReadCode(TextView rest) {
+    // More in a row are drawn, not written.
+    constexpr std::size_t kLongestMark = 32;
     const std::size_t ticks = std::min(rest.find_first_not_of(u'`'), rest.size());
+    if (ticks > kLongestMark) return AddSigns(ticks);
     const std::size_t end = rest.find(rest.substr(0, ticks), ticks);
     if (end == TextView::npos) return AddSigns(ticks);
     Add(rest.substr(ticks, end - ticks));
@@ -75,25 +97,30 @@ class InlineReader {
   }
 
   bool ReadLink(TextView rest) {
-    constexpr std::size_t kLongest = 2000;
-    rest = rest.substr(0, kLongest);
-    if (rest.front() == u'<') {
-      const std::size_t end = rest.find_first_of(u"> \n", 1);
-      if (end == TextView::npos || rest[end] != u'>' || rest.find(u':') > end) return false;
-      Add(rest.substr(1, end - 1));
-      at_ += end + 1;
-      return true;
-    }
+    rest = rest.substr(0, kLongestLink);
+    if (rest.front() == u'<') return ReadBareLink(rest);
     const std::size_t begin = rest.front() == u'!' ? 1 : 0;
     if (begin >= rest.size() || rest[begin] != u'[') return false;
-    const std::size_t middle = rest.find(u"](", begin);
-    const std::size_t end = middle == TextView::npos ? middle : rest.find(u')', middle);
-    if (end == TextView::npos) return false;
-    const TextView words = rest.substr(begin + 1, middle - begin - 1);
-    TextView target = rest.substr(middle + 2, end - middle - 2);
+    const std::size_t middle = middle_.From(at_ + begin);
+    if (middle == TextView::npos || middle - at_ >= rest.size()) return false;
+    const std::size_t end = end_.From(middle);
+    if (end == TextView::npos || end - at_ >= rest.size()) return false;
+    const TextView words = text_.substr(at_ + begin + 1, middle - at_ - begin - 1);
+    TextView target = text_.substr(middle + 2, end - middle - 2);
     target = target.substr(0, target.find_first_of(u" \n"));
     // A picture is not part of a text.
     Add(begin == 1 ? Text(words) : LinkWords(words, target));
+    at_ = end + 1;
+    return true;
+  }
+
+  // "<http://...>". Where another one begins, this one has not ended.
+  bool ReadBareLink(TextView rest) {
+    const std::size_t end = rest.find_first_of(u"<> \n", 1);
+    if (end == TextView::npos || rest[end] != u'>') return false;
+    const TextView target = rest.substr(1, end - 1);
+    if (target.find(u':') == TextView::npos) return false;
+    Add(target);
     at_ += end + 1;
     return true;
   }
@@ -119,7 +146,11 @@ class InlineReader {
   }
   static bool IsWord(char16_t unit) { return unit > u' ' && !IsPunctuation(unit); }
 
+  static constexpr std::size_t kLongestLink = 2000;
+
   TextView text_;
+  NextMark middle_;  // of a link
+  NextMark end_;
   std::size_t at_ = 0;
   TextRun look_;
   std::vector<TextRun> runs_;
@@ -144,12 +175,22 @@ class MarkdownReader {
     while (lines.Next(line)) {
       if (StartsWithIgnoreCase(line, u"title:")) title = TrimBlanks(line.substr(6));
       if (line != u"---" && line != u"...") continue;
-      if (title.size() > 1 && title.front() == u'"' && title.back() == u'"')
-        title = title.substr(1, title.size() - 2);
-      text_.title = std::move(title);
+      text_.title = Unquoted(title);
       return markdown.substr(static_cast<std::size_t>(line.data() + line.size() - markdown.data()));
     }
     return markdown;
+  }
+
+  static Text Unquoted(TextView value) {
+    if (value.size() < 2 || value.front() != u'"' || value.back() != u'"') return Text(value);
+    value = value.substr(1, value.size() - 2);
+    Text words;
+    for (std::size_t at = 0; at < value.size(); ++at) {
+      const bool escapes = value[at] == u'\\' && at + 1 < value.size();
+      if (escapes && (value[at + 1] == u'"' || value[at + 1] == u'\\')) ++at;
+      words.push_back(value[at]);
+    }
+    return words;
   }
 
   void ReadLine(TextView line) {

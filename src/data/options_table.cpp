@@ -175,6 +175,17 @@ constexpr OptionRow Hilite(TextView key, TextView meaning) {
           meaning};
 }
 
+// A number below 0 says nothing: brought into the range it would drop every closed note.
+constexpr OptionRow KeepDeleted() {
+  OptionRow row = Number<&Options::keepDeleted>(
+      u"KeepDeleted", u"How many closed notes are kept; below 0 counts as the default.", {0, 100000});
+  row.read = [](Options& o, TextView value, const OptionRange& r) {
+    const std::int32_t number = ParseInt(value);
+    o.keepDeleted = number < 0 ? Options().keepDeleted : std::min(number, r.maximum);
+  };
+  return row;
+}
+
 using O = Options;
 constexpr OptionRange kSwitch{0, 1};
 constexpr OptionRange kPercentOrMore{0, 1000};
@@ -188,7 +199,7 @@ constexpr std::array kOptions = {
         u"Debug",
         u"Highest level that is written to the activity log: 0 nothing, 1 start, exit and trouble, 3 all."),
     Words<&O::signature>(u"Signature", u"Text added to sent notes."),
-    Number<&O::keepDeleted>(u"KeepDeleted", u"How many closed notes are kept.", {0, 100000}),
+    KeepDeleted(),
     Number<&O::makeAllVisible>(u"MakeAllVisible", u"Clicking one note brings all forward.", kSwitch),
     Number<&O::useHooks>(u"UseHooks", u"Global hot keys on or off.", kSwitch),
     Hook<0>(u"Hook", u"Hot key: new note. The digits stand for the Windows key, Shift, Ctrl and Alt."),

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
+#include "base/code_pages.h"
+#include "data/letter_marks.h"
 #include "data/rtf_bytes.h"
-#include "data/stray_marks.h"
 
 namespace jotlets {
 namespace {
@@ -13,6 +15,7 @@ namespace {
 constexpr std::uint64_t kWorkOfUnit = 67;
 constexpr std::uint64_t kWorkOfLink = 2'250;
 constexpr std::uint64_t kWorkOfFormat = 900;
+constexpr std::uint64_t kUnitsOfLook = 16;
 constexpr std::size_t kLongestWords = 32 * 1024;
 constexpr std::size_t kLongestLine = 120;
 // Of a control word, in characters; the longest that exist have 32 and 10.
@@ -22,7 +25,7 @@ constexpr std::size_t kLongestNumber = 20;
 constexpr TextView kNoRichText = u"no rich text";
 constexpr TextView kTooDeep = u"its groups are nested too deep";
 constexpr TextView kTables = u"its tables are damaged, or not for this editor";
-constexpr TextView kMarks = u"signs stand in it without their letters";
+constexpr TextView kMarks = u"its signs above and below letters are not for this editor";
 constexpr TextView kWords = u"its control words are longer than any";
 constexpr TextView kMeasures = u"its indents or letters are larger than any page";
 constexpr TextView kTooLong = u"its paragraphs, links or formats are too many or too long";
@@ -34,10 +37,11 @@ class WorkCounter {
   /// A unit that is not told `apart` for certain goes on with any run.
   void Add(char16_t unit, bool apart = true) {
     if (const Run kind = apart ? RunOf(unit) : Run::kAny; kind != Run::kAny) {
-      if (kind != kind_) run_ = 0;
+      if (kind != kind_) BeginRun();
       kind_ = kind;
     }
     ++run_;
+    ++paragraph_;
     work_ += kWorkOfUnit;
     work_ += 2 * run_ - 1;  // together, the square of the length
     if ((unit == u':' && MayEndScheme()) || (unit == u'.' && before_[2] == u'w')) work_ += kWorkOfLink;
@@ -49,11 +53,17 @@ class WorkCounter {
     before_[2] = kAnything;
   }
   void AddFormat() { work_ += kWorkOfFormat; }
-  void EndParagraph() { run_ = 0; }
+  void EndParagraph() { run_ = paragraph_ = 0; }
   std::uint64_t Work() const { return work_; }
 
  private:
   enum class Run { kAny, kLetters, kSigns };
+
+  // For each run the control looks at all of the paragraph before it.
+  void BeginRun() {
+    run_ = 0;
+    work_ += paragraph_ / kUnitsOfLook;
+  }
 
   static Run RunOf(char16_t unit) {
     if (unit == u' ') return Run::kAny;
@@ -75,9 +85,15 @@ class WorkCounter {
 
   std::uint64_t work_ = 0;
   std::uint64_t run_ = 0;
+  std::uint64_t paragraph_ = 0;  // its units so far
   Run kind_ = Run::kAny;
   std::array<char16_t, 3> before_{};
 };
+
+// Destinations and marks that no editor of notes shows.
+constexpr std::array<std::string_view, 16> kLeftOut = {
+    "pict",    "object",  "footnote", "header", "headerl", "headerr", "headerf", "footer",
+    "footerl", "footerr", "footerf",  "shp",    "upr",     "xe",      "tc",      "annotation"};
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -90,10 +106,14 @@ bool IsMeasureInBounds(std::string_view word, std::string_view number) {
   constexpr std::array<std::string_view, 16> kLengths = {
       "li", "ri", "fi",    "lin",    "rin", "cufi",     "tx",     "tb",
       "sb", "sa", "cellx", "trleft", "sl",  "pnindent", "trgaph", "expndtw"};
-  const std::int32_t value = ParseInt(FromAscii(number.substr(0, 12)));
-  if (word == "fs") return value >= -1 && value <= kMaxHalfPoints;
+  std::int64_t value = 0;
+  const bool isHuge = std::from_chars(number.data(), number.data() + number.size(), value).ec ==
+                      std::errc::result_out_of_range;
+  if (word == "fs") return !isHuge && value >= -1 && value <= kMaxHalfPoints;
+  // The place of a tabulator has no usual value: one control that does not know it ends when it writes.
+  if (word == "tx" && number.empty()) return false;
   return std::find(kLengths.begin(), kLengths.end(), word) == kLengths.end() ||
-         (value >= -kMaxTwips && value <= kMaxTwips);
+         (!isHuge && value >= -kMaxTwips && value <= kMaxTwips);
 }
 
 // Cells beyond those that their row has announced, and rows inside cells, end some controls.
@@ -193,7 +213,8 @@ class BoundsReader {
     if (word == "bin" || (word == "uc" && number != "1")) runsEnd_ = false;
     work_.AddFormat();
     if (!IsMeasureInBounds(word, number)) trouble_ = kMeasures;
-    const bool isOfTable = word == "trowd" || word == "cell" || word == "row";
+    const bool isOfTable = word == "trowd" || word == "cell" || word == "row" ||
+                           (word == "intbl" && number != "0") || (word == "itap" && number != "0");
     if (!tables_.Take(word) || (isOfTable && !bounds_.takesTables)) trouble_ = kTables;
   }
 
@@ -233,22 +254,34 @@ std::uint64_t TextWork(TextView text) {
 
 bool IsEditable(TextView text, const EditorBounds& bounds) {
   // As rich text it says a little more.
-  return TextWork(text) <= bounds.work / 5 * 4 && (bounds.takesMarks || !HasStrayMark(text));
+  return TextWork(text) <= bounds.work / 5 * 4 && (bounds.takesMarks || !HasMark(text));
 }
 
 TextView RtfTrouble(std::string_view rtf, const EditorBounds& bounds) {
   const TextView trouble = BoundsReader(rtf, bounds).Read();
   if (!trouble.empty() || bounds.takesMarks) return trouble;
-  return RtfHasStrayMark(rtf) ? kMarks : TextView();
+  return RtfHasMark(rtf) ? kMarks : TextView();
 }
 
-bool HoldsMoreThanText(std::string_view rtf) {
+bool HoldsMoreThanText(std::string_view rtf, const EditorBounds& bounds) {
   if (GoesOnBehindItsEnd(rtf)) return true;
-  for (const std::string_view word : {"\\pict", "\\object"})
-    for (std::size_t at = 0; (at = rtf.find(word, at)) != std::string_view::npos;) {
-      at += word.size();
-      if (at == rtf.size() || !IsLetter(rtf[at])) return true;
-    }
+  for (std::size_t at = 0; (at = rtf.find('\\', at)) != std::string_view::npos;) {
+    const std::string_view rest = rtf.substr(++at);
+    const auto end = std::find_if_not(rest.begin(), rest.end(), IsLetter);
+    const std::string_view word = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+    // What is escaped begins no word.
+    at += std::max<std::size_t>(word.size(), 1);
+    if (std::ranges::find(kLeftOut, word) != kLeftOut.end()) return true;
+    if (word == "field" && !bounds.takesFields) return true;
+    const std::string_view number = rest.substr(word.size());
+    const auto digits =
+        static_cast<std::size_t>(std::find_if_not(number.begin(), number.end(), IsDigit) - number.begin());
+    // So many characters are no replacement of one, but words that are skipped.
+    if (word == "uc" && digits > 1) return true;
+    if (word == "ansicpg" &&
+        !IsCodePage(ParseInt(FromAscii(number.substr(0, std::min<std::size_t>(digits, 9))))))
+      return true;
+  }
   return false;
 }
 

@@ -113,11 +113,10 @@ void AppendWords(Text& rtf, TextView words) {
 // As the editor writes its own lists, so that it takes them for such.
 TextView ListForm(List list) {
   switch (list) {
-    case List::kBullets:
-      return u"{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}\\fi-360\\li360 ";
+    case List::kBullets: return u"{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}";
     case List::kNumbers:
       return u"{\\pntext "
-             u"1.\\tab}{\\*\\pn\\pnlvlbody\\pnindent360\\pnstart1\\pndec{\\pntxta.}}\\fi-360\\li360 ";
+             u"1.\\tab}{\\*\\pn\\pnlvlbody\\pnindent360\\pnstart1\\pndec{\\pntxta.}}";
     case List::kNoList: break;
   }
   return {};
@@ -126,10 +125,18 @@ TextView ListForm(List list) {
 void AppendParagraph(Text& rtf, const TextParagraph& paragraph) {
   constexpr int kHalfPoints[] = {32, 28, 24};
   constexpr int kUsual = 20;
+  constexpr int kListIndent = 360;  // twips
+  constexpr int kDeepestIndent = 8;
   const bool heading = paragraph.heading > 0;
   const int size =
       heading ? kHalfPoints[std::min<std::size_t>(paragraph.heading, std::size(kHalfPoints)) - 1] : kUsual;
-  rtf.append(u"\\pard").append(ListForm(paragraph.list)).append(u"\\plain\\fs");
+  rtf.append(u"\\pard").append(ListForm(paragraph.list));
+  if (paragraph.list != List::kNoList) {
+    rtf += u"\\fi-360\\li";
+    AppendInt(rtf, kListIndent * (std::min<int>(paragraph.level, kDeepestIndent) + 1));
+    rtf.push_back(u' ');
+  }
+  rtf += u"\\plain\\fs";
   AppendInt(rtf, size);
   rtf.push_back(u' ');
   for (const TextRun& run : paragraph.runs) {

@@ -27,6 +27,7 @@ struct TextRun {
 struct TextParagraph {
   enum class List : std::uint8_t { kNoList, kBullets, kNumbers };
   List list = List::kNoList;
+  std::uint8_t level = 0;  // of an item, how many lists it is inside of; what is read from rich text has none
   std::uint8_t heading = 0;  // the level of one, from 1; what is read from rich text has none
   std::vector<TextRun> runs;
 };

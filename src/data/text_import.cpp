@@ -50,6 +50,16 @@ Text CharacterOfNumber(TextView digits) {
   return digits.empty() ? Text() : CharacterOf(code);
 }
 
+// Whether a target shows the words of its link. Long ones are its beginning or its end, or are not of it: to
+// look for them at every place takes the product of both lengths.
+bool Shows(TextView target, TextView words) {
+  constexpr std::size_t kLongestSought = 256;
+  if (words.size() <= kLongestSought) return target.find(words) != TextView::npos;
+  TextView place = target.substr(target.find(u':') + 1);
+  if (place.starts_with(u"//")) place.remove_prefix(2);
+  return target.starts_with(words) || place.starts_with(words) || target.ends_with(words);
+}
+
 }  // namespace
 
 Text CharacterOfEntity(TextView text, std::size_t& length) {
@@ -70,7 +80,7 @@ Text CharacterOfEntity(TextView text, std::size_t& length) {
 Text LinkWords(TextView words, TextView target) {
   const bool leadsOut = StartsWithIgnoreCase(target, u"http://") ||
                         StartsWithIgnoreCase(target, u"https://") || StartsWithIgnoreCase(target, u"mailto:");
-  if (!leadsOut || target.find(words) != TextView::npos) return Text(leadsOut ? target : words);
+  if (!leadsOut || Shows(target, words)) return Text(leadsOut ? target : words);
   return Text(words) + u" (" + Text(target) + u")";
 }
 

@@ -37,14 +37,13 @@ std::optional<std::int64_t> NoteDesk::Store(TextView id, TextView category) {
   return key;
 }
 
-bool NoteDesk::CreateStored(const NewNote& fresh, TextView category) {
-  NewNote whole = fresh;
-  whole.content = fresh.rtf.empty() ? RtfOfPlainText(fresh.text) : RtfBytes(fresh.rtf);
-  const std::optional<JotletData> record = maker_.Make(whole);
-  if (!record) return false;
-  if (context_.store.Put(*record, category)) return true;
-  context_.files.Remove(folder_ + ContentPath(*record));
-  return false;
+std::optional<std::int64_t> NoteDesk::CreateStored(NewNote fresh, TextView category) {
+  fresh.content = fresh.rtf.empty() ? RtfOfPlainText(fresh.text) : RtfBytes(fresh.rtf);
+  const std::optional<JotletData> record = maker_.Make(fresh);
+  if (!record) return std::nullopt;
+  const std::optional<std::int64_t> key = context_.store.Put(*record, category);
+  if (!key) context_.files.Remove(folder_ + ContentPath(*record));
+  return key;
 }
 
 Text NoteDesk::Fetch(std::int64_t key) {
@@ -67,18 +66,24 @@ Text NoteDesk::Fetch(std::int64_t key) {
 }
 
 std::size_t NoteDesk::DeleteStored(const std::vector<Text>& ids) {
-  std::size_t left = 0;
+  if (ids.empty() || !context_.store.IsOpen()) return ids.size();
+  std::vector<JotletData> deleted;
+  context_.store.EndChange();
+  context_.store.BeginChange();
   for (const Text& id : ids) {
     const std::optional<std::int64_t> key = context_.store.KeyOf(id);
-    const std::optional<StoredNote> note = key ? context_.store.Find(*key) : std::nullopt;
-    if (!note || !context_.store.Remove(*key)) {
-      ++left;
-    } else if (!lists_.WhereIs(id)) {
-      saver_.RemoveContentLater(note->record);
-    }
+    std::optional<StoredNote> note = key ? context_.store.Find(*key) : std::nullopt;
+    if (!note) continue;
+    // A failure can have undone the whole change, which nothing may be added to then.
+    if (!context_.store.Remove(*key)) break;
+    deleted.push_back(std::move(note->record));
   }
+  // Their contents go when the store has forgotten them for good.
+  if (!context_.store.EndChange()) return ids.size();
+  for (const JotletData& record : deleted)
+    if (!lists_.WhereIs(record.id)) saver_.RemoveContentLater(record);
   Changed();
-  return left;
+  return ids.size() - deleted.size();
 }
 
 }  // namespace jotlets

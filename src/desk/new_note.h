@@ -19,7 +19,9 @@ struct NewNote {
   Text source;
   std::optional<Colour> colour;
   std::int32_t width = 0;
-  Text id;  // an existing identity, whose content file is there already
+  std::optional<std::int64_t> created;   // seconds since 1970 UTC; now, if nothing is said
+  std::optional<std::int64_t> modified;  // likewise; never
+  Text id;                               // an existing identity, whose content file is there already
   bool isImage = false;
   std::string content;  // the bytes of its content file, in place of the template
   bool fromClipboard = false;

@@ -54,8 +54,9 @@ class NoteDesk {
 
   /// Makes a new note and shows it; its id, empty when that failed.
   Text Create(const NewNote& fresh);
-  /// Makes a text note in the store, without a window; false when that failed, which the log tells.
-  bool CreateStored(const NewNote& fresh, TextView category);
+  /// Makes a text note in the store, without a window; its key, nothing when that failed, which the log
+  /// tells.
+  std::optional<std::int64_t> CreateStored(NewNote fresh, TextView category);
   /// Puts a copy of a sleeping note on the desktop, under an id of its own; false when it gets no window.
   bool CreateCopy(const JotletData& source, const WakeFlags& flags);
   /// Makes a note of its encoded form, see `AdmitEncodedNote`, asleep or where it belongs; its id, empty when

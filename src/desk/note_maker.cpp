@@ -88,6 +88,8 @@ std::optional<JotletData> NoteMaker::Make(const NewNote& fresh) {
   record.isImage = fresh.isImage ? 1 : 0;
   record.title = fresh.title;
   record.source = fresh.source;
+  if (fresh.created) record.created = RecordTime(*fresh.created);
+  if (fresh.modified) record.modified = RecordTime(*fresh.modified);
   if (fresh.colour) {
     record.colour = *fresh.colour;
   } else if (options_.newJotletColour >= 0) {

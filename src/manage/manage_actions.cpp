@@ -34,6 +34,20 @@ constexpr std::size_t kMany = 20;
 
 }  // namespace
 
+SearchPlaces SearchedPlaces(ManageView view) {
+  switch (view) {
+    case View::kAll: return kAllPlaces;
+    case View::kDesktop: return PlaceBit(SearchPlace::kDesktop);
+    case View::kAttached: return PlaceBit(SearchPlace::kAttached);
+    case View::kSleeping: return PlaceBit(SearchPlace::kSleeping);
+    case View::kRecurring: return PlaceBit(SearchPlace::kRecurring);
+    case View::kStored: return PlaceBit(SearchPlace::kStored);
+    case View::kClosed: return PlaceBit(SearchPlace::kClosed);
+    case View::kStacks: break;
+  }
+  return 0;
+}
+
 bool Offers(ManageView view, ManageAction action) {
   if (action == Action::kSaveCopies) return view != View::kStacks;
   return action == Action::kUndo || std::any_of(kOffers.begin(), kOffers.end(), [=](const OfferRow& row) {

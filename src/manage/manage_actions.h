@@ -6,11 +6,15 @@
 #include <optional>
 
 #include "base/text.h"
+#include "store/search_query.h"
 
 namespace jotlets {
 
 enum class ManageView { kAll, kDesktop, kAttached, kSleeping, kRecurring, kStored, kClosed, kStacks };
 inline constexpr std::size_t kManageViews = 8;
+
+/// Where the notes of a view are; none for the stacks.
+SearchPlaces SearchedPlaces(ManageView view);
 
 /// What the window shows: a view, or one category of the stored notes.
 struct ManagePlace {

@@ -68,7 +68,7 @@ Text SnippetOf(TextView text, bool untitled) {
     const std::size_t end = begin == TextView::npos ? begin : text.find_first_of(u"\r\n\v", begin);
     text = end == TextView::npos ? TextView() : text.substr(end);
   }
-  return Text(TrimBlanks(OneLine(text.substr(0, 2 * kLongest)))).substr(0, kLongest);
+  return ShownLine(text.substr(0, 2 * kLongest)).substr(0, kLongest);
 }
 
 bool IsSame(const ManageRow& row, const JotletData& record) {
@@ -224,6 +224,14 @@ void ManageList::Search(TextView words, std::int32_t what) {
   Settle();
 }
 
+bool ManageList::SetFound(std::unordered_set<Text> ids) {
+  if (ids == found_) return false;
+  found_ = std::move(ids);
+  for (std::size_t i = 0; i < rows_.size(); ++i) matches_[i] = MatchFully(rows_[i]);
+  FindUnread();
+  return Settle();
+}
+
 void ManageList::SortBy(ManageColumn column, bool backwards) {
   std::erase_if(sorting_, [column](const SortKey& key) { return key.column == column; });
   sorting_.insert(sorting_.begin(), {column, backwards});
@@ -279,6 +287,7 @@ bool ManageList::Holds(const ManageRow& row, const std::string& word) const {
 ManageList::Match ManageList::MatchKeys(const ManageRow& row) const {
   if (std::all_of(words_.begin(), words_.end(), [&](const std::string& w) { return Holds(row, w); }))
     return Match::kYes;
+  if (!found_.empty() && found_.contains(FoldCase(row.id))) return Match::kYes;
   return (what_ & kSearchTexts) != 0 && row.type == ManageRow::Type::kText ? Match::kUnknown : Match::kNo;
 }
 

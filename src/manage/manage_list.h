@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "base/text.h"
@@ -97,6 +98,7 @@ struct PlacedNote {
 struct StoredState {
   std::uint64_t version = 0;
   std::optional<Text> category;
+  std::uint64_t found = 0;  // and which of those that a search has found
   friend bool operator==(const StoredState&, const StoredState&) = default;
 };
 
@@ -120,6 +122,10 @@ class ManageList {
   /// Shows the rows that hold every word of `words`, without regard to case, somewhere in what is searched (a
   /// sum of `ManageSearch`); all rows when there is no word.
   void Search(TextView words, std::int32_t what);
+
+  /// The notes with these folded ids hold what is searched as well: whoever knows has other ways to tell.
+  /// True when other rows are shown than before.
+  bool SetFound(std::unordered_set<Text> ids);
 
   /// Sorts by a column. Rows that are alike in it keep the order that they had.
   void SortBy(ManageColumn column, bool backwards);
@@ -169,6 +175,7 @@ class ManageList {
   std::vector<SortKey> sorting_;  // the latest first
   std::string searched_;          // folded
   std::vector<std::string> words_;
+  std::unordered_set<Text> found_;
   std::int32_t what_ = 0;
   bool titlesCame_ = false;
 };

@@ -11,8 +11,16 @@ constexpr std::size_t kMaximumUndone = 100;
 }  // namespace
 
 int UndoSteps::Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places) {
-  if (ids.empty()) return 0;
-  steps_.push_back({kind, std::move(ids), ++last_, std::move(places)});
+  return ids.empty() ? 0 : AddStep({kind, std::move(ids), 0, std::move(places), {}});
+}
+
+int UndoSteps::AddImport(std::vector<std::int64_t> keys) {
+  return keys.empty() ? 0 : AddStep({UndoKind::kImported, {}, 0, {}, std::move(keys)});
+}
+
+int UndoSteps::AddStep(UndoStep step) {
+  step.number = ++last_;
+  steps_.push_back(std::move(step));
   if (steps_.size() > kMaximumUndone) steps_.erase(steps_.begin());
   return last_;
 }

@@ -18,7 +18,8 @@ enum class UndoKind : std::uint8_t {
   kStored,
   kClosedSleeping,
   kClosedAttached,
-  kArranged
+  kArranged,
+  kImported
 };
 
 /// What was done with some notes together.
@@ -26,13 +27,16 @@ struct UndoStep {
   UndoKind kind = UndoKind::kClosed;
   std::vector<Text> ids;
   int number = 0;
-  std::vector<Point> places;  // of notes that were arranged: where each was
+  std::vector<Point> places;       // of notes that were arranged: where each was
+  std::vector<std::int64_t> keys;  // of notes that were imported
 };
 
 class UndoSteps {
  public:
   /// The number of the step; 0 when there is nothing to undo. The oldest of too many are forgotten.
   int Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {});
+  /// The same for stored notes that files were made into.
+  int AddImport(std::vector<std::int64_t> keys);
   bool IsEmpty() const { return steps_.empty(); }
   /// Removes the latest step; nothing when there is none.
   std::optional<UndoStep> RemoveLast();
@@ -40,6 +44,8 @@ class UndoSteps {
   std::optional<UndoStep> Remove(int number);
 
  private:
+  int AddStep(UndoStep step);
+
   std::vector<UndoStep> steps_;  // the latest last
   int last_ = 0;
 };

@@ -6,6 +6,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::size_t kLongestShownTitle = 80;
+constexpr std::size_t kLongestLine = 1000;
 
 // -1 near the low edge, 1 near the high edge, 0 between.
 int NearEdge(std::int32_t at, std::int32_t length, std::int32_t margin) {
@@ -77,12 +78,19 @@ Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum) {
   return result;
 }
 
+Text ShownLine(TextView text) {
+  Text line = OneLine(text);
+  std::ranges::replace_if(
+      line, [](char16_t unit) { return unit < u' '; }, u' ');
+  return Text(TrimBlanks(line));
+}
+
 Text ShownTitle(TextView title, TextView plainText) {
   if (!title.empty()) return OneLine(title);
   while (!plainText.empty()) {
     const std::size_t end = plainText.find_first_of(u"\r\n");
-    const TextView line = TrimBlanks(plainText.substr(0, end));
-    if (!line.empty()) return Text(line.substr(0, kLongestShownTitle));
+    const Text line = ShownLine(plainText.substr(0, std::min(end, kLongestLine)));
+    if (!line.empty()) return line.substr(0, kLongestShownTitle);
     if (end == TextView::npos) break;
     plainText.remove_prefix(end + 1);
   }

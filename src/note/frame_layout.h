@@ -56,6 +56,10 @@ Rect DraggedBounds(const Rect& bounds, DraggedEdges dragged, Point offset);
 /// `bounds` brought up to `minimum`, which the dragged edges give way for.
 Rect SafeBounds(const Rect& bounds, DraggedEdges dragged, Size minimum);
 
+/// A text on one line, without the signs that have no look, tabulators among them, and without blanks around
+/// it.
+Text ShownLine(TextView text);
+
 /// The title that a note shows: its own, or else the first line of its text that is not blank, at most 80
 /// units.
 Text ShownTitle(TextView title, TextView plainText);

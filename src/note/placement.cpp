@@ -12,6 +12,15 @@ constexpr std::int32_t kStep = 16;
 constexpr std::int32_t kNearMargin = 8;
 constexpr std::int32_t kFarMargin = 128;
 
+// Of a note that covers all monitors, nothing could be reached.
+Size NoLargerThan(Size screen, Size note, std::int32_t dpi) {
+  const auto limited = [dpi](std::int32_t length, std::int32_t most) {
+    return most > 0 ? Saturated(std::min<std::int64_t>(length, std::int64_t{most} * kUsualDpi / dpi))
+                    : length;
+  };
+  return {limited(note.width, screen.width), limited(note.height, screen.height)};
+}
+
 // Each half is rounded by itself, as the positions of older notes were.
 Point Centred(Size note, Size screen) {
   return {screen.width / 2 - note.width / 2, screen.height / 2 - note.height / 2};
@@ -81,7 +90,7 @@ PlacementSettings PlacementFrom(const Options& options, NoteOrigin origin, bool 
 Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
                       std::span<const Point> corners) {
   if (requested.x != kNotSet && requested.y != kNotSet) return {requested, size};
-  Placed placed{requested, settings.newSize};
+  Placed placed{requested, NoLargerThan(settings.virtualScreen, settings.newSize, settings.dpi)};
   const Size shown{ScaledLength(placed.size.width, settings.dpi),
                    ScaledLength(placed.size.height, settings.dpi)};
   switch (settings.appear) {

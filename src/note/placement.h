@@ -40,9 +40,10 @@ struct Placed {
 };
 
 /// A requested position is used unchanged unless its x or y is -65535, which asks for automatic placement.
-/// That takes the size for new notes, and, with `preventOverlap`, moves on by 16 pixels both ways as long as
-/// one of `corners`, the top-left corners of all notes, is exactly there; partial overlaps are not avoided.
-/// Where that would lead out of the work area, it goes on from the opposite edge.
+/// That takes the size for new notes, but no more than all monitors have, and, with `preventOverlap`, moves
+/// on by 16 pixels both ways as long as one of `corners`, the top-left corners of all notes, is exactly
+/// there; partial overlaps are not avoided. Where that would lead out of the work area, it goes on from the
+/// opposite edge.
 Placed PlaceNewJotlet(Point requested, Size size, const PlacementSettings& settings,
                       std::span<const Point> corners);
 

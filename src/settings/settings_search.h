@@ -14,8 +14,8 @@ struct SettingWords {
   Text words;
 };
 
-/// The settings, in their order, of which each word of the query is said, in any case. None for a query
-/// without a word.
+/// The settings of which each word of the query is said, in any case: those of which words begin so before
+/// the others, each in their order. None for a query without a word.
 std::vector<std::uint16_t> FindSettings(TextView query, std::span<const SettingWords> settings);
 
 }  // namespace jotlets

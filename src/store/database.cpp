@@ -92,6 +92,23 @@ void Database::Watch(std::function<void(std::int64_t)> changed) {
   sqlite3_update_hook(handle_.get(), tell, this);
 }
 
+void Database::KeepLog() {
+  logPages_ = 0;
+  const auto remember = [](void* database, sqlite3*, const char*, int pages) {
+    static_cast<Database*>(database)->logPages_ = pages;
+    return SQLITE_OK;
+  };
+  sqlite3_wal_hook(handle_.get(), remember, this);
+}
+
+void Database::EmptyLog() {
+  constexpr int kLong = 1000;
+  if (logPages_ < kLong) return;
+  logPages_ = 0;
+  // Where somebody reads an old part of it, the rest goes the next time.
+  sqlite3_wal_checkpoint_v2(handle_.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
+
 DatabaseResult Database::Run(const char* sql) {
   return handle_ == nullptr ? DatabaseResult::kFailed
                             : ResultOf(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr));

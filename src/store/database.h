@@ -57,6 +57,12 @@ class Database {
   /// Whom to tell of the key of every row that is put in, changed or removed from here on, by this object.
   void Watch(std::function<void(std::int64_t key)> changed);
 
+  /// From here on the log of this object's commits goes into the file by `EmptyLog` alone: else the commit
+  /// that makes it long takes the time for it.
+  void KeepLog();
+  /// Puts the log into the file if it is long.
+  void EmptyLog();
+
   /// Runs statements that give no rows.
   DatabaseResult Run(const char* sql);
   Statement Prepare(const char* sql);
@@ -80,6 +86,7 @@ class Database {
   std::unique_ptr<sqlite3, Closer> handle_;
   Text openFault_;
   std::function<void(std::int64_t)> changed_;
+  int logPages_ = 0;
 };
 
 }  // namespace jotlets

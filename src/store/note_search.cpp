@@ -69,7 +69,7 @@ void NoteSearch::EndSearch() {
   {
     const std::lock_guard lock(mutex_);
     ++asked_;
-    answer_.reset();
+    told_.answer.reset();
   }
   if (searches_) reads_.Interrupt();
 }
@@ -83,7 +83,7 @@ void NoteSearch::Say(State state, Text line) {
   {
     const std::lock_guard lock(mutex_);
     if (state_ != State::kUnusable) state_ = state;
-    lines_.push_back(std::move(line));
+    told_.lines.push_back(std::move(line));
   }
   context_.wake();
 }
@@ -162,24 +162,56 @@ void NoteSearch::Tell(SearchNews news) {
 }
 
 void NoteSearch::Ask(TextView typed, std::size_t maximum) {
+  question_ = {Text(typed), maximum, 0, !typed.empty()};
+  AskAgain();
+}
+
+void NoteSearch::AskSurvey(SurveyQuestion question) {
+  {
+    const std::lock_guard lock(mutex_);
+    told_.survey.reset();
+  }
+  const bool waits = !question.typed.empty();
+  survey_ = {std::move(question), waits};
+  AskAgain();
+}
+
+// What is asked at the same time shares one thread: each new question ends what is being looked for.
+void NoteSearch::AskAgain() {
   EndSearch();
-  question_ = {Text(typed), maximum, asked_, !typed.empty()};
-  if (!question_.waits) return;
+  question_.number = asked_;
+  if (!question_.waits && !survey_.waits) return;
   BuildAgain();
-  if (CurrentState() != State::kUnusable)
-    return searcher_.Post([this, question = question_] { Look(question.number, [&] { Answer(question); }); });
+  const bool isUsable = CurrentState() != State::kUnusable;
+  if (question_.waits && isUsable)
+    searcher_.Post([this, question = question_] { Look(question.number, [&] { Answer(question); }); });
+  if (survey_.waits && isUsable)
+    searcher_.Post([this, question = survey_.question, number = question_.number] {
+      Look(number, [&] { Answer(question, number); });
+    });
+  if (!question_.waits || isUsable) return;
   SearchAnswer answer;
-  answer.typed = typed;
+  answer.typed = question_.typed;
   answer.all = true;
   answer.cannotLook = true;
   Post(std::move(answer), question_.number);
+}
+
+void NoteSearch::Answer(const SurveyQuestion& question, int number) {
+  std::optional<SearchSurvey> survey = reads_.Survey(question, context_.clock);
+  {
+    const std::lock_guard lock(mutex_);
+    if (!survey || number != asked_) return;
+    told_.survey = std::move(survey);
+  }
+  context_.wake();
 }
 
 void NoteSearch::Post(SearchAnswer answer, int number) {
   {
     const std::lock_guard lock(mutex_);
     if (number != asked_) return;
-    answer_ = std::move(answer);
+    told_.answer = std::move(answer);
   }
   context_.wake();
 }
@@ -242,8 +274,8 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
   bool damaged = false;
   {
     const std::lock_guard lock(mutex_);
-    lines.swap(lines_);
-    answer.swap(answer_);
+    lines.swap(told_.lines);
+    answer.swap(told_.answer);
     damaged = std::exchange(damage_.index, false);
   }
   for (const Text& line : lines) context_.log.Write(kLogLifecycle, line);
@@ -251,8 +283,18 @@ std::optional<SearchAnswer> NoteSearch::Poll() {
   damaged = damaged && IsRunning();
   if (damaged) Renew();
   // Before the index was open there was nobody to answer, and before it was complete not all was known.
-  if ((damaged || !lines.empty()) && !question_.typed.empty()) Ask(Text(question_.typed), question_.maximum);
+  if (damaged || !lines.empty()) {
+    question_.waits = !question_.typed.empty();
+    survey_.waits = !survey_.question.typed.empty();
+    AskAgain();
+  }
   return answer;
+}
+
+std::optional<SearchSurvey> NoteSearch::PollSurvey() {
+  const std::lock_guard lock(mutex_);
+  if (told_.survey) survey_.waits = false;
+  return std::exchange(told_.survey, std::nullopt);
 }
 
 bool NoteSearch::FoundDamagedStore() {
@@ -278,7 +320,7 @@ std::optional<std::vector<Text>> NoteSearch::Names(TextView typed) {
   // Behind what has been told so far.
   indexer_.Post([this, look] { searcher_.Post(look); });
   const bool inTime = found.wait_for(kLongestWait) == std::future_status::ready;
-  if (question_.waits) Ask(Text(question_.typed), question_.maximum);
+  AskAgain();
   // What was told last may have failed.
   return inTime && CurrentState() == State::kComplete ? found.get() : std::nullopt;
 }

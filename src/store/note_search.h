@@ -54,6 +54,11 @@ class NoteSearch {
   /// nothing is typed. `Poll` brings the answer, in up to two parts, and a new one when the index has become
   /// complete.
   void Ask(TextView typed, std::size_t maximum);
+  /// Asks where the notes are that hold the words, beside what else is asked; nothing is done when nothing is
+  /// typed. `PollSurvey` brings the answer, and a new one when the index has become complete.
+  void AskSurvey(SurveyQuestion question);
+  /// After `Poll`.
+  std::optional<SearchSurvey> PollSurvey();
   /// Writes to the log what the threads had to say; the answer, when there is news of it.
   std::optional<SearchAnswer> Poll();
   /// Whether the store turned out to be damaged since the last call.
@@ -69,6 +74,10 @@ class NoteSearch {
     int number = 0;
     bool waits = false;  // for more of an answer
   };
+  struct Survey {
+    SurveyQuestion question;
+    bool waits = false;
+  };
   enum class State {
     kClosed,
     kBuilding,
@@ -83,6 +92,7 @@ class NoteSearch {
   void BuildAgain();
   void Apply(const SearchNews& news);
   void Answer(const Question& question);
+  void Answer(const SurveyQuestion& question, int number);
   void Post(SearchAnswer answer, int number);
   void Look(int number, const std::function<void()>& look);
   State CurrentState();
@@ -91,11 +101,13 @@ class NoteSearch {
   void Fail();
   void SayDamaged();
   void EndSearch();
+  void AskAgain();
   void Renew();
 
   Context context_;
   Text folder_;  // empty while it is closed
   Question question_;
+  Survey survey_;
   int renewals_ = 0;
   std::int64_t nextTry_ = 0;
 
@@ -113,8 +125,12 @@ class NoteSearch {
 
   // What the threads have to say.
   std::mutex mutex_;
-  std::vector<Text> lines_;
-  std::optional<SearchAnswer> answer_;
+  struct Told {
+    std::vector<Text> lines;
+    std::optional<SearchAnswer> answer;
+    std::optional<SearchSurvey> survey;
+  };
+  Told told_;
   State state_ = State::kClosed;
   struct Damage {
     bool index = false;

@@ -132,14 +132,17 @@ void NoteStore::Close() {
 }
 
 void NoteStore::BeginChange() {
+  lost_ = false;
   changing_ = Provide() && database_.Run("BEGIN IMMEDIATE") == DatabaseResult::kDone;
 }
 
 bool NoteStore::EndChange() {
-  if (!std::exchange(changing_, false)) return true;
+  if (!std::exchange(changing_, false)) return !std::exchange(lost_, false);
   if (database_.Run("COMMIT") == DatabaseResult::kDone) return true;
   Tell(u"could not be changed: " + database_.Fault());
   database_.Run("ROLLBACK");
+  lost_ = true;
+  ++version_;
   return false;
 }
 
@@ -162,6 +165,7 @@ std::vector<StoredCategory> NoteStore::Categories() {
 bool NoteStore::RenameCategory(TextView from, TextView to) {
   Statement update = database_.Prepare("UPDATE jotlets SET category = ? WHERE category = ?");
   update.Bind(to).Bind(from);
+  EndChange();
   const bool renamed = Change(update);
   if (!renamed) Tell(u"could not rename a category: " + database_.Fault());
   return renamed;

@@ -54,7 +54,8 @@ class NoteStore {
   /// What is changed from here on is written together, by `EndChange`: much sooner done than one by one. Who
   /// must know that a note is on the disk ends what others have begun.
   void BeginChange();
-  /// False, and nothing is changed, when that could not be written; true where nothing was begun.
+  /// False, and nothing is changed, when that could not be written, for others who ended it meanwhile or now;
+  /// true where nothing was begun.
   bool EndChange();
 
   /// Of the notes that were about to leave when the program ended, those that are in a list belong there, and
@@ -72,8 +73,11 @@ class NoteStore {
 
   /// The keys of a category, the oldest first.
   std::vector<std::int64_t> KeysOf(TextView category);
-  /// Moves the keys of the notes that came, went or were changed since the last call.
-  std::unordered_set<std::int64_t> MoveChanges() { return std::exchange(changes_, {}); }
+  /// Moves the keys of the notes that came, went or were changed since the last call; none that others, who
+  /// read the file, cannot see yet.
+  std::unordered_set<std::int64_t> MoveChanges() {
+    return changing_ ? std::unordered_set<std::int64_t>() : std::exchange(changes_, {});
+  }
 
   /// Of all notes, without their records: ids, and whether they are pictures.
   struct Claim {
@@ -95,6 +99,7 @@ class NoteStore {
   Database database_;
   std::uint64_t version_ = 0;
   bool changing_ = false;  // what is changed is written later, together
+  bool lost_ = false;      // that could not be done
   std::unordered_set<std::int64_t> changes_;
 };
 

@@ -53,6 +53,8 @@ void SearchBuilder::Check(bool written) {
 bool SearchBuilder::EndWriting() {
   if (fine_) Check(index_.Commit());
   if (!fine_) index_.RollBack();
+  // Who searches sees it by now.
+  index_.Settle();
   return fine_;
 }
 

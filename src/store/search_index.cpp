@@ -89,6 +89,7 @@ bool SearchIndex::OpenFile(TextView path) {
   if (database_.Number("SELECT count(*) FROM sqlite_master", -1) == 0 && !Done(database_.Run(kForm)))
     return false;
   damaged_ = damaged_ || !HasForm();
+  if (!damaged_) database_.KeepLog();
   return !damaged_;
 }
 

@@ -11,6 +11,7 @@
 #include "base/geometry.h"
 #include "store/database.h"
 #include "store/search_hits.h"
+#include "store/search_survey.h"
 
 namespace jotlets {
 
@@ -66,6 +67,8 @@ class SearchIndex {
   /// Changes are seen by who searches when they are committed.
   void Begin();
   bool Commit();
+  /// What has been committed goes to its place in the file, now and then: to be called when nobody waits.
+  void Settle() { database_.EmptyLog(); }
   /// Everything since `Begin` is undone: a note that was taken in by half would never leave the index again.
   void RollBack();
   /// What the index has of a note, by its folded id.
@@ -93,6 +96,8 @@ class SearchIndex {
   /// The ids, of stored ones the keys, of the notes that hold the words, the latest first.
   std::optional<std::vector<Text>> Names(const SearchQuery& query, const SearchSpan& span,
                                          std::size_t maximum);
+  /// Counts the notes that hold the words, up to some ten thousand.
+  std::optional<SearchSurvey> Survey(const SurveyQuestion& question, const Clock& clock);
   /// Ends what is being looked for, from another thread, and whatever comes until `Resume`.
   void Interrupt();
   void Resume() { interrupted_ = false; }

@@ -26,10 +26,12 @@ struct SearchTerm {
 /// Where a note is.
 enum class SearchPlace : std::uint8_t { kDesktop, kAttached, kSleeping, kRecurring, kClosed, kStored };
 
+inline constexpr std::size_t kSearchPlaces = 6;
+
 /// A set of places: the sum of 1 << place.
 using SearchPlaces = std::uint32_t;
 constexpr SearchPlaces PlaceBit(SearchPlace place) { return 1U << static_cast<unsigned>(place); }
-inline constexpr SearchPlaces kAllPlaces = PlaceBit(SearchPlace::kStored) * 2 - 1;
+inline constexpr SearchPlaces kAllPlaces = (1U << kSearchPlaces) - 1;
 
 struct SearchQuery {
   std::vector<SearchTerm> terms;

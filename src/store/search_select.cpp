@@ -10,6 +10,8 @@ namespace jotlets {
 namespace {
 
 constexpr std::size_t kSnippetLength = 160;
+constexpr std::size_t kMaximumCounted = 20'000;
+constexpr std::size_t kMaximumNamed = 500;
 // Notes that were changed in the same second may stand some days after it.
 constexpr std::int64_t kSpilledRows = std::int64_t{1} << 24;
 
@@ -158,6 +160,39 @@ std::optional<std::vector<Text>> SearchIndex::Names(const SearchQuery& query, co
     names.push_back(isStored ? IntText(name.NumberAt(2)) : name.TextAt(0));
   }
   return names;
+}
+
+std::optional<SearchSurvey> SearchIndex::Survey(const SurveyQuestion& question, const Clock& clock) {
+  SearchQuery query = ParseSearchQuery(question.typed);
+  for (SearchTerm& term : query.terms)
+    if (question.titles && term.in == SearchIn::kAnywhere) term.in = SearchIn::kTitle;
+  const SearchSpan span = SpanOf(query, clock);
+  SearchSurvey survey;
+  survey.question = question;
+  if (query.IsEmpty()) return survey;
+  const bool hasWords = !FullTextExpression(query, false).empty();
+  const std::optional<Rows> rows =
+      hasWords ? Select(query, span, kMaximumCounted, false) : ScanRows(query, span, kMaximumCounted);
+  if (!rows) return std::nullopt;
+  survey.more = rows->size() >= kMaximumCounted;
+  Statement select = database_.Prepare("SELECT id, place, stored, category FROM notes WHERE key = ?");
+  for (const std::int64_t row : *rows) {
+    if (interrupted_) return std::nullopt;
+    select.Reset();
+    select.Bind(row);
+    const auto place = static_cast<std::uint64_t>(
+        select.Step() == DatabaseResult::kRow ? select.NumberAt(1) : std::int64_t{kSearchPlaces});
+    if (place >= kSearchPlaces) continue;
+    ++survey.places[place];
+    const bool isStored = place == static_cast<std::uint64_t>(SearchPlace::kStored);
+    const Text category = isStored ? select.TextAt(3) : Text();
+    if (isStored) ++survey.categories[category];
+    const bool isNamed = ((question.places >> place) & 1) != 0 &&
+                         (!isStored || !question.category || *question.category == category);
+    if (isNamed && survey.hits.size() < kMaximumNamed)
+      survey.hits.push_back({select.TextAt(0), isStored ? select.NumberAt(2) : 0});
+  }
+  return survey;
 }
 
 }  // namespace jotlets

@@ -14,7 +14,7 @@ constexpr TextView kMade = u".rescued";
 constexpr std::int64_t kAtOnce = 200;
 constexpr std::int64_t kNoKey = 0;
 // As far behind the last key that could be read, when nobody can tell which was given out last.
-constexpr std::int64_t kFurther = 100'000;
+constexpr std::int64_t kFurther = 10'000;
 
 bool IsThere(const Files& files, const Text& path) { return files.Exists(path) && files.Size(path) > 0; }
 

@@ -75,7 +75,7 @@ void Paint(DressedControl kind, HWND control, const Theme& theme) {
   const HDC dc = BeginPaint(control, &paint);
   RECT area{};
   GetClientRect(control, &area);
-  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+  const HFONT font = FontOf(control);
   const UniqueDc memory(CreateCompatibleDC(dc));
   const UniqueBitmap bitmap(CreateCompatibleBitmap(dc, area.right, area.bottom));
   if (IsGroup(kind, control)) {

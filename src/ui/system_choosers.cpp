@@ -25,7 +25,7 @@ Text WithNuls(Text filter) {
   return filter;
 }
 
-Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Text& name, bool save) {
+Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Text& name, DWORD flags) {
   const Text pairs = WithNuls(filter);
   Text path(kLongestPath, u'\0');
   name.copy(path.data(), std::min(name.size(), kLongestPath - 1));
@@ -36,9 +36,9 @@ Text ChooseFile(HWND owner, const Text& filter, const Text& extension, const Tex
   dialog.lpstrFile = WideBuffer(path);
   dialog.nMaxFile = static_cast<DWORD>(path.size());
   dialog.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
-  dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR |
-                 (save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
-  if (!(save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog))) return {};
+  dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | flags;
+  const bool opens = (flags & OFN_FILEMUSTEXIST) != 0;
+  if (!(opens ? GetOpenFileNameW(&dialog) : GetSaveFileNameW(&dialog))) return {};
   path.resize(path.find(u'\0'));
   return path;
 }
@@ -59,10 +59,16 @@ std::optional<Colour> ChooseSystemColour(HWND owner, Colour colour) {
 }
 
 Text ChooseFileToSave(HWND owner, const Text& filter, const Text& extension, const Text& name) {
-  return ChooseFile(owner, filter, extension, name, true);
+  return ChooseFile(owner, filter, extension, name, OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST);
 }
 
-Text ChooseFileToOpen(HWND owner, const Text& filter) { return ChooseFile(owner, filter, {}, {}, false); }
+Text ChooseNewFile(HWND owner, const Text& filter, const Text& extension, const Text& name) {
+  return ChooseFile(owner, filter, extension, name, OFN_PATHMUSTEXIST);
+}
+
+Text ChooseFileToOpen(HWND owner, const Text& filter) {
+  return ChooseFile(owner, filter, {}, {}, OFN_FILEMUSTEXIST);
+}
 
 Text ChooseFolder(HWND owner, const Resources& resources, UINT question, TextView present) {
   const Text title = resources.String(question);

@@ -52,6 +52,10 @@ void Tell(HWND owner, const Resources& resources, UINT text, TextView value) {
   ShowBox(owner, resources, ReplaceAll(resources.String(text), u"%s", value), MB_OK | MB_ICONWARNING);
 }
 
+void Report(HWND owner, const Resources& resources, const Text& told, bool left) {
+  ShowBox(owner, resources, told, MB_OK | (left ? MB_ICONWARNING : MB_ICONINFORMATION));
+}
+
 bool AskFirst(HWND owner, const Resources& resources, UINT question, TextView value) {
   return ShowBox(owner, resources, ReplaceAll(resources.String(question), u"%s", value),
                  MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;

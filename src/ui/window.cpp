@@ -87,10 +87,25 @@ Text WindowText(HWND window) {
 
 UniqueFont BolderFont(HWND control) {
   LOGFONTW face{};
-  const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
-  if (GetObjectW(font, sizeof face, &face) == 0) return {};
+  if (GetObjectW(FontOf(control), sizeof face, &face) == 0) return {};
   face.lfWeight = FW_SEMIBOLD;
   return UniqueFont(CreateFontIndirectW(&face));
+}
+
+int LineHeight(HFONT font) {
+  const HDC dc = GetDC(nullptr);
+  TEXTMETRICW metrics{};
+  {
+    const Selected selected(dc, font);
+    GetTextMetricsW(dc, &metrics);
+  }
+  ReleaseDC(nullptr, dc);
+  return metrics.tmHeight;
+}
+
+int FieldHeight(HFONT font) {
+  constexpr int kAir = 2;
+  return LineHeight(font) + 2 * (GetSystemMetrics(SM_CYEDGE) + kAir);
 }
 
 }  // namespace jotlets

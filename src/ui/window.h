@@ -65,10 +65,17 @@ inline Rect FromRECT(const RECT& r) {
           static_cast<std::int32_t>(r.right), static_cast<std::int32_t>(r.bottom)};
 }
 
-/// The Windows form of a colour.
+inline HFONT FontOf(HWND control) { return reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)); }
+
 /// A font like that of a control, but bolder.
 UniqueFont BolderFont(HWND control);
 
+/// How high a line of a font is, in pixels.
+int LineHeight(HFONT font);
+/// How high a field of one line with this font is: its text stands at its top, and so in its middle.
+int FieldHeight(HFONT font);
+
+/// The Windows form of a colour.
 inline COLORREF ToCOLORREF(Colour colour) { return RGB(colour.r, colour.g, colour.b); }
 
 /// Where the mouse is on the screen now.

@@ -149,6 +149,22 @@ TEST(ACutFile, IsToldByItsLastRecordLine) {
     EXPECT_FALSE(Parse(whole).cut);
 }
 
+TEST(ALostHeader, IsToldByTheRecordsBelowIt) {
+  const auto lost = [](TextView text) { return Parse(text).headerLost; };
+  for (const TextView text :
+       {u"[Options]\niniver=2\n[Jotlevs]\n<X>1<ID>A<RTF>\n[Deleted jotlets]\n",
+        u"[otlets]\n1:2:3:old\n[Stacks]\n", u"[Jotlets]\n[Friends]\nann,1\n[Deleted]\n<ID>A<rtf>{\\rtf1 }\n",
+        u"[Deleted\n14|<ID>A<RTF>\n[Jotlets]\n",
+        u"[Options]\nVersion=Jotlets v8.0c\n\n[Jotlets \n\n[Deleted jotlets]\n"})
+    EXPECT_TRUE(lost(text)) << ToUtf8(text);
+  for (const TextView text : {u"[Options]\nVersion=2\n[Deleted jotlets]\n<ID>A<RTF>\n",
+                              u"[Other]\nkey=<b>\n12:30 dentist\n[Jotlets]\n",
+                              u"[Options]\nVersion=Jotlets v8.0c\niniver=4\n[Notes]\n<ID>A<RTF>\n"})
+    EXPECT_FALSE(lost(text)) << ToUtf8(text);
+  const DataFile file = Parse(u"[Stacks]\n<ID>1<TITLE>a\n[Jotlet]\n<X>1<TITLE>b=c<ID>A<RTF>\n");
+  EXPECT_TRUE(file.headerLost && file.stacks.size() == 1) << "a record is no stack";
+}
+
 TEST(RecordLines, AreNeverOlderThanTheirRecords) {
   std::vector<JotletData> records(4);
   for (std::size_t i = 0; i < records.size(); ++i) records[i].id = u"R" + IntText(static_cast<int>(i));

@@ -5,6 +5,8 @@
 #include <filesystem>
 
 #include "data/data_folder.h"
+#include "desk/note_import.h"
+#include "desk/undo_import.h"
 #include "fake_desk.h"
 
 namespace jotlets {
@@ -63,6 +65,64 @@ TEST_F(FolderImportTest, WhatIsGivenUpKeepsWhatHasBecomeNotes) {
   home.files.Put(folder_ + Text(kStoreFileName), "some");
   home.store.Open(folder_);
   EXPECT_EQ(home.store.KeysOf(u"in").size(), 3u);
+}
+
+TEST_F(FolderImportTest, MakesANoteOfEachThatAFileHolds) {
+  home.files.Put(u"E:\\in\\Trips.enex",
+                 "<en-export><note><title>a</title><created>20201010T101010Z</created>"
+                 "<updated>20201010T101011Z</updated><resource/></note><note></en-export>");
+  home.files.Put(u"E:\\in\\list.csv", "title,category\none,Work\ntwo,\n");
+  Latin1 ansi;
+  const FolderImport::Context context{home.files, ansi, home.log, home.desk, home.store, 2000};
+  FolderImport folder(context, u"E:\\in\\");
+  EXPECT_EQ(folder.Finish(), Job::State::kDone);
+  EXPECT_EQ(folder.Percent(), 100);
+  ASSERT_EQ(folder.Imported(), 3u);
+  ASSERT_EQ(folder.Faults().size(), 2u);
+  EXPECT_EQ(folder.Faults()[0].path, u"E:\\in\\Trips.enex: note 1");
+  EXPECT_EQ(folder.Faults()[0].reason, u"without a picture or file without a name");
+  EXPECT_EQ(folder.Faults()[1].path, u"E:\\in\\Trips.enex");
+  const std::vector<std::int64_t> trips = home.store.KeysOf(u"in/Trips");
+  ASSERT_EQ(trips.size(), 1u);
+  EXPECT_EQ(home.store.Find(trips.front())->record.created, 1602324610);
+  EXPECT_EQ(home.store.Find(trips.front())->record.modified, 1602324611);
+  EXPECT_EQ(home.store.KeysOf(u"Work").size(), 1u);
+  EXPECT_EQ(home.store.KeysOf(u"in/list").size(), 1u);
+
+  // The columns chosen, of one file alone.
+  Text reason;
+  const auto preview = PreviewOfTable(home.files, ansi, u"E:\\in\\list.csv", reason);
+  EXPECT_EQ(preview.value().rows.size(), 3u);
+  FolderImport alone(context, u"E:\\in\\list.csv", CsvColumns{.title = 1, .text = 0});
+  EXPECT_EQ(alone.Finish(), Job::State::kDone);
+  EXPECT_EQ(home.store.KeysOf(u"list").size(), 3u);
+
+  home.files.Put(u"E:\\in\\large.csv", std::string(kLargestCollection + 1, 'x'));
+  FolderImport large(context, u"E:\\in\\large.csv");
+  large.Finish();
+  EXPECT_EQ(large.Faults().front().reason, u"the file is over 64 MB");
+}
+
+TEST_F(FolderImportTest, CanBeUndone) {
+  for (int i = 0; i < 250; ++i) home.files.Put(u"E:\\in\\" + IntText(i) + u".txt", "x");
+  home.Load(u"[Jotlets]\n<ID>A<RTF>\n");
+  ASSERT_TRUE(home.desk.Store(u"A", u"in"));
+  Latin1 ansi;
+  FolderImport job({home.files, ansi, home.log, home.desk, home.store, 2000}, u"E:\\in\\");
+  ASSERT_EQ(job.Finish(), Job::State::kDone);
+  const JotletData first = home.store.Find(job.Keys()[0])->record;
+  const Text fetched = home.desk.Fetch(job.Keys()[1]);
+  ASSERT_FALSE(fetched.empty());
+  UndoImport undo(home.desk, home.store, job.Keys());
+  EXPECT_EQ(undo.Step(1), Job::State::kRunning);
+  EXPECT_EQ(undo.Left(), 50u);
+  EXPECT_EQ(undo.Percent(), 80);
+  EXPECT_EQ(undo.Finish(), Job::State::kDone);
+  EXPECT_EQ(undo.Left(), 0u);
+  EXPECT_EQ(home.store.KeysOf(u"in").size(), 1u) << "that of somebody else";
+  EXPECT_TRUE(home.IsOpen(fetched)) << "the user has it now";
+  EXPECT_TRUE(home.desk.Saver().SaveIfDirty());
+  EXPECT_FALSE(home.files.Exists(u"D:\\" + ContentPath(first)));
 }
 
 // A note that is stored meanwhile is on the disk when it has left its list.

@@ -50,6 +50,7 @@ TEST(Size, IsNeverBelowTheMinimum) {
 TEST(ShownTitle, IsTheTitleOrTheFirstLineWithText) {
   EXPECT_EQ(ShownTitle(u"Own\r\ntitle", u"text"), u"Own title");
   EXPECT_EQ(ShownTitle(u"", u"  \r\n\n  first  \rsecond"), u"first");
+  EXPECT_EQ(ShownTitle(u"", u"\tthird\tone"), u"third one");
   EXPECT_EQ(ShownTitle(u"", u"\r\n  \n"), u"");
   EXPECT_EQ(ShownTitle(u"", Text(500, u'x')).size(), 80u);
 }

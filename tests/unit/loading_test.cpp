@@ -122,6 +122,29 @@ TEST_F(Loading, ACutFileLosesNothingWhereverItWasCut) {
   }
 }
 
+// Any letter of any header, with and without the copy of the last exit.
+TEST_F(Loading, AWrongLetterInAHeaderLosesNothing) {
+  JotletData open, closed;
+  open.Reset({}, 5, u"A");
+  closed.Reset({}, 5, u"D");
+  closed.deletedTime = 1'400'000'000;
+  const std::vector<StackRecord> stacks = {ParseStackLine(u"<ID>4<TITLE>Work", 1)};
+  const Text whole = ComposeDataFile({u"ME", stacks, {&open}, {}, {&closed}, false});
+  for (const Text header : {u"[Stacks]", u"[Jotlets]", u"[Deleted jotlets]"}) {
+    for (std::size_t letter = 0; letter < header.size(); ++letter) {
+      Text bent = whole;
+      bent[whole.find(header) + letter] = u'~';
+      files = FakeFiles();
+      Put(kFile, bent);
+      EXPECT_TRUE(Load().damaged && files.Keeps(EncodeTextFile(bent))) << ToUtf8(bent);
+      Put(kExitCopy, whole);
+      const LoadedData loaded = Load();
+      EXPECT_EQ(Ids(loaded.file.jotlets) + Ids(loaded.file.deleted), u"A D ") << ToUtf8(bent);
+      EXPECT_TRUE(loaded.file.stacks == stacks) << ToUtf8(bent);
+    }
+  }
+}
+
 TEST_F(Loading, AFileThatCannotBePutAsideMustNotBeReplaced) {
   files.Put(kFile, "damage");
   files.changesUntilFailure = 0;
@@ -202,10 +225,11 @@ TEST_F(Loading, ClosedNotesBeyondTheLimitAreLeftOut) {
                    .append(u"\n[Deleted jotlets]\n<ID>A<RTF>\n<ID>B<RTF>\n<ID>C<RTF>{\\rtf1 c}\n"));
     return Ids(Load().file.deleted);
   };
-  EXPECT_EQ(kept(u"0") + kept(u"-1"), u"");
+  EXPECT_EQ(kept(u"0"), u"");
   EXPECT_EQ(kept(u"2"), u"A B ");
   EXPECT_EQ(Content(u"C"), "(missing)");
   EXPECT_EQ(kept(u"5"), u"A B C ");
+  EXPECT_EQ(kept(u"-1"), u"A B C ") << "as by default";
 }
 
 class ContentCheck : public Loading {

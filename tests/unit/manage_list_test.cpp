@@ -106,6 +106,14 @@ TEST_F(ManageListTest, FindsAllWordsInWhatIsSearchedAndReadsEachTextOnce) {
   EXPECT_EQ(Found(u"anna", kSearchUserStrings | kSearchTitles), u"");
   EXPECT_EQ(Found(u"anna", kSearchSources), u"D");
   EXPECT_EQ(Found(u""), u"ABCD");
+  // What somebody else has found holds the words until another answer comes.
+  EXPECT_EQ(Found(u"-rope", kSearchTitles), u"");
+  EXPECT_TRUE(list_.SetFound({u"a", u"gone"}));
+  EXPECT_EQ(Ids(), u"A");
+  EXPECT_FALSE(list_.SetFound({u"a", u"gone"}));
+  EXPECT_EQ(Found(u"-ropes", kSearchTitles), u"A");
+  EXPECT_TRUE(list_.SetFound({}));
+  EXPECT_EQ(Ids(), u"");
 
   // A saved change makes a text unknown, an unsaved one keeps it so.
   Found(u"pounds");

@@ -159,6 +159,37 @@ TEST_F(NoteSearchTest, KnowsTheStoreAndWhatMovesInAndOut) {
   EXPECT_EQ(Names(u"apple"), Ids());
 }
 
+TEST_F(NoteSearchTest, TellsWhereTheNotesAreThatHoldTheWords) {
+  MakeStore();
+  notes = {Note(u"A", u"Apple", "tea"), Note(u"B", u"Cake", "apple pie"), Note(u"C", u"Apple tree", "")};
+  notes[2].note.place = SearchPlace::kClosed;
+  Start();
+  std::optional<SearchSurvey> survey;
+  const auto ask = [&](SurveyQuestion question) {
+    search.AskSurvey(std::move(question));
+    return Await([&] { return (survey = search.PollSurvey()).has_value(); });
+  };
+  // In the middle of another question, which is answered as well.
+  search.Ask(u"apple", 10);
+  ASSERT_TRUE(ask({u"apple", false, PlaceBit(SearchPlace::kStored) | PlaceBit(SearchPlace::kClosed), {}}));
+  EXPECT_TRUE(Await([&] { return !answers.empty() && answers.back().all; }));
+  EXPECT_EQ(answers.back().results.size(), 4U);
+  EXPECT_EQ(survey->places, (std::array<std::size_t, kSearchPlaces>{2, 0, 0, 0, 1, 1}));
+  EXPECT_EQ(survey->categories, (std::map<Text, std::size_t>{{u"Orchard", 1}}));
+  ASSERT_EQ(survey->hits.size(), 2U);
+  const bool storedFirst = survey->hits[0].key == 1;
+  EXPECT_EQ(survey->hits[storedFirst ? 0 : 1].id, u"S1");
+  EXPECT_EQ(survey->hits[storedFirst ? 1 : 0].id, u"C");
+  ASSERT_TRUE(ask({u"apple -tree", true, kAllPlaces, u"Cellar"}));
+  EXPECT_EQ(survey->places, (std::array<std::size_t, kSearchPlaces>{1, 0, 0, 0, 0, 1}));
+  ASSERT_EQ(survey->hits.size(), 1U) << "of the stored ones none is in that category";
+  EXPECT_EQ(survey->hits[0].id, u"A");
+  // Whoever asks again gets no answer to what he asked before.
+  search.AskSurvey({u"apple", false, kAllPlaces, {}});
+  ASSERT_TRUE(ask({u"pie", false, kAllPlaces, {}}));
+  EXPECT_EQ(survey->question.typed, u"pie");
+}
+
 TEST_F(NoteSearchTest, KeepsWhatItHasOfAStoreThatCannotBeRead) {
   MakeStore();
   notes = {Note(u"A", u"apple", "")};

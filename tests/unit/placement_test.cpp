@@ -34,6 +34,9 @@ TEST(Placement, IsAsRequestedInTheMiddleOrAtTheCoordinates) {
     const Placed automatic = Place(half, Settings(2));
     EXPECT_TRUE(automatic.position == (Point{30, 40}) && automatic.size == (Size{201, 101}));
   }
+  PlacementSettings wild = Settings(2);
+  wild.newSize = {kMax, kMax}, wild.dpi = 192;
+  EXPECT_EQ(Place(kAnywhere, wild).size, (Size{1920, 540})) << "none can be reached behind it";
   const Placed asked = Place({7, 8}, Settings(0), {{7, 8}});
   EXPECT_TRUE(asked.position == (Point{7, 8}) && asked.size == (Size{50, 60}));
 }

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "fakes.h"
+#include "store/search_builder.h"
 #include "store/search_words.h"
 #include "zone_clock.h"
 
@@ -222,6 +223,21 @@ TEST_F(SearchIndexTest, ThatIsDamagedBeginsAnew) {
     std::filesystem::remove(path_ + u"-wal");
   }
   EXPECT_GT(emptied, 20);
+}
+
+// What is committed does not pile up beside the file.
+TEST_F(SearchIndexTest, PutsItsLogIntoTheFileWhileItIsChanged) {
+  FakeFiles files;
+  const std::atomic<bool> stops = false;
+  SearchBuilder builder(files, index, stops);
+  builder.Begin(folder_, {});
+  for (int i = 0; i < 200; ++i) {
+    SearchNews news;
+    news.notes.push_back({{.id = IntText(i), .changed = i}, Text(60'000, u'x')});
+    ASSERT_TRUE(builder.Apply(news));
+  }
+  EXPECT_LT(std::filesystem::file_size(path_ + Text(u"-wal")), 8u << 20);
+  EXPECT_EQ(index.Count(), 200);
 }
 
 TEST_F(SearchIndexTest, MarksHitsInTitleAndSnippet) {

@@ -168,6 +168,10 @@ TEST(SettingsSearch, FindsEveryWordInAnyCase) {
   using Ids = std::vector<std::uint16_t>;
   EXPECT_EQ(FindSettings(u" NOTES  shad", said), Ids{1});
   EXPECT_EQ(FindSettings(u"notes", said), (Ids{1, 2}));
+  EXPECT_EQ(FindSettings(u"o", said), (Ids{1, 2})) << "inside of words";
+  EXPECT_EQ(FindSettings(u"to", said), (Ids{2}));
+  EXPECT_EQ(FindSettings(u"s", said), (Ids{1, 2}));
+  EXPECT_EQ(FindSettings(u"m", said), (Ids{2}));
   EXPECT_EQ(FindSettings(u"öff", said), Ids{3});
   EXPECT_EQ(FindSettings(u"notes nowhere", said), Ids{});
   EXPECT_EQ(FindSettings(u"  ", said), Ids{});

@@ -68,6 +68,33 @@ TEST(TextImport, ReadsTheWordsOfAPageAndNothingThatRuns) {
     EXPECT_LE(Said(TextOfHtml(broken).paragraphs).size(), 8u) << ToUtf8(broken);
 }
 
+// Texts made to keep a reader busy are read once through: what no person writes is words.
+TEST(TextImport, SearchesNoFurtherThanPeopleWrite) {
+  const auto said = [](TextView markdown) { return Said(TextOfMarkdown(markdown).paragraphs); };
+  const Text ticks(32, u'`');
+  EXPECT_EQ(said(u"a " + ticks + u"*b*" + ticks), u"(a *b*)/");
+  EXPECT_EQ(said(u"a `" + ticks + u"b`" + ticks), u"(a `" + ticks + u"b`" + ticks + u")/");
+  EXPECT_EQ(said(u"a<b <http://c<http://d>"), u"(a<b <http://chttp://d)/");
+  const Text blank(2000, u' ');
+  EXPECT_EQ(said(u"[a [b](http://c) ![d](e) [f" + blank + u"[g](h) [i](http://j) ["),
+            u"(a [b (http://c) d [f" + blank + u"g i (http://j) [)/");
+  Text open;
+  for (int count = 0; count < 1000; ++count) open += u"<b><i><s>";
+  EXPECT_EQ(Said(TextOfHtml(open + u"x").paragraphs), u"BIS(x)/");
+}
+
+TEST(TextImport, LooksForLongWordsOfALinkOnlyWhereTheyBeginOrEndItsTarget) {
+  const Text words(300, u'w');
+  const Text within = u"http://a/" + words + u"/";
+  EXPECT_EQ(LinkWords(words, within), words + u" (" + within + u")");
+  for (const TextView scheme : {u"https://", u"mailto:"}) {
+    const Text target = Text(scheme) + words + u"/";
+    EXPECT_EQ(LinkWords(words, target), target);
+    EXPECT_EQ(LinkWords(target, target + u"x"), target + u"x");
+    EXPECT_EQ(LinkWords(words, Text(scheme) + u"a/" + words), Text(scheme) + u"a/" + words);
+  }
+}
+
 // What was saved from a note comes back as it was.
 TEST(TextImport, TakesBackWhatTheNotesOfThisProgramWereSavedAs) {
   const std::string rtf =

@@ -117,9 +117,11 @@ TEST_F(ManageTest, FindsAClosedNoteByItsTextAndBringsItBackToItsPlace) {
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
   ASSERT_TRUE(OpenByKey());
   EXPECT_EQ(BoundsOf(Find()), (Rect{40, 60, 740, 460}));
-  GoToView(ManageView::kClosed);
-  EXPECT_TRUE(Shows(u"3 of 3")) << ToUtf8(Status());
   TypeText(u"About CC02");
+  const auto words = [] { return TextOfWindow(GetDlgItem(Find(), IDC_MANAGE_EMPTY)); };
+  EXPECT_TRUE(WaitUntil([&] { return words() == u"Nothing here holds these words.\nElsewhere: Closed 1"; }))
+      << ToUtf8(words());
+  GoToView(ManageView::kClosed);
   EXPECT_TRUE(Shows(u"1 of 3")) << ToUtf8(Status());
   PressKeys({VK_RETURN});
   EXPECT_TRUE(Shows(u"1 of 3, 1 selected")) << ToUtf8(Status());

@@ -209,12 +209,18 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
     const auto strips = WindowsOfClass(L"JotletsUndoStrip", program_->Id());
     return strips.empty() ? nullptr : strips[0];
   };
-  const auto undo = [&](const Text& words) {
+  const auto undo = [&](const Text& words, std::initializer_list<WORD> keys) {
     EXPECT_TRUE(WaitUntil([&] { return strip() != nullptr && TextOfWindow(strip()) == words; }))
         << ToUtf8(words);
-    EXPECT_NE(GetForegroundWindow(), strip());
-    const Rect at = BoundsOf(strip());
-    EXPECT_TRUE(ClickUntil([&] { return strip() == nullptr; }, {at.right - 20, at.top + at.Height() / 2}));
+    if (keys.size() > 0) {
+      // No other note is there to take the keyboard.
+      EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == strip(); }));
+      PressKeys(keys);
+      EXPECT_TRUE(WaitUntil([&] { return strip() == nullptr; }));
+    } else {
+      const Rect at = BoundsOf(strip());
+      EXPECT_TRUE(ClickUntil([&] { return strip() == nullptr; }, {at.right - 20, at.top + at.Height() / 2}));
+    }
     return WaitUntil([this] { return List(u"desktop").size() == 1; }) && ClickIntoText(NoteTitled(u"One"));
   };
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
@@ -222,16 +228,16 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
   const Text text = u"AA01typed ";
   EXPECT_TRUE(WaitUntil([&] { return ShownText(NoteTitled(u"One")) == text; }));
   PressKeys({VK_CONTROL, 'W'});
-  ASSERT_TRUE(undo(u"Closed. Undo"));
+  ASSERT_TRUE(undo(u"Closed. Undo", {VK_RETURN}));
   PressKeys({VK_CONTROL, 'H'});
-  ASSERT_TRUE(undo(u"Hidden. Undo"));
+  ASSERT_TRUE(undo(u"Hidden. Undo", {}));
   const auto deleteIt = [&] {
     PressKeys({VK_CONTROL, VK_SHIFT, VK_DELETE});
     EXPECT_NE(DialogInFront(), nullptr);
     PressKeys({'Y'});
   };
   deleteIt();
-  ASSERT_TRUE(undo(u"Deleted. Undo"));
+  ASSERT_TRUE(undo(u"Deleted. Undo", {VK_CONTROL, 'Z'}));
   EXPECT_EQ(ShownText(NoteTitled(u"One")), text);
   // The key of undoing has it back from the note that has the keyboard now, unless that is written in.
   const Text other = Create(u"kept");
@@ -254,7 +260,7 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
     EXPECT_EQ(List(u"desktop").size(), types ? 1u : 2u);
   }
   EXPECT_EQ(Reply(u"do desktop " + other + u" delete"), u"000 OK deleted");
-  ASSERT_TRUE(undo(u"Closed. Undo"));
+  ASSERT_TRUE(undo(u"Closed. Undo", {}));
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
   const Text id = List(u"desktop").front();
   deleteIt();

@@ -155,7 +155,12 @@ TEST_F(StartupTest, FoldersThatGoAwayAreMadeAgainWithAllThatIsOpen) {
   ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 300}, u"One")}, u"Debug=1"));
   // The data folder itself cannot go while the journal is held in it.
   for (const Text name : {u"rtf", u"images", u"jotlets.ini"})
-    std::filesystem::remove_all(std::filesystem::path(folder_ + name));
+    EXPECT_TRUE(WaitUntil([&] {
+      // The search may be looking into it just now.
+      std::error_code held;
+      std::filesystem::remove_all(std::filesystem::path(folder_ + name), held);
+      return !std::filesystem::exists(std::filesystem::path(folder_ + name));
+    }));
   EXPECT_EQ(Reply(u"set desktop AA01 title Two"), u"000 OK title set");
   EXPECT_EQ(ParseData().jotlets.at(0).record.title, u"Two");
   EXPECT_NE(Read(folder_ + u"rtf\\AA01.rtf").find("AA01"), std::string::npos);

@@ -65,7 +65,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
           {options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
           {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_, search_,
            saving_, managed_, trayCommands_, tray_, listeners_, clientLines_, menus_, installId_}) {
-  ServeImport();
+  ServeManaging();
 }
 
 Program::~Program() = default;

@@ -103,7 +103,7 @@ class Program final : private OpenNotesOwner,
   void OpenStore();
   /// Where the store is damaged or gone, makes it anew and opens it; the user waits for it.
   void RescueStore();
-  void ServeImport();
+  void ServeManaging();
   /// Somebody has found that the store cannot be read.
   void OnStoreDamaged();
   bool LoadJotlets();

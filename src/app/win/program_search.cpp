@@ -24,11 +24,18 @@ void ProgramSearch::Feed() {
 
 void ProgramSearch::OnNews() {
   if (auto answer = search_.Poll()) answered_(std::move(*answer));
+  if (const auto survey = search_.PollSurvey()) surveyed_(*survey);
 }
 
 void ProgramSearch::Ask(TextView typed, std::size_t maximum) {
   Feed();
   search_.Ask(typed, maximum);
+}
+
+bool ProgramSearch::AskSurvey(SurveyQuestion question) {
+  Feed();
+  search_.AskSurvey(std::move(question));
+  return search_.IsUsable();
 }
 
 std::optional<std::vector<Text>> ProgramSearch::Names(TextView typed) {

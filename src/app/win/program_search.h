@@ -33,6 +33,9 @@ class ProgramSearch {
   void Ask(TextView typed, std::size_t maximum);
   /// Who gets the answers.
   void Watch(std::function<void(SearchAnswer)> answered) { answered_ = std::move(answered); }
+  /// See `NoteSearch::AskSurvey`; false when no answer will come.
+  bool AskSurvey(SurveyQuestion question);
+  void WatchSurveys(std::function<void(const SearchSurvey&)> surveyed) { surveyed_ = std::move(surveyed); }
   bool IsUsable() { return search_.IsUsable(); }
   /// See `NoteSearch::Names`.
   std::optional<std::vector<Text>> Names(TextView typed);
@@ -42,6 +45,7 @@ class ProgramSearch {
   NoteDesk& desk_;
   NoteSearch search_;
   std::function<void(SearchAnswer)> answered_ = [](const SearchAnswer&) {};
+  std::function<void(const SearchSurvey&)> surveyed_ = [](const SearchSurvey&) {};
   bool comes_ = false;  // the timer runs
 };
 

@@ -23,10 +23,13 @@ void Program::RescueStore() {
   if (done) OpenStore();
 }
 
-void Program::ServeImport() {
+void Program::ServeManaging() {
+  managed_.ServeSurvey([this](SurveyQuestion question) { return search_.AskSurvey(std::move(question)); });
+  search_.WatchSurveys([this](const SearchSurvey& survey) { managed_.OnSurvey(survey); });
   managed_.ServeImport([this](HWND owner) {
-    ImportFolder(owner, resources_,
-                 {system_.files, system_.ansi, system_.log, desk_, store_, VirtualScreen().Width()});
+    managed_.RememberImport(
+        ImportNotes(owner, resources_,
+                    {system_.files, system_.ansi, system_.log, desk_, store_, VirtualScreen().Width()}));
     if (!state_.exiting) desk_.Changed();
   });
 }

@@ -1,5 +1,5 @@
-// A strip that says what has become of a note, for some seconds, and offers to undo it. It never takes the
-// focus.
+// A strip that says what has become of a note, for some seconds, and offers to undo it. It takes the focus
+// only where no other window of the program is there to have it: that one's Ctrl+Z undoes it too.
 #pragma once
 
 #include <windows.h>
@@ -27,6 +27,7 @@ class UndoStrip final : public Window {
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  bool OnKey(WPARAM key);
   void Paint();
   void End(const std::function<void()>& tell);
   Size Measure();

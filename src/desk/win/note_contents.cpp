@@ -2,8 +2,6 @@
 
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
-#include "data/text_export.h"
-#include "desk/note_file.h"
 #include "skin/picture_file.h"
 
 namespace jotlets {
@@ -55,22 +53,17 @@ bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {
   return true;
 }
 
-// A text as a kind of file that its editor knows nothing of; all of it, also when the editor shows a
-// beginning.
-std::optional<std::string> NoteContents::OtherKind(const JotletData& record, TextView path) const {
-  const auto ends = [path](TextView extension) { return HasExtension(path, extension); };
-  const bool page = ends(u".html") || ends(u".htm");
-  if (record.IsImage() || !(page || ends(u".md") || ends(u".jtl"))) return std::nullopt;
-  const std::string rtf = RtfBytes(RichTextOf(record));
-  if (page) return ToUtf8(HtmlOfRtf(rtf, TitleOf(record)));
-  return ends(u".md") ? ToUtf8(MarkdownOfRtf(rtf)) : ToUtf8(ComposeNoteFile(record, FromAscii(rtf)));
-}
-
 FileStatus NoteContents::WriteCopy(const JotletData& record, TextView path) {
-  if (const auto bytes = OtherKind(record, path)) return files_.Write(path, *bytes);
-  const bool plain = HasExtension(path, u".txt") && !record.IsImage();
   const BJotlet* jotlet = notes_.Find(record.id);
-  if (jotlet == nullptr && plain) return files_.Write(path, ToUtf8(WordsOf(record.id, kWholeText)));
+  const bool plain = HasExtension(path, u".txt") && !record.IsImage();
+  // The editor knows nothing of other kinds; all of the text, also when it shows a beginning.
+  const bool other = IsOtherKind(path) && !record.IsImage();
+  if (other || (plain && jotlet == nullptr)) {
+    const Text rtf = RichTextOf(record);
+    if (rtf.empty()) return FileStatus::Failed(u"its text cannot be read");
+    return files_.Write(path, other ? CopyOfText(record, rtf, TitleOf(record), path)
+                                    : ToUtf8(RtfTextStart(RtfBytes(rtf), kWholeText)));
+  }
   if (jotlet == nullptr) return files_.Copy(desk_.Folder() + ContentPath(record), path);
   const ContentCopy copy = jotlet->Content().Copy(plain);
   if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));

@@ -5,12 +5,13 @@
 #include <optional>
 
 #include "base/code_page.h"
+#include "desk/note_copy.h"
 #include "desk/note_desk.h"
 #include "desk/win/open_notes.h"
 
 namespace jotlets {
 
-class NoteContents {
+class NoteContents final : public NoteCopies {
  public:
   NoteContents(Files& files, const CodePage& ansi, const Clock& clock, Log& log, NoteDesk& desk,
                OpenNotes& notes)
@@ -19,7 +20,7 @@ class NoteContents {
   /// The bytes of a note's content file.
   std::string BytesOf(const JotletData& record) const;
   /// The rich text of a note as it is now, open or not; empty when it has none.
-  Text RichTextOf(const JotletData& record) const;
+  Text RichTextOf(const JotletData& record) const override;
   /// As much of the plain text of a note as is searched.
   Text WordsOf(TextView id, std::size_t maximum) const;
   /// A picture file as PNG bytes; empty when it is none.
@@ -28,13 +29,11 @@ class NoteContents {
   bool SetPicture(BJotlet& jotlet, TextView path);
   /// Writes a note's content to a file, of the kind that the end of its name tells: plain text (".txt",
   /// UTF-8), a web page (".html", ".htm"), Markdown (".md"), a note file (".jtl"), or what the content is.
-  FileStatus WriteCopy(const JotletData& record, TextView path);
+  FileStatus WriteCopy(const JotletData& record, TextView path) override;
   /// The title that a note shows, or would show if it were open.
-  Text TitleOf(const JotletData& record) const;
+  Text TitleOf(const JotletData& record) const override;
 
  private:
-  std::optional<std::string> OtherKind(const JotletData& record, TextView path) const;
-
   Files& files_;
   const CodePage& ansi_;
   const Clock& clock_;

@@ -190,8 +190,7 @@ bool BEdit::ServeTyping(UINT message, WPARAM wParam, LPARAM lParam) {
     SetDirection(*this, directionKeys_.IsRightToLeft());
   if (message == WM_KEYDOWN) return keyServed_ = OnKey(wParam);
   if (message == WM_CHAR && std::exchange(keyServed_, false)) return true;
-  if (message == WM_CHAR && !TakesTyped(*this, static_cast<char16_t>(wParam)))
-    return MessageBeep(MB_OK), true;
+  if (message == WM_CHAR && !TakesTyped(static_cast<char16_t>(wParam))) return MessageBeep(MB_OK), true;
   if (message == WM_CHAR && MayBringAid(static_cast<char16_t>(wParam)) && !IsReadOnly()) {
     Control(edit_, message, wParam, lParam);
     aids_.AfterTyping(*this, watcher_->Typing());

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/win/wide.h"
-#include "data/stray_marks.h"
+#include "data/letter_marks.h"
 #include "editor/link_text.h"
 #include "editor/win/editor_bounds.h"
 
@@ -34,14 +34,7 @@ void InsertText(BEdit& edit, TextView text) {
   SendMessageW(edit.Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(Text(text))));
 }
 
-bool TakesTyped(const BEdit& edit, char16_t unit) {
-  if (BoundsOfEditor().takesMarks || !HasStrayMark(TextView(&unit, 1))) return true;
-  const LONG at = edit.Selection().cpMin;
-  const LRESULT line = SendMessageW(edit.Handle(), EM_EXLINEFROMCHAR, 0, at);
-  const auto first =
-      static_cast<LONG>(SendMessageW(edit.Handle(), EM_LINEINDEX, static_cast<WPARAM>(line), 0));
-  return !HasStrayMark(edit.TextBetween({first, at}) + unit);
-}
+bool TakesTyped(char16_t unit) { return BoundsOfEditor().takesMarks || !HasMark(TextView(&unit, 1)); }
 
 std::int32_t NaturalWidth(BEdit& edit) {
   constexpr LRESULT kMaximumLines = 10000;

@@ -18,8 +18,8 @@ void SelectAll(BEdit& edit);
 /// Puts `text` in the place of the selection, as one step of undoing.
 void InsertText(BEdit& edit, TextView text);
 
-/// Whether a character can be typed at the caret: some controls end over a sign that has no letter.
-bool TakesTyped(const BEdit& edit, char16_t unit);
+/// Whether a character can be typed: some controls end over the signs of letters.
+bool TakesTyped(char16_t unit);
 
 /// How wide the text is, in pixels, when none of its lines is wrapped.
 std::int32_t NaturalWidth(BEdit& edit);

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "data/letter_marks.h"
 #include "data/rtf_text.h"
-#include "data/stray_marks.h"
 
 namespace jotlets {
 namespace {
@@ -36,8 +36,7 @@ const EditorBounds& BoundsOfEditor() {
 
 Text ShowableWords(TextView text) {
   Text words = BoundedWords(text);
-  // A line that is broken here may part a sign from its letter.
-  return BoundsOfEditor().takesMarks || !HasStrayMark(words) ? words : HarmlessWords(std::move(words));
+  return BoundsOfEditor().takesMarks ? words : WithoutMarks(std::move(words));
 }
 
 bool FindPastable(HWND edit, UINT& format) {

@@ -15,11 +15,6 @@ namespace jotlets {
 namespace {
 
 constexpr UINT kRefreshDelay = 150;
-// How long texts are read at a stretch, unless something else is to be done, and the pause after it:
-// milliseconds.
-constexpr ULONGLONG kReadingSlice = 50;
-constexpr UINT kReadingPause = 10;
-constexpr int kReadAtOnce = 8;
 constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
 constexpr int kButtonWidth = 92;
@@ -27,6 +22,7 @@ constexpr int kButtonGap = 6;
 constexpr int kStatusWidth = 90;  // at least
 constexpr int kSearchLabelWidth = 56;
 constexpr int kViewsWidth = 168;
+constexpr int kEmptyHeight = 64;
 constexpr int kPreviewWidth = 240;
 // Narrower windows have no room for the preview.
 constexpr int kWidthWithPreview = 900;
@@ -103,12 +99,16 @@ void BManageDlg::Layout() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
   };
   place(IDC_MANAGE_SEARCH_LABEL, margin, margin + scaled(4), label, row - scaled(4));
-  place(IDC_MANAGE_SEARCH, margin + label, margin, width - label, row);
+  const int field = FieldHeight(FontOf(Item(IDC_MANAGE_SEARCH)));
+  place(IDC_MANAGE_SEARCH, margin + label, margin + (row - field) / 2, width - label, field);
   place(IDC_MANAGE_VIEWS, margin, list, views, bottom - margin - list);
   const int preview = client.right >= scaled(kWidthWithPreview) ? scaled(kPreviewWidth) : 0;
   const int right = client.right - margin - (preview > 0 ? preview + margin : 0);
   const int from = margin + views + margin;
   place(IDC_MANAGE_LIST, from, list, right - from, bottom - margin - list);
+  const int words = scaled(kEmptyHeight);
+  place(IDC_MANAGE_EMPTY, from + margin, list + (bottom - list - words) / 2, right - from - 2 * margin,
+        words);
   preview_.Place(preview > 0 ? RectAt({right + margin, list}, {preview, bottom - margin - list}) : Rect());
   std::vector<int> buttons;
   for (std::size_t i = 0; i < kManageActions; ++i)
@@ -139,6 +139,7 @@ void BManageDlg::ShowPlace() {
                                           : View() == ManageView::kStored ? IDS_MANAGE_CATEGORY
                                                                           : IDS_MANAGE_COLUMN + kLastColumn));
   owner_.FillManageList(views_.Chosen(), list_);
+  if (!asked_.typed.empty()) AskSurvey();
   ShowRows({});
   ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
   ReadTexts();
@@ -159,8 +160,7 @@ void BManageDlg::ShowNote(const ManagePlace& place, const Text& id) {
 }
 
 // Changes the rows of the list and keeps what is selected, by id.
-template <typename Change>
-void BManageDlg::ChangeList(Change change) {
+void BManageDlg::ChangeList(const std::function<bool()>& change) {
   const ManageTable::Selection selection = table_.Selected();
   if (change()) {
     ShowRows(selection);
@@ -183,6 +183,7 @@ void BManageDlg::Refresh() {
   // A category that has gone takes what is shown along.
   views_.Follow(resources_, owner_);
   ChangeList([this] { return owner_.FillManageList(views_.Chosen(), list_); });
+  if (!asked_.typed.empty()) AskSurvey();
   ReadTexts();
 }
 
@@ -190,16 +191,6 @@ void BManageDlg::Reload() {
   texts_.Clear();
   list_.SetNotes({});
   Refresh();
-}
-
-void BManageDlg::Search() {
-  ManageTable::Selection selection = table_.Selected();
-  selection.inherited = false;
-  list_.Search(ItemText(IDC_MANAGE_SEARCH), options_.manageWindowSearchWhat);
-  ShowRows(selection);
-  if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0)
-    ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
-  ReadTexts();
 }
 
 void BManageDlg::SortBy(ManageColumn column) {
@@ -212,25 +203,6 @@ void BManageDlg::SortBy(ManageColumn column) {
   });
   table_.ShowSorting(options_.manageSorted);
   owner_.OnManageSettings();
-}
-
-// Texts are read in slices: what the user does goes first.
-void BManageDlg::ReadTexts() {
-  const HWND shown = Item(IDC_MANAGE_LIST);
-  const auto top = static_cast<std::size_t>(std::max(ListView_GetTopIndex(shown), 0));
-  list_.WantTexts(top, top + static_cast<std::size_t>(ListView_GetCountPerPage(shown)) + 1);
-  if (!list_.IsReading()) return UpdateState();
-  ChangeList([this] {
-    const ULONGLONG end = GetTickCount64() + kReadingSlice;
-    do {
-      for (int i = 0; i < kReadAtOnce && list_.IsReading(); ++i) list_.ReadOne();
-    } while (list_.IsReading() && GetTickCount64() < end &&
-             GetQueueStatus(QS_INPUT | QS_SENDMESSAGE | QS_POSTMESSAGE) == 0);
-    return list_.Settle();
-  });
-  // Titles that came from texts.
-  InvalidateRect(Item(IDC_MANAGE_LIST), nullptr, FALSE);
-  if (list_.IsReading()) SetTimer(Handle(), kReadTimer, kReadingPause, nullptr);
 }
 
 ManageFacts BManageDlg::Facts() const {
@@ -259,15 +231,7 @@ void BManageDlg::UpdateState() {
     if (enabled == FALSE && GetFocus() == button) SetFocus(Item(IDC_MANAGE_LIST));
     EnableWindow(button, enabled);
   }
-  const auto number = [](std::size_t value) { return IntText(static_cast<std::int64_t>(value)); };
-  Text status = ReplaceAll(ReplaceAll(resources_.String(IDS_MANAGE_COUNT), u"%n", number(list_.Size())),
-                           u"%m", number(list_.Total()));
-  if (facts.selected > 0)
-    status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", number(facts.selected));
-  if (const std::size_t all = owner_.CountStored(views_.Chosen()); all > list_.Total())
-    status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", number(all));
-  if (list_.IsSearching()) status += u", " + resources_.String(IDS_MANAGE_READING);
-  if (ItemText(IDC_MANAGE_STATUS) != status) SetWindowTextW(Item(IDC_MANAGE_STATUS), Wide(status));
+  ShowStatus(facts.selected);
   // Who goes through the list quickly does not wait for each text.
   if (preview_.IsPlaced()) SetTimer(Handle(), kPreviewTimer, kRefreshDelay, nullptr);
 }
@@ -306,7 +270,13 @@ bool BManageDlg::OnCommand(UINT control, UINT notification) {
 
 // High contrast goes before all papers.
 HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
-  return Look().Now().contrast ? nullptr : preview_.Colours(dc, control);
+  if (Look().Now().contrast) return nullptr;
+  if (control == nullptr || control != Item(IDC_MANAGE_EMPTY)) return preview_.Colours(dc, control);
+  const WindowColours& colours = Look().Colours();
+  SetTextColor(dc, ToCOLORREF(colours.quiet));
+  SetBkColor(dc, ToCOLORREF(colours.field));
+  SetDCBrushColor(dc, ToCOLORREF(colours.field));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
@@ -347,11 +317,6 @@ void BManageDlg::ShowPreview() {
   preview_.Show(*row, Look().IsDark() ? DarkPaper(row->colour) : row->colour, source_.TextOf(*row));
 }
 
-// Rows come into sight: their texts are read when there is time.
-void BManageDlg::WantSoon() {
-  if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, kReadingPause, nullptr);
-}
-
 void BManageDlg::OnWindowTimer(UINT_PTR timer) {
   KillTimer(Handle(), timer);
   if (timer == kReadTimer) ReadTexts();
@@ -365,6 +330,10 @@ void BManageDlg::OnWindowEnd() {
   StoreSettings();
   owner_.OnManageSettings();
   refreshComes_ = false;
+  asked_ = {};
+  owner_.AskSurvey({});
+  views_.ShowHits({});
+  list_.SetFound({});
   list_.SetNotes({});
   texts_.Clear();
 }
@@ -375,7 +344,10 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
       if (header.idFrom != IDC_MANAGE_LIST) return std::nullopt;
       return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header), Look().Colours());
     case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
-    case LVN_ODCACHEHINT: WantSoon(); return 0;
+    // Rows come into sight: their texts are read when there is time.
+    case LVN_ODCACHEHINT:
+      if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, USER_TIMER_MINIMUM, nullptr);
+      return 0;
     case LVN_COLUMNCLICK:
       SortBy(static_cast<ManageColumn>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
       return 0;

@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -42,6 +43,8 @@ class BManageDlg final : public Dialog {
   void Activate();
   /// Shows a note of a place, and selects it, in the open window.
   void ShowNote(const ManagePlace& place, const Text& id);
+  /// Shows where the notes are that were asked for.
+  void ShowSurvey(const SearchSurvey& survey);
   void Enable(bool enabled) {
     if (IsOpen()) EnableWindow(Handle(), enabled);
   }
@@ -82,14 +85,14 @@ class BManageDlg final : public Dialog {
   void Search();
   void SortBy(ManageColumn column);
   void ReadTexts();
-  void WantSoon();
-  template <typename Change>
-  void ChangeList(Change change);
+  void AskSurvey();
+  void ChangeList(const std::function<bool()>& change);
   void ShowRows(const ManageTable::Selection& selection);
 
   ManageFacts Facts() const;
   void ShowPreview();
   void UpdateState();
+  void ShowStatus(std::size_t selected);
   void ActSoon(ManageAction action);
   void Act(ManageAction action);
   void ActByDefault();
@@ -108,6 +111,7 @@ class BManageDlg final : public Dialog {
   ManageTable table_;
   ManageViews views_;
   ManagePreview preview_;
+  SurveyQuestion asked_;
   bool refreshComes_ = false;
 };
 

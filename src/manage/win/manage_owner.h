@@ -8,6 +8,7 @@
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
 #include "store/note_store.h"
+#include "store/search_survey.h"
 
 namespace jotlets {
 
@@ -28,6 +29,9 @@ class ManageOwner {
   /// Asks for another name of a category. One that is there already takes in its notes. The new name, when it
   /// has got one.
   virtual std::optional<Text> RenameCategory(const Text& name) = 0;
+  /// Asks where the notes are that hold the words; for none, ends that. `BManageDlg::ShowSurvey` gets each
+  /// answer, and false says that none comes.
+  virtual bool AskSurvey(SurveyQuestion question) = 0;
   virtual bool CanUndoManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.

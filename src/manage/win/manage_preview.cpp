@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "data/letter_marks.h"
 #include "data/rtf_text.h"
-#include "data/stray_marks.h"
+#include "editor/win/editor_bounds.h"
 #include "looks/ink.h"
 #include "ui/window.h"
 
@@ -54,7 +55,7 @@ void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) 
   barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
   // The static control has no inset of its own.
   SetWindowTextW(title_, Wide(u"  " + row.title));
-  SetWindowTextW(words_, Wide(HasStrayMark(words) ? HarmlessWords(words) : words));
+  SetWindowTextW(words_, Wide(BoundsOfEditor().takesMarks ? words : WithoutMarks(words)));
   Place(Rect(place_));
   for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
 }

@@ -21,7 +21,9 @@ void RestoreManageWindow(HWND window, const Options& options) {
   const auto dpi = static_cast<std::int32_t>(GetDpiForWindow(window));
   const auto scaled = [dpi](std::int32_t length) { return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI); };
   const Size smallest = SmallestManageWindow(window);
-  Size size{std::clamp(width, smallest.width, 30000), std::clamp(height, smallest.height, 30000)};
+  const Rect all = VirtualScreen();
+  Size size{std::clamp(width, smallest.width, std::max(all.Width(), smallest.width)),
+            std::clamp(height, smallest.height, std::max(all.Height(), smallest.height))};
   Point corner{left, top};
   // One that nobody has sized yet is meant at 96 dots per inch, and stands in the work area as a whole.
   if (options.manageWindow == Options().manageWindow) {

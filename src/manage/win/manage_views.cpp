@@ -17,6 +17,10 @@ constexpr int kRowHeight = 30;
 constexpr int kInset = 12;
 constexpr int kAccent = 3;
 
+Text CountText(const ManageViews::Row& row) {
+  return row.notes ? IntText(static_cast<std::int64_t>(*row.notes)) : Text();
+}
+
 }  // namespace
 
 int ManageViews::Scaled(int length) const {
@@ -33,16 +37,41 @@ void ManageViews::SetUp(HWND control) {
 void ManageViews::Follow(const Resources& resources, ManageOwner& owner) {
   const auto counts = owner.CountManaged();
   std::vector<ManageViews::Row> rows;
+  const auto add = [&](const ManagePlace& place, Text name, std::size_t notes) {
+    rows.push_back({place, std::move(name), hits_ ? HitsIn(place) : std::optional(notes)});
+  };
   for (std::size_t i = 0; i < kManageViews; ++i) {
     const auto view = static_cast<ManageView>(i);
-    rows.push_back({{view, {}}, resources.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]});
+    add({view, {}}, resources.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]);
     if (view != ManageView::kStored) continue;
     for (const StoredCategory& category : owner.Categories())
-      rows.push_back({{view, category.name},
-                      category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name),
-                      category.notes});
+      add({view, category.name},
+          category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name), category.notes);
   }
   ShowRows(std::move(rows));
+}
+
+// Stacks are no notes: nobody has looked for them.
+std::optional<std::size_t> ManageViews::HitsIn(const ManagePlace& place) const {
+  if (place.category) {
+    const auto found = hits_->categories.find(*place.category);
+    return found == hits_->categories.end() ? 0 : found->second;
+  }
+  std::optional<std::size_t> sum;
+  for (std::size_t i = 0; i < kSearchPlaces; ++i)
+    if (((SearchedPlaces(place.view) >> i) & 1) != 0) sum = sum.value_or(0) + hits_->places[i];
+  return sum;
+}
+
+Text ManageViews::Elsewhere() const {
+  Text text;
+  for (const Row& row : rows_) {
+    if (!hits_ || row.place.category || row.place.view == ManageView::kAll || row.notes.value_or(0) == 0)
+      continue;
+    if (chosen_.view == ManageView::kAll || row.place == chosen_) continue;
+    text += (text.empty() ? u"" : u", ") + row.name + u" " + IntText(static_cast<std::int64_t>(*row.notes));
+  }
+  return text;
 }
 
 void ManageViews::ShowRows(std::vector<Row> rows) {
@@ -53,8 +82,7 @@ void ManageViews::ShowRows(std::vector<Row> rows) {
   ListBox_ResetContent(control_);
   // Who reads the row aloud hears the number, too.
   for (const Row& row : rows_)
-    ListBox_AddString(control_,
-                      Wide(row.name + u" (" + IntText(static_cast<std::int64_t>(row.notes)) + u")"));
+    ListBox_AddString(control_, Wide(row.name + (row.notes ? u" (" + CountText(row) + u")" : u"")));
   Select();
   ListBox_SetTopIndex(control_, top);
   SetWindowRedraw(control_, TRUE);
@@ -116,7 +144,7 @@ void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours)
   SetTextColor(item.hDC, ToCOLORREF(chosen ? colours.chosenText : colours.text));
   area.left += Scaled(row.place.category ? 2 * kInset + kAccent : kInset);
   area.right -= Scaled(kInset) / 2;
-  const Text count = IntText(static_cast<std::int64_t>(row.notes));
+  const Text count = CountText(row);
   DrawTextW(item.hDC, Wide(count), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
   SIZE size{};
   GetTextExtentPoint32W(item.hDC, Wide(count), static_cast<int>(count.size()), &size);

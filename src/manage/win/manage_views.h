@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "looks/window_colours.h"
@@ -16,7 +18,7 @@ class ManageViews {
   struct Row {
     ManagePlace place;
     Text name;
-    std::size_t notes = 0;
+    std::optional<std::size_t> notes;
     friend bool operator==(const Row&, const Row&) = default;
   };
 
@@ -24,6 +26,10 @@ class ManageViews {
   /// Shows the views and categories as they are now. What was chosen stays so; when it has gone, its view is
   /// chosen.
   void Follow(const Resources& resources, ManageOwner& owner);
+  /// What a search has found, in the place of how many notes there are; nothing ends that.
+  void ShowHits(std::optional<SearchSurvey> hits) { hits_ = std::move(hits); }
+  /// "Stored 3, Closed 1": where notes were found, but for what is chosen; empty when nowhere.
+  Text Elsewhere() const;
 
   /// What is chosen; the first view before there are rows.
   const ManagePlace& Chosen() const { return chosen_; }
@@ -42,7 +48,10 @@ class ManageViews {
   void Select();
 
   HWND control_ = nullptr;
+  std::optional<std::size_t> HitsIn(const ManagePlace& place) const;
+
   std::vector<Row> rows_;
+  std::optional<SearchSurvey> hits_;
   ManagePlace chosen_;
 };
 

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <iterator>
 
 #include "action/shortcuts.h"
 #include "base/win/wide.h"
@@ -17,7 +18,7 @@ constexpr wchar_t kStripClass[] = L"BraskJotletFind";
 constexpr int kHeight = 24;  // at the usual scale, as all of these
 constexpr int kWordsHeight = 20;
 constexpr int kButton = 22;
-constexpr int kCount = 62;
+constexpr int kCountWidth = 62;
 constexpr int kMinWords = 60;
 constexpr LONG kLongestSelection = 200;
 
@@ -52,10 +53,13 @@ bool FindStrip::MakeControls(HWND note) {
                           CLEARTYPE_QUALITY, 0, L"Segoe UI"));
   const HWND words = make(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, kWords);
   make(L"STATIC", L"", SS_CENTER | SS_CENTERIMAGE | SS_NOPREFIX, kFound);
-  for (const Button& button : kButtons) make(L"BUTTON", button.text, BS_PUSHBUTTON, button.control);
+  for (const Button& button : kButtons)
+    make(L"BUTTON", button.text, BS_PUSHBUTTON | BS_NOTIFY, button.control);
   for (int control = kWords; control <= kClose; ++control)
     SendDlgItemMessageW(Handle(), control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
-  SetWindowSubclass(words, WatchWords, 0, reinterpret_cast<DWORD_PTR>(this));
+  for (const HWND part :
+       {words, GetDlgItem(Handle(), kPrevious), GetDlgItem(Handle(), kNext), GetDlgItem(Handle(), kClose)})
+    SetWindowSubclass(part, WatchKeys, 0, reinterpret_cast<DWORD_PTR>(this));
   DressDialog(Handle(), watcher_.StripLook());
   return true;
 }
@@ -107,7 +111,7 @@ void FindStrip::LayOut() {
     MoveWindow(GetDlgItem(Handle(), control), right, 1, width, std::max(height - 2, 0), TRUE);
   };
   for (const Button& button : kButtons) place(button.control, Scaled(kButton));
-  place(kFound, right - Scaled(kCount) >= Scaled(kMinWords) ? Scaled(kCount) : 0);
+  place(kFound, right - Scaled(kCountWidth) >= Scaled(kMinWords) ? Scaled(kCountWidth) : 0);
   // The control writes at its top.
   const int words = std::min(Scaled(kWordsHeight), height);
   MoveWindow(GetDlgItem(Handle(), kWords), 0, (height - words) / 2, std::max(right, 0), words, TRUE);
@@ -128,9 +132,12 @@ void FindStrip::OnCommand(UINT control, UINT notification) {
     Find(FindStep::kStay);
   }
   // The note counts as one that has the focus.
-  if (control == kWords && (notification == EN_SETFOCUS || notification == EN_KILLFOCUS))
-    SendMessageW(GetParent(Handle()), WM_COMMAND, MAKEWPARAM(kControlId, notification), 0);
-  if (notification != BN_CLICKED || control < kPrevious) return;
+  const bool isButton = control >= kPrevious;
+  const bool comes = notification == (isButton ? BN_SETFOCUS : EN_SETFOCUS);
+  if (comes || notification == (isButton ? BN_KILLFOCUS : EN_KILLFOCUS))
+    SendMessageW(GetParent(Handle()), WM_COMMAND, MAKEWPARAM(kControlId, comes ? EN_SETFOCUS : EN_KILLFOCUS),
+                 0);
+  if (notification != BN_CLICKED || !isButton) return;
   if (control == kClose) return CloseStrip();
   Find(control == kNext ? FindStep::kNext : FindStep::kPrevious);
   SetFocus(GetDlgItem(Handle(), kWords));
@@ -160,23 +167,32 @@ LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-bool FindStrip::OnKey(WPARAM key) {
+// From the words to the buttons and round again.
+void FindStrip::StepPart(HWND from, bool back) {
+  constexpr int kParts[] = {kWords, kPrevious, kNext, kClose};
+  constexpr int kCount = static_cast<int>(std::size(kParts));
+  const int at = static_cast<int>(std::ranges::find(kParts, GetDlgCtrlID(from)) - std::begin(kParts));
+  SetFocus(GetDlgItem(Handle(), kParts[(at + (back ? kCount - 1 : 1)) % kCount]));
+}
+
+bool FindStrip::OnKey(HWND part, WPARAM key) {
   const bool shift = GetKeyState(VK_SHIFT) < 0;
   const bool control = GetKeyState(VK_CONTROL) < 0;
   if (key == VK_ESCAPE) return CloseStrip(), true;
-  if (key == VK_TAB && !control) return SetFocus(edit_.Handle()), true;
+  if (key == VK_TAB && !control) return StepPart(part, shift), true;
   if (control && (key == 'F' || key == 'A')) {
     SendDlgItemMessageW(Handle(), kWords, EM_SETSEL, 0, -1);
     return true;
   }
+  if (key == VK_RETURN && GetDlgCtrlID(part) != kWords) return SendMessageW(part, BM_CLICK, 0, 0), true;
   if (key != VK_RETURN && key != VK_F3) return false;
   Find(shift ? FindStep::kPrevious : FindStep::kNext);
   return true;
 }
 
-LRESULT CALLBACK FindStrip::WatchWords(HWND words, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                       DWORD_PTR object) noexcept {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(words, WatchWords, 0);
+LRESULT CALLBACK FindStrip::WatchKeys(HWND part, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR object) noexcept {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(part, WatchKeys, 0);
   // The characters of keys that are served would make the control beep.
   constexpr WPARAM kControlF = 6;
   constexpr WPARAM kControlA = 1;
@@ -184,11 +200,11 @@ LRESULT CALLBACK FindStrip::WatchWords(HWND words, UINT message, WPARAM wParam, 
                       wParam == kControlA;
   if (message == WM_CHAR && served) return 0;
   try {
-    if (message == WM_KEYDOWN && reinterpret_cast<FindStrip*>(object)->OnKey(wParam)) return 0;
+    if (message == WM_KEYDOWN && reinterpret_cast<FindStrip*>(object)->OnKey(part, wParam)) return 0;
   } catch (...) {
     return 0;
   }
-  return DefSubclassProc(words, message, wParam, lParam);
+  return DefSubclassProc(part, message, wParam, lParam);
 }
 
 }  // namespace jotlets

@@ -33,12 +33,13 @@ class FindStrip final : public Window {
   void Recount() { Find(FindStep::kNowhere); }
 
  private:
-  static LRESULT CALLBACK WatchWords(HWND words, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                     DWORD_PTR object) noexcept;
+  static LRESULT CALLBACK WatchKeys(HWND part, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                    DWORD_PTR object) noexcept;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool MakeControls(HWND note);
   void OnCommand(UINT control, UINT notification);
-  bool OnKey(WPARAM key);
+  bool OnKey(HWND part, WPARAM key);
+  void StepPart(HWND from, bool back);
   void LayOut();
   void Find(FindStep step);
   void CloseStrip();

@@ -4,6 +4,7 @@
 
 #include "data/rtf_bounds.h"
 #include "data/rtf_bytes.h"
+#include "data/rtf_fields.h"
 #include "data/rtf_text.h"
 #include "editor/win/edit_text.h"
 #include "editor/win/editor_bounds.h"
@@ -46,8 +47,11 @@ TextView TextContent::Show(std::string_view rtf) {
   const bool tooLarge = rtf.size() > BEdit::kLargestRtf;
   const TextView trouble =
       tooLarge ? TextView(u"too large, only its beginning is shown") : RtfTrouble(rtf, BoundsOfEditor());
-  if (trouble.empty())
-    return edit_.SetRtf(rtf) && !HoldsMoreThanText(rtf) ? TextView() : TextView(u"not read whole");
+  if (trouble.empty()) {
+    const bool flat = !BoundsOfEditor().takesFields && rtf.find("\\field") != std::string_view::npos;
+    const bool whole = flat ? edit_.SetRtf(RtfWithoutFields(rtf)) : edit_.SetRtf(rtf);
+    return whole && !HoldsMoreThanText(rtf, BoundsOfEditor()) ? TextView() : TextView(u"not read whole");
+  }
   edit_.ShowWords(RtfTextStart(rtf, kMaxBeginning), watcher_.BeginningNotice());
   return trouble;
 }

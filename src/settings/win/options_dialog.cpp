@@ -7,6 +7,7 @@
 
 #include "base/win/wide.h"
 #include "note/monitors.h"
+#include "note/papers.h"
 #include "note/win/monitor_setup.h"
 #include "res/resource.h"
 #include "ui/areas.h"
@@ -112,7 +113,8 @@ void BOptionsDlg::Layout() {
   const int margin = scaled(kMargin);
   const int foot = client.bottom - scaled(kFootHeight);
   const int across = scaled(kListWidth) - 2 * margin;
-  place(IDC_OPTIONS_SEARCH, margin, margin, across, scaled(kSearchHeight));
+  const int field = FieldHeight(FontOf(Item(IDC_OPTIONS_SEARCH)));
+  place(IDC_OPTIONS_SEARCH, margin, margin + (scaled(kSearchHeight) - field) / 2, across, field);
   const int list = 2 * margin + scaled(kSearchHeight);
   place(IDC_OPTIONS_PAGES, margin, list, across, foot - list - margin);
   const int top = foot + (scaled(kFootHeight) - scaled(kButtonHeight)) / 2;
@@ -160,6 +162,8 @@ void BOptionsDlg::GatherWords() {
     if (row.control == SettingControl::kChoice)
       for (std::int32_t i = 0; i <= row.maximum - row.minimum; ++i)
         said += u" " + resources_.String(IDS_SETTING_CHOICE + row.choices + static_cast<UINT>(i));
+    if (row.control == SettingControl::kPaper)
+      for (UINT i = 0; i < kPapers.size(); ++i) said += u" " + resources_.String(IDS_PAPER + i);
     words_.push_back({row.id, std::move(said)});
   }
 }

@@ -38,32 +38,26 @@ void BOpTab::SetBounds(const Rect& area) {
   SetWindowPos(Handle(), nullptr, area.left, area.top, area.Width(), area.Height(),
                SWP_NOZORDER | SWP_NOACTIVATE);
   MakeFonts();
+  const bool isNew = laidOut_.dpi == 0;
   Layout();
-}
-
-HWND BOpTab::MakeText(const Text& text) const {
-  return CreateWindowExW(0, L"STATIC", Wide(text), WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX, 0, 0, 0, 0,
-                         Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  if (isNew) Fill();
 }
 
 void BOpTab::OnInit() {
   const auto page = static_cast<UINT>(page_);
-  head_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE + page));
-  about_ = MakeText(context_.resources.String(IDS_SETTINGS_PAGE_ABOUT + page));
+  head_ = {IDS_SETTINGS_PAGE + page};
+  about_ = {IDS_SETTINGS_PAGE_ABOUT + page};
   for (const SettingRow& row : SettingRows()) {
     if (PageOf(row.group) != page_) continue;
-    if (headings_.empty() || headings_.back().group != row.group)
-      headings_.push_back(
-          {MakeText(context_.resources.String(IDS_SETTING_GROUP + static_cast<UINT>(row.group))), row.group});
+    if (settings_.empty() || settings_.back().Row().group != row.group)
+      headings_.push_back({IDS_SETTING_GROUP + static_cast<UINT>(row.group)});
     settings_.emplace_back(row, Handle(), FirstIdOf(settings_.size()), context_.resources, context_.choices);
   }
-  MakeFonts();
-  Fill();
+  ShowStates();
 }
 
 void BOpTab::MakeFonts() {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
+  NONCLIENTMETRICSW metrics{.cbSize = sizeof metrics};
   const UINT dpi = GetDpiForWindow(Handle());
   if (dpi == dpi_) return;
   dpi_ = dpi;
@@ -74,13 +68,27 @@ void BOpTab::MakeFonts() {
   semibold_.reset(CreateFontIndirectW(&font));
   font.lfHeight = -MulDiv(kHeadPoints10, static_cast<int>(dpi), 720);
   large_.reset(CreateFontIndirectW(&font));
-  const auto set = [](HWND text, const UniqueFont& with) {
-    SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(with.get()), FALSE);
+  const auto set = [](const PageText& text, const UniqueFont& with) {
+    if (text.window != nullptr)
+      SendMessageW(text.window, WM_SETFONT, reinterpret_cast<WPARAM>(with.get()), FALSE);
   };
   set(head_, large_);
   set(about_, font_);
-  for (const Heading& heading : headings_) set(heading.window, semibold_);
+  for (const PageText& heading : headings_) set(heading, semibold_);
   for (SettingControls& setting : settings_) setting.SetFont(font_.get());
+}
+
+void BOpTab::Put(PageText& text, const Rect& area, const UniqueFont& font) const {
+  if (text.window != nullptr) {
+    SetWindowPos(text.window, nullptr, area.left, area.top, area.Width(), area.Height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+    return;
+  }
+  text.window =
+      CreateWindowExW(0, L"STATIC", Wide(context_.resources.String(text.text)),
+                      WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX, area.left, area.top, area.Width(),
+                      area.Height(), Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(text.window, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
 }
 
 void BOpTab::Layout() {
@@ -92,16 +100,15 @@ void BOpTab::Layout() {
   const HDC dc = GetDC(Handle());
   {
     const Selected font(dc, font_.get());
-    const PageScale scale{dc, static_cast<int>(dpi_)};
+    const PageScale scale{dc, static_cast<int>(dpi_), LineHeight(font_.get()), FieldHeight(font_.get())};
     PlaceAll(std::max<int>(client.right - 2 * scale.Scaled(kMargin), 0), scale);
   }
   ReleaseDC(Handle(), dc);
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_PAGE | SIF_POS | SIF_RANGE;
-  info.nMax = std::max(height_ - 1, 0);
-  info.nPage = static_cast<UINT>(client.bottom);
-  info.nPos = scrolled_;
+  const SCROLLINFO info{.cbSize = sizeof info,
+                        .fMask = SIF_PAGE | SIF_POS | SIF_RANGE,
+                        .nMax = std::max(height_ - 1, 0),
+                        .nPage = static_cast<UINT>(client.bottom),
+                        .nPos = scrolled_};
   SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
   ScrollTo(scrolled_);
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -115,21 +122,19 @@ void BOpTab::LayoutAnew() {
 void BOpTab::PlaceAll(int width, const PageScale& scale) {
   const int margin = scale.Scaled(kMargin);
   int y = scale.Scaled(kHeadTop) - scrolled_;
-  const auto place = [&](HWND text, int height) {
-    SetWindowPos(text, nullptr, margin, y, width, scale.Scaled(height),
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+  const auto place = [&](PageText& text, int height, const UniqueFont& font) {
+    Put(text, {margin, y, margin + width, y + scale.Scaled(height)}, font);
     y += scale.Scaled(height);
   };
-  place(head_, kHeadHeight);
-  place(about_, kAboutHeight);
+  place(head_, kHeadHeight, large_);
+  place(about_, kAboutHeight, font_);
   int names = scale.Scaled(kSmallestNames);
   for (const SettingControls& setting : settings_) names = std::max(names, setting.LabelWidth(scale));
   auto heading = headings_.begin();
   for (auto first = settings_.begin(); first != settings_.end();) {
-    if (heading != headings_.end() && heading->group == first->Row().group) {
+    if (first == settings_.begin() || (first - 1)->Row().group != first->Row().group) {
       y += scale.Scaled(kHeadingGap);
-      place(heading->window, kHeadingHeight);
-      ++heading;
+      place(*heading++, kHeadingHeight, semibold_);
     }
     const auto end = std::find_if(first + 1, settings_.end(),
                                   [](const SettingControls& setting) { return !setting.Row().continues; });
@@ -175,9 +180,7 @@ void BOpTab::ScrollTo(int position) {
 }
 
 void BOpTab::OnScroll(UINT code) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
+  SCROLLINFO info{.cbSize = sizeof info, .fMask = SIF_ALL};
   GetScrollInfo(Handle(), SB_VERT, &info);
   const int page = static_cast<int>(info.nPage);
   switch (code) {
@@ -210,7 +213,7 @@ void BOpTab::ShowSetting(std::uint16_t id) {
   for (const SettingControls& setting : settings_) {
     if (setting.Row().id != id) continue;
     ShowControl(setting.Item(SettingControls::kMain));
-    SetFocus(setting.Item(SettingControls::kMain));
+    setting.Focus();
   }
 }
 
@@ -219,16 +222,20 @@ Text BOpTab::Info(const SettingRow& row) const {
 }
 
 void BOpTab::Fill() {
+  if (laidOut_.dpi == 0) return;
   filling_ = true;
+  bool anew = false;
   for (SettingControls& setting : settings_) {
+    const Text told = setting.Notice();
     setting.ShowFault({});
     setting.Show(context_.draft, Info(setting.Row()));
     if (setting.Row().task == SettingTask::kStartWithWindows)
       SendMessageW(setting.Item(SettingControls::kMain), BM_SETCHECK,
                    context_.choices.startsWithWindows ? BST_CHECKED : BST_UNCHECKED, 0);
+    anew = anew || setting.Notice() != told;
   }
   filling_ = false;
-  if (laidOut_.dpi != 0) LayoutAnew();
+  if (anew) LayoutAnew();
 }
 
 void BOpTab::ShowStates() {
@@ -349,7 +356,7 @@ HBRUSH BOpTab::OnColours(HDC dc, HWND control) {
   SetTextColor(dc, ToCOLORREF(colours.text));
   if (setting != nullptr && setting->PartOf(id) == SettingControls::kNotice)
     SetTextColor(dc, ToCOLORREF(context_.draft.IsFixed(setting->Row()) ? colours.fixed : colours.fault));
-  if (control != nullptr && control == about_) SetTextColor(dc, ToCOLORREF(colours.quiet));
+  if (control != nullptr && control == about_.window) SetTextColor(dc, ToCOLORREF(colours.quiet));
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 

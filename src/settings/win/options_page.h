@@ -56,9 +56,9 @@ class BOpTab : public Dialog {
     UINT dpi = 0;
     friend bool operator==(const LaidOut&, const LaidOut&) = default;
   };
-  struct Heading {
-    HWND window = nullptr;
-    SettingGroup group = SettingGroup::kNewNotes;
+  struct PageText {
+    UINT text = 0;
+    HWND window = nullptr;  // once it was placed
   };
 
   void OnInit() override;
@@ -67,7 +67,7 @@ class BOpTab : public Dialog {
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
   HBRUSH OnColours(HDC dc, HWND control) override;
 
-  HWND MakeText(const Text& text) const;
+  void Put(PageText& text, const Rect& area, const UniqueFont& font) const;
   void MakeFonts();
   /// Places all anew, unless its size and scale are those of the last time.
   void Layout();
@@ -91,9 +91,9 @@ class BOpTab : public Dialog {
 
   const SettingsPage page_;
   const PageContext context_;
-  HWND head_ = nullptr;
-  HWND about_ = nullptr;
-  std::vector<Heading> headings_;
+  PageText head_;
+  PageText about_;
+  std::vector<PageText> headings_;
   std::vector<SettingControls> settings_;
   UniqueFont font_;
   UniqueFont semibold_;

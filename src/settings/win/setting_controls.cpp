@@ -22,7 +22,6 @@ constexpr int kSwitchHeight = 26;
 constexpr int kBox = 24;  // of a switch, before its text
 constexpr int kButtonPadding = 24;
 constexpr int kSpinWidth = 18;
-constexpr int kTextInset = 4;
 constexpr int kOpenList = 240;
 constexpr int kNoticeHeight = 20;
 constexpr int kNarrowest = 60;
@@ -38,62 +37,89 @@ bool HasLabel(SettingControl control) {
 
 SettingControls::SettingControls(const SettingRow& row, HWND page, UINT firstId, const Resources& resources,
                                  const SettingChoices& choices)
-    : row_(&row), page_(page), firstId_(firstId), resources_(&resources) {
-  // Before its control: that is how a screen reader knows what the control is called.
-  if (HasLabel(row.control))
-    Make(kLabel, L"STATIC", resources.String(IDS_SETTING + row.id), SS_LEFT | SS_NOPREFIX);
-  MakeMain(choices);
-  PassWheel(items_[kMain]);
-  if (row.hasUnit) Make(kUnit, L"STATIC", resources.String(IDS_SETTING_UNIT + row.id), SS_LEFT | SS_NOPREFIX);
+    : row_(&row), page_(page), firstId_(firstId), resources_(&resources), choices_(&choices) {
+  const Text name = resources.String(IDS_SETTING + row.id);
+  if (HasLabel(row.control)) texts_[kLabel] = name;
+  if (row.control == SettingControl::kSwitch) texts_[kMain] = ReplaceAll(name, u"&", u"&&");
+  if (row.control == SettingControl::kButton || row.control == SettingControl::kColour) texts_[kMain] = name;
+  if (Has(kBrowse)) texts_[kBrowse] = resources.String(IDS_SETTING_CHOOSE);
+  if (Has(kPlay)) texts_[kPlay] = resources.String(IDS_SETTING_PLAY);
+  if (Has(kUnit)) texts_[kUnit] = resources.String(IDS_SETTING_UNIT + row.id);
 }
 
-HWND SettingControls::Make(Part part, const wchar_t* windowClass, const Text& text, DWORD style,
-                           DWORD extended) {
-  items_[part] = CreateWindowExW(extended, windowClass, Wide(text), WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
-                                 page_, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(firstId_ + part)),
-                                 GetModuleHandleW(nullptr), nullptr);
-  return items_[part];
+bool SettingControls::Has(Part part) const {
+  const bool isSound = row_->control == SettingControl::kSound;
+  switch (part) {
+    case kMain: return true;
+    case kLabel: return HasLabel(row_->control);
+    case kSpin: return row_->control == SettingControl::kNumber;
+    case kBrowse: return isSound || row_->control == SettingControl::kFolder;
+    case kPlay: return isSound;
+    case kUnit: return row_->hasUnit;
+    default: return !texts_[part].empty();
+  }
 }
 
-void SettingControls::MakeMain(const SettingChoices& choices) {
-  constexpr DWORD kEdit = ES_AUTOHSCROLL | WS_TABSTOP;
-  const Text name = resources_->String(IDS_SETTING + row_->id);
+void SettingControls::Put(Part part, const Rect& area) {
+  if (items_[part] == nullptr) return Make(part, area);
+  SetWindowPos(items_[part], nullptr, area.left, area.top, area.Width(), area.Height(), kQuietly);
+}
+
+void SettingControls::MakeWindow(Part part, const wchar_t* windowClass, DWORD style, const Rect& area,
+                                 DWORD extended) {
+  // The texts beside a control stay legible where it cannot be changed.
+  const bool isText = part == kLabel || part == kUnit || part == kNotice;
+  const DWORD disabled = enabled_ || isText ? 0 : WS_DISABLED;
+  items_[part] = CreateWindowExW(
+      extended, windowClass, Wide(texts_[part]), WS_CHILD | WS_VISIBLE | style | disabled, area.left,
+      area.top, area.Width(), area.Height(), page_,
+      reinterpret_cast<HMENU>(static_cast<UINT_PTR>(firstId_ + part)), GetModuleHandleW(nullptr), nullptr);
+}
+
+void SettingControls::Make(Part part, const Rect& area) {
+  switch (part) {
+    case kMain: MakeMain(area); break;
+    case kSpin:
+      MakeWindow(part, UPDOWN_CLASSW, UDS_ARROWKEYS | UDS_NOTHOUSANDS | UDS_SETBUDDYINT, area);
+      SendMessageW(items_[part], UDM_SETBUDDY, reinterpret_cast<WPARAM>(items_[kMain]), 0);
+      SendMessageW(items_[part], UDM_SETRANGE32, static_cast<WPARAM>(row_->minimum), row_->maximum);
+      break;
+    case kBrowse:
+    case kPlay: MakeWindow(part, L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, area); break;
+    default: MakeWindow(part, L"STATIC", SS_LEFT | SS_NOPREFIX, area); break;
+  }
+  SendMessageW(items_[part], WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+}
+
+void SettingControls::MakeMain(const Rect& area) {
+  const auto make = [&](const wchar_t* windowClass, DWORD style, DWORD extended = 0) {
+    MakeWindow(kMain, windowClass, style, area, extended);
+  };
   switch (row_->control) {
     case SettingControl::kSwitch:
-      Make(kMain, L"BUTTON", ReplaceAll(name, u"&", u"&&"),
-           BS_AUTOCHECKBOX | BS_MULTILINE | BS_VCENTER | WS_TABSTOP);
+      make(L"BUTTON", BS_AUTOCHECKBOX | BS_MULTILINE | BS_VCENTER | WS_TABSTOP);
       break;
-    case SettingControl::kButton: Make(kMain, L"BUTTON", name, BS_PUSHBUTTON | WS_TABSTOP); break;
-    case SettingControl::kColour: Make(kMain, L"BUTTON", name, BS_OWNERDRAW | WS_TABSTOP); break;
-    case SettingControl::kInfo: Make(kMain, L"STATIC", {}, SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS); break;
+    case SettingControl::kButton: make(L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP); break;
+    case SettingControl::kColour: make(L"BUTTON", BS_OWNERDRAW | WS_TABSTOP); break;
+    case SettingControl::kInfo: make(L"STATIC", SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS); break;
     case SettingControl::kChoice:
-    case SettingControl::kSkin:
-      Make(kMain, L"COMBOBOX", {}, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP);
-      break;
+    case SettingControl::kSkin: make(L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP); break;
     case SettingControl::kPaper:
-      Make(kMain, L"COMBOBOX", {},
-           CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP);
+      make(L"COMBOBOX", CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP);
       break;
     case SettingControl::kHotKey:
       hotKey_ = std::make_unique<HotKeyField>();
-      hotKey_->Create(page_, static_cast<int>(firstId_), {});
+      hotKey_->Create(page_, static_cast<int>(firstId_), area);
       items_[kMain] = hotKey_->Handle();
+      if (!enabled_) EnableWindow(items_[kMain], FALSE);
       break;
-    default: Make(kMain, L"EDIT", {}, kEdit, WS_EX_CLIENTEDGE); break;
+    default: make(L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE); break;
   }
-  FillChoices(choices);
-  if (row_->control == SettingControl::kNumber) {
-    Make(kSpin, UPDOWN_CLASSW, {}, UDS_ARROWKEYS | UDS_NOTHOUSANDS | UDS_SETBUDDYINT);
-    SendMessageW(items_[kSpin], UDM_SETBUDDY, reinterpret_cast<WPARAM>(items_[kMain]), 0);
-    SendMessageW(items_[kSpin], UDM_SETRANGE32, static_cast<WPARAM>(row_->minimum), row_->maximum);
-  }
-  const bool isSound = row_->control == SettingControl::kSound;
-  if (isSound || row_->control == SettingControl::kFolder)
-    Make(kBrowse, L"BUTTON", resources_->String(IDS_SETTING_CHOOSE), BS_PUSHBUTTON | WS_TABSTOP);
-  if (isSound) Make(kPlay, L"BUTTON", resources_->String(IDS_SETTING_PLAY), BS_PUSHBUTTON | WS_TABSTOP);
+  FillChoices();
+  PassWheel(items_[kMain]);
 }
 
-void SettingControls::FillChoices(const SettingChoices& choices) const {
+void SettingControls::FillChoices() const {
   const auto add = [this](const Text& text, LPARAM value) {
     const LRESULT at = SendMessageW(items_[kMain], CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
     SendMessageW(items_[kMain], CB_SETITEMDATA, static_cast<WPARAM>(at), value);
@@ -104,7 +130,7 @@ void SettingControls::FillChoices(const SettingChoices& choices) const {
           value);
   } else if (row_->control == SettingControl::kSkin) {
     add(resources_->String(IDS_SETTING_BUILT_IN), 0);
-    for (const Text& skin : choices.skins) add(skin, 0);
+    for (const Text& skin : choices_->skins) add(skin, 0);
   } else if (row_->control == SettingControl::kPaper) {
     add(resources_->String(IDS_SETTING_OWN_PAPER), kNone);
     for (std::size_t i = 0; i < kPapers.size(); ++i)
@@ -128,7 +154,7 @@ int SettingControls::MainWidth() const {
 }
 
 int SettingControls::TextWidth(Part part, const PageScale& scale) const {
-  const Text text = WindowText(items_[part]);
+  const Text& text = texts_[part];
   SIZE size{};
   GetTextExtentPoint32W(scale.dc, Wide(text), static_cast<int>(text.size()), &size);
   return size.cx + 2;
@@ -136,8 +162,7 @@ int SettingControls::TextWidth(Part part, const PageScale& scale) const {
 
 int SettingControls::TextHeight(Part part, int width, const PageScale& scale) const {
   RECT area{0, 0, width, 0};
-  return DrawTextW(scale.dc, Wide(WindowText(items_[part])), -1, &area,
-                   DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+  return DrawTextW(scale.dc, Wide(texts_[part]), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
 }
 
 int SettingControls::Height(const PageScale& scale) const {
@@ -145,7 +170,7 @@ int SettingControls::Height(const PageScale& scale) const {
 }
 
 int SettingControls::LabelWidth(const PageScale& scale) const {
-  return items_[kLabel] == nullptr || row_->continues ? 0 : TextWidth(kLabel, scale);
+  return !Has(kLabel) || row_->continues ? 0 : TextWidth(kLabel, scale);
 }
 
 int SettingControls::ControlWidth(const PageScale& scale) const {
@@ -157,14 +182,14 @@ int SettingControls::ControlWidth(const PageScale& scale) const {
 }
 
 int SettingControls::ButtonsWidth(const PageScale& scale) const {
-  int width = items_[kSpin] == nullptr ? 0 : scale.Scaled(kSpinWidth);
+  int width = Has(kSpin) ? scale.Scaled(kSpinWidth) : 0;
   for (const Part part : {kBrowse, kPlay})
-    if (items_[part] != nullptr) width += scale.Scaled(kGap + kButtonPadding) + TextWidth(part, scale);
+    if (Has(part)) width += scale.Scaled(kGap + kButtonPadding) + TextWidth(part, scale);
   return width;
 }
 
 int SettingControls::Width(const PageScale& scale) const {
-  const int label = items_[kLabel] == nullptr ? 0 : TextWidth(kLabel, scale) + scale.Scaled(kGap);
+  const int label = Has(kLabel) ? TextWidth(kLabel, scale) + scale.Scaled(kGap) : 0;
   return label + ControlWidth(scale) + ButtonsWidth(scale);
 }
 
@@ -176,16 +201,14 @@ void SettingControls::SetFont(HFONT font) {
 
 int SettingControls::Place(int x, const SettingLine& line, const PageScale& scale) {
   const int tall = scale.Scaled(kControlHeight);
-  const int down = line.top + (line.height - tall) / 2;
-  const int inset = scale.Scaled(kTextInset);
-  const auto place = [&](Part part, int left, int width, bool isText, int extra = 0) {
-    SetWindowPos(items_[part], nullptr, left, isText ? down + inset : down, width,
-                 (isText ? tall - inset : tall) + extra, kQuietly);
+  const auto place = [&](Part part, int left, int width, int height, int extra = 0) {
+    const int top = line.top + (line.height - height) / 2;
+    Put(part, {left, top, left + width, top + height + extra});
     return left + width;
   };
   const int gap = scale.Scaled(kGap);
-  if (items_[kLabel] != nullptr) {
-    const int right = place(kLabel, x, TextWidth(kLabel, scale), true);
+  if (Has(kLabel)) {
+    const int right = place(kLabel, x, TextWidth(kLabel, scale), scale.line);
     x = row_->continues ? right + gap : line.column;
   }
   const bool drops = row_->control == SettingControl::kChoice || row_->control == SettingControl::kSkin ||
@@ -195,19 +218,19 @@ int SettingControls::Place(int x, const SettingLine& line, const PageScale& scal
   extra_ = 0;
   if (row_->control == SettingControl::kSwitch && width < ControlWidth(scale))
     extra_ = std::max(TextHeight(kMain, width - scale.Scaled(kBox), scale) - tall, 0);
+  const bool isField = drops || IsTyped() || row_->control == SettingControl::kHotKey;
+  const int height = isField ? scale.field : row_->control == SettingControl::kInfo ? scale.line : tall;
   // The height of one that drops down is that of the open list.
-  x = place(kMain, x, width, row_->control == SettingControl::kInfo,
-            drops ? scale.Scaled(kOpenList) : extra_);
+  x = place(kMain, x, width, height, drops ? scale.Scaled(kOpenList) : extra_);
   // A field that got its text before its width shows the end of it.
   if (hotKey_) SendMessageW(items_[kMain], EM_SETSEL, 0, 0);
-  if (items_[kSpin] != nullptr) x = place(kSpin, x, scale.Scaled(kSpinWidth), false);
+  if (Has(kSpin)) x = place(kSpin, x, scale.Scaled(kSpinWidth), scale.field);
   for (const Part part : {kBrowse, kPlay})
-    if (items_[part] != nullptr)
-      x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), false);
-  if (items_[kUnit] != nullptr) {
+    if (Has(part)) x = place(part, x + gap, TextWidth(part, scale) + scale.Scaled(kButtonPadding), tall);
+  if (Has(kUnit)) {
     const int unit = TextWidth(kUnit, scale);
     unitBelow_ = x + gap + unit > line.right;
-    if (!unitBelow_) x = place(kUnit, x + gap, unit, true);
+    if (!unitBelow_) x = place(kUnit, x + gap, unit, scale.line);
   }
   return x + gap;
 }
@@ -216,9 +239,9 @@ int SettingControls::PlaceBelow(const SettingLine& line, const PageScale& scale)
   int y = line.top + line.height + extra_;
   const int width = std::max(line.right - line.column, scale.Scaled(kNarrowest));
   for (const Part part : {kUnit, kNotice}) {
-    if (part == kUnit ? !unitBelow_ : !noticed_) continue;
+    if (part == kUnit ? !unitBelow_ : !Has(part)) continue;
     const int height = std::max(TextHeight(part, width, scale), scale.Scaled(kNoticeHeight));
-    SetWindowPos(items_[part], nullptr, line.column, y, width, height, kQuietly);
+    Put(part, {line.column, y, line.column + width, y + height});
     y += height;
   }
   return y - line.top - line.height;
@@ -277,26 +300,21 @@ void SettingControls::SetColour(std::int32_t number) const {
 }
 
 void SettingControls::ShowState(const SettingsDraft& draft) {
-  const BOOL enabled = draft.IsEnabled(*row_);
-  for (const Part part : {kMain, kSpin, kBrowse, kPlay})
-    if (items_[part] != nullptr && IsWindowEnabled(items_[part]) != enabled)
-      EnableWindow(items_[part], enabled);
+  if (std::exchange(enabled_, draft.IsEnabled(*row_)) != enabled_)
+    for (const Part part : {kMain, kSpin, kBrowse, kPlay})
+      if (items_[part] != nullptr) EnableWindow(items_[part], enabled_);
   if (draft.IsFixed(*row_)) ShowNotice(resources_->String(IDS_SETTING_FIXED));
 }
 
 bool SettingControls::ShowFault(const Text& fault) { return ShowNotice(fault); }
 
 bool SettingControls::ShowNotice(const Text& text) {
-  const bool before = std::exchange(noticed_, !text.empty());
-  // Few settings ever have one.
-  if (items_[kNotice] == nullptr) {
-    if (text.empty()) return false;
-    Make(kNotice, L"STATIC", {}, SS_LEFT | SS_NOPREFIX);
-    SendMessageW(items_[kNotice], WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  const Text before = std::exchange(texts_[kNotice], text);
+  if (items_[kNotice] != nullptr && before != text) {
+    SetWindowTextW(items_[kNotice], Wide(text));
+    ShowWindow(items_[kNotice], text.empty() ? SW_HIDE : SW_SHOWNA);
   }
-  SetWindowTextW(items_[kNotice], Wide(text));
-  ShowWindow(items_[kNotice], text.empty() ? SW_HIDE : SW_SHOWNA);
-  return before != noticed_;
+  return before.empty() != text.empty();
 }
 
 bool SettingControls::IsTyped() const {
@@ -309,6 +327,11 @@ bool SettingControls::IsTyped() const {
     case SettingControl::kSound: return true;
     default: return false;
   }
+}
+
+void SettingControls::Focus() const {
+  SetFocus(items_[kMain]);
+  if (IsTyped()) SendMessageW(items_[kMain], EM_SETSEL, 0, -1);
 }
 
 Text SettingControls::Entered() const { return WindowText(items_[kMain]); }

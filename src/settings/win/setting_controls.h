@@ -23,6 +23,8 @@ struct SettingChoices {
 struct PageScale {
   HDC dc = nullptr;  // with the font of the page, to measure texts
   int dpi = 96;
+  int line = 0;   // the height of its texts, in pixels
+  int field = 0;  // that of what is typed into
   int Scaled(int length) const { return MulDiv(length, dpi, 96); }
 };
 
@@ -38,7 +40,8 @@ class SettingControls {
  public:
   enum Part { kMain, kLabel, kSpin, kBrowse, kPlay, kUnit, kNotice, kParts };
 
-  /// Makes the controls in `page`, with ids from `firstId` on, a `Part` each. All outlive the object.
+  /// The controls stand in `page`, with ids from `firstId` on, a `Part` each. They are made where they are
+  /// placed first: to make a window and then move it takes half as long again. All outlive the object.
   SettingControls(const SettingRow& row, HWND page, UINT firstId, const Resources& resources,
                   const SettingChoices& choices);
 
@@ -56,6 +59,7 @@ class SettingControls {
   /// Places what found no room on its line, and what is told of the setting, below a line; the height that
   /// takes.
   int PlaceBelow(const SettingLine& line, const PageScale& scale);
+  /// That of the controls, those that are not made yet included.
   void SetFont(HFONT font);
   /// Of a line that they need, in pixels.
   int Height(const PageScale& scale) const;
@@ -64,10 +68,14 @@ class SettingControls {
   void Show(const SettingsDraft& draft, const Text& info);
   /// Shows whether the user can change it now.
   void ShowState(const SettingsDraft& draft);
+  /// What is told of the setting below its line; empty for nothing.
+  const Text& Notice() const { return texts_[kNotice]; }
   /// What is wrong with what the user has entered; empty for nothing.
   /// Whether the page is to be placed anew, since the line needs another height.
   bool ShowFault(const Text& fault);
 
+  /// Gives it the focus; what is typed goes in the place of what it says.
+  void Focus() const;
   /// What the control says now, where that cannot be wrong.
   SettingValue Read() const;
   /// The text of a control that is typed into.
@@ -77,9 +85,12 @@ class SettingControls {
   void SetColour(std::int32_t number) const;
 
  private:
-  HWND Make(Part part, const wchar_t* windowClass, const Text& text, DWORD style, DWORD extended = 0);
-  void MakeMain(const SettingChoices& choices);
-  void FillChoices(const SettingChoices& choices) const;
+  bool Has(Part part) const;
+  void Put(Part part, const Rect& area);
+  void Make(Part part, const Rect& area);
+  void MakeWindow(Part part, const wchar_t* windowClass, DWORD style, const Rect& area, DWORD extended = 0);
+  void MakeMain(const Rect& area);
+  void FillChoices() const;
   int MainWidth() const;
   int ControlWidth(const PageScale& scale) const;
   int ButtonsWidth(const PageScale& scale) const;
@@ -93,8 +104,10 @@ class SettingControls {
   HWND page_;
   UINT firstId_;
   const Resources* resources_;
+  const SettingChoices* choices_;
+  std::array<Text, kParts> texts_;
   std::array<HWND, kParts> items_{};
-  bool noticed_ = false;    // something is told
+  bool enabled_ = true;
   bool unitBelow_ = false;  // its unit has no room on the line
   int extra_ = 0;           // that the text of a switch is higher than its line, in pixels
   HFONT font_ = nullptr;

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "base/win/wide.h"
 #include "res/resource.h"
 #include "ui/job_dialog.h"
+#include "ui/popup_menu.h"
 #include "ui/system_choosers.h"
 #include "ui/user_messages.h"
 
@@ -12,22 +14,42 @@ namespace {
 
 constexpr std::size_t kTold = 10;
 
+// A folder with its separator, or a file; empty for neither.
+Text ChooseSource(HWND owner, const Resources& resources) {
+  enum : UINT { kFolder = 1, kFile };
+  const UniqueMenu menu(CreatePopupMenu());
+  AppendMenuW(menu.get(), MF_STRING, kFolder, Wide(resources.String(IDS_IMPORT_FOLDER)));
+  AppendMenuW(menu.get(), MF_STRING, kFile, Wide(resources.String(IDS_IMPORT_FILE)));
+  RECT at{};
+  GetWindowRect(GetFocus() == nullptr ? owner : GetFocus(), &at);
+  switch (ChooseFromMenu(resources.Look(), menu.get(), {at.left, at.bottom}, owner)) {
+    case kFolder: return ChooseFolder(owner, resources, IDS_IMPORT_CHOOSE, {});
+    case kFile: return ChooseFileToOpen(owner, resources.String(IDS_FILTER_COLLECTION));
+    default: return {};
+  }
+}
+
 }  // namespace
 
-void ImportFolder(HWND owner, const Resources& resources, const FolderImport::Context& context) {
-  const Text folder = ChooseFolder(owner, resources, IDS_IMPORT_CHOOSE, {});
-  if (folder.empty()) return;
+std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources,
+                                      const FolderImport::Context& context) {
+  const Text folder = ChooseSource(owner, resources);
+  if (folder.empty()) return {};
   FolderImport job(context, folder);
   const Job::State state = RunJob(owner, resources, IDS_IMPORT_RUNS, job, true);
   const auto count = [&resources](UINT text, std::size_t number) {
     return ReplaceAll(resources.String(text), u"%n", IntText(static_cast<std::int64_t>(number)));
   };
-  Text told = state == Job::State::kFailed ? job.Reason() : count(IDS_IMPORT_DONE, job.Imported());
   const auto& faults = job.Faults();
+  const bool none = job.Imported() == 0 && faults.empty();
+  Text told = state == Job::State::kFailed ? job.Reason()
+              : none                       ? ReplaceAll(resources.String(IDS_IMPORT_NOTHING), u"%s", folder)
+                                           : count(IDS_IMPORT_DONE, job.Imported());
   if (!faults.empty()) told += u"\n\n" + count(IDS_IMPORT_LEFT, faults.size());
   for (std::size_t i = 0; i < std::min(faults.size(), kTold); ++i)
     told += u"\n" + faults[i].path + u": " + faults[i].reason;
-  Tell(owner, resources, IDS_IMPORT_REPORT, told);
+  Report(owner, resources, told, state == Job::State::kFailed || !faults.empty());
+  return job.Keys();
 }
 
 }  // namespace jotlets

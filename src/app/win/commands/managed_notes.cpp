@@ -8,7 +8,8 @@
 #include "base/win/shown_time.h"
 #include "data/rtf_text.h"
 #include "data/text_export.h"
-#include "desk/win/notes_export.h"
+#include "desk/notes_export.h"
+#include "desk/undo_import.h"
 #include "manage/win/category_dialog.h"
 #include "res/resource.h"
 #include "ui/job_dialog.h"
@@ -17,68 +18,6 @@
 #include "ui/user_messages.h"
 
 namespace jotlets {
-namespace {
-
-bool IsIn(ManageView view, const JotletData& sleeping) {
-  return sleeping.sleep.recurring == (view == ManageView::kRecurring);
-}
-
-constexpr std::size_t kMaximumStored = 2000;
-
-bool IsUnsaved(const JotletData& record, void* desktop) {
-  const BJotlet* jotlet = static_cast<OpenNotes*>(desktop)->Find(record.id);
-  return jotlet != nullptr && jotlet->HasUnsavedContent();
-}
-
-}  // namespace
-
-bool ManagedNotes::FillManageList(const ManagePlace& place, ManageList& list) {
-  const ManageView view = place.view;
-  if (view == ManageView::kAll) return FillAll(list);
-  if (view == ManageView::kStored) return FillStored(place.category, list);
-  const NoteLists& lists = desk_.Lists();
-  std::vector<const JotletData*> notes;
-  const auto add = [&notes](const JotletData& record) { notes.push_back(&record); };
-  switch (view) {
-    case ManageView::kDesktop:
-      for (const auto& record : lists.desktop) add(*record);
-      return list.SetNotes(notes, IsUnsaved, &notes_);
-    case ManageView::kAttached: std::for_each(lists.attached.begin(), lists.attached.end(), add); break;
-    case ManageView::kSleeping:
-    case ManageView::kRecurring:
-      for (const JotletData& record : lists.sleeping) {
-        if (IsIn(view, record)) add(record);
-      }
-      break;
-    case ManageView::kClosed: std::for_each(lists.closed.begin(), lists.closed.end(), add); break;
-    case ManageView::kStacks: return list.SetStacks(lists.stacks);
-    case ManageView::kAll:
-    case ManageView::kStored: break;
-  }
-  return list.SetNotes(notes);
-}
-
-bool ManagedNotes::FillAll(ManageList& list) {
-  if (std::exchange(read_.newestOf, store_.Version()) != store_.Version())
-    read_.newest = store_.Newest({}, kMaximumStored);
-  std::array<Text, kManageViews> names;
-  for (UINT view = 0; view < names.size(); ++view) names[view] = resources_.String(IDS_MANAGE_VIEW + view);
-  std::vector<PlacedNote> notes;
-  const auto add = [&](const JotletData& record, ManageView home) {
-    notes.push_back({&record, names[static_cast<std::size_t>(home)]});
-  };
-  const NoteLists& lists = desk_.Lists();
-  for (const auto& record : lists.desktop) add(*record, ManageView::kDesktop);
-  for (const JotletData& record : lists.attached) add(record, ManageView::kAttached);
-  for (const JotletData& record : lists.sleeping)
-    add(record, IsIn(ManageView::kRecurring, record) ? ManageView::kRecurring : ManageView::kSleeping);
-  for (const StoredNote& note : read_.newest) {
-    add(note.record, ManageView::kStored);
-    if (!note.category.empty()) notes.back().place += u": " + OneLine(note.category);
-  }
-  for (const JotletData& record : lists.closed) add(record, ManageView::kClosed);
-  return list.SetAll(notes, IsUnsaved, &notes_);
-}
 
 ManageView ManagedNotes::HomeOf(const Text& id) const {
   const NoteLists& lists = desk_.Lists();
@@ -90,8 +29,7 @@ ManageView ManagedNotes::HomeOf(const Text& id) const {
     case NoteList::kClosed: return ManageView::kClosed;
     case NoteList::kSleeping: break;
   }
-  return IsIn(ManageView::kRecurring, *lists.sleeping.Find(id)) ? ManageView::kRecurring
-                                                                : ManageView::kSleeping;
+  return lists.sleeping.Find(id)->sleep.recurring ? ManageView::kRecurring : ManageView::kSleeping;
 }
 
 // Each note as in the view that is its own, with the questions of that. How many are left where there is
@@ -112,21 +50,6 @@ std::size_t ManagedNotes::DoAll(ManageAction action, const std::vector<Text>& id
   return left;
 }
 
-// They are read from the disk: not again before something has changed.
-bool ManagedNotes::FillStored(const std::optional<Text>& category, ManageList& list) {
-  StoredState state{store_.Version(), category};
-  return !list.ShowsStored(state) &&
-         list.SetStored(store_.Newest(category, kMaximumStored), std::move(state));
-}
-
-const std::vector<StoredCategory>& ManagedNotes::Categories() {
-  if (read_.counted != store_.Version()) {
-    read_.counted = store_.Version();
-    read_.categories = store_.Categories();
-  }
-  return read_.categories;
-}
-
 void ManagedNotes::ShowStored(std::int64_t key) {
   dialog_.OpenWindow(false);
   const std::optional<StoredNote> note = store_.Find(key);
@@ -139,19 +62,6 @@ std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
   return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
 }
 
-std::size_t ManagedNotes::CountStored(const ManagePlace& place) {
-  if (place.view == ManageView::kAll) {
-    const NoteLists& lists = desk_.Lists();
-    return CountStored({ManageView::kStored, {}}) + lists.desktop.size() + lists.attached.size() +
-           lists.sleeping.size() + lists.closed.size();
-  }
-  if (place.view != ManageView::kStored) return 0;
-  std::size_t count = 0;
-  for (const StoredCategory& category : Categories())
-    if (!place.category || category.name == *place.category) count += category.notes;
-  return count;
-}
-
 std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
   const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, name).Ask(dialog_.Window());
   Text category(asked ? TrimBlanks(*asked) : TextView());
@@ -159,21 +69,6 @@ std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
   if (store_.RenameCategory(name, category)) return category;
   Tell(dialog_.Window(), resources_, IDS_NOT_RENAMED, category);
   return std::nullopt;
-}
-
-std::array<std::size_t, kManageViews> ManagedNotes::CountManaged() {
-  const NoteLists& lists = desk_.Lists();
-  const auto recurring = static_cast<std::size_t>(
-      std::count_if(lists.sleeping.begin(), lists.sleeping.end(),
-                    [](const JotletData& record) { return IsIn(ManageView::kRecurring, record); }));
-  return {CountStored({ManageView::kAll, {}}),
-          lists.desktop.size(),
-          lists.attached.size(),
-          lists.sleeping.size() - recurring,
-          recurring,
-          CountStored({ManageView::kStored, {}}),
-          lists.closed.size(),
-          lists.stacks.size()};
 }
 
 Text ManagedNotes::ManagedTime(std::int32_t utc) {
@@ -327,14 +222,23 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
                         [&](const JotletData& note) { return note.IsImage() == pictures; });
   const Text kind(pictures ? u"png" : u"rtf");
   const HWND owner = dialog_.Window();
-  const Text path =
-      ChooseFileToSave(owner, resources_.String(pictures ? IDS_FILTER_PICTURE : IDS_FILTER_TEXT), kind,
-                       FileNameOfTitle(contents_.TitleOf(notes.front())));
+  const Text path = ChooseNewFile(owner, resources_.String(pictures ? IDS_FILTER_PICTURE : IDS_FILTER_COPIES),
+                                  kind, FileNameOfTitle(contents_.TitleOf(notes.front())));
   if (path.empty()) return 0;
-  NotesExport job(contents_, files_, std::move(notes), path);
+  std::vector<Text> chosen;
+  for (const JotletData& note : notes) chosen.push_back(note.id);
+  NotesExport job({files_, desk_.Lists(), store_, contents_}, std::move(chosen), path);
   const Job::State state = RunJob(owner, resources_, IDS_SAVING_COPIES, job, true);
-  if (state == Job::State::kFailed) Tell(owner, resources_, IDS_NOT_WRITTEN, job.Reason());
-  return job.Left();
+  if (state == Job::State::kFailed && job.Faults().empty())
+    Tell(owner, resources_, IDS_NOT_WRITTEN, job.Reason());
+  if (job.Faults().empty()) return job.Left();
+  Text told = ReplaceAll(resources_.String(IDS_COPIES_LEFT), u"%n",
+                         IntText(static_cast<std::int64_t>(job.Faults().size())));
+  constexpr std::size_t kTold = 10;
+  for (std::size_t i = 0; i < std::min(job.Faults().size(), kTold); ++i)
+    told += u"\n" + job.Faults()[i].title + u": " + job.Faults()[i].reason;
+  Report(owner, resources_, told, true);
+  return 0;
 }
 
 void ManagedNotes::MoveBack(const UndoStep& step) {
@@ -369,6 +273,11 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
     case UndoKind::kStored: return Fetch(step.ids);
     case UndoKind::kHidden: ShowNotes(step.ids); return 0;
     case UndoKind::kArranged: MoveBack(step); return 0;
+    case UndoKind::kImported: {
+      UndoImport job(desk_, store_, step.keys);
+      RunJob(dialog_.Window(), resources_, IDS_IMPORT_UNDONE, job, true);
+      return job.Left();
+    }
   }
   return 0;
 }

@@ -18,7 +18,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
                OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
-               NoteStore& store, const Files& files, ProgramSaving& saving, const ProgramWindow& window,
+               NoteStore& store, Files& files, ProgramSaving& saving, const ProgramWindow& window,
                const ProgramState& state)
       : resources_(resources),
         clock_(clock),
@@ -43,6 +43,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   const std::vector<StoredCategory>& Categories() override;
   std::size_t CountStored(const ManagePlace& place) override;
   std::optional<Text> RenameCategory(const Text& name) override;
+  bool AskSurvey(SurveyQuestion question) override;
   bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
@@ -58,12 +59,17 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   int Remember(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {}) {
     return steps_.Add(kind, std::move(ids), std::move(places));
   }
+  /// The same for stored notes that an import has made.
+  void RememberImport(std::vector<std::int64_t> keys) { steps_.AddImport(std::move(keys)); }
   /// Undoes one step, if that has not been done yet.
   void UndoStepOf(int number);
   /// Removes a step, which is then not undone here any more.
   std::optional<UndoStep> RemoveStep(int number) { return steps_.Remove(number); }
   /// Who makes notes of the files of a folder, behind this window.
   void ServeImport(std::function<void(HWND owner)> import) { import_ = std::move(import); }
+  /// Who can tell where notes are, and calls `OnSurvey`; false where nobody can.
+  void ServeSurvey(std::function<bool(SurveyQuestion)> survey) { survey_ = std::move(survey); }
+  void OnSurvey(const SearchSurvey& survey);
   /// Whom to tell of each step that is undone.
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
@@ -98,7 +104,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   SleepingNotes& sleeping_;
   NoteContents& contents_;
   NoteStore& store_;
-  const Files& files_;
+  Files& files_;
   ProgramSaving& saving_;
   const ProgramWindow& window_;
   const ProgramState& state_;
@@ -109,10 +115,13 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
     std::uint64_t counted = 0;
     std::vector<StoredNote> newest;
     std::uint64_t newestOf = 0;
+    std::vector<StoredNote> found;  // by the search
+    std::uint64_t findings = 0;
   };
   ReadOfStore read_;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
+  std::function<bool(SurveyQuestion)> survey_ = [](const SurveyQuestion&) { return false; };
   std::function<void(HWND owner)> import_ = [](HWND) {};
 };
 

@@ -232,7 +232,10 @@ void NoteCommands::EditLink(BJotlet& jotlet) {
 
 void NoteCommands::ChooseSkin(BJotlet& jotlet) { tools_.skins.Choose(jotlet); }
 
-void NoteCommands::Save(BJotlet&) { tools_.saving.SaveIfDirty(); }
+void NoteCommands::Save(BJotlet&) {
+  tools_.saving.SaveIfDirty();
+  tools_.saving.SaveOptionsIfDirty();
+}
 
 bool NoteCommands::SaveToFile(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;

@@ -147,12 +147,13 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
 void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
   if (jotlet.Editor() == nullptr) return;
   const BEdit& edit = *jotlet.Editor();
-  const auto add = [&](MenuPart part, EditorKey key, bool enabled) {
+  const auto add = [&](MenuPart part, EditorKey key, bool enabled, bool checked = false) {
     extras.entries.push_back(
-        {part, ShortcutText(KeyOf(key)), [key](BJotlet& note) { note.Editor()->Do(key); }, enabled});
+        {part, ShortcutText(KeyOf(key)), [key](BJotlet& note) { note.Editor()->Do(key); }, enabled, checked});
   };
   add(MenuPart::kPastePlain, EditorKey::kPastePlain, edit.CanPaste());
-  if (tools_.options.typingAids) add(MenuPart::kCheckList, EditorKey::kCheckList, !edit.IsReadOnly());
+  if (tools_.options.typingAids)
+    add(MenuPart::kCheckList, EditorKey::kCheckList, !edit.IsReadOnly(), IsInCheckList(edit));
   for (const Text& face : RecentFonts(tools_.options.fontMru)) {
     extras.entries.push_back({MenuPart::kFonts, ReplaceAll(face, u"&", u"&&"),
                               [this, face](BJotlet& note) { SetFace(note, face); }, !edit.IsReadOnly()});

@@ -49,8 +49,22 @@ void TimeCommands::SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime,
     if (sleeps) asleep.push_back(id);
     all = (sleeps || notes_.Find(id) == nullptr) && all;
   }
-  undo_.Offer(UndoKind::kAsleep, asleep, place);
+  OfferAsleep(std::move(asleep), place);
   if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
+}
+
+// With the time at which the first comes back.
+void TimeCommands::OfferAsleep(std::vector<Text> ids, const Rect& place) {
+  constexpr std::int64_t kSixDays = 6 * 24 * 60 * 60;
+  const JotletData* first = ids.empty() ? nullptr : desk_.Lists().sleeping.Find(ids.front());
+  Text words;
+  if (first != nullptr) {
+    const LocalTime back = clock_.ToLocal(first->sleep.nextWake);
+    const bool soon = first->sleep.nextWake - Now() < kSixDays;
+    words = ReplaceAll(resources_.String(IDS_UNDO_ASLEEP_UNTIL), u"%s",
+                       soon ? ShownSoon(back, clock_.Now().local) : ShownTime(back));
+  }
+  undo_.Offer(UndoKind::kAsleep, std::move(ids), place, words);
 }
 
 std::optional<std::int64_t> TimeCommands::PresetTime(Preset preset) const {
@@ -84,7 +98,7 @@ void TimeCommands::Recur(BJotlet& jotlet) {
     if (recurs) asleep.push_back(id);
     all = (recurs || notes_.Find(id) == nullptr) && all;
   }
-  undo_.Offer(UndoKind::kAsleep, asleep, place);
+  OfferAsleep(std::move(asleep), place);
   if (!all) Tell(window_.Handle(), resources_, IDS_SAVE_FAILED, desk_.Folder());
 }
 

@@ -51,6 +51,7 @@ class TimeCommands {
   /// Sets one alarm; false when that time is over.
   bool SetAlarm(const Text& id, const SleepChoice& choice);
   std::optional<std::int64_t> PresetTime(Preset preset) const;
+  void OfferAsleep(std::vector<Text> ids, const Rect& place);
   void SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime, const WakeFlags& flags);
   void SnoozeNote(const Text& id, bool sleeps);
 

@@ -29,7 +29,7 @@ UndoOffers::UndoOffers(const Resources& resources, const Options& options, NoteD
 }
 
 // What happens to several notes at once is one step.
-void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place) {
+void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place, const Text& words) {
   constexpr ULONGLONG kAtOnce = 300;  // milliseconds
   const ULONGLONG now = GetTickCount64();
   if (number_ != 0 && kind != UndoKind::kDeleted && kind == kind_ && now - offered_ < kAtOnce) {
@@ -38,7 +38,7 @@ void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place) 
   }
   End();
   offered_ = now;
-  ShowOffer(kind, managed_.Remember(kind, std::move(ids)), place);
+  ShowOffer(kind, managed_.Remember(kind, std::move(ids)), place, words);
 }
 
 void UndoOffers::OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place) {
@@ -47,13 +47,13 @@ void UndoOffers::OfferPlaces(std::vector<Text> ids, std::vector<Point> places, c
             place);
 }
 
-void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place) {
+void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place, const Text& words) {
   kind_ = kind;
   if (!IsOn() || number == 0) return;
   number_ = number;
   isLast_ = true;
   strip_.Show(
-      place, resources_.String(WordsFor(kind)), resources_.String(IDS_UNDO),
+      place, words.empty() ? resources_.String(WordsFor(kind)) : words, resources_.String(IDS_UNDO),
       [this, number] { managed_.UndoStepOf(number); }, [this] { End(); });
 }
 

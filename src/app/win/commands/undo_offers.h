@@ -14,8 +14,8 @@ class UndoOffers {
 
   /// Whether steps are offered at all.
   bool IsOn() const { return options_.undoStrip; }
-  /// Offers to undo a step; `place` is where the note was.
-  void Offer(UndoKind kind, std::vector<Text> ids, const Rect& place);
+  /// Offers to undo a step; `place` is where the note was, `words` what is told instead of the usual.
+  void Offer(UndoKind kind, std::vector<Text> ids, const Rect& place, const Text& words = {});
   /// Notes are about to be moved away from these places.
   void OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place);
   /// Closes a note for the user, deletes it, and each is offered to be undone; false when that failed.
@@ -28,7 +28,7 @@ class UndoOffers {
   void End();
 
  private:
-  void ShowOffer(UndoKind kind, int number, const Rect& place);
+  void ShowOffer(UndoKind kind, int number, const Rect& place, const Text& words = {});
   void OnUndone(int number);
 
   const Resources& resources_;
