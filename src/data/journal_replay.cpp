@@ -21,7 +21,8 @@ struct Frames {
   std::optional<JournalFrame> stacks;
   std::map<Text, std::vector<JournalFrame>> contents;  // by path inside the data folder, folded
   Text installId;
-  bool fits = false;  // the journal goes on from the data file that is there
+  bool fits = false;     // the journal goes on from the data file that is there
+  bool foreign = false;  // it holds what no program of ours writes
 };
 
 JotletData Named(const JournalFrame& frame, bool isImage) {
@@ -53,7 +54,10 @@ void Collect(Frames& frames, JournalFrame frame, Fingerprint onDisk,
     case FrameKind::kStacks: frames.stacks = std::move(frame); return;
     case FrameKind::kText:
     case FrameKind::kPicture: {
-      if (!IsOfNote(frame)) return;
+      if (!IsOfNote(frame)) {
+        frames.foreign = true;
+        return;
+      }
       const Text path = FoldCase(ContentPath(Named(frame, frame.kind == FrameKind::kPicture)));
       frames.contents[path].push_back(std::move(frame));
       return;
@@ -62,7 +66,10 @@ void Collect(Frames& frames, JournalFrame frame, Fingerprint onDisk,
     case FrameKind::kClosed:
     case FrameKind::kRemoved: break;
   }
-  if (!IsOfNote(frame)) return;
+  if (!IsOfNote(frame)) {
+    frames.foreign = true;
+    return;
+  }
   const auto [at, fresh] = last.try_emplace(FoldCase(frame.id), frames.records.size());
   if (!fresh) frames.records[at->second].id.clear();
   at->second = frames.records.size();
@@ -238,7 +245,7 @@ JournalReplay ReplayJournal(const LoadContext& context, TextView folder, std::st
   while (auto frame = reader.Next()) Collect(frames, std::move(*frame), onDisk, last);
   replay.length = reader.Length();
   replay.nextSequence = std::max(reader.NextSequence(), replay.nextSequence);
-  replay.keep = reader.StoppedInDamage();
+  replay.keep = reader.StoppedInDamage() || frames.foreign;
   std::size_t records = 0;
   std::size_t contents = 0;
   std::erase_if(frames.records, [](const JournalFrame& frame) { return frame.id.empty(); });

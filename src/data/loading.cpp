@@ -174,17 +174,6 @@ bool WriteInlineContents(const LoadContext& context, const Text& folder,
   return all;
 }
 
-// The copies are worth more than what could be read, and the next exit would write over them.
-void KeepCopies(const LoadContext& context, const Text& folder) {
-  for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
-    const Text path = folder + Text(name);
-    if (!context.files.Exists(path)) continue;
-    const FileStatus kept =
-        context.files.Copy(path, DatedName(context.files, path, kKeptMark, context.now.local));
-    if (!kept) context.log.Write(kLogLifecycle, u"Unable to keep '", path, u"': ", kept.reason);
-  }
-}
-
 // Two notes with one id would write over each other's content: the later one gets an id and a copy of its
 // own.
 void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile& file) {
@@ -224,6 +213,19 @@ Stems ListStems(const Files& files, const Text& folder, TextView extension) {
 
 }  // namespace
 
+void KeepCopies(Files& files, TextView folder, const LocalTime& now, Log& log) {
+  for (const TextView name : {kExitCopyName, kSafetyCopyName}) {
+    const Text path = Text(folder) + Text(name);
+    if (!files.Exists(path)) continue;
+    const Text kept = DatedName(files, path, kKeptMark, now);
+    const FileStatus status = files.Copy(path, kept);
+    if (status)
+      log.Write(kLogLifecycle, u"'", path, u"' is kept as '", kept, u"'");
+    else
+      log.Write(kLogLifecycle, u"Unable to keep '", path, u"': ", status.reason);
+  }
+}
+
 bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options) {
   const FileContent content = files.Read(path);
   if (content.state != FileContent::State::kRead) return false;
@@ -239,6 +241,7 @@ bool LoadOptionsToReplace(Files& files, const CodePage& ansi, Log& log, const Lo
   if (content.state != FileContent::State::kRead) return content.state == FileContent::State::kMissing;
   const TextFile text = DecodeTextFile(content.bytes, ansi);
   LoadOptions(options, text.text);
+  if (content.bytes.empty()) log.Write(kLogLifecycle, u"Options file '", path, u"' is empty");
   // A file with so many unknown lines is somebody else's: writing it anew would cut it short.
   if (!text.damaged && options.others.size() < kMaxUnknownOptions) return true;
   const Text kept = DatedName(files, path, kDamagedMark, now);
@@ -266,7 +269,7 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView, std::str
   if (isThere && !newer && (!reading.whole || IsBeginningOfCopy(context, folder, content))) {
     loaded.damaged = true;
     loaded.keptAs = KeepDamagedFile(context, path, content);
-    KeepCopies(context, folder);
+    KeepCopies(context.files, folder, context.now.local, context.log);
     CompleteFromCopy(context, folder, reading, loaded);
   }
   if (newer) {

@@ -55,6 +55,10 @@ struct LoadedData {
 /// `KeepDeleted` are left out. Failures are logged; the rest goes on.
 LoadedData LoadJotlets(const LoadContext& context, TextView folder, std::string_view journal);
 
+/// Copies "jotlets.bye" and "jotlets.bak" of `folder` to dated names: before a start that goes on with less than
+/// they hold, since the next exit would write over them. Each is logged.
+void KeepCopies(Files& files, TextView folder, const LocalTime& now, Log& log);
+
 /// Reads the options file into `options`; those it does not name stay as they are. False: there is none, or
 /// it could not be read.
 bool LoadOptionsFile(const Files& files, const CodePage& ansi, TextView path, Options& options);

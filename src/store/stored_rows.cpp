@@ -27,8 +27,12 @@ constexpr const char* kForm =
 }  // namespace
 
 StoredNote StoredNoteAt(const Statement& row) {
-  return {row.NumberAt(0), row.TextAt(1), ParseJotletLine(row.TextAt(3), JotletData(), [] { return Text(); }),
-          (row.NumberAt(2) & kStoredLeaving) != 0};
+  StoredNote note{row.NumberAt(0), row.TextAt(1),
+                  ParseJotletLine(row.TextAt(3), JotletData(), [] { return Text(); }),
+                  (row.NumberAt(2) & kStoredLeaving) != 0};
+  // Of a record that lost its id, the content is still known by the one beside it.
+  if (note.record.id.empty()) note.record.id = row.TextAt(4);
+  return note;
 }
 
 bool MakeStoreForm(Database& database) {

@@ -22,7 +22,7 @@ struct StoredNote {
 };
 
 /// How the rows are asked for that `StoredNoteAt` reads; conditions go behind it.
-inline constexpr const char* kSelectStored = "SELECT key, category, flags, record FROM jotlets ";
+inline constexpr const char* kSelectStored = "SELECT key, category, flags, record, text FROM jotlets ";
 StoredNote StoredNoteAt(const Statement& row);
 
 /// What a database that could be opened turns out to be.

@@ -284,6 +284,7 @@ TEST_F(Replay, NamesThatLeaveTheFolderAreNobodysNotes) {
                                    {FrameKind::kRemoved, 0, 0, 0, 0, u"..\\C", {}}},
                                   0);
   EXPECT_TRUE(!replay.any && replay.gone.empty() && file.jotlets.empty() && files.Paths().empty());
+  EXPECT_TRUE(replay.keep) << "what wrote them may be wanted";
 }
 
 TEST(Journal, AStartThatCannotSaveGoesOnBehindWhatItFound) {

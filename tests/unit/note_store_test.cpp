@@ -89,6 +89,21 @@ TEST_F(StoreTest, KeepsNotesWholeByCategory) {
   EXPECT_GT(store.Put(Note(u"E5"), u"").value_or(0), *next);
 }
 
+TEST_F(StoreTest, ARecordThatIsBentKeepsItsContent) {
+  const auto key = store.Put(Note(u"Ab1"), u"a");
+  ASSERT_TRUE(key);
+  store.Close();
+  {
+    Database bent;
+    ASSERT_EQ(bent.Open(folder_ + Text(kStoreFileName), false), DatabaseResult::kDone);
+    bent.Run("UPDATE jotlets SET record = 'x'");
+  }
+  Reopen();
+  const auto found = store.Find(*key);
+  ASSERT_TRUE(found);
+  EXPECT_EQ(FoldCase(found->record.id), FoldCase(u"Ab1"));
+}
+
 TEST_F(StoreTest, NeverOverwritesWhatItCannotRead) {
   for (const std::string& bytes : {std::string("no database"), std::string(4096, 'x')}) {
     WriteStore(bytes);

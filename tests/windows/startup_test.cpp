@@ -57,6 +57,7 @@ TEST_F(StartupTest, TheUsageTextIsShownAndNothingElse) {
 }
 
 TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
+  Write(ApplicationFolder() + u"jotlets.bye", "[Jotlets]");
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(Value(u"get datapath"), ApplicationFolder());
   EXPECT_NE(ShownText(NoteTitled(u"Welcome to Jotlets")).find(u"stays on your desktop"), Text::npos);
@@ -65,6 +66,10 @@ TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
     EXPECT_FALSE(Read(ApplicationFolder() + name).empty()) << ToUtf8(name);
   }
   EXPECT_EQ(FilesBelow(scratch_), std::vector<Text>());
+  const std::vector<Text> files = FilesBelow(ApplicationFolder());
+  EXPECT_TRUE(std::any_of(files.begin(), files.end(), [](const Text& name) {
+    return name.find(u"jotlets.bye.kept-") != Text::npos;
+  })) << "a copy without its data file outlives the next exit";
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(List(u"desktop").size(), 1u) << "it is no first run any more";
 }
@@ -203,6 +208,9 @@ TEST_F(StartupTest, AFileThatBecomesNoNoteIsOfferedOnce) {
   Write(scratch_ + u"skin.jtl", "title:T\nI like my.jsk");
   EXPECT_EQ(RunToEnd(u"\"" + scratch_ + u"skin.jtl\""), 0u);
   EXPECT_EQ(List(u"desktop").size(), 1u);
+  const Process missing(ProgramFile(), u"\"" + scratch_ + u"gone.jtl\"");
+  EXPECT_NE(AnswerBox(missing).find(u"gone.jtl"), Text::npos);
+  EXPECT_EQ(missing.WaitForEnd(), 1u);
 }
 
 TEST_F(StartupTest, ContentWithoutANoteMayBeAdopted) {

@@ -119,6 +119,8 @@ bool Program::LoadOptions() {
   options_.Load(desk_.Folder());
   // Without a file of their own, the options may be in an older data file: the level of the log too.
   if (firstRun || system_.files.Exists(desk_.Folder() + Text(kOptionsFileName))) ApplyOptions();
+  // Without its data file a folder counts as new; what is left of its notes outlives that.
+  if (firstRun) KeepCopies(system_.files, desk_.Folder(), system_.clock.Now().local, system_.log);
   return firstRun;
 }
 

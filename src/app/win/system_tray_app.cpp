@@ -44,18 +44,18 @@ Text FullPath(const Text& path) {
   return full;
 }
 
-void Say(const Resources& resources, UINT text) {
-  MessageBoxW(nullptr, Wide(resources.String(text)), Wide(resources.String(IDS_APP_TITLE)), MB_OK);
+void Say(const Resources& resources, const Text& text) {
+  MessageBoxW(nullptr, Wide(text), Wide(resources.String(IDS_APP_TITLE)), MB_OK);
 }
 
 }  // namespace
 
 int CSystemTrayApp::InitInstance(TextView commandLine) {
   // Kept for the life of the process: the editors' window class lives in it.
-  if (LoadSystemLibrary(L"msftedit.dll") == nullptr) Say(resources_, IDS_NO_RICH_EDIT);
+  if (LoadSystemLibrary(L"msftedit.dll") == nullptr) Say(resources_, resources_.String(IDS_NO_RICH_EDIT));
   const StartRequest request = ParseCommandLine(commandLine);
   switch (request.kind) {
-    case StartKind::kUsage: Say(resources_, IDS_USAGE); return 0;
+    case StartKind::kUsage: Say(resources_, resources_.String(IDS_USAGE)); return 0;
     case StartKind::kClose: return AskRunningInstanceToClose() ? 0 : 1;
     case StartKind::kNoteFile: return SendNoteFile(request.file);
     case StartKind::kSkinFile: return SendToRunningInstance(FullPath(request.file)) ? 0 : 1;
@@ -72,10 +72,16 @@ int CSystemTrayApp::RunProgram(bool rescue) {
 }
 
 int CSystemTrayApp::SendNoteFile(TextView path) {
+  const auto refuse = [this, path](UINT text, TextView reason) {
+    Say(resources_, ReplaceAll(resources_.String(text), u"%s", path) + Text(reason));
+    return 1;
+  };
   const FileContent content = DiskFiles().Read(path);
-  if (content.state != FileContent::State::kRead) return 1;
+  if (content.state == FileContent::State::kMissing) return refuse(IDS_NOTE_FILE_MISSING, {});
+  if (content.state == FileContent::State::kUnreadable) return refuse(IDS_NOTE_FILE_UNREAD, content.reason);
   const AnsiCodePage ansi;
-  return SendToRunningInstance(NoteMessageFromFile(DecodeTextFile(content.bytes, ansi).text)) ? 0 : 1;
+  if (SendToRunningInstance(NoteMessageFromFile(DecodeTextFile(content.bytes, ansi).text))) return 0;
+  return refuse(IDS_NOTE_FILE_REFUSED, {});
 }
 
 }  // namespace jotlets
