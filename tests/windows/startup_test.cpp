@@ -57,6 +57,7 @@ TEST_F(StartupTest, TheUsageTextIsShownAndNothingElse) {
 }
 
 TEST_F(StartupTest, TheFirstRunShowsAWelcomeNote) {
+  std::filesystem::create_directories(std::filesystem::path(ApplicationFolder()));
   Write(ApplicationFolder() + u"jotlets.bye", "[Jotlets]");
   ASSERT_TRUE(StartProgram());
   EXPECT_EQ(Value(u"get datapath"), ApplicationFolder());
