@@ -137,6 +137,7 @@ struct SkinData {
 
   std::int32_t formatBar = 0;  // height of the bar at the foot with which texts are formatted; 0: none
   DrawBounds formatBarDrawBounds;
+  std::int32_t tagLine = 0;  // height of the line at the foot that tells what a note waits for; 0: none
 
   bool drawOnRtfBg = false;
   bool isStack = false;        // `mode`

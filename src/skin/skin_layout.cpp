@@ -110,9 +110,23 @@ Rect FormatBarArea(const SkinData& skin, const SkinView& view) {
   return {0, std::max(view.window.height - skin.formatBar, 0), view.window.width, view.window.height};
 }
 
+std::optional<SkinState> TagOf(const SkinData& skin, const SkinView& view) {
+  constexpr std::int32_t kLinesLeft = 3;
+  const SkinStates& states = view.states;
+  const std::int64_t room = std::int64_t{view.window.height} - skin.top;
+  if (skin.tagLine <= 0 || view.rolled || states.Has(SkinState::kFormatBar) ||
+      states.Has(SkinState::kImage) || room < std::int64_t{kLinesLeft} * skin.tagLine)
+    return std::nullopt;
+  if (states.Has(SkinState::kAlarm)) return SkinState::kTagAlarm;
+  if (states.Has(SkinState::kAttached)) return SkinState::kTagAttached;
+  if (states.Has(SkinState::kInStack)) return SkinState::kTagInStack;
+  return std::nullopt;
+}
+
 Rect TextArea(const SkinData& skin, const SkinView& view) {
   if (view.rolled) return {};
-  const std::int32_t foot = skin.bottom + FormatBarArea(skin, view).Height();
+  const std::int32_t line = view.states.Has(SkinState::kTagLine) ? skin.tagLine : 0;
+  const std::int32_t foot = std::max(skin.bottom + FormatBarArea(skin, view).Height(), line);
   Rect area{skin.left, skin.top, view.window.width - skin.right,
             Saturated(std::int64_t{view.window.height} - foot)};
   area.right = std::max(area.right, area.left);

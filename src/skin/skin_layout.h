@@ -36,8 +36,13 @@ bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view);
 /// The place of that bar; empty while it is not there.
 Rect FormatBarArea(const SkinData& skin, const SkinView& view);
 
-/// The text area: what the widths of the frame and the bar at the foot leave. Empty while the note is rolled
-/// up.
+/// What the line at the foot of a note in this view tells: its alarm before its window before its stack, as
+/// the one of their tag states; nothing for pictures, beside the bar for formatting, and where hardly any
+/// text would be left.
+std::optional<SkinState> TagOf(const SkinData& skin, const SkinView& view);
+
+/// The text area: what the widths of the frame and the bar or the line at the foot leave. Empty while the
+/// note is rolled up.
 Rect TextArea(const SkinData& skin, const SkinView& view);
 
 /// The window's smallest size.

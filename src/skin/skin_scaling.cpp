@@ -112,9 +112,9 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   SkinData scaled = skin;
   const Scale scale(dpi);
   scaled.dpi = dpi;
-  for (std::int32_t* length :
-       {&scaled.top, &scaled.bottom, &scaled.left, &scaled.right, &scaled.rolledHeight, &scaled.minimumWidth,
-        &scaled.minimumHeight, &scaled.minimumThumbTrackHeight, &scaled.rowHeight, &scaled.formatBar})
+  for (std::int32_t* length : {&scaled.top, &scaled.bottom, &scaled.left, &scaled.right, &scaled.rolledHeight,
+                               &scaled.minimumWidth, &scaled.minimumHeight, &scaled.minimumThumbTrackHeight,
+                               &scaled.rowHeight, &scaled.formatBar, &scaled.tagLine})
     scale.Grow(*length);
   for (Coordinate& at : scaled.region) scale.Grow(at);
   if (scaled.titlebar) {

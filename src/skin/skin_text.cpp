@@ -163,6 +163,7 @@ constexpr KeyRow<SkinData> kSkinKeys[] = {
     {u"scrollbardrawheightmaximum", [](S& s, V v) { s.scrollbarDrawBounds.heightMaximum = UpperBound(v); }},
     {u"formatbar", [](S& s, V v) { s.formatBar = Length(v); }},
     {u"formatbardrawheightminimum", [](S& s, V v) { s.formatBarDrawBounds.heightMinimum = ParseInt(v); }},
+    {u"tagline", [](S& s, V v) { s.tagLine = Length(v); }},
     {u"drawonrtfbg", [](S& s, V v) { s.drawOnRtfBg = IsOn(v); }},
     {u"mode", [](S& s, V v) { s.isStack = IsWord(v, u"stack"); }},
     {u"rowheight", [](S& s, V v) { s.rowHeight = Length(v); }},

@@ -11,7 +11,8 @@ constexpr TextView kStateNames[] = {
     u"instack",   u"sleeping",   u"recurring", u"ghost",    u"title",     u"image",
     u"stang",     u"user1",      u"user2",     u"user3",    u"owntitle",  u"scrollbarrequired",
     u"formatbar", u"checklists", u"bold",      u"italic",   u"underline", u"strikethrough",
-    u"bullets",   u"checklist",  u"highlight"};
+    u"bullets",   u"checklist",  u"highlight", u"tagline",  u"tagalarm",  u"tagattached",
+    u"taginstack"};
 
 Text UpperAscii(TextView text) {
   Text upper(text);

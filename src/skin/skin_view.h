@@ -43,12 +43,18 @@ enum class SkinState : std::uint8_t {
   kBullets,
   kCheckList,
   kHighlight,
+  // The line at the foot that tells what the note waits for or belongs to, and which of them.
+  kTagLine,
+  kTagAlarm,
+  kTagAttached,
+  kTagInStack,
 };
 
 /// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
 /// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3",
 /// "owntitle", "scrollbarrequired", "formatbar", "checklists", "bold", "italic", "underline",
-/// "strikethrough", "bullets", "checklist" and "highlight".
+/// "strikethrough", "bullets", "checklist", "highlight", "tagline", "tagalarm", "tagattached" and
+/// "taginstack".
 std::optional<SkinState> SkinStateFromName(TextView name);
 
 /// A set of states.

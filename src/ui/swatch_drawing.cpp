@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace jotlets {
 namespace {
@@ -18,8 +19,17 @@ std::uint32_t PixelOf(Colour colour) {
   return static_cast<std::uint32_t>(colour.r) << 16 | static_cast<std::uint32_t>(colour.g) << 8 | colour.b;
 }
 
+// Thousandths of what the eye makes of a colour.
+std::int32_t Lightness(Colour colour) { return colour.r * 299 + colour.g * 587 + colour.b * 114; }
+
 // Whether black is read better on a colour than white.
-bool IsLight(Colour colour) { return colour.r * 299 + colour.g * 587 + colour.b * 114 > 128000; }
+bool IsLight(Colour colour) { return Lightness(colour) > 128000; }
+
+// How strong the rim of a colour is: one that hardly differs from the menu is seen by its rim alone.
+double RimOf(Colour fill, Colour paper) {
+  constexpr std::int32_t kAlike = 12000;
+  return std::abs(Lightness(fill) - Lightness(paper)) < kAlike ? 0.6 : 0.18;
+}
 
 }  // namespace
 
@@ -79,7 +89,7 @@ void SwatchDrawing::Draw(Swatch::Kind kind, Colour colour, std::int32_t middle, 
   const bool isColour = kind == Swatch::Kind::kColour;
   const Colour fill = !isColour ? paper_ : state.grey ? Mix(paper_, colour, kFaint) : colour;
   const Colour ink = state.grey ? Mix(paper_, ink_, kFaint) : ink_;
-  Disc(at, kRadius * scale_, isColour ? Mix(fill, ink_, 0.18) : Mix(paper_, ink, 0.6));
+  Disc(at, kRadius * scale_, isColour ? Mix(fill, ink_, RimOf(fill, paper_)) : Mix(paper_, ink, 0.6));
   Disc(at, (kRadius - 1) * scale_, fill);
   const double stroke = 1.6 * scale_;
   if (kind == Swatch::Kind::kOthers)

@@ -96,12 +96,22 @@ bool ChangesWithWheel(HWND control) {
 }  // namespace
 
 void FitHeight(HWND dialog) {
-  if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_CHILD) != 0) return;
+  const LONG_PTR style = GetWindowLongPtrW(dialog, GWL_STYLE);
+  if ((style & WS_CHILD) != 0) return;
   RECT window{};
   RECT client{};
   GetWindowRect(dialog, &window);
   GetClientRect(dialog, &client);
   const Rect work = WorkAreaOf(dialog);
+  if ((style & WS_THICKFRAME) != 0) {
+    const Rect bounds = FromRECT(window);
+    const int width = std::min(bounds.Width(), work.Width());
+    const int height = std::min(bounds.Height(), work.Height());
+    SetWindowPos(dialog, nullptr, std::clamp(bounds.left, work.left, work.right - width),
+                 std::clamp(bounds.top, work.top, work.bottom - height), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    return;
+  }
   const int over = static_cast<int>(window.bottom - window.top) - work.Height();
   if (over <= 0) return;
   const auto dpi = GetDpiForWindow(dialog);

@@ -6,7 +6,7 @@
 namespace jotlets {
 
 /// Where the dialog does not fit into the work area, makes it scroll: by its bar, the wheel, and to whichever
-/// control gets the keyboard.
+/// control gets the keyboard. One that can be sized becomes smaller instead, and places its controls anew.
 void FitHeight(HWND dialog);
 
 /// Lets the wheel over this control scroll what the control is part of: a value that the mouse happens to be

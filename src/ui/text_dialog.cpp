@@ -12,6 +12,7 @@ std::optional<Text> BTextDlg::Ask(HWND owner) {
 
 void BTextDlg::OnInit() {
   SetWindowTextW(Handle(), Wide(resources_.String(caption_)));
+  SetDlgItemTextW(Handle(), IDC_TEXT_LABEL, Wide(resources_.String(label_)));
   SetDlgItemTextW(Handle(), IDC_TEXT_LINE, Wide(text_));
 }
 

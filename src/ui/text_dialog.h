@@ -9,9 +9,10 @@ namespace jotlets {
 
 class BTextDlg final : public Dialog {
  public:
-  /// `caption` is the number of the dialog's title, `text` what stands in it at first.
-  BTextDlg(const Resources& resources, UINT caption, TextView text)
-      : resources_(resources), caption_(caption), text_(text) {}
+  /// `caption` and `label` are the numbers of the dialog's title and of the words before its field, `text` is
+  /// what stands in it at first.
+  BTextDlg(const Resources& resources, UINT caption, UINT label, TextView text)
+      : resources_(resources), caption_(caption), label_(label), text_(text) {}
 
   /// The text as the user leaves it; nothing when it was cancelled.
   std::optional<Text> Ask(HWND owner);
@@ -22,6 +23,7 @@ class BTextDlg final : public Dialog {
 
   const Resources& resources_;
   UINT caption_;
+  UINT label_;
   Text text_;
 };
 

@@ -109,6 +109,28 @@ TEST(Layout, GivesRectangles) {
   EXPECT_EQ(TextArea(skin, ViewOf({200, 100}, true)), Rect{});
 }
 
+TEST(TagLine, TellsOneThingWhereThereIsRoomForIt) {
+  const SkinData skin = ParseSkin(u"top=20\nbottom=12\nleft=10\nright=11\nformatbar=36\ntagline=26");
+  SkinView view = ViewOf({200, 100});
+  EXPECT_EQ(TagOf(skin, view), std::nullopt);
+  view.states.Set(SkinState::kInStack, true);
+  EXPECT_EQ(TagOf(skin, view), SkinState::kTagInStack);
+  view.states.Set(SkinState::kAttached, true);
+  EXPECT_EQ(TagOf(skin, view), SkinState::kTagAttached);
+  view.states.Set(SkinState::kAlarm, true);
+  EXPECT_EQ(TagOf(skin, view), SkinState::kTagAlarm);
+  view.states.Set(SkinState::kTagLine, true);
+  EXPECT_EQ(TextArea(skin, view), (Rect{10, 20, 189, 74}));
+  view.window.height = 97;
+  EXPECT_EQ(TagOf(skin, view), std::nullopt) << "the text goes first";
+  view.window.height = 100;
+  for (const SkinState instead : {SkinState::kFormatBar, SkinState::kImage}) {
+    SkinView other = view;
+    other.states.Set(instead, true);
+    EXPECT_EQ(TagOf(skin, other), std::nullopt);
+  }
+}
+
 TEST(FormatBar, TakesItsRoomFromTheTextWhileItIsThere) {
   const SkinData skin =
       ParseSkin(u"top=20\nbottom=12\nleft=10\nright=11\nformatbar=36\nformatbardrawheightminimum=120");

@@ -16,8 +16,8 @@ constexpr int kRow = 24;
 constexpr int kLabel = 56;
 constexpr int kSmallestWidth = 420;
 constexpr int kSmallestHeight = 240;
-constexpr int kColumns[] = {150, 250,
-                            140};  // key, what it does, where it counts; the last takes what is left
+constexpr int kColumns[] = {150, 250, 160};  // key, what it does, where it counts
+constexpr int kStretched = 1;                // takes what the others leave, and is no narrower than above
 
 Text TextOf(const ACCEL& key) {
   return KeyText({false, (key.fVirt & FCONTROL) != 0, (key.fVirt & FALT) != 0, (key.fVirt & FSHIFT) != 0},
@@ -88,17 +88,17 @@ void BKeysDlg::AddProgramKeys(std::vector<KeyRow>& rows) const {
   }
 }
 
-// It takes what the others leave; the scroll bar, which comes and goes with the rows, has its room.
-void BKeysDlg::FitLastColumn() {
+// The scroll bar, which comes and goes with the rows, has its room.
+void BKeysDlg::FitColumns() {
   const HWND list = Item(IDC_KEYS_LIST);
   RECT bounds{};
   GetWindowRect(list, &bounds);
   const auto dpi = GetDpiForWindow(list);
   int width = bounds.right - bounds.left - GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) -
               2 * GetSystemMetricsForDpi(SM_CXEDGE, dpi);
-  constexpr int kLast = static_cast<int>(std::size(kColumns)) - 1;
-  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(list, i);
-  ListView_SetColumnWidth(list, kLast, std::max(width, Scaled(kColumns[kLast])));
+  for (int i = 0; i < static_cast<int>(std::size(kColumns)); ++i)
+    if (i != kStretched) width -= ListView_GetColumnWidth(list, i);
+  ListView_SetColumnWidth(list, kStretched, std::max(width, Scaled(kColumns[kStretched])));
 }
 
 void BKeysDlg::ShowRows() {
@@ -144,7 +144,7 @@ void BKeysDlg::Layout() {
   place(IDC_KEYS_SEARCH, margin + label, margin, width - label, row);
   place(IDC_KEYS_LIST, margin, list, width, status - margin / 2 - list);
   place(IDC_KEYS_COUNT, margin, status + Scaled(4), width, row - Scaled(4));
-  FitLastColumn();
+  FitColumns();
 }
 
 bool BKeysDlg::OnCommand(UINT control, UINT notification) {

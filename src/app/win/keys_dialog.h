@@ -29,7 +29,7 @@ class BKeysDlg final : public Dialog {
   void ReadRows();
   void AddProgramKeys(std::vector<KeyRow>& rows) const;
   void ShowRows();
-  void FitLastColumn();
+  void FitColumns();
   void Layout();
   int Scaled(int length) const;
 

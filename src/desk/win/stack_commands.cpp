@@ -85,7 +85,8 @@ bool OpenStacks::DoMenuCommand(BStackDlg& stack, UINT command, const std::option
 void OpenStacks::EditTitle(std::int32_t number) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
-  const auto title = BTextDlg(resources_, IDS_EDIT_TITLE, stack->Record().title).Ask(stack->Handle());
+  const auto title =
+      BTextDlg(resources_, IDS_EDIT_TITLE, IDS_LABEL_TITLE, stack->Record().title).Ask(stack->Handle());
   // A dialog lets everything else go on: the stack may be gone when it ends. So below.
   stack = Find(number);
   if (title && stack != nullptr) stack->SetTitle(*title);

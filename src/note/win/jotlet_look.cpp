@@ -206,6 +206,9 @@ void BJotlet::FillView() {
   const bool hadBar = view_.states.Has(SkinState::kFormatBar);
   view_.states = States();
   ShowFormat(hadBar);
+  const auto tag = TagOf(skin_->data, view_);
+  view_.states.Set(SkinState::kTagLine, tag.has_value());
+  if (tag) view_.states.Set(*tag, true);
 }
 
 // The bar is there while one writes. It does not come under a mouse that selects text.

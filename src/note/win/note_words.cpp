@@ -14,6 +14,19 @@ Text TimeWords(const Clock& clock, std::int32_t utc) {
   return utc > 0 ? ShownTime(clock.ToLocal(utc)) : Text();
 }
 
+// What the line at the foot tells, in the order in which one goes before another.
+Text TagWords(const Clock& clock, const JotletData& record, const StackNames& stackName) {
+  // Within these days the name of the day says which one it is.
+  constexpr std::int64_t kSoon = 6 * 24 * 3600;
+  if (record.alarm > 0) {
+    const Moment now = clock.Now();
+    const bool soon = record.alarm > now.utc && record.alarm - now.utc < kSoon;
+    return soon ? ShownSoon(clock.ToLocal(record.alarm), now.local) : TimeWords(clock, record.alarm);
+  }
+  if (record.IsAttached()) return record.attachment.title;
+  return stackName(record.stack).value_or(Text());
+}
+
 constexpr WordRow kRows[] = {
     {u"SOURCE", [](const Clock&, const JotletData& r) { return r.source; }},
     {u"ALARM", [](const Clock& c, const JotletData& r) { return TimeWords(c, r.alarm); }},
@@ -32,6 +45,7 @@ std::optional<Text> NoteWords::Find(TextView placeholder) const {
   if (placeholder == u"TITLE") return shownTitle_;
   if (placeholder == u"SIZE") return IntText(window_.width) + u" x " + IntText(window_.height);
   if (placeholder == u"STACKNAME") return OneLine(stackName_(record_.stack).value_or(Text()));
+  if (placeholder == u"TAG") return OneLine(TagWords(clock_, record_, stackName_));
   for (const WordRow& row : kRows) {
     if (row.placeholder == placeholder) return OneLine(row.words(clock_, record_));
   }

@@ -63,7 +63,7 @@ std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
 }
 
 std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
-  const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, name).Ask(dialog_.Window());
+  const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, IDS_LABEL_NAME, name).Ask(dialog_.Window());
   Text category(asked ? TrimBlanks(*asked) : TextView());
   if (category.empty() || category == name || state_.exiting) return std::nullopt;
   if (store_.RenameCategory(name, category)) return category;

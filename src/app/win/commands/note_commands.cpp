@@ -183,8 +183,8 @@ void NoteCommands::OrphanCheck(BJotlet&) { tools_.program.CheckContent(); }
 void NoteCommands::EditTitle(BJotlet& jotlet) {
   if (jotlet.EditTitle()) return;
   const Text id = jotlet.StoredRecord().id;
-  const auto title =
-      BTextDlg(tools_.resources, IDS_EDIT_TITLE, jotlet.StoredRecord().title).Ask(jotlet.Handle());
+  const auto title = BTextDlg(tools_.resources, IDS_EDIT_TITLE, IDS_LABEL_TITLE, jotlet.StoredRecord().title)
+                         .Ask(jotlet.Handle());
   // A dialog lets everything else go on: the note may be gone when it ends. So below.
   BJotlet* note = tools_.notes.Find(id);
   if (title && note != nullptr) note->SetTitle(*title);
@@ -192,8 +192,9 @@ void NoteCommands::EditTitle(BJotlet& jotlet) {
 
 void NoteCommands::EditUserString(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const auto words = BTextDlg(tools_.resources, IDS_EDIT_USER_STRING, jotlet.StoredRecord().userString1)
-                         .Ask(jotlet.Handle());
+  const auto words =
+      BTextDlg(tools_.resources, IDS_EDIT_USER_STRING, IDS_LABEL_WORDS, jotlet.StoredRecord().userString1)
+          .Ask(jotlet.Handle());
   BJotlet* note = tools_.notes.Find(id);
   if (words && note != nullptr) note->SetUserString(*words);
 }
@@ -220,7 +221,7 @@ void NoteCommands::EditLink(BJotlet& jotlet) {
   BEdit* edit = jotlet.Editor();
   if (edit == nullptr || OpenOrMakeLink(*edit) || edit->IsReadOnly()) return;
   const Text id = jotlet.StoredRecord().id;
-  const auto address = BTextDlg(tools_.resources, IDS_EDIT_LINK, {}).Ask(jotlet.Handle());
+  const auto address = BTextDlg(tools_.resources, IDS_EDIT_LINK, IDS_LABEL_ADDRESS, {}).Ask(jotlet.Handle());
   BJotlet* note = tools_.notes.Find(id);
   if (!address || address->empty() || note == nullptr || note->Editor() == nullptr) return;
   const Text link = LinkTarget(*address).empty() ? LinkFromText(*address) : *address;
