@@ -16,6 +16,11 @@ Colour StackColour(const StackRecord& stack, std::span<const StackMember> member
   return stack.keepColour || members.empty() ? ColourOfNumber(stack.colour) : members.front().colour;
 }
 
+bool WouldGather(std::span<const StackMember> members) {
+  return std::ranges::any_of(members,
+                             [](const StackMember& member) { return member.state == MemberState::kShown; });
+}
+
 bool IsStackRolled(std::int32_t height, std::int32_t rolledHeight) {
   return rolledHeight > 0 && height <= rolledHeight;
 }

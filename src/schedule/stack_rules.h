@@ -29,6 +29,9 @@ struct StackMember {
   friend bool operator==(const StackMember&, const StackMember&) = default;
 };
 
+/// Whether the button of a stack with these members gathers them in: some are shown. Else it spreads them out.
+bool WouldGather(std::span<const StackMember> members);
+
 /// The colour that a stack is drawn in. With "keep colour" it is the stack's own, which the user chose; else
 /// it is that of the first note in the list, so that a stack of green notes is green, and the stack's own
 /// while it is empty.

@@ -23,17 +23,7 @@ Point PlaceOfMenu(const BStackDlg& stack) {
 bool OpenStacks::OnStackAction(BStackDlg& stack, ActionCode action) {
   switch (action) {
     case kActionClose: Close(stack.Number()); return true;
-    case kActionStack: {
-      const auto& members = stack.Members();
-      const bool shown = std::any_of(members.begin(), members.end(),
-                                     [](const StackMember& m) { return m.state == MemberState::kShown; });
-      if (shown) {
-        Gather(stack);
-      } else {
-        Spread(stack);
-      }
-      return true;
-    }
+    case kActionStack: WouldGather(stack.Members()) ? Gather(stack) : Spread(stack); return true;
     case kActionEditTitle: EditTitle(stack.Number()); return true;
     case kActionColour: ChooseColour(stack.Number()); return true;
     case kActionNewJotlet: owner_.DoProgramCommand(ID_NEW_JOTLET); return true;

@@ -4,6 +4,7 @@
 
 #include "base/win/wide.h"
 #include "editor/text_style.h"
+#include "res/resource.h"
 #include "schedule/win/member_list.h"
 #include "ui/screen.h"
 
@@ -15,17 +16,21 @@ constexpr std::int32_t kRowPadding = 8;
 // What the skin's placeholders say of a stack.
 class StackWords final : public SkinWords {
  public:
-  StackWords(const StackRecord& stack, std::size_t count) : stack_(stack), count_(count) {}
+  /// `toggle` is what the button that spreads the stack out or gathers it in does now.
+  StackWords(const StackRecord& stack, std::size_t count, const Text& toggle)
+      : stack_(stack), count_(count), toggle_(toggle) {}
   std::optional<Text> Find(TextView placeholder) const override {
     if (placeholder == u"STACKNAME" || placeholder == u"TITLE") return OneLine(stack_.title);
     if (placeholder == u"SOURCE" || placeholder == u"COUNT")
       return IntText(static_cast<std::int64_t>(count_));
+    if (placeholder == u"SPREAD") return toggle_;
     return std::nullopt;
   }
 
  private:
   const StackRecord& stack_;
   std::size_t count_;
+  const Text& toggle_;
 };
 
 }  // namespace
@@ -170,7 +175,8 @@ LRESULT BStackDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void BStackDlg::Draw(HDC dc, const Rect& part) {
-  const StackWords words(record_, members_.size());
+  const Text toggle = context_.textOf(WouldGather(members_) ? IDS_STACK_GATHER_IN : IDS_STACK_SPREAD_OUT);
+  const StackWords words(record_, members_.size(), toggle);
   MemberListLook look;
   look.font = font_.get();
   look.paper = PaperOf(view_.colour);
