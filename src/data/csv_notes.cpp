@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "data/written_time.h"
@@ -12,6 +13,9 @@ namespace {
 constexpr std::size_t kMaximumUnits = kLargestCollectedNote / sizeof(char16_t);
 // A row of nothing but separators takes memory too.
 constexpr std::size_t kMaximumColumns = 1000;
+
+constexpr TextView kTooLarge = u"the row is over 4 MB, or has more than 1,000 columns";
+constexpr TextView kUnclosed = u"a quotation mark is not closed, and the rest of the file is inside it";
 
 struct Name {
   TextView word;
@@ -107,10 +111,8 @@ class CsvNotes final : public NoteCollection {
     note = {};
     switch (reader_->Next(row)) {
       case CsvReader::State::kEnd: return State::kEnd;
-      case CsvReader::State::kTooLarge: note.fault = u"the row is over 4 MB"; break;
-      case CsvReader::State::kUnclosed:
-        note.fault = u"a quotation mark is not closed, and the rest of the file is inside it";
-        break;
+      case CsvReader::State::kTooLarge: note.fault = kTooLarge; break;
+      case CsvReader::State::kUnclosed: note.fault = kUnclosed; break;
       case CsvReader::State::kRow: note = NoteOf(row); break;
     }
     return State::kNote;
@@ -213,9 +215,39 @@ CsvPreview PreviewOfCsv(TextView text) {
        state != CsvReader::State::kEnd && preview.rows.size() < kShown;) {
     state = reader.Next(row);
     if (state == CsvReader::State::kRow) preview.rows.push_back(std::move(row));
+    if (state == CsvReader::State::kTooLarge) preview.fault = kTooLarge;
+    if (state == CsvReader::State::kUnclosed) preview.fault = kUnclosed;
   }
-  if (!preview.rows.empty()) preview.columns = ColumnsOf(preview.rows.front());
+  if (!preview.rows.empty()) {
+    preview.columns = ColumnsOf(preview.rows.front());
+    preview.fault.clear();
+  } else if (preview.fault.empty()) {
+    preview.fault = u"the table is empty";
+  }
   return preview;
+}
+
+std::vector<Text> NamesOfColumns(const CsvPreview& table, bool header, TextView numbered) {
+  std::size_t columns = 0;
+  for (const CsvRow& row : table.rows) columns = std::max(columns, row.size());
+  std::vector<Text> names;
+  for (std::size_t at = 0; at < columns; ++at) {
+    const bool named = header && at < table.rows.front().size();
+    Text name = named ? OneLine(TrimBlanks(table.rows.front()[at])) : Text();
+    names.push_back(name.empty() ? ReplaceAll(numbered, u"%n", IntText(static_cast<std::int64_t>(at) + 1))
+                                 : std::move(name));
+  }
+  return names;
+}
+
+std::vector<Text> ColumnsLeft(const CsvPreview& table, const CsvColumns& columns, TextView numbered) {
+  std::vector<Text> left = NamesOfColumns(table, columns.header, numbered);
+  std::vector<int> used{columns.title, columns.text, columns.category, columns.created};
+  std::ranges::sort(used, std::greater<>());
+  used.erase(std::unique(used.begin(), used.end()), used.end());
+  for (const int column : used)
+    if (column >= 0 && static_cast<std::size_t>(column) < left.size()) left.erase(left.begin() + column);
+  return left;
 }
 
 std::unique_ptr<NoteCollection> NotesOfCsv(Text text, const std::optional<CsvColumns>& columns) {

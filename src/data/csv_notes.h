@@ -55,8 +55,15 @@ struct CsvPreview {
   char16_t separator = u',';
   std::vector<CsvRow> rows;  // the first ones, that with the names among them
   CsvColumns columns;        // as far as the names tell
+  Text fault;                // why there are none
 };
 CsvPreview PreviewOfCsv(TextView text);
+
+/// What the columns are called: by their names in the first row when that has names, else by `numbered`, in
+/// which their numbers take the place of "%n".
+std::vector<Text> NamesOfColumns(const CsvPreview& table, bool header, TextView numbered);
+/// Those of them that are no part of a note, and become lines of its text.
+std::vector<Text> ColumnsLeft(const CsvPreview& table, const CsvColumns& columns, TextView numbered);
 
 /// The notes of a table with these columns, its own where none are chosen.
 std::unique_ptr<NoteCollection> NotesOfCsv(Text text, const std::optional<CsvColumns>& columns);

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include "base/natural_order.h"
+
 namespace jotlets {
 namespace {
 
@@ -90,6 +92,17 @@ void Database::Watch(std::function<void(std::int64_t)> changed) {
     static_cast<Database*>(database)->changed_(key);
   };
   sqlite3_update_hook(handle_.get(), tell, this);
+}
+
+void Database::AddNaturalOrder() {
+  const auto compare = [](void*, int sizeA, const void* a, int sizeB, const void* b) {
+    const auto view = [](const void* bytes, int size) {
+      return std::string_view(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
+    };
+    const auto order = NaturalOrder(view(a, sizeA), view(b, sizeB));
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
+  };
+  sqlite3_create_collation(handle_.get(), "natural_order", SQLITE_UTF8, nullptr, compare);
 }
 
 void Database::KeepLog() {

@@ -50,12 +50,16 @@ class Statement {
 class Database {
  public:
   /// Opens the file at `path`, with separators as the system has them; makes it when `create`. Fails when it
-  /// cannot be opened for writing, and when it is no database.
+  /// cannot be opened for writing, and when it is no database. An empty path makes a file of its own, which
+  /// goes with this object.
   DatabaseResult Open(TextView path, bool create);
   void Close() { handle_.reset(); }
   bool IsOpen() const { return handle_ != nullptr; }
   /// Whom to tell of the key of every row that is put in, changed or removed from here on, by this object.
   void Watch(std::function<void(std::int64_t key)> changed);
+
+  /// Statements may compare texts by the collation "natural_order", which is `NaturalOrder`.
+  void AddNaturalOrder();
 
   /// From here on the log of this object's commits goes into the file by `EmptyLog` alone: else the commit
   /// that makes it long takes the time for it.

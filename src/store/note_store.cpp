@@ -28,6 +28,7 @@ void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The stor
 StoreState NoteStore::Open(TextView dataFolder) {
   Close();
   ++version_;
+  shownChanges_.many = true;
   path_ = Text(dataFolder) + Text(kStoreFileName);
   // An empty file is a store without notes.
   if (!files_.Exists(path_) || files_.Size(path_) == 0)
@@ -58,7 +59,10 @@ bool NoteStore::Prepare() {
     Tell(u"cannot be used: " + database_.Fault());
     database_.Close();
   } else {
-    database_.Watch([this](std::int64_t key) { changes_.insert(key); });
+    database_.Watch([this](std::int64_t key) {
+      changes_.insert(key);
+      shownChanges_.Add(key);
+    });
   }
   return database_.IsOpen();
 }
@@ -160,6 +164,31 @@ std::vector<StoredCategory> NoteStore::Categories() {
   while (select.Step() == DatabaseResult::kRow)
     categories.push_back({select.TextAt(0), static_cast<std::size_t>(select.NumberAt(1))});
   return categories;
+}
+
+std::vector<Text> NoteStore::CategoryNames() {
+  std::vector<Text> names;
+  Statement first = database_.Prepare("SELECT category FROM jotlets ORDER BY category LIMIT 1");
+  Statement next =
+      database_.Prepare("SELECT category FROM jotlets WHERE category > ? ORDER BY category LIMIT 1");
+  for (Statement* select = &first; select->Step() == DatabaseResult::kRow; select = &next) {
+    names.push_back(select->TextAt(0));
+    next.Reset();
+    next.Bind(names.back());
+  }
+  return names;
+}
+
+bool NoteStore::HasMoreThan(std::size_t count, const std::optional<Text>& category) {
+  Statement select = database_.Prepare(category ? "SELECT 1 FROM jotlets WHERE category = ? LIMIT 1 OFFSET ?"
+                                                : "SELECT 1 FROM jotlets ORDER BY category LIMIT 1 OFFSET ?");
+  if (category) select.Bind(*category);
+  select.Bind(static_cast<std::int64_t>(count));
+  return select.Step() == DatabaseResult::kRow;
+}
+
+StoredChanges NoteStore::MoveShownChanges() {
+  return changing_ ? StoredChanges() : std::exchange(shownChanges_, {});
 }
 
 bool NoteStore::RenameCategory(TextView from, TextView to) {

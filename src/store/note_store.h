@@ -66,6 +66,11 @@ class NoteStore {
   std::vector<StoredNote> Newest(const std::optional<Text>& category, std::size_t maximum);
   /// All categories by name, each with the number of its notes. There is none without a note.
   std::vector<StoredCategory> Categories();
+  /// The names of all categories, without counting: soon done however many notes there are.
+  std::vector<Text> CategoryNames();
+  /// Whether there are more notes than `count`, in a category or in all; takes the longer the greater that
+  /// is.
+  bool HasMoreThan(std::size_t count, const std::optional<Text>& category);
   /// Its notes go to the category `to`, which may be there already; false when nothing was changed.
   bool RenameCategory(TextView from, TextView to);
   /// A number that is another one after each change.
@@ -78,6 +83,9 @@ class NoteStore {
   std::unordered_set<std::int64_t> MoveChanges() {
     return changing_ ? std::unordered_set<std::int64_t>() : std::exchange(changes_, {});
   }
+
+  /// The same for one who shows the notes: which came, went or were changed since the last call.
+  StoredChanges MoveShownChanges();
 
   /// Of all notes, without their records: ids, and whether they are pictures.
   struct Claim {
@@ -101,6 +109,7 @@ class NoteStore {
   bool changing_ = false;  // what is changed is written later, together
   bool lost_ = false;      // that could not be done
   std::unordered_set<std::int64_t> changes_;
+  StoredChanges shownChanges_;
 };
 
 }  // namespace jotlets

@@ -1,5 +1,6 @@
 #include "store/stored_rows.h"
 
+#include <algorithm>
 #include <string>
 
 #include "data/jotlet_line.h"
@@ -33,6 +34,22 @@ StoredNote StoredNoteAt(const Statement& row) {
   // Of a record that lost its id, the content is still known by the one beside it.
   if (note.record.id.empty()) note.record.id = row.TextAt(4);
   return note;
+}
+
+void StoredChanges::Add(std::int64_t key) {
+  if (many) return;
+  const auto at = std::ranges::lower_bound(keys, key);
+  if (at != keys.end() && *at == key) return;
+  keys.insert(at, key);
+  if (keys.size() <= kMaximum) return;
+  many = true;
+  keys.clear();
+}
+
+void StoredChanges::Add(const StoredChanges& others) {
+  for (const std::int64_t key : others.keys) Add(key);
+  many = many || others.many;
+  if (many) keys.clear();
 }
 
 bool MakeStoreForm(Database& database) {
@@ -69,28 +86,65 @@ StoreReader::Access StoreReader::Open() {
   return Access::kFails;
 }
 
-std::optional<StoreReader::Notes> StoreReader::Read(const char* condition, std::int64_t key,
-                                                    std::int64_t maximum) {
+void StoreReader::Fail(DatabaseResult result) {
+  damaged_ = damaged_ || result == DatabaseResult::kDamaged;
+  fault_ = database_.Fault();
+}
+
+std::optional<StoreReader::Notes> StoreReader::Read(const char* condition,
+                                                    const std::function<void(Statement&)>& bind) {
   const Access access = Open();
   if (access == Access::kFails) return std::nullopt;
   Notes notes;
   if (access == Access::kNothingThere) return notes;
   Statement select = database_.Prepare((std::string(kSelectStored) + condition).c_str());
-  select.Bind(key).Bind(maximum);
+  bind(select);
   DatabaseResult result = select.Step();
   for (; result == DatabaseResult::kRow; result = select.Step()) notes.push_back(StoredNoteAt(select));
   if (result == DatabaseResult::kDone) return notes;
-  damaged_ = damaged_ || result == DatabaseResult::kDamaged;
-  fault_ = database_.Fault();
+  Fail(result);
   return std::nullopt;
 }
 
 std::optional<StoreReader::Notes> StoreReader::After(std::int64_t key, std::int64_t maximum) {
-  return Read("WHERE key > ? ORDER BY key LIMIT ?", key, maximum);
+  return Read("WHERE key > ? ORDER BY key LIMIT ?",
+              [=](Statement& select) { select.Bind(key).Bind(maximum); });
+}
+
+std::optional<StoreReader::Notes> StoreReader::After(std::int64_t key, std::int64_t maximum,
+                                                     TextView category) {
+  return Read("WHERE category = ? AND key > ? ORDER BY key LIMIT ?",
+              [=](Statement& select) { select.Bind(category).Bind(key).Bind(maximum); });
 }
 
 std::optional<StoreReader::Notes> StoreReader::At(std::int64_t key) {
-  return Read("WHERE key = ? LIMIT ?", key, 1);
+  return Read("WHERE key = ?", [=](Statement& select) { select.Bind(key); });
+}
+
+// The index of the categories alone has all of it, and is much smaller than the table. It is asked for one
+// category at a time: else the library would go through all of one again for each part.
+std::optional<std::vector<StoredPlace>> StoreReader::PlacesAfter(const StoredPlace& place,
+                                                                 std::int64_t maximum) {
+  const Access access = Open();
+  if (access == Access::kFails) return std::nullopt;
+  std::vector<StoredPlace> places;
+  if (access == Access::kNothingThere) return places;
+  Statement own = database_.Prepare(
+      "SELECT category, key FROM jotlets WHERE category = ? AND key > ? ORDER BY key LIMIT ?");
+  Statement next = database_.Prepare(
+      "SELECT category, key FROM jotlets WHERE category > ? ORDER BY category, key LIMIT ?");
+  own.Bind(place.category).Bind(place.key).Bind(maximum);
+  next.Bind(place.category).Bind(maximum);
+  for (Statement* select : {&own, &next}) {
+    DatabaseResult result = select->Step();
+    for (; result == DatabaseResult::kRow; result = select->Step())
+      places.push_back({select->TextAt(0), select->NumberAt(1)});
+    if (result == DatabaseResult::kDone && places.empty()) continue;
+    if (result == DatabaseResult::kDone) break;
+    Fail(result);
+    return std::nullopt;
+  }
+  return places;
 }
 
 }  // namespace jotlets

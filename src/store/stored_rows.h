@@ -1,6 +1,7 @@
 // The store as those see it who read its file: the one that changes it, and the search beside it.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -19,6 +20,25 @@ struct StoredNote {
   Text category;
   JotletData record;
   bool leaving = false;  // on its way to the desktop: it counts as stored only if no list has it
+};
+
+/// Where a note is in the store.
+struct StoredPlace {
+  Text category;
+  std::int64_t key = 0;
+};
+
+/// Which notes of the store came, went or were changed.
+struct StoredChanges {
+  /// Of more than these everything is read anew.
+  static constexpr std::size_t kMaximum = 64;
+
+  std::vector<std::int64_t> keys;  // ascending, each once
+  bool many = false;               // others too
+
+  void Add(std::int64_t key);
+  void Add(const StoredChanges& others);
+  bool IsEmpty() const { return keys.empty() && !many; }
 };
 
 /// How the rows are asked for that `StoredNoteAt` reads; conditions go behind it.
@@ -52,8 +72,12 @@ class StoreReader {
   using Notes = std::vector<StoredNote>;
   /// The notes with the next keys after `key`, at most `maximum`.
   std::optional<Notes> After(std::int64_t key, std::int64_t maximum);
+  /// The same of a category.
+  std::optional<Notes> After(std::int64_t key, std::int64_t maximum, TextView category);
   /// The one note with this key, or none.
   std::optional<Notes> At(std::int64_t key);
+  /// The next places after one, by category and key, at most `maximum`, without looking at the notes.
+  std::optional<std::vector<StoredPlace>> PlacesAfter(const StoredPlace& place, std::int64_t maximum);
   /// Why something could not be read.
   const Text& Fault() const { return fault_; }
   /// The file is broken, as far as it has been read.
@@ -62,7 +86,8 @@ class StoreReader {
  private:
   enum class Access { kOpen, kNothingThere, kFails };
   Access Open();
-  std::optional<Notes> Read(const char* condition, std::int64_t key, std::int64_t maximum);
+  std::optional<Notes> Read(const char* condition, const std::function<void(Statement&)>& bind);
+  void Fail(DatabaseResult result);
 
   const Files& files_;
   Text path_;

@@ -47,7 +47,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
-               store_, system_.files, saving_, window_, state_),
+               store_, search_.Browser(), system_.files, saving_, window_, state_),
       found_(resources, desk_, notes_, managed_, search_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },

@@ -9,7 +9,18 @@ ProgramSearch::ProgramSearch(const Files& files, const Clock& clock, Log& log, c
     : window_(window),
       desk_(desk),
       search_({files, clock, log, [this] { return desk_.Searched().All(); },
-               [this] { window_.Post(kSearchMessage); }}) {}
+               [this] { window_.Post(kSearchMessage); }}),
+      browser_(files, [this] { window_.Post(kSearchMessage); }) {}
+
+void ProgramSearch::Start() {
+  search_.Start(desk_.Folder());
+  browser_.Start(desk_.Folder());
+}
+
+void ProgramSearch::Stop() {
+  search_.Stop();
+  browser_.Stop();
+}
 
 void ProgramSearch::OnChanged() {
   comes_ = true;
@@ -25,6 +36,7 @@ void ProgramSearch::Feed() {
 void ProgramSearch::OnNews() {
   if (auto answer = search_.Poll()) answered_(std::move(*answer));
   if (const auto survey = search_.PollSurvey()) surveyed_(*survey);
+  browsed_();
 }
 
 void ProgramSearch::Ask(TextView typed, std::size_t maximum) {

@@ -7,6 +7,7 @@
 #include "app/win/program_window.h"
 #include "desk/note_desk.h"
 #include "store/note_search.h"
+#include "store/stored_browser.h"
 
 namespace jotlets {
 
@@ -16,9 +17,11 @@ class ProgramSearch {
                 NoteDesk& desk);
 
   /// The notes are loaded, and the window is there.
-  void Start() { search_.Start(desk_.Folder()); }
+  void Start();
   /// The files are about to be replaced or moved, or the program ends.
-  void Stop() { search_.Stop(); }
+  void Stop();
+  /// The stored notes by their places, read beside the search.
+  StoredBrowser& Browser() { return browser_; }
 
   /// A note or a list has changed, and is told to the search when nothing has changed for a moment: the text
   /// of a note is not fetched while somebody writes in it.
@@ -35,6 +38,7 @@ class ProgramSearch {
   void Watch(std::function<void(SearchAnswer)> answered) { answered_ = std::move(answered); }
   /// See `NoteSearch::AskSurvey`; false when no answer will come.
   bool AskSurvey(SurveyQuestion question);
+  void WatchBrowser(std::function<void()> browsed) { browsed_ = std::move(browsed); }
   void WatchSurveys(std::function<void(const SearchSurvey&)> surveyed) { surveyed_ = std::move(surveyed); }
   bool IsUsable() { return search_.IsUsable(); }
   /// See `NoteSearch::Names`.
@@ -44,8 +48,10 @@ class ProgramSearch {
   const ProgramWindow& window_;
   NoteDesk& desk_;
   NoteSearch search_;
+  StoredBrowser browser_;
   std::function<void(SearchAnswer)> answered_ = [](const SearchAnswer&) {};
   std::function<void(const SearchSurvey&)> surveyed_ = [](const SearchSurvey&) {};
+  std::function<void()> browsed_ = [] {};
   bool comes_ = false;  // the timer runs
 };
 

@@ -26,6 +26,7 @@ void Program::RescueStore() {
 void Program::ServeManaging() {
   managed_.ServeSurvey([this](SurveyQuestion question) { return search_.AskSurvey(std::move(question)); });
   search_.WatchSurveys([this](const SearchSurvey& survey) { managed_.OnSurvey(survey); });
+  search_.WatchBrowser([this] { managed_.OnBrowsed(); });
   managed_.ServeImport([this](HWND owner) {
     managed_.RememberImport(
         ImportNotes(owner, resources_,

@@ -16,8 +16,8 @@ void BCategoryDlg::OnInit() {
   constexpr int kLongest = 200;
   const HWND field = Item(IDC_CATEGORY);
   ComboBox_LimitText(field, kLongest);
-  for (const StoredCategory& category : categories_)
-    if (!category.name.empty()) ComboBox_AddString(field, Wide(category.name));
+  for (const Text& category : categories_)
+    if (!category.empty()) ComboBox_AddString(field, Wide(category));
   SetWindowTextW(field, Wide(category_));
   SendMessageW(field, CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
   EnableWindow(Item(IDOK), !category_.empty());

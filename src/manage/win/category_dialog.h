@@ -4,7 +4,6 @@
 #include <optional>
 #include <vector>
 
-#include "store/note_store.h"
 #include "ui/dialog.h"
 
 namespace jotlets {
@@ -12,7 +11,7 @@ namespace jotlets {
 class BCategoryDlg final : public Dialog {
  public:
   /// `proposed` stands in the field at first. The categories outlive the dialog.
-  BCategoryDlg(const Resources& resources, const std::vector<StoredCategory>& categories, Text proposed)
+  BCategoryDlg(const Resources& resources, const std::vector<Text>& categories, Text proposed)
       : resources_(resources), categories_(categories), category_(std::move(proposed)) {}
 
   /// The category without blanks at its ends, never empty; nothing when it was cancelled.
@@ -24,7 +23,7 @@ class BCategoryDlg final : public Dialog {
   Text ChosenInList() const;
 
   const Resources& resources_;
-  const std::vector<StoredCategory>& categories_;
+  const std::vector<Text>& categories_;
   Text category_;
 };
 

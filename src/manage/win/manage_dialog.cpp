@@ -141,22 +141,17 @@ void BManageDlg::ShowPlace() {
   owner_.FillManageList(views_.Chosen(), list_);
   if (!asked_.typed.empty()) AskSurvey();
   ShowRows({});
-  ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
+  if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0)
+    ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
   ReadTexts();
 }
 
-void BManageDlg::StepView(int step) {
-  views_.Step(step);
-  ShowPlace();
-}
-
-void BManageDlg::ShowNote(const ManagePlace& place, const Text& id) {
+void BManageDlg::ShowNote(const ManagePlace& place, const Text& name) {
   if (!IsOpen()) return;
   SetWindowTextW(Item(IDC_MANAGE_SEARCH), L"");
   views_.Choose(place);
+  wanted_ = name;
   ShowPlace();
-  const std::vector<std::size_t> places = list_.PlacesOf({id});
-  if (!places.empty()) table_.Select(static_cast<int>(places.front()), false);
 }
 
 // Changes the rows of the list and keeps what is selected, by id.
@@ -171,6 +166,11 @@ void BManageDlg::ChangeList(const std::function<bool()>& change) {
 
 void BManageDlg::ShowRows(const ManageTable::Selection& selection) {
   table_.ShowRows(selection);
+  const std::vector<std::size_t> wanted =
+      wanted_.empty() ? std::vector<std::size_t>() : list_.PlacesOf({wanted_});
+  if (!wanted.empty()) table_.Select(static_cast<int>(wanted.front()), false);
+  // Sorting moves it once more.
+  if (!list_.IsByPlace() || (!wanted.empty() && !list_.ByPlace().IsSorting())) wanted_.clear();
   UpdateState();
 }
 
@@ -199,6 +199,7 @@ void BManageDlg::SortBy(ManageColumn column) {
   options_.manageSorted = backwards ? -1 - number : number;
   ChangeList([&] {
     list_.SortBy(column, backwards);
+    owner_.FillManageList(views_.Chosen(), list_);
     return true;
   });
   table_.ShowSorting(options_.manageSorted);
@@ -243,7 +244,7 @@ void BManageDlg::ActSoon(ManageAction action) {
 
 void BManageDlg::Act(ManageAction action) {
   if (!IsEnabled(action, Facts())) return;
-  owner_.DoManageAction(action, View(), table_.Selected().ids);
+  owner_.DoManageAction(action, View(), table_.SelectedNames());
   if (IsOpen()) Refresh();
 }
 
@@ -331,11 +332,13 @@ void BManageDlg::OnWindowEnd() {
   owner_.OnManageSettings();
   refreshComes_ = false;
   asked_ = {};
+  wanted_.clear();
   owner_.AskSurvey({});
   views_.ShowHits({});
   list_.SetFound({});
   list_.SetNotes({});
   texts_.Clear();
+  owner_.OnManageEnd();
 }
 
 std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
@@ -346,6 +349,7 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
     case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
     // Rows come into sight: their texts are read when there is time.
     case LVN_ODCACHEHINT:
+      table_.FetchRows();
       if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, USER_TIMER_MINIMUM, nullptr);
       return 0;
     case LVN_COLUMNCLICK:

@@ -16,6 +16,7 @@
 #include "manage/win/manage_preview.h"
 #include "manage/win/manage_table.h"
 #include "manage/win/manage_views.h"
+#include "store/stored_browser.h"
 #include "ui/dialog.h"
 
 namespace jotlets {
@@ -41,8 +42,10 @@ class BManageDlg final : public Dialog {
   void CloseForExit() { Close(); }
   /// Brings the open window to the user's eyes.
   void Activate();
-  /// Shows a note of a place, and selects it, in the open window.
-  void ShowNote(const ManagePlace& place, const Text& id);
+  /// Shows a note of a place, by its name in the list, and selects it, in the open window.
+  void ShowNote(const ManagePlace& place, const Text& name);
+  /// More is known of very many stored notes, and some have been fetched.
+  void FollowStored(const std::vector<StoredBrowser::Page>& pages);
   /// Shows where the notes are that were asked for.
   void ShowSurvey(const SearchSurvey& survey);
   void Enable(bool enabled) {
@@ -80,7 +83,6 @@ class BManageDlg final : public Dialog {
 
   ManageView View() const { return views_.Chosen().view; }
   void ShowPlace();
-  void StepView(int step);
   void Refresh();
   void Search();
   void SortBy(ManageColumn column);
@@ -112,6 +114,7 @@ class BManageDlg final : public Dialog {
   ManageViews views_;
   ManagePreview preview_;
   SurveyQuestion asked_;
+  Text wanted_;  // a note that is to be shown as soon as the list has it
   bool refreshComes_ = false;
 };
 

@@ -22,10 +22,10 @@ const BManageDlg::KeyRow BManageDlg::kKeys[] = {
     {'A', true, false, false, [](BManageDlg& w) { w.table_.SelectAll(); }},
     {VK_DELETE, false, false, false, [](BManageDlg& w) { w.ActSoon(ManageAction::kDelete); }},
     {'Z', true, false, false, [](BManageDlg& w) { w.ActSoon(ManageAction::kUndo); }},
-    {VK_TAB, true, false, true, [](BManageDlg& w) { w.StepView(1); }},
-    {VK_TAB, true, true, true, [](BManageDlg& w) { w.StepView(-1); }},
-    {VK_NEXT, true, false, true, [](BManageDlg& w) { w.StepView(1); }},
-    {VK_PRIOR, true, false, true, [](BManageDlg& w) { w.StepView(-1); }},
+    {VK_TAB, true, false, true, [](BManageDlg& w) { w.views_.Step(1), w.ShowPlace(); }},
+    {VK_TAB, true, true, true, [](BManageDlg& w) { w.views_.Step(-1), w.ShowPlace(); }},
+    {VK_NEXT, true, false, true, [](BManageDlg& w) { w.views_.Step(1), w.ShowPlace(); }},
+    {VK_PRIOR, true, false, true, [](BManageDlg& w) { w.views_.Step(-1), w.ShowPlace(); }},
 };
 
 void BManageDlg::FocusSearch() {

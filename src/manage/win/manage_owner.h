@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "manage/manage_actions.h"
@@ -12,20 +13,30 @@
 
 namespace jotlets {
 
+/// A category of the stored notes, and how many it has once they are counted.
+struct ManageCategory {
+  Text name;
+  std::optional<std::size_t> notes;
+};
+
 class ManageOwner {
  public:
   virtual ~ManageOwner() = default;
-  /// Puts the notes of a place into the list, of very many stored ones the newest; false when they are there
-  /// already.
+  /// Puts the notes of a place into the list: very many stored ones by their places, and the newest of them
+  /// when they are searched. False when they are there already. `BManageDlg::FollowStored` is called when
+  /// more of them is known.
   virtual bool FillManageList(const ManagePlace& place, ManageList& list) = 0;
-  virtual std::array<std::size_t, kManageViews> CountManaged() = 0;
-  /// Does something with notes, after asking the user where that is right. The window may be gone when the
-  /// call returns.
-  virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) = 0;
-  virtual const std::vector<StoredCategory>& Categories() = 0;
-  /// How many notes there are in a place with stored ones, though the list shows only the newest of these; 0
-  /// in any other view.
-  virtual std::size_t CountStored(const ManagePlace& place) = 0;
+  /// Fetches notes that are to be seen; `BManageDlg::FollowStored` gets them.
+  virtual void FetchStored(std::vector<std::int64_t> keys) = 0;
+  /// Nothing for what has not been counted yet.
+  virtual std::array<std::optional<std::size_t>, kManageViews> CountManaged() = 0;
+  /// Does something with notes, by their names in the list, after asking the user where that is right. The
+  /// window may be gone when the call returns.
+  virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) = 0;
+  virtual std::vector<ManageCategory> Categories() = 0;
+  /// How many notes there are in a place with stored ones, though the list shows only the newest of these, 0
+  /// in any other view; nothing before they are counted.
+  virtual std::optional<std::size_t> CountStored(const ManagePlace& place) = 0;
   /// Asks for another name of a category. One that is there already takes in its notes. The new name, when it
   /// has got one.
   virtual std::optional<Text> RenameCategory(const Text& name) = 0;
@@ -36,6 +47,8 @@ class ManageOwner {
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.
   virtual void OnManageSettings() = 0;
+  /// The window goes.
+  virtual void OnManageEnd() = 0;
 };
 
 }  // namespace jotlets

@@ -22,7 +22,10 @@ Text NumberText(std::size_t value) { return IntText(static_cast<std::int64_t>(va
 void BManageDlg::Search() {
   ManageTable::Selection selection = table_.Selected();
   selection.inherited = false;
+  wanted_.clear();
   list_.Search(ItemText(IDC_MANAGE_SEARCH), options_.manageWindowSearchWhat);
+  // What is looked for among very many is not what is shown of them otherwise.
+  owner_.FillManageList(views_.Chosen(), list_);
   ShowRows(selection);
   if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0)
     ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);
@@ -65,6 +68,7 @@ void BManageDlg::ReadTexts() {
   const HWND shown = Item(IDC_MANAGE_LIST);
   const auto top = static_cast<std::size_t>(std::max(ListView_GetTopIndex(shown), 0));
   list_.WantTexts(top, top + static_cast<std::size_t>(ListView_GetCountPerPage(shown)) + 1);
+  table_.FetchRows();
   if (!list_.IsReading()) return UpdateState();
   ChangeList([this] {
     const ULONGLONG end = GetTickCount64() + kReadingSlice;
@@ -79,18 +83,34 @@ void BManageDlg::ReadTexts() {
   if (list_.IsReading()) SetTimer(Handle(), kReadTimer, kReadingPause, nullptr);
 }
 
+void BManageDlg::FollowStored(const std::vector<StoredBrowser::Page>& pages) {
+  if (!IsOpen()) return;
+  if (list_.IsByPlace() && !pages.empty()) {
+    for (const StoredBrowser::Page& page : pages) list_.ByPlace().Put(page.keys, page.notes);
+    InvalidateRect(Item(IDC_MANAGE_LIST), nullptr, FALSE);
+    // Before their texts are read.
+    UpdateWindow(Item(IDC_MANAGE_LIST));
+  }
+  views_.Follow(resources_, owner_);
+  ChangeList([this] { return owner_.FillManageList(views_.Chosen(), list_); });
+  ReadTexts();
+}
+
 void BManageDlg::ShowStatus(std::size_t selected) {
   Text status = ReplaceAll(ReplaceAll(resources_.String(IDS_MANAGE_COUNT), u"%n", NumberText(list_.Size())),
                            u"%m", NumberText(list_.Total()));
   if (selected > 0)
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", NumberText(selected));
-  if (const std::size_t all = owner_.CountStored(views_.Chosen()); all > list_.Total())
+  const std::size_t all = owner_.CountStored(views_.Chosen()).value_or(0);
+  if (!list_.IsByPlace() && all > list_.Total())
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", NumberText(all));
+  const bool sorts = list_.IsByPlace() && list_.ByPlace().IsSorting();
+  if (sorts) status += u", " + resources_.String(IDS_MANAGE_SORTING);
   if (list_.IsSearching()) status += u", " + resources_.String(IDS_MANAGE_READING);
   if (ItemText(IDC_MANAGE_STATUS) != status) SetWindowTextW(Item(IDC_MANAGE_STATUS), Wide(status));
   // Why there is nothing to be seen, and where there is.
   const HWND words = Item(IDC_MANAGE_EMPTY);
-  const bool isEmpty = list_.Size() == 0 && !list_.IsSearching();
+  const bool isEmpty = list_.Size() == 0 && !list_.IsSearching() && !sorts;
   if (isEmpty) {
     const bool searches = !TrimBlanks(ItemText(IDC_MANAGE_SEARCH)).empty();
     Text text =

@@ -85,25 +85,44 @@ void ManageTable::ShowSorting(std::int32_t sorted) {
   }
 }
 
+Text ManageTable::NameAt(int place) const {
+  const auto index = static_cast<std::size_t>(place);
+  return place >= 0 && index < list_.Size() ? list_.NameAt(index) : Text();
+}
+
+std::vector<Text> ManageTable::SelectedNames() const {
+  std::vector<Text> names;
+  names.reserve(ListView_GetSelectedCount(control_));
+  for (int place = -1; (place = ListView_GetNextItem(control_, place, LVNI_SELECTED)) >= 0;)
+    names.push_back(NameAt(place));
+  return names;
+}
+
 ManageTable::Selection ManageTable::Selected() const {
   Selection selection;
-  const auto at = [this](int place) -> Text {
-    const auto index = static_cast<std::size_t>(place);
-    return place >= 0 && index < list_.Size() ? list_.At(index).id : Text();
-  };
   const std::size_t count = ListView_GetSelectedCount(control_);
-  selection.all = count > 1 && count == list_.Size();
-  selection.ids.reserve(count);
-  for (int place = -1; (place = ListView_GetNextItem(control_, place, LVNI_SELECTED)) >= 0;)
-    selection.ids.push_back(at(place));
+  selection.rows = list_.Size();
+  selection.all = count > 1 && count == selection.rows;
+  if (!selection.all || !list_.IsByPlace()) selection.names = SelectedNames();
   selection.focusedPlace = ListView_GetNextItem(control_, -1, LVNI_FOCUSED);
-  selection.focused = at(selection.focusedPlace);
+  selection.focused = NameAt(selection.focusedPlace);
   return selection;
+}
+
+// One by one: the control takes its time for all rows.
+void ManageTable::Deselect() {
+  for (int place = -1; (place = ListView_GetNextItem(control_, -1, LVNI_SELECTED)) >= 0;) {
+    constexpr UINT kFew = 100;
+    const bool few = ListView_GetSelectedCount(control_) <= kFew;
+    ListView_SetItemState(control_, few ? place : -1, 0, LVIS_SELECTED);
+  }
+  const int focused = ListView_GetNextItem(control_, -1, LVNI_FOCUSED);
+  if (focused >= 0) ListView_SetItemState(control_, focused, 0, LVIS_FOCUSED);
 }
 
 void ManageTable::ShowRows(const Selection& selection) {
   changing_ = true;
-  ListView_SetItemState(control_, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  Deselect();
   ListView_SetItemCountEx(control_, static_cast<int>(list_.Size()), LVSICF_NOSCROLL);
   Restore(selection);
   changing_ = false;
@@ -112,8 +131,9 @@ void ManageTable::ShowRows(const Selection& selection) {
 
 void ManageTable::Restore(const Selection& selection) {
   if (list_.Size() == 0 || selection.focusedPlace < 0) return;
-  const std::vector<std::size_t> places = list_.PlacesOf(selection.ids);
-  if (selection.all && places.size() == list_.Size()) {
+  const std::vector<std::size_t> places = list_.PlacesOf(selection.names);
+  const std::size_t left = selection.names.empty() ? selection.rows : places.size();
+  if (selection.all && left == list_.Size()) {
     ListView_SetItemState(control_, -1, LVIS_SELECTED, LVIS_SELECTED);
   } else {
     for (const std::size_t place : places)
@@ -122,7 +142,7 @@ void ManageTable::Restore(const Selection& selection) {
   const std::vector<std::size_t> focused = list_.PlacesOf({selection.focused});
   const int last = static_cast<int>(list_.Size()) - 1;
   const int focus = focused.empty() ? std::min(selection.focusedPlace, last) : static_cast<int>(focused[0]);
-  const bool inherits = selection.inherited && places.empty() && !selection.ids.empty();
+  const bool inherits = selection.inherited && places.empty() && !selection.names.empty();
   const UINT state = LVIS_FOCUSED | (inherits ? LVIS_SELECTED : 0U);
   ListView_SetItemState(control_, focus, state, state);
 }
@@ -135,6 +155,14 @@ void ManageTable::Select(int place, bool focus) {
 }
 
 void ManageTable::SelectAll() { ListView_SetItemState(control_, -1, LVIS_SELECTED, LVIS_SELECTED); }
+
+void ManageTable::FetchRows() {
+  if (!list_.IsByPlace()) return;
+  const auto top = static_cast<std::size_t>(std::max(ListView_GetTopIndex(control_), 0));
+  const auto count = static_cast<std::size_t>(ListView_GetCountPerPage(control_)) + 1;
+  std::vector<std::int64_t> keys = list_.ByPlace().Want(top, top + count);
+  if (!keys.empty()) owner_.FetchStored(std::move(keys));
+}
 
 bool ManageTable::Enter(const MSG& message) {
   const WPARAM key = message.wParam;
@@ -181,6 +209,7 @@ void ManageTable::DrawRow(HDC dc, int place, const WindowColours& colours) const
   FillArea(dc, area, selected ? colours.chosen : colours.field);
   if (place < 0 || static_cast<std::size_t>(place) >= list_.Size()) return;
   const ManageRow& row = list_.At(static_cast<std::size_t>(place));
+  if (row.id.empty()) return;  // it is on its way
   SetBkMode(dc, TRANSPARENT);
   SetTextColor(dc, ToCOLORREF(selected ? colours.chosenText : colours.text));
   RECT cell = area;
@@ -227,6 +256,7 @@ void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF qui
 }
 
 Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {
+  if (row.id.empty()) return {};
   const auto time = [this](std::int32_t utc) { return utc > 0 ? owner_.ManagedTime(utc) : Text(); };
   switch (column) {
     case ManageColumn::kTitle: return row.title;

@@ -21,14 +21,15 @@ namespace jotlets {
 class ManageTable {
  public:
   struct Selection {
-    std::vector<Text> ids;
+    std::vector<Text> names;  // of rows by their places none, when all are selected
     Text focused;
     int focusedPlace = -1;
+    std::size_t rows = 0;  // that there were
     bool all = false;
     bool inherited = true;  // when all of it has gone, by what took its place
   };
 
-  ManageTable(const ManageList& list, ManageOwner& owner) : list_(list), owner_(owner) {}
+  ManageTable(ManageList& list, ManageOwner& owner) : list_(list), owner_(owner) {}
 
   /// Makes the columns of an empty list view. Widths are pixels at 96 dots per inch; the last column takes
   /// the rest.
@@ -42,10 +43,13 @@ class ManageTable {
   void ShowSorting(std::int32_t sorted);
 
   Selection Selected() const;
+  std::vector<Text> SelectedNames() const;
   /// Shows the rows that the list has now, and selects what was selected before.
   void ShowRows(const Selection& selection);
   void Select(int place, bool focus);
   void SelectAll();
+  /// Of a list by places, has those rows fetched that are seen, and a few around them.
+  void FetchRows();
   /// The selection is being put back, which is no change of it.
   bool IsChanging() const { return changing_; }
 
@@ -61,13 +65,15 @@ class ManageTable {
  private:
   int Dpi() const;
   void AddColumns(const Resources& resources, std::span<const std::int32_t> widths);
+  Text NameAt(int place) const;
+  void Deselect();
   void Restore(const Selection& selection);
   int Scaled(int length) const;
   void DrawRow(HDC dc, int place, const WindowColours& colours) const;
   void DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const;
   Text CellText(const ManageRow& row, ManageColumn column) const;
 
-  const ManageList& list_;
+  ManageList& list_;
   ManageOwner& owner_;
   HWND control_ = nullptr;
   std::array<Text, 3> typeNames_;

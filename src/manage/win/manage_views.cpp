@@ -37,14 +37,14 @@ void ManageViews::SetUp(HWND control) {
 void ManageViews::Follow(const Resources& resources, ManageOwner& owner) {
   const auto counts = owner.CountManaged();
   std::vector<ManageViews::Row> rows;
-  const auto add = [&](const ManagePlace& place, Text name, std::size_t notes) {
-    rows.push_back({place, std::move(name), hits_ ? HitsIn(place) : std::optional(notes)});
+  const auto add = [&](const ManagePlace& place, Text name, std::optional<std::size_t> notes) {
+    rows.push_back({place, std::move(name), hits_ ? HitsIn(place) : notes});
   };
   for (std::size_t i = 0; i < kManageViews; ++i) {
     const auto view = static_cast<ManageView>(i);
     add({view, {}}, resources.String(IDS_MANAGE_VIEW + static_cast<UINT>(i)), counts[i]);
     if (view != ManageView::kStored) continue;
-    for (const StoredCategory& category : owner.Categories())
+    for (const ManageCategory& category : owner.Categories())
       add({view, category.name},
           category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name), category.notes);
   }

@@ -1,8 +1,11 @@
 #include "app/win/commands/import_folder.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/win/wide.h"
+#include "desk/note_import.h"
+#include "manage/win/columns_dialog.h"
 #include "res/resource.h"
 #include "ui/job_dialog.h"
 #include "ui/popup_menu.h"
@@ -29,13 +32,28 @@ Text ChooseSource(HWND owner, const Resources& resources) {
   }
 }
 
+std::optional<CsvColumns> ChooseColumns(HWND owner, const Resources& resources,
+                                        const FolderImport::Context& context, const Text& path) {
+  Text reason;
+  const std::optional<CsvPreview> preview = PreviewOfTable(context.files, context.ansi, path, reason);
+  if (preview && !preview->fault.empty()) reason = preview->fault;
+  if (preview && reason.empty()) return BColumnsDlg(resources, *preview, NameOfFile(path)).Ask(owner);
+  Report(owner, resources, path + u"\n" + reason, true);
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources,
                                       const FolderImport::Context& context) {
   const Text folder = ChooseSource(owner, resources);
   if (folder.empty()) return {};
-  FolderImport job(context, folder);
+  std::optional<CsvColumns> columns;
+  if (HasExtension(folder, u".csv")) {
+    columns = ChooseColumns(owner, resources, context, folder);
+    if (!columns) return {};
+  }
+  FolderImport job(context, folder, columns);
   const Job::State state = RunJob(owner, resources, IDS_IMPORT_RUNS, job, true);
   const auto count = [&resources](UINT text, std::size_t number) {
     return ReplaceAll(resources.String(text), u"%n", IntText(static_cast<std::int64_t>(number)));

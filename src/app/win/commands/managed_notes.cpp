@@ -18,6 +18,18 @@
 #include "ui/user_messages.h"
 
 namespace jotlets {
+namespace {
+
+void MoveBack(OpenNotes& notes, const UndoStep& step) {
+  for (std::size_t at = 0; at < step.ids.size() && at < step.places.size(); ++at) {
+    BJotlet* jotlet = notes.Find(step.ids[at]);
+    if (jotlet == nullptr) continue;
+    jotlet->FinishAnimation();
+    jotlet->StartAnimation(jotlet->Bounds().TopLeft(), step.places[at], AnimationKind::kMove);
+  }
+}
+
+}  // namespace
 
 ManageView ManagedNotes::HomeOf(const Text& id) const {
   const NoteLists& lists = desk_.Lists();
@@ -52,13 +64,12 @@ std::size_t ManagedNotes::DoAll(ManageAction action, const std::vector<Text>& id
 
 void ManagedNotes::ShowStored(std::int64_t key) {
   dialog_.OpenWindow(false);
-  const std::optional<StoredNote> note = store_.Find(key);
-  dialog_.ShowNote({ManageView::kStored, {}}, note ? note->record.id : Text());
+  dialog_.ShowNote({ManageView::kStored, {}}, NameOfStored(key));
 }
 
 std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
   const std::vector<StoredNote> last = store_.Newest({}, 1);
-  const std::vector<StoredCategory> categories = Categories();
+  const std::vector<Text> categories = store_.CategoryNames();
   return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
 }
 
@@ -81,7 +92,8 @@ Text ManagedNotes::TextOf(const ManageRow& row) {
   return row.type == ManageRow::Type::kText ? contents_.WordsOf(row.id, kMaximumSearchedText) : Text();
 }
 
-void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) {
+void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) {
+  const std::vector<Text> ids = stored_.IdsOf(names);
   const bool each =
       view == ManageView::kAll && (action == ManageAction::kOpen || action == ManageAction::kDelete);
   if (!each && (!IsAgreed(action, view, ids.size()) || state_.exiting)) return;
@@ -241,15 +253,6 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
   return 0;
 }
 
-void ManagedNotes::MoveBack(const UndoStep& step) {
-  for (std::size_t at = 0; at < step.ids.size() && at < step.places.size(); ++at) {
-    BJotlet* jotlet = notes_.Find(step.ids[at]);
-    if (jotlet == nullptr) continue;
-    jotlet->FinishAnimation();
-    jotlet->StartAnimation(jotlet->Bounds().TopLeft(), step.places[at], AnimationKind::kMove);
-  }
-}
-
 void ManagedNotes::UndoStepOf(int number) {
   if (const auto step = steps_.Remove(number)) Undo(*step);
 }
@@ -272,7 +275,7 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
     }
     case UndoKind::kStored: return Fetch(step.ids);
     case UndoKind::kHidden: ShowNotes(step.ids); return 0;
-    case UndoKind::kArranged: MoveBack(step); return 0;
+    case UndoKind::kArranged: MoveBack(notes_, step); return 0;
     case UndoKind::kImported: {
       UndoImport job(desk_, store_, step.keys);
       RunJob(dialog_.Window(), resources_, IDS_IMPORT_UNDONE, job, true);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/win/commands/managed_store.h"
 #include "app/win/program_saving.h"
 #include "desk/sleeping_notes.h"
 #include "desk/win/note_contents.h"
@@ -18,8 +19,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
  public:
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
                OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
-               NoteStore& store, Files& files, ProgramSaving& saving, const ProgramWindow& window,
-               const ProgramState& state)
+               NoteStore& store, StoredBrowser& browser, Files& files, ProgramSaving& saving,
+               const ProgramWindow& window, const ProgramState& state)
       : resources_(resources),
         clock_(clock),
         options_(options),
@@ -29,24 +30,28 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
         sleeping_(sleeping),
         contents_(contents),
         store_(store),
+        browser_(browser),
         files_(files),
         saving_(saving),
         window_(window),
         state_(state),
+        stored_(resources, store, browser),
         dialog_(resources, *this, *this, options) {}
 
   BManageDlg& Dialog() { return dialog_; }
 
   bool FillManageList(const ManagePlace& place, ManageList& list) override;
-  std::array<std::size_t, kManageViews> CountManaged() override;
-  void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& ids) override;
-  const std::vector<StoredCategory>& Categories() override;
-  std::size_t CountStored(const ManagePlace& place) override;
+  void FetchStored(std::vector<std::int64_t> keys) override { browser_.Read(std::move(keys)); }
+  std::array<std::optional<std::size_t>, kManageViews> CountManaged() override;
+  void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) override;
+  std::vector<ManageCategory> Categories() override { return stored_.Categories(); }
+  std::optional<std::size_t> CountStored(const ManagePlace& place) override;
   std::optional<Text> RenameCategory(const Text& name) override;
   bool AskSurvey(SurveyQuestion question) override;
   bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
+  void OnManageEnd() override { stored_.End(); }
 
   Text TextOf(const ManageRow& row) override;
 
@@ -54,6 +59,9 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void ShowStored(std::int64_t key);
   /// Asks for a category of the store; the one that was used last is proposed.
   std::optional<Text> AskCategory(HWND owner);
+  std::vector<Text> CategoryNames() { return store_.CategoryNames(); }
+  /// More is known of the stored notes that are browsed.
+  void OnBrowsed();
 
   /// What was done with notes elsewhere and can be undone here too; the number of the step.
   int Remember(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {}) {
@@ -74,8 +82,6 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
  private:
-  bool FillStored(const std::optional<Text>& category, ManageList& list);
-  bool FillAll(ManageList& list);
   /// The view that is a note's own.
   ManageView HomeOf(const Text& id) const;
   std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
@@ -93,7 +99,6 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
-  void MoveBack(const UndoStep& step);
 
   const Resources& resources_;
   const Clock& clock_;
@@ -104,21 +109,13 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   SleepingNotes& sleeping_;
   NoteContents& contents_;
   NoteStore& store_;
+  StoredBrowser& browser_;
   Files& files_;
   ProgramSaving& saving_;
   const ProgramWindow& window_;
   const ProgramState& state_;
+  ManagedStore stored_;
   BManageDlg dialog_;
-  // What was read of the store, at these versions of it.
-  struct ReadOfStore {
-    std::vector<StoredCategory> categories;
-    std::uint64_t counted = 0;
-    std::vector<StoredNote> newest;
-    std::uint64_t newestOf = 0;
-    std::vector<StoredNote> found;  // by the search
-    std::uint64_t findings = 0;
-  };
-  ReadOfStore read_;
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
   std::function<bool(SurveyQuestion)> survey_ = [](const SurveyQuestion&) { return false; };

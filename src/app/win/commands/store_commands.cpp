@@ -29,12 +29,12 @@ void StoreCommands::Store(BJotlet& jotlet, const Text& category) {
 void StoreCommands::AddCategories(MenuExtras& extras) {
   constexpr std::size_t kMaximumShown = 20;
   std::size_t shown = 0;
-  for (const StoredCategory& category : managed_.Categories()) {
-    if (category.name.empty()) continue;
+  for (const Text& category : managed_.CategoryNames()) {
+    if (category.empty()) continue;
     // All others are in the dialog.
     if (++shown > kMaximumShown) return;
-    extras.entries.push_back({MenuPart::kCategories, ReplaceAll(OneLine(category.name), u"&", u"&&"),
-                              [this, name = category.name](BJotlet& note) { Store(note, name); }});
+    extras.entries.push_back({MenuPart::kCategories, ReplaceAll(OneLine(category), u"&", u"&&"),
+                              [this, name = category](BJotlet& note) { Store(note, name); }});
   }
 }
 
