@@ -14,6 +14,7 @@
 #include "data/jotlet_data.h"
 #include "data/stack_record.h"
 #include "manage/manage_actions.h"
+#include "manage/manage_columns.h"
 #include "manage/manage_places.h"
 #include "manage/manage_row.h"
 #include "store/note_store.h"
@@ -21,7 +22,6 @@
 namespace jotlets {
 
 enum class ManageColumn { kTitle, kType, kCreated, kModified, kNextWake };
-inline constexpr std::size_t kManageColumns = 5;
 
 /// What the search looks at; the sum of these is what the option "ManageWindowSearchWhat" holds.
 enum ManageSearch : std::int32_t {

@@ -17,7 +17,7 @@ namespace {
 constexpr UINT kRefreshDelay = 150;
 constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
-constexpr int kButtonWidth = 92;
+constexpr int kButtonWidth = 98;
 constexpr int kButtonGap = 6;
 constexpr int kStatusWidth = 90;  // at least
 constexpr int kSearchLabelWidth = 56;
@@ -124,7 +124,7 @@ void BManageDlg::Layout() {
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
   // Its words stand at the right: what is kept of the picture as it grows would stand there twice.
   InvalidateRect(Item(IDC_MANAGE_STATUS), nullptr, TRUE);
-  table_.FitLastColumn();
+  table_.FitColumns();
 }
 
 void BManageDlg::ShowPlace() {
@@ -291,7 +291,10 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
       if (wParam != SIZE_MINIMIZED) Layout();
       return 0;
     case WM_EXITSIZEMOVE:
-    case kStoreMessage: StoreSettings(); return 0;
+    case kStoreMessage:
+      StoreSettings();
+      table_.FitColumns();
+      return 0;
     case WM_GETMINMAXINFO: {
       const Size smallest = SmallestManageWindow(Handle());
       reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.width, smallest.height};
@@ -358,6 +361,9 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
     case LVN_ITEMCHANGED:
     case LVN_ODSTATECHANGED:
       if (!table_.IsChanging()) UpdateState();
+      return 0;
+    case NM_SETFOCUS:
+      if (header.idFrom == IDC_MANAGE_LIST) table_.FocusSomeRow();
       return 0;
     case NM_DBLCLK:
       if (header.idFrom == IDC_MANAGE_LIST && reinterpret_cast<NMITEMACTIVATE&>(header).iItem >= 0)

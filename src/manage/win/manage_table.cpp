@@ -12,7 +12,6 @@ namespace jotlets {
 namespace {
 
 // Pixels at 96 dots per inch.
-constexpr int kLastColumnWidth = 120;
 constexpr int kRowHeight = 44;
 constexpr int kInset = 8;
 constexpr int kBarWidth = 5;
@@ -36,21 +35,25 @@ int ManageTable::Scaled(int length) const { return MulDiv(length, Dpi(), USER_DE
 int ManageTable::Dpi() const { return static_cast<int>(GetDpiForWindow(control_)); }
 
 void ManageTable::AddColumns(const Resources& resources, std::span<const std::int32_t> widths) {
+  constexpr std::int32_t kLeast = 20;
+  constexpr std::int32_t kGreatest = 4000;
   for (std::size_t i = 0; i < kManageColumns; ++i) {
     Text title = resources.String(IDS_MANAGE_COLUMN + static_cast<UINT>(i));
-    const bool kept = i < widths.size();
-    const int width = kept ? std::clamp(widths[i], 20, 4000) : kLastColumnWidth;
+    if (i < widths.size()) wanted_[i] = std::clamp(widths[i], kLeast, kGreatest);
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
     column.pszText = WideBuffer(title);
-    column.cx = MulDiv(width, Dpi(), 96);
+    column.cx = shown_[i] = Scaled(wanted_[i]);
     ListView_InsertColumn(control_, static_cast<int>(i), &column);
   }
 }
 
-void ManageTable::StoreWidths(std::span<std::int32_t> widths) const {
-  for (std::size_t i = 0; i < widths.size(); ++i)
-    widths[i] = MulDiv(ListView_GetColumnWidth(control_, static_cast<int>(i)), 96, Dpi());
+void ManageTable::StoreWidths(std::span<std::int32_t> widths) {
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    const int now = ListView_GetColumnWidth(control_, static_cast<int>(i));
+    if (now != shown_[i]) wanted_[i] = MulDiv(now, USER_DEFAULT_SCREEN_DPI, Dpi());
+    widths[i] = wanted_[i];
+  }
 }
 
 void ManageTable::NameLastColumn(Text name) {
@@ -60,16 +63,16 @@ void ManageTable::NameLastColumn(Text name) {
   ListView_SetColumn(control_, static_cast<int>(kManageColumns) - 1, &column);
 }
 
-// It takes what the others leave beside the scroll bar.
-void ManageTable::FitLastColumn() {
-  constexpr int kLast = static_cast<int>(kManageColumns) - 1;
+void ManageTable::FitColumns() {
   RECT client{};
   GetClientRect(control_, &client);
-  int width = client.right;
-  for (int i = 0; i < kLast; ++i) width -= ListView_GetColumnWidth(control_, i);
-  const int smallest = MulDiv(kLastColumnWidth, Dpi(), 96);
-  width = std::max(width, smallest);
-  if (ListView_GetColumnWidth(control_, kLast) != width) ListView_SetColumnWidth(control_, kLast, width);
+  const ColumnWidths fitted = FittedColumns(wanted_, MulDiv(client.right, USER_DEFAULT_SCREEN_DPI, Dpi()));
+  for (std::size_t i = 0; i < kManageColumns; ++i) {
+    const int width = Scaled(fitted[i]);
+    if (width == shown_[i]) continue;
+    shown_[i] = width;
+    ListView_SetColumnWidth(control_, static_cast<int>(i), width);
+  }
 }
 
 void ManageTable::ShowSorting(std::int32_t sorted) {
@@ -126,7 +129,7 @@ void ManageTable::ShowRows(const Selection& selection) {
   ListView_SetItemCountEx(control_, static_cast<int>(list_.Size()), LVSICF_NOSCROLL);
   Restore(selection);
   changing_ = false;
-  FitLastColumn();
+  FitColumns();
 }
 
 void ManageTable::Restore(const Selection& selection) {
@@ -152,6 +155,11 @@ void ManageTable::Select(int place, bool focus) {
   ListView_SetItemState(control_, place, kState, kState);
   ListView_EnsureVisible(control_, place, FALSE);
   if (focus) SetFocus(control_);
+}
+
+void ManageTable::FocusSomeRow() {
+  if (list_.Size() > 0 && ListView_GetNextItem(control_, -1, LVNI_FOCUSED) < 0)
+    ListView_SetItemState(control_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void ManageTable::SelectAll() { ListView_SetItemState(control_, -1, LVIS_SELECTED, LVIS_SELECTED); }

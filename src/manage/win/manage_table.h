@@ -32,11 +32,12 @@ class ManageTable {
   ManageTable(ManageList& list, ManageOwner& owner) : list_(list), owner_(owner) {}
 
   /// Makes the columns of an empty list view. Widths are pixels at 96 dots per inch; the last column takes
-  /// the rest.
+  /// the rest, and where there is little room the others give way.
   void SetUp(HWND control, const Resources& resources, std::span<const std::int32_t> widths);
-  void StoreWidths(std::span<std::int32_t> widths) const;
-  /// After a change of size.
-  void FitLastColumn();
+  /// Those that the user chose, whether they fit or not.
+  void StoreWidths(std::span<std::int32_t> widths);
+  /// After a change of size, or of a width by the user.
+  void FitColumns();
   /// What the last column shows.
   void NameLastColumn(Text name);
   /// Marks the column by which the list is sorted: its number, or -1 less it when sorted backwards.
@@ -47,6 +48,8 @@ class ManageTable {
   /// Shows the rows that the list has now, and selects what was selected before.
   void ShowRows(const Selection& selection);
   void Select(int place, bool focus);
+  /// Lets the keyboard be seen in a list whose rows never had it.
+  void FocusSomeRow();
   void SelectAll();
   /// Of a list by places, has those rows fetched that are seen, and a few around them.
   void FetchRows();
@@ -76,6 +79,8 @@ class ManageTable {
   ManageList& list_;
   ManageOwner& owner_;
   HWND control_ = nullptr;
+  ColumnWidths wanted_{};  // at 96 dots per inch
+  ColumnWidths shown_{};   // on the screen
   std::array<Text, 3> typeNames_;
   UniqueFont titleFont_;
   bool changing_ = false;
