@@ -79,8 +79,9 @@ FileStatus MakeDataFolders(Files& files, TextView dataFolder) {
   return status;
 }
 
-void RemoveLeftovers(Files& files, TextView dataFolder) {
+std::vector<Text> LeftoversIn(const Files& files, TextView dataFolder) {
   constexpr std::size_t kDigits = 16;
+  std::vector<Text> leftovers;
   for (const TextView inner : {TextView(), kRtfFolder, kImagesFolder}) {
     const Text folder = Text(dataFolder).append(inner);
     for (const Text& name : files.List(folder, kNeighbourExtension)) {
@@ -88,9 +89,10 @@ void RemoveLeftovers(Files& files, TextView dataFolder) {
       const std::size_t dot = stem.rfind(u'.');
       if (dot == TextView::npos || stem.size() - dot - 1 != kDigits) continue;
       if (stem.find_first_not_of(u"0123456789ABCDEF", dot + 1) != TextView::npos) continue;
-      files.Remove(folder + name);
+      leftovers.push_back(folder + name);
     }
   }
+  return leftovers;
 }
 
 FileStatus CopyDataSet(Files& files, TextView fromFolder, TextView toFolder) {

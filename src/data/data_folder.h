@@ -67,9 +67,9 @@ FileStatus MakeContentFolders(Files& files, TextView folder);
 /// Creates the data folder's sub-folders.
 FileStatus MakeDataFolders(Files& files, TextView dataFolder);
 
-/// Removes what writes that were cut off have left: "<file>.<16 hexadecimal digits>.new". Only for who alone
-/// works with the folder.
-void RemoveLeftovers(Files& files, TextView dataFolder);
+/// The paths of what writes that were cut off have left, "<file>.<16 hexadecimal digits>.new", and of what is
+/// being written right now.
+std::vector<Text> LeftoversIn(const Files& files, TextView dataFolder);
 
 /// Copies the data set from one data folder to another, creating it; the first file that cannot be copied
 /// ends it.

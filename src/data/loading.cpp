@@ -200,17 +200,6 @@ void KeepSome(std::vector<FiledJotlet>& deleted, std::int32_t keepDeleted) {
   if (deleted.size() > maximum) deleted.resize(maximum);
 }
 
-using Stems = std::map<Text, Text>;  // folded stem to stem as it is written
-
-Stems ListStems(const Files& files, const Text& folder, TextView extension) {
-  Stems stems;
-  for (const Text& name : files.List(folder, extension)) {
-    const Text stem = name.substr(0, name.size() - extension.size());
-    stems.emplace(FoldCase(stem), stem);
-  }
-  return stems;
-}
-
 }  // namespace
 
 void KeepCopies(Files& files, TextView folder, const LocalTime& now, Log& log) {
@@ -291,36 +280,6 @@ LoadedData LoadJotlets(const LoadContext& context, TextView folderView, std::str
     loaded.keptAs = KeepDamagedFile(context, path, content);
   }
   return loaded;
-}
-
-std::vector<Orphan> CheckContentFiles(Files& files, TextView folderView,
-                                      const std::vector<NotesOfKind>& kinds, Log& log) {
-  const Text folder(folderView);
-  Stems images = ListStems(files, folder + Text(kImagesFolder), u".png");
-  Stems texts = ListStems(files, folder + Text(kRtfFolder), u".rtf");
-  // A stem is taken off its list once for all: two kinds may name the same file, and neither is then missing.
-  const Stems allImages = images;
-  const Stems allTexts = texts;
-  for (const NotesOfKind& kind : kinds) {
-    for (const JotletData* note : kind.notes) {
-      const Text stem = FoldCase(note->id);
-      (note->IsImage() ? images : texts).erase(stem);
-      if ((note->IsImage() ? allImages : allTexts).contains(stem)) continue;
-      // The file system knows more letter pairs than we do, and a listing may have failed: what is there is
-      // there.
-      if (files.Exists(folder + ContentPath(*note))) continue;
-      const Text front = u"!!! " + Text(kind.kind) + u" '" + note->id;
-      if (note->IsImage()) {
-        log.Write(kLogLifecycle, front, u".png' content file not found");
-        continue;
-      }
-      log.Write(kLogLifecycle, front, u".rtf' content file not found, fixing with a placeholder file");
-    }
-  }
-  std::vector<Orphan> orphans;
-  for (const auto& [folded, stem] : texts) orphans.push_back({stem, false});
-  for (const auto& [folded, stem] : images) orphans.push_back({stem, true});
-  return orphans;
 }
 
 }  // namespace jotlets

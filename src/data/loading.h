@@ -55,8 +55,8 @@ struct LoadedData {
 /// `KeepDeleted` are left out. Failures are logged; the rest goes on.
 LoadedData LoadJotlets(const LoadContext& context, TextView folder, std::string_view journal);
 
-/// Copies "jotlets.bye" and "jotlets.bak" of `folder` to dated names: before a start that goes on with less than
-/// they hold, since the next exit would write over them. Each is logged.
+/// Copies "jotlets.bye" and "jotlets.bak" of `folder` to dated names: before a start that goes on with less
+/// than they hold, since the next exit would write over them. Each is logged.
 void KeepCopies(Files& files, TextView folder, const LocalTime& now, Log& log);
 
 /// Reads the options file into `options`; those it does not name stay as they are. False: there is none, or
@@ -74,25 +74,7 @@ inline constexpr TextView kDamagedMark = u".damaged-";
 /// taken. Nothing is ever written over a name made this way, so two damaged files cannot displace each other.
 Text DatedName(const Files& files, TextView path, TextView word, const LocalTime& now);
 
-/// The notes of one kind, as the content check walks them.
-struct NotesOfKind {
-  TextView kind;  // "Desktop", "Attached", "Sleeping/recurring", "Closed" or "Stored"
-  std::vector<const JotletData*> notes;
-};
-
-/// A content file that no note claims.
-struct Orphan {
-  Text id;
-  bool isImage = false;
-  friend bool operator==(const Orphan&, const Orphan&) = default;
-};
-
 /// An empty rich text.
 inline constexpr std::string_view kPlaceholderRtf = "{\\rtf1\\ansi }";
-
-/// The content check: logs every note without its content file, writes a placeholder for a text note, and
-/// returns the content files that no note claims, sorted by id, texts before pictures.
-std::vector<Orphan> CheckContentFiles(Files& files, TextView folder, const std::vector<NotesOfKind>& kinds,
-                                      Log& log);
 
 }  // namespace jotlets

@@ -13,6 +13,7 @@
 #include "base/journal_file.h"
 #include "base/log.h"
 #include "data/journal_frames.h"
+#include "data/loading.h"
 #include "data/options.h"
 #include "desk/note_lists.h"
 #include "desk/note_windows.h"

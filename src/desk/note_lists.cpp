@@ -78,16 +78,18 @@ const StackRecord* NoteLists::FindStack(std::int32_t number) const {
   return at == stacks.end() ? nullptr : &*at;
 }
 
-std::vector<NotesOfKind> NoteLists::ByKind() const {
-  std::vector<NotesOfKind> kinds{
-      {u"Desktop", {}}, {u"Attached", {}}, {u"Sleeping/recurring", {}}, {u"Closed", {}}};
-  for (const auto& record : desktop) kinds[0].notes.push_back(record.get());
-  for (const JotletData& record : attached) kinds[1].notes.push_back(&record);
-  for (const JotletData& record : sleeping) kinds[2].notes.push_back(&record);
-  for (const JotletData& record : closed) kinds[3].notes.push_back(&record);
+std::vector<ContentClaim> NoteLists::Claims() const {
+  std::vector<ContentClaim> claims;
+  const auto add = [&claims](TextView kind, const JotletData& record) {
+    claims.push_back({kind, record.id, record.IsImage()});
+  };
+  for (const auto& record : desktop) add(u"Desktop", *record);
+  for (const JotletData& record : attached) add(u"Attached", record);
+  for (const JotletData& record : sleeping) add(u"Sleeping/recurring", record);
+  for (const JotletData& record : closed) add(u"Closed", record);
   // Their content is no orphan.
-  for (const JotletData& record : discarded) kinds[3].notes.push_back(&record);
-  return kinds;
+  for (const JotletData& record : discarded) add(u"Closed", record);
+  return claims;
 }
 
 }  // namespace jotlets

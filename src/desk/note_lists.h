@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "data/content_files.h"
 #include "data/data_file.h"
-#include "data/loading.h"
 #include "data/record_list.h"
 #include "data/stack_record.h"
 
@@ -71,7 +71,7 @@ struct NoteLists {
   const StackRecord* FindStack(std::int32_t number) const;
 
   /// All notes in the order of the content check.
-  std::vector<NotesOfKind> ByKind() const;
+  std::vector<ContentClaim> Claims() const;
 };
 
 }  // namespace jotlets

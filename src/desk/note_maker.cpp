@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/data_folder.h"
+#include "data/loading.h"
 #include "note/frame_layout.h"
 #include "note/placement.h"
 #include "note/rolled.h"

@@ -7,7 +7,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::size_t kLast = kManageColumns - 1;
-constexpr std::int32_t kLeastOfLast = 90;
+constexpr std::int32_t kMinLast = 90;
 
 struct Giving {
   std::size_t column;
@@ -24,14 +24,14 @@ ColumnWidths FittedColumns(const ColumnWidths& wanted, std::int32_t room) {
   widths[kLast] = 0;
   std::int32_t left = room - std::accumulate(widths.begin(), widths.end(), 0);
   for (const auto& [column, least] : kGiving) {
-    if (left >= kLeastOfLast) break;
-    const std::int32_t given = std::clamp(kLeastOfLast - left, 0, std::max(widths[column] - least, 0));
+    if (left >= kMinLast) break;
+    const std::int32_t given = std::clamp(kMinLast - left, 0, std::max(widths[column] - least, 0));
     // Of a time or a type half a column tells nothing.
     const std::int32_t taken = least == 0 && given > 0 ? widths[column] : given;
     widths[column] -= taken;
     left += taken;
   }
-  widths[kLast] = std::max(left, kLeastOfLast);
+  widths[kLast] = std::max(left, kMinLast);
   return widths;
 }
 

@@ -29,7 +29,8 @@ struct StackMember {
   friend bool operator==(const StackMember&, const StackMember&) = default;
 };
 
-/// Whether the button of a stack with these members gathers them in: some are shown. Else it spreads them out.
+/// Whether the button of a stack with these members gathers them in: some are shown. Else it spreads them
+/// out.
 bool WouldGather(std::span<const StackMember> members);
 
 /// The colour that a stack is drawn in. With "keep colour" it is the stack's own, which the user chose; else

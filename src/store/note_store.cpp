@@ -220,12 +220,4 @@ std::vector<std::int64_t> NoteStore::KeysOf(TextView category) {
   return keys;
 }
 
-std::vector<NoteStore::Claim> NoteStore::Claims() {
-  std::vector<Claim> claims;
-  Statement select = database_.Prepare("SELECT text, flags FROM jotlets");
-  while (select.Step() == DatabaseResult::kRow)
-    claims.push_back({select.TextAt(0), (select.NumberAt(1) & kStoredImage) != 0});
-  return claims;
-}
-
 }  // namespace jotlets

@@ -87,13 +87,6 @@ class NoteStore {
   /// The same for one who shows the notes: which came, went or were changed since the last call.
   StoredChanges MoveShownChanges();
 
-  /// Of all notes, without their records: ids, and whether they are pictures.
-  struct Claim {
-    Text id;
-    bool image = false;
-  };
-  std::vector<Claim> Claims();
-
  private:
   bool Provide();
   bool Prepare();

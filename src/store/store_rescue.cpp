@@ -188,7 +188,7 @@ bool StoreRescue::ReadIndex() {
 
 void StoreRescue::ListFiles() {
   index_.Close();
-  if (damaged_) contents_ = CheckContentFiles(files_, folder_, {}, log_);
+  if (damaged_) contents_ = ContentFiles(files_, folder_).Unclaimed();
 }
 
 bool StoreRescue::ReadFiles() {

@@ -6,7 +6,7 @@
 #include "base/files.h"
 #include "base/job.h"
 #include "base/log.h"
-#include "data/loading.h"
+#include "data/content_files.h"
 #include "store/search_index.h"
 #include "store/stored_rows.h"
 

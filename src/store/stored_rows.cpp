@@ -123,6 +123,22 @@ std::optional<StoreReader::Notes> StoreReader::At(std::int64_t key) {
 
 // The index of the categories alone has all of it, and is much smaller than the table. It is asked for one
 // category at a time: else the library would go through all of one again for each part.
+std::optional<std::vector<StoredName>> StoreReader::NamesAfter(std::int64_t key, std::int64_t maximum) {
+  const Access access = Open();
+  if (access == Access::kFails) return std::nullopt;
+  std::vector<StoredName> names;
+  if (access == Access::kNothingThere) return names;
+  Statement select =
+      database_.Prepare("SELECT key, text, flags FROM jotlets WHERE key > ? ORDER BY key LIMIT ?");
+  select.Bind(key).Bind(maximum);
+  DatabaseResult result = select.Step();
+  for (; result == DatabaseResult::kRow; result = select.Step())
+    names.push_back({select.NumberAt(0), select.TextAt(1), (select.NumberAt(2) & kStoredImage) != 0});
+  if (result == DatabaseResult::kDone) return names;
+  Fail(result);
+  return std::nullopt;
+}
+
 std::optional<std::vector<StoredPlace>> StoreReader::PlacesAfter(const StoredPlace& place,
                                                                  std::int64_t maximum) {
   const Access access = Open();

@@ -57,6 +57,13 @@ StoreForm FormOfStore(Database& database);
 /// Makes an empty store of an empty database.
 bool MakeStoreForm(Database& database);
 
+/// A stored note by its content file.
+struct StoredName {
+  std::int64_t key = 0;
+  Text id;  // folded
+  bool isImage = false;
+};
+
 /// Reads the store's file beside whoever changes it. Everything it answers is nothing when the file could not
 /// be read, which says nothing about its notes. A store of a newer version is one without notes, as nobody
 /// here can fetch them.
@@ -74,6 +81,8 @@ class StoreReader {
   std::optional<Notes> After(std::int64_t key, std::int64_t maximum);
   /// The same of a category.
   std::optional<Notes> After(std::int64_t key, std::int64_t maximum, TextView category);
+  /// Of the next notes after `key`, at most `maximum`, no more than their names.
+  std::optional<std::vector<StoredName>> NamesAfter(std::int64_t key, std::int64_t maximum);
   /// The one note with this key, or none.
   std::optional<Notes> At(std::int64_t key);
   /// The next places after one, by category and key, at most `maximum`, without looking at the notes.

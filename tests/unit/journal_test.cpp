@@ -69,14 +69,17 @@ Snapshot Of(const DataFile& file, const FakeFiles& files) {
 
 Snapshot Of(const FakeDesk& home) {
   Snapshot snapshot;
-  for (const NotesOfKind& kind : home.Lists().ByKind()) {
-    for (const JotletData* record : kind.notes) {
-      const Text id = FoldCase(record->id);
-      snapshot.lines[id] = (kind.kind == u"Closed" ? u"closed " : u"") + MakeJotletLine(*record, false);
-      snapshot.contents[id] = home.IsOpen(id) ? home.windows.At(id).content->bytes
-                                              : home.files.Get(Text(kFolder) + ContentPath(*record));
-    }
-  }
+  const auto add = [&](TextView kind, const JotletData& record) {
+    const Text id = FoldCase(record.id);
+    snapshot.lines[id] = Text(kind) + MakeJotletLine(record, false);
+    snapshot.contents[id] = home.IsOpen(id) ? home.windows.At(id).content->bytes
+                                            : home.files.Get(Text(kFolder) + ContentPath(record));
+  };
+  for (const auto& record : home.Lists().desktop) add({}, *record);
+  for (const auto* list : {&home.Lists().attached, &home.Lists().sleeping})
+    for (const JotletData& record : *list) add({}, record);
+  for (const JotletData& record : home.Lists().closed) add(u"closed ", record);
+  for (const JotletData& record : home.Lists().discarded) add(u"closed ", record);
   return snapshot;
 }
 

@@ -234,27 +234,23 @@ TEST_F(Loading, ClosedNotesBeyondTheLimitAreLeftOut) {
 
 class ContentCheck : public Loading {
  protected:
-  const JotletData* Note(TextView id, bool image = false) {
-    notes_.push_back(std::make_unique<JotletData>());
-    notes_.back()->id = id;
-    notes_.back()->isImage = image ? 1 : 0;
-    return notes_.back().get();
-  }
-  std::vector<Orphan> Check(const std::vector<NotesOfKind>& kinds) {
-    return CheckContentFiles(files, kFolder, kinds, log);
+  std::vector<Orphan> Check(const std::vector<ContentClaim>& claims) {
+    ContentFiles contents(files, kFolder);
+    for (const ContentClaim& claim : claims) {
+      const Text missing = contents.Claim(claim);
+      if (!missing.empty()) lines.push_back(missing);
+    }
+    return contents.Unclaimed();
   }
 
- private:
-  std::vector<std::unique_ptr<JotletData>> notes_;
+  std::vector<Text> lines;
 };
 
 TEST_F(ContentCheck, MissingContentsAreLoggedAndNothingIsWritten) {
   PutContent({u"rtf\\HERE.rtf", u"rtf\\P.rtf"});  // P.rtf is the text of another note, not the picture of P
-  Check({{u"Desktop", {Note(u"A"), Note(u"here")}},
-         {u"Closed", {Note(u"P", true)}},
-         {u"Stored", {Note(u"X")}}});
+  Check({{u"Desktop", u"A"}, {u"Desktop", u"here"}, {u"Closed", u"P", true}, {u"Stored", u"X"}});
   const Text ending = u".rtf' content file not found, fixing with a placeholder file";
-  EXPECT_EQ(log.lines,
+  EXPECT_EQ(lines,
             (std::vector<Text>{u"!!! Desktop 'A" + ending, u"!!! Closed 'P.png' content file not found",
                                u"!!! Stored 'X" + ending}));
   EXPECT_EQ(files.Paths().size(), 2u) << "a file that comes later finds its place free";
@@ -263,18 +259,17 @@ TEST_F(ContentCheck, MissingContentsAreLoggedAndNothingIsWritten) {
 TEST_F(ContentCheck, ContentThatIsThereIsNotReplacedWhateverTheListingSays) {
   PutContent({u"rtf\\A.rtf"});
   files.listsNothing = true;
-  Check({{u"Desktop", {Note(u"A")}}});
-  EXPECT_EQ(Content(u"A"), "content of rtf\\A.rtf");
-  EXPECT_TRUE(log.lines.empty());
+  Check({{u"Desktop", u"A"}});
+  EXPECT_TRUE(lines.empty());
 }
 
 TEST_F(ContentCheck, FilesThatNoNoteClaimsAreOrphans) {
   PutContent({u"rtf\\Z.rtf", u"rtf\\b.rtf", u"rtf\\A.rtf", u"rtf\\MINE.rtf", u"rtf\\note.txt",
               u"images\\MINE.png", u"images\\P.PNG", u"images\\Q.png"});
   EXPECT_EQ(
-      Check({{u"Desktop", {Note(u"mInE")}}, {u"Sleeping/recurring", {Note(u"q", true)}}}),
+      Check({{u"Desktop", u"mInE"}, {u"Sleeping/recurring", u"q", true}}),
       (std::vector<Orphan>{{u"A", false}, {u"b", false}, {u"Z", false}, {u"MINE", true}, {u"P", true}}));
-  EXPECT_TRUE(log.lines.empty());
+  EXPECT_TRUE(lines.empty());
 }
 
 }  // namespace

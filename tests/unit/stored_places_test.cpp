@@ -1,12 +1,16 @@
 // Stored notes by their places: the list of keys as the store changes, and the rows near what is seen.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <random>
+#include <thread>
 
 #include "base/natural_order.h"
 #include "manage/manage_list.h"
+#include "store/content_job.h"
 #include "store/stored_browser.h"
 #include "store_disk.h"
 
@@ -242,6 +246,29 @@ TEST_F(ManagePlacesTest, ARowIsFoundByItsNameAndReadAgainWhenItChanges) {
   const JotletData* one = &open;
   EXPECT_TRUE(list_.SetNotes({&one, 1}));
   EXPECT_TRUE(!list_.IsByPlace() && list_.NameAt(0) == u"AA1");
+}
+
+TEST_F(StoredPlacesTest, TheContentCheckKnowsStoredNotesAndWhatItCannotRead) {
+  ASSERT_GT(Put(u"a"), 0);
+  ASSERT_GT(Put(u"b"), 0);
+  for (const TextView name : {u"n1.rtf", u"open.rtf", u"lost.rtf", u"lost.rtf.0123456789ABCDEF.new"})
+    files_.Put(folder_ + Text(kRtfFolder) + Text(name), "x");
+  const auto check = [this] {
+    std::atomic<bool> told = false;
+    ContentJob job(files_, [&told] { told = true; });
+    job.Start(folder_, {{u"Desktop", u"open"}, {u"Closed", u"gone", true}});
+    while (!told) std::this_thread::yield();
+    return job.Finished().value();
+  };
+  ContentJob::Report report = check();
+  EXPECT_EQ(report.missing.size(), 2u);
+  EXPECT_EQ(report.orphans, (std::vector<Orphan>{{u"lost", false}}));
+  EXPECT_EQ(report.leftovers.size(), 1u);
+  store_.Close();
+  std::ofstream(std::filesystem::path(folder_ + Text(kStoreFileName)), std::ios::binary)
+      << std::string(4096, 'x');
+  report = check();
+  EXPECT_TRUE(report.orphans.empty()) << "they may be those of stored notes";
 }
 
 }  // namespace

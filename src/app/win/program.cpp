@@ -113,6 +113,7 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       if (!state_.ready || state_.exiting) break;
       search_.OnNews();
       if (search_.FoundDamagedStore()) OnStoreDamaged();
+      if (auto report = search_.CheckedContents()) OnContentsChecked(std::move(*report));
       break;
     case kClientAnswersMessage: clientLines_.OnAnswers(static_cast<ClientWindow>(detail)); break;
   }
@@ -193,17 +194,23 @@ void Program::OnNoteHidden(const BJotlet& jotlet) {
 }
 
 void Program::CheckContent() {
-  RemoveLeftovers(system_.files, desk_.Folder());
-  std::vector<JotletData> stored;
-  for (NoteStore::Claim& claim : store_.Claims()) {
-    stored.emplace_back().id = std::move(claim.id);
-    stored.back().isImage = claim.image ? 1 : 0;
-  }
-  std::vector<NotesOfKind> notes = desk_.Lists().ByKind();
-  notes.push_back({u"Stored", {}});
-  for (const JotletData& record : stored) notes.back().notes.push_back(&record);
-  std::vector<Orphan> orphans = CheckContentFiles(system_.files, desk_.Folder(), notes, system_.log);
-  if (orphans.empty()) return;
+  if (state_.ready && !state_.exiting) search_.CheckContents();
+}
+
+void Program::OnContentsChecked(ContentJob::Report report) {
+  // Nothing is being written now: what is still there was cut off by a kill.
+  for (const Text& path : report.leftovers) system_.files.Remove(path);
+  for (const Text& missing : report.missing) system_.log.Write(kLogLifecycle, missing);
+  // Notes have come and gone meanwhile.
+  std::vector<Orphan> orphans = std::move(report.orphans);
+  std::erase_if(orphans, [this](const Orphan& orphan) {
+    JotletData named;
+    named.id = orphan.id;
+    named.isImage = orphan.isImage ? 1 : 0;
+    return desk_.Lists().WhereIs(orphan.id) || store_.Has(orphan.id) ||
+           !system_.files.Exists(desk_.Folder() + ContentPath(named));
+  });
+  if (orphans.empty() || state_.exiting) return;
   BOrphanDlg dialog(std::move(orphans));
   if (dialog.Show(resources_, IDD_ORPHANS, window_.Handle()) != IDOK || state_.exiting) return;
   for (const Orphan& orphan : dialog.Chosen()) {

@@ -144,6 +144,7 @@ class Program final : private OpenNotesOwner,
   void ExitJotlets(TextView reason) override { ExitJotlets(reason, false); }
   FileStatus MoveDataTo(TextView folder) override;
   void CheckContent() override;
+  void OnContentsChecked(ContentJob::Report report);
 
   const Resources& resources_;
   Theme& theme_;

@@ -10,7 +10,8 @@ ProgramSearch::ProgramSearch(const Files& files, const Clock& clock, Log& log, c
       desk_(desk),
       search_({files, clock, log, [this] { return desk_.Searched().All(); },
                [this] { window_.Post(kSearchMessage); }}),
-      browser_(files, [this] { window_.Post(kSearchMessage); }) {}
+      browser_(files, [this] { window_.Post(kSearchMessage); }),
+      contents_(files, [this] { window_.Post(kSearchMessage); }) {}
 
 void ProgramSearch::Start() {
   search_.Start(desk_.Folder());
@@ -20,6 +21,7 @@ void ProgramSearch::Start() {
 void ProgramSearch::Stop() {
   search_.Stop();
   browser_.Stop();
+  contents_.Stop();
 }
 
 void ProgramSearch::OnChanged() {

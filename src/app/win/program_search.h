@@ -6,6 +6,7 @@
 
 #include "app/win/program_window.h"
 #include "desk/note_desk.h"
+#include "store/content_job.h"
 #include "store/note_search.h"
 #include "store/stored_browser.h"
 
@@ -20,6 +21,9 @@ class ProgramSearch {
   void Start();
   /// The files are about to be replaced or moved, or the program ends.
   void Stop();
+  /// Begins the content check: what it finds, `OnNews` is to be followed by.
+  void CheckContents() { contents_.Start(desk_.Folder(), desk_.Lists().Claims()); }
+  std::optional<ContentJob::Report> CheckedContents() { return contents_.Finished(); }
   /// The stored notes by their places, read beside the search.
   StoredBrowser& Browser() { return browser_; }
 
@@ -49,6 +53,7 @@ class ProgramSearch {
   NoteDesk& desk_;
   NoteSearch search_;
   StoredBrowser browser_;
+  ContentJob contents_;
   std::function<void(SearchAnswer)> answered_ = [](const SearchAnswer&) {};
   std::function<void(const SearchSurvey&)> surveyed_ = [](const SearchSurvey&) {};
   std::function<void()> browsed_ = [] {};

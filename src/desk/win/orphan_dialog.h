@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "data/loading.h"
+#include "data/content_files.h"
 #include "ui/dialog.h"
 
 namespace jotlets {

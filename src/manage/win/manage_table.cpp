@@ -35,11 +35,11 @@ int ManageTable::Scaled(int length) const { return MulDiv(length, Dpi(), USER_DE
 int ManageTable::Dpi() const { return static_cast<int>(GetDpiForWindow(control_)); }
 
 void ManageTable::AddColumns(const Resources& resources, std::span<const std::int32_t> widths) {
-  constexpr std::int32_t kLeast = 20;
-  constexpr std::int32_t kGreatest = 4000;
+  constexpr std::int32_t kMinWidth = 20;
+  constexpr std::int32_t kMaxWidth = 4000;
   for (std::size_t i = 0; i < kManageColumns; ++i) {
     Text title = resources.String(IDS_MANAGE_COLUMN + static_cast<UINT>(i));
-    if (i < widths.size()) wanted_[i] = std::clamp(widths[i], kLeast, kGreatest);
+    if (i < widths.size()) wanted_[i] = std::clamp(widths[i], kMinWidth, kMaxWidth);
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
     column.pszText = WideBuffer(title);
@@ -176,10 +176,11 @@ bool ManageTable::Enter(const MSG& message) {
   const WPARAM key = message.wParam;
   if (key != VK_DOWN && key != VK_UP && key != VK_NEXT && key != VK_PRIOR) return false;
   SetFocus(control_);
-  if (ListView_GetNextItem(control_, -1, LVNI_FOCUSED) >= 0) {
+  // A row that has the keyboard without being selected is where one goes in.
+  if (ListView_GetSelectedCount(control_) > 0) {
     SendMessageW(control_, message.message, key, message.lParam);
   } else if (list_.Size() > 0) {
-    Select(0, false);
+    Select(std::max(ListView_GetNextItem(control_, -1, LVNI_FOCUSED), 0), false);
   }
   return true;
 }

@@ -8,7 +8,8 @@
 
 namespace jotlets {
 
-/// TITLE, SOURCE, STACKNAME, TAG, ALARM, CREATED, MODIFIED, WAKE, DATE, TIME, SIZE, USERSTRING1 and ID of a note.
+/// TITLE, SOURCE, STACKNAME, TAG, ALARM, CREATED, MODIFIED, WAKE, DATE, TIME, SIZE, USERSTRING1 and ID of a
+/// note.
 class NoteWords final : public SkinWords {
  public:
   /// All of it outlives the words.

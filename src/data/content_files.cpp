@@ -1,0 +1,58 @@
+#include "data/content_files.h"
+
+#include <algorithm>
+
+#include "data/data_folder.h"
+#include "data/jotlet_data.h"
+
+namespace jotlets {
+
+ContentFiles::ContentFiles(const Files& files, TextView folder)
+    : files_(files),
+      folder_(folder),
+      texts_(List(kRtfFolder, u".rtf")),
+      images_(List(kImagesFolder, u".png")) {}
+
+ContentFiles::Stems ContentFiles::List(TextView inner, TextView extension) const {
+  std::vector<Text> names = files_.List(folder_ + Text(inner), extension);
+  Stems stems;
+  stems.reserve(names.size());
+  for (Text& name : names) {
+    name.resize(name.size() - extension.size());
+    Text folded = FoldCase(name);
+    stems.push_back({std::move(folded), std::move(name), false});
+  }
+  std::ranges::stable_sort(stems, {}, &Stem::folded);
+  return stems;
+}
+
+Text ContentFiles::Claim(const ContentClaim& claim) {
+  Stems& stems = claim.isImage ? images_ : texts_;
+  const Text folded = FoldCase(claim.id);
+  const auto at = std::ranges::lower_bound(stems, folded, {}, &Stem::folded);
+  // Two notes may name the same file, and neither is then missing.
+  if (at != stems.end() && at->folded == folded) {
+    at->claimed = true;
+    return {};
+  }
+  JotletData named;
+  named.id = claim.id;
+  named.isImage = claim.isImage ? 1 : 0;
+  // The file system knows more letter pairs than we do, and a listing may have failed: what is there is
+  // there.
+  if (files_.Exists(folder_ + ContentPath(named))) return {};
+  const Text front = u"!!! " + Text(claim.kind) + u" '" + claim.id;
+  return front + (claim.isImage ? u".png' content file not found"
+                                : u".rtf' content file not found, fixing with a placeholder file");
+}
+
+std::vector<Orphan> ContentFiles::Unclaimed() const {
+  std::vector<Orphan> orphans;
+  for (const Stems* stems : {&texts_, &images_}) {
+    for (const Stem& stem : *stems)
+      if (!stem.claimed) orphans.push_back({stem.written, stems == &images_});
+  }
+  return orphans;
+}
+
+}  // namespace jotlets
