@@ -13,7 +13,7 @@ constexpr std::int64_t kNotesAtOnce = 200;
 constexpr std::int64_t kPlacesAtOnce = 4000;
 // Nobody reads more of a title than that.
 constexpr std::size_t kLongestTitle = 1000;
-constexpr StoredPlace kFront{{}, INT64_MIN};
+StoredPlace FrontPlace() { return {{}, INT64_MIN}; }
 
 // The file is nobody else's, and of no use after a power cut.
 constexpr const char* kScratch =
@@ -80,7 +80,7 @@ void StoredSorter::Begin(StoredOrder order, std::vector<ListedNote> listed) {
   pending_ = {};
   keys_ = {};
   counting_.clear();
-  lastPlace_ = kFront;
+  lastPlace_ = FrontPlace();
   lastKey_ = 0;
   phase_ = Phase::kPlaces;
   if (!OpenScratch()) Fail();
@@ -255,7 +255,7 @@ bool StoredSorter::StepFollow() {
   // The numbers of the categories follow.
   recounts_ = recounts_ || !changes.IsEmpty();
   counting_.clear();
-  lastPlace_ = kFront;
+  lastPlace_ = FrontPlace();
   phase_ = recounts_ ? Phase::kRecount : Phase::kDone;
   return phase_ != Phase::kDone;
 }

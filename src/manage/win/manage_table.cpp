@@ -68,10 +68,10 @@ void ManageTable::FitColumns() {
   GetClientRect(control_, &client);
   const ColumnWidths fitted = FittedColumns(wanted_, MulDiv(client.right, USER_DEFAULT_SCREEN_DPI, Dpi()));
   for (std::size_t i = 0; i < kManageColumns; ++i) {
-    const int width = Scaled(fitted[i]);
-    if (width == shown_[i]) continue;
-    shown_[i] = width;
-    ListView_SetColumnWidth(control_, static_cast<int>(i), width);
+    const int column = static_cast<int>(i);
+    shown_[i] = Scaled(fitted[i]);
+    if (ListView_GetColumnWidth(control_, column) != shown_[i])
+      ListView_SetColumnWidth(control_, column, shown_[i]);
   }
 }
 
