@@ -13,6 +13,7 @@ constexpr std::int64_t kNotesAtOnce = 200;
 constexpr std::int64_t kPlacesAtOnce = 4000;
 // Nobody reads more of a title than that.
 constexpr std::size_t kLongestTitle = 1000;
+
 StoredPlace FrontPlace() { return {{}, INT64_MIN}; }
 
 // The file is nobody else's, and of no use after a power cut.

@@ -1,6 +1,7 @@
 // Any bytes as the files of a data folder: the program starts on them, saves, and the next start finds the
 // same notes without another word of damage.
 #include "data/data_folder.h"
+#include "data/loading.h"
 #include "data/saving.h"
 #include "data/text_file.h"
 #include "fuzz.h"
