@@ -12,16 +12,13 @@
 namespace jotlets {
 namespace {
 
-// Larger than any screen, smaller than what the system's coordinates can hold.
-constexpr std::int32_t kLongestSide = 30000;
-
-// A note too small to be taken hold of could only be mended in the file.
+// A note too small to be taken hold of, or too large for the memory, could only be mended in the file.
 void KeepSizeUsable(JotletData& record) {
   const Size size = SafeSize({record.width, record.height}, kMinimumNoteSize);
-  record.width = std::min(size.width, kLongestSide);
+  record.width = size.width;
   // Of a rolled note it may be unknown, which the note asks its content about when it has to know.
-  if (!record.rolled || record.height != kNone) record.height = std::min(size.height, kLongestSide);
-  record.altWidth = std::min(record.altWidth, kLongestSide);
+  if (!record.rolled || record.height != kNone) record.height = size.height;
+  record.altWidth = std::min(record.altWidth, SafeSize({record.altWidth, 0}, kMinimumNoteSize).width);
 }
 
 }  // namespace

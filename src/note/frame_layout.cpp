@@ -51,7 +51,11 @@ Size SmallestNoteSize(Size wanted, Size screens) {
 }
 
 Size SafeSize(Size size, Size minimum) {
-  return {std::max(size.width, minimum.width), std::max(size.height, minimum.height)};
+  constexpr std::int32_t kLongestSide = 30000;
+  constexpr std::int32_t kLargestArea = 32 << 20;
+  const std::int32_t width = std::min(std::max(size.width, minimum.width), kLongestSide);
+  const std::int32_t height = std::min(size.height, std::min(kLargestArea / width, kLongestSide));
+  return {width, std::max(height, minimum.height)};
 }
 
 Rect DraggedBounds(const Rect& bounds, DraggedEdges dragged, Point offset) {

@@ -47,7 +47,9 @@ FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled, 
 /// than the screens show, since a note that was forced to be larger could never be made smaller again.
 Size SmallestNoteSize(Size wanted, Size screens);
 
-/// The size a window takes when it is asked for `size`: never below the minimum.
+/// The size a window takes when it is asked for `size`: never below the minimum, and no more than fits into
+/// the coordinates and the memory of a system with a wall of screens. Of what is too large the height gives
+/// way.
 Size SafeSize(Size size, Size minimum);
 
 /// `bounds` with its `dragged` edges moved by `offset`; the other edges stay.

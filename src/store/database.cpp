@@ -10,6 +10,8 @@ namespace {
 // A program that copies the folder looks at the file for a moment.
 constexpr int kBusyMilliseconds = 2000;
 
+constexpr int kLargestValue = 256 << 20;
+
 DatabaseResult ResultOf(int code) {
   switch (code & 0xFF) {
     case SQLITE_ROW: return DatabaseResult::kRow;
@@ -21,6 +23,14 @@ DatabaseResult ResultOf(int code) {
     case SQLITE_NOTADB: return DatabaseResult::kDamaged;
     default: return DatabaseResult::kFailed;
   }
+}
+
+void LeaveWithoutPower(sqlite3* handle) {
+  for (const int power :
+       {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+    sqlite3_db_config(handle, power, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLargestValue);
 }
 
 }  // namespace
@@ -77,6 +87,7 @@ DatabaseResult Database::Open(TextView path, bool create) {
   }
   if (result == DatabaseResult::kDone) {
     sqlite3_busy_timeout(handle, kBusyMilliseconds);
+    LeaveWithoutPower(handle);
     // Until something is read, any file counts as a database.
     result = Run("SELECT count(*) FROM sqlite_master");
   }
@@ -138,6 +149,12 @@ Statement Database::Prepare(const char* sql) {
 std::int64_t Database::Number(const char* sql, std::int64_t otherwise) {
   Statement statement = Prepare(sql);
   return statement.Step() == DatabaseResult::kRow ? statement.NumberAt(0) : otherwise;
+}
+
+Text Database::FormOfTable(TextView name) {
+  Statement select = Prepare("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?");
+  select.Bind(name);
+  return select.Step() == DatabaseResult::kRow ? select.TextAt(0) : Text();
 }
 
 bool Database::IsSound() {

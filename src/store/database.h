@@ -51,7 +51,8 @@ class Database {
  public:
   /// Opens the file at `path`, with separators as the system has them; makes it when `create`. Fails when it
   /// cannot be opened for writing, and when it is no database. An empty path makes a file of its own, which
-  /// goes with this object.
+  /// goes with this object. Triggers and views of the file do nothing, and values of more than 256 MB cannot
+  /// be read: what came from elsewhere must not act, nor fill the memory.
   DatabaseResult Open(TextView path, bool create);
   void Close() { handle_.reset(); }
   bool IsOpen() const { return handle_ != nullptr; }
@@ -72,6 +73,8 @@ class Database {
   Statement Prepare(const char* sql);
   /// The first column of the first row; `otherwise` when there is none.
   std::int64_t Number(const char* sql, std::int64_t otherwise);
+  /// The statement that made the table, without its end; empty when there is no table of that name.
+  Text FormOfTable(TextView name);
   /// Whether all pages can be read and fit each other; looks at the whole file.
   bool IsSound();
   /// The key of the row that was put in last.

@@ -11,8 +11,7 @@ namespace {
 
 // A change is on the disk when it is committed. The journal beside the file lives for the time of a change
 // only, so that a copy of the file alone is whole.
-constexpr const char* kHabits =
-    "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF;";
+constexpr const char* kHabits = "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL;";
 
 // Larger ones are checked by whoever reads all of them anyway, beside the user's work.
 constexpr std::uint64_t kLargestChecked = 4 << 20;

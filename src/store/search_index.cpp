@@ -29,8 +29,7 @@ constexpr const char* kForm =
 // Who searches sees the last commit while the next one is being made. After a power cut the file is whole,
 // and what the last commits held is found missing at the start.
 constexpr const char* kHabits =
-    "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA trusted_schema = OFF;"
-    "PRAGMA cache_size = -8000;";
+    "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA cache_size = -8000;";
 
 constexpr const char* kNote =
     "SELECT key, id, place, stored, image, changed, colour, title, category, stamp FROM notes ";
@@ -76,10 +75,13 @@ void SearchIndex::Discard(TextView path) {
 }
 
 bool SearchIndex::HasForm() {
+  // It can be made anew: whatever is not as it was made here is not believed.
   return database_.Number("PRAGMA user_version", 0) == kVersion &&
-         database_.Number(
-             "SELECT count(*) FROM sqlite_master WHERE name IN ('notes', 'texts', 'words', 'titles')", 0) ==
-             4;
+         std::ranges::all_of(std::initializer_list<TextView>{u"notes", u"texts", u"words", u"titles"},
+                             [this](TextView name) {
+                               const Text form = database_.FormOfTable(name);
+                               return !form.empty() && Text(FromUtf8(kForm)).find(form + u";") != Text::npos;
+                             });
 }
 
 bool SearchIndex::OpenFile(TextView path) {

@@ -1,6 +1,8 @@
 #include "store/store_rescue.h"
 
 #include <algorithm>
+#include <limits>
+#include <string>
 
 #include "data/data_folder.h"
 #include "data/jotlet_id.h"
@@ -15,6 +17,8 @@ constexpr std::int64_t kAtOnce = 200;
 constexpr std::int64_t kNoKey = 0;
 // As far behind the last key that could be read, when nobody can tell which was given out last.
 constexpr std::int64_t kFurther = 10'000;
+// Keys that were never given out are nothing to look for, whatever the damaged file says.
+constexpr std::int64_t kWidestGap = 100'000;
 
 bool IsThere(const Files& files, const Text& path) { return files.Exists(path) && files.Size(path) > 0; }
 
@@ -86,7 +90,8 @@ bool StoreRescue::Begin() {
   insert_ = new_.Prepare(
       "INSERT OR IGNORE INTO jotlets (key, category, text, flags, record) VALUES (?, ?, ?, ?, ?)");
   isThere_ = new_.Prepare("SELECT key FROM jotlets WHERE text = ?");
-  if (damaged_) old_.Open(path_, false);
+  // Locked once, not for each of the many questions that have no answer.
+  if (damaged_ && old_.Open(path_, false) == DatabaseResult::kDone) old_.Run("BEGIN");
   const Text index = folder_ + Text(kSearchIndexName);
   if (files_.Exists(index) && index_.OpenToSearch(index)) counts_.known = index_.Count();
   return true;
@@ -94,7 +99,7 @@ bool StoreRescue::Begin() {
 
 bool StoreRescue::Insert(std::int64_t key, TextView category, TextView id, std::int64_t flags,
                          TextView line) {
-  if (key == kNoKey) return false;
+  if (key <= kNoKey || key > kLargestStoredKey) return false;
   insert_.Reset();
   insert_.Bind(key).Bind(category).Bind(FoldCase(id)).Bind(flags).Bind(line);
   if (!insert_.Run()) {
@@ -105,32 +110,40 @@ bool StoreRescue::Insert(std::int64_t key, TextView category, TextView id, std::
   return new_.Changed() > 0;
 }
 
+bool StoreRescue::IsIn(TextView id) {
+  isThere_.Reset();
+  isThere_.Bind(FoldCase(id));
+  return isThere_.Step() == DatabaseResult::kRow;
+}
+
+std::int64_t StoreRescue::NextKey() { return new_.Number("SELECT max(key) FROM jotlets", 0) + 1; }
+
 bool StoreRescue::Copy(const Statement& row) {
   const StoredNote note = StoredNoteAt(row);
   // A row that has been written over names no note.
   if (note.record.id.empty()) return true;
-  Insert(note.key, note.category, note.record.id, row.NumberAt(2), row.TextAt(3));
+  const auto insert = [&](std::int64_t key) {
+    return Insert(key, note.category, note.record.id, row.NumberAt(2), row.TextAt(3));
+  };
+  if (!insert(note.key) && !IsIn(note.record.id)) insert(NextKey());
   return reason_.empty();
 }
 
 bool StoreRescue::Add(std::int64_t key, TextView category, std::int64_t flags, const JotletData& record) {
-  isThere_.Reset();
-  isThere_.Bind(FoldCase(record.id));
-  if (isThere_.Step() == DatabaseResult::kRow) return true;
+  if (IsIn(record.id)) return true;
   if (!IsPlainFileName(record.id) || !files_.Exists(folder_ + ContentPath(record))) return true;
   const std::int64_t all = flags | (record.IsImage() ? kStoredImage : 0);
   const Text line = MakeJotletLine(record, true);
   // A key may have been given to another note meanwhile.
   const bool added =
-      Insert(key, category, record.id, all, line) ||
-      Insert(new_.Number("SELECT max(key) FROM jotlets", 0) + 1, category, record.id, all, line);
+      Insert(key, category, record.id, all, line) || Insert(NextKey(), category, record.id, all, line);
   if (added) ++counts_.found;
   return reason_.empty();
 }
 
 bool StoreRescue::ReadForward() {
   Statement select =
-      old_.Prepare("SELECT key, category, flags, record FROM jotlets WHERE key > ? ORDER BY key LIMIT ?");
+      old_.Prepare((std::string(kSelectStored) + "WHERE key > ? ORDER BY key LIMIT ?").c_str());
   select.Bind(keys_.last).Bind(kAtOnce);
   std::int64_t rows = 0;
   DatabaseResult result = select.Step();
@@ -139,15 +152,18 @@ bool StoreRescue::ReadForward() {
   if (result == DatabaseResult::kDone && rows == kAtOnce) return true;
   // Nothing is left to be read from the other end.
   if (result == DatabaseResult::kDone || !old_.IsOpen()) phase_ = Phase::kBetween;
+  keys_.last = std::max(keys_.last, kNoKey);
+  constexpr std::int64_t kLast = std::numeric_limits<std::int64_t>::max() - 1;
+  const std::int64_t given = old_.Number("SELECT seq FROM sqlite_sequence WHERE name = 'jotlets'",
+                                         std::min(keys_.last, kLast - kFurther) + kFurther);
   keys_.next =
-      old_.Number("SELECT seq FROM sqlite_sequence WHERE name = 'jotlets'", keys_.last + kFurther) + 1;
-  if (result == DatabaseResult::kDone) keys_.next = keys_.last + 1;
+      std::min(result == DatabaseResult::kDone ? keys_.last : std::max(given, keys_.last), kLast) + 1;
   return false;
 }
 
 bool StoreRescue::ReadBackward() {
   Statement select = old_.Prepare(
-      "SELECT key, category, flags, record FROM jotlets WHERE key < ? AND key > ? ORDER BY key DESC LIMIT ?");
+      (std::string(kSelectStored) + "WHERE key < ? AND key > ? ORDER BY key DESC LIMIT ?").c_str());
   select.Bind(keys_.next).Bind(keys_.last).Bind(kAtOnce);
   std::int64_t rows = 0;
   DatabaseResult result = select.Step();
@@ -158,7 +174,8 @@ bool StoreRescue::ReadBackward() {
 
 // Each by itself: a page that cannot be read takes only its own notes with it.
 bool StoreRescue::ReadBetween() {
-  Statement select = old_.Prepare("SELECT key, category, flags, record FROM jotlets WHERE key = ?");
+  Statement select = old_.Prepare((std::string(kSelectStored) + "WHERE key = ?").c_str());
+  if (keys_.next - keys_.last > kWidestGap) keys_.next = keys_.last + kWidestGap;
   for (std::int64_t step = 0; step < kAtOnce && keys_.last + 1 < keys_.next; ++step) {
     select.Reset();
     select.Bind(++keys_.last);
@@ -240,7 +257,9 @@ bool StoreRescue::End() {
 int StoreRescue::Percent() const {
   const std::int64_t sum = keys_.next + counts_.known + static_cast<std::int64_t>(contents_.size());
   const std::int64_t done = keys_.last + counts_.seen + static_cast<std::int64_t>(content_);
-  return std::min(PercentOf(static_cast<std::size_t>(done), static_cast<std::size_t>(sum)), 100);
+  return std::min(
+      PercentOf(static_cast<std::size_t>(std::max<std::int64_t>(done, 0)), static_cast<std::size_t>(sum)),
+      100);
 }
 
 }  // namespace jotlets

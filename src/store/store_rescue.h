@@ -1,6 +1,7 @@
 // Makes a store anew from what is left of it.
 #pragma once
 
+#include <limits>
 #include <vector>
 
 #include "base/files.h"
@@ -49,6 +50,8 @@ class StoreRescue final : public Job {
   bool End();
   State StepOnce();
   State Fail(Text reason);
+  bool IsIn(TextView id);
+  std::int64_t NextKey();
   bool Copy(const Statement& row);
   bool Add(std::int64_t key, TextView category, std::int64_t flags, const JotletData& record);
   bool Insert(std::int64_t key, TextView category, TextView id, std::int64_t flags, TextView line);
@@ -67,8 +70,8 @@ class StoreRescue final : public Job {
   Statement isThere_;
   SearchIndex index_;
   struct Keys {
-    std::int64_t last = 0;  // that was read forward
-    std::int64_t next = 0;  // the first that was read backward
+    std::int64_t last = std::numeric_limits<std::int64_t>::min();  // that was read forward
+    std::int64_t next = 0;                                         // the first that was read backward
   };
   Keys keys_;
   Text lastId_;

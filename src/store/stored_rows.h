@@ -11,6 +11,9 @@
 
 namespace jotlets {
 
+/// Commands name a stored note by a number of 32 bits.
+inline constexpr std::int64_t kLargestStoredKey = INT32_MAX;
+
 /// Parts of the flags of a row.
 inline constexpr std::int64_t kStoredImage = 1;
 inline constexpr std::int64_t kStoredLeaving = 2;

@@ -30,7 +30,7 @@ Job::State BJobDlg::Run(HWND owner) {
 
 void BJobDlg::OnInit() {
   SetDlgItemTextW(Handle(), IDC_JOB_TEXT, Wide(resources_.String(text_)));
-  EnableWindow(Item(IDCANCEL), mayCancel_);
+  ShowWindow(Item(IDCANCEL), mayCancel_ ? SW_SHOW : SW_HIDE);
   SetTimer(Handle(), kTimer, kPeriod, nullptr);
 }
 

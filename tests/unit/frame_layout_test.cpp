@@ -40,9 +40,12 @@ TEST(Frame, TextThatReachesTheEdgesGoesBeforeThem) {
   EXPECT_EQ(HitTestFrame({0, 0}, kWindow, {0, 0, 200, 100}, false), FramePart::kContent);
 }
 
-TEST(Size, IsNeverBelowTheMinimum) {
+TEST(Size, IsNeverBelowTheMinimumNorMoreThanFitsIntoMemory) {
   EXPECT_EQ(SafeSize({10, 500}, {80, 40}), (Size{80, 500}));
   EXPECT_EQ(SafeSize({500, -1}, {80, 40}), (Size{500, 40}));
+  EXPECT_EQ(SafeSize({8000, 4000}, {80, 40}), (Size{8000, 4000}));
+  EXPECT_EQ(SafeSize({300, INT32_MAX}, {80, 40}), (Size{300, 30000}));
+  EXPECT_EQ(SafeSize({INT32_MAX, INT32_MAX}, {80, 40}), (Size{30000, 1118}));
   EXPECT_EQ(SmallestNoteSize({150, 5}, {1280, 800}), (Size{150, 16}));
   EXPECT_EQ(SmallestNoteSize({30000, 30000}, {1280, 800}), (Size{1280, 800}));
 }

@@ -137,6 +137,43 @@ TEST_F(StoreRescueTest, WithoutAnIndexContentFilesAreRecoveredAndWhatIsNoStoreIs
   EXPECT_TRUE(store.Find(*store.KeyOf(u"P1"))->record.IsImage());
 }
 
+// Whatever stands in the file beside the notes, they are all had again, and nothing in it acts.
+TEST_F(StoreRescueTest, AFormThatIsNotOursIsRescuedAndWhatItWouldDoIsNotDone) {
+  const auto bend = [this](const char* sql) {
+    Database database;
+    std::filesystem::remove(StorePath());
+    std::filesystem::remove(folder_ + Text(kSearchIndexName));
+    Fill();
+    ASSERT_EQ(database.Open(StorePath(), false), DatabaseResult::kDone);
+    ASSERT_EQ(database.Run(sql), DatabaseResult::kDone) << sql;
+  };
+  const auto rescued = [this] {
+    EXPECT_EQ(store.Open(folder_), StoreState::kDamaged);
+    EXPECT_EQ(Rescue(), Job::State::kDone);
+    EXPECT_EQ(store.Open(folder_), StoreState::kOpen);
+    return Whole();
+  };
+  for (const char* bent :
+       {"UPDATE sqlite_sequence SET seq = 9223372036854775807", "UPDATE jotlets SET key = -7 WHERE key = 9",
+        "UPDATE jotlets SET key = 9223372036854775807 WHERE key = 12",
+        "ALTER TABLE jotlets RENAME TO j; CREATE TABLE jotlets AS SELECT * FROM j; DROP TABLE j"}) {
+    bend(bent);
+    EXPECT_EQ(rescued(), static_cast<std::size_t>(kNotes)) << bent;
+  }
+  bend(
+      "DROP TABLE jotlets; CREATE VIEW jotlets AS WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 "
+      "FROM"
+      " c) SELECT n AS key, 'c' AS category, 't' || n AS text, 0 AS flags, '' AS record FROM c");
+  EXPECT_EQ(rescued(), 0u) << "only titles and categories are known";
+
+  bend("CREATE TRIGGER away AFTER INSERT ON jotlets BEGIN DELETE FROM jotlets; END");
+  ASSERT_EQ(store.Open(folder_), StoreState::kOpen);
+  JotletData record;
+  record.id = u"M1";
+  ASSERT_TRUE(store.Put(record, u"work"));
+  EXPECT_TRUE(store.Has(u"M1") && store.Has(Id(0)));
+}
+
 // Killed after each step and at each change of a file: the next rescue ends with every note.
 TEST_F(StoreRescueTest, ARescueThatEndsAnywhereBeginsAgain) {
   Fill();

@@ -81,7 +81,9 @@ TEST_F(StacksTest, FiveNotesAreStackedUsedAndFoundAsTheyWere) {
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
   PressKeys({'A'});
-  ASSERT_TRUE(WaitUntil([] { return WindowsOfClass(L"#32768").size() == 2; }));
+  ASSERT_TRUE(WaitUntil([this] { return OpenMenus() == 2; }))
+      << OpenMenus() << " of " << WindowsOfClass(L"#32768").size() << ", keys go to "
+      << GetWindowThreadProcessId(GetForegroundWindow(), nullptr);
   PressKeys({'N'});
   const HWND stack = Stack(u"Stack 1");
   EXPECT_EQ(Value(u"get list stacks"), u"1,");

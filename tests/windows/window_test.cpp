@@ -185,9 +185,9 @@ HWND WindowTest::DialogInFront() const {
   return there ? dialog : nullptr;
 }
 
-bool WindowTest::MenuIsOpen() const {
-  const auto menus = WindowsOfClass(L"#32768", program_->Id());
-  return std::any_of(menus.begin(), menus.end(), [](HWND menu) { return IsWindowVisible(menu) != 0; });
+std::size_t WindowTest::OpenMenus() const {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      WindowsOfClass(L"#32768", program_->Id()), [](HWND menu) { return IsWindowVisible(menu) != 0; }));
 }
 
 void WindowTest::ChooseInTrayMenu(std::initializer_list<WORD> keys) const {

@@ -75,8 +75,9 @@ class WindowTest : public ::testing::Test {
   HWND DialogWith(int control) const;
   /// The program's dialog in front, once it is there; null when none comes.
   HWND DialogInFront() const;
-  /// Whether a menu of the program can be seen.
-  bool MenuIsOpen() const;
+  /// How many menus of the program can be seen, a menu beside another one counted.
+  std::size_t OpenMenus() const;
+  bool MenuIsOpen() const { return OpenMenus() > 0; }
   /// Opens the menu of the tray icon and presses keys in it.
   void ChooseInTrayMenu(std::initializer_list<WORD> keys) const;
 

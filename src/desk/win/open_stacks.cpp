@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 
 #include "base/win/wide.h"
 #include "data/data_file.h"
@@ -245,8 +246,9 @@ void OpenStacks::Refresh() {
   for (const auto& stack : stacks_) stack->SetMembers(std::move(members[stack->Number()]));
 }
 
+// From the topmost down, as the notes are shown.
 void OpenStacks::ShowAll() {
-  for (const auto& stack : stacks_) stack->Show();
+  for (const auto& stack : stacks_ | std::views::reverse) stack->Show();
 }
 
 void OpenStacks::HideAll() {

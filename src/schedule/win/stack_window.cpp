@@ -40,8 +40,8 @@ bool BStackDlg::CreateWindowFor() {
   skin_ = context_.skins.OfStacks(dpi);
   const Size minimum = SmallestUsualSize();
   const bool rolled = IsStackRolled(record_.height, UsualRolledHeight());
-  const Size size{std::max(record_.width, minimum.width),
-                  rolled ? UsualRolledHeight() : std::max(record_.height, minimum.height)};
+  Size size = SafeSize({record_.width, record_.height}, minimum);
+  if (rolled) size.height = UsualRolledHeight();
   place_ = NotePlace(RectAt({record_.x, record_.y}, size), dpi);
   WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_LAYERED};
   if (record_.onTop) style.extended |= WS_EX_TOPMOST;
