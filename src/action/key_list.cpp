@@ -61,7 +61,10 @@ std::vector<KeyRow> Arranged(std::vector<KeyRow> rows) {
   std::ranges::stable_sort(rows, {}, &KeyRow::place);
   std::vector<KeyRow> once;
   for (KeyRow& row : rows) {
-    if (std::ranges::find(once, row.key, &KeyRow::key) == once.end()) once.push_back(std::move(row));
+    const auto isSame = [&row](const KeyRow& other) {
+      return other.key == row.key && (other.place == KeyPlace::kManage) == (row.place == KeyPlace::kManage);
+    };
+    if (std::ranges::none_of(once, isSame)) once.push_back(std::move(row));
   }
   return once;
 }

@@ -235,6 +235,12 @@ Text OneLine(TextView text) {
   return out;
 }
 
+TextView StartOf(TextView text, std::size_t maximum) {
+  if (text.size() <= maximum) return text;
+  const bool half = maximum > 0 && (text[maximum - 1] & 0xFC00) == 0xD800;
+  return text.substr(0, half ? maximum - 1 : maximum);
+}
+
 std::string ToUtf8(TextView text) {
   std::string out;
   out.reserve(text.size());

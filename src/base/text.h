@@ -75,6 +75,9 @@ Text UnhexTitle(TextView text);
 /// `text` with carriage returns, line feeds and NULs turned into blanks ("\r\n" into one).
 Text OneLine(TextView text);
 
+/// The first `maximum` code units of a longer text, without half of a character at the end.
+TextView StartOf(TextView text, std::size_t maximum);
+
 /// UTF-8 of `text`. An unpaired surrogate is written as its own three bytes, so that no text is lost.
 std::string ToUtf8(TextView text);
 

@@ -49,7 +49,10 @@ HotKeyPress MeaningOfPress(const HotKey& pressed) {
   const std::int32_t key = pressed.key;
   const bool plain = !pressed.windowsKey && !pressed.ctrl && !pressed.alt;
   if (plain && (key == kTab || key == kEnter || key == kEscape)) return HotKeyPress::kPassOn;
-  if (pressed.alt && !pressed.windowsKey && !pressed.ctrl && key == kF4) return HotKeyPress::kPassOn;
+  const bool onlyAlt = pressed.alt && !pressed.windowsKey && !pressed.ctrl;
+  // With Alt alone, letters and digits choose from the menus and dialogs of every program.
+  const bool chooses = !pressed.shift && ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'));
+  if (onlyAlt && (key == kF4 || chooses)) return HotKeyPress::kPassOn;
   if (plain && !pressed.shift && (key == kDelete || key == kBackspace)) return HotKeyPress::kClear;
   if (key <= 0 || key > kLastKey || std::ranges::find(kNoHotKeys, key) != std::end(kNoHotKeys))
     return HotKeyPress::kIgnore;

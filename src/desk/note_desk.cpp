@@ -285,6 +285,7 @@ bool NoteDesk::Discard(TextView id, Reason reason) {
   if (gone == nullptr) return false;
   lists_.discarded.Remove(own);
   lists_.discarded.push_back(*gone);
+  while (lists_.discarded.size() > kKeptDiscarded) ForgetDiscarded(Text(lists_.discarded.begin()->id));
   context_.windows.Close(own);
   Changed();
   return true;
@@ -304,12 +305,14 @@ bool NoteDesk::Undelete(TextView id) {
   return true;
 }
 
+void NoteDesk::ForgetDiscarded(TextView id) {
+  const std::optional<JotletData> gone = lists_.discarded.Remove(id);
+  if (gone && !lists_.WhereIs(gone->id)) saver_.RemoveContentLater(*gone);
+}
+
 void NoteDesk::ForgetDiscarded() {
   if (lists_.discarded.empty()) return;
-  for (const Text& id : IdsOf(lists_.discarded)) {
-    const std::optional<JotletData> gone = lists_.discarded.Remove(id);
-    if (gone && !lists_.WhereIs(id)) saver_.RemoveContentLater(*gone);
-  }
+  for (const Text& id : IdsOf(lists_.discarded)) ForgetDiscarded(id);
   Changed();
 }
 

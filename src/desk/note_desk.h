@@ -35,6 +35,9 @@ struct DeskContext {
   std::uint32_t instance = 0;     // tells this process from others
 };
 
+/// Notes that were deleted last and can still be had back.
+inline constexpr std::size_t kKeptDiscarded = 1000;
+
 class NoteDesk {
  public:
   explicit NoteDesk(DeskContext context);
@@ -70,7 +73,8 @@ class NoteDesk {
   std::vector<Text> CloseWaiting(const std::vector<Text>& ids);
   /// Tells of it, then deletes an open note for good; false when it is not there (any more).
   bool Delete(TextView id, Reason reason);
-  /// The same, but the note can be had back until `ForgetDiscarded`. False also when its content could not be
+  /// The same, but the note can be had back until `ForgetDiscarded`, or until `kKeptDiscarded` others were
+  /// discarded after it. False also when its content could not be
   /// written: then it stays.
   bool Discard(TextView id, Reason reason);
   /// Opens such a note where it was; false when it is not there, or cannot be.
@@ -136,6 +140,7 @@ class NoteDesk {
   void Changed(TextView id);
 
  private:
+  void ForgetDiscarded(TextView id);
   using Change = std::function<void(JotletData&)>;
 
   RecordList& ListOf(NoteList list);

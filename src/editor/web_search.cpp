@@ -40,17 +40,10 @@ Text PercentEncoded(TextView words) {
   return encoded;
 }
 
-// Without half a character at the end.
-TextView Cut(TextView words, std::size_t maximum) {
-  if (words.size() <= maximum) return words;
-  const bool half = words[maximum - 1] >= 0xD800 && words[maximum - 1] < 0xDC00;
-  return words.substr(0, half ? maximum - 1 : maximum);
-}
-
 }  // namespace
 
 Text WebSearchAddress(TextView address, TextView words) {
-  const Text line = OneLine(Cut(words, kLongestWords));
+  const Text line = OneLine(StartOf(words, kLongestWords));
   const TextView wanted = TrimBlanks(line);
   if (wanted.empty() || !IsWebAddress(address)) return {};
   const Text encoded = PercentEncoded(wanted);
@@ -59,9 +52,9 @@ Text WebSearchAddress(TextView address, TextView words) {
 }
 
 Text ShortWords(TextView words) {
-  const Text line = OneLine(Cut(words, kLongestShown + 1));
+  const Text line = OneLine(StartOf(words, kLongestShown + 1));
   const TextView trimmed = TrimBlanks(line);
-  const TextView shown = Cut(trimmed, kLongestShown);
+  const TextView shown = StartOf(trimmed, kLongestShown);
   return ReplaceAll(shown, u"&", u"&&") + (shown.size() < trimmed.size() ? u"\u2026" : u"");
 }
 

@@ -25,6 +25,14 @@ int UndoSteps::AddStep(UndoStep step) {
   return last_;
 }
 
+std::optional<UndoKind> UndoSteps::LastKind() const {
+  return steps_.empty() ? std::nullopt : std::optional(steps_.back().kind);
+}
+
+void UndoSteps::Forget(UndoKind kind) {
+  std::erase_if(steps_, [kind](const UndoStep& step) { return step.kind == kind; });
+}
+
 std::optional<UndoStep> UndoSteps::RemoveLast() {
   return steps_.empty() ? std::nullopt : Remove(steps_.back().number);
 }

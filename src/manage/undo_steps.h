@@ -1,6 +1,8 @@
 // What was done with notes that can be undone: one list for all who offer it.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -37,11 +39,14 @@ class UndoSteps {
   int Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {});
   /// The same for stored notes that files were made into.
   int AddImport(std::vector<std::int64_t> keys);
-  bool IsEmpty() const { return steps_.empty(); }
+  /// What the latest step did.
+  std::optional<UndoKind> LastKind() const;
   /// Removes the latest step; nothing when there is none.
   std::optional<UndoStep> RemoveLast();
   /// The same with the step of a number.
   std::optional<UndoStep> Remove(int number);
+  /// Forgets all steps of a kind.
+  void Forget(UndoKind kind);
 
  private:
   int AddStep(UndoStep step);

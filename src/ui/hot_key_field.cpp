@@ -31,6 +31,10 @@ bool HotKeyField::Create(HWND parent, int id, const Rect& bounds) {
   return true;
 }
 
+void HotKeyField::SetCue(const Text& words) {
+  SendMessageW(edit_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(Wide(words)));
+}
+
 void HotKeyField::SetKey(const HotKey& key) {
   if (key == key_) return;
   key_ = key;

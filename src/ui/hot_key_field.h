@@ -23,6 +23,8 @@ class HotKeyField {
   bool Create(HWND parent, int id, const Rect& bounds);
 
   HWND Handle() const { return edit_; }
+  /// What stands in the field while it holds no key.
+  void SetCue(const Text& words);
   void SetKey(const HotKey& key);
   /// What the field shows; its `key` is 0 when that is nothing.
   const HotKey& Key() const { return key_; }

@@ -79,12 +79,13 @@ TEST(KeyList, NamesEveryKeyOnceAndIsSearchedByWords) {
     return id < IDS_ACTION || id >= IDS_KEY_ROW ? Text() : u"&Do " + IntText(id - IDS_ACTION) + u"...";
   });
   rows.push_back({KeyPlace::kProgram, u"Ctrl+N", u"is there already"});
+  rows.push_back({KeyPlace::kManage, u"Ctrl+N", u"is another one there"});
   rows = Arranged(std::move(rows));
   const auto row = [&](TextView key) { return *std::ranges::find(rows, key, &KeyRow::key); };
   EXPECT_EQ(row(u"Ctrl+N"), (KeyRow{KeyPlace::kNote, u"Ctrl+N", u"Do 20"}));
   EXPECT_EQ(row(u"Ctrl+B"), (KeyRow{KeyPlace::kText, u"Ctrl+B", u"Do 50"}));
   EXPECT_TRUE(std::ranges::is_sorted(rows, {}, &KeyRow::place));
-  EXPECT_EQ(std::ranges::count(rows, u"Ctrl+N", &KeyRow::key), 1);
+  EXPECT_EQ(std::ranges::count(rows, u"Ctrl+N", &KeyRow::key), 2);
   EXPECT_TRUE(IsFound(row(u"Alt+arrow keys"), u"  NOTE alt"));
   EXPECT_TRUE(IsFound(row(u"Alt+arrow keys"), u"jotlet"));
   EXPECT_FALSE(IsFound(row(u"Alt+arrow keys"), u"move ctrl"));

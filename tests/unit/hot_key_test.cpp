@@ -37,14 +37,15 @@ TEST(HotKeyText, NamesEveryKeyAndItsModifiersInTheirOrder) {
 
 TEST(HotKeyPress, IsTakenOnlyWhenTypingAndTheDialogDoNotNeedIt) {
   for (const HotKey& taken :
-       {HotKey{true, false, false, false, 'S'}, WithAlt('S'), HotKey{false, false, true, false, kTab},
-        Plain(kF9), HotKey{false, false, true, false, kDelete}})
+       {HotKey{true, false, false, false, 'S'}, HotKey{false, true, false, true, 'S'},
+        HotKey{false, false, true, false, kTab}, Plain(kF9), HotKey{false, false, true, false, kDelete}})
     EXPECT_EQ(MeaningOfPress(taken), HotKeyPress::kTake) << ToUtf8(HotKeyText(taken));
   for (const HotKey& ignored :
        {Plain('S'), WithShift('S'), Plain(0x26), WithShift(kDelete), WithAlt(kShiftKey),
         HotKey{false, false, true, false, 0x11}, WithAlt(0), WithAlt(0xFF)})
     EXPECT_EQ(MeaningOfPress(ignored), HotKeyPress::kIgnore) << ToUtf8(HotKeyText(ignored));
-  for (const HotKey& passed : {Plain(kTab), WithShift(kTab), Plain(0x0D), Plain(0x1B), WithAlt(kF4)})
+  for (const HotKey& passed :
+       {Plain(kTab), WithShift(kTab), Plain(0x0D), Plain(0x1B), WithAlt(kF4), WithAlt('S'), WithAlt('1')})
     EXPECT_EQ(MeaningOfPress(passed), HotKeyPress::kPassOn) << ToUtf8(HotKeyText(passed));
   for (const HotKey& clears : {Plain(kDelete), Plain(0x08)})
     EXPECT_EQ(MeaningOfPress(clears), HotKeyPress::kClear) << ToUtf8(HotKeyText(clears));

@@ -85,7 +85,7 @@ TEST_F(HotKeyFieldTest, TakesWhatIsPressedAndNothingElse) {
   TypeText(u"ab");
   PutOnClipboard(L"c");
   SendMessageW(field_.Handle(), WM_PASTE, 0, 0);
-  EXPECT_TRUE(Shows({VK_MENU, 'S'}, u"Alt+S"));
+  EXPECT_TRUE(Shows({VK_MENU, VK_SHIFT, 'S'}, u"Alt+Shift+S"));
   EXPECT_EQ(changes_, 3);
   EXPECT_TRUE(Shows({VK_BACK}, u""));
   EXPECT_EQ(field_.Key().key, 0);

@@ -6,6 +6,7 @@
 
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
+#include "res/resource.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -228,16 +229,16 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
   const Text text = u"AA01typed ";
   EXPECT_TRUE(WaitUntil([&] { return ShownText(NoteTitled(u"One")) == text; }));
   PressKeys({VK_CONTROL, 'W'});
-  ASSERT_TRUE(undo(u"Closed. Undo", {VK_RETURN}));
+  ASSERT_TRUE(undo(u"“One” closed. Undo", {VK_RETURN}));
   PressKeys({VK_CONTROL, 'H'});
-  ASSERT_TRUE(undo(u"Hidden. Undo", {}));
+  ASSERT_TRUE(undo(u"“One” hidden. Undo", {}));
   const auto deleteIt = [&] {
     PressKeys({VK_CONTROL, VK_SHIFT, VK_DELETE});
     EXPECT_NE(DialogInFront(), nullptr);
     PressKeys({'Y'});
   };
   deleteIt();
-  ASSERT_TRUE(undo(u"Deleted. Undo", {VK_CONTROL, 'Z'}));
+  ASSERT_TRUE(undo(u"“One” deleted. Undo", {VK_CONTROL, 'Z'}));
   EXPECT_EQ(ShownText(NoteTitled(u"One")), text);
   // The key of undoing has it back from the note that has the keyboard now, unless that is written in.
   const Text other = Create(u"kept");
@@ -260,7 +261,28 @@ TEST_F(KeysTest, WhatIsClosedDeletedHiddenOrPutToSleepIsOfferedToBeHadBack) {
     EXPECT_EQ(List(u"desktop").size(), types ? 1u : 2u);
   }
   EXPECT_EQ(Reply(u"do desktop " + other + u" delete"), u"000 OK deleted");
-  ASSERT_TRUE(undo(u"Closed. Undo", {}));
+  ASSERT_TRUE(undo(u"“One” closed. Undo", {}));
+  // What was deleted is had back long after its strip, in the order in which things were done.
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
+  deleteIt();
+  ASSERT_TRUE(WaitUntil([&] { return strip() != nullptr; }));
+  const Text later = Create(u"later");
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"later")));
+  PressKeys({VK_CONTROL, 'W'});
+  ASSERT_TRUE(
+      WaitUntil([&] { return strip() != nullptr && TextOfWindow(strip()) == u"“later” closed. Undo"; }));
+  EXPECT_EQ(Reply(u"do manage open"), u"000 OK opened");
+  const HWND manage = DialogWith(IDC_MANAGE_LIST);
+  for (const TextView step : {u"&Undo close", u"&Undo delete"}) {
+    EXPECT_TRUE(WaitUntil([&] { return TextOfWindow(GetDlgItem(manage, IDC_MANAGE_ACTION + 6)) == step; }));
+    // A note that is back has taken the keyboard.
+    SetForegroundWindow(manage);
+    ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == manage; }));
+    PressKeys({VK_CONTROL, 'Z'});
+  }
+  EXPECT_TRUE(WaitUntil([] { return NoteTitled(u"One") != nullptr; }));
+  EXPECT_EQ(Reply(u"do manage close"), u"000 OK closed");
+  EXPECT_EQ(Reply(u"do desktop " + later + u" delete"), u"000 OK deleted");
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"One")));
   const Text id = List(u"desktop").front();
   deleteIt();

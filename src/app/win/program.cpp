@@ -224,7 +224,7 @@ void Program::OnContentsChecked(ContentJob::Report report) {
 }
 
 FileStatus Program::MoveDataTo(TextView folder) {
-  undo_.End();
+  undo_.Forget();
   // Everything that is in memory goes along.
   saving_.SaveOptions();
   if (!saving_.SaveJotlets()) return FileStatus::Failed(saving_.MainPath());
@@ -243,7 +243,7 @@ FileStatus Program::MoveDataTo(TextView folder) {
 
 // While the files are being replaced, what is on the screen must neither change nor be written.
 void Program::HoldStill(bool still) {
-  undo_.End();
+  undo_.Forget();
   if (still) listeners_.Send({EventKind::kRestoring});
   state_.exiting = still;
   notes_.Enable(!still);
@@ -289,7 +289,7 @@ void Program::Restart() {
 
 // Saves; without the user's leave nothing that is not saved is given up.
 bool Program::MayExit(bool silent) {
-  undo_.End();
+  undo_.Forget();
   sleeping_.Enable(false);
   notes_.StopAlarms();
   hotKeys_.Unregister(window_.Handle());

@@ -27,9 +27,9 @@ void Program::ServeManaging() {
   managed_.ServeSurvey([this](SurveyQuestion question) { return search_.AskSurvey(std::move(question)); });
   search_.WatchSurveys([this](const SearchSurvey& survey) { managed_.OnSurvey(survey); });
   search_.WatchBrowser([this] { managed_.OnBrowsed(); });
-  managed_.ServeImport([this](HWND owner) {
-    managed_.RememberImport(
-        ImportNotes(owner, resources_,
+  managed_.ServeImport([this](HWND owner, const Text& path) {
+    managed_.Steps().AddImport(
+        ImportNotes(owner, resources_, path,
                     {system_.files, system_.ansi, system_.log, desk_, store_, VirtualScreen().Width()}));
     if (!state_.exiting) desk_.Changed();
   });

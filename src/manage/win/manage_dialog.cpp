@@ -27,6 +27,8 @@ constexpr int kPreviewWidth = 240;
 // Narrower windows have no room for the preview.
 constexpr int kWidthWithPreview = 900;
 
+constexpr int kUndoButton = IDC_MANAGE_ACTION + static_cast<int>(ManageAction::kUndo);
+
 }  // namespace
 
 bool BManageDlg::OpenWindow(bool activate) {
@@ -211,7 +213,7 @@ ManageFacts BManageDlg::Facts() const {
   ManageFacts facts;
   facts.view = View();
   facts.selected = ListView_GetSelectedCount(list);
-  facts.canUndo = owner_.CanUndoManaged();
+  facts.canUndo = owner_.LastManaged().has_value();
   facts.attached = View() == ManageView::kAttached;
   if (View() != ManageView::kDesktop) return facts;
   for (int place = -1; !facts.attached && (place = ListView_GetNextItem(list, place, LVNI_SELECTED)) >= 0;) {
@@ -224,6 +226,12 @@ ManageFacts BManageDlg::Facts() const {
 // The buttons and the words below the list. Only what differs is set: nothing may flicker.
 void BManageDlg::UpdateState() {
   const ManageFacts facts = Facts();
+  // Nobody undoes what they did not mean.
+  const std::optional<UndoKind> last = owner_.LastManaged();
+  const Text undo =
+      resources_.String(last ? IDS_MANAGE_UNDO + static_cast<UINT>(*last) : IDS_MANAGE_UNDO_NOTHING);
+  if (undo != undoWords_) SetDlgItemTextW(Handle(), kUndoButton, Wide(undo));
+  undoWords_ = undo;
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const HWND button = Item(IDC_MANAGE_ACTION + static_cast<int>(i));
     const BOOL enabled = IsEnabled(static_cast<ManageAction>(i), facts);

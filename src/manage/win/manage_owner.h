@@ -8,6 +8,7 @@
 
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
+#include "manage/undo_steps.h"
 #include "store/note_store.h"
 #include "store/search_survey.h"
 
@@ -43,7 +44,8 @@ class ManageOwner {
   /// Asks where the notes are that hold the words; for none, ends that. `BManageDlg::ShowSurvey` gets each
   /// answer, and false says that none comes.
   virtual bool AskSurvey(SurveyQuestion question) = 0;
-  virtual bool CanUndoManaged() const = 0;
+  /// What the latest step did that can be undone.
+  virtual std::optional<UndoKind> LastManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;
   /// The options that keep the look of the window have changed.
   virtual void OnManageSettings() = 0;

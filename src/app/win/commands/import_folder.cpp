@@ -44,9 +44,9 @@ std::optional<CsvColumns> ChooseColumns(HWND owner, const Resources& resources,
 
 }  // namespace
 
-std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources,
+std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources, const Text& path,
                                       const FolderImport::Context& context) {
-  const Text folder = ChooseSource(owner, resources);
+  const Text folder = path.empty() ? ChooseSource(owner, resources) : path;
   if (folder.empty()) return {};
   std::optional<CsvColumns> columns;
   if (HasExtension(folder, u".csv")) {

@@ -11,8 +11,8 @@
 
 namespace jotlets {
 
-/// Asks whether a folder or a file is meant, and which, and makes stored notes of it; their keys.
-std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources,
+/// Makes stored notes of the folder or file at `path`; their keys. Asks which where that is empty.
+std::vector<std::int64_t> ImportNotes(HWND owner, const Resources& resources, const Text& path,
                                       const FolderImport::Context& context);
 
 }  // namespace jotlets

@@ -130,7 +130,7 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kSaveCopies: return SaveCopies(ids);
     case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : desk_.Restore(ids);
     case ManageAction::kStore: return Store(ids);
-    case ManageAction::kImport: import_(dialog_.Window()); return 0;
+    case ManageAction::kImport: import_(dialog_.Window(), {}); return 0;
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
       const auto step = steps_.RemoveLast();
@@ -196,7 +196,7 @@ std::size_t ManagedNotes::Store(const std::vector<Text>& ids) {
   for (const Text& id : ids)
     if (desk_.Store(id, *category)) stored.push_back(id);
   const std::size_t left = ids.size() - stored.size();
-  Remember(UndoKind::kStored, std::move(stored));
+  steps_.Add(UndoKind::kStored, std::move(stored));
   return left;
 }
 
@@ -214,13 +214,13 @@ std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
   }
   const std::size_t left = static_cast<std::size_t>(
       std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return notes_.Find(id) != nullptr; }));
-  Remember(UndoKind::kClosed, std::move(closed));
+  steps_.Add(UndoKind::kClosed, std::move(closed));
   return left;
 }
 
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
-  Remember(view == ManageView::kAttached ? UndoKind::kClosedAttached : UndoKind::kClosedSleeping,
-           desk_.CloseWaiting(ids));
+  steps_.Add(view == ManageView::kAttached ? UndoKind::kClosedAttached : UndoKind::kClosedSleeping,
+             desk_.CloseWaiting(ids));
 }
 
 std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
@@ -251,6 +251,11 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
     told += u"\n" + job.Faults()[i].title + u": " + job.Faults()[i].reason;
   Report(owner, resources_, told, true);
   return 0;
+}
+
+Text ManagedNotes::TitleOf(const Text& id) {
+  const std::optional<JotletData> record = RecordOf(id);
+  return record ? contents_.TitleOf(*record) : Text();
 }
 
 void ManagedNotes::UndoStepOf(int number) {

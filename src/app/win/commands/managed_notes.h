@@ -48,7 +48,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::optional<std::size_t> CountStored(const ManagePlace& place) override;
   std::optional<Text> RenameCategory(const Text& name) override;
   bool AskSurvey(SurveyQuestion question) override;
-  bool CanUndoManaged() const override { return !steps_.IsEmpty(); }
+  std::optional<UndoKind> LastManaged() const override { return steps_.LastKind(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
   void OnManageEnd() override { stored_.End(); }
@@ -63,18 +63,15 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   /// More is known of the stored notes that are browsed.
   void OnBrowsed();
 
-  /// What was done with notes elsewhere and can be undone here too; the number of the step.
-  int Remember(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {}) {
-    return steps_.Add(kind, std::move(ids), std::move(places));
-  }
-  /// The same for stored notes that an import has made.
-  void RememberImport(std::vector<std::int64_t> keys) { steps_.AddImport(std::move(keys)); }
+  /// What was done with notes, here and elsewhere.
+  UndoSteps& Steps() { return steps_; }
   /// Undoes one step, if that has not been done yet.
   void UndoStepOf(int number);
-  /// Removes a step, which is then not undone here any more.
-  std::optional<UndoStep> RemoveStep(int number) { return steps_.Remove(number); }
-  /// Who makes notes of the files of a folder, behind this window.
-  void ServeImport(std::function<void(HWND owner)> import) { import_ = std::move(import); }
+  /// The title that a note shows, also one that is in no window.
+  Text TitleOf(const Text& id);
+  /// Who makes stored notes of a file, or of what the user chooses where none is named, behind this window.
+  void ServeImport(std::function<void(HWND owner, const Text& path)> import) { import_ = std::move(import); }
+  void Import(HWND owner, const Text& path) { import_(owner, path); }
   /// Who can tell where notes are, and calls `OnSurvey`; false where nobody can.
   void ServeSurvey(std::function<bool(SurveyQuestion)> survey) { survey_ = std::move(survey); }
   void OnSurvey(const SearchSurvey& survey);
@@ -119,7 +116,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   UndoSteps steps_;
   std::function<void(int number)> undone_ = [](int) {};
   std::function<bool(SurveyQuestion)> survey_ = [](const SurveyQuestion&) { return false; };
-  std::function<void(HWND owner)> import_ = [](HWND) {};
+  std::function<void(HWND owner, const Text& path)> import_ = [](HWND, const Text&) {};
 };
 
 }  // namespace jotlets

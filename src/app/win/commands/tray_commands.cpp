@@ -127,7 +127,9 @@ void TrayCommands::OpenManageWindow() {
 
 void TrayCommands::ChooseImport() {
   const Text path = ChooseFileToOpen(tools_.window.Handle(), tools_.resources.String(IDS_FILTER_IMPORT));
-  if (!path.empty()) ImportFile(path);
+  if (path.empty()) return;
+  // What holds many notes fills no desktop: they are stored, as from the manage window.
+  IsCollection(path) ? tools_.managed.Import(tools_.window.Handle(), path) : ImportFile(path);
 }
 
 void TrayCommands::ImportFile(TextView path) {

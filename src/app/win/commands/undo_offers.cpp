@@ -28,23 +28,43 @@ UndoOffers::UndoOffers(const Resources& resources, const Options& options, NoteD
   managed_.WatchUndo([this](int number) { OnUndone(number); });
 }
 
-// What happens to several notes at once is one step.
 void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place, const Text& words) {
+  const Text title = ids.empty() ? Text() : managed_.TitleOf(ids.front());
+  OfferNamed(kind, std::move(ids), title, place, words);
+}
+
+// What happens to several notes at once is one step.
+void UndoOffers::OfferNamed(UndoKind kind, std::vector<Text> ids, const Text& title, const Rect& place,
+                            const Text& words) {
   constexpr ULONGLONG kAtOnce = 300;  // milliseconds
   const ULONGLONG now = GetTickCount64();
-  if (number_ != 0 && kind != UndoKind::kDeleted && kind == kind_ && now - offered_ < kAtOnce) {
-    if (const auto before = managed_.RemoveStep(number_))
+  if (number_ != 0 && kind == kind_ && now - offered_ < kAtOnce) {
+    if (const auto before = managed_.Steps().Remove(number_))
       ids.insert(ids.begin(), before->ids.begin(), before->ids.end());
   }
   End();
   offered_ = now;
-  ShowOffer(kind, managed_.Remember(kind, std::move(ids)), place, words);
+  const Text told =
+      ReplaceAll(words.empty() ? resources_.String(WordsFor(kind)) : words, u"%n", NameOf(ids.size(), title));
+  ShowOffer(kind, managed_.Steps().Add(kind, std::move(ids)), place, told);
+}
+
+// One note by its title, several by their number.
+Text UndoOffers::NameOf(std::size_t count, const Text& title) const {
+  constexpr std::size_t kLongestTitle = 30;
+  if (count > 1)
+    return ReplaceAll(resources_.String(IDS_UNDO_SEVERAL), u"%s", IntText(static_cast<int>(count)));
+  if (title.empty()) return resources_.String(IDS_UNDO_NAMELESS);
+  const bool isLong = title.size() > kLongestTitle;
+  const Text shown = isLong ? Text(StartOf(title, kLongestTitle)) + u"\u2026" : title;
+  return ReplaceAll(resources_.String(IDS_UNDO_NAMED), u"%s", shown);
 }
 
 void UndoOffers::OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place) {
   End();
-  ShowOffer(UndoKind::kArranged, managed_.Remember(UndoKind::kArranged, std::move(ids), std::move(places)),
-            place);
+  const Text words = ReplaceAll(resources_.String(IDS_UNDO_ARRANGED), u"%n", NameOf(ids.size(), {}));
+  ShowOffer(UndoKind::kArranged, managed_.Steps().Add(UndoKind::kArranged, std::move(ids), std::move(places)),
+            place, words);
 }
 
 void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place, const Text& words) {
@@ -53,8 +73,8 @@ void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place, const T
   number_ = number;
   isLast_ = true;
   strip_.Show(
-      place, words.empty() ? resources_.String(WordsFor(kind)) : words, resources_.String(IDS_UNDO),
-      [this, number] { managed_.UndoStepOf(number); }, [this] { End(); });
+      place, words, resources_.String(IDS_UNDO), [this, number] { managed_.UndoStepOf(number); },
+      [this] { End(); });
 }
 
 bool UndoOffers::Close(const Text& id, const Rect& place) {
@@ -64,11 +84,10 @@ bool UndoOffers::Close(const Text& id, const Rect& place) {
 }
 
 bool UndoOffers::Delete(const Text& id, const Rect& place) {
-  // One note at a time is kept.
-  End();
+  const Text title = managed_.TitleOf(id);
   // One that cannot be kept is gone at once, as the user has agreed to.
-  if (!IsOn() || !desk_.Discard(id, Reason::kDeleted)) return desk_.Delete(id, Reason::kDeleted);
-  Offer(UndoKind::kDeleted, {id}, place);
+  if (!desk_.Discard(id, Reason::kDeleted)) return desk_.Delete(id, Reason::kDeleted);
+  OfferNamed(UndoKind::kDeleted, {id}, title, place, {});
   return true;
 }
 
@@ -90,10 +109,12 @@ bool UndoOffers::ServeKey(const MSG& message, OpenNotes& notes) {
 
 void UndoOffers::End() {
   strip_.Close();
-  // Closed, hidden and sleeping notes are there to be had back from the manage window.
-  const int number = std::exchange(number_, 0);
-  if (number == 0 || kind_ != UndoKind::kDeleted) return;
-  managed_.RemoveStep(number);
+  number_ = 0;
+}
+
+void UndoOffers::Forget() {
+  End();
+  managed_.Steps().Forget(UndoKind::kDeleted);
   desk_.ForgetDiscarded();
 }
 

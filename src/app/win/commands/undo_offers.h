@@ -14,7 +14,8 @@ class UndoOffers {
 
   /// Whether steps are offered at all.
   bool IsOn() const { return options_.undoStrip; }
-  /// Offers to undo a step; `place` is where the note was, `words` what is told instead of the usual.
+  /// Offers to undo a step; `place` is where the note was, `words` what is told instead of the
+  /// usual, with "%n" for the note or notes.
   void Offer(UndoKind kind, std::vector<Text> ids, const Rect& place, const Text& words = {});
   /// Notes are about to be moved away from these places.
   void OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place);
@@ -24,11 +25,16 @@ class UndoOffers {
   /// Follows what is pressed in notes. Ctrl+Z takes the offer when it is the first since that was made, and
   /// else belongs to the text; whether it has.
   bool ServeKey(const MSG& message, OpenNotes& notes);
-  /// Ends the offer: what was deleted is gone for good.
+  /// Ends the offer; the manage window can still undo the step.
   void End();
+  /// The same, and what was deleted is gone for good.
+  void Forget();
 
  private:
-  void ShowOffer(UndoKind kind, int number, const Rect& place, const Text& words = {});
+  void OfferNamed(UndoKind kind, std::vector<Text> ids, const Text& title, const Rect& place,
+                  const Text& words);
+  Text NameOf(std::size_t count, const Text& title) const;
+  void ShowOffer(UndoKind kind, int number, const Rect& place, const Text& words);
   void OnUndone(int number);
 
   const Resources& resources_;
