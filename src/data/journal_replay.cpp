@@ -187,10 +187,10 @@ bool ApplyChanges(const std::vector<JournalFrame>& frames, std::size_t first, Fi
   return FingerprintOf(bytes) == present;
 }
 
-enum class ContentOutcome { kNothing, kWritten, kUnusable };
+enum class ContentOutcome { kNothing, kWritten, kNotWritten, kUnusable };
 
 ContentOutcome ReplayContent(const LoadContext& context, const Text& path,
-                             const std::vector<JournalFrame>& frames) {
+                             const std::vector<JournalFrame>& frames, Text& fault) {
   FileContent present = context.files.Read(path);
   if (present.state == FileContent::State::kUnreadable) return ContentOutcome::kUnusable;
   const bool isThere = present.state == FileContent::State::kRead;
@@ -204,13 +204,18 @@ ContentOutcome ReplayContent(const LoadContext& context, const Text& path,
   if (!ApplyChanges(frames, *first, onDisk, present.bytes)) return ContentOutcome::kUnusable;
   if (isThere && !known) {
     const Text kept = DatedName(context.files, path, kKeptMark, context.now.local);
-    if (!context.files.Copy(path, kept)) return ContentOutcome::kUnusable;
+    const FileStatus copied = context.files.Copy(path, kept);
+    if (!copied) {
+      fault = kept + u": " + copied.reason;
+      return ContentOutcome::kNotWritten;
+    }
     context.log.Write(kLogLifecycle, u"'", path, u"' was changed from outside, kept as '", kept, u"'");
   }
   const FileStatus written = context.files.Write(path, present.bytes);
   if (written) return ContentOutcome::kWritten;
   context.log.Write(kLogLifecycle, u"Unable to write '", path, u"' from the journal: ", written.reason);
-  return ContentOutcome::kUnusable;
+  fault = path + u": " + written.reason;
+  return ContentOutcome::kNotWritten;
 }
 
 // The file of the last spelling of the id.
@@ -263,9 +268,10 @@ JournalReplay ReplayJournal(const LoadContext& context, TextView folder, std::st
   }
   for (const auto& [folded, changes] : frames.contents) {
     if (removed.contains(FoldCase(changes.back().id))) continue;
-    const ContentOutcome outcome = ReplayContent(context, PathOf(folder, changes.back()), changes);
+    const ContentOutcome outcome =
+        ReplayContent(context, PathOf(folder, changes.back()), changes, replay.unwritten);
     if (outcome == ContentOutcome::kWritten) ++contents;
-    if (outcome == ContentOutcome::kUnusable) replay.keep = true;
+    if (outcome == ContentOutcome::kUnusable || outcome == ContentOutcome::kNotWritten) replay.keep = true;
   }
   replay.any = records + contents > 0;
   if (replay.any)

@@ -25,10 +25,11 @@ struct LoadContext {
 
 /// What became of the journal, see `ReplayJournal`.
 struct JournalReplay {
-  bool any = false;                // something was taken from it: that is to be saved
-  bool keep = false;               // it holds something that could not be used, or not be read
-  std::vector<JotletData> gone;    // notes that were deleted, whose content is to go with the next save
-  std::size_t length = 0;          // of the frames that could be read, in bytes
+  bool any = false;              // something was taken from it: that is to be saved
+  bool keep = false;             // it holds something that could not be used, or not be read
+  Text unwritten;                // why content of it could not be put in its place: it is what was typed last
+  std::vector<JotletData> gone;  // notes that were deleted, whose content is to go with the next save
+  std::size_t length = 0;        // of the frames that could be read, in bytes
   std::uint64_t nextSequence = 1;  // of the frame that follows them
 };
 

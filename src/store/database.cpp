@@ -2,13 +2,18 @@
 
 #include <sqlite3.h>
 
+#include <thread>
+
 #include "base/natural_order.h"
 
 namespace jotlets {
 namespace {
 
 // A program that copies the folder looks at the file for a moment.
-constexpr int kBusyMilliseconds = 2000;
+constexpr std::chrono::milliseconds kBusy(1500);
+// One that holds the file longer is waited for once, not anew by everything that wants to read it.
+constexpr std::chrono::seconds kStillBusy(5);
+constexpr std::chrono::milliseconds kPause(5);
 
 constexpr int kLargestValue = 256 << 20;
 
@@ -86,7 +91,7 @@ DatabaseResult Database::Open(TextView path, bool create) {
     result = DatabaseResult::kFailed;
   }
   if (result == DatabaseResult::kDone) {
-    sqlite3_busy_timeout(handle, kBusyMilliseconds);
+    WaitWhileBusy();
     LeaveWithoutPower(handle);
     // Until something is read, any file counts as a database.
     result = Run("SELECT count(*) FROM sqlite_master");
@@ -95,6 +100,23 @@ DatabaseResult Database::Open(TextView path, bool create) {
   if (openFault_.empty()) openFault_ = Fault();
   Close();
   return result;
+}
+
+void Database::WaitWhileBusy() {
+  const auto wait = [](void* database, int waited) {
+    using Clock = std::chrono::steady_clock;
+    Waiting& waiting = static_cast<Database*>(database)->waiting_;
+    const Clock::time_point now = Clock::now();
+    if (waiting.gaveUp && now - *waiting.gaveUp < kStillBusy) return 0;
+    if (waited == 0) waiting.since = now;
+    if (now - waiting.since >= kBusy) {
+      waiting.gaveUp = now;
+      return 0;
+    }
+    std::this_thread::sleep_for(kPause);
+    return 1;
+  };
+  sqlite3_busy_handler(handle_.get(), wait, this);
 }
 
 void Database::Watch(std::function<void(std::int64_t)> changed) {

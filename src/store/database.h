@@ -1,9 +1,11 @@
 // A database in one file, and statements on it. Nothing throws: what failed is told, and why.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "base/text.h"
 
@@ -90,7 +92,15 @@ class Database {
   struct Closer {
     void operator()(sqlite3* database) const;
   };
+  /// For somebody else who holds the file.
+  void WaitWhileBusy();
+  struct Waiting {
+    std::chrono::steady_clock::time_point since;
+    std::optional<std::chrono::steady_clock::time_point> gaveUp;
+  };
+
   std::unique_ptr<sqlite3, Closer> handle_;
+  Waiting waiting_;
   Text openFault_;
   std::function<void(std::int64_t)> changed_;
   int logPages_ = 0;

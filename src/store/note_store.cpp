@@ -24,8 +24,15 @@ Statement PrepareSelect(Database& database, const char* condition) {
 
 void NoteStore::Tell(TextView what) const { log_.Write(kLogLifecycle, u"The store '", path_, u"' ", what); }
 
+void NoteStore::Refuse(Text why) {
+  fault_ = std::move(why);
+  Tell(fault_);
+  Close();
+}
+
 StoreState NoteStore::Open(TextView dataFolder) {
   Close();
+  fault_.clear();
   ++version_;
   shownChanges_.many = true;
   path_ = Text(dataFolder) + Text(kStoreFileName);
@@ -39,24 +46,21 @@ StoreState NoteStore::Open(TextView dataFolder) {
     return StoreState::kDamaged;
   }
   if (form == StoreForm::kNewer) {
-    Tell(u"was made by a newer version: its notes are left alone");
-    Close();
+    Refuse(u"was made by a newer version: its notes are left alone");
   } else if (form == StoreForm::kStore) {
     if (Prepare() && files_.Size(path_) <= kLargestChecked && !database_.IsSound()) {
       Close();
       return StoreState::kDamaged;
     }
   } else {
-    Tell(u"cannot be used: " + database_.Fault());
-    Close();
+    Refuse(u"cannot be used: " + database_.Fault());
   }
   return IsOpen() ? StoreState::kOpen : StoreState::kUnusable;
 }
 
 bool NoteStore::Prepare() {
   if (database_.Run(kHabits) != DatabaseResult::kDone) {
-    Tell(u"cannot be used: " + database_.Fault());
-    database_.Close();
+    Refuse(u"cannot be used: " + database_.Fault());
   } else {
     database_.Watch([this](std::int64_t key) {
       changes_.insert(key);

@@ -38,6 +38,8 @@ class NoteStore {
   /// `StoreRescue`, and one that cannot be used too, which the log tells.
   StoreState Open(TextView dataFolder);
   void Close();
+  /// Why the store that is there could not be opened, in words that follow its name; empty otherwise.
+  const Text& Fault() const { return fault_; }
   /// Whether there is a store that notes can be taken from.
   bool IsOpen() const { return database_.IsOpen(); }
 
@@ -91,12 +93,14 @@ class NoteStore {
   bool Provide();
   bool Prepare();
   void Tell(TextView what) const;
+  void Refuse(Text why);
   bool Change(Statement& statement);
   std::vector<StoredNote> Select(Statement select, std::size_t maximum);
 
   Files& files_;
   Log& log_;
   Text path_;
+  Text fault_;
   Database database_;
   std::uint64_t version_ = 0;
   bool changing_ = false;  // what is changed is written later, together

@@ -278,6 +278,12 @@ TEST_F(Replay, AContentFromOutsideIsKeptBesideTheOneThatWasTyped) {
   files.Put(path, "before it");
   EXPECT_FALSE(Do({Begin(0), Content(u"A", "before it", "before this", false)}, 0).keep);
   EXPECT_EQ(files.Get(path), "before this");
+  files.unchangeable.insert(u"d:\\rtf\\a.rtf");
+  JournalReplay full = Do({Begin(0), Content(u"A", "before this", "typed last", true)}, 0);
+  EXPECT_TRUE(full.keep && full.unwritten.starts_with(path)) << "nobody is to type on the older text";
+  files.unchangeable.clear();
+  full = Do({Begin(0), Content(u"A", "before this", "typed last", true)}, 0);
+  EXPECT_TRUE(!full.keep && full.unwritten.empty() && files.Get(path) == "typed last");
 }
 
 TEST_F(Replay, NamesThatLeaveTheFolderAreNobodysNotes) {

@@ -45,22 +45,32 @@ void DataFolderClaim::LeaveUntouched() {
   if (made) files_.Remove(folder_ + Text(kJournalName));
 }
 
-bool DataFolderClaim::KeepJournal() {
+DataFolderClaim::Kept DataFolderClaim::KeepJournal() {
   const Text path = folder_ + Text(kJournalName);
   const Text kept = DatedName(files_, path, kDamagedMark, clock_.Now().local);
-  const FileStatus status = files_.Write(kept, JournalBytes());
+  Kept outcome = files_.Write(kept, JournalBytes()) ? Kept::kCopied : Kept::kNot;
+  // Another name needs no room on the disk.
+  if (outcome == Kept::kNot) {
+    journal_.Close();
+    if (files_.Rename(path, kept)) outcome = Kept::kMoved;
+    if (outcome == Kept::kMoved && journal_.Open(path) != LockedFile::Opened::kYes)
+      fault_ = journal_.Reason();
+  }
   log_.Write(kLogLifecycle, u"Not all of the journal could be used, ",
-             status ? u"kept as '" : u"nor be kept as '", kept, u"'");
-  if (!status) journal_.Close();
-  return status.ok;
+             outcome == Kept::kNot ? u"nor be kept as '" : u"kept as '", kept, u"'");
+  return outcome;
 }
 
 void DataFolderClaim::SetJournalAside() {
-  if (HoldsNews(JournalBytes()) && KeepJournal()) journal_.Reset({});
+  if (HoldsNews(JournalBytes()) && KeepJournal() == Kept::kCopied) journal_.Reset({});
 }
 
 void DataFolderClaim::GoOn(NoteJournal& journal, const LoadedData& loaded) {
-  if (!loaded.journal.keep || KeepJournal()) journal.GoOn(loaded.journal, loaded.fingerprint);
+  const Kept outcome = loaded.journal.keep ? KeepJournal() : Kept::kCopied;
+  JournalReplay anew;
+  anew.nextSequence = loaded.journal.nextSequence;
+  if (outcome != Kept::kNot)
+    journal.GoOn(outcome == Kept::kMoved ? anew : loaded.journal, loaded.fingerprint);
 }
 
 }  // namespace jotlets

@@ -40,7 +40,8 @@ class DataFolderClaim {
   void GoOn(NoteJournal& journal, const LoadedData& loaded);
 
  private:
-  bool KeepJournal();
+  enum class Kept { kNot, kCopied, kMoved };
+  Kept KeepJournal();
 
   Files& files_;
   const CodePage& ansi_;

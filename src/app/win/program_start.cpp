@@ -173,15 +173,25 @@ void Program::ProvideFirstRun() {
 }
 
 bool Program::LoadJotlets() {
-  LoadedData loaded =
-      jotlets::LoadJotlets({system_.files, system_.ansi, options_.Current(),
-                            [this] { return desk_.Maker().NewJotletId(); }, system_.clock.Now(), system_.log},
-                           desk_.Folder(), claim_.JournalBytes());
+  LoadedData loaded;
+  Choice choice = Choice::kFirst;
+  // What was typed last must not be written over by what is typed on an older text.
+  do {
+    loaded = jotlets::LoadJotlets(
+        {system_.files, system_.ansi, options_.Current(), [this] { return desk_.Maker().NewJotletId(); },
+         system_.clock.Now(), system_.log},
+        desk_.Folder(), claim_.JournalBytes());
+    if (loaded.journal.unwritten.empty()) break;
+    const Text question =
+        ReplaceAll(resources_.String(IDS_JOURNAL_UNWRITTEN), u"%s", loaded.journal.unwritten);
+    choice = BChoiceDlg(IDD_JOURNAL_UNWRITTEN, question).Ask(resources_, window_.Handle());
+  } while (choice == Choice::kFirst && !state_.exiting);
   ApplyOptions();
-  if (loaded.file.version > kDataFileVersion) {
+  const bool newer = loaded.file.version > kDataFileVersion;
+  if (newer || choice == Choice::kNeither || state_.exiting) {
     claim_.LeaveUntouched();
     store_.Close();
-    Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
+    if (newer) Tell(window_.Handle(), resources_, IDS_NEWER_VERSION, desk_.Folder() + Text(kDataFileName));
     instance_.Release();
     return false;
   }

@@ -54,9 +54,10 @@ LockedFile::Opened LockedFile::Open(TextView path) {
   constexpr int kTries = 100;
   constexpr DWORD kPauseMilliseconds = 50;
   path_ = path;
+  UniqueHandle file;
   for (int tried = 1;; ++tried) {
-    file_ = OpenAlone(path_);
-    if (file_) break;
+    file = OpenAlone(path_);
+    if (file) break;
     const DWORD error = GetLastError();
     reason_ = LastErrorText(u"CreateFile", error);
     if (error != ERROR_SHARING_VIOLATION) return Opened::kFailed;
@@ -64,8 +65,14 @@ LockedFile::Opened LockedFile::Open(TextView path) {
     Sleep(kPauseMilliseconds);
   }
   LARGE_INTEGER size{};
-  if (GetFileSizeEx(file_.get(), &size)) length_ = static_cast<std::uint64_t>(size.QuadPart);
-  worker_ = std::thread([this] { FlushNowAndThen(); });
+  const bool known = GetFileSizeEx(file.get(), &size) != 0;
+  {
+    const std::lock_guard lock(mutex_);
+    file_ = std::move(file);
+    length_ = known ? static_cast<std::uint64_t>(size.QuadPart) : 0;
+  }
+  // It may have been open before.
+  if (!worker_.joinable()) worker_ = std::thread([this] { FlushNowAndThen(); });
   return Opened::kYes;
 }
 

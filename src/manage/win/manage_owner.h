@@ -44,6 +44,8 @@ class ManageOwner {
   /// Asks where the notes are that hold the words; for none, ends that. `BManageDlg::ShowSurvey` gets each
   /// answer, and false says that none comes.
   virtual bool AskSurvey(SurveyQuestion question) = 0;
+  /// Why the stored notes cannot be had; empty when they can.
+  virtual Text StoreFault() const = 0;
   /// What the latest step did that can be undone.
   virtual std::optional<UndoKind> LastManaged() const = 0;
   virtual Text ManagedTime(std::int32_t utc) = 0;

@@ -115,6 +115,8 @@ void BManageDlg::ShowStatus(std::size_t selected) {
     const bool searches = !TrimBlanks(ItemText(IDC_MANAGE_SEARCH)).empty();
     Text text =
         resources_.String(searches ? IDS_MANAGE_NOT_FOUND : IDS_MANAGE_NOTHING + static_cast<UINT>(View()));
+    const Text fault = View() == ManageView::kStored ? owner_.StoreFault() : Text();
+    if (!fault.empty()) text = ReplaceAll(resources_.String(IDS_MANAGE_STORE_FAULT), u"%s", fault);
     const Text elsewhere = searches ? views_.Elsewhere() : Text();
     if (!elsewhere.empty())
       text += u"\n" + ReplaceAll(resources_.String(IDS_MANAGE_ELSEWHERE), u"%s", elsewhere);

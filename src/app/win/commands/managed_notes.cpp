@@ -29,10 +29,8 @@ void MoveBack(OpenNotes& notes, const UndoStep& step) {
   }
 }
 
-}  // namespace
-
-ManageView ManagedNotes::HomeOf(const Text& id) const {
-  const NoteLists& lists = desk_.Lists();
+// The view that is a note's own.
+ManageView HomeOf(const NoteLists& lists, const Text& id) {
   const std::optional<NoteList> list = lists.WhereIs(id);
   if (!list) return ManageView::kStored;
   switch (*list) {
@@ -44,11 +42,13 @@ ManageView ManagedNotes::HomeOf(const Text& id) const {
   return lists.sleeping.Find(id)->sleep.recurring ? ManageView::kRecurring : ManageView::kSleeping;
 }
 
+}  // namespace
+
 // Each note as in the view that is its own, with the questions of that. How many are left where there is
 // nothing that opens them.
 std::size_t ManagedNotes::DoAll(ManageAction action, const std::vector<Text>& ids) {
   std::map<ManageView, std::vector<Text>> byHome;
-  for (const Text& id : ids) byHome[HomeOf(id)].push_back(id);
+  for (const Text& id : ids) byHome[HomeOf(desk_.Lists(), id)].push_back(id);
   std::size_t left = 0;
   for (const auto& [home, own] : byHome) {
     const std::optional<ManageAction> does = action == ManageAction::kOpen ? DefaultAction(home) : action;

@@ -49,6 +49,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::optional<Text> RenameCategory(const Text& name) override;
   bool AskSurvey(SurveyQuestion question) override;
   std::optional<UndoKind> LastManaged() const override { return steps_.LastKind(); }
+  Text StoreFault() const override { return store_.Fault(); }
   Text ManagedTime(std::int32_t utc) override;
   void OnManageSettings() override;
   void OnManageEnd() override { stored_.End(); }
@@ -79,8 +80,6 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
  private:
-  /// The view that is a note's own.
-  ManageView HomeOf(const Text& id) const;
   std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
