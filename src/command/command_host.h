@@ -62,7 +62,9 @@ class StoreHost {
   virtual ~StoreHost() = default;
   /// Moves an open note into a category; its key, nothing when it could not be written.
   virtual std::optional<std::int64_t> Store(TextView id, TextView category) = 0;
-  /// Brings a note back to the desktop; its id, empty when there is none of this key.
+  virtual bool IsStored(std::int64_t key) = 0;
+  /// Brings a note back to the desktop; its id, empty when there is none of this key, or the store cannot let
+  /// it go.
   virtual Text Fetch(std::int64_t key) = 0;
   virtual std::vector<std::int64_t> KeysOf(TextView category) = 0;
   /// Opens the manage window at the note of this key.

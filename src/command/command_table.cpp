@@ -79,7 +79,7 @@ constexpr std::array kCommands = {
                u"do store A1 work in progress", u"000 OK stored: key; 995 not found; 997 unable to store",
                StoreNote},
     CommandRow{u"do fetch ", u"key", u"Brings a stored note back to the desktop, where it stood.",
-               u"do fetch 12", u"000 OK fetched: id; 995 not found", FetchNote},
+               u"do fetch 12", u"000 OK fetched: id; 995 not found; 997 unable to fetch", FetchNote},
     CommandRow{
         u"do find ", u"words",
         u"The ids of all notes, and the keys of stored ones, that hold all the words, each as the "

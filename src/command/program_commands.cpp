@@ -146,8 +146,11 @@ void StoreNote(const CommandCall& call) {
 
 void FetchNote(const CommandCall& call) {
   const TextView number = TrimBlanks(call.arguments);
-  const Text id = call.host.Stored().Fetch(ParseInt(number));
-  if (id.empty()) return call.reply.SendLine(kNotFound);
+  const std::int64_t key = ParseInt(number);
+  const Text id = call.host.Stored().Fetch(key);
+  if (id.empty())
+    return call.reply.SendLine(call.host.Stored().IsStored(key) ? TextView(u"997 unable to fetch")
+                                                                : kNotFound);
   SavedOk(call, u"fetched: " + id);
 }
 

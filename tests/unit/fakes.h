@@ -440,9 +440,11 @@ class FakeProgram final : public CommandHost, public StoreHost {
     stored.emplace_back(Text(id), Text(category));
     return static_cast<std::int64_t>(stored.size());
   }
+  bool IsStored(std::int64_t key) override {
+    return key > 0 && static_cast<std::size_t>(key) <= stored.size();
+  }
   Text Fetch(std::int64_t key) override {
-    const auto at = static_cast<std::size_t>(key - 1);
-    return at < stored.size() ? stored[at].first : Text();
+    return works && IsStored(key) ? stored[static_cast<std::size_t>(key - 1)].first : Text();
   }
   std::vector<std::int64_t> KeysOf(TextView category) override {
     std::vector<std::int64_t> keys;

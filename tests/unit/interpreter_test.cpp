@@ -148,6 +148,11 @@ TEST_F(Commands, ListsEndInACommaAndEmptyOnesAreEmpty) {
   EXPECT_EQ(Reply(u"get list closed"), u"001 f,");
   EXPECT_EQ(Reply(u"get list stacks"), u"001 2,11,");
   EXPECT_EQ(Reply(u"get list stored work"), u"001 ");
+  program.stored.emplace_back(u"G", u"work");
+  program.works = false;
+  EXPECT_EQ(Reply(u"do fetch 1"), u"997 unable to fetch");
+  EXPECT_EQ(Reply(u"do fetch 2"), u"995 not found");
+  program.works = true;
   EXPECT_EQ(Reply(u"do find two words"), u"001 A1,two words,");
   EXPECT_EQ(Reply(u"do find  "), kNotUnderstood);
   program.closed.FindToChange(u"f")->deletedTime = 77;

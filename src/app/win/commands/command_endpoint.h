@@ -44,6 +44,7 @@ class StoreEndpoint final : public StoreHost {
   std::optional<std::int64_t> Store(TextView id, TextView category) override {
     return desk_.Store(id, category);
   }
+  bool IsStored(std::int64_t key) override { return store_.Find(key).has_value(); }
   Text Fetch(std::int64_t key) override { return desk_.Fetch(key); }
   std::vector<std::int64_t> KeysOf(TextView category) override { return store_.KeysOf(category); }
   void ShowStored(std::int64_t key) override { managed_.ShowStored(key); }
