@@ -12,7 +12,7 @@
 namespace jotlets {
 
 /// Where a key counts, in the order of the list.
-enum class KeyPlace { kNote, kText, kProgram, kEverywhere, kManage };
+enum class KeyPlace { kNote, kText, kProgram, kManage, kEverywhere };
 inline constexpr std::size_t kKeyPlaces = 5;
 
 struct KeyRow {

@@ -193,7 +193,12 @@ void NoteJournal::Reset(Fingerprint dataFile) {
   ForgetChanges();
   saving_.reset();
   reset_ = dataFile;
-  Report(CatchUp());
+  const FileStatus status = CatchUp();
+  Report(status);
+  // Of these the data file says nothing: a start after a kill would find contents of nobody's.
+  for (const JotletData& record : lists_.discarded)
+    pending_.insert_or_assign(FoldCase(record.id), record.IsImage());
+  if (status) WriteChanges([] { return true; });
 }
 
 // What could not be said in its time is said before anything else: frames that go on from a data file that

@@ -18,7 +18,7 @@ void KeepSizeUsable(JotletData& record) {
   record.width = size.width;
   // Of a rolled note it may be unknown, which the note asks its content about when it has to know.
   if (!record.rolled || record.height != kNone) record.height = size.height;
-  record.altWidth = std::min(record.altWidth, SafeSize({record.altWidth, 0}, kMinimumNoteSize).width);
+  record.altWidth = std::min(record.altWidth, kLongestSide);
 }
 
 }  // namespace

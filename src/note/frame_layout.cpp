@@ -51,9 +51,8 @@ Size SmallestNoteSize(Size wanted, Size screens) {
 }
 
 Size SafeSize(Size size, Size minimum) {
-  constexpr std::int32_t kLongestSide = 30000;
   constexpr std::int32_t kLargestArea = 32 << 20;
-  const std::int32_t width = std::min(std::max(size.width, minimum.width), kLongestSide);
+  const std::int32_t width = std::clamp(std::max(size.width, minimum.width), 1, kLongestSide);
   const std::int32_t height = std::min(size.height, std::min(kLargestArea / width, kLongestSide));
   return {width, std::max(height, minimum.height)};
 }

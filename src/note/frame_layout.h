@@ -14,6 +14,9 @@ inline constexpr std::int32_t kCornerMargin = 12;
 /// No skin makes a note smaller than can be taken hold of.
 inline constexpr Size kMinimumNoteSize{40, 16};
 
+/// Larger than any screen, smaller than what the system's coordinates can hold.
+inline constexpr std::int32_t kLongestSide = 30000;
+
 /// The parts of a note window that the mouse takes hold of; skins say where the content lies.
 enum class FramePart {
   kContent,

@@ -173,10 +173,10 @@ std::int64_t Database::Number(const char* sql, std::int64_t otherwise) {
   return statement.Step() == DatabaseResult::kRow ? statement.NumberAt(0) : otherwise;
 }
 
-Text Database::FormOfTable(TextView name) {
+bool Database::HasTableOf(const char* form, TextView name) {
   Statement select = Prepare("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?");
   select.Bind(name);
-  return select.Step() == DatabaseResult::kRow ? select.TextAt(0) : Text();
+  return select.Step() == DatabaseResult::kRow && FromUtf8(form).find(select.TextAt(0) + u";") != Text::npos;
 }
 
 bool Database::IsSound() {

@@ -51,6 +51,11 @@ class Statement {
 
 class Database {
  public:
+  Database() = default;
+  ~Database() = default;
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
   /// Opens the file at `path`, with separators as the system has them; makes it when `create`. Fails when it
   /// cannot be opened for writing, and when it is no database. An empty path makes a file of its own, which
   /// goes with this object. Triggers and views of the file do nothing, and values of more than 256 MB cannot
@@ -75,8 +80,9 @@ class Database {
   Statement Prepare(const char* sql);
   /// The first column of the first row; `otherwise` when there is none.
   std::int64_t Number(const char* sql, std::int64_t otherwise);
-  /// The statement that made the table, without its end; empty when there is no table of that name.
-  Text FormOfTable(TextView name);
+  /// Whether there is a table of this name, no view, that one of the statements of `form` has made: letter
+  /// for letter, so that a form that has been in use is not written otherwise without another version.
+  bool HasTableOf(const char* form, TextView name);
   /// Whether all pages can be read and fit each other; looks at the whole file.
   bool IsSound();
   /// The key of the row that was put in last.

@@ -78,10 +78,7 @@ bool SearchIndex::HasForm() {
   // It can be made anew: whatever is not as it was made here is not believed.
   return database_.Number("PRAGMA user_version", 0) == kVersion &&
          std::ranges::all_of(std::initializer_list<TextView>{u"notes", u"texts", u"words", u"titles"},
-                             [this](TextView name) {
-                               const Text form = database_.FormOfTable(name);
-                               return !form.empty() && Text(FromUtf8(kForm)).find(form + u";") != Text::npos;
-                             });
+                             [this](TextView name) { return database_.HasTableOf(kForm, name); });
 }
 
 bool SearchIndex::OpenFile(TextView path) {

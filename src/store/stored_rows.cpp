@@ -27,7 +27,7 @@ constexpr const char* kForm =
 
 // Commands cannot name others, and the database has no key behind the last one.
 bool KeysCanBeNamed(Database& database) {
-  return database.Number("SELECT min(key) FROM jotlets", 1) >= 0 &&
+  return database.Number("SELECT count(*) FROM jotlets WHERE key < 1", 1) == 0 &&
          database.Number("SELECT max(key) FROM jotlets", 0) <= kLargestStoredKey &&
          database.Number("SELECT max(seq) FROM sqlite_sequence", 0) <= kLargestStoredKey;
 }
@@ -70,9 +70,8 @@ StoreForm FormOfStore(Database& database) {
   if (counted != DatabaseResult::kRow) return StoreForm::kUnknown;
   if (tables.NumberAt(0) != 1) return StoreForm::kOther;
   if (database.Number("PRAGMA user_version", 0) > kVersion) return StoreForm::kNewer;
-  const Text form = database.FormOfTable(u"jotlets");
-  const bool isOurs = !form.empty() && FromUtf8(kForm).find(form + u";") != Text::npos;
-  return isOurs && KeysCanBeNamed(database) ? StoreForm::kStore : StoreForm::kOther;
+  return database.HasTableOf(kForm, u"jotlets") && KeysCanBeNamed(database) ? StoreForm::kStore
+                                                                            : StoreForm::kOther;
 }
 
 void StoreReader::SetPath(TextView path) {

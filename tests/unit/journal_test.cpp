@@ -329,6 +329,22 @@ TEST(Journal, AStartThatCannotSaveGoesOnBehindWhatItFound) {
   EXPECT_EQ(second.files.Get(u"D:\\rtf\\B.rtf"), "{\\rtf1 more}");
 }
 
+TEST(Journal, AKillAfterASaveLeavesNoContentOfWhatWasDeleted) {
+  FakeDesk home;
+  home.Load(u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n<ID>B<X>5<Y>5<RTF>\n");
+  EXPECT_TRUE(home.desk.Discard(u"A", Reason::kDeleted) && home.desk.Discard(u"B", Reason::kDeleted));
+  home.desk.Saver().SetDirty();
+  EXPECT_TRUE(home.desk.Saver().SaveIfDirty() && home.desk.Undelete(u"B"));
+  home.desk.Journal().WriteChanges([] { return true; });
+  const Latin1 ansi;
+  const LoadedData loaded = LoadJotlets(
+      {home.files, ansi, home.options, CountingIds(), home.clock.now, home.log}, kFolder, home.journal.bytes);
+  ASSERT_EQ(loaded.journal.gone.size(), 1u);
+  EXPECT_EQ(FoldCase(loaded.journal.gone[0].id), FoldCase(u"A"));
+  ASSERT_EQ(loaded.file.jotlets.size(), 1u);
+  EXPECT_EQ(loaded.file.jotlets[0].record.id, u"B");
+}
+
 TEST(Journal, SaysOnceThatTheDiskIsFullAndGoesOnLater) {
   FakeDesk home;
   home.Load(u"[Jotlets]\n<ID>A<X>5<Y>5<RTF>\n<ID>B<X>5<Y>5<RTF>\n");

@@ -155,15 +155,16 @@ TEST_F(StoreRescueTest, AFormThatIsNotOursIsRescuedAndWhatItWouldDoIsNotDone) {
   };
   for (const char* bent :
        {"UPDATE sqlite_sequence SET seq = 9223372036854775807", "UPDATE jotlets SET key = -7 WHERE key = 9",
+        "UPDATE jotlets SET key = 0 WHERE key = 9",
         "UPDATE jotlets SET key = 9223372036854775807 WHERE key = 12",
         "ALTER TABLE jotlets RENAME TO j; CREATE TABLE jotlets AS SELECT * FROM j; DROP TABLE j"}) {
     bend(bent);
     EXPECT_EQ(rescued(), static_cast<std::size_t>(kNotes)) << bent;
   }
   bend(
-      "DROP TABLE jotlets; CREATE VIEW jotlets AS WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 "
-      "FROM"
-      " c) SELECT n AS key, 'c' AS category, 't' || n AS text, 0 AS flags, '' AS record FROM c");
+      "DROP TABLE jotlets; CREATE VIEW jotlets AS WITH RECURSIVE c(n) AS"
+      " (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT n AS key, 'c' AS category, 't' || n AS text, 0 AS "
+      "flags, '' AS record FROM c");
   EXPECT_EQ(rescued(), 0u) << "only titles and categories are known";
 
   bend("CREATE TRIGGER away AFTER INSERT ON jotlets BEGIN DELETE FROM jotlets; END");

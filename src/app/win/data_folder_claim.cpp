@@ -66,11 +66,11 @@ void DataFolderClaim::SetJournalAside() {
 }
 
 void DataFolderClaim::GoOn(NoteJournal& journal, const LoadedData& loaded) {
-  const Kept outcome = loaded.journal.keep ? KeepJournal() : Kept::kCopied;
-  JournalReplay anew;
-  anew.nextSequence = loaded.journal.nextSequence;
-  if (outcome != Kept::kNot)
-    journal.GoOn(outcome == Kept::kMoved ? anew : loaded.journal, loaded.fingerprint);
+  switch (loaded.journal.keep ? KeepJournal() : Kept::kCopied) {
+    case Kept::kCopied: journal.GoOn(loaded.journal, loaded.fingerprint); break;
+    case Kept::kMoved: journal.Reset(loaded.fingerprint); break;
+    case Kept::kNot: break;
+  }
 }
 
 }  // namespace jotlets

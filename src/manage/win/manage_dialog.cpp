@@ -230,8 +230,7 @@ void BManageDlg::UpdateState() {
   const std::optional<UndoKind> last = owner_.LastManaged();
   const Text undo =
       resources_.String(last ? IDS_MANAGE_UNDO + static_cast<UINT>(*last) : IDS_MANAGE_UNDO_NOTHING);
-  if (undo != undoWords_) SetDlgItemTextW(Handle(), kUndoButton, Wide(undo));
-  undoWords_ = undo;
+  if (ItemText(kUndoButton) != undo) SetDlgItemTextW(Handle(), kUndoButton, Wide(undo));
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const HWND button = Item(IDC_MANAGE_ACTION + static_cast<int>(i));
     const BOOL enabled = IsEnabled(static_cast<ManageAction>(i), facts);

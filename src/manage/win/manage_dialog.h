@@ -114,7 +114,6 @@ class BManageDlg final : public Dialog {
   ManageViews views_;
   ManagePreview preview_;
   SurveyQuestion asked_;
-  Text undoWords_;
   Text wanted_;  // a note that is to be shown as soon as the list has it
   bool refreshComes_ = false;
 };

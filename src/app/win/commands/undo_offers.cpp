@@ -29,7 +29,7 @@ UndoOffers::UndoOffers(const Resources& resources, const Options& options, NoteD
 }
 
 void UndoOffers::Offer(UndoKind kind, std::vector<Text> ids, const Rect& place, const Text& words) {
-  const Text title = ids.empty() ? Text() : managed_.TitleOf(ids.front());
+  const Text title = ids.empty() || !IsOn() ? Text() : managed_.TitleOf(ids.front());
   OfferNamed(kind, std::move(ids), title, place, words);
 }
 
@@ -78,8 +78,10 @@ void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place, const T
 }
 
 bool UndoOffers::Close(const Text& id, const Rect& place) {
+  // The window has it at hand.
+  const Text title = managed_.TitleOf(id);
   if (!desk_.Close(id, Reason::kUser)) return false;
-  Offer(UndoKind::kClosed, {id}, place);
+  OfferNamed(UndoKind::kClosed, {id}, title, place, {});
   return true;
 }
 
