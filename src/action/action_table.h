@@ -12,6 +12,7 @@
 #include "action/shortcuts.h"
 #include "base/text.h"
 #include "editor/editor_keys.h"
+#include "looks/icon.h"
 
 namespace jotlets {
 
@@ -102,6 +103,7 @@ struct NoteAction {
   ActionSetting sets;
   Shortcut key;
   MenuPlace menu;  // its text is the resource IDS_ACTION + code
+  Icon icon = Icon::kNothing;
 };
 
 inline constexpr std::array kNoteActions = [] {

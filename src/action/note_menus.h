@@ -14,7 +14,8 @@ namespace jotlets {
 /// Entries that are no command of a note. Who shows a menu says which of them there are, and what they do.
 enum class MenuPart : std::uint8_t {
   kNothing,
-  kPapers,  // rows of colours
+  kPapers,     // rows of colours
+  kTextTools,  // rows, too: of signs
   kHighlights,
   kGhost,
   kPreset,  // these four in the order of `Preset`
@@ -41,6 +42,7 @@ struct MenuEntry {
   std::int32_t text = 0;  // a resource
   NoteMenu below = NoteMenu::kNoMenu;
   MenuPart part = MenuPart::kNothing;
+  Icon icon = Icon::kNothing;
 };
 
 inline constexpr std::array kMenuEntries = [] {
@@ -48,38 +50,39 @@ inline constexpr std::array kMenuEntries = [] {
   using enum MenuPart;
   return std::array{
       MenuEntry{{kJotletMenu, 50}, 0, kNoMenu, kPapers},
-      MenuEntry{{kJotletMenu, 120}, IDS_MENU_LOOK, kLookMenu},
-      MenuEntry{{kJotletMenu, 300}, IDS_MENU_REMIND, kRemindMenu},
-      MenuEntry{{kJotletMenu, 320}, IDS_MENU_UNATTACH, kNoMenu, kAttachment},
-      MenuEntry{{kJotletMenu, 330}, IDS_MENU_STACKS, kStacksMenu},
-      MenuEntry{{kJotletMenu, 350}, IDS_MENU_FILE, kFileMenu},
+      MenuEntry{{kJotletMenu, 120}, IDS_MENU_LOOK, kLookMenu, kNothing, Icon::kPalette},
+      MenuEntry{{kJotletMenu, 300}, IDS_MENU_REMIND, kRemindMenu, kNothing, Icon::kBell},
+      MenuEntry{{kJotletMenu, 320}, IDS_MENU_UNATTACH, kNoMenu, kAttachment, Icon::kAttach},
+      MenuEntry{{kJotletMenu, 330}, IDS_MENU_STACKS, kStacksMenu, kNothing, Icon::kStack},
+      MenuEntry{{kJotletMenu, 350}, IDS_MENU_FILE, kFileMenu, kNothing, Icon::kFile},
       MenuEntry{{kJotletMenu, 900}, 0, kNoMenu, kOfOthers},
-      MenuEntry{{kLookMenu, 100}, IDS_MENU_OPACITY, kOpacityMenu},
-      MenuEntry{{kLookMenu, 110}, IDS_MENU_GHOST, kNoMenu, kGhost},
-      MenuEntry{{kLookMenu, 150}, IDS_MENU_MARKS, kMarksMenu},
-      MenuEntry{{kLookMenu, 160}, IDS_MENU_ARRANGE, kArrangeMenu},
-      MenuEntry{{kRemindMenu, 100}, IDS_PRESET, kNoMenu, kPreset},
-      MenuEntry{{kRemindMenu, 110}, IDS_PRESET + 1, kNoMenu, kPreset1},
-      MenuEntry{{kRemindMenu, 120}, IDS_PRESET + 2, kNoMenu, kPreset2},
-      MenuEntry{{kRemindMenu, 130}, IDS_PRESET + 3, kNoMenu, kPreset3},
-      MenuEntry{{kRemindMenu, 300}, IDS_MENU_CLEAR_ALARM, kNoMenu, kClearAlarm},
-      MenuEntry{{kStacksMenu, 100}, 0, kNoMenu, kStacks},
-      MenuEntry{{kStacksMenu, 110}, IDS_MENU_NEW_STACK, kNoMenu, kNewStack},
-      MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack},
-      MenuEntry{{kFileMenu, 130}, IDS_MENU_STORE, kStoreMenu},
-      MenuEntry{{kStoreMenu, 100}, 0, kNoMenu, kCategories},
-      MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile},
-      MenuEntry{{kTextMenu, 100}, 0, kNoMenu, kHighlights},
-      MenuEntry{{kTextMenu, 325}, IDS_MENU_PASTE_PLAIN, kNoMenu, kPastePlain},
-      MenuEntry{{kTextMenu, 400}, IDS_MENU_FONT, kFontMenu},
+      MenuEntry{{kLookMenu, 100}, IDS_MENU_OPACITY, kOpacityMenu, kNothing, Icon::kOpacity},
+      MenuEntry{{kLookMenu, 110}, IDS_MENU_GHOST, kNoMenu, kGhost, Icon::kGhost},
+      MenuEntry{{kLookMenu, 150}, IDS_MENU_MARKS, kMarksMenu, kNothing, Icon::kStar},
+      MenuEntry{{kLookMenu, 160}, IDS_MENU_ARRANGE, kArrangeMenu, kNothing, Icon::kSpread},
+      MenuEntry{{kRemindMenu, 100}, IDS_PRESET, kNoMenu, kPreset, Icon::kClock},
+      MenuEntry{{kRemindMenu, 110}, IDS_PRESET + 1, kNoMenu, kPreset1, Icon::kClock},
+      MenuEntry{{kRemindMenu, 120}, IDS_PRESET + 2, kNoMenu, kPreset2, Icon::kClock},
+      MenuEntry{{kRemindMenu, 130}, IDS_PRESET + 3, kNoMenu, kPreset3, Icon::kClock},
+      MenuEntry{{kRemindMenu, 300}, IDS_MENU_CLEAR_ALARM, kNoMenu, kClearAlarm, Icon::kBellOff},
+      MenuEntry{{kStacksMenu, 100}, 0, kNoMenu, kStacks, Icon::kStack},
+      MenuEntry{{kStacksMenu, 110}, IDS_MENU_NEW_STACK, kNoMenu, kNewStack, Icon::kPlus},
+      MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack, Icon::kGather},
+      MenuEntry{{kFileMenu, 130}, IDS_MENU_STORE, kStoreMenu, kNothing, Icon::kStore},
+      MenuEntry{{kStoreMenu, 100}, 0, kNoMenu, kCategories, Icon::kTag},
+      MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile, Icon::kSearch},
+      MenuEntry{{kTextMenu, 100}, 0, kNoMenu, kTextTools},
+      MenuEntry{{kTextMenu, 110}, 0, kNoMenu, kHighlights},
+      MenuEntry{{kTextMenu, 325}, IDS_MENU_PASTE_PLAIN, kNoMenu, kPastePlain, Icon::kText},
+      MenuEntry{{kTextMenu, 400}, IDS_MENU_FONT, kFontMenu, kNothing, Icon::kFont},
       MenuEntry{{kFontMenu, 100}, 0, kNoMenu, kFonts},
-      MenuEntry{{kBulletsMenu, 140}, IDS_MENU_CHECK_LIST, kNoMenu, kCheckList},
-      MenuEntry{{kTextMenu, 550}, 0, kNoMenu, kWebSearch},
-      MenuEntry{{kTextMenu, 410}, IDS_MENU_FORMAT, kFormatMenu},
-      MenuEntry{{kTextMenu, 420}, IDS_MENU_ALIGN, kAlignMenu},
-      MenuEntry{{kTextMenu, 430}, IDS_MENU_BULLETS, kBulletsMenu},
-      MenuEntry{{kTextMenu, 440}, IDS_MENU_STYLES, kStylesMenu},
-      MenuEntry{{kTextMenu, 600}, IDS_MENU_JOTLET, kJotletMenu},
+      MenuEntry{{kBulletsMenu, 140}, IDS_MENU_CHECK_LIST, kNoMenu, kCheckList, Icon::kCheckList},
+      MenuEntry{{kTextMenu, 550}, 0, kNoMenu, kWebSearch, Icon::kNet},
+      MenuEntry{{kTextMenu, 410}, IDS_MENU_FORMAT, kFormatMenu, kNothing, Icon::kBold},
+      MenuEntry{{kTextMenu, 420}, IDS_MENU_ALIGN, kAlignMenu, kNothing, Icon::kLeft},
+      MenuEntry{{kTextMenu, 430}, IDS_MENU_BULLETS, kBulletsMenu, kNothing, Icon::kBullets},
+      MenuEntry{{kTextMenu, 440}, IDS_MENU_STYLES, kStylesMenu, kNothing, Icon::kWand},
+      MenuEntry{{kTextMenu, 600}, IDS_MENU_JOTLET, kJotletMenu, kNothing, Icon::kMore},
   };
 }();
 

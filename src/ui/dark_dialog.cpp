@@ -118,11 +118,11 @@ void DressTooltip(HWND tooltip, const Theme& theme) {
   SendMessageW(tooltip, TTM_SETTIPTEXTCOLOR, ToCOLORREF(theme.Colours().text), 0);
 }
 
-HBRUSH DarkColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface) {
+HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface) {
   const bool isField = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX;
   if (!isField && message != WM_CTLCOLORDLG && message != WM_CTLCOLORSTATIC && message != WM_CTLCOLORBTN)
     return nullptr;
-  if (IsDatePicker(control)) return nullptr;
+  if (theme.Now().contrast || IsDatePicker(control) || (isField && !theme.IsDark())) return nullptr;
   const WindowColours& colours = theme.Colours();
   const Colour ground = isField ? colours.field : surface;
   SetTextColor(

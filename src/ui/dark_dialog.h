@@ -1,4 +1,4 @@
-// Dialogs where all is dark: their caption, their grounds, and the controls in them.
+// The look of dialogs: their caption, their grounds, and the controls in them.
 #pragma once
 
 #include <windows.h>
@@ -14,8 +14,8 @@ void DressDialog(HWND dialog, const Theme& theme);
 /// Gives a tooltip that was just made the colours of `theme`.
 void DressTooltip(HWND tooltip, const Theme& theme);
 
-/// The colours that a dialog answers its controls with where all is dark; nullptr for a message that asks for
-/// none. `surface` is what the control stands on.
-HBRUSH DarkColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface);
+/// The colours that a dialog answers its controls with; nullptr for those that are the system's: all in high
+/// contrast, fields in the light. `surface` is what the control stands on.
+HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface);
 
 }  // namespace jotlets

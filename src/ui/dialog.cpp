@@ -1,12 +1,39 @@
 #include "ui/dialog.h"
 
+#include <commctrl.h>
+
+#include <iterator>
+
 #include "base/beside.h"
+#include "ui/areas.h"
 #include "ui/dark_dialog.h"
 #include "ui/screen.h"
 #include "ui/tall_dialog.h"
 #include "ui/window.h"
 
 namespace jotlets {
+namespace {
+
+// Pixels at 96 dots per inch.
+constexpr int kFootGap = 9;    // above the buttons
+constexpr int kFootRoom = 20;  // below them, at most
+
+bool IsVisiblePushButton(HWND control) {
+  const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+  const LONG_PTR type = style & BS_TYPEMASK;
+  if ((style & WS_VISIBLE) == 0 || (type != BS_PUSHBUTTON && type != BS_DEFPUSHBUTTON)) return false;
+  wchar_t name[16] = {};
+  GetClassNameW(control, name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, WC_BUTTONW) == 0;
+}
+
+// A list without a frame is no field.
+bool IsFramed(HWND list) {
+  return (GetWindowLongPtrW(list, GWL_STYLE) & WS_BORDER) != 0 ||
+         (GetWindowLongPtrW(list, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+}
+
+}  // namespace
 
 INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
   theme_ = &resources.Look();
@@ -51,8 +78,53 @@ HBRUSH Dialog::Colours(UINT message, HDC dc, HWND control) {
   const bool isGround =
       message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
   const HBRUSH own = isGround ? OnColours(dc, control) : nullptr;
-  if (own != nullptr || !theme_->IsDark()) return own;
-  return DarkColours(message, dc, control, *theme_, DarkSurface());
+  if (own != nullptr) return own;
+  const WindowColours& colours = theme_->Colours();
+  if (message == WM_CTLCOLORLISTBOX && !IsFramed(control))
+    return ControlColours(WM_CTLCOLORSTATIC, dc, control, *theme_, colours.views);
+  const bool inFoot = control != nullptr && IsInFoot(control);
+  return ControlColours(message, dc, control, *theme_, inFoot ? colours.foot : Surface());
+}
+
+std::optional<LONG> Dialog::FootTop() const {
+  if ((GetWindowLongPtrW(dialog_, GWL_STYLE) & WS_CHILD) != 0) return std::nullopt;
+  RECT client{};
+  GetClientRect(dialog_, &client);
+  const int dpi = static_cast<int>(GetDpiForWindow(dialog_));
+  for (HWND child = GetWindow(dialog_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (!IsVisiblePushButton(child)) continue;
+    const RECT area = AreaOf(child);
+    if (area.bottom + MulDiv(kFootRoom, dpi, 96) >= client.bottom)
+      return area.top - MulDiv(kFootGap, dpi, 96);
+  }
+  return std::nullopt;
+}
+
+bool Dialog::IsInFoot(HWND control) const {
+  const std::optional<LONG> foot = FootTop();
+  return foot && AreaOf(control).top >= *foot;
+}
+
+RECT Dialog::AreaOf(HWND control) const {
+  RECT area{};
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+bool Dialog::Erase(HDC dc) {
+  const HBRUSH brush = Colours(WM_CTLCOLORDLG, dc, nullptr);
+  if (brush == nullptr) return false;
+  RECT area{};
+  GetClientRect(dialog_, &area);
+  FillRect(dc, &area, brush);
+  const std::optional<LONG> foot = FootTop();
+  if (!foot) return true;
+  area.top = *foot;
+  FillArea(dc, area, theme_->Colours().foot);
+  area.bottom = area.top + 1;
+  FillArea(dc, area, theme_->Colours().line);
+  return true;
 }
 
 INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -81,6 +153,12 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       const auto control = message == WM_CTLCOLORDLG ? nullptr : reinterpret_cast<HWND>(lParam);
       return reinterpret_cast<INT_PTR>(object->Colours(message, reinterpret_cast<HDC>(wParam), control));
     }
+    if (message == WM_ERASEBKGND && object->Erase(reinterpret_cast<HDC>(wParam))) {
+      SetWindowLongPtrW(dialog, DWLP_MSGRESULT, TRUE);
+      return TRUE;
+    }
+    // The ground of the buttons moves with them.
+    if (message == WM_SIZE) InvalidateRect(dialog, nullptr, TRUE);
     if (message == WM_NCDESTROY) object->dialog_ = nullptr;
     if (message != WM_COMMAND) {
       const std::optional<LRESULT> answer = object->OnMessage(message, wParam, lParam);

@@ -46,8 +46,8 @@ class Dialog {
   /// The colours of a control or, without one, of the dialog itself: sets those of its text, and returns the
   /// brush behind it, which the dialog keeps; nullptr for those of all dialogs.
   virtual HBRUSH OnColours(HDC, HWND) { return nullptr; }
-  /// What the controls stand on where all is dark.
-  virtual Colour DarkSurface() const { return theme_->Colours().surface; }
+  /// What the controls stand on.
+  virtual Colour Surface() const { return theme_->Colours().surface; }
 
   HWND Handle() const { return dialog_; }
   HWND Item(int control) const { return GetDlgItem(dialog_, control); }
@@ -58,6 +58,11 @@ class Dialog {
 
  private:
   HBRUSH Colours(UINT message, HDC dc, HWND control);
+  /// Where the ground of the buttons at the bottom begins; nothing for a dialog without them.
+  std::optional<LONG> FootTop() const;
+  bool IsInFoot(HWND control) const;
+  RECT AreaOf(HWND control) const;
+  bool Erase(HDC dc);
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;

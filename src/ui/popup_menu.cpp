@@ -1,6 +1,6 @@
 #include "ui/popup_menu.h"
 
-#include "ui/dark_menu.h"
+#include "ui/drawn_menu.h"
 #include "ui/swatch_tracking.h"
 
 namespace jotlets {
@@ -25,14 +25,14 @@ bool HasCommand(HMENU menu, UINT command) {
 
 UINT ChooseFromMenu(const Theme& theme, HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows) {
   const SwatchTracking tracking(owner, rows, theme);
-  const DarkMenu dark(menu, owner, theme);
+  const DrawnMenu drawn(menu, owner, theme);
   const auto chosen =
       static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
   return HasCommand(menu, chosen) ? chosen : 0;
 }
 
 void ShowMenu(const Theme& theme, HMENU menu, Point at, HWND owner) {
-  const DarkMenu dark(menu, owner, theme);
+  const DrawnMenu drawn(menu, owner, theme);
   TrackPopupMenu(menu, TPM_RIGHTBUTTON, at.x, at.y, 0, owner, nullptr);
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "ui/areas.h"
+#include "ui/icons.h"
 #include "ui/swatch_drawing.h"
 #include "ui/window.h"
 
@@ -13,6 +15,7 @@ namespace {
 constexpr std::int32_t kHeight = 44;
 constexpr std::int32_t kPitch = 31;
 constexpr std::int32_t kMargin = 8;
+constexpr std::int32_t kSign = 28;
 
 std::int32_t Scaled(std::int32_t pixels, std::int32_t dpi) { return MulDiv(pixels, dpi, 96); }
 
@@ -81,6 +84,7 @@ void SwatchRow::Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme&
   pitch_ = Scaled(kPitch, dpi);
   const bool lit = (drawn.itemState & ODS_SELECTED) != 0;
   const bool grey = (drawn.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
+  if (swatches_.front().kind == Swatch::Kind::kSign) return DrawSigns(drawn, dpi, theme);
   SwatchDrawing drawing(FromRECT(drawn.rcItem), dpi, theme);
   for (std::size_t i = 0; i < swatches_.size(); ++i) {
     const std::int32_t middle = left_ + pitch_ / 2 + static_cast<std::int32_t>(i) * pitch_;
@@ -88,6 +92,25 @@ void SwatchRow::Draw(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme&
     drawing.Draw(swatches_[i].kind, swatches_[i].colour, middle, state);
   }
   drawing.PutOn(drawn.hDC);
+}
+
+void SwatchRow::DrawSigns(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme& theme) const {
+  const bool lit = (drawn.itemState & ODS_SELECTED) != 0;
+  const bool grey = (drawn.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
+  const WindowColours& colours = theme.Colours();
+  FillArea(drawn.hDC, drawn.rcItem, theme.MenuPaper());
+  const std::int32_t side = Scaled(kSign, dpi);
+  const std::int32_t middle = (drawn.rcItem.top + drawn.rcItem.bottom) / 2;
+  for (std::size_t i = 0; i < swatches_.size(); ++i) {
+    const Swatch& swatch = swatches_[i];
+    const std::int32_t x = left_ + pitch_ / 2 + static_cast<std::int32_t>(i) * pitch_;
+    const bool marked = lit && !grey && i == marked_;
+    const RECT ground{x - side / 2, middle - side / 2, x + side / 2, middle + side / 2};
+    if (marked || swatch.on) FillArea(drawn.hDC, ground, swatch.on ? colours.chosen : colours.menuHover);
+    if (marked) FrameArea(drawn.hDC, ground, theme.MenuMark());
+    const Colour ink = grey ? colours.grey : swatch.on ? colours.chosenText : theme.MenuInk();
+    DrawIcon(drawn.hDC, swatch.icon, {x, middle}, dpi, ink);
+  }
 }
 
 }  // namespace jotlets

@@ -1,5 +1,5 @@
-// Colours to choose from that stand side by side in one entry of a menu. The mouse, or Left and Right, mark
-// one of them, and the entry is chosen with the marked one.
+// Colours or signs to choose from that stand side by side in one entry of a menu. The mouse, or Left and
+// Right, mark one of them, and the entry is chosen with the marked one.
 #pragma once
 
 #include <windows.h>
@@ -11,16 +11,19 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "looks/icon.h"
 #include "ui/theme.h"
 
 namespace jotlets {
 
-/// A colour and its name, or what stands for no colour, or for all others.
+/// A colour and its name, or what stands for no colour, or for all others; or a sign and what it does.
 struct Swatch {
-  enum class Kind { kColour, kNothing, kOthers };
+  enum class Kind { kColour, kNothing, kOthers, kSign };
   Kind kind = Kind::kColour;
   Colour colour;
   Text name;
+  Icon icon = Icon::kNothing;
+  bool on = false;  // what the sign does holds already
 };
 
 class SwatchRow {
@@ -50,6 +53,7 @@ class SwatchRow {
  private:
   std::optional<UINT> Position() const;
   void Mark(std::size_t index);
+  void DrawSigns(const DRAWITEMSTRUCT& drawn, std::int32_t dpi, const Theme& theme) const;
 
   Text spoken_;
   std::vector<Swatch> swatches_;

@@ -60,9 +60,9 @@ bool Theme::Follow(std::int32_t choice) {
   return true;
 }
 
-Colour Theme::MenuPaper() const { return IsDark() ? colours_.menu : SystemColour(COLOR_MENU); }
-Colour Theme::MenuInk() const { return IsDark() ? colours_.text : SystemColour(COLOR_MENUTEXT); }
-Colour Theme::MenuMark() const { return IsDark() ? colours_.accent : SystemColour(COLOR_HIGHLIGHT); }
+Colour Theme::MenuPaper() const { return now_.contrast ? SystemColour(COLOR_MENU) : colours_.menu; }
+Colour Theme::MenuInk() const { return now_.contrast ? SystemColour(COLOR_MENUTEXT) : colours_.text; }
+Colour Theme::MenuMark() const { return now_.contrast ? SystemColour(COLOR_HIGHLIGHT) : colours_.accent; }
 
 void TellThemeChanged() {
   const auto tell = [](HWND window, LPARAM) -> BOOL {

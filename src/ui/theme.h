@@ -19,7 +19,7 @@ class Theme {
   const Appearance& Now() const { return now_; }
   bool IsDark() const { return now_.dark; }
   const WindowColours& Colours() const { return colours_; }
-  /// Those of menus, which the system draws itself unless all is dark.
+  /// Those of menus, which the system draws itself in high contrast.
   Colour MenuPaper() const;
   Colour MenuInk() const;
   Colour MenuMark() const;

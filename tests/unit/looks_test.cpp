@@ -3,8 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+
+#include "fakes.h"
+#include "looks/icon.h"
 #include "looks/ink.h"
 #include "note/papers.h"
+#include "skin/bmp_picture.h"
 
 namespace jotlets {
 namespace {
@@ -41,6 +47,23 @@ TEST(Looks, OfWindowsCanBeReadInEveryMode) {
 TEST(Looks, TurnThePapersDarkAndNoOtherColour) {
   for (const Colour paper : kPapers) EXPECT_TRUE(IsDarkPaper(DarkPaper(paper)));
   EXPECT_EQ(DarkPaper({0xFF, 0xF4, 0xB9}), (Colour{0xFF, 0xF4, 0xB9}));
+}
+
+// A sign that stands in the rows and not in a sheet would be that of another, or none.
+TEST(Icons, EverySheetHoldsEverySign) {
+  for (const int side : kIconSheets) {
+    const std::string path = "../src/res/icons/signs/" + std::to_string(side) + ".bmp";
+    const auto sheet = DecodeBmp(FileBytes(path.c_str()));
+    ASSERT_TRUE(sheet) << side;
+    constexpr int kSigns = static_cast<int>(Icon::kCount) - 1;
+    EXPECT_EQ(sheet->size, (Size{side, kSigns * side}));
+    for (int sign = 0; sign < kSigns; ++sign) {
+      const std::ptrdiff_t bytes = std::ptrdiff_t{4} * side * side;
+      const auto first = sheet->pixels.begin() + sign * bytes;
+      const auto white = std::count_if(first, first + bytes, [](std::uint8_t part) { return part > 128; });
+      EXPECT_GT(white, side * side + side) << side << ": the alphas, and what is drawn of sign " << sign;
+    }
+  }
 }
 
 }  // namespace

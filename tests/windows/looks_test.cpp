@@ -71,7 +71,7 @@ TEST_F(LooksTest, NotesAndWindowsFollowTheSystemWhileRecordsAndFilesStay) {
   GetClientRect(manage, &client);
   POINT corner{client.right - 3, client.bottom - 3};
   ClientToScreen(manage, &corner);
-  EXPECT_TRUE(Shows({corner.x, corner.y}, dark.surface));
+  EXPECT_TRUE(Shows({corner.x, corner.y}, dark.foot));
   ASSERT_TRUE(ClickIntoText(note));
   TypeText(u"more");
   EXPECT_TRUE(WaitUntil([&] { return ShownText(note).find(u"more") != Text::npos; }));

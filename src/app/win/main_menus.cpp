@@ -1,14 +1,24 @@
 #include "app/win/main_menus.h"
 
 #include <array>
+#include <utility>
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
 #include "ui/window.h"
 
 namespace jotlets {
 namespace {
+
+constexpr std::pair<UINT, Icon> kTrayIcons[] = {
+    {ID_NEW_JOTLET, Icon::kPlus},   {ID_NEW_FROM_CLIPBOARD, Icon::kPaste},
+    {ID_IMPORT, Icon::kImport},     {ID_RESCUE, Icon::kRescue},
+    {ID_MANAGE, Icon::kAll},        {ID_FRIENDS, Icon::kFriends},
+    {ID_OPTIONS, Icon::kSliders},   {ID_MOVE_DATA, Icon::kFolder},
+    {ID_BACKUP, Icon::kBackup},     {ID_RESTORE, Icon::kRestore},
+    {ID_HELP_JOTLETS, Icon::kHelp}, {ID_EXIT_JOTLETS, Icon::kPower}};
 
 // Between separators, before the entry at `position`.
 void InsertCustomEntries(HMENU menu, int position, const std::vector<CustomCommand>& custom) {
@@ -28,7 +38,9 @@ UniqueMenu MakeTrayMenu(const Resources& resources, bool hidden, const std::vect
   UniqueMenu menu = resources.Menu(IDM_TRAY);
   const Text showOrHide = resources.String(hidden ? IDS_SHOW_ALL : IDS_HIDE_ALL);
   ModifyMenuW(menu.get(), ID_SHOW_OR_HIDE, MF_BYCOMMAND | MF_STRING, ID_SHOW_OR_HIDE, Wide(showOrHide));
+  SetMenuIcon(menu.get(), ID_SHOW_OR_HIDE, hidden ? Icon::kEye : Icon::kEyeOff);
   const HMENU entries = GetSubMenu(menu.get(), 0);
+  for (const auto& [command, icon] : kTrayIcons) SetMenuIcon(entries, command, icon);
   InsertCustomEntries(entries, GetMenuItemCount(entries) - 1, custom);
   return menu;
 }
@@ -41,8 +53,12 @@ void ShowHotKeys(HMENU menu, const HotKeys& hotKeys) {
     if (kEntries[i] == 0 || key.empty()) continue;
     wchar_t shown[128]{};
     const int length = GetMenuStringW(menu, kEntries[i], shown, 128, MF_BYCOMMAND);
-    const Text text = Text(FromWide(shown, static_cast<std::size_t>(length))) + u"\t" + key;
-    ModifyMenuW(menu, kEntries[i], MF_BYCOMMAND | MF_STRING, kEntries[i], Wide(text));
+    Text text = Text(FromWide(shown, static_cast<std::size_t>(length))) + u"\t" + key;
+    MENUITEMINFOW entry{};
+    entry.cbSize = sizeof entry;
+    entry.fMask = MIIM_STRING;
+    entry.dwTypeData = WideBuffer(text);
+    SetMenuItemInfoW(menu, kEntries[i], FALSE, &entry);
   }
 }
 

@@ -1,15 +1,22 @@
 // What the user does with a stack: its buttons, its menu and the rows of its list.
 #include <algorithm>
+#include <utility>
 
 #include "base/win/wide.h"
 #include "desk/win/open_stacks.h"
 #include "note/win/colour_menu.h"
 #include "res/resource.h"
+#include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
 #include "ui/text_dialog.h"
 
 namespace jotlets {
 namespace {
+
+constexpr std::pair<UINT, Icon> kIcons[] = {
+    {ID_STACK_SHOW_MEMBER, Icon::kEye}, {ID_STACK_TAKE_OUT, Icon::kGather}, {ID_STACK_SPREAD, Icon::kSpread},
+    {ID_STACK_GATHER, Icon::kStack},    {ID_STACK_TITLE, Icon::kPencil},    {ID_STACK_COLOUR, Icon::kPalette},
+    {ID_STACK_ON_TOP, Icon::kPin},      {ID_STACK_ROLL, Icon::kRoll},       {ID_STACK_CLOSE, Icon::kClose}};
 
 // At the mouse, or on the stack when the mouse is elsewhere.
 Point PlaceOfMenu(const BStackDlg& stack) {
@@ -45,6 +52,7 @@ void OpenStacks::OnStackMenu(BStackDlg& stack, const std::optional<Text>& member
   const bool isOpen = member && desktop_.Find(*member) != nullptr;
   for (const UINT ofRow : {UINT{ID_STACK_SHOW_MEMBER}, UINT{ID_STACK_TAKE_OUT}})
     EnableMenuItem(menu, ofRow, MF_BYCOMMAND | (isOpen ? MF_ENABLED : MF_GRAYED));
+  for (const auto& [command, icon] : kIcons) SetMenuIcon(menu, command, icon);
   SetForegroundWindow(stack.Handle());
   const UINT chosen = ChooseFromMenu(resources_.Look(), menu, PlaceOfMenu(stack), stack.Handle());
   // The menu runs a message loop of its own, in which the stack may go.

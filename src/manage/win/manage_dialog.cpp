@@ -103,10 +103,10 @@ void BManageDlg::Layout() {
   place(IDC_MANAGE_SEARCH_LABEL, margin, margin + scaled(4), label, row - scaled(4));
   const int field = FieldHeight(FontOf(Item(IDC_MANAGE_SEARCH)));
   place(IDC_MANAGE_SEARCH, margin + label, margin + (row - field) / 2, width - label, field);
-  place(IDC_MANAGE_VIEWS, margin, list, views, bottom - margin - list);
+  place(IDC_MANAGE_VIEWS, 0, list, margin + views, bottom - margin - list);
   const int preview = client.right >= scaled(kWidthWithPreview) ? scaled(kPreviewWidth) : 0;
   const int right = client.right - margin - (preview > 0 ? preview + margin : 0);
-  const int from = margin + views + margin;
+  const int from = margin + views;
   place(IDC_MANAGE_LIST, from, list, right - from, bottom - margin - list);
   const int words = scaled(kEmptyHeight);
   place(IDC_MANAGE_EMPTY, from + margin, list + (bottom - list - words) / 2, right - from - 2 * margin,

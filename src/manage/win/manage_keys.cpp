@@ -2,9 +2,18 @@
 #include "base/win/wide.h"
 #include "manage/win/manage_dialog.h"
 #include "res/resource.h"
+#include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
 
 namespace jotlets {
+namespace {
+
+// In the order of the actions.
+constexpr Icon kIcons[kManageActions] = {Icon::kEye,     Icon::kClock, Icon::kAttach,
+                                         Icon::kRestore, Icon::kStore, Icon::kTrash,
+                                         Icon::kUndo,    Icon::kDown,  Icon::kImport};
+
+}  // namespace
 
 struct BManageDlg::KeyRow {
   WORD key;
@@ -88,6 +97,7 @@ void BManageDlg::OnViewsMenu(POINT at) {
   if (!views_.Chosen().category) return;
   const UniqueMenu menu(CreatePopupMenu());
   AppendMenuW(menu.get(), MF_ENABLED, 1, Wide(resources_.String(IDS_RENAME_CATEGORY) + u"\tF2"));
+  SetLastMenuIcon(menu.get(), Icon::kPencil);
   if (ChooseFromMenu(Look(), menu.get(), {at.x, at.y}, Handle()) == 1 && IsOpen()) RenameCategory();
 }
 
@@ -100,6 +110,7 @@ void BManageDlg::OnContextMenu(POINT at) {
     if (!Offers(View(), action)) continue;
     const Text words = ItemText(IDC_MANAGE_ACTION + static_cast<int>(i));
     AppendMenuW(menu.get(), IsEnabled(action, facts) ? MF_ENABLED : MF_GRAYED, i + 1, Wide(words));
+    SetLastMenuIcon(menu.get(), kIcons[i]);
     if (DefaultAction(View()) == action) SetMenuDefaultItem(menu.get(), static_cast<UINT>(i + 1), FALSE);
   }
   const UINT chosen = ChooseFromMenu(Look(), menu.get(), {at.x, at.y}, Handle());

@@ -6,16 +6,18 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
-#include "ui/areas.h"
+#include "ui/view_row.h"
 #include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
 // Pixels at 96 dots per inch.
-constexpr int kRowHeight = 30;
+constexpr int kRowHeight = 36;
 constexpr int kInset = 12;
-constexpr int kAccent = 3;
+// In the order of the views.
+constexpr Icon kIcons[kManageViews] = {Icon::kAll,    Icon::kDesktop, Icon::kAttach, Icon::kMoon,
+                                       Icon::kRepeat, Icon::kStore,   Icon::kClosed, Icon::kStack};
 
 Text CountText(const ManageViews::Row& row) {
   return row.notes ? IntText(static_cast<std::int64_t>(*row.notes)) : Text();
@@ -135,22 +137,16 @@ void ManageViews::Step(int step) {
 }
 
 void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const {
-  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
-  RECT area = item.rcItem;
-  FillArea(item.hDC, area, chosen ? colours.chosen : colours.field);
   if (item.itemID >= rows_.size()) return;
   const Row& row = rows_[item.itemID];
-  SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, ToCOLORREF(chosen ? colours.chosenText : colours.text));
-  area.left += Scaled(row.place.category ? 2 * kInset + kAccent : kInset);
-  area.right -= Scaled(kInset) / 2;
+  const Icon icon = row.place.category ? Icon::kTag : kIcons[static_cast<std::size_t>(row.place.view)];
+  RECT area = DrawViewRow(item, icon, colours, row.place.category ? kInset : 0);
   const Text count = CountText(row);
   DrawTextW(item.hDC, Wide(count), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
   SIZE size{};
   GetTextExtentPoint32W(item.hDC, Wide(count), static_cast<int>(count.size()), &size);
   area.right -= size.cx + Scaled(kInset) / 2;
   DrawTextW(item.hDC, Wide(row.name), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }
 
 }  // namespace jotlets

@@ -6,6 +6,7 @@
 #include "action/shortcuts.h"
 #include "base/win/wide.h"
 #include "note/win/jotlet.h"
+#include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
 
 namespace jotlets {
@@ -17,6 +18,11 @@ constexpr UINT kFirstColours = 900;
 
 UINT StateFlags(bool enabled, bool checked) {
   return (enabled ? MF_ENABLED : MF_GRAYED) | (checked ? MF_CHECKED : MF_UNCHECKED);
+}
+
+void Append(HMENU menu, UINT flags, UINT_PTR id, const Text& text, Icon icon) {
+  AppendMenuW(menu, flags, id, Wide(text));
+  SetLastMenuIcon(menu, icon);
 }
 
 // Builds a menu from what every entry needs.
@@ -61,7 +67,7 @@ class MenuBuilder {
     const auto code = static_cast<UINT>(row.code);
     Text text = row.sets.what == ActionSets::kStyle ? StyleText(row) : resources_.String(IDS_ACTION + code);
     if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
-    AppendMenuW(menu, StateFlags(state.enabled, state.checked), code, Wide(text));
+    Append(menu, StateFlags(state.enabled, state.checked), code, text, row.icon);
     if (row.sets.what == ActionSets::kStyle) ShowStyle(menu, row);
   }
 
@@ -91,7 +97,7 @@ class MenuBuilder {
   void AppendMenuBelow(HMENU menu, const MenuEntry& entry) const {
     UniqueMenu below = Build(entry.below);
     // The menu above owns the one below from here on.
-    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()), Wide(TextOf(entry)));
+    Append(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below.release()), TextOf(entry), entry.icon);
   }
 
   void AppendExtras(HMENU menu, const MenuEntry& entry) const {
@@ -101,7 +107,7 @@ class MenuBuilder {
       if (extra.part != entry.part) continue;
       Text text = entry.text == 0 ? extra.text : TextOf(entry);
       if (entry.text != 0 && !extra.text.empty()) text += u"\t" + extra.text;
-      AppendMenuW(menu, StateFlags(extra.enabled, extra.checked), own, Wide(text));
+      Append(menu, StateFlags(extra.enabled, extra.checked), own, text, entry.icon);
     }
   }
 

@@ -146,19 +146,17 @@ void FindStrip::OnCommand(UINT control, UINT notification) {
 LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   const Theme& look = watcher_.StripLook();
   const bool asksColours = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
-  if (asksColours && look.IsDark())
-    return reinterpret_cast<LRESULT>(DarkColours(message, reinterpret_cast<HDC>(wParam),
-                                                 reinterpret_cast<HWND>(lParam), look, look.Colours().foot));
+  if (asksColours) {
+    const HBRUSH brush = ControlColours(message, reinterpret_cast<HDC>(wParam),
+                                        reinterpret_cast<HWND>(lParam), look, look.Colours().foot);
+    return brush == nullptr ? Default(message, wParam, lParam) : reinterpret_cast<LRESULT>(brush);
+  }
   switch (message) {
     case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_ERASEBKGND: {
       RECT client{};
       GetClientRect(Handle(), &client);
-      if (look.IsDark()) {
-        FillArea(reinterpret_cast<HDC>(wParam), client, look.Colours().foot);
-      } else {
-        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
-      }
+      FillArea(reinterpret_cast<HDC>(wParam), client, look.Colours().foot);
       return 1;
     }
     // The menu of the words is not the note's.

@@ -174,9 +174,8 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: content_->OnNotify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_CTLCOLOREDIT:
-      if (!context_.theme.IsDark()) break;
-      return reinterpret_cast<LRESULT>(DarkColours(message, reinterpret_cast<HDC>(wParam),
-                                                   reinterpret_cast<HWND>(lParam), context_.theme, {}));
+      return reinterpret_cast<LRESULT>(ControlColours(message, reinterpret_cast<HDC>(wParam),
+                                                      reinterpret_cast<HWND>(lParam), context_.theme, {}));
     case WM_PARENTNOTIFY:
       // A click into the editor.
       if (LOWORD(wParam) != WM_LBUTTONDOWN) return 0;

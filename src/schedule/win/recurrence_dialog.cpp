@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kWeekDays = 7;
 constexpr int kFirstOfWeekend = 5;
+constexpr UINT kTimeColumn = 200;  // of the list of dates, in units of the dialog
 
 // The controls that belong to one kind of rule.
 struct Part {
@@ -24,31 +25,17 @@ struct Part {
 };
 
 constexpr Part kParts[] = {
-    {IDC_REC_DAILY_TIME, kDaily},
-    {IDC_REC_WEEKLY_TIME, kWeekly},
-    {IDC_REC_MONDAY, kWeekly},
-    {IDC_REC_MONDAY + 1, kWeekly},
-    {IDC_REC_MONDAY + 2, kWeekly},
-    {IDC_REC_MONDAY + 3, kWeekly},
-    {IDC_REC_MONDAY + 4, kWeekly},
-    {IDC_REC_MONDAY + 5, kWeekly},
-    {IDC_REC_MONDAY + 6, kWeekly},
-    {IDC_REC_ALL_DAYS, kWeekly},
-    {IDC_REC_WORKING_DAYS, kWeekly},
-    {IDC_REC_MONTHLY_TIME, kMonthlyOnDay},
-    {IDC_REC_ON_DAY, kMonthlyOnDay},
-    {IDC_REC_ON_WEEKDAY, kMonthlyOnDay},
-    {IDC_REC_MONTH_DAY, kMonthlyOnDay},
-    {IDC_REC_MONTH_SPIN, kMonthlyOnDay},
-    {IDC_REC_ORDINAL, kMonthlyOnDay},
-    {IDC_REC_WEEKDAY, kMonthlyOnDay},
-    {IDC_REC_YEARLY_TIME, kYearly},
-    {IDC_REC_MONTH, kYearly},
-    {IDC_REC_YEAR_DAY, kYearly},
-    {IDC_REC_YEAR_SPIN, kYearly},
-    {IDC_REC_COUNT, kEvery},
-    {IDC_REC_COUNT_SPIN, kEvery},
-    {IDC_REC_UNIT, kEvery},
+    {IDC_REC_MONDAY, kWeekly},           {IDC_REC_MONDAY + 1, kWeekly},
+    {IDC_REC_MONDAY + 2, kWeekly},       {IDC_REC_MONDAY + 3, kWeekly},
+    {IDC_REC_MONDAY + 4, kWeekly},       {IDC_REC_MONDAY + 5, kWeekly},
+    {IDC_REC_MONDAY + 6, kWeekly},       {IDC_REC_ALL_DAYS, kWeekly},
+    {IDC_REC_WORKING_DAYS, kWeekly},     {IDC_REC_ON_DAY, kMonthlyOnDay},
+    {IDC_REC_ON_WEEKDAY, kMonthlyOnDay}, {IDC_REC_MONTH_DAY, kMonthlyOnDay},
+    {IDC_REC_MONTH_SPIN, kMonthlyOnDay}, {IDC_REC_ORDINAL, kMonthlyOnDay},
+    {IDC_REC_WEEKDAY, kMonthlyOnDay},    {IDC_REC_MONTH, kYearly},
+    {IDC_REC_YEAR_LABEL, kYearly},       {IDC_REC_YEAR_DAY, kYearly},
+    {IDC_REC_YEAR_SPIN, kYearly},        {IDC_REC_COUNT, kEvery},
+    {IDC_REC_COUNT_SPIN, kEvery},        {IDC_REC_UNIT, kEvery},
 };
 
 struct Radio {
@@ -62,8 +49,7 @@ constexpr Radio kKinds[] = {{IDC_REC_DAILY, kDaily},
                             {IDC_REC_YEARLY, kYearly},
                             {IDC_REC_EVERY, kEvery}};
 
-constexpr int kTimePickers[] = {IDC_REC_DAILY_TIME,  IDC_REC_WEEKLY_TIME, IDC_REC_MONTHLY_TIME,
-                                IDC_REC_YEARLY_TIME, IDC_REC_START_TIME,  IDC_REC_END_TIME};
+constexpr int kTimePickers[] = {IDC_REC_TIME, IDC_REC_START_TIME, IDC_REC_END_TIME};
 
 void AddLine(HWND list, const wchar_t* text) {
   SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
@@ -91,6 +77,8 @@ void BRecurranceDlg::OnInit() {
     SendDlgItemMessageW(Handle(), spin, UDM_SETRANGE32, 1, 31);
   SendDlgItemMessageW(Handle(), IDC_REC_COUNT_SPIN, UDM_SETRANGE32, 1, 9999);
   for (const int picker : kTimePickers) SetClockForm(Item(picker));
+  const UINT timeColumn = kTimeColumn;
+  SendDlgItemMessageW(Handle(), IDC_REC_NEXT, LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&timeColumn));
   ShowRule(ShowTimes());
   ShowFlags();
   filled_ = true;
@@ -128,7 +116,7 @@ LocalTime BRecurranceDlg::ShowTimes() {
   const LocalTime start = later ? clock_.ToLocal(record_.sleep.nextWake) : now.local;
   const bool ends = known && record_.sleep.lastWake > now.utc;
   const LocalTime end = ends ? clock_.ToLocal(record_.sleep.lastWake) : now.local;
-  for (const int picker : kTimePickers) SetPicker(Item(picker), ofDay);
+  SetPicker(Item(IDC_REC_TIME), ofDay);
   for (const int picker : {IDC_REC_START_DATE, IDC_REC_START_TIME}) SetPicker(Item(picker), start);
   for (const int picker : {IDC_REC_END_DATE, IDC_REC_END_TIME}) SetPicker(Item(picker), end);
   CheckDlgButton(Handle(), IDC_REC_ENDS, ends);
@@ -171,8 +159,11 @@ void BRecurranceDlg::ShowFlags() {
   CheckDlgButton(Handle(), IDC_REC_ON_TOP, flags.onTop);
 }
 
-bool BRecurranceDlg::OnCommand(UINT control, UINT) {
+bool BRecurranceDlg::OnCommand(UINT control, UINT notification) {
   if (!filled_) return false;
+  if (control == IDC_REC_MONTH_DAY && notification == EN_CHANGE) ChooseDay(IDC_REC_ON_DAY);
+  if ((control == IDC_REC_ORDINAL || control == IDC_REC_WEEKDAY) && notification == CBN_SELCHANGE)
+    ChooseDay(IDC_REC_ON_WEEKDAY);
   const bool working = control == IDC_REC_WORKING_DAYS;
   if (working || control == IDC_REC_ALL_DAYS) {
     for (int day = 0; day < kWeekDays; ++day)
@@ -182,6 +173,11 @@ bool BRecurranceDlg::OnCommand(UINT control, UINT) {
   if (control == IDOK || control == IDCANCEL) return false;
   Follow();
   return true;
+}
+
+// Of the two days of a month, the one that was entered last counts.
+void BRecurranceDlg::ChooseDay(int radio) {
+  CheckRadioButton(Handle(), IDC_REC_ON_DAY, IDC_REC_ON_WEEKDAY, radio);
 }
 
 void BRecurranceDlg::OnNotify(const NMHDR& header) {
@@ -195,25 +191,23 @@ std::int32_t BRecurranceDlg::Selected(int list) const {
 std::int32_t BRecurranceDlg::Number(int control) const { return ParseInt(ItemText(control)); }
 
 WakeRule BRecurranceDlg::ChosenRule() const {
-  const auto at = [this](std::int32_t type, int picker, std::int32_t day) {
-    const LocalTime time = PickerTime(Item(picker));
+  const auto at = [this](std::int32_t type, std::int32_t day) {
+    const LocalTime time = PickerTime(Item(IDC_REC_TIME));
     return WakeRule{type, time.hour, time.minute, day};
   };
-  if (IsOn(IDC_REC_DAILY)) return at(kDaily, IDC_REC_DAILY_TIME, 0);
+  if (IsOn(IDC_REC_DAILY)) return at(kDaily, 0);
   if (IsOn(IDC_REC_WEEKLY)) {
     std::int32_t days = 0;
     for (int day = 0; day < kWeekDays; ++day) days |= IsOn(IDC_REC_MONDAY + day) ? 1 << day : 0;
-    return at(kWeekly, IDC_REC_WEEKLY_TIME, days);
+    return at(kWeekly, days);
   }
   if (IsOn(IDC_REC_MONTHLY) && IsOn(IDC_REC_ON_WEEKDAY))
-    return at(kMonthlyOnWeekday, IDC_REC_MONTHLY_TIME,
-              Selected(IDC_REC_ORDINAL) * 100 + Selected(IDC_REC_WEEKDAY));
-  if (IsOn(IDC_REC_MONTHLY)) return at(kMonthlyOnDay, IDC_REC_MONTHLY_TIME, Number(IDC_REC_MONTH_DAY));
+    return at(kMonthlyOnWeekday, Selected(IDC_REC_ORDINAL) * 100 + Selected(IDC_REC_WEEKDAY));
+  if (IsOn(IDC_REC_MONTHLY)) return at(kMonthlyOnDay, Number(IDC_REC_MONTH_DAY));
   if (IsOn(IDC_REC_YEARLY)) {
     const std::int32_t day = Number(IDC_REC_YEAR_DAY);
     // The number of the month shares a field with that of the day.
-    return at(kYearly, IDC_REC_YEARLY_TIME,
-              (Selected(IDC_REC_MONTH) + 1) * 100 + (day < 0 || day > 99 ? 0 : day));
+    return at(kYearly, (Selected(IDC_REC_MONTH) + 1) * 100 + (day < 0 || day > 99 ? 0 : day));
   }
   return {kEvery, PickerTime(Item(IDC_REC_START_DATE)).day, Number(IDC_REC_COUNT), Selected(IDC_REC_UNIT)};
 }
@@ -232,8 +226,11 @@ Recurrence BRecurranceDlg::Chosen() const {
 void BRecurranceDlg::Follow() {
   const auto kind =
       std::find_if(std::begin(kKinds), std::end(kKinds), [this](const Radio& r) { return IsOn(r.control); });
-  for (const Part& part : kParts)
-    EnableWindow(Item(part.control), kind != std::end(kKinds) && part.type == kind->type);
+  const std::int32_t type = kind == std::end(kKinds) ? kNone : kind->type;
+  for (const Part& part : kParts) ShowWindow(Item(part.control), part.type == type ? SW_SHOWNA : SW_HIDE);
+  // How often it comes says when.
+  for (const int control : {IDC_REC_TIME_LABEL, IDC_REC_TIME})
+    ShowWindow(Item(control), type == kEvery ? SW_HIDE : SW_SHOWNA);
   for (const int picker : {IDC_REC_END_DATE, IDC_REC_END_TIME})
     EnableWindow(Item(picker), IsOn(IDC_REC_ENDS));
   ShowWords();
@@ -247,11 +244,10 @@ void BRecurranceDlg::ShowWords() {
                      : next.kind == Kind::kNotBeforeEnd ? IDS_APPEARS_TOO_LATE
                                                         : IDS_APPEARS_NEVER;
   const Text time = TimeInWords(clock_.ToLocal(next.time));
-  const Text line = ReplaceAll(resources_.String(words), u"%s", time);
-  SetWords(IDC_REC_WORDS, line);
+  SetWords(IDC_REC_WORDS, ReplaceAll(resources_.String(words), u"%s", time));
   EnableWindow(Item(IDOK), next.kind != Kind::kNever);
   SetWords(IDC_REC_SENTENCE, SentenceOf(chosen.rule));
-  SetWords(IDC_REC_NEXT, DatesAfter(chosen));
+  ShowDates(chosen);
 }
 
 // Set anew only when it is another: what is read aloud or flickers, does so for a reason.
@@ -265,18 +261,18 @@ Text BRecurranceDlg::SentenceOf(const WakeRule& rule) const {
   return RuleInWords(rule, {textOf, DayNames(), MonthNames(), ShownTimeOfDay(ofDay)});
 }
 
-// The dates that follow the next one.
-Text BRecurranceDlg::DatesAfter(const Recurrence& chosen) const {
+void BRecurranceDlg::ShowDates(const Recurrence& chosen) {
   constexpr std::size_t kShown = 5;
-  const auto times = AppearancesOf(chosen.rule, chosen.start, chosen.end, clock_.Now().utc, clock_, kShown);
-  Text dates;
-  for (std::size_t i = 1; i < times.size(); ++i) {
-    const LocalTime time = clock_.ToLocal(times[i]);
-    if (i > 1) dates += u", ";
-    dates += ShortDate(time);
-    if (chosen.rule.type == kEvery) dates += u" " + ShownTimeOfDay(time);
+  std::vector<std::int32_t> times =
+      AppearancesOf(chosen.rule, chosen.start, chosen.end, clock_.Now().utc, clock_, kShown);
+  if (times == dates_) return;
+  dates_ = std::move(times);
+  SendDlgItemMessageW(Handle(), IDC_REC_NEXT, LB_RESETCONTENT, 0, 0);
+  for (const std::int32_t date : dates_) {
+    const LocalTime time = clock_.ToLocal(date);
+    const Text line = LongDate(time) + u"\t" + ShownTimeOfDay(time);
+    SendDlgItemMessageW(Handle(), IDC_REC_NEXT, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(line)));
   }
-  return dates.empty() ? dates : ReplaceAll(resources_.String(IDS_APPEARS_THEN), u"%s", dates);
 }
 
 }  // namespace jotlets

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "base/clock.h"
 #include "data/options.h"
@@ -39,12 +40,13 @@ class BRecurranceDlg final : public Dialog {
   void ShowFlags();
   Recurrence Chosen() const;
   WakeRule ChosenRule() const;
-  /// What can be used follows the kind of rule, and the line in words all of it.
+  /// What is shown follows the kind of rule, and the rule in words all of it.
   void Follow();
   void ShowWords();
   void SetWords(int control, const Text& words);
   Text SentenceOf(const WakeRule& rule) const;
-  Text DatesAfter(const Recurrence& chosen) const;
+  void ShowDates(const Recurrence& chosen);
+  void ChooseDay(int radio);
   bool IsOn(int control) const { return IsDlgButtonChecked(Handle(), control) == BST_CHECKED; }
   std::int32_t Selected(int list) const;
   std::int32_t Number(int control) const;
@@ -54,6 +56,7 @@ class BRecurranceDlg final : public Dialog {
   const Options& options_;
   const Clock& clock_;
   bool filled_ = false;
+  std::vector<std::int32_t> dates_;  // those that are shown
   Recurrence chosen_;
 };
 

@@ -59,22 +59,14 @@ std::int64_t PickedInstant(HWND date, HWND time, const Clock& clock) {
 std::vector<Text> DayNames() { return LocaleNames(LOCALE_SDAYNAME1, 7); }
 std::vector<Text> MonthNames() { return LocaleNames(LOCALE_SMONTHNAME1, 12); }
 
-Text ShortDate(const LocalTime& time) {
-  constexpr int kRoom = 80;
-  const SYSTEMTIME shown = SystemTimeOf(time);
-  wchar_t day[kRoom] = {};
-  wchar_t date[kRoom] = {};
-  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &shown, L"ddd", day, kRoom, nullptr);
-  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &shown, nullptr, date, kRoom, nullptr);
-  return Text(FromWide(day)) + u" " + Text(FromWide(date));
-}
-
-Text TimeInWords(const LocalTime& time) {
+Text LongDate(const LocalTime& time) {
   constexpr int kRoom = 120;
   const SYSTEMTIME shown = SystemTimeOf(time);
   wchar_t date[kRoom] = {};
   GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_LONGDATE, &shown, nullptr, date, kRoom, nullptr);
-  return Text(FromWide(date)) + u", " + ShownTimeOfDay(time);
+  return Text(FromWide(date));
 }
+
+Text TimeInWords(const LocalTime& time) { return LongDate(time) + u", " + ShownTimeOfDay(time); }
 
 }  // namespace jotlets

@@ -28,7 +28,7 @@ Text TimeInWords(const LocalTime& time);
 std::vector<Text> DayNames();
 std::vector<Text> MonthNames();
 
-/// As short as the user's locale has it: "Mon 9/7/2026".
-Text ShortDate(const LocalTime& time);
+/// As long as the user's locale has it: "Monday, September 7, 2026".
+Text LongDate(const LocalTime& time);
 
 }  // namespace jotlets

@@ -10,8 +10,8 @@
 #include "note/papers.h"
 #include "note/win/monitor_setup.h"
 #include "res/resource.h"
-#include "ui/areas.h"
 #include "ui/user_messages.h"
+#include "ui/view_row.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -27,7 +27,9 @@ constexpr int kRowHeight = 36;
 constexpr int kFootHeight = 52;
 constexpr int kButtonHeight = 28;
 constexpr int kButtonWidth = 88;
-constexpr int kAccentWidth = 3;
+// In the order of the pages.
+constexpr Icon kIcons[] = {Icon::kPencil, Icon::kFont, Icon::kPalette, Icon::kClock,
+                           Icon::kNet,    Icon::kMail, Icon::kPicture, Icon::kSliders};
 
 int RowHeight() { return MulDiv(kRowHeight, static_cast<int>(GetDpiForSystem()), 96); }
 
@@ -275,22 +277,14 @@ std::optional<LRESULT> BOptionsDlg::OnMessage(UINT message, WPARAM, LPARAM) {
   }
 }
 
-HBRUSH BOptionsDlg::OnColours(HDC, HWND) {
-  return Look().IsDark() ? nullptr : GetSysColorBrush(COLOR_BTNFACE);
-}
-
 void BOptionsDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.CtlID != IDC_OPTIONS_PAGES) return;
-  const bool selected = (item.itemState & ODS_SELECTED) != 0;
-  RECT area = item.rcItem;
   const WindowColours& colours = Look().Colours();
-  FillArea(item.hDC, area, selected ? colours.chosen : colours.field);
+  const bool isPage = !searching_ && item.itemID < std::size(kIcons);
+  RECT area = DrawViewRow(item, isPage ? kIcons[item.itemID] : Icon::kNothing, colours);
   if (item.itemID == static_cast<UINT>(-1)) return;
   Text text(static_cast<std::size_t>(ListBox_GetTextLen(item.hwndItem, item.itemID)) + 1, u'\0');
   ListBox_GetText(item.hwndItem, item.itemID, WideBuffer(text));
-  SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.text));
-  area.left += MulDiv(kMargin + kAccentWidth, static_cast<int>(GetDpiForWindow(Handle())), 96);
   constexpr UINT kLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
   const std::size_t tab = text.find(u'\t');
   RECT upper = area;
@@ -299,10 +293,9 @@ void BOptionsDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
             kLine | (tab == Text::npos ? DT_VCENTER : DT_BOTTOM));
   if (tab != Text::npos) {
     area.top = upper.bottom;
-    SetTextColor(item.hDC, ToCOLORREF(selected ? colours.chosenText : colours.quiet));
+    if ((item.itemState & ODS_SELECTED) == 0) SetTextColor(item.hDC, ToCOLORREF(colours.quiet));
     DrawTextW(item.hDC, Wide(text.substr(tab + 1)), -1, &area, kLine);
   }
-  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }
 
 bool BOptionsDlg::TranslateKey(const MSG& message) {

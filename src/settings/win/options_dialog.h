@@ -34,8 +34,7 @@ class BOptionsDlg final : public Dialog, private PageWatcher {
   bool OnCommand(UINT control, UINT notification) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
-  HBRUSH OnColours(HDC dc, HWND control) override;
-  Colour DarkSurface() const override { return Look().Colours().foot; }
+  Colour Surface() const override { return Look().Colours().views; }
   void OnSettingChanged() override;
 
   void MakePages();

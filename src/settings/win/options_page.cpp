@@ -8,6 +8,7 @@
 #include "note/papers.h"
 #include "res/resource.h"
 #include "ui/areas.h"
+#include "ui/dark_dialog.h"
 #include "ui/system_choosers.h"
 #include "ui/window.h"
 
@@ -111,13 +112,11 @@ void BOpTab::Layout() {
                         .nPos = scrolled_};
   SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
   ScrollTo(scrolled_);
-  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  // Some controls are there from now on.
+  DressDialog(Handle(), Look());
 }
 
-void BOpTab::LayoutAnew() {
-  laidOut_ = {};
-  Layout();
-}
+void BOpTab::LayoutAnew() { laidOut_ = {}, Layout(); }
 
 void BOpTab::PlaceAll(int width, const PageScale& scale) {
   const int margin = scale.Scaled(kMargin);

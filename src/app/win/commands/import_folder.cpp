@@ -7,6 +7,7 @@
 #include "desk/note_import.h"
 #include "manage/win/columns_dialog.h"
 #include "res/resource.h"
+#include "ui/drawn_menu.h"
 #include "ui/job_dialog.h"
 #include "ui/popup_menu.h"
 #include "ui/system_choosers.h"
@@ -22,7 +23,9 @@ Text ChooseSource(HWND owner, const Resources& resources) {
   enum : UINT { kFolder = 1, kFile };
   const UniqueMenu menu(CreatePopupMenu());
   AppendMenuW(menu.get(), MF_STRING, kFolder, Wide(resources.String(IDS_IMPORT_FOLDER)));
+  SetLastMenuIcon(menu.get(), Icon::kFolder);
   AppendMenuW(menu.get(), MF_STRING, kFile, Wide(resources.String(IDS_IMPORT_FILE)));
+  SetLastMenuIcon(menu.get(), Icon::kFile);
   RECT at{};
   GetWindowRect(GetFocus() == nullptr ? owner : GetFocus(), &at);
   switch (ChooseFromMenu(resources.Look(), menu.get(), {at.left, at.bottom}, owner)) {

@@ -64,6 +64,22 @@ ColourEntry HighlightRow(const NoteCommandTools& tools, const ActionFacts& facts
   return row;
 }
 
+// What is done to text most often, one click away.
+ColourEntry TextToolRow(const NoteCommandTools& tools, const ActionFacts& facts) {
+  static constexpr std::array kTools = {kActionBold,          kActionItalic, kActionUnderline,
+                                        kActionStrikethrough, kActionLarger, kActionSmaller,
+                                        kActionLeft,          kActionCenter, kActionRight};
+  ColourEntry row{.part = MenuPart::kTextTools,
+                  .caption = ReplaceAll(tools.resources.String(IDS_MENU_FORMAT), u"&", u"")};
+  for (const ActionCode code : kTools) {
+    const Text name = ReplaceAll(tools.resources.String(IDS_ACTION + static_cast<UINT>(code)), u"&", u"");
+    row.swatches.push_back({Swatch::Kind::kSign, {}, name, RowOf(code).icon, StateOf(code, facts).checked});
+  }
+  row.enabled = StateOf(kActionBold, facts).enabled;
+  row.run = [](BJotlet& note, std::size_t index) { note.DoAction(kTools[index], {}); };
+  return row;
+}
+
 void TurnGhost(const NoteCommandTools& tools, BJotlet& jotlet) {
   const bool on = !jotlet.StoredRecord().ghost;
   for (BJotlet* note : tools.notes.GroupOf(jotlet)) note->SetGhost(on);
@@ -108,7 +124,8 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   const JotletData& record = jotlet.StoredRecord();
   const bool inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   MenuExtras extras;
-  extras.colours = {PapersOf(record), HighlightRow(tools_, FactsOf(jotlet))};
+  extras.colours = {PapersOf(record), HighlightRow(tools_, FactsOf(jotlet)),
+                    TextToolRow(tools_, FactsOf(jotlet))};
   extras.entries = {
       {MenuPart::kGhost, {}, [this](BJotlet& note) { TurnGhost(tools_, note); }, true, record.ghost},
       {MenuPart::kClearAlarm, {}, [this](BJotlet& note) { sleep_.ClearAlarm(note); }, record.alarm > 0},

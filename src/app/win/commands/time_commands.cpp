@@ -8,6 +8,7 @@
 #include "res/resource.h"
 #include "schedule/win/alarm_sound.h"
 #include "schedule/win/recurrence_dialog.h"
+#include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
 #include "ui/user_messages.h"
 
@@ -152,10 +153,12 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
     Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
     if (command == kSnooze) text += u"\tShift+Esc";
     AppendMenuW(menu.get(), MF_STRING, command, Wide(text));
+    SetLastMenuIcon(menu.get(), command == kSnooze ? Icon::kClock : Icon::kMoon);
   }
   AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
   const Text dismiss = resources_.String(IDS_DISMISS) + u"\tEsc";
   AppendMenuW(menu.get(), MF_STRING, kDismiss, Wide(dismiss));
+  SetLastMenuIcon(menu.get(), Icon::kBellOff);
   const UINT chosen = ChooseFromMenu(resources_.Look(), menu.get(), at, jotlet.Handle());
   // Quiet it is already.
   if (chosen != 0 && chosen != kDismiss) SnoozeNote(id, chosen == kSnoozeAndSleep);

@@ -137,7 +137,7 @@ void TrayCommands::ImportFile(TextView path) {
   const std::optional<NewNote> fresh =
       NoteFromFile(tools_.files, tools_.ansi, path, VirtualScreen().Width(), reason);
   if (fresh) {
-    tools_.desk.Create(*fresh);
+    tools_.desk.Show(tools_.desk.Create(*fresh), Showing::kWithFocus);
   } else {
     Tell(tools_.window.Handle(), tools_.resources, IDS_NOT_IMPORTED, Text(path) + u"\n\n" + reason);
   }

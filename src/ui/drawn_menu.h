@@ -1,4 +1,5 @@
-// Menus where all is dark: the system draws its own light only.
+// Menus as the program draws them: with a sign before the words and the key at the right edge, light and
+// dark.
 #pragma once
 
 #include <windows.h>
@@ -8,24 +9,31 @@
 #include <deque>
 
 #include "base/text.h"
+#include "looks/icon.h"
 #include "ui/handle.h"
 #include "ui/theme.h"
 
 namespace jotlets {
 
-/// Draws a menu and those below it while it lives, when all is dark.
-class DarkMenu {
+/// Gives an entry the sign that stands before its words.
+void SetMenuIcon(HMENU menu, UINT command, Icon icon);
+/// Gives it to the entry that was appended last.
+void SetLastMenuIcon(HMENU menu, Icon icon);
+
+/// Draws a menu and those below it while it lives; high contrast is the system's to draw.
+class DrawnMenu {
  public:
   /// `owner` is the window that the menu is shown for. The menu is not to be shown again afterwards.
-  DarkMenu(HMENU menu, HWND owner, const Theme& theme);
-  ~DarkMenu();
-  DarkMenu(const DarkMenu&) = delete;
-  DarkMenu& operator=(const DarkMenu&) = delete;
+  DrawnMenu(HMENU menu, HWND owner, const Theme& theme);
+  ~DrawnMenu();
+  DrawnMenu(const DrawnMenu&) = delete;
+  DrawnMenu& operator=(const DrawnMenu&) = delete;
 
  private:
   struct Entry {
     MSAAMENUINFO info{};  // first: a screen reader looks for the words there
     Text words;
+    Icon icon = Icon::kNothing;
     HBITMAP picture = nullptr;
     bool separator = false;
     bool opens = false;  // another menu
@@ -35,10 +43,11 @@ class DarkMenu {
   const Entry* Find(ULONG_PTR data) const;
   const Entry* EntryAt(HMENU menu, int position) const;
   int Scaled(int length) const { return MulDiv(length, dpi_, 96); }
-  int WidthOf(const Text& words) const;
+  int WidthOf(const Text& words, bool bold) const;
   void Measure(const Entry& entry, MEASUREITEMSTRUCT& measured) const;
   void Draw(const Entry& entry, const DRAWITEMSTRUCT& item) const;
-  void DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item, Colour ink) const;
+  void DrawWords(const Entry& entry, const DRAWITEMSTRUCT& item) const;
+  void DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item) const;
   void DrawFrame(const DRAWITEMSTRUCT& item) const;
   LRESULT ChooseByLetter(char16_t letter, HMENU menu) const;
   static LRESULT CALLBACK OnOwnerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -49,6 +58,7 @@ class DarkMenu {
   int dpi_ = 96;
   std::deque<Entry> entries_;  // whose places menus keep
   UniqueFont font_;
+  UniqueFont boldFont_;  // of what a double click does
   UniqueBrush ground_;
 };
 

@@ -1,4 +1,4 @@
-#include "ui/dark_menu.h"
+#include "ui/drawn_menu.h"
 
 #include <commctrl.h>
 
@@ -7,22 +7,38 @@
 
 #include "base/win/wide.h"
 #include "ui/areas.h"
+#include "ui/icons.h"
 
 namespace jotlets {
 namespace {
 
 constexpr UINT_PTR kSubclass = 2;
-constexpr int kSigns = 24;  // the column of check marks; all at 96 dots per inch
+// All at 96 dots per inch.
+constexpr int kRow = 30;
+constexpr int kSeparator = 9;
+constexpr int kEdge = 4;    // of what is marked, from the edge of the menu
+constexpr int kSigns = 38;  // where the words begin
+constexpr int kSignMiddle = 20;
+constexpr int kRight = 14;  // where keys and arrows end
 constexpr int kKeyGap = 24;
-constexpr int kArrowRoom = 20;
-constexpr int kPadding = 3;
-constexpr int kSeparator = 7;
+constexpr int kCorner = 4;
 
 void DrawLines(HDC dc, const POINT* points, int count, int width, Colour colour) {
   const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, std::max(width, 1), ToCOLORREF(colour)));
   const Selected drawn(dc, pen.get());
   Polyline(dc, points, count);
 }
+
+// Until the menu is drawn, that is all that an entry has of its own.
+void SetIcon(HMENU menu, UINT entry, BOOL byPosition, Icon icon) {
+  MENUITEMINFOW item{};
+  item.cbSize = sizeof item;
+  item.fMask = MIIM_DATA;
+  item.dwItemData = static_cast<ULONG_PTR>(icon);
+  SetMenuItemInfoW(menu, entry, byPosition, &item);
+}
+
+bool IsGrey(const DRAWITEMSTRUCT& item) { return (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0; }
 
 // The letter behind the last single ampersand, in upper case; 0 for none.
 char16_t MnemonicOf(const Text& words) {
@@ -37,13 +53,21 @@ char16_t MnemonicOf(const Text& words) {
 
 }  // namespace
 
-DarkMenu::DarkMenu(HMENU menu, HWND owner, const Theme& theme) : theme_(theme), owner_(owner) {
-  if (!theme.IsDark()) return;
+void SetMenuIcon(HMENU menu, UINT command, Icon icon) { SetIcon(menu, command, FALSE, icon); }
+
+void SetLastMenuIcon(HMENU menu, Icon icon) {
+  SetIcon(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, icon);
+}
+
+DrawnMenu::DrawnMenu(HMENU menu, HWND owner, const Theme& theme) : theme_(theme), owner_(owner) {
+  if (theme.Now().contrast) return;
   dpi_ = static_cast<int>(GetDpiForWindow(owner));
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi_));
   font_.reset(CreateFontIndirectW(&metrics.lfMenuFont));
+  metrics.lfMenuFont.lfWeight = FW_SEMIBOLD;
+  boldFont_.reset(CreateFontIndirectW(&metrics.lfMenuFont));
   ground_.reset(CreateSolidBrush(ToCOLORREF(theme.Colours().menu)));
   MENUINFO info{};
   info.cbSize = sizeof info;
@@ -54,16 +78,16 @@ DarkMenu::DarkMenu(HMENU menu, HWND owner, const Theme& theme) : theme_(theme), 
   SetWindowSubclass(owner_, OnOwnerMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
-DarkMenu::~DarkMenu() {
+DrawnMenu::~DrawnMenu() {
   if (ground_ && IsWindow(owner_)) RemoveWindowSubclass(owner_, OnOwnerMessage, kSubclass);
 }
 
-void DarkMenu::Convert(HMENU menu) {
+void DrawnMenu::Convert(HMENU menu) {
   for (int at = 0; at < GetMenuItemCount(menu); ++at) {
     wchar_t words[256] = {};
     MENUITEMINFOW item{};
     item.cbSize = sizeof item;
-    item.fMask = MIIM_FTYPE | MIIM_STRING | MIIM_SUBMENU | MIIM_BITMAP;
+    item.fMask = MIIM_FTYPE | MIIM_STRING | MIIM_SUBMENU | MIIM_BITMAP | MIIM_DATA;
     item.dwTypeData = words;
     item.cch = static_cast<UINT>(std::size(words));
     if (!GetMenuItemInfoW(menu, static_cast<UINT>(at), TRUE, &item)) continue;
@@ -71,6 +95,8 @@ void DarkMenu::Convert(HMENU menu) {
     if ((item.fType & MFT_OWNERDRAW) != 0) continue;
     Entry& entry = entries_.emplace_back();
     entry.words = FromWide(words);
+    if (item.dwItemData < static_cast<ULONG_PTR>(Icon::kCount))
+      entry.icon = static_cast<Icon>(item.dwItemData);
     entry.picture = item.hbmpItem;
     entry.separator = (item.fType & MFT_SEPARATOR) != 0;
     entry.opens = item.hSubMenu != nullptr;
@@ -84,76 +110,91 @@ void DarkMenu::Convert(HMENU menu) {
 }
 
 // Rows of colours draw themselves.
-const DarkMenu::Entry* DarkMenu::Find(ULONG_PTR data) const {
+const DrawnMenu::Entry* DrawnMenu::Find(ULONG_PTR data) const {
   const auto found = std::ranges::find_if(
       entries_, [data](const Entry& entry) { return reinterpret_cast<ULONG_PTR>(&entry) == data; });
   return found == entries_.end() ? nullptr : &*found;
 }
 
-const DarkMenu::Entry* DarkMenu::EntryAt(HMENU menu, int position) const {
+const DrawnMenu::Entry* DrawnMenu::EntryAt(HMENU menu, int position) const {
   MENUITEMINFOW item{};
   item.cbSize = sizeof item;
   item.fMask = MIIM_DATA;
   return GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &item) ? Find(item.dwItemData) : nullptr;
 }
 
-int DarkMenu::WidthOf(const Text& words) const {
+int DrawnMenu::WidthOf(const Text& words, bool bold) const {
   const HDC dc = GetDC(nullptr);
   RECT area{};
   {
-    const Selected font(dc, font_.get());
+    const Selected font(dc, bold ? boldFont_.get() : font_.get());
     DrawTextW(dc, Wide(words), static_cast<int>(words.size()), &area, DT_SINGLELINE | DT_CALCRECT);
   }
   ReleaseDC(nullptr, dc);
   return area.right;
 }
 
-void DarkMenu::Measure(const Entry& entry, MEASUREITEMSTRUCT& measured) const {
+void DrawnMenu::Measure(const Entry& entry, MEASUREITEMSTRUCT& measured) const {
   LOGFONTW logical{};
   GetObjectW(font_.get(), sizeof logical, &logical);
-  const int line = std::abs(logical.lfHeight) * 4 / 3;
+  const int row =
+      std::max(Scaled(kRow), static_cast<int>(std::abs(logical.lfHeight)) * 4 / 3 + 2 * Scaled(kEdge));
   const std::size_t tab = entry.words.find(u'\t');
-  int width = Scaled(kSigns) + WidthOf(entry.words.substr(0, tab)) + Scaled(kArrowRoom);
-  if (tab != Text::npos) width += Scaled(kKeyGap) + WidthOf(entry.words.substr(tab + 1));
+  int width = Scaled(kSigns) + WidthOf(entry.words.substr(0, tab), true) + Scaled(kKeyGap + kRight);
+  if (tab != Text::npos) width += WidthOf(entry.words.substr(tab + 1), false);
   measured.itemWidth = static_cast<UINT>(width);
-  measured.itemHeight = static_cast<UINT>(entry.separator ? Scaled(kSeparator) : line + 2 * Scaled(kPadding));
+  measured.itemHeight = static_cast<UINT>(entry.separator ? Scaled(kSeparator) : row);
 }
 
-void DarkMenu::Draw(const Entry& entry, const DRAWITEMSTRUCT& item) const {
+void DrawnMenu::Draw(const Entry& entry, const DRAWITEMSTRUCT& item) const {
   const WindowColours& colours = theme_.Colours();
-  const bool grey = (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
-  const bool lit = (item.itemState & ODS_SELECTED) != 0;
-  FillArea(item.hDC, item.rcItem, lit && !entry.separator ? colours.menuHover : colours.menu);
+  FillArea(item.hDC, item.rcItem, colours.menu);
   DrawFrame(item);
+  RECT inner = item.rcItem;
+  InflateRect(&inner, -Scaled(entry.separator ? 3 * kEdge : kEdge), 0);
   if (entry.separator) {
-    RECT line = item.rcItem;
-    line.top = (line.top + line.bottom) / 2;
-    line.bottom = line.top + 1;
-    return FillArea(item.hDC, line, colours.line);
+    inner.top = (inner.top + inner.bottom) / 2;
+    inner.bottom = inner.top + 1;
+    return FillArea(item.hDC, inner, colours.line);
   }
-  const Colour ink = grey ? colours.grey : colours.text;
-  const Selected font(item.hDC, font_.get());
+  if ((item.itemState & ODS_SELECTED) != 0) {
+    const UniqueBrush brush(CreateSolidBrush(ToCOLORREF(colours.menuHover)));
+    const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, 1, ToCOLORREF(colours.menuHover)));
+    const Selected filled(item.hDC, brush.get());
+    const Selected drawn(item.hDC, pen.get());
+    const int corner = Scaled(2 * kCorner);
+    RoundRect(item.hDC, inner.left, inner.top, inner.right, inner.bottom, corner, corner);
+  }
+  DrawWords(entry, item);
+  DrawSigns(entry, item);
+}
+
+void DrawnMenu::DrawWords(const Entry& entry, const DRAWITEMSTRUCT& item) const {
+  const WindowColours& colours = theme_.Colours();
+  const bool grey = IsGrey(item);
+  const bool bold = (item.itemState & ODS_DEFAULT) != 0;
+  const Selected font(item.hDC, bold ? boldFont_.get() : font_.get());
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, ToCOLORREF(ink));
+  SetTextColor(item.hDC, ToCOLORREF(grey ? colours.grey : colours.text));
   RECT words = item.rcItem;
   words.left += Scaled(kSigns);
-  words.right -= Scaled(kArrowRoom);
+  words.right -= Scaled(kRight);
   const UINT hidden = (item.itemState & ODS_NOACCEL) != 0 ? UINT{DT_HIDEPREFIX} : 0u;
   const std::size_t tab = entry.words.find(u'\t');
   const Text name = entry.words.substr(0, tab);
   DrawTextW(item.hDC, Wide(name), static_cast<int>(name.size()), &words, DT_SINGLELINE | DT_VCENTER | hidden);
-  if (tab != Text::npos) {
-    const Text key = entry.words.substr(tab + 1);
-    SetTextColor(item.hDC, ToCOLORREF(grey ? colours.grey : colours.quiet));
-    DrawTextW(item.hDC, Wide(key), static_cast<int>(key.size()), &words,
-              DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
-  }
-  DrawSigns(entry, item, ink);
+  if (tab == Text::npos) return;
+  const Text key = entry.words.substr(tab + 1);
+  SelectObject(item.hDC, font_.get());
+  SetTextColor(item.hDC, ToCOLORREF(grey ? colours.grey : colours.quiet));
+  DrawTextW(item.hDC, Wide(key), static_cast<int>(key.size()), &words,
+            DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
 }
 
 // What stands before and behind the words.
-void DarkMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item, Colour ink) const {
-  const int x = item.rcItem.left + Scaled(kSigns) / 2;
+void DrawnMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item) const {
+  const Colour ink = IsGrey(item) ? theme_.Colours().grey : theme_.Colours().text;
+  const int x = item.rcItem.left + Scaled(kSignMiddle);
   const int y = (item.rcItem.top + item.rcItem.bottom) / 2;
   const int stroke = Scaled(3) / 2;
   if ((item.itemState & ODS_CHECKED) != 0) {
@@ -167,9 +208,11 @@ void DarkMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item, Colour 
     const Selected source(memory.get(), entry.picture);
     BitBlt(item.hDC, x - picture.bmWidth / 2, y - picture.bmHeight / 2, picture.bmWidth, picture.bmHeight,
            memory.get(), 0, 0, SRCCOPY);
+  } else {
+    DrawIcon(item.hDC, entry.icon, {x, y}, dpi_, ink);
   }
   if (!entry.opens) return;
-  const int right = item.rcItem.right - Scaled(kArrowRoom) / 2;
+  const int right = item.rcItem.right - Scaled(kRight + 2);
   const POINT arrow[] = {
       {right - Scaled(2), y - Scaled(4)}, {right + Scaled(2), y}, {right - Scaled(3), y + Scaled(5)}};
   DrawLines(item.hDC, arrow, 3, stroke, ink);
@@ -178,7 +221,7 @@ void DarkMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item, Colour 
 }
 
 // What is left of the menu's window around its entries.
-void DarkMenu::DrawFrame(const DRAWITEMSTRUCT& item) const {
+void DrawnMenu::DrawFrame(const DRAWITEMSTRUCT& item) const {
   const HWND window = WindowFromDC(item.hDC);
   if (window == nullptr) return;
   RECT all{};
@@ -197,7 +240,7 @@ void DarkMenu::DrawFrame(const DRAWITEMSTRUCT& item) const {
 
 // Entries that are drawn by the program are not found by their letters: by those that are underlined and,
 // where none is, by the first.
-LRESULT DarkMenu::ChooseByLetter(char16_t letter, HMENU menu) const {
+LRESULT DrawnMenu::ChooseByLetter(char16_t letter, HMENU menu) const {
   const char16_t wanted = MnemonicOf(Text(u"&") + letter);
   const int count = GetMenuItemCount(menu);
   int lit = -1;
@@ -223,9 +266,9 @@ LRESULT DarkMenu::ChooseByLetter(char16_t letter, HMENU menu) const {
   return first.value_or(MAKELRESULT(0, MNC_IGNORE));
 }
 
-LRESULT CALLBACK DarkMenu::OnOwnerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                          DWORD_PTR object) noexcept {
-  const auto& self = *reinterpret_cast<const DarkMenu*>(object);
+LRESULT CALLBACK DrawnMenu::OnOwnerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                           DWORD_PTR object) noexcept {
+  const auto& self = *reinterpret_cast<const DrawnMenu*>(object);
   try {
     if (message == WM_MEASUREITEM && wParam == 0) {
       auto& measured = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);

@@ -1,0 +1,51 @@
+#include "ui/view_row.h"
+
+#include "ui/areas.h"
+#include "ui/handle.h"
+#include "ui/icons.h"
+
+namespace jotlets {
+namespace {
+
+// Pixels at 96 dots per inch.
+constexpr int kGap = 2;
+constexpr int kCorner = 4;
+constexpr int kAccent = 3;
+constexpr int kAccentRoom = 9;
+constexpr int kIconMiddle = 20;
+constexpr int kWords = 38;
+constexpr int kRight = 10;
+
+}  // namespace
+
+RECT DrawViewRow(const DRAWITEMSTRUCT& item, Icon icon, const WindowColours& colours, int indent) {
+  const int dpi = static_cast<int>(GetDpiForWindow(item.hwndItem));
+  const auto scaled = [dpi](int length) { return MulDiv(length, dpi, 96); };
+  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
+  RECT row = item.rcItem;
+  FillArea(item.hDC, row, colours.views);
+  InflateRect(&row, 0, -scaled(kGap) / 2);
+  if (chosen) {
+    const UniqueBrush brush(CreateSolidBrush(ToCOLORREF(colours.chosen)));
+    const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, 1, ToCOLORREF(colours.chosen)));
+    const Selected filled(item.hDC, brush.get());
+    const Selected drawn(item.hDC, pen.get());
+    RoundRect(item.hDC, row.left, row.top, row.right, row.bottom, scaled(2 * kCorner), scaled(2 * kCorner));
+    RECT accent{row.left, row.top + scaled(kAccentRoom), row.left + scaled(kAccent),
+                row.bottom - scaled(kAccentRoom)};
+    FillArea(item.hDC, accent, colours.accent);
+  }
+  const Colour ink = chosen ? colours.chosenText : colours.text;
+  DrawIcon(item.hDC, icon, {row.left + scaled(kIconMiddle + indent), (row.top + row.bottom) / 2}, dpi,
+           chosen && colours.chosenText == colours.text ? colours.accent : ink);
+  if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0) {
+    SetTextColor(item.hDC, ToCOLORREF(colours.text));
+    DrawFocusRect(item.hDC, &row);
+  }
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, ToCOLORREF(ink));
+  return {row.left + scaled((icon == Icon::kNothing ? kRight : kWords) + indent), row.top,
+          row.right - scaled(kRight), row.bottom};
+}
+
+}  // namespace jotlets
