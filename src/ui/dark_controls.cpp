@@ -103,7 +103,7 @@ LRESULT PaintFrame(HWND control, UINT message, WPARAM wParam, LPARAM lParam, con
   RECT frame{};
   GetWindowRect(control, &frame);
   OffsetRect(&frame, -frame.left, -frame.top);
-  FrameArea(dc, frame, theme.Colours().edge);
+  FrameArea(dc, frame, GetFocus() == control ? theme.Colours().accent : theme.Colours().edge);
   InflateRect(&frame, -1, -1);
   if (sunken) FrameArea(dc, frame, theme.Colours().field);
   ReleaseDC(control, dc);
@@ -115,6 +115,11 @@ LRESULT PaintFrame(HWND control, UINT message, WPARAM wParam, LPARAM lParam, con
 std::optional<LRESULT> ServeDarkControl(DressedControl kind, HWND control, UINT message, WPARAM wParam,
                                         LPARAM lParam, const Theme& theme) {
   if (kind == DressedControl::kOther || IsDrawnByOwner(kind, control)) return std::nullopt;
+  if (kind == DressedControl::kFramed && (message == WM_SETFOCUS || message == WM_KILLFOCUS)) {
+    const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
+    RedrawWindow(control, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+    return answer;
+  }
   if (kind == DressedControl::kFramed)
     return message == WM_NCPAINT ? std::optional(PaintFrame(control, message, wParam, lParam, theme))
                                  : std::nullopt;

@@ -32,13 +32,6 @@ const DressedClass* ClassOf(HWND control) {
   return nullptr;
 }
 
-// One stays light as a whole: what it consists of is not ours to draw.
-bool IsDatePicker(HWND control) {
-  wchar_t name[64] = {};
-  GetClassNameW(control, name, static_cast<int>(std::size(name)));
-  return lstrcmpiW(name, DATETIMEPICK_CLASSW) == 0;
-}
-
 bool Is(HWND control, const wchar_t* name) {
   const DressedClass* found = ClassOf(control);
   return found != nullptr && lstrcmpiW(found->name, name) == 0;
@@ -90,6 +83,7 @@ LRESULT CALLBACK ServeDressed(HWND control, UINT message, WPARAM wParam, LPARAM 
 BOOL CALLBACK DressControl(HWND control, LPARAM object) {
   const auto& theme = *reinterpret_cast<const Theme*>(object);
   const DressedClass* found = ClassOf(control);
+  // A picker stays light as a whole: what it consists of is not ours to draw.
   if (found == nullptr || IsDatePicker(GetParent(control))) return TRUE;
   const UINT_PTR id = kDress + static_cast<UINT_PTR>(found->kind);
   if (theme.IsDark()) {
@@ -103,6 +97,12 @@ BOOL CALLBACK DressControl(HWND control, LPARAM object) {
 }
 
 }  // namespace
+
+bool IsDatePicker(HWND control) {
+  wchar_t name[64] = {};
+  GetClassNameW(control, name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, DATETIMEPICK_CLASSW) == 0;
+}
 
 void DressDialog(HWND dialog, const Theme& theme) {
   if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_CHILD) == 0) ShowCaption(dialog, theme.IsDark());

@@ -11,6 +11,9 @@ namespace jotlets {
 /// there are more of them, or another look.
 void DressDialog(HWND dialog, const Theme& theme);
 
+/// Whether a control is a picker of dates or times, which has no dark form and does not show the keyboard.
+bool IsDatePicker(HWND control);
+
 /// Gives a tooltip that was just made the colours of `theme`.
 void DressTooltip(HWND tooltip, const Theme& theme);
 

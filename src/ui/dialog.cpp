@@ -16,6 +16,7 @@ namespace {
 
 // Pixels at 96 dots per inch.
 constexpr int kFootGap = 9;    // above the buttons
+constexpr int kRing = 2;       // pixels around a picker that has the keyboard
 constexpr int kFootRoom = 20;  // below them, at most
 
 bool IsVisiblePushButton(HWND control) {
@@ -74,6 +75,17 @@ void PlaceByOwner(HWND dialog) {
   SetWindowPos(dialog, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Dialog::Notify(const NMHDR& header) {
+  const bool focus =
+      header.code == static_cast<UINT>(NM_SETFOCUS) || header.code == static_cast<UINT>(NM_KILLFOCUS);
+  if (focus && IsDatePicker(header.hwndFrom)) {
+    RECT ring = AreaOf(header.hwndFrom);
+    InflateRect(&ring, kRing, kRing);
+    InvalidateRect(dialog_, &ring, TRUE);
+  }
+  OnNotify(header);
+}
+
 HBRUSH Dialog::Colours(UINT message, HDC dc, HWND control) {
   const bool isGround =
       message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN;
@@ -112,12 +124,23 @@ RECT Dialog::AreaOf(HWND control) const {
   return area;
 }
 
+void Dialog::DrawRing(HDC dc) const {
+  const HWND focus = GetFocus();
+  if (focus == nullptr || GetParent(focus) != dialog_ || !IsDatePicker(focus)) return;
+  RECT ring = AreaOf(focus);
+  for (int i = 0; i < kRing; ++i) {
+    InflateRect(&ring, 1, 1);
+    FrameArea(dc, ring, theme_->Colours().accent);
+  }
+}
+
 bool Dialog::Erase(HDC dc) {
   const HBRUSH brush = Colours(WM_CTLCOLORDLG, dc, nullptr);
   if (brush == nullptr) return false;
   RECT area{};
   GetClientRect(dialog_, &area);
   FillRect(dc, &area, brush);
+  DrawRing(dc);
   const std::optional<LONG> foot = FootTop();
   if (!foot) return true;
   area.top = *foot;
@@ -143,7 +166,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (object == nullptr) return FALSE;
     if (message == WM_TIMER) object->OnTimer();
-    if (message == WM_NOTIFY) object->OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    if (message == WM_NOTIFY) object->Notify(*reinterpret_cast<const NMHDR*>(lParam));
     if (message == WM_DRAWITEM) {
       object->OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;

@@ -63,6 +63,8 @@ class Dialog {
   bool IsInFoot(HWND control) const;
   RECT AreaOf(HWND control) const;
   bool Erase(HDC dc);
+  void Notify(const NMHDR& header);
+  void DrawRing(HDC dc) const;
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   HWND dialog_ = nullptr;

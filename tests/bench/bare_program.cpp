@@ -1,5 +1,6 @@
 #include "bare_program.h"
 
+#include <commctrl.h>
 #include <richedit.h>
 #include <windowsx.h>
 
@@ -34,8 +35,23 @@ void ShowOrHide() {
     ShowWindow(*note, hidden ? SW_HIDE : SW_SHOWNOACTIVATE);
 }
 
+// What stays for the next time is the dialog's alone.
+void ShowDialog(const COPYDATASTRUCT& data) {
+  const auto* controls = static_cast<const BareControl*>(data.lpData);
+  const auto make = [](const BareControl& control, const wchar_t* text, HWND parent) {
+    const RECT& area = control.area;
+    return CreateWindowExW(control.extended, control.windowClass, text, control.style, area.left, area.top,
+                           area.right - area.left, area.bottom - area.top, parent, nullptr, nullptr, nullptr);
+  };
+  const HWND dialog = make(controls[0], kBareDialogTitle, nullptr);
+  for (DWORD i = 1; i < data.cbData / sizeof(BareControl); ++i) make(controls[i], L"Words", dialog);
+  ShowWindow(dialog, SW_SHOW);
+}
+
 LRESULT CALLBACK EchoProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == kBareShowOrHide) ShowOrHide();
+  if (message == WM_COPYDATA && reinterpret_cast<const COPYDATASTRUCT*>(lParam)->dwData == kBareDialog)
+    return ShowDialog(*reinterpret_cast<const COPYDATASTRUCT*>(lParam)), TRUE;
   if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
   COPYDATASTRUCT answer = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
   SendMessageW(reinterpret_cast<HWND>(wParam), WM_COPYDATA, reinterpret_cast<WPARAM>(window),
@@ -94,6 +110,7 @@ Text BenchNoteId(int number) { return u"BENCH" + IntText(number); }
 int RunBareProgram(int count, const Text& folder) {
   EnableDpiAwareness();
   LoadLibraryW(L"msftedit.dll");
+  InitCommonControls();
   RegisterBareClass(kBareClass, NoteProcedure);
   RegisterBareClass(kEchoClass, EchoProcedure);
   for (int i = 0; i < count; ++i) CreateBareNote(i, folder);

@@ -11,6 +11,17 @@ inline constexpr wchar_t kBareClass[] = L"BareNote";
 inline constexpr wchar_t kEchoClass[] = L"BareEcho";
 /// To the window that echoes: shows all notes, or hides them when they are shown.
 inline constexpr UINT kBareShowOrHide = WM_APP;
+/// Copy-data to it of this kind, an array of `BareControl`: makes a dialog of these, the first the dialog
+/// itself.
+inline constexpr ULONG_PTR kBareDialog = 9;
+inline constexpr wchar_t kBareDialogTitle[] = L"Bare dialog";
+
+struct BareControl {
+  wchar_t windowClass[32];
+  DWORD style;
+  DWORD extended;
+  RECT area;
+};
 
 Text BenchNoteId(int number);
 

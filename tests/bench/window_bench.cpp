@@ -20,6 +20,7 @@
 #include "base/win/disk_files.h"
 #include "base/win/wide.h"
 #include "data/data_folder.h"
+#include "res/resource.h"
 #include "subject.h"
 
 namespace jotlets {
@@ -226,6 +227,50 @@ double EndSession(const RunningSubject& subject) {
   return Seconds() - begin;
 }
 
+// All windows of the options, as they stand on the first page.
+std::vector<BareControl> ControlsOf(HWND dialog) {
+  std::vector<BareControl> controls;
+  const auto add = [&controls, dialog](HWND window) {
+    BareControl& control = controls.emplace_back();
+    GetClassNameW(window, control.windowClass, static_cast<int>(std::size(control.windowClass)));
+    control.style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+    control.extended = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
+    control.area = BoundsOf(window);
+    if (window != dialog) MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&control.area), 2);
+  };
+  add(dialog);
+  EnumChildWindows(
+      dialog, [](HWND child, LPARAM to) { return (*reinterpret_cast<decltype(add)*>(to))(child), TRUE; },
+      reinterpret_cast<LPARAM>(&add));
+  controls.front().style &= ~static_cast<DWORD>(WS_VISIBLE);
+  return controls;
+}
+
+// From the command to the last painted control; next to a dialog of as many windows of the same kinds, which
+// holds nothing.
+double OpenOptions(const RunningSubject& subject) {
+  constexpr int kTimes = 7;
+  static std::vector<BareControl> controls;
+  subject.WaitUntilIdle();
+  std::vector<double> times;
+  for (int i = 0; i < kTimes; ++i) {
+    const double begin = Seconds();
+    if (subject.What().bare) {
+      COPYDATASTRUCT data{kBareDialog, static_cast<DWORD>(controls.size() * sizeof(BareControl)),
+                          controls.data()};
+      SendMessageW(subject.Endpoint(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+    } else {
+      SendMessageW(subject.Endpoint(), WM_COMMAND, ID_OPTIONS, 0);
+    }
+    const HWND dialog = FindWindowW(nullptr, subject.What().bare ? kBareDialogTitle : L"Options");
+    RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    times.push_back(Seconds() - begin);
+    if (!subject.What().bare) controls = ControlsOf(dialog);
+    SendMessageW(dialog, WM_CLOSE, 0, 0);
+  }
+  return Median(times);
+}
+
 struct Figure {
   const char* name = nullptr;
   int notes = 0;
@@ -249,6 +294,7 @@ constexpr Figure kFigures[] = {
     {"list, 1000 notes", 1000, List, 1e6, "us", "-"},
     {"event, 20 listeners", 10, EventToTwenty, 1e6, "us", "-"},
     {"set, 10000 notes", 10, SetTitle, 1000, "ms", "-", 1, false, 9990},
+    {"options, 10 notes", 10, OpenOptions, 1000, "ms", "1.3"},
     {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
     // The system's own work for this grows with the square of the windows, and takes minutes for many of
     // them.

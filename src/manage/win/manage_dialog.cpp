@@ -355,7 +355,7 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
   switch (header.code) {
     case NM_CUSTOMDRAW:
       if (header.idFrom != IDC_MANAGE_LIST) return std::nullopt;
-      return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header), Look().Colours());
+      return table_.Draw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header), Look());
     case LVN_GETDISPINFOW: table_.Answer(reinterpret_cast<NMLVDISPINFOW&>(header)); return 0;
     // Rows come into sight: their texts are read when there is time.
     case LVN_ODCACHEHINT:

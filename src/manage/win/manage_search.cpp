@@ -26,6 +26,7 @@ void BManageDlg::Search() {
   list_.Search(ItemText(IDC_MANAGE_SEARCH), options_.manageWindowSearchWhat);
   // What is looked for among very many is not what is shown of them otherwise.
   owner_.FillManageList(views_.Chosen(), list_);
+  table_.ShowSearch(ItemText(IDC_MANAGE_SEARCH));
   ShowRows(selection);
   if (ListView_GetSelectedCount(Item(IDC_MANAGE_LIST)) == 0)
     ListView_EnsureVisible(Item(IDC_MANAGE_LIST), 0, FALSE);

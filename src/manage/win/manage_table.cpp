@@ -204,30 +204,31 @@ void ManageTable::Answer(NMLVDISPINFOW& info) const {
   lstrcpynW(item.pszText, Wide(text), item.cchTextMax);
 }
 
-LRESULT ManageTable::Draw(const NMLVCUSTOMDRAW& draw, const WindowColours& colours) const {
+LRESULT ManageTable::Draw(const NMLVCUSTOMDRAW& draw, const Theme& theme) const {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
-  DrawRow(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec), colours);
+  DrawRow(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec), theme);
   return CDRF_SKIPDEFAULT;
 }
 
-void ManageTable::DrawRow(HDC dc, int place, const WindowColours& colours) const {
+void ManageTable::DrawRow(HDC dc, int place, const Theme& theme) const {
   RECT area{};
   if (!ListView_GetItemRect(control_, place, &area, LVIR_BOUNDS)) return;
   const bool selected = ListView_GetItemState(control_, place, LVIS_SELECTED) != 0;
-  FillArea(dc, area, selected ? colours.chosen : colours.field);
+  const MarkedColours colours = RowColours(theme, selected);
+  FillArea(dc, area, colours.paper);
   if (place < 0 || static_cast<std::size_t>(place) >= list_.Size()) return;
   const ManageRow& row = list_.At(static_cast<std::size_t>(place));
   if (row.id.empty()) return;  // it is on its way
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, ToCOLORREF(selected ? colours.chosenText : colours.text));
   RECT cell = area;
   for (std::size_t i = 0; i < kManageColumns; ++i) {
     cell.right = cell.left + ListView_GetColumnWidth(control_, static_cast<int>(i));
     RECT words{cell.left + Scaled(kInset), cell.top, cell.right - Scaled(kInset) / 2, cell.bottom};
     if (i == 0) {
-      DrawNote(dc, row, words, ToCOLORREF(selected ? colours.chosenText : colours.quiet));
+      DrawNote(dc, row, words, colours, selected ? colours.ink : theme.Colours().quiet);
     } else {
+      SetBkMode(dc, TRANSPARENT);
+      SetTextColor(dc, ToCOLORREF(colours.ink));
       DrawTextW(dc, Wide(CellText(row, static_cast<ManageColumn>(i))), -1, &words,
                 DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
@@ -237,8 +238,8 @@ void ManageTable::DrawRow(HDC dc, int place, const WindowColours& colours) const
     DrawFocusRect(dc, &area);
 }
 
-void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const {
-  constexpr UINT kOneLine = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, MarkedColours colours,
+                           Colour quiet) const {
   const int middle = (cell.top + cell.bottom) / 2;
   if (row.type != ManageRow::Type::kStack) {
     constexpr std::int32_t kLine = 25;  // percent
@@ -251,17 +252,16 @@ void ManageTable::DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF qui
     cell.left = bar.right;
   }
   cell.left += Scaled(kInset);
-  const UINT title = row.snippet.empty() ? DT_VCENTER : DT_BOTTOM;
-  RECT upper = cell;
-  if (!row.snippet.empty()) upper.bottom = middle;
-  const auto plain = static_cast<HFONT>(SelectObject(dc, titleFont_.get()));
-  DrawTextW(dc, Wide(row.title), -1, &upper, kOneLine | title);
-  SelectObject(dc, plain);
+  const auto plain = static_cast<HFONT>(GetCurrentObject(dc, OBJ_FONT));
+  const int height = LineHeight(titleFont_.get());
+  const RECT upper{cell.left, row.snippet.empty() ? middle - height / 2 : middle - height, cell.right,
+                   cell.bottom};
+  DrawMarked(dc, titleFont_.get(), upper, row.title, search_.InTitle(row.title), colours);
   if (row.snippet.empty()) return;
-  const COLORREF ink = SetTextColor(dc, quiet);
-  RECT lower{cell.left, middle + Scaled(1), cell.right, cell.bottom};
-  DrawTextW(dc, Wide(row.snippet), -1, &lower, kOneLine | DT_TOP);
-  SetTextColor(dc, ink);
+  colours.ink = quiet;
+  const RECT lower{cell.left, middle + Scaled(1), cell.right, cell.bottom};
+  const MarkedText snippet = search_.Snippet(row.snippet, row.snippet.size());
+  DrawMarked(dc, plain, lower, snippet.text, snippet.hits, colours);
 }
 
 Text ManageTable::CellText(const ManageRow& row, ManageColumn column) const {

@@ -11,9 +11,11 @@
 #include <span>
 #include <vector>
 
-#include "looks/window_colours.h"
 #include "manage/manage_list.h"
 #include "manage/win/manage_owner.h"
+#include "manage/win/marked_text.h"
+#include "store/search_hits.h"
+#include "store/search_query.h"
 #include "ui/resources.h"
 
 namespace jotlets {
@@ -62,8 +64,11 @@ class ManageTable {
   POINT PlaceForMenu() const;
   /// Answers what the control asks about a cell.
   void Answer(NMLVDISPINFOW& info) const;
-  /// Draws a row: title and text in two lines beside the colour of the paper.
-  LRESULT Draw(const NMLVCUSTOMDRAW& draw, const WindowColours& colours) const;
+  /// Draws a row: title and text in two lines beside the colour of the paper, what is searched marked in
+  /// both.
+  LRESULT Draw(const NMLVCUSTOMDRAW& draw, const Theme& theme) const;
+  /// What is searched, as it was typed.
+  void ShowSearch(TextView typed) { search_ = SearchHits(ParseSearchQuery(typed)); }
 
  private:
   int Dpi() const;
@@ -72,8 +77,8 @@ class ManageTable {
   void Deselect();
   void Restore(const Selection& selection);
   int Scaled(int length) const;
-  void DrawRow(HDC dc, int place, const WindowColours& colours) const;
-  void DrawNote(HDC dc, const ManageRow& row, RECT cell, COLORREF quiet) const;
+  void DrawRow(HDC dc, int place, const Theme& theme) const;
+  void DrawNote(HDC dc, const ManageRow& row, RECT cell, MarkedColours colours, Colour quiet) const;
   Text CellText(const ManageRow& row, ManageColumn column) const;
 
   ManageList& list_;
@@ -83,6 +88,7 @@ class ManageTable {
   ColumnWidths shown_{};   // on the screen
   std::array<Text, 3> typeNames_;
   UniqueFont titleFont_;
+  SearchHits search_{SearchQuery{}};
   bool changing_ = false;
 };
 

@@ -134,7 +134,10 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
       const auto step = steps_.RemoveLast();
-      return step ? Undo(*step) : 0;
+      const std::size_t failed = step ? Undo(*step) : 0;
+      // A note that comes back would have the keyboard.
+      dialog_.Activate();
+      return failed;
     }
   }
   return 0;
