@@ -229,7 +229,11 @@
 #define IDS_APPEARS 2122
 #define IDS_APPEARS_TOO_LATE 2123
 #define IDS_APPEARS_NEVER 2124
-#define IDS_RULE 2130  // in the order of `RecurrenceType`
+#define IDS_RULE_ENDLESS 6598
+#define IDS_RULE_UNTIL 6599
+#define IDS_RULE_END_OVER 6600
+#define IDS_RULE_FAULT 6601  // and one for each type of rule behind the first
+#define IDS_RULE 2130        // in the order of `RecurrenceType`
 #define IDS_RULE_EVERY_ONE 2136
 #define IDS_RULE_AND 2137
 #define IDS_MENU_UNATTACH 2080

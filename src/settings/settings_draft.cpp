@@ -118,8 +118,7 @@ const SettingRow* SettingsDraft::FirstFault() const {
   return found == rows.end() ? nullptr : &*found;
 }
 
-void SettingsDraft::Reset(SettingsPage page) {
-  const Options defaults;
+void SettingsDraft::Reset(SettingsPage page, const Options& defaults) {
   for (const SettingRow& row : SettingRows())
     if (PageOf(row.group) == page && HasValue(row)) Set(row, row.access.get(defaults));
 }

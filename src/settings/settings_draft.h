@@ -48,7 +48,7 @@ class SettingsDraft {
   const SettingRow* FirstFault() const;
 
   /// Everything on a page as it is in a new program, but for what is fixed.
-  void Reset(SettingsPage page);
+  void Reset(SettingsPage page, const Options& defaults);
 
   /// Whether the user has changed anything that `Apply` would.
   bool IsChanged() const;

@@ -122,7 +122,10 @@ HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Co
   const bool isField = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX;
   if (!isField && message != WM_CTLCOLORDLG && message != WM_CTLCOLORSTATIC && message != WM_CTLCOLORBTN)
     return nullptr;
-  if (theme.Now().contrast || IsDatePicker(control) || (isField && !theme.IsDark())) return nullptr;
+  if (theme.Now().contrast || IsDatePicker(control)) return nullptr;
+  // A field that is grey, too, which asks for the colours of a text.
+  const bool greyField = Is(control, WC_EDITW) && IsWindowEnabled(control) == 0;
+  if (!theme.IsDark() && (isField || greyField)) return nullptr;
   const WindowColours& colours = theme.Colours();
   const Colour ground = isField ? colours.field : surface;
   SetTextColor(

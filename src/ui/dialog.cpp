@@ -189,6 +189,8 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       return answer ? TRUE : FALSE;
     }
     const UINT control = LOWORD(wParam);
+    // Enter asks for the default button, be it grey or not.
+    if (control == IDOK && object->Item(IDOK) != nullptr && !IsWindowEnabled(object->Item(IDOK))) return TRUE;
     if (object->OnCommand(control, HIWORD(wParam))) return TRUE;
     if (!object->modal_) return FALSE;
     if (control == IDOK || control == IDCANCEL) object->End(static_cast<INT_PTR>(control));

@@ -144,7 +144,7 @@ TEST(SettingsDraft, LeavesWhatIsFixedAndWhatChangedMeanwhile) {
   EXPECT_EQ(draft.Value(Row(81)).number, 2222);
   EXPECT_TRUE(draft.IsEnabled(Row(82))) << "networking is on, by policy";
   draft.Set(Row(81), {3333, {}});
-  draft.Reset(SettingsPage::kNetwork);
+  draft.Reset(SettingsPage::kNetwork, {});
   draft.Set(Row(22), {1, {}});
   options.hidden = 1;
   options.makeAllVisible = 0;
@@ -157,7 +157,7 @@ TEST(SettingsDraft, LeavesWhatIsFixedAndWhatChangedMeanwhile) {
   draft.Follow(options, {});
   EXPECT_EQ(draft.Value(Row(81)).number, 1111);
   draft.Set(Row(8), {1, {}});
-  draft.Reset(SettingsPage::kNetwork);
+  draft.Reset(SettingsPage::kNetwork, {});
   draft.Apply(options);
   EXPECT_TRUE(options.netPort == Options().netPort && options.defaultImage) << "only the page is reset";
 }

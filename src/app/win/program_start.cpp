@@ -1,5 +1,6 @@
 // The start of the program: from the empty window to notes on the desktop.
 #include "app/win/crash_report.h"
+#include "app/win/first_look.h"
 #include "app/win/program.h"
 #include "app/win/registry_policy.h"
 #include "app/win/system_facts.h"
@@ -8,7 +9,6 @@
 #include "data/journal_replay.h"
 #include "data/saving.h"
 #include "editor/text_style.h"
-#include "note/papers.h"
 #include "res/resource.h"
 #include "ui/choice_dialog.h"
 #include "ui/screen.h"
@@ -142,13 +142,7 @@ void Program::WriteBack() {
 // The look of a fresh installation. Who brings options along keeps theirs.
 void Program::ChooseFirstLook() {
   if (system_.files.Exists(desk_.Folder() + Text(kOptionsFileName))) return;
-  constexpr std::int32_t kSide = 280;
-  Options& options = options_.Current();
-  options.skin = kPaperSkin;
-  options.defaultWidth = options.defaultHeight = kSide;
-  options.shadows = true;
-  // Of the named papers, which turn dark where everything does.
-  options.newJotletColour = ColourNumber(kPapers[0].r, kPapers[0].g, kPapers[0].b);
+  SetFirstLook(options_.Current());
   ApplyOptions();
 }
 

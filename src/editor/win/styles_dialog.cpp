@@ -34,6 +34,8 @@ void AddChoice(HWND list, const Text& text) {
   SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
 }
 
+FontStyle FirstFont() { return {.face = u"Segoe UI", .points10 = 105, .colour = {}}; }
+
 }  // namespace
 
 BStylesDlg::BStylesDlg(const Resources& resources, const Options& options, const HighlightColours& highlights,
@@ -88,7 +90,7 @@ void BStylesDlg::ShowHighlight() {
 void BStylesDlg::ShowSelected() {
   filling_ = true;
   const TextStyle& style = Selected();
-  SetDlgItemTextW(Handle(), IDC_STYLE_NAME, Wide(style.name));
+  if (ItemText(IDC_STYLE_NAME) != style.name) SetDlgItemTextW(Handle(), IDC_STYLE_NAME, Wide(style.name));
   const Text font = style.IsSet() ? style.faceName + u", " + IntText(Points10Of(style) / 10) + u" pt"
                                   : resources_.String(IDS_STYLE_NONE);
   SetDlgItemTextW(Handle(), IDC_STYLE_FONT_NAME, Wide(font));
@@ -103,9 +105,7 @@ void BStylesDlg::ShowSelected() {
   SetTwips(IDC_STYLE_AFTER, paragraphs.after);
   for (const int control : {IDC_STYLE_INDENT, IDC_STYLE_BEFORE, IDC_STYLE_AFTER})
     EnableWindow(Item(control), style.paragraphs.has_value());
-  for (const int control : {IDC_STYLE_NAME, IDC_STYLE_BOLD, IDC_STYLE_ITALIC, IDC_STYLE_UNDERLINE,
-                            IDC_STYLE_COLOUR, IDC_STYLE_BACK, IDC_STYLE_ALIGN, IDC_STYLE_CLEAR})
-    EnableWindow(Item(control), style.IsSet());
+  EnableWindow(Item(IDC_STYLE_CLEAR), style.IsSet());
   filling_ = false;
   InvalidateRect(Item(IDC_STYLE_LIST), nullptr, FALSE);
   InvalidateRect(Item(IDC_STYLE_COLOUR), nullptr, FALSE);
@@ -156,8 +156,7 @@ void BStylesDlg::Choose(const TextStyle& style) {
 }
 
 void BStylesDlg::ChooseFont() {
-  FontStyle font =
-      Selected().IsSet() ? EditStyleOf(Selected()).font : FontStyle{.face = u"Segoe UI", .colour = {}};
+  const FontStyle font = Selected().IsSet() ? EditStyleOf(Selected()).font : FirstFont();
   if (const auto chosen = ChooseSystemFont(Handle(), font)) Choose(WithFont(Selected(), *chosen));
 }
 
@@ -191,8 +190,16 @@ bool BStylesDlg::OnCommand(UINT control, UINT notification) {
   }
   const bool changed =
       notification == EN_CHANGE || notification == BN_CLICKED || notification == CBN_SELCHANGE;
-  if (changed && Selected().IsSet()) Read();
-  return changed;
+  if (!changed) return false;
+  // Whatever is said first of a style makes one of it.
+  if (!Selected().IsSet()) {
+    Selected() = WithFont({}, FirstFont());
+    Read();
+    ShowSelected();
+  } else {
+    Read();
+  }
+  return true;
 }
 
 void BStylesDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {

@@ -56,6 +56,9 @@ class MenuBuilder {
  private:
   // A part without entries gets no separator either.
   bool IsThere(const MenuRow& row) const {
+    // A style that nobody has made is none to choose.
+    if (row.action != nullptr && row.action->sets.what == ActionSets::kStyle)
+      return !facts_.styles[static_cast<std::size_t>(row.action->sets.value)].empty();
     if (row.other == nullptr || row.other->below != NoteMenu::kNoMenu) return true;
     return std::ranges::count(extras_.entries, row.other->part, &ExtraEntry::part) +
                std::ranges::count(extras_.colours, row.other->part, &ColourEntry::part) !=

@@ -290,6 +290,8 @@ void BJotlet::TitleChanged() {
   shownTitle_ = std::move(title);
   SetWindowTextW(Handle(), Wide(shownTitle_));
   TellChanges();
+  // Skins may hide a title that the text begins with.
+  UpdateView();
   Repaint();
 }
 

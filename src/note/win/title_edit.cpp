@@ -6,11 +6,16 @@
 #include <utility>
 
 #include "base/win/wide.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
 constexpr std::size_t kLongestTitle = 1000;
+// Pixels at 96 dots per inch.
+constexpr int kPixels = 13;
+constexpr int kAir = 4;
+constexpr int kInset = 8;
 
 Text TextOf(HWND edit) {
   Text text(kLongestTitle + 1, u'\0');
@@ -29,14 +34,18 @@ TitleEdit::~TitleEdit() {
 bool TitleEdit::Open(HWND window, const Rect& area, const Text& title,
                      std::function<void(const Text* title, HWND focus)> done) {
   if (edit_ != nullptr) return true;
-  edit_ =
-      CreateWindowExW(0, L"EDIT", Wide(title), WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, area.left, area.top,
-                      area.Width(), area.Height(), window, nullptr, GetModuleHandleW(nullptr), nullptr);
+  const int dpi = static_cast<int>(GetDpiForWindow(window));
+  const int air = MulDiv(kAir, dpi, 96);
+  const int height = std::min(MulDiv(kPixels, dpi, 96), area.Height() - air);
+  font_.reset(CreateFontW(-height, 0, 0, 0, FW_SEMIBOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                          CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+  const int field = std::min(FieldHeight(font_.get()), area.Height());
+  const int inset = std::min(MulDiv(kInset, dpi, 96), area.Width() / 4);
+  edit_ = CreateWindowExW(0, L"EDIT", Wide(title), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL,
+                          area.left + inset, area.top + (area.Height() - field) / 2, area.Width() - 2 * inset,
+                          field, window, nullptr, GetModuleHandleW(nullptr), nullptr);
   if (edit_ == nullptr) return false;
   done_ = std::move(done);
-  constexpr std::int32_t kAir = 4;
-  font_.reset(CreateFontW(-std::max(area.Height() - kAir, kAir), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                          DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"Segoe UI"));
   SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   SendMessageW(edit_, EM_LIMITTEXT, kLongestTitle, 0);
   SendMessageW(edit_, EM_SETSEL, 0, -1);

@@ -115,7 +115,8 @@ LocalTime BRecurranceDlg::ShowTimes() {
   const bool later = known && record_.sleep.nextWake > now.utc;
   const LocalTime start = later ? clock_.ToLocal(record_.sleep.nextWake) : now.local;
   const bool ends = known && record_.sleep.lastWake > now.utc;
-  const LocalTime end = ends ? clock_.ToLocal(record_.sleep.lastWake) : now.local;
+  constexpr std::int64_t kLater = std::int64_t{30} * 24 * 60 * 60;  // what is suggested for an end
+  const LocalTime end = clock_.ToLocal(ends ? record_.sleep.lastWake : now.utc + kLater);
   SetPicker(Item(IDC_REC_TIME), ofDay);
   for (const int picker : {IDC_REC_START_DATE, IDC_REC_START_TIME}) SetPicker(Item(picker), start);
   for (const int picker : {IDC_REC_END_DATE, IDC_REC_END_TIME}) SetPicker(Item(picker), end);
@@ -244,9 +245,13 @@ void BRecurranceDlg::ShowWords() {
                      : next.kind == Kind::kNotBeforeEnd ? IDS_APPEARS_TOO_LATE
                                                         : IDS_APPEARS_NEVER;
   const Text time = TimeInWords(clock_.ToLocal(next.time));
-  SetWords(IDC_REC_WORDS, ReplaceAll(resources_.String(words), u"%s", time));
+  const bool faulty = !FaultOf(chosen.rule).empty();
+  const UINT fault =
+      IDS_RULE_FAULT + static_cast<UINT>(std::clamp<std::int32_t>(chosen.rule.type, kDaily, kEvery));
+  SetWords(IDC_REC_WORDS,
+           faulty ? resources_.String(fault) : ReplaceAll(resources_.String(words), u"%s", time));
   EnableWindow(Item(IDOK), next.kind != Kind::kNever);
-  SetWords(IDC_REC_SENTENCE, SentenceOf(chosen.rule));
+  SetWords(IDC_REC_SENTENCE, faulty ? Text() : SentenceOf(chosen.rule) + u" " + EndInWords(chosen));
   ShowDates(chosen);
 }
 
@@ -259,6 +264,12 @@ Text BRecurranceDlg::SentenceOf(const WakeRule& rule) const {
   const auto textOf = [this](std::uint32_t id) { return resources_.String(id); };
   const LocalTime ofDay{2000, 1, 1, rule.hours, rule.minutes, 0};
   return RuleInWords(rule, {textOf, DayNames(), MonthNames(), ShownTimeOfDay(ofDay)});
+}
+
+Text BRecurranceDlg::EndInWords(const Recurrence& chosen) const {
+  if (!IsOn(IDC_REC_ENDS)) return resources_.String(IDS_RULE_ENDLESS);
+  if (chosen.end == kNone) return resources_.String(IDS_RULE_END_OVER);
+  return ReplaceAll(resources_.String(IDS_RULE_UNTIL), u"%s", TimeInWords(clock_.ToLocal(chosen.end)));
 }
 
 void BRecurranceDlg::ShowDates(const Recurrence& chosen) {

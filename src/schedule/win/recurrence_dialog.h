@@ -45,6 +45,7 @@ class BRecurranceDlg final : public Dialog {
   void ShowWords();
   void SetWords(int control, const Text& words);
   Text SentenceOf(const WakeRule& rule) const;
+  Text EndInWords(const Recurrence& chosen) const;
   void ShowDates(const Recurrence& chosen);
   void ChooseDay(int radio);
   bool IsOn(int control) const { return IsDlgButtonChecked(Handle(), control) == BST_CHECKED; }

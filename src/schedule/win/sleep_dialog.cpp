@@ -22,10 +22,11 @@ void BSleepDlg::OnInit() {
   SendDlgItemMessageW(Handle(), IDC_SLEEP_SPIN, UDM_SETRANGE32, 1, 9999);
   SetDlgItemInt(Handle(), IDC_SLEEP_NUMBER, static_cast<UINT>(options_.sleepValues[0]), TRUE);
   FillUnits(options_.sleepValues[1]);
-  const LocalTime now = clock_.Now().local;
+  constexpr std::int64_t kLater = 60 * 60;  // now would be over at once
+  const LocalTime later = clock_.ToLocal(clock_.Now().utc + kLater);
   SetClockForm(Item(IDC_SLEEP_TIME));
-  SetPicker(Item(IDC_SLEEP_DATE), now);
-  SetPicker(Item(IDC_SLEEP_TIME), now);
+  SetPicker(Item(IDC_SLEEP_DATE), later);
+  SetPicker(Item(IDC_SLEEP_TIME), later);
   Choose(IDC_SLEEP_FOR);
   ShowPresets();
   if (form_ == Form::kSleep) {

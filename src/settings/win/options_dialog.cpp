@@ -234,7 +234,7 @@ bool BOptionsDlg::OnCommand(UINT control, UINT notification) {
 void BOptionsDlg::Reset() {
   const Text name = resources_.String(IDS_SETTINGS_PAGE + static_cast<UINT>(page_));
   if (!AskFirst(Handle(), resources_, IDS_SETTING_RESET, name) || !IsOpen()) return;
-  draft_->Reset(page_);
+  draft_->Reset(page_, owner_.FirstOptions());
   PageAt(page_).Fill();
   ShowApply();
 }

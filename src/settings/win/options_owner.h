@@ -14,6 +14,8 @@ class OptionsOwner {
   virtual ~OptionsOwner() = default;
 
   virtual Options& CurrentOptions() = 0;
+  /// Those of a fresh installation.
+  virtual Options FirstOptions() = 0;
   /// What the administrator fixes now.
   virtual Policy PolicyNow() = 0;
   /// The user has confirmed settings: they take effect, and are written. `before` is how they were.

@@ -45,9 +45,8 @@ void BOpTab::SetBounds(const Rect& area) {
 }
 
 void BOpTab::OnInit() {
-  const auto page = static_cast<UINT>(page_);
-  head_ = {IDS_SETTINGS_PAGE + page};
-  about_ = {IDS_SETTINGS_PAGE_ABOUT + page};
+  head_ = {IDS_SETTINGS_PAGE + static_cast<UINT>(page_)};
+  about_ = {IDS_SETTINGS_PAGE_ABOUT + static_cast<UINT>(page_)};
   for (const SettingRow& row : SettingRows()) {
     if (PageOf(row.group) != page_) continue;
     if (settings_.empty() || settings_.back().Row().group != row.group)
@@ -318,10 +317,12 @@ void BOpTab::Browse(const SettingControls& setting) {
   if (!chosen.empty()) SetWindowTextW(setting.Item(SettingControls::kMain), Wide(chosen));
 }
 
+// Several fields may share a row.
 Text BOpTab::FaultText(const SettingRow& row, SettingFault fault) const {
   if (fault == SettingFault::kNothing) return {};
+  const std::int32_t bound = fault == SettingFault::kTooSmall ? row.minimum : row.maximum;
   const Text text = context_.resources.String(IDS_SETTING_FAULT + static_cast<UINT>(fault));
-  return ReplaceAll(text, u"%n", IntText(fault == SettingFault::kTooSmall ? row.minimum : row.maximum));
+  return context_.resources.String(IDS_SETTING + row.id) + u": " + ReplaceAll(text, u"%n", IntText(bound));
 }
 
 Text BOpTab::Doubt(const SettingControls& setting) const {

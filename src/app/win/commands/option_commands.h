@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "app/win/commands/skin_commands.h"
+#include "app/win/first_look.h"
 #include "app/win/program_saving.h"
 #include "backup/win/backup_commands.h"
 #include "data/options_keeper.h"
@@ -37,6 +38,11 @@ class OptionCommands final : private OptionsOwner {
   BOptionsDlg& Dialog() { return dialog_; }
 
  private:
+  Options FirstOptions() override {
+    Options options;
+    SetFirstLook(options);
+    return options;
+  }
   Options& CurrentOptions() override { return tools_.options.Current(); }
   Policy PolicyNow() override;
   void OnOptionsChanged(const Options& before) override;
