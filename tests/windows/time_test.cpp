@@ -144,6 +144,33 @@ TEST_F(TimeTest, KeysQuietenASoundingNoteOrLetItSnoozeAndTheMenuPutsItAway) {
   EXPECT_TRUE(FlagsOf(asleep).alarm);
 }
 
+TEST_F(TimeTest, ARecurrenceIsSetByKeysAndEnterTakesNoneThatCannotBe) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {100, 100}, u"Stand-up")}, kLoud));
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Stand-up")));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  for (int press = 0; press < 2; ++press) PressKeys({'R'});
+  const HWND dialog = DialogInFront();
+  ASSERT_EQ(TextOfWindow(dialog), u"Set Recurrence");
+  PressKeys({VK_MENU, 'E'});
+  PressKeys({VK_TAB});
+  TypeText(u"0");
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindowEnabled(GetDlgItem(dialog, IDOK)); }));
+  PressKeys({VK_RETURN});
+  PressKeys({VK_MENU, 'W'});
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowVisible(GetDlgItem(dialog, IDC_REC_WORKING_DAYS)); }));
+  EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_REC_COUNT))) << "one row at a time";
+  for (int press = 0; press < 3; ++press) PressKeys({VK_TAB});
+  PressKeys({VK_SPACE});
+  EXPECT_TRUE(WaitUntil([&] { return SendDlgItemMessageW(dialog, IDC_REC_NEXT, LB_GETCOUNT, 0, 0) == 5; }));
+  PressKeys({VK_TAB});  // Enter would press the button once more
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
+  const JotletData source = Saved(u"AA01");
+  EXPECT_EQ(source.sleep.type, 2);
+  EXPECT_EQ(source.sleep.day, 31) << "Monday to Friday";
+}
+
 TEST_F(TimeTest, ASourceSendsACopyAndWhatFellDueMeanwhileComesAtTheNextStart) {
   ASSERT_TRUE(StartProgramWith(
       {NoteRecord(u"AA01", {100, 100}, u"Tea"), NoteRecord(u"AA02", {700, 100}, u"Late")}, kLoud));
