@@ -45,7 +45,8 @@ bool IsDrawnByOwner(DressedControl kind, HWND control) {
 
 void PaintKind(DressedControl kind, const DarkPicture& picture) {
   switch (kind) {
-    case DressedControl::kButton: return DrawDarkButton(picture);
+    case DressedControl::kButton:
+    case DressedControl::kGroup: return DrawDarkButton(picture);
     case DressedControl::kComboBox: return DrawDarkComboBox(picture);
     case DressedControl::kTabs: return DrawDarkTabs(picture);
     case DressedControl::kHeader: return DrawDarkHeader(picture);
@@ -64,11 +65,6 @@ void ExcludeField(HWND control, HDC dc) {
   ExcludeClipRect(dc, area.left, area.top, area.right, area.bottom);
 }
 
-bool IsGroup(DressedControl kind, HWND control) {
-  return kind == DressedControl::kButton &&
-         (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
-
 // Drawn whole, then shown: nothing flickers. What lies inside a group is not its own.
 void Paint(DressedControl kind, HWND control, const Theme& theme) {
   PAINTSTRUCT paint{};
@@ -78,7 +74,7 @@ void Paint(DressedControl kind, HWND control, const Theme& theme) {
   const HFONT font = FontOf(control);
   const UniqueDc memory(CreateCompatibleDC(dc));
   const UniqueBitmap bitmap(CreateCompatibleBitmap(dc, area.right, area.bottom));
-  if (IsGroup(kind, control)) {
+  if (kind == DressedControl::kGroup) {
     const Selected selected(dc, font);
     SetBkMode(dc, TRANSPARENT);
     PaintKind(kind, {control, dc, area, theme.Colours()});

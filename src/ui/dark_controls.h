@@ -13,6 +13,7 @@ namespace jotlets {
 
 enum class DressedControl : std::uint8_t {
   kButton,
+  kGroup,  // in the light, too: its head stands on the surface
   kComboBox,
   kTabs,
   kHeader,

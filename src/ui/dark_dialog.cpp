@@ -69,9 +69,10 @@ LRESULT CALLBACK ServeDressed(HWND control, UINT message, WPARAM wParam, LPARAM 
                               DWORD_PTR object) noexcept {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(control, ServeDressed, id);
   const auto& theme = *reinterpret_cast<const Theme*>(object);
-  if (!theme.IsDark()) return DefSubclassProc(control, message, wParam, lParam);
+  const auto kind = static_cast<DressedControl>(id - kDress);
+  const bool isOurs = kind == DressedControl::kGroup ? !theme.Now().contrast : theme.IsDark();
+  if (!isOurs) return DefSubclassProc(control, message, wParam, lParam);
   try {
-    const auto kind = static_cast<DressedControl>(id - kDress);
     if (const auto answer = ServeDarkControl(kind, control, message, wParam, lParam, theme)) return *answer;
   } catch (...) {
     OutputDebugStringW(L"an exception left a control undrawn");
@@ -85,8 +86,10 @@ BOOL CALLBACK DressControl(HWND control, LPARAM object) {
   const DressedClass* found = ClassOf(control);
   // A picker stays light as a whole: what it consists of is not ours to draw.
   if (found == nullptr || IsDatePicker(GetParent(control))) return TRUE;
-  const UINT_PTR id = kDress + static_cast<UINT_PTR>(found->kind);
-  if (theme.IsDark()) {
+  const bool isGroup = found->kind == DressedControl::kButton &&
+                       (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+  const UINT_PTR id = kDress + static_cast<UINT_PTR>(isGroup ? DressedControl::kGroup : found->kind);
+  if (theme.IsDark() || isGroup) {
     SetWindowSubclass(control, ServeDressed, id, static_cast<DWORD_PTR>(object));
   } else if (RemoveWindowSubclass(control, ServeDressed, id) == FALSE) {
     return TRUE;
