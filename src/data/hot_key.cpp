@@ -45,6 +45,10 @@ Text HotKeyText(const HotKey& hotKey) {
   return other.substr(0, other.size() - KeyText({}, kPause).size()) + u"Key " + IntText(hotKey.key);
 }
 
+bool IsCommonKey(const HotKey& hotKey) {
+  return hotKey.key > 0 && !hotKey.windowsKey && int{hotKey.ctrl} + int{hotKey.alt} + int{hotKey.shift} < 2;
+}
+
 HotKeyPress MeaningOfPress(const HotKey& pressed) {
   const std::int32_t key = pressed.key;
   const bool plain = !pressed.windowsKey && !pressed.ctrl && !pressed.alt;

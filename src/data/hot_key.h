@@ -20,6 +20,10 @@ struct HotKey {
 /// In words ("Win+Alt+S"); empty for none. A key that has no name is shown by its number.
 Text HotKeyText(const HotKey& hotKey);
 
+/// Whether programs have the key as one of their own, which it would not reach any more: without the Windows
+/// key and with no more than one of the others.
+bool IsCommonKey(const HotKey& hotKey);
+
 /// What a press means where a hot key is asked for.
 enum class HotKeyPress {
   kTake,    // it is the hot key from now on

@@ -412,6 +412,7 @@
 #define IDS_SETTING_KEY_TWICE 5586
 #define IDS_SETTING_NO_SOUND 5587
 #define IDS_SETTING_NO_FOLDER 5588
+#define IDS_SETTING_KEY_COMMON 5589
 #define IDS_LANGUAGE 5585  // a translation says its own name
 #define ID_STYLES 1013
 // The help: the numbers of res/help.rc. A command without a menu entry has its text under its own number.

@@ -51,5 +51,13 @@ TEST(HotKeyPress, IsTakenOnlyWhenTypingAndTheDialogDoNotNeedIt) {
     EXPECT_EQ(MeaningOfPress(clears), HotKeyPress::kClear) << ToUtf8(HotKeyText(clears));
 }
 
+TEST(HotKeyPress, IsDoubtedWhereOtherProgramsHaveTheKey) {
+  for (const HotKey& common : {Plain(kF9), HotKey{false, false, true, false, 'S'}, WithAlt(kF9)})
+    EXPECT_TRUE(IsCommonKey(common)) << ToUtf8(HotKeyText(common));
+  for (const HotKey& own :
+       {HotKey{true, false, false, false, 'S'}, HotKey{false, false, true, true, 'N'}, HotKey{}})
+    EXPECT_FALSE(IsCommonKey(own)) << ToUtf8(HotKeyText(own));
+}
+
 }  // namespace
 }  // namespace jotlets

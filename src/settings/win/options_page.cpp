@@ -317,33 +317,6 @@ void BOpTab::Browse(const SettingControls& setting) {
   if (!chosen.empty()) SetWindowTextW(setting.Item(SettingControls::kMain), Wide(chosen));
 }
 
-// Several fields may share a row.
-Text BOpTab::FaultText(const SettingRow& row, SettingFault fault) const {
-  if (fault == SettingFault::kNothing) return {};
-  const std::int32_t bound = fault == SettingFault::kTooSmall ? row.minimum : row.maximum;
-  const Text text = context_.resources.String(IDS_SETTING_FAULT + static_cast<UINT>(fault));
-  return context_.resources.String(IDS_SETTING + row.id) + u": " + ReplaceAll(text, u"%n", IntText(bound));
-}
-
-Text BOpTab::Doubt(const SettingControls& setting) const {
-  const SettingRow& row = setting.Row();
-  const Text entered = setting.Entered();
-  if (row.control == SettingControl::kHotKey) {
-    if (const SettingRow* other = context_.draft.SameHotKey(row))
-      return ReplaceAll(context_.resources.String(IDS_SETTING_KEY_TWICE), u"%s",
-                        context_.resources.String(IDS_SETTING + other->id));
-  } else if (!entered.empty() && row.control == SettingControl::kSound) {
-    const DWORD file = GetFileAttributesW(Wide(entered));
-    if (file == INVALID_FILE_ATTRIBUTES || (file & FILE_ATTRIBUTE_DIRECTORY) != 0)
-      return context_.resources.String(IDS_SETTING_NO_SOUND);
-  } else if (!entered.empty() && row.control == SettingControl::kFolder) {
-    const DWORD folder = GetFileAttributesW(Wide(entered));
-    if (folder == INVALID_FILE_ATTRIBUTES || (folder & FILE_ATTRIBUTE_DIRECTORY) == 0)
-      return context_.resources.String(IDS_SETTING_NO_FOLDER);
-  }
-  return {};
-}
-
 HBRUSH BOpTab::OnColours(HDC dc, HWND control) {
   const auto id = static_cast<UINT>(GetDlgCtrlID(control));
   const SettingControls* setting = control == nullptr ? nullptr : Find(id);
