@@ -6,7 +6,7 @@
 
 #include "base/beside.h"
 #include "ui/areas.h"
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 #include "ui/screen.h"
 #include "ui/tall_dialog.h"
 #include "ui/window.h"

@@ -9,7 +9,7 @@
 #include "base/win/wide.h"
 #include "editor/win/edit_text.h"
 #include "ui/areas.h"
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 
 namespace jotlets {
 namespace {

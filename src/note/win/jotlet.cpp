@@ -7,7 +7,7 @@
 #include "note/win/find_strip.h"
 #include "note/win/picture_content.h"
 #include "note/win/text_content.h"
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -174,8 +174,10 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: content_->OnNotify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
     case WM_COMMAND: return OnControl(LOWORD(wParam), HIWORD(wParam));
     case WM_CTLCOLOREDIT:
-      return reinterpret_cast<LRESULT>(ControlColours(message, reinterpret_cast<HDC>(wParam),
-                                                      reinterpret_cast<HWND>(lParam), context_.theme, {}));
+      if (const HBRUSH brush = ControlColours(message, reinterpret_cast<HDC>(wParam),
+                                              reinterpret_cast<HWND>(lParam), context_.theme, {}))
+        return reinterpret_cast<LRESULT>(brush);
+      break;
     case WM_PARENTNOTIFY:
       // A click into the editor.
       if (LOWORD(wParam) != WM_LBUTTONDOWN) return 0;

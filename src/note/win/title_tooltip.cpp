@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include "base/win/wide.h"
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 #include "ui/window.h"
 
 namespace jotlets {

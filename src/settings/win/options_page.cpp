@@ -8,7 +8,7 @@
 #include "note/papers.h"
 #include "res/resource.h"
 #include "ui/areas.h"
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 #include "ui/system_choosers.h"
 #include "ui/window.h"
 

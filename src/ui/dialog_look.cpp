@@ -1,4 +1,4 @@
-#include "ui/dark_dialog.h"
+#include "ui/dialog_look.h"
 
 #include <commctrl.h>
 
