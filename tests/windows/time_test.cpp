@@ -135,6 +135,12 @@ TEST_F(TimeTest, KeysQuietenASoundingNoteOrLetItSnoozeAndTheMenuPutsItAway) {
   PressKeys({VK_ESCAPE});
   EXPECT_TRUE(Settles(NoteTitled(u"One"), place));
   EXPECT_EQ(Saved(u"AA01").alarm, kNone);
+  ASSERT_EQ(Reply(u"do alarmstart AA01"), u"000 OK alarmed");
+  EXPECT_TRUE(Jiggles(NoteTitled(u"One"), place));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  PressKeys({'H'});
+  EXPECT_TRUE(WaitUntil([&] { return std::abs(Saved(u"AA01").alarm - Now() - 60 * 60) < 60; }));
   PressKeys({VK_CONTROL, VK_APPS});
   ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
   for (const WORD key : {WORD{'R'}, WORD{'2'}}) PressKeys({key});

@@ -142,38 +142,58 @@ void TimeCommands::ClearAlarm(BJotlet& jotlet) {
 void TimeCommands::PlayAlarm() { PlayAlarmSound(options_, log_, kAlarmSound, true); }
 
 void TimeCommands::Snooze(BJotlet& jotlet) {
-  enum : UINT { kSnooze = 1, kSnoozeAndSleep, kDismiss };
+  enum : UINT { kSnooze = 1, kSnoozeAndSleep, kDismiss, kOther, kLater };
   const Text id = jotlet.StoredRecord().id;
   const Point at = jotlet.MenuPlace(false);
   jotlet.StopAlarm();
   const UniqueMenu menu(CreatePopupMenu());
+  const auto append = [&menu](UINT command, const Text& text, Icon icon) {
+    AppendMenuW(menu.get(), MF_STRING, command, Wide(text));
+    SetLastMenuIcon(menu.get(), icon);
+  };
   for (const UINT command : {kSnooze, kSnoozeAndSleep}) {
     const Text words = resources_.String(command == kSnooze ? IDS_SNOOZE : IDS_SNOOZE_AND_SLEEP);
     const Text minutes = ReplaceAll(words, u"%i", IntText(options_.snoozeMinutes));
     Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
     if (command == kSnooze) text += u"\tShift+Esc";
-    AppendMenuW(menu.get(), MF_STRING, command, Wide(text));
-    SetLastMenuIcon(menu.get(), command == kSnooze ? Icon::kClock : Icon::kMoon);
+    append(command, text, command == kSnooze ? Icon::kClock : Icon::kMoon);
   }
   AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-  const Text dismiss = resources_.String(IDS_DISMISS) + u"\tEsc";
-  AppendMenuW(menu.get(), MF_STRING, kDismiss, Wide(dismiss));
-  SetLastMenuIcon(menu.get(), Icon::kBellOff);
+  const std::vector<LaterAlarm> later = LaterAlarms();
+  for (std::size_t i = 0; i < later.size(); ++i)
+    append(kLater + static_cast<UINT>(i),
+           later[i].words + u"\t" + ShownSoon(clock_.ToLocal(later[i].time), clock_.Now().local),
+           Icon::kClock);
+  append(kOther, resources_.String(IDS_SNOOZE_OTHER), Icon::kBell);
+  AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+  append(kDismiss, resources_.String(IDS_DISMISS) + u"\tEsc", Icon::kBellOff);
   const UINT chosen = ChooseFromMenu(resources_.Look(), menu.get(), at, jotlet.Handle());
-  // Quiet it is already.
-  if (chosen != 0 && chosen != kDismiss) SnoozeNote(id, chosen == kSnoozeAndSleep);
+  if (chosen == kSnooze || chosen == kSnoozeAndSleep)
+    return SnoozeNote(id, SnoozeUntil(Now(), options_.snoozeMinutes), chosen == kSnoozeAndSleep);
+  if (chosen >= kLater) return SnoozeNote(id, later[chosen - kLater].time, false);
+  BJotlet* still = notes_.Find(id);
+  if (chosen == kOther && still != nullptr) Alarm(*still);
+}
+
+std::vector<TimeCommands::LaterAlarm> TimeCommands::LaterAlarms() const {
+  constexpr std::int32_t kQuarter = 15;
+  constexpr std::int32_t kHour = 60;
+  std::vector<LaterAlarm> later{{resources_.String(IDS_SNOOZE_QUARTER), SnoozeUntil(Now(), kQuarter)},
+                                {resources_.String(IDS_SNOOZE_HOUR), SnoozeUntil(Now(), kHour)}};
+  if (const auto morning = PresetTime(Preset::kTomorrowMorning))
+    later.push_back({resources_.String(IDS_PRESET + static_cast<UINT>(Preset::kTomorrowMorning)), *morning});
+  return later;
 }
 
 void TimeCommands::SnoozeNow(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
   jotlet.StopAlarm();
-  SnoozeNote(id, false);
+  SnoozeNote(id, SnoozeUntil(Now(), options_.snoozeMinutes), false);
 }
 
-void TimeCommands::SnoozeNote(const Text& id, bool sleeps) {
+void TimeCommands::SnoozeNote(const Text& id, std::int64_t time, bool sleeps) {
   BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr || state_.exiting) return;
-  const std::int64_t time = SnoozeUntil(Now(), options_.snoozeMinutes);
   jotlet->SetAlarm(RecordTime(time));
   const WakeFlags flags{false, false, jotlet->StoredRecord().onTop};
   if (sleeps) desk_.Sleep(id, time, flags);

@@ -53,7 +53,14 @@ class TimeCommands {
   std::optional<std::int64_t> PresetTime(Preset preset) const;
   void OfferAsleep(std::vector<Text> ids, const Rect& place);
   void SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime, const WakeFlags& flags);
-  void SnoozeNote(const Text& id, bool sleeps);
+  void SnoozeNote(const Text& id, std::int64_t time, bool sleeps);
+
+  /// A time to put an alarm off to, and how the menu calls it.
+  struct LaterAlarm {
+    Text words;
+    std::int64_t time = 0;
+  };
+  std::vector<LaterAlarm> LaterAlarms() const;
 
   std::int64_t Now() const { return clock_.Now().utc; }
 
