@@ -271,6 +271,24 @@ double OpenOptions(const RunningSubject& subject) {
   return Median(times);
 }
 
+// From a page to the next and painted, when both have been shown before; next to the bare dialog shown anew.
+double TurnPage(const RunningSubject& subject) {
+  if (subject.What().bare) return OpenOptions(subject);
+  constexpr int kTurns = 14;
+  SendMessageW(subject.Endpoint(), WM_COMMAND, ID_OPTIONS, 0);
+  const HWND dialog = FindWindowW(nullptr, L"Options");
+  std::vector<double> times;
+  for (int i = 0; i < kTurns; ++i) {
+    const double begin = Seconds();
+    SendDlgItemMessageW(dialog, IDC_OPTIONS_PAGES, LB_SETCURSEL, static_cast<WPARAM>(i % 2), 0);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_OPTIONS_PAGES, LBN_SELCHANGE), 0);
+    RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    if (i > 1) times.push_back(Seconds() - begin);
+  }
+  SendMessageW(dialog, WM_CLOSE, 0, 0);
+  return Median(times);
+}
+
 struct Figure {
   const char* name = nullptr;
   int notes = 0;
@@ -295,6 +313,7 @@ constexpr Figure kFigures[] = {
     {"event, 20 listeners", 10, EventToTwenty, 1e6, "us", "-"},
     {"set, 10000 notes", 10, SetTitle, 1000, "ms", "-", 1, false, 9990},
     {"options, 10 notes", 10, OpenOptions, 1000, "ms", "1.3"},
+    {"page of the options, 10 notes", 10, TurnPage, 1000, "ms", "-"},
     {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
     // The system's own work for this grows with the square of the windows, and takes minutes for many of
     // them.
