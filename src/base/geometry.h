@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -58,6 +59,14 @@ constexpr bool Overlap(const Rect& a, const Rect& b) {
 constexpr Rect RectAt(Point topLeft, Size size) {
   return {topLeft.x, topLeft.y, Saturated(std::int64_t{topLeft.x} + size.width),
           Saturated(std::int64_t{topLeft.y} + size.height)};
+}
+
+/// How much of a pixel of a corner's square the round corner covers, 0 to 255; (0, 0) is the outermost one.
+inline std::uint32_t CornerCoverage(Point at, std::int32_t radius) {
+  const double across = radius - at.x - 0.5;
+  const double up = radius - at.y - 0.5;
+  const double inside = radius + 0.5 - std::sqrt(across * across + up * up);
+  return static_cast<std::uint32_t>(std::lround(255 * std::clamp(inside, 0.0, 1.0)));
 }
 
 /// How many pixels of a row a round corner leaves out; row 0 is the outermost one.

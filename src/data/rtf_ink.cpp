@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 
 namespace jotlets {
 namespace {
@@ -42,12 +43,73 @@ std::string_view WordAt(std::string_view rtf, std::size_t at) {
   return rtf.substr(at, end - at);
 }
 
-// The text with the colour `number` wherever it goes back to none.
-std::string Recoloured(std::string_view rtf, const std::string& number) {
+// The number behind a word's letters; 0 for none, and for one that no table has.
+std::size_t NumberOf(std::string_view word) {
+  constexpr std::size_t kMaxDigits = 6;
+  const std::size_t at = word.find_first_of("0123456789");
+  if (at == std::string_view::npos || word.find('-') != std::string_view::npos) return 0;
+  if (word.size() - at > kMaxDigits) return 0;
+  return static_cast<std::size_t>(std::stoul(std::string(word.substr(at))));
+}
+
+bool IsWord(std::string_view word, std::string_view name) {
+  return word.starts_with(name) && (word.size() == name.size() || !IsLetter(word[name.size()]));
+}
+
+std::optional<Colour> ColourOf(std::string_view entry) {
+  const auto channel = [entry](std::string_view name) -> std::optional<std::uint8_t> {
+    const std::size_t at = entry.find(name);
+    if (at == std::string_view::npos) return std::nullopt;
+    const std::size_t value = NumberOf(WordAt(entry, at));
+    return value <= 255 ? std::optional(static_cast<std::uint8_t>(value)) : std::nullopt;
+  };
+  const auto red = channel("\\red");
+  const auto green = channel("\\green");
+  const auto blue = channel("\\blue");
+  if (!red || !green || !blue) return std::nullopt;
+  return Colour{*red, *green, *blue};
+}
+
+// On which black can be read.
+bool IsLight(Colour colour) {
+  constexpr int kMiddle = 128;
+  return (colour.r * 299 + colour.g * 587 + colour.b * 114) / 1000 >= kMiddle;
+}
+
+// The colours of a text: those of its table, and which numbers they are shown by.
+struct Palette {
+  std::vector<std::optional<Colour>> own;  // nothing: no colour
+  std::vector<std::size_t> shownAs;
+  std::size_t ink = 0;
+  std::size_t inkOnMarks = 0;
+
+  bool IsLightMark(std::size_t number) const {
+    return number < own.size() && own[number] && IsLight(*own[number]);
+  }
+};
+
+struct Characters {
+  std::size_t colour = 0;
+  bool marked = false;  // in a light colour
+
+  std::size_t Shown(const Palette& palette) const {
+    if (colour == 0) return marked ? palette.inkOnMarks : palette.ink;
+    return marked || colour >= palette.shownAs.size() ? colour : palette.shownAs[colour];
+  }
+};
+
+std::string Recoloured(std::string_view rtf, const Palette& palette) {
   std::string made;
   made.reserve(rtf.size() + 64);
+  std::vector<Characters> outer;
+  Characters now;
   for (std::size_t at = 0; at < rtf.size();) {
     if (rtf[at] != '\\') {
+      if (rtf[at] == '{') outer.push_back(now);
+      if (rtf[at] == '}' && !outer.empty()) {
+        now = outer.back();
+        outer.pop_back();
+      }
       made.push_back(rtf[at++]);
       continue;
     }
@@ -55,47 +117,98 @@ std::string Recoloured(std::string_view rtf, const std::string& number) {
     at += word.size();
     // What follows are bytes, not text.
     if (word.starts_with("\\bin")) return made.append(word).append(rtf.substr(at));
-    const bool none = word == "\\cf0" || word == "\\cf";
-    if (!none) made.append(word);
-    if (none || word == "\\plain") made.append("\\cf").append(number);
+    const std::size_t before = now.Shown(palette);
+    const bool colour = IsWord(word, "\\cf");
+    const bool plain = word == "\\plain";
+    if (plain) now = {};
+    if (colour) now.colour = NumberOf(word);
+    if (IsWord(word, "\\highlight")) now.marked = palette.IsLightMark(NumberOf(word));
+    if (!colour) made.append(word);
+    if (colour || plain || now.Shown(palette) != before)
+      made.append("\\cf").append(std::to_string(now.Shown(palette)));
   }
   return made;
 }
 
+bool IsKnown(const Palette& palette, const ShownColours& shown, Colour colour) {
+  return std::ranges::find(palette.own, std::optional(colour)) != palette.own.end() ||
+         std::ranges::find(shown, colour, &ShownColours::value_type::first) != shown.end();
+}
+
+// A hair beside it when it stands for something else already.
+Colour Distinct(Colour wanted, Colour ink, const Palette& palette, const ShownColours& shown) {
+  constexpr int kTries = 8;
+  Colour tried = wanted;
+  for (int bits = 1;
+       bits < kTries && (tried == ink || tried == kInkOnMarks || IsKnown(palette, shown, tried)); ++bits) {
+    const auto bit = [bits](int at) { return static_cast<std::uint8_t>(bits >> at & 1); };
+    tried.b = static_cast<std::uint8_t>(wanted.b ^ bit(0));
+    tried.g = static_cast<std::uint8_t>(wanted.g ^ bit(1));
+    tried.r = static_cast<std::uint8_t>(wanted.r ^ bit(2));
+  }
+  return tried;
+}
+
 }  // namespace
 
-std::string WithInk(std::string_view rtf, Colour ink) {
+std::string WithInk(std::string_view rtf, Colour ink, const LegibleColour& legible, ShownColours& shown) {
+  shown.clear();
   const std::string entry = EntryOf(ink);
   const Table table = FindTable(rtf);
+  Palette palette;
   if (!table.Found()) {
     // The table stands before what uses it: behind the first word, which tells that this is rich text.
     if (!rtf.starts_with("{\\rtf")) return std::string(rtf);
     const std::size_t head = 1 + WordAt(rtf, 1).size();
+    palette.ink = palette.inkOnMarks = 1;
     return std::string(rtf.substr(0, head)) + std::string(kTable) + ";" + entry + "}" +
-           Recoloured(rtf.substr(head), "1");
+           Recoloured(rtf.substr(head), palette);
   }
   std::string entries;
-  std::size_t count = 0;
   std::string_view rest = rtf.substr(table.begin, table.end - table.begin);
-  for (std::size_t end = rest.find(';'); end != std::string_view::npos; end = rest.find(';'), ++count) {
+  for (std::size_t end = rest.find(';'); end != std::string_view::npos; end = rest.find(';')) {
     const std::string_view old = rest.substr(0, end + 1);
     // The first entry is what text without a colour has, in every editor.
-    const bool empty = count > 0 && old.find('\\') == std::string_view::npos;
+    const bool empty = !palette.own.empty() && old.find('\\') == std::string_view::npos;
     entries += empty ? std::string_view(entry) : old;
+    palette.own.push_back(ColourOf(old));
     rest.remove_prefix(end + 1);
   }
-  return std::string(rtf.substr(0, table.begin)) + entries + entry + "}" +
-         Recoloured(rtf.substr(table.end + 1), std::to_string(count));
+  std::size_t next = palette.own.size();
+  palette.ink = next++;
+  entries += entry;
+  palette.inkOnMarks = next++;
+  entries += EntryOf(kInkOnMarks);
+  for (std::size_t number = 0; number < palette.own.size(); ++number) {
+    palette.shownAs.push_back(number);
+    const std::optional<Colour>& own = palette.own[number];
+    const Colour wanted = own ? legible(*own) : Colour{};
+    if (!own || wanted == *own) continue;
+    palette.shownAs.back() = next++;
+    shown.emplace_back(Distinct(wanted, ink, palette, shown), *own);
+    entries += EntryOf(shown.back().first);
+  }
+  return std::string(rtf.substr(0, table.begin)) + entries + "}" +
+         Recoloured(rtf.substr(table.end + 1), palette);
 }
 
-std::string WithoutInk(std::string_view rtf, Colour ink) {
+std::string WithoutInk(std::string_view rtf, Colour ink, const ShownColours& shown) {
   const Table table = FindTable(rtf);
   if (!table.Found()) return std::string(rtf);
-  const std::string entry = EntryOf(ink);
-  std::string entries(rtf.substr(table.begin, table.end - table.begin));
-  for (std::size_t at = entries.find(entry); at != std::string::npos; at = entries.find(entry, at + 1))
-    entries.replace(at, entry.size(), ";");
-  return std::string(rtf.substr(0, table.begin)) + entries + std::string(rtf.substr(table.end));
+  std::string entries;
+  std::string_view rest = rtf.substr(table.begin, table.end - table.begin);
+  for (std::size_t end = rest.find(';'); end != std::string_view::npos; end = rest.find(';')) {
+    const std::string_view old = rest.substr(0, end + 1);
+    const std::optional<Colour> colour = ColourOf(old);
+    const auto own = std::ranges::find_if(shown, [&](const auto& each) { return each.first == colour; });
+    if (colour && (*colour == ink || *colour == kInkOnMarks)) {
+      entries += ';';
+    } else {
+      entries += own == shown.end() ? std::string(old) : EntryOf(own->second);
+    }
+    rest.remove_prefix(end + 1);
+  }
+  return std::string(rtf.substr(0, table.begin)).append(entries).append(rest).append(rtf.substr(table.end));
 }
 
 }  // namespace jotlets

@@ -34,10 +34,6 @@ std::uint8_t Towards(std::uint8_t from, std::uint8_t to, std::int32_t percent) {
   return static_cast<std::uint8_t>(from + (to - from) * percent / 100);
 }
 
-Colour Mixed(Colour from, Colour to, std::int32_t percent) {
-  return {Towards(from.r, to.r, percent), Towards(from.g, to.g, percent), Towards(from.b, to.b, percent)};
-}
-
 // A hue with its saturation, of which lighter and darker shades are made.
 class Hue {
  public:
@@ -69,6 +65,10 @@ class Hue {
 };
 
 }  // namespace
+
+Colour Mixed(Colour from, Colour to, std::int32_t percent) {
+  return {Towards(from.r, to.r, percent), Towards(from.g, to.g, percent), Towards(from.b, to.b, percent)};
+}
 
 double Luminance(Colour colour) {
   const std::array<double, 256>& linear = LinearChannels();
@@ -115,6 +115,8 @@ Colour Legible(Colour wanted, Colour ground, double contrast) {
 
 Colour TitleInk(Colour bar) { return Legible(bar, bar, kTitleAim); }
 
+Colour LegibleOn(Colour paper, Colour own) { return Legible(own, paper, kTextContrast); }
+
 Colour QuietInk(Colour paper) {
   constexpr std::int32_t kQuiet = 34;
   return Legible(Mixed(InkOn(paper), paper, kQuiet), paper, kTextContrast);
@@ -124,6 +126,13 @@ Colour AccentOn(Colour paper) {
   constexpr double kLineContrast = 3;
   constexpr Colour kOnLight{0, 103, 192};
   constexpr Colour kOnDark{76, 194, 255};
+  return Legible(IsDarkPaper(paper) ? kOnDark : kOnLight, paper, kLineContrast);
+}
+
+Colour AlarmOn(Colour paper) {
+  constexpr double kLineContrast = 3;
+  constexpr Colour kOnLight{194, 65, 12};
+  constexpr Colour kOnDark{255, 169, 77};
   return Legible(IsDarkPaper(paper) ? kOnDark : kOnLight, paper, kLineContrast);
 }
 

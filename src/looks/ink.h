@@ -33,8 +33,17 @@ Colour Shaded(Colour paper, std::int32_t percent);
 /// The ink of titles on a bar of this colour: the bar's own hue.
 Colour TitleInk(Colour bar);
 
+/// `own` where it can be read on the paper, else the nearest lighter or darker shade of it that can.
+Colour LegibleOn(Colour paper, Colour own);
+
 /// For what matters less than the text.
 Colour QuietInk(Colour paper);
+
+/// `percent` of the way from one colour to the other.
+Colour Mixed(Colour from, Colour to, std::int32_t percent);
+
+/// For the frame of a note that sounds.
+Colour AlarmOn(Colour paper);
 
 /// For the frame of what is active or chosen.
 Colour AccentOn(Colour paper);

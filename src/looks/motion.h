@@ -13,7 +13,13 @@ inline constexpr std::int32_t kSlideStep = 17;
 inline constexpr std::int32_t kFadeStep = 20;
 inline constexpr std::int32_t kFadeSteps = 50;
 
-/// The same of a note that sounds.
+/// What shows under the mouse alone comes within `kHoverIn`, and goes within `kHoverOut` after a rest.
+inline constexpr std::int32_t kHoverStep = 17;
+inline constexpr std::int32_t kHoverIn = 120;
+inline constexpr std::int32_t kHoverRest = 150;
+inline constexpr std::int32_t kHoverOut = 200;
+
+/// From one step to the next of a note that sounds.
 inline constexpr std::int32_t kAlarmStep = 50;
 
 }  // namespace jotlets

@@ -45,6 +45,14 @@ FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled, 
   return kEdgeParts[vertical + 1][horizontal + 1];
 }
 
+Rect WithinResizeMargin(Rect content, Size window, std::int32_t dpi) {
+  const std::int32_t margin = ScaledLength(kResizeMargin, dpi);
+  content.left = std::max(content.left, margin);
+  content.right = std::max(std::min(content.right, window.width - margin), content.left);
+  content.bottom = std::max(std::min(content.bottom, window.height - margin), content.top);
+  return content;
+}
+
 Size SmallestNoteSize(Size wanted, Size screens) {
   return SafeSize({std::min(wanted.width, screens.width), std::min(wanted.height, screens.height)},
                   kMinimumNoteSize);

@@ -46,6 +46,9 @@ DraggedEdges EdgesOf(FramePart part);
 /// a skin may make as narrow as it likes. A note that is rolled up is sized in its width alone.
 FramePart HitTestFrame(Point at, Size window, const Rect& content, bool rolled, std::int32_t dpi = kUsualDpi);
 
+/// A content that leaves the edges of the window to be taken hold of.
+Rect WithinResizeMargin(Rect content, Size window, std::int32_t dpi);
+
 /// The smallest size of a note whose skin asks for `wanted`: no less than can be taken hold of, and no more
 /// than the screens show, since a note that was forced to be larger could never be made smaller again.
 Size SmallestNoteSize(Size wanted, Size screens);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "looks/ink.h"
+
 namespace jotlets {
 namespace {
 
@@ -47,20 +49,56 @@ std::vector<std::uint32_t> Profile(std::int32_t count, std::int32_t from, std::i
   return profile;
 }
 
-// How much of a pixel of a corner's square the window covers, 0 to 255.
-std::uint32_t Coverage(Point at, std::int32_t radius) {
-  const double across = radius - at.x - 0.5;
-  const double up = radius - at.y - 0.5;
-  const double inside = radius + 0.5 - std::sqrt(across * across + up * up);
-  return static_cast<std::uint32_t>(std::lround(255 * std::clamp(inside, 0.0, 1.0)));
-}
-
 // The frame over the shadow, where a corner is cut off.
 void PutEdge(std::uint8_t* pixel, Colour edge, std::uint32_t covered) {
   pixel[0] = static_cast<std::uint8_t>(edge.b * covered / 255);
   pixel[1] = static_cast<std::uint8_t>(edge.g * covered / 255);
   pixel[2] = static_cast<std::uint8_t>(edge.r * covered / 255);
   pixel[3] = static_cast<std::uint8_t>(covered + pixel[3] * (255 - covered) / 255);
+}
+
+constexpr std::int32_t kSheetStep = 5;
+constexpr std::int32_t kSheetInset = 6;
+constexpr std::int32_t kSheetEdge = 14;  // percent, as the frame of a note
+
+// The lower edge of a sheet, whose place is in pixels of the shadow, with a line around it.
+void PutSheet(std::vector<std::uint8_t>& pixels, std::int32_t width, const Rect& sheet, std::int32_t from,
+              std::int32_t radius, Colour colour) {
+  for (std::int32_t y = from; y < sheet.bottom; ++y) {
+    for (std::int32_t x = sheet.left; x < sheet.right; ++x) {
+      const std::int32_t fromSide = std::min(x - sheet.left, sheet.right - 1 - x);
+      const std::int32_t fromEdge = sheet.bottom - 1 - y;
+      const bool corner = fromSide < radius && fromEdge < radius;
+      const std::uint32_t covered = corner ? CornerCoverage({fromSide, fromEdge}, radius) : 255;
+      if (covered == 0) continue;
+      const bool line = fromSide == 0 || fromEdge == 0 || (corner && covered < 255);
+      std::uint8_t* const pixel = &pixels[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                                           static_cast<std::size_t>(x)) *
+                                          4];
+      const Colour ink = line ? Shaded(colour, kSheetEdge) : colour;
+      const auto over = [covered](std::uint32_t upper, std::uint32_t lower) {
+        return static_cast<std::uint8_t>((upper * covered + lower * (255 - covered)) / 255);
+      };
+      pixel[0] = over(ink.b, pixel[0]);
+      pixel[1] = over(ink.g, pixel[1]);
+      pixel[2] = over(ink.r, pixel[2]);
+      pixel[3] = over(255, pixel[3]);
+    }
+  }
+}
+
+// The lowest sheet first. Nothing of them comes under the window, which may be seen through.
+void PutSheets(std::vector<std::uint8_t>& pixels, const ShadowCaster& caster, const Margins& margins,
+               std::int32_t radius) {
+  const std::int32_t width = caster.size.width + 2 * margins.side;
+  const std::int32_t below = margins.top + caster.size.height;
+  for (std::size_t at = caster.sheets.size(); at-- > 0;) {
+    const auto nth = static_cast<std::int32_t>(at + 1);
+    const std::int32_t inset = margins.side + nth * ScaledLength(kSheetInset, caster.dpi);
+    const std::int32_t bottom = below + nth * ScaledLength(kSheetStep, caster.dpi);
+    if (bottom > below + margins.bottom || inset + radius >= width / 2) continue;
+    PutSheet(pixels, width, {inset, below, width - inset, bottom}, below, radius, caster.sheets[at]);
+  }
 }
 
 }  // namespace
@@ -95,9 +133,10 @@ std::vector<std::uint8_t> ShadowPixels(const ShadowCaster& caster) {
       if (fromEdge >= 0 && fromSide >= inset) continue;
       pixel[3] = static_cast<std::uint8_t>((dark * across[static_cast<std::size_t>(x)]) >> 16);
       if (caster.edge && fromEdge >= 0 && fromEdge < radius && fromSide >= 0)
-        PutEdge(pixel, *caster.edge, Coverage({fromSide, fromEdge}, radius));
+        PutEdge(pixel, *caster.edge, CornerCoverage({fromSide, fromEdge}, radius));
     }
   }
+  PutSheets(pixels, caster, margins, radius);
   return pixels;
 }
 

@@ -17,6 +17,7 @@ struct ShadowCaster {
   std::optional<Colour> edge;  // of its frame, which goes on softly where its corners end in steps
   bool active = false;         // it lies higher
   std::int32_t dpi = kUsualDpi;
+  std::vector<Colour> sheets = {};  // that lie below it, the upper one first: their lower edges are seen
   friend bool operator==(const ShadowCaster&, const ShadowCaster&) = default;
 };
 

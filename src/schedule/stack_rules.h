@@ -16,7 +16,8 @@ namespace jotlets {
 enum class MemberState {
   kShown,
   kHidden,
-  kAway,  // asleep, or waiting for the window that it is attached to
+  kAsleep,
+  kWaiting,  // for the window that it is attached to
 };
 
 /// A line of a stack's list.
@@ -26,6 +27,7 @@ struct StackMember {
   Colour colour;
   bool alarm = false;  // is set
   MemberState state = MemberState::kShown;
+  Text until = {};  // of one that is away: until when, or that it waits
   friend bool operator==(const StackMember&, const StackMember&) = default;
 };
 

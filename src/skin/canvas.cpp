@@ -57,6 +57,25 @@ void Canvas::Fill(const Rect& area, Colour colour, std::uint8_t alpha) {
   }
 }
 
+void Canvas::FillRound(const Rect& area, std::int32_t radius, Colour colour, std::uint8_t alpha) {
+  if (IsEmpty(area)) return;
+  radius = std::clamp(radius, 0, std::min(area.Width(), area.Height()) / 2);
+  Fill({area.left, area.top + radius, area.right, area.bottom - radius}, colour, alpha);
+  for (std::int32_t y = 0; y < radius; ++y) {
+    const std::int32_t upper = area.top + y;
+    const std::int32_t lower = area.bottom - 1 - y;
+    for (const std::int32_t row : {upper, lower})
+      Fill({area.left + radius, row, area.right - radius, row + 1}, colour, alpha);
+    for (std::int32_t x = 0; x < radius; ++x) {
+      const auto covered = static_cast<std::uint8_t>(Part(CornerCoverage({x, y}, radius), alpha));
+      for (const std::int32_t row : {upper, lower}) {
+        Fill({area.left + x, row, area.left + x + 1, row + 1}, colour, covered);
+        Fill({area.right - 1 - x, row, area.right - x, row + 1}, colour, covered);
+      }
+    }
+  }
+}
+
 void Canvas::FillGradient(const Rect& area, Colour from, Colour to, bool downwards, std::uint8_t alpha) {
   const Rect part = Intersection(area, clip_);
   if (IsEmpty(part)) return;

@@ -25,6 +25,8 @@ class Canvas {
   void SetClip(const Rect& area);
 
   void Fill(const Rect& area, Colour colour, std::uint8_t alpha = kOpaque);
+  /// The same with round corners, soft at their edges.
+  void FillRound(const Rect& area, std::int32_t radius, Colour colour, std::uint8_t alpha = kOpaque);
   /// From one colour at the top (or left) edge of `area` to the other at its bottom (or right).
   void FillGradient(const Rect& area, Colour from, Colour to, bool downwards, std::uint8_t alpha = kOpaque);
 

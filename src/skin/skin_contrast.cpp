@@ -31,7 +31,9 @@ bool IsShape(const SkinElement& element) {
 bool IsFill(const SkinElement& element) {
   const bool area = element.kind == ElementKind::kTilearea || element.kind == ElementKind::kHstrip ||
                     element.kind == ElementKind::kVstrip;
-  return area && (element.condition.empty() || SkinStateFromName(element.condition) == SkinState::kFormatBar);
+  const std::optional<SkinState> state = SkinStateFromName(element.condition);
+  return area &&
+         (element.condition.empty() || state == SkinState::kFormatBar || state == SkinState::kSounding);
 }
 
 void Append(std::vector<SkinElement>& elements, TextView text) {
@@ -42,8 +44,9 @@ void Append(std::vector<SkinElement>& elements, TextView text) {
 }  // namespace
 
 bool CanShowContrast(const SkinData& skin) {
-  return std::ranges::all_of(skin.elements,
-                             [](const SkinElement& element) { return !IsShape(element) || element.tint; });
+  return std::ranges::all_of(skin.elements, [](const SkinElement& element) {
+    return !IsShape(element) || element.tint || element.fill;
+  });
 }
 
 SkinData ContrastSkin(SkinData skin) {

@@ -46,7 +46,7 @@ struct TextFormat {
 };
 
 /// Inks that are made from what an element lies on, so that they can be read on every paper.
-enum class SkinTint : std::uint8_t { kTitle, kInk, kQuiet, kAccent };
+enum class SkinTint : std::uint8_t { kTitle, kInk, kQuiet, kAccent, kAlarm };
 
 /// Values of `stripType` and `setCase` with a meaning of their own; others are kept as they are.
 inline constexpr std::int32_t kStripFromPicture = 0;
@@ -80,11 +80,14 @@ struct SkinElement {
   std::optional<Colour> solidColour;
   std::optional<std::int32_t> shade;  // of the paper, in percent; goes before every other colour
   std::optional<SkinTint> tint;       // goes before the colours that the file gives
+  std::optional<std::int32_t> fill;   // of a button: its ground, so many percent of the way to its title ink
+  std::int32_t corner = 0;            // the radius of that ground
 
   Text font;
   std::int32_t point = 0;  // size of the font, 0: none given
   Colour colour;           // of the text
   Text text;               // with placeholders
+  Text pill;               // words in a pill of their own behind the text
   TextAlignment alignment = TextAlignment::kLeft;
   std::int32_t setCase = kCaseAsWritten;
   TextFormat format;
@@ -114,6 +117,8 @@ struct SkinData {
   std::int32_t left = 0;
   std::int32_t right = 0;
   std::int32_t rolledHeight = 0;  // 0: no rolled form
+  /// The frame around a picture below the title bar; nothing: that of texts.
+  std::optional<std::int32_t> pictureFrame;
   std::int32_t minimumWidth = 0;
   std::int32_t minimumHeight = 0;
   std::int32_t minimumThumbTrackHeight = 0;
@@ -139,9 +144,13 @@ struct SkinData {
   DrawBounds formatBarDrawBounds;
   std::int32_t tagLine = 0;  // height of the line at the foot that tells what a note waits for; 0: none
 
+  std::int32_t alarmFoot = 0;  // height of the foot of a note that sounds; 0: none
+  DrawBounds alarmFootDrawBounds;
+
   bool drawOnRtfBg = false;
   bool isStack = false;        // `mode`
   std::int32_t rowHeight = 0;  // of a stack's list; 0: as its letters need it
+  std::int32_t sheets = 0;     // of a stack: how many of its notes are seen below it, as edges
   Text defaultStyle;
   Text stackFileName;
 

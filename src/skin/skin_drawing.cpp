@@ -11,7 +11,14 @@ namespace jotlets {
 namespace {
 
 constexpr std::int32_t kTileStretched = 1;
-constexpr std::int32_t kRing = 2;  // pixels at the usual scale
+// Pixels at the usual scale.
+constexpr std::int32_t kRing = 2;
+constexpr std::int32_t kPillHeight = 20;
+constexpr std::int32_t kPillGap = 8;
+constexpr std::int32_t kPillPadding = 12;
+// Percent of the way to the ink.
+constexpr std::int32_t kPillShade = 9;
+constexpr std::int32_t kHotShade = 9;
 
 constexpr auto kBeyondSheets = static_cast<std::int32_t>(kMaxPicturePixels);
 static_assert(kMaxPicturePixels + 2 * std::int64_t{kFarthestCoordinate} <=
@@ -26,6 +33,7 @@ class SkinPainter {
         sheet_(sheet),
         paper_(PaperColour(skin, view.colour, view.clearPaper)),
         sampling_(view.sampling),
+        hover_(view.hover),
         contrast_(view.contrast) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
@@ -60,6 +68,7 @@ class SkinPainter {
   }
 
   void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area, bool hot) {
+    if (element.fill) ButtonGround(element, area, hot);
     if (place == nullptr) return;
     std::optional<Colour> ink = InkOf(element, area);
     if (hot && contrast_) {
@@ -68,6 +77,32 @@ class SkinPainter {
     }
     DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});
+  }
+
+  /// The words of a text, and behind them those of its pill.
+  void Words(const SkinElement& element, const Rect& area, const SkinWords& words, SkinTextSetter& texts) {
+    const Colour ink = InkOf(element, area).value_or(element.colour);
+    const Text shown = ExpandPlaceholders(element.text, words);
+    const Text inPill = ExpandPlaceholders(element.pill, words);
+    if (inPill.empty()) return texts.SetText(element, area, shown, ink);
+    const std::int32_t height = std::min(ScaledLength(kPillHeight, skin_.dpi), area.Height());
+    const std::int32_t gap = ScaledLength(kPillGap, skin_.dpi);
+    const std::int32_t width =
+        std::max(texts.WidthOf(element, inPill) + ScaledLength(kPillPadding, skin_.dpi), height);
+    const std::int32_t room = area.Width() - width - gap;
+    // Where it would take most of the room the text goes first.
+    if (room < area.Width() / 2) return texts.SetText(element, area, shown, ink);
+    const std::int32_t used = std::min(texts.WidthOf(element, shown), room);
+    texts.SetText(element, {area.left, area.top, area.left + used, area.bottom}, shown, ink);
+    const Rect pill =
+        RectAt({area.left + used + gap, area.top + (area.Height() - height) / 2}, {width, height});
+    const Colour ground = ShadedForWords(GroundOf(area), kPillShade);
+    if (!contrast_) canvas_.FillRound(pill, height / 2, ground);
+    SkinElement centred = element;
+    centred.alignment = TextAlignment::kMiddle;
+    const std::int32_t inset = ScaledLength(kPillPadding, skin_.dpi) / 2;
+    texts.SetText(centred, {pill.left + inset, pill.top, pill.right - inset, pill.bottom}, inPill,
+                  contrast_ ? contrast_->ink : Made(SkinTint::kTitle, ground));
   }
 
   /// Around what the keyboard is at.
@@ -86,7 +121,8 @@ class SkinPainter {
     if (element.shade) return Shaded(paper_, *element.shade);
     if (!element.tint) return std::nullopt;
     if (contrast_) return *element.tint == SkinTint::kAccent ? contrast_->chosen : contrast_->ink;
-    const Colour ground = GroundOf(area);
+    // The frame of what sounds has one colour all around.
+    const Colour ground = *element.tint == SkinTint::kAlarm ? paper_ : GroundOf(area);
     if (*element.tint == last_.tint && ground == last_.ground) return last_.ink;
     last_ = {*element.tint, ground, Made(*element.tint, ground)};
     return last_.ink;
@@ -109,8 +145,30 @@ class SkinPainter {
       case SkinTint::kInk: return InkOn(ground);
       case SkinTint::kQuiet: return QuietInk(ground);
       case SkinTint::kAccent: return AccentOn(ground);
+      case SkinTint::kAlarm: return AlarmOn(ground);
     }
     return {};
+  }
+
+  // What is written on it later finds an ink for it.
+  void ButtonGround(const SkinElement& element, const Rect& area, bool hot) {
+    if (contrast_) {
+      const std::int32_t line = ScaledLength(1, skin_.dpi);
+      const Rect inner{area.left + line, area.top + line, area.right - line, area.bottom - line};
+      canvas_.Fill(area, contrast_->ink);
+      return canvas_.Fill(inner, hot ? contrast_->chosen : contrast_->paper);
+    }
+    const Colour below = GroundOf(area);
+    const Colour fill = Mixed(below, TitleInk(below), *element.fill);
+    const Colour ground = hot ? ShadedForWords(fill, kHotShade) : fill;
+    canvas_.FillRound(area, element.corner, ground);
+    grounds_.push_back({area, ground});
+  }
+
+  // A shade on which words can still be read: between light and dark papers there may be none.
+  static Colour ShadedForWords(Colour ground, std::int32_t percent) {
+    const Colour shaded = Shaded(ground, percent);
+    return Contrast(TitleInk(shaded), shaded) >= kTextContrast ? shaded : ground;
   }
 
   static Colour Mean(Colour a, Colour b) {
@@ -156,10 +214,15 @@ class SkinPainter {
     return {.sheet = sheet_,
             .source = {at.x, at.y, at.x + size.width, at.y + size.height},
             .mask = place.mask,
-            .alpha = element.alpha.value_or(kOpaque),
+            .alpha = AlphaOf(element),
             .tint = tint,
             .ink = ink,
             .key = skin_.transparent};
+  }
+
+  std::uint8_t AlphaOf(const SkinElement& element) const {
+    const std::uint32_t alpha = element.alpha.value_or(kOpaque);
+    return static_cast<std::uint8_t>(element.mouseOver == true ? alpha * hover_ / kOpaque : alpha);
   }
 
   Canvas& canvas_;
@@ -167,6 +230,7 @@ class SkinPainter {
   const Picture& sheet_;
   const Colour paper_;
   const Sampling sampling_;
+  const std::uint8_t hover_;
   const std::optional<ContrastColours>& contrast_;
   std::vector<Ground> grounds_;  // in drawing order
   MadeInk last_;
@@ -212,10 +276,7 @@ void DrawSkin(Canvas& canvas, const SkinData& skin, const Picture& sheet, const 
       case ElementKind::kButton:
         painter.Glyph(element, arranged[index].picture, area, index == view.hotButton);
         break;
-      case ElementKind::kText:
-        texts.SetText(element, area, ExpandPlaceholders(element.text, words),
-                      painter.InkOf(element, area).value_or(element.colour));
-        break;
+      case ElementKind::kText: painter.Words(element, area, words, texts); break;
     }
   }
   painter.FocusRing(view.focused);
@@ -229,6 +290,7 @@ std::optional<Colour> EdgeColour(const SkinData& skin, const SkinView& view) {
     if (!corner || !IsShown(element, view)) continue;
     if (element.shade) edge = Shaded(paper, *element.shade);
     if (element.tint == SkinTint::kAccent) edge = AccentOn(paper);
+    if (element.tint == SkinTint::kAlarm) edge = AlarmOn(paper);
   }
   return edge;
 }

@@ -13,6 +13,8 @@ class SkinTextSetter {
   /// Sets `words` into `area` in this ink and in the font, case and alignment of the element, cut with an
   /// ellipsis.
   virtual void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour ink) = 0;
+  /// How wide `words` are in the font and case of the element.
+  virtual std::int32_t WidthOf(const SkinElement& element, const Text& words) = 0;
 };
 
 /// The paper and then every element that shows. Strips and tile areas take the tint of the note's colour;

@@ -101,6 +101,18 @@ std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at) {
   return kNoElement;
 }
 
+Rect AreaUnderMouse(const SkinData& skin, const SkinView& view) {
+  std::optional<Rect> all;
+  for (const SkinElement& element : skin.elements) {
+    if (element.mouseOver != true || !IsShown(element, view)) continue;
+    const Rect area = ElementRect(element, view);
+    if (!all) all = area;
+    all = Rect{std::min(all->left, area.left), std::min(all->top, area.top), std::max(all->right, area.right),
+               std::max(all->bottom, area.bottom)};
+  }
+  return all.value_or(Rect{});
+}
+
 bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view) {
   return skin.formatBar > 0 && !view.rolled && skin.formatBarDrawBounds.Hold(view.window);
 }
@@ -110,12 +122,19 @@ Rect FormatBarArea(const SkinData& skin, const SkinView& view) {
   return {0, std::max(view.window.height - skin.formatBar, 0), view.window.width, view.window.height};
 }
 
+Rect AlarmFootArea(const SkinData& skin, const SkinView& view) {
+  if (!view.states.Has(SkinState::kSounding) || !skin.alarmFootDrawBounds.Hold(view.window) || view.rolled)
+    return {};
+  return {0, std::max(view.window.height - skin.alarmFoot, 0), view.window.width, view.window.height};
+}
+
 std::optional<SkinState> TagOf(const SkinData& skin, const SkinView& view) {
   constexpr std::int32_t kLinesLeft = 3;
   const SkinStates& states = view.states;
   const std::int64_t room = std::int64_t{view.window.height} - skin.top;
   if (skin.tagLine <= 0 || view.rolled || states.Has(SkinState::kFormatBar) ||
-      states.Has(SkinState::kImage) || room < std::int64_t{kLinesLeft} * skin.tagLine)
+      states.Has(SkinState::kSounding) || states.Has(SkinState::kImage) ||
+      room < std::int64_t{kLinesLeft} * skin.tagLine)
     return std::nullopt;
   if (states.Has(SkinState::kAlarm)) return SkinState::kTagAlarm;
   if (states.Has(SkinState::kAttached)) return SkinState::kTagAttached;
@@ -126,9 +145,16 @@ std::optional<SkinState> TagOf(const SkinData& skin, const SkinView& view) {
 Rect TextArea(const SkinData& skin, const SkinView& view) {
   if (view.rolled) return {};
   const std::int32_t line = view.states.Has(SkinState::kTagLine) ? skin.tagLine : 0;
-  const std::int32_t foot = std::max(skin.bottom + FormatBarArea(skin, view).Height(), line);
+  const std::int32_t bar = std::max(FormatBarArea(skin, view).Height(), AlarmFootArea(skin, view).Height());
+  const std::int32_t foot = std::max(skin.bottom + bar, line);
   Rect area{skin.left, skin.top, view.window.width - skin.right,
             Saturated(std::int64_t{view.window.height} - foot)};
+  if (view.states.Has(SkinState::kImage) && skin.pictureFrame && skin.titlebar) {
+    const std::int32_t frame = *skin.pictureFrame;
+    const std::int32_t below = ResolveCorners(*skin.titlebar, {view.window, {}}).bottom;
+    area = {frame, below, view.window.width - frame,
+            Saturated(std::int64_t{view.window.height} - std::max(frame, bar))};
+  }
   area.right = std::max(area.right, area.left);
   area.bottom = std::max(area.bottom, area.top);
   return area;

@@ -30,14 +30,22 @@ std::vector<ArrangedElement> ArrangeElements(const SkinData& skin, const SkinVie
 /// The uppermost button shown under a point, by its place among the elements; `kNoElement` for none.
 std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at);
 
+/// What shows only under the mouse lies in here.
+Rect AreaUnderMouse(const SkinData& skin, const SkinView& view);
+
 /// Whether a note in this view has room for the skin's bar with which texts are formatted.
 bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view);
 
 /// The place of that bar; empty while it is not there.
 Rect FormatBarArea(const SkinData& skin, const SkinView& view);
 
+/// The place of the foot with which a note in this view is quietened while it sounds; empty while it is not
+/// there.
+Rect AlarmFootArea(const SkinData& skin, const SkinView& view);
+
 /// What the line at the foot of a note in this view tells: its alarm before its window before its stack, as
-/// the one of their tag states; nothing for pictures, beside the bar for formatting, and where hardly any
+/// the one of their tag states; nothing for pictures, beside the bar for formatting, while it
+/// sounds, and where hardly any
 /// text would be left.
 std::optional<SkinState> TagOf(const SkinData& skin, const SkinView& view);
 

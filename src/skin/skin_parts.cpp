@@ -12,17 +12,21 @@ namespace jotlets {
 namespace {
 
 // In the order in which they are told.
-constexpr SkinState kStatesOfNotes[] = {SkinState::kReadOnly, SkinState::kOnTop,     SkinState::kAlarm,
-                                        SkinState::kSleeping, SkinState::kRecurring, SkinState::kAttached,
-                                        SkinState::kInStack,  SkinState::kTransmit,  SkinState::kEmail,
-                                        SkinState::kGhost,    SkinState::kStang,     SkinState::kUser1,
-                                        SkinState::kUser2,    SkinState::kUser3};
+constexpr SkinState kStatesOfNotes[] = {SkinState::kSounding, SkinState::kReadOnly, SkinState::kOnTop,
+                                        SkinState::kAlarm,    SkinState::kSleeping, SkinState::kRecurring,
+                                        SkinState::kAttached, SkinState::kInStack,  SkinState::kTransmit,
+                                        SkinState::kEmail,    SkinState::kGhost,    SkinState::kStang,
+                                        SkinState::kUser1,    SkinState::kUser2,    SkinState::kUser3};
 constexpr SkinState kStatesOfStacks[] = {SkinState::kOnTop, SkinState::kAlarm};
 
 Rect Inside(const Rect& area, Size window) {
   const Rect cut{std::max(area.left, 0), std::max(area.top, 0), std::min(area.right, window.width),
                  std::min(area.bottom, window.height)};
   return cut.Width() > 0 && cut.Height() > 0 ? cut : Rect{};
+}
+
+bool LiesIn(const Rect& bar, const Rect& area) {
+  return area != Rect{} && area.top >= bar.top && Overlap(area, bar);
 }
 
 bool IsMenu(ActionCode action) {
@@ -100,23 +104,22 @@ class PartsMaker {
 
   void AddButtonsOf(const SkinView& tried) {
     for (const SkinElement& element : skin_.elements) {
-      const EditorKey editing = EditingOf(element);
-      const bool acts = element.action != kActionNone || editing != EditorKey::kNothing;
+      const PartUse use = UseOf(element);
+      const bool acts = element.action != kActionNone || use != PartUse::kNothing;
       if (element.kind != ElementKind::kButton || !acts || !IsShown(element, tried)) continue;
       const bool known = std::ranges::any_of(parts_, [&](const SkinPart& part) {
-        return part.role >= PartRole::kButton && part.action == element.action && part.editing == editing;
+        return part.role >= PartRole::kButton && part.action == element.action && part.use == use;
       });
       if (!known) AddButton(element);
     }
   }
 
   void AddButton(const SkinElement& element) {
-    SkinPart part =
-        element.action == kActionNone ? EditingPart(EditingOf(element)) : ActionPart(element.action);
+    SkinPart part = element.action == kActionNone ? UsePart(UseOf(element)) : ActionPart(element.action);
     part.area = Inside(ElementRect(element, view_), view_.window);
     part.invisible = part.area == Rect{} || !IsShown(element, view_);
-    const Rect bar = FormatBarArea(skin_, view_);
-    part.inFormatBar = part.area != Rect{} && part.area.top >= bar.top && Overlap(part.area, bar);
+    part.atFoot =
+        LiesIn(FormatBarArea(skin_, view_), part.area) || LiesIn(AlarmFootArea(skin_, view_), part.area);
     parts_.push_back(std::move(part));
   }
 
@@ -131,12 +134,17 @@ class PartsMaker {
     return part;
   }
 
-  SkinPart EditingPart(EditorKey editing) const {
-    SkinPart part{.role = PartRole::kToggle,
-                  .name = facts_.textOf(IDS_EDITOR_KEY + static_cast<std::uint32_t>(editing)),
-                  .key = ShortcutText(KeyOf(editing))};
-    part.editing = editing;
-    part.pressed = view_.states.Has(SkinState::kCheckList);
+  SkinPart UsePart(PartUse use) const {
+    SkinPart part{.use = use};
+    if (use == PartUse::kCheckList) {
+      part.role = PartRole::kToggle;
+      part.name = facts_.textOf(IDS_EDITOR_KEY + static_cast<std::uint32_t>(EditorKey::kCheckList));
+      part.key = ShortcutText(KeyOf(EditorKey::kCheckList));
+      part.pressed = view_.states.Has(SkinState::kCheckList);
+    } else {
+      part.name = facts_.textOf(use == PartUse::kDismiss ? IDS_PART_DISMISS : IDS_PART_SNOOZE);
+      part.key = use == PartUse::kDismiss ? u"Esc" : u"Shift+Esc";
+    }
     return part;
   }
 
@@ -157,9 +165,11 @@ class PartsMaker {
 
 }  // namespace
 
-EditorKey EditingOf(const SkinElement& button) {
-  const bool checkList = button.action == kActionNone && EqualIgnoreCase(button.type, u"checklist");
-  return checkList ? EditorKey::kCheckList : EditorKey::kNothing;
+PartUse UseOf(const SkinElement& button) {
+  if (button.kind != ElementKind::kButton || button.action != kActionNone) return PartUse::kNothing;
+  if (EqualIgnoreCase(button.type, u"checklist")) return PartUse::kCheckList;
+  if (EqualIgnoreCase(button.type, u"dismiss")) return PartUse::kDismiss;
+  return EqualIgnoreCase(button.type, u"snooze") ? PartUse::kSnooze : PartUse::kNothing;
 }
 
 std::span<const SkinState> StatesOfNotes() { return kStatesOfNotes; }

@@ -24,6 +24,14 @@ enum class PartRole : std::uint8_t {
   kPicture,
 };
 
+/// What a button without an action does: its `type`.
+enum class PartUse : std::uint8_t {
+  kNothing,
+  kCheckList,  // makes check lists, and plain text of them
+  kDismiss,    // quietens a note that sounds
+  kSnooze,     // lets it sound again later
+};
+
 struct SkinPart {
   PartRole role = PartRole::kButton;
   Text name;
@@ -31,8 +39,8 @@ struct SkinPart {
   Text key;    // that does the same: "Ctrl+B"
   Rect area;   // in client pixels, within the window; empty for what has no place in it now
   ActionCode action = kActionNone;
-  EditorKey editing = EditorKey::kNothing;  // instead of an action, what a key of the editor does
-  bool inFormatBar = false;
+  PartUse use = PartUse::kNothing;  // instead of an action
+  bool atFoot = false;              // in the bar for formatting, or the foot of a note that sounds
   bool pressed = false;
   bool unavailable = false;
   bool invisible =
@@ -51,8 +59,8 @@ struct PartFacts {
   TextOfResource textOf;
 };
 
-/// What a button without an action does in the editor: `type=checklist`. Nothing for any other.
-EditorKey EditingOf(const SkinElement& button);
+/// What a button does: `type=checklist`, "dismiss" or "snooze". Nothing for one with an action.
+PartUse UseOf(const SkinElement& button);
 
 /// The states of a note that are told of, and those of a stack.
 std::span<const SkinState> StatesOfNotes();

@@ -62,6 +62,7 @@ class Scale {
     Grow(element.width);
     Grow(element.height);
     Grow(element.pack);
+    Grow(element.corner);
     for (SheetPlace* place : {&element.source, &element.sourceOff, &element.sourceRollover}) Grow(*place);
   }
 
@@ -114,8 +115,9 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   scaled.dpi = dpi;
   for (std::int32_t* length : {&scaled.top, &scaled.bottom, &scaled.left, &scaled.right, &scaled.rolledHeight,
                                &scaled.minimumWidth, &scaled.minimumHeight, &scaled.minimumThumbTrackHeight,
-                               &scaled.rowHeight, &scaled.formatBar, &scaled.tagLine})
+                               &scaled.rowHeight, &scaled.formatBar, &scaled.tagLine, &scaled.alarmFoot})
     scale.Grow(*length);
+  if (scaled.pictureFrame) scale.Grow(*scaled.pictureFrame);
   for (Coordinate& at : scaled.region) scale.Grow(at);
   if (scaled.titlebar) {
     scale.Grow(scaled.titlebar->topLeft);
@@ -129,6 +131,7 @@ SkinData ScaledSkinData(const SkinData& skin, std::int32_t dpi) {
   }
   scale.Grow(scaled.scrollbarDrawBounds);
   scale.Grow(scaled.formatBarDrawBounds);
+  scale.Grow(scaled.alarmFootDrawBounds);
   for (SkinElement& element : scaled.elements) scale.Grow(element);
   return scaled;
 }

@@ -11,6 +11,7 @@ namespace jotlets {
 namespace {
 
 constexpr std::size_t kMaxRegionNumbers = 2000;
+constexpr std::int32_t kMaxSheets = 2;
 
 // The first `Count` of the parts between commas; nothing when there are fewer.
 template <std::size_t Count>
@@ -120,6 +121,7 @@ void ReadTint(std::optional<SkinTint>& field, TextView value) {
   if (IsWord(value, u"ink")) field = SkinTint::kInk;
   if (IsWord(value, u"quiet")) field = SkinTint::kQuiet;
   if (IsWord(value, u"accent")) field = SkinTint::kAccent;
+  if (IsWord(value, u"alarm")) field = SkinTint::kAlarm;
 }
 
 template <typename Owner>
@@ -144,6 +146,7 @@ constexpr KeyRow<SkinData> kSkinKeys[] = {
     {u"left", [](S& s, V v) { s.left = Length(v); }},
     {u"right", [](S& s, V v) { s.right = Length(v); }},
     {u"rolledheight", [](S& s, V v) { s.rolledHeight = Length(v); }},
+    {u"pictureframe", [](S& s, V v) { s.pictureFrame = Length(v); }},
     {u"bitmap", [](S& s, V v) { s.bitmap = TrimBlanks(v); }},
     {u"transparent", [](S& s, V v) { ReadColour(s.transparent, v); }},
     {u"region", [](S& s, V v) { ReadRegion(s.region, v); }},
@@ -164,9 +167,12 @@ constexpr KeyRow<SkinData> kSkinKeys[] = {
     {u"formatbar", [](S& s, V v) { s.formatBar = Length(v); }},
     {u"formatbardrawheightminimum", [](S& s, V v) { s.formatBarDrawBounds.heightMinimum = ParseInt(v); }},
     {u"tagline", [](S& s, V v) { s.tagLine = Length(v); }},
+    {u"alarmfoot", [](S& s, V v) { s.alarmFoot = Length(v); }},
+    {u"alarmfootdrawheightminimum", [](S& s, V v) { s.alarmFootDrawBounds.heightMinimum = ParseInt(v); }},
     {u"drawonrtfbg", [](S& s, V v) { s.drawOnRtfBg = IsOn(v); }},
     {u"mode", [](S& s, V v) { s.isStack = IsWord(v, u"stack"); }},
     {u"rowheight", [](S& s, V v) { s.rowHeight = Length(v); }},
+    {u"sheets", [](S& s, V v) { s.sheets = std::min(Length(v), kMaxSheets); }},
     {u"defaultstyle", [](S& s, V v) { s.defaultStyle = v; }},
     {u"stackfilename", [](S& s, V v) { s.stackFileName = TrimBlanks(v); }},
 };
@@ -200,10 +206,13 @@ constexpr KeyRow<SkinElement> kElementKeys[] = {
     {u"solidcol", [](E& e, V v) { ReadColour(e.solidColour, v); }},
     {u"shade", [](E& e, V v) { e.shade = std::min(Length(v), std::int32_t{100}); }},
     {u"tint", [](E& e, V v) { ReadTint(e.tint, v); }},
+    {u"fill", [](E& e, V v) { e.fill = std::min(Length(v), std::int32_t{100}); }},
+    {u"corner", [](E& e, V v) { e.corner = Length(v); }},
     {u"font", [](E& e, V v) { e.font = TrimBlanks(v); }},
     {u"point", [](E& e, V v) { e.point = std::min(Length(v), kMaxPoint); }},
     {u"col", [](E& e, V v) { ReadColour(e.colour, v); }},
     {u"text", [](E& e, V v) { e.text = v; }},
+    {u"pill", [](E& e, V v) { e.pill = v; }},
     {u"alignment", [](E& e, V v) { e.alignment = Alignment(v); }},
     {u"setcase", [](E& e, V v) { e.setCase = ParseInt(v); }},
     {u"format", [](E& e, V v) { ReadFormat(e.format, v); }},

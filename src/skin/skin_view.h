@@ -48,27 +48,29 @@ enum class SkinState : std::uint8_t {
   kTagAlarm,
   kTagAttached,
   kTagInStack,
+  kSounding,
+  kRolled,
 };
 
 /// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
 /// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3",
 /// "owntitle", "scrollbarrequired", "formatbar", "checklists", "bold", "italic", "underline",
-/// "strikethrough", "bullets", "checklist", "highlight", "tagline", "tagalarm", "tagattached" and
-/// "taginstack".
+/// "strikethrough", "bullets", "checklist", "highlight", "tagline", "tagalarm", "tagattached", "taginstack",
+/// "sounding" and "rolled".
 std::optional<SkinState> SkinStateFromName(TextView name);
 
 /// A set of states.
 class SkinStates {
  public:
   void Set(SkinState state, bool on) {
-    const std::uint32_t bit = std::uint32_t{1} << static_cast<unsigned>(state);
+    const std::uint64_t bit = std::uint64_t{1} << static_cast<unsigned>(state);
     bits_ = on ? bits_ | bit : bits_ & ~bit;
   }
   bool Has(SkinState state) const { return (bits_ >> static_cast<unsigned>(state) & 1) != 0; }
   friend bool operator==(const SkinStates&, const SkinStates&) = default;
 
  private:
-  std::uint32_t bits_ = 0;
+  std::uint64_t bits_ = 0;
 };
 
 inline constexpr std::size_t kNoElement = static_cast<std::size_t>(-1);
@@ -80,6 +82,7 @@ struct SkinView {
   bool rolled = false;
   bool focus = false;
   bool mouseOver = false;
+  std::uint8_t hover = 255;            // how far what shows under the mouse alone has come
   std::size_t hotButton = kNoElement;  // the button under the mouse, by its place among the elements
   SkinStates states;
   Rect thumb;               // of the scroll bar

@@ -44,6 +44,9 @@ class TextLengths final : public SkinTextSetter {
     Check(words.size() <= 8 * element.text.size());
     Check(area.left <= area.right && area.top <= area.bottom);
   }
+  std::int32_t WidthOf(const SkinElement&, const Text& words) override {
+    return static_cast<std::int32_t>(words.size()) * 7;
+  }
 };
 
 class EightLetters final : public SkinWords {

@@ -78,6 +78,9 @@ class TextContrasts final : public SkinTextSetter {
         if (y >= 0 && y < size_.height) least = std::min(least, Contrast(ink, pixels_.At(x, y)));
     }
   }
+  std::int32_t WidthOf(const SkinElement&, const Text& words) override {
+    return static_cast<std::int32_t>(words.size()) * 6;
+  }
 
  private:
   const Pixels& pixels_;
@@ -87,6 +90,7 @@ class TextContrasts final : public SkinTextSetter {
 
 class NoTexts final : public SkinTextSetter {
   void SetText(const SkinElement&, const Rect&, const Text&, Colour) override {}
+  std::int32_t WidthOf(const SkinElement&, const Text&) override { return 0; }
 };
 
 // What the last element of the skin adds to the picture: the contrast within its area, 1 when it changes
@@ -134,7 +138,7 @@ void MeasureGlyphs(const SkinData& skin, const Picture& sheet, SkinView view, Le
 Least Measured(const SkinData& skin, const Picture& sheet, Colour paper,
                const std::optional<ContrastColours>& contrast = {}) {
   Least least;
-  for (int state = 0; state < 16; ++state) {
+  for (int state = 0; state < 32; ++state) {
     SkinView view{{240, 120}, paper};
     view.contrast = contrast;
     view.focus = (state & 1) != 0;
@@ -143,6 +147,8 @@ Least Measured(const SkinData& skin, const Picture& sheet, Colour paper,
     if (view.rolled) view.window.height = skin.rolledHeight;
     for (int each = 0; each < static_cast<int>(SkinState::kScrollbarRequired); ++each)
       view.states.Set(static_cast<SkinState>(each), (state & 8) != 0);
+    view.states.Set(SkinState::kSounding, (state & 16) != 0);
+    view.states.Set(SkinState::kRolled, view.rolled);
     Pixels pixels(view.window);
     Canvas canvas = pixels.MakeCanvas();
     TextContrasts texts(pixels, view.window, least);
@@ -212,16 +218,46 @@ TEST(Ink, IsNotWrittenIntoRichText) {
   const std::string without = "{\\rtf1{\\fonttbl{\\f0 A;}}\\pard a\\plain b\\\\cf0 \\'e4}";
   const std::string with =
       "{\\rtf1{\\colortbl;" + entry + "}{\\fonttbl{\\f0 A;}}\\pard a\\plain\\cf1 b\\\\cf0 \\'e4}";
-  EXPECT_EQ(WithInk(without, kInk), with);
-  EXPECT_EQ(WithoutInk(with, kInk).find("240"), std::string::npos);
-  EXPECT_EQ(WithInk("{\\rtf1{\\colortbl;\\red1\\green2\\blue3;;}\\cf2 a\\cf0 b\\cf1 c}", kInk),
-            "{\\rtf1{\\colortbl;\\red1\\green2\\blue3;" + entry + entry + "}\\cf2 a\\cf3 b\\cf1 c}");
-  EXPECT_EQ(WithoutInk("{\\rtf1{\\colortbl;" + entry + "\\red1\\green2\\blue3;}\\cf1 a}", kInk),
-            "{\\rtf1{\\colortbl;;\\red1\\green2\\blue3;}\\cf1 a}");
+  const auto same = [](Colour own) { return own; };
+  ShownColours shown;
+  EXPECT_EQ(WithInk(without, kInk, same, shown), with);
+  EXPECT_EQ(WithoutInk(with, kInk, shown).find("240"), std::string::npos);
+  const std::string marks = "\\red0\\green0\\blue1;";
+  EXPECT_EQ(WithInk("{\\rtf1{\\colortbl;\\red1\\green2\\blue3;;}\\cf2 a\\cf0 b\\cf1 c}", kInk, same, shown),
+            "{\\rtf1{\\colortbl;\\red1\\green2\\blue3;" + entry + entry + marks + "}\\cf2 a\\cf3 b\\cf1 c}");
+  EXPECT_EQ(
+      WithoutInk("{\\rtf1{\\colortbl;" + entry + marks + "\\red1\\green2\\blue3;}\\cf1 a}", kInk, shown),
+      "{\\rtf1{\\colortbl;;;\\red1\\green2\\blue3;}\\cf1 a}");
   // Whatever the bytes are.
   for (const std::string rtf :
-       {"", "{", "{\\rtf", "{\\rtf1{\\colortbl", "{\\rtf1{\\colortbl;{}}", "\\", "{\\rtf1\\bin3 \\cf"})
-    EXPECT_LE(WithoutInk(WithInk(rtf, kInk), kInk).size(), rtf.size() + 64) << rtf;
+       {"", "{", "{\\rtf", "{\\rtf1{\\colortbl", "{\\rtf1{\\colortbl;{}}", "\\", "{\\rtf1\\bin3 \\cf",
+        "{\\rtf1{\\colortbl\\red300\\green;\\red}\\cf99999999 \\highlight-1 }}}"})
+    EXPECT_LE(WithoutInk(WithInk(rtf, kInk, same, shown), kInk, shown).size(), rtf.size() + 96) << rtf;
+}
+
+TEST(Ink, OfMarkedAndColouredWordsCanBeReadOnDarkPaperAndComesBack) {
+  constexpr Colour kInk{240, 240, 240};
+  constexpr Colour kPaper{34, 49, 68};
+  const auto legible = [&](Colour own) { return LegibleOn(kPaper, own); };
+  ShownColours shown;
+  const std::string table =
+      "{\\colortbl;\\red255\\green224\\blue102;\\red176\\green42\\blue30;\\red177\\green42\\blue30;"
+      "\\red0\\green0\\blue60;}";
+  const std::string rtf =
+      "{\\rtf1" + table + "a{\\highlight1 b\\cf2 c}d\\cf2 e\\highlight1 f\\highlight4 g\\cf0 h\\plain i}";
+  const std::string made = WithInk(rtf, kInk, legible, shown);
+  // 5 is the ink, 6 that on marks, 7 and 8 are the lighter reds, 9 the lighter blue.
+  EXPECT_TRUE(made.ends_with(
+      "}a{\\highlight1\\cf6 b\\cf2 c}d\\cf7 e\\highlight1\\cf2 f\\highlight4\\cf7 g\\cf5 h\\plain\\cf5 i}"))
+      << made;
+  ASSERT_EQ(shown.size(), 3u);
+  for (const auto& [colour, own] : shown) EXPECT_GE(Contrast(colour, kPaper), 4.4) << made;
+  EXPECT_NE(shown[0].first, shown[1].first) << "each goes back to its own";
+  const std::string back = WithoutInk(made, kInk, shown);
+  EXPECT_NE(back.find(table.substr(0, table.size() - 1) +
+                      ";;\\red176\\green42\\blue30;\\red177\\green42\\blue30;\\red0\\green0\\blue60;}"),
+            std::string::npos)
+      << back;
 }
 
 }  // namespace

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "editor/text_style.h"
 #include "fakes.h"
 #include "note/animation.h"
+#include "note/hover_fade.h"
 #include "note/opacity.h"
 #include "note/rolled.h"
+#include "note/shadow_shape.h"
 
 namespace jotlets {
 namespace {
@@ -174,6 +178,52 @@ TEST(TextStyle, IsKeptUnderTenNumbers) {
   EXPECT_EQ(FindTextStyle(options, u"style07"), 7u);
   for (const TextView none : {u"Style06", u"Style0x", u"", u"Other"})
     EXPECT_EQ(FindTextStyle(options, none), kTextStyles) << ToUtf8(none);
+}
+
+TEST(HoverFade, ComesSoftlyAndGoesAfterARest) {
+  HoverFade fade;
+  fade.Set(true, true, 1000);
+  EXPECT_TRUE(fade.IsShown(1000) && fade.Strength(1000) == 0 && fade.IsMoving(1000));
+  EXPECT_EQ(fade.Strength(1060), 127);
+  fade.Set(true, true, 1060);
+  EXPECT_EQ(fade.Strength(1120), 255);
+  EXPECT_FALSE(fade.IsMoving(1120));
+  fade.Set(false, true, 2000);
+  EXPECT_EQ(fade.Strength(2150), 255) << "a mouse that passes over a neighbour leaves no flicker";
+  EXPECT_TRUE(fade.IsShown(2349) && fade.IsMoving(2349));
+  EXPECT_FALSE(fade.IsShown(2350) || fade.IsMoving(2350));
+  // Back in the middle of its way it goes on from there.
+  fade.Set(true, true, 3000);
+  fade.Set(false, true, 3120);
+  fade.Set(true, true, 3370);
+  EXPECT_EQ(fade.Strength(3370), 128);
+  fade.Set(false, false, 4000);
+  EXPECT_FALSE(fade.IsShown(4000)) << "nothing moves";
+}
+
+TEST(ShadowShape, ShowsTheEdgesOfSheetsBelowAndNothingUnderTheWindow) {
+  const Colour upper{200, 100, 50};
+  const Colour lower{10, 20, 30};
+  const ShadowCaster plain{{60, 40}, 4};
+  ShadowCaster stack = plain;
+  stack.sheets = {upper, lower};
+  const Rect bounds = ShadowBounds({0, 0}, plain);
+  EXPECT_EQ(ShadowBounds({0, 0}, stack), bounds);
+  const auto pixels = ShadowPixels(stack);
+  const auto without = ShadowPixels(plain);
+  const auto at = [&bounds](const std::vector<std::uint8_t>& of, Point place) {
+    const std::size_t first =
+        static_cast<std::size_t>((place.y - bounds.top) * bounds.Width() + place.x - bounds.left) * 4;
+    return std::array{of[first + 2], of[first + 1], of[first], of[first + 3]};
+  };
+  using Pixel = std::array<std::uint8_t, 4>;
+  EXPECT_EQ(at(pixels, {30, 41}), (Pixel{200, 100, 50, 255}));
+  EXPECT_EQ(at(pixels, {30, 47}), (Pixel{10, 20, 30, 255}));
+  EXPECT_EQ(at(pixels, {7, 47}), at(without, {7, 47})) << "the lower one is narrower";
+  EXPECT_EQ(at(pixels, {30, 51}), at(without, {30, 51}));
+  for (std::int32_t y = -8; y < 40; ++y)
+    for (std::int32_t x = -8; x < 68; ++x)
+      EXPECT_EQ(at(pixels, {x, y}), at(without, {x, y})) << x << "," << y;
 }
 
 }  // namespace

@@ -64,6 +64,9 @@ class TextList final : public SkinTextSetter {
   void SetText(const SkinElement&, const Rect& area, const Text& words, Colour) override {
     texts.emplace_back(area, words);
   }
+  std::int32_t WidthOf(const SkinElement&, const Text& words) override {
+    return static_cast<std::int32_t>(words.size()) * 1;
+  }
 };
 
 class Drawing : public testing::Test {
@@ -104,6 +107,36 @@ TEST_F(Drawing, FillsStripsInTheTintOfTheNote) {
   EXPECT_EQ(Row(u"[hstrip]", u"striptype=2\nsource=0,0"), Colours(3, view.colour));
   EXPECT_EQ(Row(u"[hstrip]", u"source=0,0\nsolidcol=1,2,3"),
             (Colours{{10, 20, 0}, {11, 20, 0}, {12, 20, 0}}));
+}
+
+TEST_F(Drawing, LetsWhatShowsUnderTheMouseComeSoftly) {
+  view.mouseOver = true;
+  view.hover = 51;
+  EXPECT_EQ(Row(u"[button]", u"source=0,0\nmouseover=1")[2], (Colour{206, 212, 214}));
+  EXPECT_EQ(Row(u"[button]", u"source=0,0")[2], (Colour{12, 40, 50}));
+}
+
+TEST_F(Drawing, PutsAPillBehindWordsThatGiveItRoom) {
+  Surface wide{{80, 24}};
+  view = {{80, 24}, kWhite};
+  const auto draw = [&](TextView text) {
+    texts.texts.clear();
+    Canvas canvas = wide.MakeCanvas();
+    DrawSkin(canvas, ParseSkin(Text(u"[text]\nplace=0,0\nextent=80,24\npill=12\ntext=").append(text)),
+             Sheet(), view, Words(), texts);
+    return texts.texts;
+  };
+  EXPECT_EQ(draw(u"abcd"), (decltype(texts.texts){{{0, 0, 4, 24}, u"abcd"}, {{18, 2, 26, 22}, u"12"}}));
+  EXPECT_EQ(wide[(Point{12, 2})], kWhite) << "its corners are round";
+  EXPECT_NE(wide[(Point{22, 2})], kWhite);
+  EXPECT_EQ(draw(Text(100, u'x')),
+            (decltype(texts.texts){{{0, 0, 52, 24}, Text(100, u'x')}, {{66, 2, 74, 22}, u"12"}}));
+  view.window.width = 20;
+  Canvas canvas = wide.MakeCanvas();
+  texts.texts.clear();
+  DrawSkin(canvas, ParseSkin(u"[text]\nplace=0,0\nextent=20,24\npill=12\ntext=a"), Sheet(), view, Words(),
+           texts);
+  EXPECT_EQ(texts.texts.size(), 1u) << "without room there is no pill";
 }
 
 TEST_F(Drawing, RunsGradientsDownInHorizontalStripsWhateverIsCutOff) {

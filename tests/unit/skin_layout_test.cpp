@@ -107,6 +107,13 @@ TEST(Layout, GivesRectangles) {
   EXPECT_EQ(TextArea(skin, ViewOf({200, 100})), (Rect{10, 20, 189, 88}));
   EXPECT_EQ(TextArea(skin, ViewOf({15, 25})), (Rect{10, 20, 10, 20}));
   EXPECT_EQ(TextArea(skin, ViewOf({200, 100}, true)), Rect{});
+  const SkinData framed =
+      ParseSkin(u"top=20\nbottom=12\nleft=10\nright=11\ntitlebar=0,0,-1,15\npictureframe=1");
+  SkinView picture = ViewOf({200, 100});
+  EXPECT_EQ(TextArea(framed, picture), (Rect{10, 20, 189, 88}));
+  picture.states.Set(SkinState::kImage, true);
+  EXPECT_EQ(TextArea(framed, picture), (Rect{1, 16, 199, 99}));
+  EXPECT_EQ(TextArea(skin, picture), (Rect{10, 20, 189, 88}));
 }
 
 TEST(TagLine, TellsOneThingWhereThereIsRoomForIt) {

@@ -29,9 +29,9 @@ PartFacts FactsFor(const SkinData& skin, const ActionFacts& actions = {}) {
 }
 
 const SkinPart* PartWith(const std::vector<SkinPart>& parts, ActionCode action,
-                         EditorKey editing = EditorKey::kNothing) {
-  const auto found = std::ranges::find_if(parts, [action, editing](const SkinPart& part) {
-    return part.role != PartRole::kTitle && part.action == action && part.editing == editing;
+                         PartUse use = PartUse::kNothing) {
+  const auto found = std::ranges::find_if(parts, [action, use](const SkinPart& part) {
+    return part.role != PartRole::kTitle && part.action == action && part.use == use;
   });
   return found == parts.end() ? nullptr : &*found;
 }
@@ -44,7 +44,7 @@ void ExpectSound(const std::vector<SkinPart>& parts, Size window) {
         << ToUtf8(part.name);
     EXPECT_TRUE(part.invisible || part.area != Rect{}) << ToUtf8(part.name);
     const bool plain =
-        part.role == PartRole::kState || part.role == PartRole::kText || part.editing != EditorKey::kNothing;
+        part.role == PartRole::kState || part.role == PartRole::kText || part.use != PartUse::kNothing;
     EXPECT_EQ(RowOf(part.action).name.empty(), plain) << ToUtf8(part.name);
     EXPECT_EQ(std::ranges::count(parts, part), 1) << ToUtf8(part.name);
   }
@@ -68,7 +68,7 @@ TEST(SkinParts, OfEverySkinHaveANameAPlaceAndACommandInEveryState) {
       EXPECT_EQ(parts.front().value, u"Shopping");
       for (const SkinElement& element : skin.elements) {
         if (element.kind != ElementKind::kButton || !IsShown(element, view)) continue;
-        const SkinPart* part = PartWith(parts, element.action, EditingOf(element));
+        const SkinPart* part = PartWith(parts, element.action, UseOf(element));
         EXPECT_TRUE(part != nullptr && !part->invisible) << ToUtf8(element.name);
       }
     }
@@ -100,6 +100,24 @@ TEST(SkinParts, TellsOfButtonsOnceAndWhetherTheyAreSeenPressedAndAvailable) {
   EXPECT_TRUE(parts[2].name == u"On top" && parts[2].invisible);
 }
 
+TEST(SkinParts, OfANoteThatSoundsQuietenIt) {
+  const SkinData skin = SkinIn("paper/paper.ini");
+  SkinView view{.window = {280, 200}};
+  EXPECT_EQ(PartWith(PartsOf(skin, view, FactsFor(skin)), kActionNone, PartUse::kDismiss), nullptr);
+  view.states.Set(SkinState::kSounding, true);
+  EXPECT_EQ(TextArea(skin, view).bottom, 200 - 48 - 8);
+  const auto parts = PartsOf(skin, view, FactsFor(skin));
+  const SkinPart* dismiss = PartWith(parts, kActionNone, PartUse::kDismiss);
+  const SkinPart* snooze = PartWith(parts, kActionNone, PartUse::kSnooze);
+  ASSERT_TRUE(dismiss != nullptr && snooze != nullptr);
+  EXPECT_TRUE(dismiss->atFoot && snooze->atFoot && dismiss->area.right < snooze->area.left);
+  EXPECT_EQ(dismiss->name, u"Dismiss");
+  EXPECT_EQ(parts[1].name, u"Sounding");
+  view.window.height = 119;
+  EXPECT_TRUE(PartWith(PartsOf(skin, view, FactsFor(skin)), kActionNone, PartUse::kDismiss) == nullptr);
+  EXPECT_EQ(TextArea(skin, view).bottom, 119 - 8) << "no foot without room for the text";
+}
+
 TEST(SkinParts, OfTheBarAtTheFootFitAndAreToldApart) {
   for (const char* const file : {"paper/paper.ini", "paper/large.ini"}) {
     const SkinData skin = SkinIn(file);
@@ -108,11 +126,11 @@ TEST(SkinParts, OfTheBarAtTheFootFitAndAreToldApart) {
     for (const SkinState state : {SkinState::kFormatBar, SkinState::kCheckLists, SkinState::kCheckList})
       view.states.Set(state, true);
     const auto parts = PartsOf(skin, view, FactsFor(skin));
-    EXPECT_EQ(std::ranges::count(parts, true, &SkinPart::inFormatBar), 10);
-    EXPECT_FALSE(PartWith(parts, kActionClose)->inFormatBar);
-    const SkinPart* list = PartWith(parts, kActionNone, EditorKey::kCheckList);
+    EXPECT_EQ(std::ranges::count(parts, true, &SkinPart::atFoot), 10);
+    EXPECT_FALSE(PartWith(parts, kActionClose)->atFoot);
+    const SkinPart* list = PartWith(parts, kActionNone, PartUse::kCheckList);
     ASSERT_NE(list, nullptr);
-    EXPECT_TRUE(list->pressed && list->inFormatBar && list->name == u"Check list");
+    EXPECT_TRUE(list->pressed && list->atFoot && list->name == u"Check list");
     EXPECT_EQ(list->key, u"Ctrl+Shift+X");
     for (view.window.width = MinimumSize(skin).width; view.window.width <= 320; ++view.window.width) {
       for (const SkinElement& element : skin.elements) {

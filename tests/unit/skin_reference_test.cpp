@@ -38,6 +38,9 @@ class TextBoxes final : public SkinTextSetter {
                                                                                         : rest / 2);
     canvas_.Fill({left, area.top, left + width, area.bottom}, ink, 112);
   }
+  std::int32_t WidthOf(const SkinElement&, const Text& words) override {
+    return static_cast<std::int32_t>(words.size()) * 6;
+  }
 
  private:
   Canvas& canvas_;

@@ -139,7 +139,7 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void FollowMonitors();
   /// One step of all animated moves; whether any goes on.
   bool Animate();
-  void Snooze(BJotlet& jotlet) { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
+  void Snooze(BJotlet& jotlet) override { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
   bool IsAnySounding() const { return now_.sounding > 0; }
   void StopAlarms();

@@ -4,9 +4,11 @@
 #include <map>
 #include <ranges>
 
+#include "base/win/shown_time.h"
 #include "base/win/wide.h"
 #include "data/data_file.h"
 #include "note/snapping.h"
+#include "res/part_texts.h"
 #include "res/resource.h"
 #include "ui/choice_dialog.h"
 
@@ -17,6 +19,15 @@ constexpr Size kNewStack{280, 160};
 
 StackMember MemberOf(const JotletData& record, const Text& title, MemberState state) {
   return {record.id, title, record.colour, record.alarm > 0, state};
+}
+
+// Within a week the name of the day says which one it is.
+Text UntilWords(const Clock& clock, std::int32_t wake) {
+  constexpr std::int64_t kSoon = 6 * 24 * 3600;
+  if (wake <= 0) return {};
+  const Moment now = clock.Now();
+  const LocalTime at = clock.ToLocal(wake);
+  return wake - now.utc < kSoon ? ShownSoon(at, now.local) : ShownDate(at);
 }
 
 }  // namespace
@@ -233,16 +244,20 @@ void OpenStacks::Refresh() {
   if (stacks_.empty()) return;
   std::map<std::int32_t, std::vector<StackMember>> members;
   for (const auto& stack : stacks_) members[stack->Number()];
-  const auto add = [&members](const JotletData& record, const Text& title, MemberState state) {
+  const auto add = [this, &members](const JotletData& record, const Text& title, MemberState state) {
     const auto at = members.find(record.stack);
-    if (at != members.end()) at->second.push_back(MemberOf(record, title, state));
+    if (at == members.end()) return;
+    StackMember& member = at->second.emplace_back(MemberOf(record, title, state));
+    if (state == MemberState::kAsleep)
+      member.until = UntilWords(desktop_.Context().clock, record.sleep.nextWake);
+    if (state == MemberState::kWaiting) member.until = resources_.String(IDS_PART_WAITS);
   };
   for (const auto& jotlet : desktop_.All()) {
     const JotletData& record = jotlet->StoredRecord();
     add(record, jotlet->TitleShown(), record.hidden ? MemberState::kHidden : MemberState::kShown);
   }
-  for (const JotletData& record : desk_.Lists().attached) add(record, record.title, MemberState::kAway);
-  for (const JotletData& record : desk_.Lists().sleeping) add(record, record.title, MemberState::kAway);
+  for (const JotletData& record : desk_.Lists().attached) add(record, record.title, MemberState::kWaiting);
+  for (const JotletData& record : desk_.Lists().sleeping) add(record, record.title, MemberState::kAsleep);
   for (const auto& stack : stacks_) stack->SetMembers(std::move(members[stack->Number()]));
 }
 

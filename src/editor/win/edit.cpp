@@ -8,7 +8,6 @@
 
 #include "base/win/pressed_key.h"
 #include "base/win/wide.h"
-#include "data/rtf_ink.h"
 #include "editor/link_text.h"
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_text.h"
@@ -242,7 +241,10 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
 }
 
 bool BEdit::SetRtf(std::string_view rtf) {
-  return HasLightInk() ? StreamIn(SF_RTF, WithInk(rtf, Ink())) : StreamIn(SF_RTF, rtf);
+  shownColours_.clear();
+  if (!HasLightInk()) return StreamIn(SF_RTF, rtf);
+  const auto legible = [paper = look_.background](Colour own) { return LegibleOn(paper, own); };
+  return StreamIn(SF_RTF, WithInk(rtf, Ink(), legible, shownColours_));
 }
 
 void BEdit::ShowWords(TextView text, TextView notice) {
@@ -265,7 +267,7 @@ std::optional<std::string> BEdit::Rtf() const {
   // Some implementations go on after an error of ours, and end well.
   const std::size_t last = rtf.find_last_not_of("\r\n ");
   if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;
-  return HasLightInk() ? WithoutInk(rtf, Ink()) : rtf;
+  return HasLightInk() ? WithoutInk(rtf, Ink(), shownColours_) : rtf;
 }
 
 void BEdit::SetPlainText(TextView text) {

@@ -11,6 +11,7 @@
 
 #include "base/geometry.h"
 #include "base/text.h"
+#include "data/rtf_ink.h"
 #include "editor/edit_facts.h"
 #include "editor/win/edit_aids.h"
 #include "editor/win/edit_direction.h"
@@ -156,6 +157,7 @@ class BEdit {
   EditAids aids_;
   DirectionKeys directionKeys_;
   Look look_;
+  ShownColours shownColours_;
   Text followed_;
   std::int32_t textHeight_ = 0;
   bool trackingMouse_ = false;

@@ -190,6 +190,7 @@ bool EditAids::BeginParagraph(BEdit& edit, const TypingSettings& settings) {
   if (BoxAfterEnter(paragraph->text, paragraph->caret)) {
     InsertText(edit, u"\r");
     Begin();
+    Strike(edit, false);
     Replace(edit, edit.Selection(), Text{kOpenBox, u' '});
     End(edit);
     return true;
@@ -227,7 +228,13 @@ void EditAids::Tick(BEdit& edit, LONG at) {
   if (box.empty()) return;
   const CHARRANGE selection = edit.Selection();
   Begin();
-  Replace(edit, {at, at + 1}, Text{OtherBox(box.front())});
+  const char16_t other = OtherBox(box.front());
+  Replace(edit, {at, at + 1}, Text{other});
+  // What is done is struck through.
+  if (const auto paragraph = ParagraphAt(edit, at); paragraph && paragraph->text.size() > kBoxLength) {
+    edit.Select({at + static_cast<LONG>(kBoxLength), at + static_cast<LONG>(paragraph->text.size())});
+    if (Strike(edit, other == kTickedBox)) ++steps_;
+  }
   End(edit);
   edit.Select(selection);
 }

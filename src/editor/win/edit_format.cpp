@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "base/win/wide.h"
+#include "data/rtf_ink.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -250,6 +251,16 @@ void ToggleEffect(BEdit& edit, TextEffect effect) {
   Set(edit, format);
 }
 
+bool Strike(BEdit& edit, bool struck) {
+  const CHARFORMAT2W current = CharacterFormat(edit);
+  const bool all = (current.dwMask & CFM_STRIKEOUT) != 0;
+  if (all && ((current.dwEffects & CFE_STRIKEOUT) != 0) == struck) return false;
+  CHARFORMAT2W format = Characters(CFM_STRIKEOUT);
+  format.dwEffects = struck ? CFE_STRIKEOUT : 0;
+  Set(edit, format);
+  return true;
+}
+
 void StepFontSize(BEdit& edit, bool larger) {
   const CHARRANGE selection = edit.Selection();
   if ((CharacterFormat(edit).dwMask & CFM_SIZE) != 0) {
@@ -320,9 +331,10 @@ void SetHighlight(BEdit& edit, Highlight highlight, const HighlightColours& colo
   const COLORREF ink = ToCOLORREF(edit.Ink());
   const CHARFORMAT2W current = CharacterFormat(edit);
   const bool oneColour = (current.dwMask & CFM_COLOR) != 0 && (current.dwEffects & CFE_AUTOCOLOR) == 0;
-  if (edit.HasLightInk() && oneColour && current.crTextColor == (none ? RGB(0, 0, 0) : ink)) {
+  const COLORREF onMarks = ToCOLORREF(kInkOnMarks);
+  if (edit.HasLightInk() && oneColour && current.crTextColor == (none ? onMarks : ink)) {
     format.dwMask |= CFM_COLOR;
-    format.crTextColor = none ? ink : RGB(0, 0, 0);
+    format.crTextColor = none ? ink : onMarks;
   }
   Set(edit, format);
 }

@@ -43,6 +43,8 @@ enum class TextEffect : DWORD {
 };
 /// Gives all of the selection an effect; takes it away when all of it had it.
 void ToggleEffect(BEdit& edit, TextEffect effect);
+/// Strikes all of the selection through, or no longer; false when it was so already.
+bool Strike(BEdit& edit, bool struck);
 
 /// Makes text one size of a fixed list larger or smaller. In a mixed selection every run takes its own step,
 /// so that headings stay larger than the rest; each run is then one step of undoing.

@@ -193,7 +193,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
-      return 0;
+      break;
     case kLinkMessage:
       if (const BEdit* edit = Editor())
         context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());

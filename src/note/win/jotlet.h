@@ -191,7 +191,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   HWND ContentWindow() const override { return content_->ContentWindow(); }
   void FocusContent() override { SetFocus(FocusWindow()); }
   Text WordsOfState(SkinState state) const;
-  void DoInEditor(EditorKey key) override;
+  void DoPart(PartUse use) override;
   void ShowFormat(bool hadBar);
   void OfferButtonTip(Point at);
   ScrollState Scrolled() const override;

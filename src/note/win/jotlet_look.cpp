@@ -94,7 +94,7 @@ Text BJotlet::BarTitle() const {
 
 void BJotlet::Draw(HDC dc, const Rect& part) {
   const Text title = BarTitle();
-  const NoteWords words(context_.clock, context_.stackName, record_, title, view_.window);
+  const NoteWords words(context_, record_, title, view_.window);
   const auto inlay = content_->Inlay(TextArea(skin_->data, view_));
   context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, inlay.get());
 }
@@ -172,6 +172,8 @@ SkinStates BJotlet::States() const {
   states.Set(SkinState::kOwnTitle, !record_.title.empty());
   states.Set(SkinState::kImage, record_.IsImage());
   states.Set(SkinState::kStang, record_.stang);
+  states.Set(SkinState::kSounding, IsSounding());
+  states.Set(SkinState::kRolled, view_.rolled);
   states.Set(SkinState::kUser1, record_.user1);
   states.Set(SkinState::kUser2, record_.user2);
   states.Set(SkinState::kUser3, record_.user3);
@@ -189,7 +191,7 @@ std::vector<SkinPart> BJotlet::SkinParts() const {
 }
 
 Text BJotlet::WordsOfState(SkinState state) const {
-  const NoteWords words(context_.clock, context_.stackName, record_, shownTitle_, view_.window);
+  const NoteWords words(context_, record_, shownTitle_, view_.window);
   switch (state) {
     case SkinState::kAlarm: return words.Find(u"ALARM").value_or(Text());
     case SkinState::kSleeping: return words.Find(u"WAKE").value_or(Text());
@@ -214,7 +216,8 @@ void BJotlet::FillView() {
 // The bar is there while one writes. It does not come under a mouse that selects text.
 void BJotlet::ShowFormat(bool hadBar) {
   const BEdit* edit = Editor();
-  const bool writes = hasFocus_ && edit != nullptr && !edit->IsReadOnly() && context_.options.formatBar;
+  const bool writes =
+      hasFocus_ && edit != nullptr && !edit->IsReadOnly() && context_.options.formatBar && !IsSounding();
   if (!writes || !HasRoomForFormatBar(skin_->data, view_) || (!hadBar && HoldsMouse(*edit))) return;
   SkinStates& states = view_.states;
   // At every move of the caret: no more than what the bar shows.
@@ -239,9 +242,14 @@ void BJotlet::Invalidate(const SkinView& before) {
   SkinView rest = before;
   rest.hotButton = view_.hotButton;
   rest.thumb = view_.thumb;
+  rest.hover = view_.hover;
   if (rest != view_) {
     Repaint();
     return;
+  }
+  if (before.hover != view_.hover) {
+    const RECT area = ToRECT(AreaUnderMouse(skin_->data, view_));
+    InvalidateRect(Handle(), &area, FALSE);
   }
   for (const std::size_t button : {before.hotButton, view_.hotButton}) {
     if (button >= skin_->data.elements.size()) continue;

@@ -4,13 +4,18 @@
 namespace jotlets {
 
 FramePart BJotlet::PartAt(Point at) const {
-  const FramePart part =
-      HitTestFrame(at, view_.window, TextArea(skin_->data, view_), view_.rolled, place_.Dpi());
+  Rect content = TextArea(skin_->data, view_);
+  // A picture may fill the note, which can be sized all the same.
+  if (record_.IsImage()) content = WithinResizeMargin(content, view_.window, place_.Dpi());
+  const FramePart part = HitTestFrame(at, view_.window, content, view_.rolled, place_.Dpi());
   return context_.options.allowFixedSizing != 0 ? WithoutSizing(part) : part;
 }
 
 void BJotlet::BeginPress() {
-  StopAlarm();
+  // The button that lets it sound again later is pressed on a note that sounds.
+  const std::size_t button = ButtonAt(skin_->data, view_, ToClient(MousePosition()));
+  const bool snoozes = button != kNoElement && UseOf(skin_->data.elements[button]) == PartUse::kSnooze;
+  if (!snoozes) StopAlarm();
   Tell(JotletEvent::kClicked);
   SetFocus(view_.rolled ? Handle() : FocusWindow());
 }

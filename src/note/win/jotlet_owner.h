@@ -45,6 +45,8 @@ class JotletOwner {
   /// A command that is not the note's own affair; false when it is none. The note may be gone when the call
   /// returns.
   virtual bool OnJotletAction(BJotlet& jotlet, ActionCode action) = 0;
+  /// The note sounds, and is to sound again later; it may be gone when the call returns.
+  virtual void Snooze(BJotlet& jotlet) = 0;
   /// What the states of the note's commands depend on.
   virtual ActionFacts FactsOf(const BJotlet& jotlet) = 0;
   /// The notes that are selected together with this one, itself included.

@@ -29,8 +29,10 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
      [](BJotlet& j, std::int32_t percent, bool) { j.SetTransparency(percent); }},
 };
 
-void BJotlet::DoInEditor(EditorKey key) {
-  if (BEdit* edit = Editor()) edit->Do(key);
+void BJotlet::DoPart(PartUse use) {
+  if (use == PartUse::kDismiss) return StopAlarm();
+  if (use == PartUse::kSnooze) return owner_.Snooze(*this);
+  if (BEdit* edit = Editor()) edit->Do(EditorKey::kCheckList);
   UpdateView();
 }
 

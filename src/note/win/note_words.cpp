@@ -1,6 +1,7 @@
 #include "note/win/note_words.h"
 
 #include "base/win/shown_time.h"
+#include "res/part_texts.h"
 
 namespace jotlets {
 namespace {
@@ -44,10 +45,15 @@ constexpr WordRow kRows[] = {
 std::optional<Text> NoteWords::Find(TextView placeholder) const {
   if (placeholder == u"TITLE") return shownTitle_;
   if (placeholder == u"SIZE") return IntText(window_.width) + u" x " + IntText(window_.height);
-  if (placeholder == u"STACKNAME") return OneLine(stackName_(record_.stack).value_or(Text()));
-  if (placeholder == u"TAG") return OneLine(TagWords(clock_, record_, stackName_));
+  if (placeholder == u"STACKNAME") return OneLine(context_.stackName(record_.stack).value_or(Text()));
+  if (placeholder == u"TAG") return OneLine(TagWords(context_.clock, record_, context_.stackName));
+  if (placeholder == u"DISMISS") return context_.textOf(IDS_PART_DISMISS);
+  if (placeholder == u"SNOOZE") {
+    const Text minutes = IntText(context_.options.snoozeMinutes);
+    return ReplaceAll(context_.textOf(IDS_PART_SNOOZE_FOR), u"%s", minutes);
+  }
   for (const WordRow& row : kRows) {
-    if (row.placeholder == placeholder) return OneLine(row.words(clock_, record_));
+    if (row.placeholder == placeholder) return OneLine(row.words(context_.clock, record_));
   }
   return std::nullopt;
 }

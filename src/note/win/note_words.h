@@ -9,18 +9,16 @@
 namespace jotlets {
 
 /// TITLE, SOURCE, STACKNAME, TAG, ALARM, CREATED, MODIFIED, WAKE, DATE, TIME, SIZE, USERSTRING1 and ID of a
-/// note.
+/// note; DISMISS and SNOOZE for the buttons of one that sounds.
 class NoteWords final : public SkinWords {
  public:
   /// All of it outlives the words.
-  NoteWords(const Clock& clock, const StackNames& stackName, const JotletData& record, const Text& shownTitle,
-            Size window)
-      : clock_(clock), stackName_(stackName), record_(record), shownTitle_(shownTitle), window_(window) {}
+  NoteWords(const NoteContext& context, const JotletData& record, const Text& shownTitle, Size window)
+      : context_(context), record_(record), shownTitle_(shownTitle), window_(window) {}
   std::optional<Text> Find(TextView placeholder) const override;
 
  private:
-  const Clock& clock_;
-  const StackNames& stackName_;
+  const NoteContext& context_;
   const JotletData& record_;
   const Text& shownTitle_;
   Size window_;

@@ -14,7 +14,7 @@ namespace {
 // Parts are known by what they do; what does nothing, by its place.
 constexpr LPARAM kTitleCommand = 1000;
 constexpr LPARAM kContentCommand = 1001;
-constexpr LPARAM kFirstEditing = 1010;
+constexpr LPARAM kFirstUse = 1010;
 constexpr LPARAM kFirstState = 1100;
 
 bool IsContent(PartRole role) { return role == PartRole::kText || role == PartRole::kPicture; }
@@ -23,7 +23,7 @@ LPARAM CommandOf(const std::vector<SkinPart>& parts, std::size_t index) {
   const SkinPart& part = parts[index];
   if (part.role == PartRole::kTitle) return kTitleCommand;
   if (part.role == PartRole::kState) return kFirstState + static_cast<LPARAM>(index);
-  if (part.editing != EditorKey::kNothing) return kFirstEditing + static_cast<LPARAM>(part.editing);
+  if (part.use != PartUse::kNothing) return kFirstUse + static_cast<LPARAM>(part.use);
   return IsContent(part.role) ? kContentCommand : LPARAM{part.action};
 }
 
@@ -48,7 +48,7 @@ LONG SpokenState(const SkinPart& part) {
 }
 
 std::uint32_t VerbOf(const SkinPart& part) {
-  if (part.action == kActionNone && part.editing == EditorKey::kNothing) return 0;
+  if (part.action == kActionNone && part.use == PartUse::kNothing) return 0;
   if (part.role == PartRole::kTitle) return IDS_PART_EDIT;
   return part.role == PartRole::kMenuButton ? IDS_PART_OPEN : IDS_PART_PRESS;
 }
@@ -98,16 +98,16 @@ void SkinnedWindow::UsePart(AccessibleWindow::Use use, LPARAM command) {
   for (std::size_t i = 0; i < parts.size(); ++i) {
     if (CommandOf(parts, i) != command) continue;
     if (use == kTakeFocus) return IsContent(parts[i].role) ? LeaveParts() : FocusPart(command);
-    if (!parts[i].unavailable) DoButton(parts[i].action, parts[i].editing, {});
+    if (!parts[i].unavailable) DoButton(parts[i].action, parts[i].use, {});
     return;
   }
 }
 
-void SkinnedWindow::DoButton(ActionCode action, EditorKey editing, Point at) {
+void SkinnedWindow::DoButton(ActionCode action, PartUse use, Point at) {
   if (action != kActionNone) {
     DoSkinAction(action, at);
-  } else if (editing != EditorKey::kNothing) {
-    DoInEditor(editing);
+  } else if (use != PartUse::kNothing) {
+    DoPart(use);
   }
 }
 
@@ -117,8 +117,8 @@ std::vector<LPARAM> SkinnedWindow::PartsForKeys(bool atFoot) const {
   std::vector<LPARAM> found;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const SkinPart& part = parts[i];
-    const bool acts = part.action != kActionNone || part.editing != EditorKey::kNothing;
-    if (acts && part.inFormatBar == atFoot && !part.invisible && !part.unavailable)
+    const bool acts = part.action != kActionNone || part.use != PartUse::kNothing;
+    if (acts && part.atFoot == atFoot && !part.invisible && !part.unavailable)
       found.push_back(CommandOf(parts, i));
   }
   return found;

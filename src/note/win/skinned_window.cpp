@@ -9,6 +9,11 @@
 #include "skin/skin_drawing.h"
 
 namespace jotlets {
+namespace {
+
+constexpr UINT_PTR kHoverTimer = 1;
+
+}  // namespace
 
 LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
@@ -41,6 +46,10 @@ LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS: OnFocus(true); return 0;
     case WM_KILLFOCUS: OnFocus(false); return 0;
     case WM_DPICHANGED: FollowScale(HIWORD(wParam)); return 0;
+    case WM_TIMER:
+      if (wParam != kHoverTimer) break;
+      UpdateView();
+      return 0;
     default: break;
   }
   return Default(message, wParam, lParam);
@@ -74,11 +83,11 @@ LPCWSTR SkinnedWindow::CursorAt(Point at) const {
 void SkinnedWindow::OnButtonDown(Point at) {
   const bool ctrl = IsHeld(VK_CONTROL);
   BeginPress();
-  pressedButton_ = ButtonAt(skin_->data, view_, at);
+  mouse_.pressedButton = ButtonAt(skin_->data, view_, at);
   dragPart_ = PartAt(at);
   dragStart_ = MousePosition();
   dragBounds_ = Bounds();
-  if (pressedButton_ != kNoElement) {
+  if (mouse_.pressedButton != kNoElement) {
     drag_ = Drag::kButton;
   } else {
     const Press press = PressAt(at, ctrl);
@@ -94,12 +103,12 @@ void SkinnedWindow::OnButtonDown(Point at) {
 }
 
 void SkinnedWindow::OnMouseMove(Point at) {
-  if (!trackingMouse_) {
+  if (!mouse_.tracked) {
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
-    trackingMouse_ = TrackMouseEvent(&track) != 0;
+    mouse_.tracked = TrackMouseEvent(&track) != 0;
   }
   mouseOver_ = true;
-  hotButton_ = ButtonAt(skin_->data, view_, at);
+  mouse_.hotButton = ButtonAt(skin_->data, view_, at);
   UpdateView();
   OnHover(at);
   const Point mouse = MousePosition();
@@ -139,19 +148,19 @@ Size SkinnedWindow::LogSafeSize(Size size, Size minimum) const {
 }
 
 void SkinnedWindow::OnMouseLeave() {
-  trackingMouse_ = false;
-  hotButton_ = kNoElement;
+  mouse_.tracked = false;
+  mouse_.hotButton = kNoElement;
   OnMouseGone();
 }
 
 void SkinnedWindow::OnButtonUp(Point at) {
-  const std::size_t button = drag_ == Drag::kButton ? pressedButton_ : kNoElement;
+  const std::size_t button = drag_ == Drag::kButton ? mouse_.pressedButton : kNoElement;
   const bool ofContent = drag_ == Drag::kContent;
   dropping_ = drag_ == Drag::kMoving && IsHeld(VK_SHIFT);
   ReleaseCapture();
   if (ofContent) return DropContent(at);
   if (button != kNoElement && ButtonAt(skin_->data, view_, at) == button)
-    DoButton(skin_->data.elements[button].action, EditingOf(skin_->data.elements[button]), at);
+    DoButton(skin_->data.elements[button].action, UseOf(skin_->data.elements[button]), at);
 }
 
 void SkinnedWindow::EndDrag() {
@@ -208,8 +217,16 @@ void SkinnedWindow::UpdateView() {
   GetClientRect(Handle(), &client);
   const SkinView before = view_;
   view_.window = {static_cast<std::int32_t>(client.right), static_cast<std::int32_t>(client.bottom)};
-  view_.mouseOver = mouseOver_ || IsAtParts();
-  view_.hotButton = hotButton_;
+  const auto now = static_cast<std::int64_t>(GetTickCount64());
+  mouse_.hover.Set(mouseOver_, context_.theme.Now().moves, now);
+  view_.mouseOver = mouse_.hover.IsShown(now) || IsAtParts();
+  view_.hover = IsAtParts() ? kOpaque : mouse_.hover.Strength(now);
+  if (mouse_.hover.IsMoving(now)) {
+    SetTimer(Handle(), kHoverTimer, UINT{kHoverStep}, nullptr);
+  } else {
+    KillTimer(Handle(), kHoverTimer);
+  }
+  view_.hotButton = mouse_.hotButton;
   view_.clearPaper = context_.options.allowTransparentBackgrounds;
   view_.contrast = context_.theme.Now().contrast;
   view_.sampling = context_.options.alternateGetPixel ? Sampling::kMixed : Sampling::kNearest;
@@ -225,7 +242,10 @@ void SkinnedWindow::UpdateView() {
   if (view_ == before) return;
   Invalidate(before);
   TellChanges();
-  if (view_.focus != before.focus || view_.colour != before.colour) FollowWithShadow();
+  const bool sounds = view_.states.Has(SkinState::kSounding);
+  if (view_.focus != before.focus || view_.colour != before.colour ||
+      sounds != before.states.Has(SkinState::kSounding))
+    FollowWithShadow();
 }
 
 Colour SkinnedWindow::DrawnColour(Colour chosen) const {
@@ -263,7 +283,12 @@ void SkinnedWindow::PrepareShadow() {
 ShadowCaster SkinnedWindow::Caster(Size window) const {
   const SkinData& skin = skin_->data;
   const std::int32_t radius = skin.region.size() == 1 ? skin.region[0].value : 0;
-  return {window, radius, EdgeColour(skin, view_), view_.focus, place_.Dpi()};
+  return {window,
+          radius,
+          EdgeColour(skin, view_),
+          view_.focus || view_.states.Has(SkinState::kSounding),
+          place_.Dpi(),
+          SheetsBelow()};
 }
 
 void SkinnedWindow::FollowWithShadow(bool orderChanged) {

@@ -10,6 +10,7 @@
 
 #include "action/actions.h"
 #include "note/frame_layout.h"
+#include "note/hover_fade.h"
 #include "note/note_place.h"
 #include "note/win/note_context.h"
 #include "note/win/note_shadow.h"
@@ -55,7 +56,8 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   /// Carries out the command of a skin button, or of a double click. False for none of the window's. The
   /// window may be gone when the call returns.
   virtual bool DoSkinAction(ActionCode action, Point at) = 0;
-  virtual void DoInEditor(EditorKey) {}
+  /// What a button without an action does. The window may be gone when the call returns.
+  virtual void DoPart(PartUse) {}
   /// The windows that this one snaps to.
   virtual std::vector<Rect> WindowsToSnapTo() const = 0;
 
@@ -103,6 +105,8 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   /// Fills in what of the view is the window's own: all but size, mouse and scroll bar.
   virtual void FillView() = 0;
   virtual ScrollState Scrolled() const = 0;
+  /// The colours of the sheets whose edges are seen below the window.
+  virtual std::vector<Colour> SheetsBelow() const { return {}; }
   /// What the window shows has changed from this.
   virtual void Invalidate(const SkinView&) { Repaint(); }
 
@@ -154,11 +158,18 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   std::optional<Point> menuAsked_;  // where on the screen the mouse, if it was that, has asked for a menu
 
  private:
+  struct MouseState {
+    std::size_t hotButton = kNoElement;
+    std::size_t pressedButton = kNoElement;
+    bool tracked = false;
+    HoverFade hover;
+  };
+
   Size SmallestSize(const SkinData& skin) const;
   std::vector<LPARAM> PartsForKeys(bool atFoot) const;
   bool IsAtFoot() const;
   void FocusPart(LPARAM command);
-  void DoButton(ActionCode action, EditorKey editing, Point at);
+  void DoButton(ActionCode action, PartUse use, Point at);
   void LeaveParts();
   Rect FocusedPlace() const;
   std::int32_t RolledHeight(const SkinData& skin) const;
@@ -176,10 +187,8 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   NoteShadow shadow_;
   Accessibility access_;
   LPARAM focusedPart_ = 0;  // that the keyboard is at, by its command; 0: none
-  std::size_t hotButton_ = kNoElement;
-  std::size_t pressedButton_ = kNoElement;
+  MouseState mouse_;
   std::vector<Rect> snapWindows_;  // at the press
-  bool trackingMouse_ = false;
   bool hasRegion_ = false;
   bool dropping_ = false;  // the button was let go with Shift held
 };

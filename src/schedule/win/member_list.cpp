@@ -5,6 +5,7 @@
 #include "base/win/wide.h"
 #include "looks/ink.h"
 #include "skin/skin_layout.h"
+#include "ui/icons.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -58,21 +59,25 @@ Size MemberListInlay::SwatchOf(std::int32_t height) const {
   return {Scaled(4), Scaled(7)};
 }
 
-// An eye, as lines: the note can be seen on the desktop.
-void MemberListInlay::DrawEye(HDC dc, const Rect& row, Colour ink) const {
-  const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, Scaled(1), ToCOLORREF(ink)));
-  const Selected selected(dc, pen.get());
-  const Selected hollow(dc, static_cast<HBRUSH>(GetStockObject(NULL_BRUSH)));
-  const int x = row.right - Scaled(15);
-  const int y = row.top + row.Height() / 2;
-  const int half = Scaled(6);
-  const int high = Scaled(5);
-  const POINT lids[] = {{x - half, y}, {x - half / 2, y - high}, {x + half / 2, y - high},
-                        {x + half, y}, {x + half / 2, y + high}, {x - half / 2, y + high},
-                        {x - half, y}};
-  PolyBezier(dc, lids, static_cast<DWORD>(std::size(lids)));
-  const int pupil = Scaled(2);
-  Ellipse(dc, x - pupil, y - pupil, x + pupil + 1, y + pupil + 1);
+// What becomes of the note, at the end of its row: an eye for one that is on the desktop. Where that begins.
+std::int32_t MemberListInlay::DrawState(HDC dc, const Rect& row, const StackMember& member,
+                                        Colour ink) const {
+  const bool away = member.state == MemberState::kAsleep || member.state == MemberState::kWaiting;
+  if (member.state == MemberState::kHidden) return row.right - Scaled(8);
+  const Icon sign = !away ? Icon::kEye : member.state == MemberState::kAsleep ? Icon::kMoon : Icon::kAttach;
+  DrawIcon(dc, sign, {row.right - Scaled(15), row.top + row.Height() / 2}, look_.dpi, ink);
+  std::int32_t begin = row.right - Scaled(28);
+  if (member.until.empty()) return begin;
+  SIZE size{};
+  const int count = static_cast<int>(member.until.size());
+  GetTextExtentPoint32W(dc, Wide(member.until), count, &size);
+  // The title goes before the time.
+  if (size.cx > row.Width() / 3) return begin;
+  begin -= static_cast<std::int32_t>(size.cx);
+  RECT words{begin, row.top, row.right - Scaled(28), row.bottom};
+  SetTextColor(dc, ToCOLORREF(ink));
+  DrawTextW(dc, Wide(member.until), count, &words, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  return begin - Scaled(6);
 }
 
 Colour MemberListInlay::GroundOf(std::size_t row) const {
@@ -101,14 +106,15 @@ void MemberListInlay::DrawRow(HDC dc, std::size_t row) const {
         : look_.bars   ? Shaded(member.colour, 30)
         : plain        ? kFrame
                        : Mixed(kFrame, {255, 255, 255}));
-  const Selected font(dc, member.state == MemberState::kAway ? look_.awayFont : look_.font);
+  const bool away = member.state == MemberState::kAsleep || member.state == MemberState::kWaiting;
+  const Selected font(dc, away && !look_.bars ? look_.awayFont : look_.font);
+  const std::int32_t end =
+      look_.bars ? DrawState(dc, rect, member, InkOf(row, true)) : rect.right - Scaled(kThumbWidth) - 2;
   SetTextColor(dc, ToCOLORREF(InkOf(row, !shown && !look_.bars)));
-  const std::int32_t end = look_.bars ? Scaled(28) : Scaled(kThumbWidth) + 2;
-  RECT words{swatch.right + Scaled(look_.bars ? 12 : 6), rect.top, rect.right - end, rect.bottom};
+  RECT words{swatch.right + Scaled(look_.bars ? 12 : 6), rect.top, end, rect.bottom};
   const Text title = OneLine(member.title);
   DrawTextW(dc, Wide(title), static_cast<int>(title.size()), &words,
             DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
-  if (look_.bars && shown) DrawEye(dc, rect, InkOf(row, true));
   if (look_.selected == row) {
     const RECT focus = ToRECT(rect);
     SetTextColor(dc, ToCOLORREF(InkOf(row, false)));

@@ -36,7 +36,7 @@ class MemberListInlay final : public SkinInlay {
   Colour GroundOf(std::size_t row) const;
   Colour InkOf(std::size_t row, bool quiet) const;
   Size SwatchOf(std::int32_t height) const;
-  void DrawEye(HDC dc, const Rect& row, Colour ink) const;
+  std::int32_t DrawState(HDC dc, const Rect& row, const StackMember& member, Colour ink) const;
   void DrawRow(HDC dc, std::size_t row) const;
   void DrawHint(HDC dc) const;
   void DrawThumb(HDC dc) const;

@@ -68,6 +68,16 @@ void BStackDlg::SetMembers(std::vector<StackMember> members) {
   UpdateView();
   TellChanges();
   Repaint();
+  FollowWithShadow();
+}
+
+// The first one gives the stack its colour.
+std::vector<Colour> BStackDlg::SheetsBelow() const {
+  std::vector<Colour> sheets;
+  const std::size_t most = view_.rolled ? 0 : static_cast<std::size_t>(skin_->data.sheets);
+  for (std::size_t at = 1; at < members_.size() && sheets.size() < most; ++at)
+    sheets.push_back(DrawnColour(members_[at].colour));
+  return sheets;
 }
 
 void BStackDlg::SetTitle(TextView title) {

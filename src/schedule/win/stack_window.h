@@ -78,6 +78,7 @@ class BStackDlg final : public SkinnedWindow {
   void OnFocus(bool gained) override;
   void SyncPlace() override;
   void OnScaleChanged() override { RefreshSkin(); }
+  std::vector<Colour> SheetsBelow() const override;
   void FillView() override;
   std::vector<SkinPart> SkinParts() const override;
   std::vector<AccessiblePart> Parts() const override;

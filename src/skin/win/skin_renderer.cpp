@@ -60,6 +60,15 @@ class SkinRenderer::TextSetter final : public SkinTextSetter {
     GdiFlush();
   }
 
+  std::int32_t WidthOf(const SkinElement& element, const Text& words) override {
+    const HDC dc = renderer_.memory_.get();
+    const Selected font(dc, renderer_.FontOf(element, dpi_));
+    const Text shown = InCase(words, element.setCase);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, Wide(shown), static_cast<int>(shown.size()), &size);
+    return static_cast<std::int32_t>(size.cx);
+  }
+
  private:
   SkinRenderer& renderer_;
   Colour paper_;
