@@ -1,13 +1,13 @@
-#include "skin/picture.h"
-#include "skin/picture_file.h"
+#include "picture/picture.h"
+#include "picture/picture_file.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
 
 #include <limits>
 
-#include "skin/bmp_picture.h"
-#include "skin/picture_file.h"
+#include "picture/bmp_picture.h"
+#include "picture/picture_file.h"
 
 namespace jotlets {
 namespace {

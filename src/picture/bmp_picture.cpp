@@ -1,10 +1,10 @@
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
 
-#include "skin/little_endian.h"
+#include "base/little_endian.h"
 
 namespace jotlets {
 namespace {

@@ -1,9 +1,9 @@
-#include "skin/picture_file.h"
+#include "picture/picture_file.h"
 
 #include <cstdint>
 
-#include "skin/bmp_picture.h"
-#include "skin/little_endian.h"
+#include "base/little_endian.h"
+#include "picture/bmp_picture.h"
 
 namespace jotlets {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 namespace jotlets {
 

@@ -1,4 +1,4 @@
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 #include <png.h>
 
