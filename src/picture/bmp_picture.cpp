@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
 #include "base/little_endian.h"
 
@@ -18,7 +19,7 @@ constexpr std::size_t kMasks = kFileHeader + kInfoHeader;  // inside longer head
 constexpr std::uint32_t kUncompressed = 0;
 constexpr std::uint32_t kBitFields = 3;
 
-using Pixel = std::array<std::uint8_t, 4>;  // blue, green, red, alpha
+using Channels = std::array<std::uint8_t, 4>;  // blue, green, red, alpha
 
 struct Header {
   std::uint32_t length = 0;
@@ -27,7 +28,7 @@ struct Header {
   bool topDown = false;
   std::uint32_t bits = 0;
   bool masked = false;
-  std::array<std::uint32_t, 4> masks{0x000000FF, 0x0000FF00, 0x00FF0000, 0xFF000000};  // as in Pixel
+  std::array<std::uint32_t, 4> masks{0x000000FF, 0x0000FF00, 0x00FF0000, 0xFF000000};  // as in Channels
   std::uint32_t paletteSize = 0;
   std::size_t pixels = 0;  // where they begin
 
@@ -84,8 +85,8 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
 }
 
 // Indices beyond the palette are black.
-std::array<Pixel, 256> ReadPalette(const Header& header, std::string_view bytes) {
-  std::array<Pixel, 256> palette{};
+std::array<Channels, 256> ReadPalette(const Header& header, std::string_view bytes) {
+  std::array<Channels, 256> palette{};
   palette.fill({0, 0, 0, 255});
   const std::size_t entryLength = header.length == kCoreHeader ? 3 : 4;
   const std::size_t whole = std::size_t{1} << std::min(header.bits, 8U);
@@ -106,8 +107,8 @@ std::uint8_t Channel(std::uint32_t value, std::uint32_t mask) {
   return static_cast<std::uint8_t>(((value & mask) >> shift) * std::uint64_t{255} / maximum);
 }
 
-Pixel DirectPixel(const Header& header, std::string_view row, std::size_t x) {
-  Pixel pixel{0, 0, 0, 255};
+Channels DirectPixel(const Header& header, std::string_view row, std::size_t x) {
+  Channels pixel{0, 0, 0, 255};
   if (header.bits == 24) {
     for (std::size_t c = 0; c < 3; ++c) pixel[c] = static_cast<std::uint8_t>(row[x * 3 + c]);
   } else if (!header.masked) {
@@ -127,10 +128,10 @@ std::size_t PaletteIndex(const Header& header, std::string_view row, std::size_t
   return (byte >> shift) & ((1U << header.bits) - 1);
 }
 
-void DecodeRow(const Header& header, const std::array<Pixel, 256>& palette, std::string_view row,
+void DecodeRow(const Header& header, const std::array<Channels, 256>& palette, std::string_view row,
                std::uint8_t* to) {
   for (std::size_t x = 0; x < static_cast<std::size_t>(header.width); ++x, to += 4) {
-    const Pixel pixel =
+    const Channels pixel =
         header.bits <= 8 ? palette[PaletteIndex(header, row, x)] : DirectPixel(header, row, x);
     std::copy(pixel.begin(), pixel.end(), to);
   }
@@ -150,7 +151,7 @@ std::optional<Picture> DecodeBmp(std::string_view bytes) {
   if (!header) return std::nullopt;
   const auto width = static_cast<std::size_t>(header->width);
   const auto height = static_cast<std::size_t>(header->height);
-  Picture picture;
+  StraightPicture picture;
   picture.size = {static_cast<std::int32_t>(width), static_cast<std::int32_t>(height)};
   picture.pixels.resize(width * height * 4);
   const auto palette = ReadPalette(*header, bytes);
@@ -161,8 +162,7 @@ std::optional<Picture> DecodeBmp(std::string_view bytes) {
               picture.pixels.data() + y * width * 4);
   }
   OpaqueUnlessAlphaIsUsed(picture.pixels);
-  MultiplyByAlpha(picture.pixels);
-  return picture;
+  return Premultiplied(std::move(picture));
 }
 
 std::optional<Picture> DecodePicture(std::string_view bytes) {

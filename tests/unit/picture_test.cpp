@@ -48,10 +48,10 @@ TEST(DecodePng, GivesColoursMultipliedByAlphaInBlueGreenRedOrder) {
 TEST(Pictures, TellTheirSizeAndAreMadeSmallerByMeans) {
   EXPECT_EQ(SizeOfPng(kHuge), (Size{100'000, 100'000}));
   EXPECT_EQ(SizeOfPng("GIF89a"), std::nullopt);
-  const Picture wide{{4, 1}, {10, 0, 0, 255, 20, 0, 0, 255, 7, 0, 0, 1, 9, 2, 0, 1}};
+  const Picture wide{{4, 1}, {10, 0, 0, 255, 20, 0, 0, 255, 7, 0, 0, 9, 9, 2, 0, 9}};
   const Picture half = Shrunk(wide, {2, 100});
   EXPECT_EQ(half.size, (Size{2, 1}));
-  EXPECT_EQ(half.pixels, (Pixels{15, 0, 0, 255, 8, 1, 0, 1}));
+  EXPECT_EQ(half.pixels, (Pixels{15, 0, 0, 255, 8, 1, 0, 9}));
   EXPECT_EQ(Shrunk(wide, {4, 1}).pixels, wide.pixels);
 }
 
