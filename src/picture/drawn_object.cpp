@@ -44,23 +44,26 @@ bool IsStrokeHit(const DrawnObject& object, Spot place, double tolerance) {
   return false;
 }
 
-// How far a place lies outside of an ellipse, negative inside; near to the line this is near to the truth.
-double DistanceToEllipse(const Box& box, Spot place) {
-  const double across = std::max((box.right - box.left) / 2, 0.5);
-  const double down = std::max((box.bottom - box.top) / 2, 0.5);
-  const Spot from{place.x - (box.left + box.right) / 2, place.y - (box.top + box.bottom) / 2};
-  const double length = std::hypot(from.x / across, from.y / down);
-  if (length < 1e-9) return -std::min(across, down);
-  return std::hypot(from.x, from.y) * (1 - 1 / length);
+bool IsInEllipse(const Box& box, Spot place) {
+  const double across = std::max((box.right - box.left) / 2, 1e-9);
+  const double down = std::max((box.bottom - box.top) / 2, 1e-9);
+  return std::hypot((place.x - (box.left + box.right) / 2) / across,
+                    (place.y - (box.top + box.bottom) / 2) / down) <= 1;
 }
 
-bool IsFrameHit(const DrawnObject& object, Spot place, double tolerance) {
+bool IsEllipseHit(const DrawnObject& object, Spot place, double tolerance) {
+  const Box box = BoxOf(object);
+  if (object.filled && IsInEllipse(box, place)) return true;
+  const Polygon outline = EllipseShape({box.left, box.top}, {box.right, box.bottom});
+  const double reach = (object.filled ? 0 : object.width / 2) + tolerance;
+  for (std::size_t i = 1; i < outline.size(); ++i)
+    if (DistanceToLine(place, outline[i - 1], outline[i]) <= reach) return true;
+  return false;
+}
+
+bool IsRectangleHit(const DrawnObject& object, Spot place, double tolerance) {
   const Box box = BoxOf(object);
   const double reach = object.width / 2 + tolerance;
-  if (object.kind == ObjectKind::kEllipse) {
-    const double distance = DistanceToEllipse(box, place);
-    return object.filled ? distance <= tolerance : std::abs(distance) <= reach;
-  }
   if (!IsWithin(box, place, object.filled ? tolerance : reach)) return false;
   return object.filled || place.x <= box.left + reach || place.x >= box.right - reach ||
          place.y <= box.top + reach || place.y >= box.bottom - reach;
@@ -123,8 +126,8 @@ Rect BoundsOf(const DrawnObject& object) {
 
 bool IsHit(const DrawnObject& object, Spot place, double tolerance) {
   switch (object.kind) {
-    case ObjectKind::kRectangle:
-    case ObjectKind::kEllipse: return IsFrameHit(object, place, tolerance);
+    case ObjectKind::kRectangle: return IsRectangleHit(object, place, tolerance);
+    case ObjectKind::kEllipse: return IsEllipseHit(object, place, tolerance);
     case ObjectKind::kText:
     case ObjectKind::kStep:
     case ObjectKind::kRedaction: return !object.points.empty() && IsWithin(BoxOf(object), place, tolerance);
