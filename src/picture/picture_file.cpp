@@ -20,7 +20,7 @@ void AppendNumber(std::string& out, std::uint32_t number) {
 
 std::string PngOfPicture(std::string_view bytes) {
   if (DecodePng(bytes)) return std::string(bytes);
-  const auto picture = DecodeBmp(bytes);
+  const auto picture = DecodeBmp(bytes, kMaxPicturePixels);
   return picture ? EncodePng(*picture) : std::string();
 }
 

@@ -150,6 +150,11 @@ TEST(DecodeBmp, UnderstandsEveryDepth) {
       {Bmp(2, 2, 32, "", FromHex("03020100326496000302010003020100")), {one, one, one, other}},
       {Bmp(2, 2, 32, "", FromHex("646464800302010000000000326496FF")),
        {{0, 0, 0, 0}, other, {50, 50, 50, 128}, {0, 0, 0, 0}}},
+      // Sixteen bits are five of each colour, or what masks say.
+      {Bmp(2, 2, 16, "", FromHex("1F00E003007CFF7F")),
+       {{0, 0, 255, 255}, {255, 255, 255, 255}, {255, 0, 0, 255}, {0, 255, 0, 255}}},
+      {Bmp(2, 2, 16, FromHex("00F80000E00700001F000000"), FromHex("1F00E00700F8FFFF"), 3),
+       {{0, 0, 255, 255}, {255, 255, 255, 255}, {255, 0, 0, 255}, {0, 255, 0, 255}}},
       {Bmp(2, 2, 32, kMaskTable, FromHex("FF030201003264960003020100030201"), 3), {one, one, one, other}},
   };
   for (const auto& c : kCases) {
@@ -183,6 +188,29 @@ TEST(DecodeBmp, UnderstandsEveryDepth) {
   EXPECT_EQ(corePalette->pixels, one);
 }
 
+TEST(DecodeBmp, UnderstandsEveryHeaderOfTheClipboard) {
+  for (const std::uint32_t header : {52u, 56u, 108u, 124u}) {
+    for (const bool topDown : {false, true}) {
+      std::string bitmap = Bmp(1, topDown ? -2 : 2, 32, kMaskTable, "", 3).substr(14);
+      bitmap[0] = static_cast<char>(header);
+      if (header > 52) bitmap += FromHex("000000FF");
+      bitmap.resize(header, '\0');
+      // The masks say: red, green, blue from the highest of three bytes on, and alpha.
+      bitmap += FromHex("00030201FF") + FromHex("060504") + FromHex("FFFF");
+      bitmap.resize(header + 8);
+      const auto read = DecodeBmp(BmpOfClipboard(bitmap));
+      ASSERT_TRUE(read) << header;
+      EXPECT_EQ(read->size, (Size{1, 2}));
+      for (std::size_t length = 0; length < bitmap.size(); ++length)
+        EXPECT_FALSE(DecodeBmp(BmpOfClipboard(bitmap.substr(0, length)))) << length;
+    }
+  }
+  // A grab of several screens is larger than a skin may be.
+  std::string large = Bmp(5000, 4000, 1, kTwoColours, std::string(628u * 4000, '\0'));
+  EXPECT_FALSE(DecodeBmp(large));
+  EXPECT_TRUE(DecodeBmp(large, kMaxPicturePixels));
+}
+
 TEST(DecodePicture, RefusesSheetsItCannotReadOrThatAreTooLarge) {
   const std::string row(1 << 19, '\0');
   EXPECT_TRUE(DecodePicture(Bmp(1 << 22, 1, 1, kTwoColours, row)));
@@ -190,7 +218,7 @@ TEST(DecodePicture, RefusesSheetsItCannotReadOrThatAreTooLarge) {
   for (int i = 0; i < 5; ++i) rows += row;
   EXPECT_FALSE(DecodePicture(Bmp(1 << 22, 5, 1, kTwoColours, rows)));
   EXPECT_FALSE(DecodePicture(Bmp(2, 2, 8, kTwoColours, FromHex("0100000000010000"), 1)));
-  EXPECT_FALSE(DecodePicture(Bmp(1, 1, 16, "", FromHex("00000000"))));
+  EXPECT_FALSE(DecodePicture(Bmp(1, 1, 2, kTwoColours, FromHex("00000000"))));
   const std::int32_t least = std::numeric_limits<std::int32_t>::min();
   for (const Size wrong :
        {Size{0, 1}, {1, 0}, {-1, 1}, {least, 1}, {1, least}, {-(least + 1), 1}, {1, -(least + 1)}})
