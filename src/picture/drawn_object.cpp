@@ -92,6 +92,11 @@ double Stretched(double at, double from, double to, double newFrom, double newTo
   return to - from < 1e-9 ? newFrom + (at - from) : newFrom + (at - from) * (newTo - newFrom) / (to - from);
 }
 
+bool HasHandle(const DrawnObject& object, Handle handle) {
+  if (HasLetters(object.kind) || object.points.empty()) return false;
+  return !IsLine(object.kind) || handle == Handle::kTopLeft || handle == Handle::kLeft;
+}
+
 }  // namespace
 
 bool IsStroke(ObjectKind kind) {
@@ -137,11 +142,6 @@ bool IsHit(const DrawnObject& object, Spot place, double tolerance) {
 
 void MoveBy(DrawnObject& object, Spot distance) {
   ChangePlaces(object, [distance](Spot place) { return Spot{place.x + distance.x, place.y + distance.y}; });
-}
-
-bool HasHandle(const DrawnObject& object, Handle handle) {
-  if (HasLetters(object.kind) || object.points.empty()) return false;
-  return !IsLine(object.kind) || handle == Handle::kTopLeft || handle == Handle::kLeft;
 }
 
 Spot PlaceOf(const DrawnObject& object, Handle handle) {

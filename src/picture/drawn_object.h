@@ -57,8 +57,6 @@ struct Box {
 
 /// Whether the points are drawn as they come, as by a pen.
 bool IsStroke(ObjectKind kind);
-/// Whether it has two ends or corners, which are its handles.
-inline bool IsDragged(ObjectKind kind) { return !IsStroke(kind); }
 
 /// The ends or corners of it, or those around its points.
 Box BoxOf(const DrawnObject& object);
@@ -72,7 +70,8 @@ bool IsHit(const DrawnObject& object, Spot place, double tolerance);
 
 void MoveBy(DrawnObject& object, Spot distance);
 
-/// What an object is resized by. Lines have the first and the last one only, which are their ends.
+/// What an object is resized by. Lines have `kTopLeft` and `kLeft` only, which are their first and second
+/// end, letters none: they are resized by their size.
 enum class Handle : std::uint8_t {
   kTopLeft,
   kTop,
@@ -85,8 +84,6 @@ enum class Handle : std::uint8_t {
 };
 inline constexpr std::size_t kHandles = 8;
 
-/// Whether it has this handle. Letters have none: they are resized by their size.
-bool HasHandle(const DrawnObject& object, Handle handle);
 /// The middle of a handle.
 Spot PlaceOf(const DrawnObject& object, Handle handle);
 /// The handle within `tolerance` pixels of a place, the nearest of several.

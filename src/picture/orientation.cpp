@@ -68,9 +68,9 @@ void MirrorRow(std::uint8_t* row, std::int32_t count) {
   }
 }
 
-}  // namespace
-
 bool SwapsSides(Orientation orientation) { return AxesOf(orientation).swapped; }
+
+}  // namespace
 
 Size Oriented(Size size, Orientation orientation) {
   return SwapsSides(orientation) ? Size{size.height, size.width} : size;

@@ -23,9 +23,6 @@ enum class Orientation : std::uint8_t {
   kTurnedLeft = 8,
 };
 
-/// Whether width and height change places.
-bool SwapsSides(Orientation orientation);
-
 Size Oriented(Size size, Orientation orientation);
 
 /// Where a place of a picture of this size gets to.

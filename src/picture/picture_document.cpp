@@ -124,6 +124,24 @@ Rect PictureDocument::Change(DrawnObject object) {
   return Finish(std::move(step));
 }
 
+Rect PictureDocument::Nudge(ObjectId id, Spot distance) {
+  const auto place = Place(id);
+  if (place == objects_.end()) return {};
+  DrawnObject moved = *place;
+  MoveBy(moved, distance);
+  const bool goesOn = nudged_ == id && nudgedVersion_ == version_;
+  Rect changed = Shown(Enclosing(BoundsOf(*place), BoundsOf(moved)));
+  if (goesOn && IsDrawable(moved) && steps_.Continue(changed)) {
+    *place = std::move(moved);
+    ++version_;
+  } else {
+    changed = Change(std::move(moved));
+  }
+  nudged_ = id;
+  nudgedVersion_ = version_;
+  return changed;
+}
+
 Rect PictureDocument::Delete(ObjectId id) {
   const auto place = Place(id);
   if (place == objects_.end()) return {};

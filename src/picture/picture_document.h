@@ -11,7 +11,7 @@
 
 #include "picture/effects.h"
 #include "picture/flood_fill.h"
-#include "picture/undo_steps.h"
+#include "picture/picture_undo.h"
 
 namespace jotlets {
 
@@ -54,6 +54,8 @@ class PictureDocument {
   Rect Add(DrawnObject object);
   /// Gives the object of that id all that `object` has.
   Rect Change(DrawnObject object);
+  /// Moves an object. Moving it again, with nothing else in between, is one step with that.
+  Rect Nudge(ObjectId id, Spot distance);
   Rect Delete(ObjectId id);
   /// Above all others.
   Rect Raise(ObjectId id);
@@ -118,6 +120,8 @@ class PictureDocument {
   Rect selection_;
   ObjectId selectedObject_ = 0;
   ObjectId lastId_ = 0;
+  ObjectId nudged_ = 0;              // by the last command
+  std::uint64_t nudgedVersion_ = 0;  // that it left
   std::uint64_t version_ = 1;
   std::uint64_t savedVersion_ = 1;
 };

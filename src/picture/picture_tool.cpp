@@ -11,7 +11,7 @@ namespace {
 constexpr double kHighlighterWidths = 4;  // it is drawn so much wider than a pen
 constexpr std::uint16_t kEscKey = 0x1B;
 // Objects smaller than this come from a click, not from a drag.
-constexpr double kLeastDrag = 1;
+constexpr double kMinDrag = 1;
 
 std::optional<ObjectKind> DrawnKind(Tool tool) {
   switch (tool) {
@@ -139,10 +139,10 @@ ToolAnswer PictureTool::BeginCropping(const Pointer& pointer) {
 
 ToolAnswer PictureTool::BeginText(const Pointer& pointer) {
   ToolAnswer answer;
-  const DrawnObject* there = document_.Find(document_.ObjectAt(pointer.place, 0));
-  if (there && there->kind == ObjectKind::kText) {
-    document_.SelectObject(there->id);
-    answer.write = *there;
+  const DrawnObject* text = document_.Find(document_.ObjectAt(pointer.place, 0));
+  if (text && text->kind == ObjectKind::kText) {
+    document_.SelectObject(text->id);
+    answer.write = *text;
   } else {
     answer.write = NewObject(ObjectKind::kText);
     answer.write->points = {{pointer.place}, {pointer.place}};
@@ -182,7 +182,7 @@ Spot PictureTool::Constrained(const Pointer& pointer) const {
 ToolAnswer PictureTool::Move(const Pointer& pointer) {
   if (drag_ == Drag::kNone) return {};
   if (IsStale()) return Cancel();
-  ToolAnswer answer{PreviewBounds()};
+  ToolAnswer answer{EndOfPreview()};
   switch (drag_) {
     case Drag::kPick: {
       const Point at = PixelOf(pointer.place);
@@ -198,13 +198,22 @@ ToolAnswer PictureTool::Move(const Pointer& pointer) {
       return ReplaceFrame(FrameBetween(from, to));
     }
   }
-  answer.changed = Enclosing(answer.changed, PreviewBounds());
+  answer.changed = Enclosing(answer.changed, EndOfPreview());
   return tool_ == Tool::kCrop ? ToolAnswer{WholeOf(document_.PictureSize())} : answer;
+}
+
+Rect PictureTool::EndOfPreview() const {
+  constexpr std::ptrdiff_t kChanging = 4;  // points at the end, of which the line is not final yet
+  if (drag_ != Drag::kDraw || !IsStroke(preview_->kind)) return PreviewBounds();
+  DrawnObject end = NewObject(preview_->kind);
+  const auto count = std::min(kChanging, static_cast<std::ptrdiff_t>(preview_->points.size()));
+  end.points.assign(preview_->points.end() - count, preview_->points.end());
+  return BoundsOf(end);
 }
 
 void PictureTool::DrawOn(const Pointer& pointer) {
   if (IsStroke(preview_->kind)) {
-    if (pointer.shift)
+    if (pointer.shift && preview_->points.size() <= 2)
       preview_->points = {preview_->points.front(), {Constrained(pointer), pointer.pressure}};
     else if (preview_->points.size() < kMaxPoints && preview_->points.back().place != pointer.place)
       preview_->points.push_back({pointer.place, pointer.pressure});
@@ -273,7 +282,7 @@ ToolAnswer PictureTool::Finish() {
   ToolAnswer answer;
   if (drag == Drag::kDraw) {
     const Box box = BoxOf(*preview_);
-    const bool isDrag = std::max(box.right - box.left, box.bottom - box.top) >= kLeastDrag;
+    const bool isDrag = std::max(box.right - box.left, box.bottom - box.top) >= kMinDrag;
     if (isDrag || IsStroke(preview_->kind)) answer.changed = document_.Add(*preview_);
   } else if ((drag == Drag::kMove || drag == Drag::kResize) && preview_) {
     answer.changed = document_.Change(*preview_);
@@ -341,11 +350,8 @@ ToolAnswer PictureTool::Press(std::uint16_t key, bool shift) {
 }
 
 ToolAnswer PictureTool::MoveSelected(Spot distance) {
-  const DrawnObject* selected = document_.Find(document_.SelectedObject());
-  if (!selected || IsDragging()) return {};
-  DrawnObject moved = *selected;
-  MoveBy(moved, distance);
-  ToolAnswer answer{document_.Change(std::move(moved))};
+  if (document_.SelectedObject() == 0 || IsDragging()) return {};
+  ToolAnswer answer{document_.Nudge(document_.SelectedObject(), distance)};
   answer.used = true;
   return answer;
 }

@@ -43,7 +43,7 @@ struct ToolSettings {
 struct Pointer {
   Spot place;
   double pressure = 1;  // 1 for a mouse
-  bool shift = false;   // squares, circles, steps of 15 degrees
+  bool shift = false;   // squares, circles, steps of 15 degrees; of a pen from the start of its line on
   bool ctrl = false;    // from the middle
 };
 
@@ -107,6 +107,8 @@ class PictureTool {
   ToolAnswer MoveSelected(Spot distance);
   Spot Constrained(const Pointer& pointer) const;
   Rect PreviewBounds() const { return preview_ ? BoundsOf(*preview_) : Rect{}; }
+  // What a further point may change of it.
+  Rect EndOfPreview() const;
   bool IsStale() const { return version_ != document_.Version(); }
 
   PictureDocument& document_;

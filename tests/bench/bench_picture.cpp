@@ -9,6 +9,7 @@
 #include "picture/effects.h"
 #include "picture/flood_fill.h"
 #include "picture/orientation.h"
+#include "picture/picture_document.h"
 #include "picture/resizing.h"
 
 namespace jotlets {
@@ -77,6 +78,29 @@ void RotateRight(benchmark::State& state) {
   AgainstACopy(state, [](Picture& picture) { Orient(picture, Orientation::kTurnedRight); });
 }
 BENCHMARK(RotateRight)->Unit(benchmark::kMillisecond)->Iterations(9);
+
+class NoLetters final : public LetterPainter {
+ public:
+  LetterMask Paint(const LetterLook&) const override { return {}; }
+};
+
+void UndoGrey(benchmark::State& state) {
+  NoLetters letters;
+  PictureDocument document({Photograph(), {}}, letters, 5);
+  document.Apply({EffectKind::kGrey});
+  AgainstACopy(state, [&](Picture&) { document.CanUndo() ? document.Undo() : document.Redo(); });
+}
+BENCHMARK(UndoGrey)->Unit(benchmark::kMillisecond)->Iterations(9);
+
+// The thousandth point of a pen stroke: what it changes, made anew.
+void DrawOn(benchmark::State& state) {
+  NoLetters letters;
+  PictureDocument document({Photograph(), {}}, letters, 5);
+  DrawnObject stroke;
+  for (int i = 0; i < 1000; ++i) stroke.points.push_back({{500 + i * 3.0, 500 + i * i % 37 * 1.0}});
+  for (auto _ : state) benchmark::DoNotOptimize(document.Composed({3480, 490, 3510, 550}, &stroke));
+}
+BENCHMARK(DrawOn)->Unit(benchmark::kMicrosecond);
 
 // What a picture costs before there is anything in it: the part of turning that is the system's.
 void Blank(benchmark::State& state) {

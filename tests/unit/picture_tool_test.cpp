@@ -105,6 +105,13 @@ TEST_F(PictureTools, MoveResizeAndDeleteWhatIsSelected) {
   EXPECT_TRUE(tool.Press(kRightKey, false).used);
   tool.Press(kUpKey, true);
   EXPECT_EQ(Last().points[0].place, (Spot{31, 10}));
+  // Both steps of the keys are one, which ends where something else is done.
+  document.Undo();
+  EXPECT_EQ(Last().points[0].place, (Spot{30, 20}));
+  document.Redo();
+  tool.Press(kRightKey, false);
+  document.Undo();
+  EXPECT_EQ(Last().points[0].place, (Spot{31, 10}));
   tool.Press(kDeleteKey, false);
   EXPECT_TRUE(document.Objects().empty());
   EXPECT_FALSE(tool.Press(kDeleteKey, false).used || tool.Press(kLeftKey, false).used);

@@ -54,6 +54,9 @@ class UndoSteps {
   /// The step that is to be exchanged next, which has to be done at once; one of them has to be there.
   UndoStep& Undo() { return steps_[--done_]; }
   UndoStep& Redo() { return steps_[done_++]; }
+  /// The last command went on: its step tells of more that has changed. False when that step is not there any
+  /// more.
+  bool Continue(const Rect& changed);
   /// After an exchange: steps may have become larger.
   void KeepBounds();
   std::size_t Bytes() const;

@@ -1,4 +1,4 @@
-#include "picture/undo_steps.h"
+#include "picture/picture_undo.h"
 
 #include <algorithm>
 #include <utility>
@@ -52,6 +52,12 @@ void UndoSteps::Add(UndoStep step) {
   steps_.push_back(std::move(step));
   ++done_;
   KeepBounds();
+}
+
+bool UndoSteps::Continue(const Rect& changed) {
+  if (!CanUndo() || CanRedo()) return false;
+  steps_[done_ - 1].changed = Enclosing(steps_[done_ - 1].changed, changed);
+  return true;
 }
 
 void UndoSteps::KeepBounds() {
