@@ -179,6 +179,10 @@ void AddCurve(std::vector<StrokePoint>& out, StrokePoint from, const StrokePoint
   }
 }
 
+double Radius(const StrokePoint& point, double width) {
+  return std::max(0.25, width * std::clamp(point.pressure, 0.0, 1.0) / 2);
+}
+
 }  // namespace
 
 void Rasterise(const Shape& shape, const Rect& clip, const CoverageRow& row) {
@@ -208,15 +212,20 @@ void Rasterise(const Shape& shape, const Rect& clip, const CoverageRow& row) {
   }
 }
 
-Shape StrokeShape(std::span<const StrokePoint> points, double width) {
+Shape StrokeShape(std::span<const StrokePoint> points, double width, const Rect& clip) {
   Shape shape;
-  const auto radius = [width](const StrokePoint& point) {
-    return std::max(0.25, width * std::clamp(point.pressure, 0.0, 1.0) / 2);
+  const auto add = [&](const StrokePoint& from, const StrokePoint& to) {
+    const double fromRadius = Radius(from, width);
+    const double toRadius = Radius(to, width);
+    const double reach = std::max(fromRadius, toRadius);
+    const bool isInside = std::max(from.place.x, to.place.x) + reach > clip.left &&
+                          std::min(from.place.x, to.place.x) - reach < clip.right &&
+                          std::max(from.place.y, to.place.y) + reach > clip.top &&
+                          std::min(from.place.y, to.place.y) - reach < clip.bottom;
+    if (isInside) shape.push_back(Capsule(from.place, fromRadius, to.place, toRadius));
   };
-  for (std::size_t i = 1; i < points.size(); ++i)
-    shape.push_back(Capsule(points[i - 1].place, radius(points[i - 1]), points[i].place, radius(points[i])));
-  if (points.size() == 1)
-    shape.push_back(Capsule(points[0].place, radius(points[0]), points[0].place, radius(points[0])));
+  for (std::size_t i = 1; i < points.size(); ++i) add(points[i - 1], points[i]);
+  if (points.size() == 1) add(points[0], points[0]);
   return shape;
 }
 

@@ -37,8 +37,9 @@ using CoverageRow =
 /// cover nothing.
 void Rasterise(const Shape& shape, const Rect& clip, const CoverageRow& row);
 
-/// A line of this width through the points, with round ends and joins; a point alone is a dot.
-Shape StrokeShape(std::span<const StrokePoint> points, double width);
+/// A line of this width through the points, with round ends and joins; a point alone is a dot. Pieces of it
+/// that cover nothing of `clip` are left out.
+Shape StrokeShape(std::span<const StrokePoint> points, double width, const Rect& clip);
 
 /// The points of a smooth line that begins and ends where `points` do. A further point changes it only from
 /// the last but one on.

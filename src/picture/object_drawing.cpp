@@ -69,9 +69,9 @@ Pixel Highlighted(Pixel under, Pixel ink, std::uint32_t part) {
   return Erased(under, part) + Erased(inked + bare, 255 - part);
 }
 
-Shape ArrowShape(Spot from, Spot to, double width) {
+Shape ArrowShape(Spot from, Spot to, double width, const Rect& clip) {
   const double length = std::hypot(to.x - from.x, to.y - from.y);
-  if (length < 1e-6) return StrokeShape(std::vector<StrokePoint>{{from}}, width);
+  if (length < 1e-6) return StrokeShape(std::vector<StrokePoint>{{from}}, width, clip);
   const Spot along{(to.x - from.x) / length, (to.y - from.y) / length};
   const double size = std::max(width, 2.0);
   const double back = std::min(kBackOfArrow * size, length);
@@ -79,14 +79,14 @@ Shape ArrowShape(Spot from, Spot to, double width) {
   const Spot neck{to.x - along.x * back, to.y - along.y * back};
   // The line ends inside of the head, so that its round end does not reach beyond the point.
   const Spot end{to.x - along.x * back * 0.75, to.y - along.y * back * 0.75};
-  Shape shape = StrokeShape(std::vector<StrokePoint>{{from}, {end}}, width);
+  Shape shape = StrokeShape(std::vector<StrokePoint>{{from}, {end}}, width, clip);
   shape.push_back({to,
                    {neck.x - along.y * aside, neck.y + along.x * aside},
                    {neck.x + along.y * aside, neck.y - along.x * aside}});
   return shape;
 }
 
-Shape FrameShape(const DrawnObject& object) {
+Shape FrameShape(const DrawnObject& object, const Rect& clip) {
   const Spot corner = object.points[0].place;
   const Spot opposite = object.points[1].place;
   Polygon outline =
@@ -95,7 +95,7 @@ Shape FrameShape(const DrawnObject& object) {
   std::vector<StrokePoint> around;
   for (const Spot& spot : outline) around.push_back({spot});
   around.push_back(around.front());
-  return StrokeShape(around, object.width);
+  return StrokeShape(around, object.width, clip);
 }
 
 // Every pixel that it touches is covered wholly: what a redaction hides is not to shine through at its edges.
@@ -150,7 +150,7 @@ void DrawStep(Brush& brush, const DrawnObject& object, const LetterPainter& lett
 void Draw(const DrawnObject& object, const LetterPainter& letters, Picture& target, Point origin) {
   Brush brush(target, origin);
   if (!IsDrawable(object) || IsEmptyRect(CommonPart(BoundsOf(object), brush.Clip()))) return;
-  const auto stroke = [&] { return StrokeShape(Smoothed(object.points), object.width); };
+  const auto stroke = [&] { return StrokeShape(Smoothed(object.points), object.width, brush.Clip()); };
   switch (object.kind) {
     case ObjectKind::kPen: brush.Fill(stroke(), object.colour); break;
     case ObjectKind::kEraser: brush.Paint(stroke(), Erased); break;
@@ -159,12 +159,15 @@ void Draw(const DrawnObject& object, const LetterPainter& letters, Picture& targ
       brush.Paint(stroke(), [ink](Pixel under, std::uint32_t part) { return Highlighted(under, ink, part); });
       break;
     }
-    case ObjectKind::kLine: brush.Fill(StrokeShape(object.points, object.width), object.colour); break;
+    case ObjectKind::kLine:
+      brush.Fill(StrokeShape(object.points, object.width, brush.Clip()), object.colour);
+      break;
     case ObjectKind::kArrow:
-      brush.Fill(ArrowShape(object.points[0].place, object.points[1].place, object.width), object.colour);
+      brush.Fill(ArrowShape(object.points[0].place, object.points[1].place, object.width, brush.Clip()),
+                 object.colour);
       break;
     case ObjectKind::kRectangle:
-    case ObjectKind::kEllipse: brush.Fill(FrameShape(object), object.colour); break;
+    case ObjectKind::kEllipse: brush.Fill(FrameShape(object, brush.Clip()), object.colour); break;
     case ObjectKind::kText: DrawText(brush, object, letters); break;
     case ObjectKind::kStep: DrawStep(brush, object, letters); break;
     case ObjectKind::kRedaction: brush.Fill(RedactionShape(object), object.colour); break;
