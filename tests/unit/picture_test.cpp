@@ -193,14 +193,17 @@ TEST(DecodeBmp, UnderstandsEveryHeaderOfTheClipboard) {
     for (const bool topDown : {false, true}) {
       std::string bitmap = Bmp(1, topDown ? -2 : 2, 32, kMaskTable, "", 3).substr(14);
       bitmap[0] = static_cast<char>(header);
-      if (header > 52) bitmap += FromHex("000000FF");
+      // Red, green and blue from the highest byte on; longer headers have alpha in the lowest.
+      if (header > 52) bitmap += FromHex("FF000000");
       bitmap.resize(header, '\0');
-      // The masks say: red, green, blue from the highest of three bytes on, and alpha.
-      bitmap += FromHex("00030201FF") + FromHex("060504") + FromHex("FFFF");
-      bitmap.resize(header + 8);
+      bitmap += FromHex("80C86432FF0A141E");
       const auto read = DecodeBmp(BmpOfClipboard(bitmap));
       ASSERT_TRUE(read) << header;
-      EXPECT_EQ(read->size, (Size{1, 2}));
+      Pixels first = header > 52 ? Pixels{100, 50, 25, 128} : Pixels{200, 100, 50, 255};
+      Pixels second = {10, 20, 30, 255};
+      if (!topDown) first.swap(second);
+      first.insert(first.end(), second.begin(), second.end());
+      EXPECT_EQ(read->pixels, first) << header;
       for (std::size_t length = 0; length < bitmap.size(); ++length)
         EXPECT_FALSE(DecodeBmp(BmpOfClipboard(bitmap.substr(0, length)))) << length;
     }
