@@ -7,7 +7,7 @@
 #include "note/frame_layout.h"
 #include "note/placement.h"
 #include "note/rolled.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 namespace jotlets {
 namespace {

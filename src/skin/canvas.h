@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "base/geometry.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 namespace jotlets {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/text_file.h"
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 #include "skin/skin_scaling.h"
 #include "skin/skin_text.h"
 

@@ -7,7 +7,7 @@
 
 #include "data/jotlet_id.h"
 #include "data/text_file.h"
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 #include "skin/skin_text.h"
 #include "skin/zip_archive.h"
 

@@ -11,7 +11,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "base/log.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 #include "skin/skin_data.h"
 
 namespace jotlets {

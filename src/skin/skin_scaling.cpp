@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 
 namespace jotlets {
 namespace {

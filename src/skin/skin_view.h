@@ -8,7 +8,7 @@
 #include "base/geometry.h"
 #include "base/text.h"
 #include "looks/appearance.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 namespace jotlets {
 

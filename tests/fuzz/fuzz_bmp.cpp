@@ -1,6 +1,6 @@
 // Any bytes as a picture sheet. A sheet that was decoded is whole, and no colour exceeds its alpha.
 #include "fuzz.h"
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace jotlets;

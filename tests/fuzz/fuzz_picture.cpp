@@ -1,6 +1,6 @@
 // Any bytes as a PNG. A picture that was decoded is whole, and its colours survive being written.
 #include "fuzz.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace jotlets;

@@ -10,7 +10,7 @@
 #include "looks/icon.h"
 #include "looks/ink.h"
 #include "note/papers.h"
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 
 namespace jotlets {
 namespace {

@@ -1,13 +1,13 @@
-#include "skin/picture.h"
-#include "skin/picture_file.h"
+#include "picture/picture.h"
+#include "picture/picture_file.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
 
 #include <limits>
 
-#include "skin/bmp_picture.h"
-#include "skin/picture_file.h"
+#include "picture/bmp_picture.h"
+#include "picture/picture_file.h"
 
 namespace jotlets {
 namespace {
@@ -48,10 +48,10 @@ TEST(DecodePng, GivesColoursMultipliedByAlphaInBlueGreenRedOrder) {
 TEST(Pictures, TellTheirSizeAndAreMadeSmallerByMeans) {
   EXPECT_EQ(SizeOfPng(kHuge), (Size{100'000, 100'000}));
   EXPECT_EQ(SizeOfPng("GIF89a"), std::nullopt);
-  const Picture wide{{4, 1}, {10, 0, 0, 255, 20, 0, 0, 255, 7, 0, 0, 1, 9, 2, 0, 1}};
+  const Picture wide{{4, 1}, {10, 0, 0, 255, 20, 0, 0, 255, 7, 0, 0, 9, 9, 2, 0, 9}};
   const Picture half = Shrunk(wide, {2, 100});
   EXPECT_EQ(half.size, (Size{2, 1}));
-  EXPECT_EQ(half.pixels, (Pixels{15, 0, 0, 255, 8, 1, 0, 1}));
+  EXPECT_EQ(half.pixels, (Pixels{15, 0, 0, 255, 8, 1, 0, 9}));
   EXPECT_EQ(Shrunk(wide, {4, 1}).pixels, wide.pixels);
 }
 
@@ -150,6 +150,11 @@ TEST(DecodeBmp, UnderstandsEveryDepth) {
       {Bmp(2, 2, 32, "", FromHex("03020100326496000302010003020100")), {one, one, one, other}},
       {Bmp(2, 2, 32, "", FromHex("646464800302010000000000326496FF")),
        {{0, 0, 0, 0}, other, {50, 50, 50, 128}, {0, 0, 0, 0}}},
+      // Sixteen bits are five of each colour, or what masks say.
+      {Bmp(2, 2, 16, "", FromHex("1F00E003007CFF7F")),
+       {{0, 0, 255, 255}, {255, 255, 255, 255}, {255, 0, 0, 255}, {0, 255, 0, 255}}},
+      {Bmp(2, 2, 16, FromHex("00F80000E00700001F000000"), FromHex("1F00E00700F8FFFF"), 3),
+       {{0, 0, 255, 255}, {255, 255, 255, 255}, {255, 0, 0, 255}, {0, 255, 0, 255}}},
       {Bmp(2, 2, 32, kMaskTable, FromHex("FF030201003264960003020100030201"), 3), {one, one, one, other}},
   };
   for (const auto& c : kCases) {
@@ -183,6 +188,32 @@ TEST(DecodeBmp, UnderstandsEveryDepth) {
   EXPECT_EQ(corePalette->pixels, one);
 }
 
+TEST(DecodeBmp, UnderstandsEveryHeaderOfTheClipboard) {
+  for (const std::uint32_t header : {52u, 56u, 108u, 124u}) {
+    for (const bool topDown : {false, true}) {
+      std::string bitmap = Bmp(1, topDown ? -2 : 2, 32, kMaskTable, "", 3).substr(14);
+      bitmap[0] = static_cast<char>(header);
+      // Red, green and blue from the highest byte on; longer headers have alpha in the lowest.
+      if (header > 52) bitmap += FromHex("FF000000");
+      bitmap.resize(header, '\0');
+      bitmap += FromHex("80C86432FF0A141E");
+      const auto read = DecodeBmp(BmpOfClipboard(bitmap));
+      ASSERT_TRUE(read) << header;
+      Pixels first = header > 52 ? Pixels{100, 50, 25, 128} : Pixels{200, 100, 50, 255};
+      Pixels second = {10, 20, 30, 255};
+      if (!topDown) first.swap(second);
+      first.insert(first.end(), second.begin(), second.end());
+      EXPECT_EQ(read->pixels, first) << header;
+      for (std::size_t length = 0; length < bitmap.size(); ++length)
+        EXPECT_FALSE(DecodeBmp(BmpOfClipboard(bitmap.substr(0, length)))) << length;
+    }
+  }
+  // A grab of several screens is larger than a skin may be.
+  std::string large = Bmp(5000, 4000, 1, kTwoColours, std::string(628u * 4000, '\0'));
+  EXPECT_FALSE(DecodeBmp(large));
+  EXPECT_TRUE(DecodeBmp(large, kMaxPicturePixels));
+}
+
 TEST(DecodePicture, RefusesSheetsItCannotReadOrThatAreTooLarge) {
   const std::string row(1 << 19, '\0');
   EXPECT_TRUE(DecodePicture(Bmp(1 << 22, 1, 1, kTwoColours, row)));
@@ -190,7 +221,7 @@ TEST(DecodePicture, RefusesSheetsItCannotReadOrThatAreTooLarge) {
   for (int i = 0; i < 5; ++i) rows += row;
   EXPECT_FALSE(DecodePicture(Bmp(1 << 22, 5, 1, kTwoColours, rows)));
   EXPECT_FALSE(DecodePicture(Bmp(2, 2, 8, kTwoColours, FromHex("0100000000010000"), 1)));
-  EXPECT_FALSE(DecodePicture(Bmp(1, 1, 16, "", FromHex("00000000"))));
+  EXPECT_FALSE(DecodePicture(Bmp(1, 1, 2, kTwoColours, FromHex("00000000"))));
   const std::int32_t least = std::numeric_limits<std::int32_t>::min();
   for (const Size wrong :
        {Size{0, 1}, {1, 0}, {-1, 1}, {least, 1}, {1, least}, {-(least + 1), 1}, {1, -(least + 1)}})

@@ -10,7 +10,7 @@
 #include "base/win/wide.h"
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
-#include "skin/picture.h"
+#include "picture/picture.h"
 #include "ui/screen.h"
 
 namespace jotlets {

@@ -2,7 +2,7 @@
 
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
-#include "skin/picture_file.h"
+#include "picture/picture_file.h"
 
 namespace jotlets {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "skin/picture_file.h"
+#include "picture/picture_file.h"
 
 namespace jotlets {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "skin/picture.h"
+#include "picture/picture.h"
 #include "ui/handle.h"
 
 namespace jotlets {

@@ -1,9 +1,9 @@
-#include "skin/picture_file.h"
+#include "picture/picture_file.h"
 
 #include <cstdint>
 
-#include "skin/bmp_picture.h"
-#include "skin/little_endian.h"
+#include "base/little_endian.h"
+#include "picture/bmp_picture.h"
 
 namespace jotlets {
 namespace {
@@ -20,7 +20,7 @@ void AppendNumber(std::string& out, std::uint32_t number) {
 
 std::string PngOfPicture(std::string_view bytes) {
   if (DecodePng(bytes)) return std::string(bytes);
-  const auto picture = DecodeBmp(bytes);
+  const auto picture = DecodeBmp(bytes, kMaxPicturePixels);
   return picture ? EncodePng(*picture) : std::string();
 }
 

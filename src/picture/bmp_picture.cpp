@@ -1,10 +1,11 @@
-#include "skin/bmp_picture.h"
+#include "picture/bmp_picture.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
-#include "skin/little_endian.h"
+#include "base/little_endian.h"
 
 namespace jotlets {
 namespace {
@@ -18,7 +19,7 @@ constexpr std::size_t kMasks = kFileHeader + kInfoHeader;  // inside longer head
 constexpr std::uint32_t kUncompressed = 0;
 constexpr std::uint32_t kBitFields = 3;
 
-using Pixel = std::array<std::uint8_t, 4>;  // blue, green, red, alpha
+using Channels = std::array<std::uint8_t, 4>;  // blue, green, red, alpha
 
 struct Header {
   std::uint32_t length = 0;
@@ -27,7 +28,7 @@ struct Header {
   bool topDown = false;
   std::uint32_t bits = 0;
   bool masked = false;
-  std::array<std::uint32_t, 4> masks{0x000000FF, 0x0000FF00, 0x00FF0000, 0xFF000000};  // as in Pixel
+  std::array<std::uint32_t, 4> masks{0x000000FF, 0x0000FF00, 0x00FF0000, 0xFF000000};  // as in Channels
   std::uint32_t paletteSize = 0;
   std::size_t pixels = 0;  // where they begin
 
@@ -35,12 +36,15 @@ struct Header {
   std::int64_t Stride() const { return (BytesOfRow() + 3) / 4 * 4; }
 };
 
-void ReadMasks(Header& header, std::string_view bytes) {
+void UseMasks(Header& header, const std::array<std::uint32_t, 4>& masks) {
   header.masked = true;
-  header.masks[2] = LittleEndian32(bytes, kMasks);
-  header.masks[1] = LittleEndian32(bytes, kMasks + 4);
-  header.masks[0] = LittleEndian32(bytes, kMasks + 8);
-  header.masks[3] = header.length >= kHeaderWithAlphaMask ? LittleEndian32(bytes, kMasks + 12) : 0;
+  header.masks = masks;
+}
+
+void ReadMasks(Header& header, std::string_view bytes) {
+  const bool hasAlpha = header.length >= kHeaderWithAlphaMask;
+  UseMasks(header, {LittleEndian32(bytes, kMasks + 8), LittleEndian32(bytes, kMasks + 4),
+                    LittleEndian32(bytes, kMasks), hasAlpha ? LittleEndian32(bytes, kMasks + 12) : 0});
 }
 
 // The part of the header that follows its length; false when there is no picture that we read.
@@ -54,12 +58,12 @@ bool ReadInfoHeader(Header& header, std::string_view bytes) {
   header.paletteSize = LittleEndian32(bytes, 46);
   if (compression == kUncompressed) return true;
   const bool masksAreThere = bytes.size() >= kMasks + (header.length >= kHeaderWithAlphaMask ? 16 : 12);
-  if (compression != kBitFields || header.bits != 32 || !masksAreThere) return false;
+  if (compression != kBitFields || (header.bits != 16 && header.bits != 32) || !masksAreThere) return false;
   ReadMasks(header, bytes);
   return true;
 }
 
-std::optional<Header> ReadHeader(std::string_view bytes) {
+std::optional<Header> ReadHeader(std::string_view bytes, std::int64_t maximum) {
   if (bytes.size() < kFileHeader + kCoreHeader || !bytes.starts_with("BM")) return std::nullopt;
   Header header;
   header.pixels = LittleEndian32(bytes, 10);
@@ -72,10 +76,10 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
              !ReadInfoHeader(header, bytes)) {
     return std::nullopt;
   }
-  constexpr std::array<std::uint32_t, 5> kDepths = {1, 4, 8, 24, 32};
+  if (header.bits == 16 && !header.masked) UseMasks(header, {0x1F, 0x1F << 5, 0x1F << 10, 0});
+  constexpr std::array<std::uint32_t, 6> kDepths = {1, 4, 8, 16, 24, 32};
   if (std::find(kDepths.begin(), kDepths.end(), header.bits) == kDepths.end()) return std::nullopt;
-  if (header.width <= 0 || header.height <= 0 || header.width > kMaxSheetPixels / header.height)
-    return std::nullopt;
+  if (header.width <= 0 || header.height <= 0 || header.width > maximum / header.height) return std::nullopt;
   // The last row may lack its padding.
   const std::int64_t needed = header.Stride() * (header.height - 1) + header.BytesOfRow();
   if (header.pixels > bytes.size() || needed > static_cast<std::int64_t>(bytes.size() - header.pixels))
@@ -84,8 +88,8 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
 }
 
 // Indices beyond the palette are black.
-std::array<Pixel, 256> ReadPalette(const Header& header, std::string_view bytes) {
-  std::array<Pixel, 256> palette{};
+std::array<Channels, 256> ReadPalette(const Header& header, std::string_view bytes) {
+  std::array<Channels, 256> palette{};
   palette.fill({0, 0, 0, 255});
   const std::size_t entryLength = header.length == kCoreHeader ? 3 : 4;
   const std::size_t whole = std::size_t{1} << std::min(header.bits, 8U);
@@ -106,14 +110,14 @@ std::uint8_t Channel(std::uint32_t value, std::uint32_t mask) {
   return static_cast<std::uint8_t>(((value & mask) >> shift) * std::uint64_t{255} / maximum);
 }
 
-Pixel DirectPixel(const Header& header, std::string_view row, std::size_t x) {
-  Pixel pixel{0, 0, 0, 255};
+Channels DirectPixel(const Header& header, std::string_view row, std::size_t x) {
+  Channels pixel{0, 0, 0, 255};
   if (header.bits == 24) {
     for (std::size_t c = 0; c < 3; ++c) pixel[c] = static_cast<std::uint8_t>(row[x * 3 + c]);
-  } else if (!header.masked) {
+  } else if (header.bits == 32 && !header.masked) {
     for (std::size_t c = 0; c < 4; ++c) pixel[c] = static_cast<std::uint8_t>(row[x * 4 + c]);
   } else {
-    const std::uint32_t value = LittleEndian32(row, x * 4);
+    const std::uint32_t value = header.bits == 16 ? LittleEndian16(row, x * 2) : LittleEndian32(row, x * 4);
     for (std::size_t c = 0; c < 4; ++c) pixel[c] = Channel(value, header.masks[c]);
   }
   return pixel;
@@ -127,10 +131,10 @@ std::size_t PaletteIndex(const Header& header, std::string_view row, std::size_t
   return (byte >> shift) & ((1U << header.bits) - 1);
 }
 
-void DecodeRow(const Header& header, const std::array<Pixel, 256>& palette, std::string_view row,
+void DecodeRow(const Header& header, const std::array<Channels, 256>& palette, std::string_view row,
                std::uint8_t* to) {
   for (std::size_t x = 0; x < static_cast<std::size_t>(header.width); ++x, to += 4) {
-    const Pixel pixel =
+    const Channels pixel =
         header.bits <= 8 ? palette[PaletteIndex(header, row, x)] : DirectPixel(header, row, x);
     std::copy(pixel.begin(), pixel.end(), to);
   }
@@ -145,12 +149,12 @@ void OpaqueUnlessAlphaIsUsed(std::vector<std::uint8_t>& pixels) {
 
 }  // namespace
 
-std::optional<Picture> DecodeBmp(std::string_view bytes) {
-  const auto header = ReadHeader(bytes);
+std::optional<Picture> DecodeBmp(std::string_view bytes, std::int64_t maximum) {
+  const auto header = ReadHeader(bytes, maximum);
   if (!header) return std::nullopt;
   const auto width = static_cast<std::size_t>(header->width);
   const auto height = static_cast<std::size_t>(header->height);
-  Picture picture;
+  StraightPicture picture;
   picture.size = {static_cast<std::int32_t>(width), static_cast<std::int32_t>(height)};
   picture.pixels.resize(width * height * 4);
   const auto palette = ReadPalette(*header, bytes);
@@ -161,8 +165,7 @@ std::optional<Picture> DecodeBmp(std::string_view bytes) {
               picture.pixels.data() + y * width * 4);
   }
   OpaqueUnlessAlphaIsUsed(picture.pixels);
-  MultiplyByAlpha(picture.pixels);
-  return picture;
+  return Premultiplied(std::move(picture));
 }
 
 std::optional<Picture> DecodePicture(std::string_view bytes) {

@@ -1,35 +1,21 @@
-// Decoded pictures, and the PNG reader and writer over libpng.
+// The PNG reader and writer over libpng, and pictures made to fit.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/geometry.h"
+#include "picture/pixels.h"
 
 namespace jotlets {
-
-/// Pixels top row first, without gaps: blue, green, red, alpha bytes, colours multiplied by alpha (the form
-/// that alpha blending of the platform takes).
-struct Picture {
-  Size size;
-  std::vector<std::uint8_t> pixels;  // width * height * 4
-};
 
 /// How a part of a picture is stretched: each pixel is the nearest one of the part, or mixed from the four
 /// around its place. A key colour is never mixed.
 enum class Sampling : std::uint8_t { kNearest, kMixed };
 
-/// Pictures above this many pixels are refused: a small hostile file can claim any size.
-inline constexpr std::int64_t kMaxPicturePixels = 64 * 1024 * 1024;
-
 /// Decodes a PNG; nothing when the bytes are no PNG, are damaged, or hold more pixels than `mostPixels`.
 std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels = kMaxPicturePixels);
-
-/// Multiplies the colours of straight pixels by their alpha, as `Picture` holds them.
-void MultiplyByAlpha(std::vector<std::uint8_t>& pixels);
 
 /// Encodes a picture as a PNG; empty when that fails.
 std::string EncodePng(const Picture& picture);
