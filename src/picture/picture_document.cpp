@@ -239,15 +239,21 @@ Rect PictureDocument::Crop(const Rect& area) {
   return ReplaceAll(PartOf(base_, part), std::move(objects));
 }
 
+Picture PictureDocument::PixelsToResize(Size size) const {
+  return KeepsProportions(base_.size, size) ? base_ : Composed();
+}
+
 Rect PictureDocument::Resize(Size size, const Cancelled& cancelled) {
-  if (size == base_.size || !IsPictureSize(size)) return {};
+  if (!IsPictureSize(size)) return {};
+  return PutResized(Resized(PixelsToResize(size), size, cancelled));
+}
+
+Rect PictureDocument::PutResized(Picture resized) {
+  if (resized.size == base_.size || !IsPictureSize(resized.size)) return {};
   std::vector<DrawnObject> objects;
-  const bool keeps = KeepsProportions(base_.size, size);
-  Picture resized = keeps ? Resized(base_, size, cancelled) : Resized(Composed(), size, cancelled);
-  if (resized.pixels.empty()) return {};
-  if (keeps) objects = objects_;
+  if (KeepsProportions(base_.size, resized.size)) objects = objects_;
   for (DrawnObject& object : objects) {
-    Scale(object, static_cast<double>(size.width) / base_.size.width);
+    Scale(object, static_cast<double>(resized.size.width) / base_.size.width);
     FitLetters(object, letters_);
   }
   selection_ = {};
@@ -255,8 +261,11 @@ Rect PictureDocument::Resize(Size size, const Cancelled& cancelled) {
 }
 
 Rect PictureDocument::Fill(Point place, Colour colour, std::int32_t tolerance, const Cancelled& cancelled) {
-  const PixelSet filled = FloodedPixels(Composed(), place, tolerance, cancelled);
-  if (filled.members.empty()) return {};
+  return Fill(FloodedPixels(Composed(), place, tolerance, cancelled), place, colour);
+}
+
+Rect PictureDocument::Fill(const PixelSet& filled, Point place, Colour colour) {
+  if (filled.size != base_.size || IsEmptyRect(filled.bounds)) return {};
   std::vector<bool> met(objects_.size());
   for (std::size_t at = 0; at < met.size(); ++at)
     met[at] = IsHit(objects_[at], {place.x + 0.5, place.y + 0.5}, 0.5);
