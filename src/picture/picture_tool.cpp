@@ -307,7 +307,7 @@ ToolAnswer PictureTool::Finish() {
 }
 
 ToolAnswer PictureTool::End() {
-  const ToolAnswer answer{PreviewBounds()};
+  ToolAnswer answer{PreviewBounds()};
   drag_ = Drag::kNone;
   preview_.reset();
   original_.reset();
