@@ -113,9 +113,6 @@ class PictureDocument {
   Rect Finish(UndoStep step);
   // Pixels for all others.
   Rect ReplaceAll(Picture picture, std::vector<DrawnObject> objects);
-  // The objects in the area and those below them.
-  std::vector<bool> Met(const Rect& area) const;
-  Rect BoundsOfThose(const std::vector<bool>& which) const;
   Rect Exchange(UndoStep& step);
   void SelectNothingGone();
 
