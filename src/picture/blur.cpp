@@ -27,13 +27,14 @@ void Mean(const std::uint8_t* from, std::uint8_t* to, std::int32_t length, std::
   Add(sums, place(0), radius);
   for (std::int32_t at = 0; at <= std::min(radius, length - 1); ++at) Add(sums, place(at), 1);
   if (radius > length - 1) Add(sums, place(length - 1), radius - (length - 1));
+  constexpr float kHalf = 0.5F;
   const float share = 1.0F / static_cast<float>(2 * radius + 1);
   for (std::int32_t at = 0; at < length; ++at, to += kBytes) {
     const std::uint8_t* comes = place(at + radius + 1);
     const std::uint8_t* goes = place(at - radius);
     for (std::size_t i = 0; i < kBytes; ++i) {
       to[i] =
-          static_cast<std::uint8_t>(static_cast<std::int32_t>(static_cast<float>(sums[i]) * share + 0.5F));
+          static_cast<std::uint8_t>(static_cast<std::int32_t>(static_cast<float>(sums[i]) * share + kHalf));
       sums[i] += comes[i] - goes[i];
     }
   }

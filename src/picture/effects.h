@@ -11,6 +11,9 @@ namespace jotlets {
 /// Asked now and then by what takes long: whether it is to end. It runs on the thread that works.
 using Cancelled = std::function<bool()>;
 
+/// Work on more pixels than this is done on another thread, on copies.
+inline constexpr std::int64_t kMaxPixelsAtOnce = 2 * 1024 * 1024;
+
 enum class EffectKind : std::uint8_t { kMirror, kFlip, kNegative, kGrey, kBorder, kBlur, kJitter };
 
 struct Effect {

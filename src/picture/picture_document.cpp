@@ -21,6 +21,21 @@ void MarkBelow(const std::vector<DrawnObject>& objects, std::vector<bool>& marke
   }
 }
 
+// The objects in the area and those below them.
+std::vector<bool> Met(const std::vector<DrawnObject>& objects, const Rect& area) {
+  std::vector<bool> met(objects.size());
+  for (std::size_t at = 0; at < met.size(); ++at) met[at] = Overlap(BoundsOf(objects[at]), area);
+  MarkBelow(objects, met);
+  return met;
+}
+
+Rect BoundsOfMarked(const std::vector<DrawnObject>& objects, const std::vector<bool>& marked) {
+  Rect bounds;
+  for (std::size_t at = 0; at < marked.size(); ++at)
+    if (marked[at]) bounds = Enclosing(bounds, BoundsOf(objects[at]));
+  return bounds;
+}
+
 // Draws the marked objects into the pixels and takes them out of the list.
 void DrawIn(Picture& base, std::vector<DrawnObject>& objects, const std::vector<bool>& marked,
             const LetterPainter& letters) {
@@ -158,20 +173,6 @@ Rect PictureDocument::Raise(ObjectId id) {
   return Finish(std::move(step));
 }
 
-std::vector<bool> PictureDocument::Met(const Rect& area) const {
-  std::vector<bool> met(objects_.size());
-  for (std::size_t at = 0; at < met.size(); ++at) met[at] = Overlap(BoundsOf(objects_[at]), area);
-  MarkBelow(objects_, met);
-  return met;
-}
-
-Rect PictureDocument::BoundsOfThose(const std::vector<bool>& which) const {
-  Rect bounds;
-  for (std::size_t at = 0; at < which.size(); ++at)
-    if (which[at]) bounds = Enclosing(bounds, Shown(BoundsOf(objects_[at])));
-  return bounds;
-}
-
 Rect PictureDocument::ReplaceAll(Picture picture, std::vector<DrawnObject> objects) {
   if (!IsPictureSize(picture.size)) return {};
   UndoStep step{std::exchange(objects_, std::move(objects)), std::exchange(base_, std::move(picture)), {}};
@@ -193,8 +194,8 @@ Rect PictureDocument::ReplaceArea(const Rect& area, const Picture& pixels) {
   const Rect target = Shown(area);
   if (IsEmptyRect(target) || pixels.size != Size{target.Width(), target.Height()}) return {};
   if (target == WholeOf(base_.size)) return ReplaceAll(pixels, {});
-  const std::vector<bool> met = Met(target);
-  PixelPatch patch(base_, Enclosing(target, BoundsOfThose(met)));
+  const std::vector<bool> met = Met(objects_, target);
+  PixelPatch patch(base_, Enclosing(target, BoundsOfMarked(objects_, met)));
   UndoStep step{objects_, {}, target};
   DrawIn(base_, objects_, met, letters_);
   PutPart(base_, target.TopLeft(), pixels);
@@ -239,15 +240,21 @@ Rect PictureDocument::Crop(const Rect& area) {
   return ReplaceAll(PartOf(base_, part), std::move(objects));
 }
 
+Picture PictureDocument::PixelsToResize(Size size) const {
+  return KeepsProportions(base_.size, size) ? base_ : Composed();
+}
+
 Rect PictureDocument::Resize(Size size, const Cancelled& cancelled) {
-  if (size == base_.size || !IsPictureSize(size)) return {};
+  if (!IsPictureSize(size)) return {};
+  return PutResized(Resized(PixelsToResize(size), size, cancelled));
+}
+
+Rect PictureDocument::PutResized(Picture resized) {
+  if (resized.size == base_.size || !IsPictureSize(resized.size)) return {};
   std::vector<DrawnObject> objects;
-  const bool keeps = KeepsProportions(base_.size, size);
-  Picture resized = keeps ? Resized(base_, size, cancelled) : Resized(Composed(), size, cancelled);
-  if (resized.pixels.empty()) return {};
-  if (keeps) objects = objects_;
+  if (KeepsProportions(base_.size, resized.size)) objects = objects_;
   for (DrawnObject& object : objects) {
-    Scale(object, static_cast<double>(size.width) / base_.size.width);
+    Scale(object, static_cast<double>(resized.size.width) / base_.size.width);
     FitLetters(object, letters_);
   }
   selection_ = {};
@@ -255,14 +262,17 @@ Rect PictureDocument::Resize(Size size, const Cancelled& cancelled) {
 }
 
 Rect PictureDocument::Fill(Point place, Colour colour, std::int32_t tolerance, const Cancelled& cancelled) {
-  const PixelSet filled = FloodedPixels(Composed(), place, tolerance, cancelled);
-  if (filled.members.empty()) return {};
+  return Fill(FloodedPixels(Composed(), place, tolerance, cancelled), place, colour);
+}
+
+Rect PictureDocument::Fill(const PixelSet& filled, Point place, Colour colour) {
+  if (filled.size != base_.size || IsEmptyRect(filled.bounds)) return {};
   std::vector<bool> met(objects_.size());
   for (std::size_t at = 0; at < met.size(); ++at)
     met[at] = IsHit(objects_[at], {place.x + 0.5, place.y + 0.5}, 0.5);
   MarkBelow(objects_, met);
   UndoStep step{objects_, {}, filled.bounds};
-  PixelPatch patch(base_, Enclosing(filled.bounds, BoundsOfThose(met)));
+  PixelPatch patch(base_, Enclosing(filled.bounds, BoundsOfMarked(objects_, met)));
   DrawIn(base_, objects_, met, letters_);
   FillPixels(base_, filled, colour);
   patch.DropUnchanged(base_);
@@ -298,7 +308,7 @@ Rect PictureDocument::Load(Picture picture) {
 Rect PictureDocument::Flatten() {
   if (objects_.empty()) return {};
   const std::vector<bool> all(objects_.size(), true);
-  const Rect bounds = BoundsOfThose(all);
+  const Rect bounds = Shown(BoundsOfMarked(objects_, all));
   PixelPatch patch(base_, bounds);
   UndoStep step{objects_, {}, bounds};
   DrawIn(base_, objects_, all, letters_);

@@ -72,9 +72,15 @@ class PictureDocument {
   Rect Crop(const Rect& area);
   /// Where the proportions change, the objects are drawn into the pixels first.
   Rect Resize(Size size, const Cancelled& cancelled = {});
+  /// The same in parts, to be done elsewhere: what `Resized` makes that size of, and what it answered.
+  /// Nothing happens when that is empty.
+  Picture PixelsToResize(Size size) const;
+  Rect PutResized(Picture resized);
   /// Gives the area of one colour around a place another one. An object that is there is drawn into the
   /// pixels first; others stay above.
   Rect Fill(Point place, Colour colour, std::int32_t tolerance, const Cancelled& cancelled = {});
+  /// The same for what `FloodedPixels` answered for all that is shown.
+  Rect Fill(const PixelSet& filled, Point place, Colour colour);
   /// Makes an area transparent.
   Rect Clear(const Rect& area);
   /// Lays pixels over what is there, and selects where they are.
@@ -107,9 +113,6 @@ class PictureDocument {
   Rect Finish(UndoStep step);
   // Pixels for all others.
   Rect ReplaceAll(Picture picture, std::vector<DrawnObject> objects);
-  // The objects in the area and those below them.
-  std::vector<bool> Met(const Rect& area) const;
-  Rect BoundsOfThose(const std::vector<bool>& which) const;
   Rect Exchange(UndoStep& step);
   void SelectNothingGone();
 

@@ -94,7 +94,7 @@ ToolAnswer PictureTool::Begin(const Pointer& pointer) {
     case Tool::kCrop: return BeginCropping(pointer);
     case Tool::kText: return BeginText(pointer);
     case Tool::kStep: return AddStep(pointer);
-    case Tool::kFill: return {document_.Fill(PixelOf(pointer.place), settings_.colour, settings_.tolerance)};
+    case Tool::kFill: return Fill(pointer);
     default: return BeginSelecting(pointer);
   }
 }
@@ -147,6 +147,17 @@ ToolAnswer PictureTool::BeginText(const Pointer& pointer) {
     answer.write = NewObject(ObjectKind::kText);
     answer.write->points = {{pointer.place}, {pointer.place}};
   }
+  return answer;
+}
+
+ToolAnswer PictureTool::Fill(const Pointer& pointer) {
+  const Point place = PixelOf(pointer.place);
+  const Size size = document_.PictureSize();
+  ToolAnswer answer;
+  if (std::int64_t{size.width} * size.height > kMaxPixelsAtOnce)
+    answer.flood = place;
+  else
+    answer.changed = document_.Fill(place, settings_.colour, settings_.tolerance);
   return answer;
 }
 
@@ -296,7 +307,7 @@ ToolAnswer PictureTool::Finish() {
 }
 
 ToolAnswer PictureTool::End() {
-  const ToolAnswer answer{PreviewBounds()};
+  ToolAnswer answer{PreviewBounds()};
   drag_ = Drag::kNone;
   preview_.reset();
   original_.reset();

@@ -52,6 +52,7 @@ struct ToolAnswer {
   Rect changed;                      // of the picture: to be drawn anew
   std::optional<Colour> picked;      // the colour that the dropper is at
   std::optional<DrawnObject> write;  // a text begins or is changed here: asks for its words, then `PutText`
+  std::optional<Point> flood;        // to be filled from here, which takes long: see `kMaxPixelsAtOnce`
   bool used = false;                 // the key was the tool's
 };
 
@@ -95,6 +96,7 @@ class PictureTool {
   ToolAnswer BeginSelecting(const Pointer& pointer);
   ToolAnswer BeginCropping(const Pointer& pointer);
   ToolAnswer BeginText(const Pointer& pointer);
+  ToolAnswer Fill(const Pointer& pointer);
   ToolAnswer AddStep(const Pointer& pointer);
   DrawnObject NewObject(ObjectKind kind) const;
   void DrawOn(const Pointer& pointer);

@@ -202,6 +202,12 @@ TEST_F(PictureTools, WriteCountPickAndFill) {
   tool.Choose(Tool::kDropper);
   EXPECT_EQ(tool.Down({{90, 75}}).picked, settings.colour);
   EXPECT_FALSE(tool.Move({{90, 800}}).picked);
+  document.Load(WhitePicture({2049, 1025}));
+  tool.Choose(Tool::kFill);
+  const ToolAnswer large = tool.Down({{7.5, 9.5}});
+  EXPECT_TRUE(IsEmptyRect(large.changed) && large.flood == (Point{7, 9}));
+  EXPECT_EQ(document.Fill(FloodedPixels(document.Composed(), *large.flood, 0), *large.flood, settings.colour),
+            (Rect{0, 0, 2049, 1025}));
 }
 
 }  // namespace
