@@ -11,10 +11,11 @@ bool HasWhatItNeeds(ActionNeeds needs, const ActionFacts& facts) {
     case ActionNeeds::kFreeSkin: return !facts.skinFixed;
     case ActionNeeds::kStack: return facts.inStack;
     case ActionNeeds::kText: return !facts.image;
-    case ActionNeeds::kSelection: return !facts.image && facts.edit.hasSelection;
-    case ActionNeeds::kClipboard: return !facts.image && facts.edit.canPaste;
-    case ActionNeeds::kUndoStep: return !facts.image && facts.edit.canUndo;
-    case ActionNeeds::kRedoStep: return !facts.image && facts.edit.canRedo;
+    case ActionNeeds::kPicture: return facts.image;
+    case ActionNeeds::kSelection: return facts.edit.hasSelection;
+    case ActionNeeds::kClipboard: return facts.edit.canPaste;
+    case ActionNeeds::kUndoStep: return facts.edit.canUndo;
+    case ActionNeeds::kRedoStep: return facts.edit.canRedo;
   }
   return false;
 }
@@ -57,6 +58,8 @@ bool IsChecked(const ActionSetting& sets, const ActionFacts& facts) {
     // A check list is a list, though one of another kind.
     case ActionSets::kBullets: return IsOf(sets, facts.edit.bullets) && !facts.edit.checkList;
     case ActionSets::kHighlight: return IsOf(sets, facts.edit.highlight);
+    case ActionSets::kTool: return sets.value == facts.tool;
+    case ActionSets::kPenWidth: return sets.value == facts.penWidth;
     case ActionSets::kOpacity: return sets.value == facts.transparency;
   }
   return false;

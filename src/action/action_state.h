@@ -24,7 +24,9 @@ struct ActionFacts {
   bool skinFixed = false;         // by policy
   bool inStack = false;
   std::array<Text, 10> styles;  // what the saved styles are called; empty for one that is not set
-  EditFacts edit;               // of the text; all false for a picture
+  EditFacts edit;               // of the text; of a picture what can be undone and pasted
+  std::int32_t tool = 0;        // the command of the tool that is in hand
+  std::int32_t penWidth = 0;
 };
 
 struct ActionState {

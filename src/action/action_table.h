@@ -18,12 +18,13 @@ namespace jotlets {
 
 /// Who has the handler of a command. Without one, for features that are not there yet and for what only
 /// stacks do, it is never enabled.
-enum class ActionBy : std::uint8_t { kNobody, kEditor, kNote, kProgram };
+enum class ActionBy : std::uint8_t { kNobody, kEditor, kNote, kProgram, kPicture };
 
-/// What has to be there. All from `kText` to `kRedoStep` need a note with a text.
+/// What has to be there. Of a picture all is selected that can be copied.
 enum class ActionNeeds : std::uint8_t {
   kNothing,
   kText,
+  kPicture,
   kSelection,
   kClipboard,  // with something that the text takes
   kUndoStep,
@@ -59,6 +60,8 @@ enum class ActionSets : std::uint8_t {
   kHighlight,
   kStyle,    // a number of the saved styles; shown by nothing
   kOpacity,  // percent, as the record has it
+  kTool,     // of pictures, by the code of its command
+  kPenWidth,
 };
 
 struct ActionSetting {
@@ -77,6 +80,9 @@ enum class NoteMenu : std::uint8_t {
   kArrangeMenu,
   kRemindMenu,
   kStacksMenu,
+  kPictureMenu,
+  kDrawMenu,
+  kPenWidthMenu,
   kFileMenu,
   kStoreMenu,
   kTextMenu,

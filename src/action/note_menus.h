@@ -33,6 +33,8 @@ enum class MenuPart : std::uint8_t {
   kFonts,  // one for each of those used lately
   kCheckList,
   kWebSearch,
+  kPictureUndo,
+  kPictureRedo,
   kOfOthers,  // what other programs have added
 };
 
@@ -51,6 +53,11 @@ inline constexpr std::array kMenuEntries = [] {
   return std::array{
       MenuEntry{{kJotletMenu, 50}, 0, kNoMenu, kPapers},
       MenuEntry{{kJotletMenu, 120}, IDS_MENU_LOOK, kLookMenu, kNothing, Icon::kPalette},
+      MenuEntry{{kJotletMenu, 115}, IDS_MENU_PICTURE, kPictureMenu, kNothing, Icon::kPicture},
+      MenuEntry{{kPictureMenu, 100}, IDS_MENU_DRAW, kDrawMenu, kNothing, Icon::kPencil},
+      MenuEntry{{kPictureMenu, 150}, IDS_ACTION + kActionUndo, kNoMenu, kPictureUndo, Icon::kUndo},
+      MenuEntry{{kPictureMenu, 160}, IDS_ACTION + kActionRedo, kNoMenu, kPictureRedo, Icon::kRedo},
+      MenuEntry{{kDrawMenu, 320}, IDS_MENU_PEN_WIDTH, kPenWidthMenu},
       MenuEntry{{kJotletMenu, 300}, IDS_MENU_REMIND, kRemindMenu, kNothing, Icon::kBell},
       MenuEntry{{kJotletMenu, 320}, IDS_MENU_UNATTACH, kNoMenu, kAttachment, Icon::kAttach},
       MenuEntry{{kJotletMenu, 330}, IDS_MENU_STACKS, kStacksMenu, kNothing, Icon::kStack},

@@ -107,7 +107,7 @@ Rect PictureDocument::EffectArea() const {
   return IsEmptyRect(selection_) ? WholeOf(base_.size) : selection_;
 }
 
-Rect PictureDocument::Finish(UndoStep step) {
+Rect PictureDocument::Finish(PictureStep step) {
   ++version_;
   const Rect changed = step.changed;
   steps_.Add(std::move(step));
@@ -124,7 +124,7 @@ Rect PictureDocument::Add(DrawnObject object) {
   object.id = lastId_ + 1;
   FitLetters(object, letters_);
   if (!IsDrawable(object)) return {};
-  UndoStep step{objects_, {}, Shown(BoundsOf(object))};
+  PictureStep step{objects_, {}, Shown(BoundsOf(object))};
   selectedObject_ = ++lastId_;
   objects_.push_back(std::move(object));
   return Finish(std::move(step));
@@ -134,7 +134,7 @@ Rect PictureDocument::Change(DrawnObject object) {
   const auto place = Place(object.id);
   FitLetters(object, letters_);
   if (place == objects_.end() || *place == object || !IsDrawable(object)) return {};
-  UndoStep step{objects_, {}, Shown(Enclosing(BoundsOf(*place), BoundsOf(object)))};
+  PictureStep step{objects_, {}, Shown(Enclosing(BoundsOf(*place), BoundsOf(object)))};
   *place = std::move(object);
   return Finish(std::move(step));
 }
@@ -160,7 +160,7 @@ Rect PictureDocument::Nudge(ObjectId id, Spot distance) {
 Rect PictureDocument::Delete(ObjectId id) {
   const auto place = Place(id);
   if (place == objects_.end()) return {};
-  UndoStep step{objects_, {}, Shown(BoundsOf(*place))};
+  PictureStep step{objects_, {}, Shown(BoundsOf(*place))};
   objects_.erase(place);
   return Finish(std::move(step));
 }
@@ -168,14 +168,14 @@ Rect PictureDocument::Delete(ObjectId id) {
 Rect PictureDocument::Raise(ObjectId id) {
   const auto place = Place(id);
   if (place == objects_.end() || place + 1 == objects_.end()) return {};
-  UndoStep step{objects_, {}, Shown(BoundsOf(*place))};
+  PictureStep step{objects_, {}, Shown(BoundsOf(*place))};
   std::rotate(place, place + 1, objects_.end());
   return Finish(std::move(step));
 }
 
 Rect PictureDocument::ReplaceAll(Picture picture, std::vector<DrawnObject> objects) {
   if (!IsPictureSize(picture.size)) return {};
-  UndoStep step{std::exchange(objects_, std::move(objects)), std::exchange(base_, std::move(picture)), {}};
+  PictureStep step{std::exchange(objects_, std::move(objects)), std::exchange(base_, std::move(picture)), {}};
   step.changed = WholeOf(base_.size);
   return Finish(std::move(step));
 }
@@ -196,7 +196,7 @@ Rect PictureDocument::ReplaceArea(const Rect& area, const Picture& pixels) {
   if (target == WholeOf(base_.size)) return ReplaceAll(pixels, {});
   const std::vector<bool> met = Met(objects_, target);
   PixelPatch patch(base_, Enclosing(target, BoundsOfMarked(objects_, met)));
-  UndoStep step{objects_, {}, target};
+  PictureStep step{objects_, {}, target};
   DrawIn(base_, objects_, met, letters_);
   PutPart(base_, target.TopLeft(), pixels);
   patch.DropUnchanged(base_);
@@ -207,7 +207,7 @@ Rect PictureDocument::ReplaceArea(const Rect& area, const Picture& pixels) {
 Rect PictureDocument::Turn(Orientation orientation) {
   if (orientation == Orientation::kAsItIs) return {};
   if (IsEmptyRect(selection_)) {
-    UndoStep step{objects_, Inverse(orientation), {}};
+    PictureStep step{objects_, Inverse(orientation), {}};
     for (DrawnObject& object : objects_) jotlets::Orient(object, base_.size, orientation);
     jotlets::Orient(base_, orientation);
     step.changed = WholeOf(base_.size);
@@ -271,7 +271,7 @@ Rect PictureDocument::Fill(const PixelSet& filled, Point place, Colour colour) {
   for (std::size_t at = 0; at < met.size(); ++at)
     met[at] = IsHit(objects_[at], {place.x + 0.5, place.y + 0.5}, 0.5);
   MarkBelow(objects_, met);
-  UndoStep step{objects_, {}, filled.bounds};
+  PictureStep step{objects_, {}, filled.bounds};
   PixelPatch patch(base_, Enclosing(filled.bounds, BoundsOfMarked(objects_, met)));
   DrawIn(base_, objects_, met, letters_);
   FillPixels(base_, filled, colour);
@@ -310,14 +310,14 @@ Rect PictureDocument::Flatten() {
   const std::vector<bool> all(objects_.size(), true);
   const Rect bounds = Shown(BoundsOfMarked(objects_, all));
   PixelPatch patch(base_, bounds);
-  UndoStep step{objects_, {}, bounds};
+  PictureStep step{objects_, {}, bounds};
   DrawIn(base_, objects_, all, letters_);
   patch.DropUnchanged(base_);
   step.pixels = std::move(patch);
   return Finish(std::move(step));
 }
 
-Rect PictureDocument::Exchange(UndoStep& step) {
+Rect PictureDocument::Exchange(PictureStep& step) {
   std::swap(objects_, step.objects);
   const Size before = base_.size;
   if (auto* patch = std::get_if<PixelPatch>(&step.pixels)) {

@@ -110,16 +110,16 @@ class PictureDocument {
   Rect Shown(const Rect& area) const { return CommonPart(area, WholeOf(base_.size)); }
   std::vector<DrawnObject>::iterator Place(ObjectId id);
   // Ends a command: `changed` was, and the step that undoes it has the objects of before.
-  Rect Finish(UndoStep step);
+  Rect Finish(PictureStep step);
   // Pixels for all others.
   Rect ReplaceAll(Picture picture, std::vector<DrawnObject> objects);
-  Rect Exchange(UndoStep& step);
+  Rect Exchange(PictureStep& step);
   void SelectNothingGone();
 
   Picture base_;
   std::vector<DrawnObject> objects_;
   const LetterPainter& letters_;
-  UndoSteps steps_;
+  PictureSteps steps_;
   Rect selection_;
   ObjectId selectedObject_ = 0;
   ObjectId lastId_ = 0;

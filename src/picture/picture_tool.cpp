@@ -191,7 +191,7 @@ Spot PictureTool::Constrained(const Pointer& pointer) const {
 }
 
 ToolAnswer PictureTool::Move(const Pointer& pointer) {
-  if (drag_ == Drag::kNone) return {};
+  if (drag_ == Drag::kIdle) return {};
   if (IsStale()) return Cancel();
   ToolAnswer answer{EndOfPreview()};
   switch (drag_) {
@@ -279,7 +279,7 @@ ToolAnswer PictureTool::ReplaceFrame(const Rect& frame) {
 }
 
 ToolAnswer PictureTool::Up(const Pointer& pointer) {
-  if (drag_ == Drag::kNone) return {};
+  if (drag_ == Drag::kIdle) return {};
   if (IsStale()) return Cancel();
   ToolAnswer answer = Move(pointer);
   const ToolAnswer end = Finish();
@@ -308,14 +308,14 @@ ToolAnswer PictureTool::Finish() {
 
 ToolAnswer PictureTool::End() {
   ToolAnswer answer{PreviewBounds()};
-  drag_ = Drag::kNone;
+  drag_ = Drag::kIdle;
   preview_.reset();
   original_.reset();
   return answer;
 }
 
 ToolAnswer PictureTool::Cancel() {
-  if (drag_ == Drag::kNone) return {};
+  if (drag_ == Drag::kIdle) return {};
   ToolAnswer answer{Enclosing(PreviewBounds(), original_ ? BoundsOf(*original_) : Rect{})};
   const bool isOther = IsStale();
   answer.changed = Enclosing(answer.changed, ReplaceFrame(isOther ? Rect{} : frameBefore_).changed);

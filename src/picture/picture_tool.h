@@ -78,7 +78,7 @@ class PictureTool {
   /// words of the selected text; Esc gives up, step by step: the drag, the area to crop, the selection.
   ToolAnswer Press(std::uint16_t key, bool shift);
 
-  bool IsDragging() const { return drag_ != Drag::kNone; }
+  bool IsDragging() const { return drag_ != Drag::kIdle; }
   /// What is to be drawn instead of, or above, the document's objects; nothing when that shows it all.
   const DrawnObject* Preview() const { return preview_ ? &*preview_ : nullptr; }
   /// The rectangle that is being dragged for a selection, or that Enter crops to; empty when there is none.
@@ -90,7 +90,7 @@ class PictureTool {
   ToolAnswer PutText(DrawnObject object);
 
  private:
-  enum class Drag : std::uint8_t { kNone, kDraw, kMove, kResize, kFrame, kPick };
+  enum class Drag : std::uint8_t { kIdle, kDraw, kMove, kResize, kFrame, kPick };
 
   ToolAnswer Begin(const Pointer& pointer);
   ToolAnswer BeginSelecting(const Pointer& pointer);
@@ -116,7 +116,7 @@ class PictureTool {
   PictureDocument& document_;
   Tool tool_ = Tool::kSelect;
   ToolSettings settings_;
-  Drag drag_ = Drag::kNone;
+  Drag drag_ = Drag::kIdle;
   std::uint64_t version_ = 0;  // of the document when the drag began
   Spot start_;
   std::optional<DrawnObject> original_;  // what is moved or resized, as it was

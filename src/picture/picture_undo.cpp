@@ -37,7 +37,7 @@ std::size_t PixelPatch::Bytes() const {
   return bytes;
 }
 
-std::size_t UndoStep::Bytes() const {
+std::size_t PictureStep::Bytes() const {
   std::size_t bytes = sizeof *this;
   for (const DrawnObject& object : objects)
     bytes += sizeof object + object.points.size() * sizeof(StrokePoint) +
@@ -47,20 +47,20 @@ std::size_t UndoStep::Bytes() const {
   return bytes;
 }
 
-void UndoSteps::Add(UndoStep step) {
+void PictureSteps::Add(PictureStep step) {
   steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(done_), steps_.end());
   steps_.push_back(std::move(step));
   ++done_;
   KeepBounds();
 }
 
-bool UndoSteps::Continue(const Rect& changed) {
+bool PictureSteps::Continue(const Rect& changed) {
   if (!CanUndo() || CanRedo()) return false;
   steps_[done_ - 1].changed = Enclosing(steps_[done_ - 1].changed, changed);
   return true;
 }
 
-void UndoSteps::KeepBounds() {
+void PictureSteps::KeepBounds() {
   std::size_t bytes = Bytes();
   while (!steps_.empty() && (steps_.size() > maximum_ || bytes > kMaxBytes)) {
     const bool fromEnd = CanRedo();
@@ -74,9 +74,9 @@ void UndoSteps::KeepBounds() {
   }
 }
 
-std::size_t UndoSteps::Bytes() const {
+std::size_t PictureSteps::Bytes() const {
   std::size_t bytes = 0;
-  for (const UndoStep& step : steps_) bytes += step.Bytes();
+  for (const PictureStep& step : steps_) bytes += step.Bytes();
   return bytes;
 }
 

@@ -31,7 +31,7 @@ class PixelPatch {
 
 /// What one command has changed: the objects before it, and of the pixels nothing, squares, all of them, or
 /// how they were turned. Exchanged once it undoes the command, and again it does it anew.
-struct UndoStep {
+struct PictureStep {
   std::vector<DrawnObject> objects;
   std::variant<std::monostate, PixelPatch, Picture, Orientation> pixels;
   Rect changed;
@@ -41,19 +41,19 @@ struct UndoStep {
 
 /// The steps that can be undone and those that were. What is over a bound goes: the oldest steps, and those
 /// that were undone before any that were not.
-class UndoSteps {
+class PictureSteps {
  public:
   static constexpr std::size_t kMaxBytes = std::size_t{64} * 1024 * 1024;
 
-  explicit UndoSteps(std::size_t maximum) : maximum_(maximum) {}
+  explicit PictureSteps(std::size_t maximum) : maximum_(maximum) {}
 
   /// What was undone can no longer be done anew.
-  void Add(UndoStep step);
+  void Add(PictureStep step);
   bool CanUndo() const { return done_ > 0; }
   bool CanRedo() const { return done_ < steps_.size(); }
   /// The step that is to be exchanged next, which has to be done at once; one of them has to be there.
-  UndoStep& Undo() { return steps_[--done_]; }
-  UndoStep& Redo() { return steps_[done_++]; }
+  PictureStep& Undo() { return steps_[--done_]; }
+  PictureStep& Redo() { return steps_[done_++]; }
   /// The last command went on: its step tells of more that has changed. False when that step is not there any
   /// more.
   bool Continue(const Rect& changed);
@@ -62,7 +62,7 @@ class UndoSteps {
   std::size_t Bytes() const;
 
  private:
-  std::deque<UndoStep> steps_;
+  std::deque<PictureStep> steps_;
   std::size_t done_ = 0;
   std::size_t maximum_;
 };

@@ -379,6 +379,13 @@
 #define IDC_SLEEP_WORDS 6304
 
 // The texts of the note commands: this number and the code of each.
+#define IDS_MENU_PICTURE 6610
+#define IDS_MENU_DRAW 6611
+#define IDS_MENU_PEN_WIDTH 6612
+#define IDS_NO_PICTURE 6615
+#define IDS_FILTER_PICTURES 6616
+#define IDS_PICTURE_TEXT 6613
+#define IDS_PICTURE_TEXT_LABEL 6614
 #define IDS_ACTION 4000
 
 // The options dialog; the texts of a row are these numbers and its id (`settings/setting.h`).

@@ -107,8 +107,10 @@ TEST(Shortcuts, AreWhatMenusShowAndLeadToTheirCommands) {
     const std::uint16_t key = row.key.key;
     const bool isLetter = (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
     EXPECT_EQ(text.back() == key, isLetter) << ToUtf8(text) << " has no name for its key";
-    // Letters alone are typed, and Ctrl with Alt types the third letters of many keyboards.
-    EXPECT_TRUE(row.key.ctrl != row.key.alt || !isLetter) << ToUtf8(text);
+    // Letters alone are typed, but not in a picture, and Ctrl with Alt types the third letters of many
+    // keyboards.
+    EXPECT_TRUE(row.key.ctrl != row.key.alt || !isLetter || row.needs == ActionNeeds::kPicture)
+        << ToUtf8(text);
   }
 }
 
@@ -156,7 +158,10 @@ TEST(ActionState, EnablesWhatTheNoteAndItsTextAllow) {
   facts.edit.hasSelection = false, facts.skinFixed = true;
   EXPECT_EQ(enabled(), "roll findtext ");
   facts.image = true, facts.readOnly = false, facts.edit.canUndo = true;
-  EXPECT_EQ(enabled(), "roll ");
+  EXPECT_EQ(enabled(), "roll undo paste ");
+  EXPECT_TRUE(StateOf(kActionPenDraw, facts).enabled && !StateOf(kActionPenDraw, {}).enabled);
+  facts.readOnly = true;
+  EXPECT_FALSE(StateOf(kActionPenDraw, facts).enabled);
 }
 
 TEST(ActionState, ChecksOneOfEachFamilyAndNoneWhereParagraphsDiffer) {

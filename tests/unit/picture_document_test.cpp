@@ -107,11 +107,11 @@ TEST(PictureDocument, KeepsItsStepsWithinTheirNumberAndMemory) {
   // 16 MB a step: four fit but for what they need beside the pixels.
   PictureDocument large = Document(WhitePicture({2048, 2048}), 100);
   for (int i = 0; i < 6; ++i) large.Apply({EffectKind::kNegative});
-  EXPECT_LE(large.UndoBytes(), UndoSteps::kMaxBytes);
+  EXPECT_LE(large.UndoBytes(), PictureSteps::kMaxBytes);
   undone = 0;
   for (; large.CanUndo(); ++undone) large.Undo();
   EXPECT_EQ(undone, 3);
-  EXPECT_LE(large.UndoBytes(), UndoSteps::kMaxBytes);
+  EXPECT_LE(large.UndoBytes(), PictureSteps::kMaxBytes);
 
   // Little is kept of a small change of a large picture, and nothing of pixels when all of it is turned.
   PictureDocument spot = Document(WhitePicture({2048, 2048}));

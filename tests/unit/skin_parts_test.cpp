@@ -145,13 +145,13 @@ TEST(SkinParts, OfTheBarAtTheFootFitAndAreToldApart) {
 TEST(SkinParts, OfASkinFromElsewhereStayInTheWindow) {
   const SkinData skin = ParseSkin(
       u"[button]\nplace=500,2\nsize=9x9\naction=close\n[button]\nplace=-900,2\nsize=2000x9\naction=roll\n"
-      u"[button]\nplace=1,1\nsize=9x9\naction=nothing\n[button]\nplace=2,2\nsize=9x9\naction=pendraw\n");
+      u"[button]\nplace=1,1\nsize=9x9\naction=nothing\n[button]\nplace=2,2\nsize=9x9\naction=sendtopalm\n");
   const auto parts = PartsOf(skin, {.window = {100, 80}}, FactsFor(skin));
   ASSERT_EQ(parts.size(), 5u);
   EXPECT_TRUE(PartWith(parts, kActionClose)->invisible && PartWith(parts, kActionClose)->area == Rect{});
   EXPECT_EQ(PartWith(parts, kActionRoll)->area, (Rect{0, 2, 100, 11}));
-  EXPECT_TRUE(PartWith(parts, kActionPenDraw)->unavailable);
-  EXPECT_EQ(PartWith(parts, kActionPenDraw)->name, u"pendraw");
+  EXPECT_TRUE(PartWith(parts, kActionSendToPalm)->unavailable);
+  EXPECT_EQ(PartWith(parts, kActionSendToPalm)->name, u"sendtopalm");
 }
 
 TEST(SkinParts, EveryCommandThatIsCarriedOutHasWords) {

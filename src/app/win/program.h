@@ -122,6 +122,9 @@ class Program final : private OpenNotesOwner,
   void OnAnimationClosed(const Text& id, bool deletes) override;
   void OnNoteHidden(const BJotlet& jotlet) override;
   bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
+  void OnPictureAnswer(const Text& id, const PictureAnswer& answer) override {
+    noteCommands_.OnPictureAnswer(id, answer);
+  }
   void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
   ActionFacts FactsOfNote(const BJotlet& jotlet) const override { return noteCommands_.FactsOf(jotlet); }
   std::vector<Rect> StackBounds() const override { return stacks_.Bounds(); }

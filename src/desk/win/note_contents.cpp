@@ -2,7 +2,7 @@
 
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
-#include "picture/picture_file.h"
+#include "picture/win/picture_reader.h"
 
 namespace jotlets {
 namespace {
@@ -35,7 +35,7 @@ Text NoteContents::WordsOf(TextView id, std::size_t maximum) const {
 
 std::string NoteContents::ReadPicture(TextView path) const {
   if (files_.Size(path) > kLargestPictureFile) return {};
-  return PngOfPicture(files_.Read(path).bytes);
+  return PngOfAnyPicture(files_.Read(path).bytes);
 }
 
 bool NoteContents::SetPicture(BJotlet& jotlet, TextView path) {

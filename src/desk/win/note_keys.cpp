@@ -1,5 +1,6 @@
 #include "desk/win/note_keys.h"
 
+#include "action/action_table.h"
 #include "action/shortcuts.h"
 #include "base/win/pressed_key.h"
 #include "desk/win/open_notes.h"
@@ -44,7 +45,9 @@ bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
     return true;
   }
   if (Quietens(message.wParam)) jotlet->StopAlarm();
-  if (!isOurs) return false;
+  // The letters of tools are letters in a text.
+  const bool ofPicture = RowOf(action).needs == ActionNeeds::kPicture;
+  if (!isOurs || (ofPicture && !jotlet->StoredRecord().IsImage())) return false;
   if (action != kActionNone) return jotlet->DoAction(action, {});
   Serve(desktop, *jotlet, window);
   return true;

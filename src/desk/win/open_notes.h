@@ -41,6 +41,8 @@ class OpenNotesOwner {
   virtual bool DoNoteAction(const Text& id, ActionCode action) = 0;
   /// A sounding note is to sound again later.
   virtual void SnoozeNote(const Text& id) = 0;
+  /// A colour was picked from a picture, or words are to be asked for.
+  virtual void OnPictureAnswer(const Text& id, const PictureAnswer& answer) = 0;
   /// What the states of a note's commands depend on.
   virtual ActionFacts FactsOfNote(const BJotlet& jotlet) const = 0;
   /// The stacks on the screen, and one of them by its number.
@@ -139,6 +141,9 @@ class OpenNotes final : public JotletOwner, public NoteWindows {
   void FollowMonitors();
   /// One step of all animated moves; whether any goes on.
   bool Animate();
+  void OnPictureAnswer(BJotlet& jotlet, const PictureAnswer& answer) override {
+    owner_.OnPictureAnswer(Text(jotlet.StoredRecord().id), answer);
+  }
   void Snooze(BJotlet& jotlet) override { owner_.SnoozeNote(Text(jotlet.StoredRecord().id)); }
   /// Whether a note sounds.
   bool IsAnySounding() const { return now_.sounding > 0; }

@@ -59,6 +59,7 @@ class MenuBuilder {
     // A style that nobody has made is none to choose.
     if (row.action != nullptr && row.action->sets.what == ActionSets::kStyle)
       return !facts_.styles[static_cast<std::size_t>(row.action->sets.value)].empty();
+    if (row.other != nullptr && row.other->below == NoteMenu::kPictureMenu) return facts_.image;
     if (row.other == nullptr || row.other->below != NoteMenu::kNoMenu) return true;
     return std::ranges::count(extras_.entries, row.other->part, &ExtraEntry::part) +
                std::ranges::count(extras_.colours, row.other->part, &ColourEntry::part) !=

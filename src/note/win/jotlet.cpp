@@ -1,5 +1,7 @@
 #include "note/win/jotlet.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 
 #include "base/win/wide.h"
@@ -43,6 +45,7 @@ bool BJotlet::CreateWindowFor() {
   PrepareShadow();
   if (!Create(kJotletClass, Wide(shownTitle_), place_.Shown(), style)) return false;
   content_->CreateIn(Handle(), ContentLook());
+  if (record_.IsImage()) DragAcceptFiles(Handle(), TRUE);
   if (Dpi() != dpi && place_.ScaleChanged(Dpi())) skin_ = context_.skins.OfNote(record_.skin, Dpi());
   ApplySkin();
   return true;
@@ -203,7 +206,12 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_KEYDOWN:
       if (OnPartKey(wParam)) return 0;
+      if (content_->PressInPicture(static_cast<std::uint16_t>(wParam), GetKeyState(VK_SHIFT) < 0)) {
+        PictureChanged();
+        return 0;
+      }
       return SkinnedWindow::OnMessage(message, wParam, lParam);
+    case WM_DROPFILES: OnFilesDropped(reinterpret_cast<HDROP>(wParam)); return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: break;
   }

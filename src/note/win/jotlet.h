@@ -127,6 +127,14 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// Cuts the move short: the note is at once where it ends, or hidden. The note may be gone when the call
   /// returns.
   void FinishAnimation();
+  /// What can be done with its picture now.
+  PictureFacts Drawing() const { return content_->Drawing(); }
+  /// Carries out a command of pictures on what its content file has, if nobody has drawn on it before.
+  bool DoInPicture(ActionCode action, const ContentFile& file);
+  /// Lays a picture over its own, or puts it in the place of that.
+  void PutPicture(const Picture& picture, bool instead, const ContentFile& file);
+  /// Gives the words that `JotletOwner::OnPictureAnswer` was asked for.
+  void PutTextInPicture(const DrawnObject& object);
   void SetUserString(TextView words);
   /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
   void ApplyProperties(const JotletData& wanted);
@@ -179,6 +187,11 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnHover(Point at) override;
   void OnMouseGone() override { OnEditMouse(); }
   void DragContent(Point mouse) override;
+  void DropContent(Point at) override;
+  LPCWSTR CursorAt(Point at) const override;
+  bool DragInPicture(PointerStep step, Point at);
+  void PictureChanged();
+  void OnFilesDropped(HDROP files);
   void DragFrame(const Rect& bounds) override;
   void OnDragEnded(Drag ended, bool shift) override;
   void OnSize() override;

@@ -1,5 +1,9 @@
 // The mouse on a note's frame: moving, sizing, buttons, the scroll bar and the tooltip.
+#include <shellapi.h>
+
+#include "base/win/wide.h"
 #include "note/win/jotlet.h"
+#include "note/win/picture_work.h"
 
 namespace jotlets {
 
@@ -22,6 +26,8 @@ void BJotlet::BeginPress() {
 
 SkinnedWindow::Press BJotlet::PressAt(Point at, bool ctrl) {
   if (BeginScrolling(at)) return Press::kOfContent;
+  if (dragPart_ == FramePart::kContent && !record_.readOnly && DragInPicture(PointerStep::kDown, at))
+    return Press::kOfContent;
   if (dragPart_ == FramePart::kContent && content_->TakesPresses()) return Press::kPassedOver;
   owner_.OnJotletMouse(*this, JotletMouse::kPressed, ctrl);
   return IsFrozen() ? Press::kPassedOver : Press::kOfFrame;
@@ -44,7 +50,47 @@ bool BJotlet::BeginScrolling(Point at) {
   return true;
 }
 
+// False for a note without a picture, and while no tool is in hand.
+bool BJotlet::DragInPicture(PointerStep step, Point at) {
+  const PictureAnswer answer = content_->DragInPicture(step, at, TextArea(skin_->data, view_),
+                                                       ToolSettingsFrom(context_.options, place_.Dpi()));
+  if (!answer.used) return false;
+  PictureChanged();
+  if (answer.picked || answer.write) owner_.OnPictureAnswer(*this, answer);
+  return true;
+}
+
+// Of several the first.
+void BJotlet::OnFilesDropped(HDROP files) {
+  Text path(static_cast<std::size_t>(DragQueryFileW(files, 0, nullptr, 0)), u'\0');
+  const auto room = static_cast<UINT>(path.size() + 1);
+  const bool any = !path.empty() && DragQueryFileW(files, 0, WideBuffer(path), room) != 0;
+  DragFinish(files);
+  if (any) owner_.OnPictureAnswer(*this, {.used = true, .load = path});
+}
+
+void BJotlet::PictureChanged() {
+  UpdateView();
+  const RECT area = ToRECT(TextArea(skin_->data, view_));
+  InvalidateRect(Handle(), &area, FALSE);
+  TellChanges();
+  if (content_->HasUnsavedChanges()) OnContentChanged();
+}
+
+void BJotlet::DropContent(Point at) {
+  if (record_.IsImage()) DragInPicture(PointerStep::kUp, at);
+}
+
+LPCWSTR BJotlet::CursorAt(Point at) const {
+  const bool draws = content_->Drawing().tool != kActionNone && PartAt(at) == FramePart::kContent;
+  return draws ? IDC_CROSS : SkinnedWindow::CursorAt(at);
+}
+
 void BJotlet::DragContent(Point mouse) {
+  if (record_.IsImage()) {
+    DragInPicture(PointerStep::kMove, ToClient(mouse));
+    return;
+  }
   const std::int32_t top = draggedThumb_.top + mouse.y - dragStart_.y;
   content_->ScrollDownTo(ScrollPositionAt(top, ScrollTrack(skin_->data, view_.window),
                                           skin_->data.minimumThumbTrackHeight, Scrolled()));

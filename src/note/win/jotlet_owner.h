@@ -10,6 +10,7 @@
 namespace jotlets {
 
 class BJotlet;
+struct PictureAnswer;
 
 /// What has become of a note.
 enum class JotletEvent {
@@ -47,6 +48,8 @@ class JotletOwner {
   virtual bool OnJotletAction(BJotlet& jotlet, ActionCode action) = 0;
   /// The note sounds, and is to sound again later; it may be gone when the call returns.
   virtual void Snooze(BJotlet& jotlet) = 0;
+  /// A colour was picked from the note's picture, or words are to be asked for.
+  virtual void OnPictureAnswer(BJotlet& jotlet, const PictureAnswer& answer) = 0;
   /// What the states of the note's commands depend on.
   virtual ActionFacts FactsOf(const BJotlet& jotlet) = 0;
   /// The notes that are selected together with this one, itself included.

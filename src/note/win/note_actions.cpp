@@ -1,6 +1,7 @@
 // The commands of a note: those that are its own affair, and who carries out the others.
 #include "action/action_table.h"
 #include "note/win/jotlet.h"
+#include "note/win/picture_work.h"
 
 namespace jotlets {
 
@@ -36,6 +37,25 @@ void BJotlet::DoPart(PartUse use) {
   UpdateView();
 }
 
+bool BJotlet::DoInPicture(ActionCode action, const ContentFile& file) {
+  const Options& options = context_.options;
+  if (!content_->BeginDrawing(file, options.imageUndo)) return false;
+  const bool done = content_->DoInPicture(action, ToolSettingsFrom(options, place_.Dpi()));
+  if (done) PictureChanged();
+  return done;
+}
+
+void BJotlet::PutPicture(const Picture& picture, bool instead, const ContentFile& file) {
+  if (!content_->BeginDrawing(file, context_.options.imageUndo)) return;
+  content_->PutPicture(picture, instead);
+  PictureChanged();
+}
+
+void BJotlet::PutTextInPicture(const DrawnObject& object) {
+  content_->PutText(object);
+  PictureChanged();
+}
+
 bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
   if (!StateOf(action, owner_.FactsOf(*this)).enabled) return false;
@@ -44,9 +64,9 @@ bool BJotlet::DoAction(ActionCode action, Point at) {
   // The menu of a sounding note offers to let it sound again later.
   if (action != kActionOpenJotletContext && action != kActionOpenTextContext) StopAlarm();
   const NoteAction& row = RowOf(action);
-  if (row.by == ActionBy::kEditor) {
+  if (row.by == ActionBy::kEditor && Editor() != nullptr) {
     const HWND window = Handle();
-    const bool done = Editor() != nullptr && DoEditAction(*Editor(), action, context_.editing());
+    const bool done = DoEditAction(*Editor(), action, context_.editing());
     // A link may ask first, and the note may be gone when that is answered.
     if (IsWindow(window) != 0) UpdateView();
     return done;

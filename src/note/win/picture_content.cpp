@@ -10,11 +10,22 @@ namespace {
 constexpr std::int64_t kDecodedAtOnce = 4 * 1024 * 1024;  // pixels
 constexpr Size kLargestShown{2560, 1600};
 
+class WorkInlay final : public SkinInlay {
+ public:
+  WorkInlay(const PictureWork& work, const Rect& area) : work_(work), area_(area) {}
+  void Draw(HDC dc) const override { work_.Draw(dc, area_); }
+
+ private:
+  const PictureWork& work_;
+  Rect area_;
+};
+
 }  // namespace
 
 bool PictureContent::Fits(std::string_view bytes) const { return bytes.starts_with("\x89PNG"); }
 
 TextView PictureContent::Load(std::string_view bytes) {
+  work_.reset();
   const auto size = SizeOfPng(bytes);
   const std::int64_t pixels = size ? std::int64_t{size->width} * size->height : 0;
   undecoded_ = pixels > kDecodedAtOnce && pixels <= kMaxPicturePixels ? bytes : std::string_view();
@@ -31,14 +42,38 @@ void PictureContent::DecodeNow() const {
   if (picture) picture_.Load(Shrunk(std::move(*picture), kLargestShown));
 }
 
+bool PictureContent::BeginDrawing(const ContentFile& file, std::int32_t steps) {
+  if (work_) return true;
+  auto picture = DecodePng(file.bytes());
+  if (!picture) return false;
+  work_ = std::make_unique<PictureWork>(*std::move(picture), steps);
+  saved_ = work_->Version();
+  undecoded_ = {};
+  picture_ = {};
+  return true;
+}
+
+ContentBytes PictureContent::BytesToSave() const {
+  if (!HasUnsavedChanges()) return {};
+  const std::string& png = work_->Png();
+  if (png.empty()) return {FileStatus::Failed(u"the picture could not be written as PNG"), {}};
+  return {{}, png};
+}
+
+ContentCopy PictureContent::Copy(bool) const {
+  if (!HasUnsavedChanges()) return {};
+  return {work_->Png(), {}};
+}
+
 std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& area) const {
+  if (work_) return std::make_unique<WorkInlay>(*work_, area);
   DecodeNow();
   if (!picture_.IsLoaded()) return nullptr;
   return std::make_unique<PictureInlay>(picture_, area);
 }
 
 void PictureContent::PutOnClipboard(HWND owner, bool, const ContentFile& file) const {
-  PutPictureOnClipboard(owner, file.bytes());
+  PutPictureOnClipboard(owner, work_ ? work_->Png() : file.bytes());
 }
 
 }  // namespace jotlets

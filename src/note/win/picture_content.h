@@ -1,22 +1,21 @@
 // The picture of a note, which the note paints.
 #pragma once
 
-#include "note/win/shown_content.h"
-#include "skin/win/picture_bitmap.h"
+#include "note/win/picture_work.h"
 
 namespace jotlets {
 
-/// A picture is changed by another content file alone: it never has anything to save.
+/// As long as nobody draws on it a picture is its file, shown; then it is a work whose file is made anew.
 class PictureContent final : public ShownContent {
  public:
   TextView Extension() const override { return u"png"; }
   bool Fits(std::string_view bytes) const override;
   TextView Load(std::string_view bytes) override;
-  bool IsWhole() const override { return picture_.IsLoaded() || !undecoded_.empty(); }
-  bool HasUnsavedChanges() const override { return false; }
-  void SetUnsavedChanges(bool) override {}
-  ContentBytes BytesToSave() const override { return {}; }
-  ContentCopy Copy(bool) const override { return {}; }
+  bool IsWhole() const override { return work_ || picture_.IsLoaded() || !undecoded_.empty(); }
+  bool HasUnsavedChanges() const override { return work_ && work_->Version() != saved_; }
+  void SetUnsavedChanges(bool unsaved) override { saved_ = work_ && !unsaved ? work_->Version() : 0; }
+  ContentBytes BytesToSave() const override;
+  ContentCopy Copy(bool) const override;
   Text PlainText() const override { return {}; }
   Text RichText() const override { return {}; }
   Text TitleWords() const override { return {}; }
@@ -25,6 +24,23 @@ class PictureContent final : public ShownContent {
   void Paste(bool) override {}
   void PasteAtEnd(bool) override {}
 
+  PictureFacts Drawing() const override { return work_ ? work_->Facts() : PictureFacts(); }
+  bool BeginDrawing(const ContentFile& file, std::int32_t steps) override;
+  bool DoInPicture(ActionCode action, const ToolSettings& settings) override {
+    return work_ && work_->Do(action, settings);
+  }
+  void PutPicture(const Picture& picture, bool instead) override {
+    if (work_) work_->Put(picture, instead);
+  }
+  PictureAnswer DragInPicture(PointerStep step, Point at, const Rect& area,
+                              const ToolSettings& settings) override {
+    return work_ ? work_->Drag(step, at, area, settings) : PictureAnswer();
+  }
+  bool PressInPicture(std::uint16_t key, bool shift) override { return work_ && work_->Press(key, shift); }
+  void PutText(const DrawnObject& object) override {
+    if (work_) work_->PutText(object);
+  }
+
   std::unique_ptr<SkinInlay> Inlay(const Rect& area) const override;
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;
 
@@ -32,6 +48,8 @@ class PictureContent final : public ShownContent {
   void DecodeNow() const;
 
   mutable PictureBitmap picture_;
+  std::unique_ptr<PictureWork> work_;
+  std::uint64_t saved_ = 0;        // the version of the work that its file has
   mutable std::string undecoded_;  // the file of a large picture that nobody has seen yet
 };
 

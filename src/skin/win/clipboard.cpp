@@ -89,6 +89,10 @@ bool PutPictureOnClipboard(HWND owner, const std::string& png) {
   return PutOnClipboard(owner, items);
 }
 
+bool HasClipboardPicture() {
+  return IsClipboardFormatAvailable(CF_DIB) != 0 || IsClipboardFormatAvailable(PngFormat()) != 0;
+}
+
 std::string ClipboardPicture(HWND owner) {
   const OpenedClipboard opened(owner);
   if (!opened) return {};

@@ -15,6 +15,8 @@ bool PutTextOnClipboard(HWND owner, TextView plain, const std::string& rtf);
 /// Replaces it by a picture, given as a PNG, in the forms that programs look for.
 bool PutPictureOnClipboard(HWND owner, const std::string& png);
 
+/// Whether there is one to be had.
+bool HasClipboardPicture();
 /// The picture on the clipboard as a PNG; empty when it holds none that can be read.
 std::string ClipboardPicture(HWND owner);
 

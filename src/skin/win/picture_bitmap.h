@@ -12,6 +12,9 @@ class PictureBitmap {
  public:
   /// Takes the pixels over into a bitmap; false when the system could not make one.
   bool Load(const Picture& picture);
+  /// Puts other pixels in the place of some.
+  void Put(Point at, const Picture& part);
+  Size PixelSize() const { return size_; }
   HBITMAP Handle() const { return bitmap_.get(); }
   bool IsLoaded() const { return bitmap_ != nullptr; }
 
@@ -20,6 +23,7 @@ class PictureBitmap {
 
  private:
   UniqueBitmap bitmap_;
+  std::uint8_t* pixels_ = nullptr;  // the bitmap's
   Size size_;
 };
 

@@ -1,5 +1,6 @@
 // The menus of a note: what stands in them beside its commands, and the choice of its paper.
 #include "action/action_table.h"
+#include "action/shortcuts.h"
 #include "app/win/commands/note_commands.h"
 #include "desk/win/note_links.h"
 #include "editor/editor_keys.h"
@@ -11,6 +12,7 @@
 #include "note/papers.h"
 #include "note/win/colour_menu.h"
 #include "res/resource.h"
+#include "skin/win/clipboard.h"
 #include "ui/system_choosers.h"
 
 namespace jotlets {
@@ -101,6 +103,15 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
   facts.transparency = record.transparency;
   facts.styles = StyleNames(tools_.options);
   if (const BEdit* edit = jotlet.Editor()) facts.edit = edit->Facts(tools_.notes.Highlights());
+  if (record.IsImage()) {
+    const PictureFacts drawing = jotlet.Drawing();
+    facts.edit.canUndo = drawing.canUndo;
+    facts.edit.canRedo = drawing.canRedo;
+    facts.edit.hasSelection = true;
+    facts.edit.canPaste = HasClipboardPicture();
+    facts.tool = drawing.tool;
+    facts.penWidth = tools_.options.penWidth;
+  }
   facts.skinFixed = tools_.skins.IsFixedByPolicy();
   facts.inStack = tools_.desk.Lists().FindStack(record.stack) != nullptr;
   return facts;
@@ -148,6 +159,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   }
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
+  AddPictureSteps(jotlet, extras);
   AddStacks(tools_, record, extras);
   store_.AddCategories(extras);
   AddTextExtras(jotlet, extras);
@@ -158,6 +170,16 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
          }});
   }
   return extras;
+}
+
+void NoteCommands::AddPictureSteps(const BJotlet& jotlet, MenuExtras& extras) {
+  const auto add = [&](MenuPart part, ActionCode action) {
+    extras.entries.push_back({part, ShortcutText(action),
+                              [action](BJotlet& note) { note.DoAction(action, {}); },
+                              StateOf(action, FactsOf(jotlet)).enabled});
+  };
+  add(MenuPart::kPictureUndo, kActionUndo);
+  add(MenuPart::kPictureRedo, kActionRedo);
 }
 
 // Of the text's own menu: what the editor's keys do, fonts of late and the web.

@@ -6,6 +6,7 @@
 #include "friends/win/friends_dialog.h"
 #include "res/find_numbers.h"
 #include "res/resource.h"
+#include "skin/win/clipboard.h"
 #include "ui/screen.h"
 #include "ui/system_choosers.h"
 #include "ui/system_programs.h"
@@ -112,6 +113,13 @@ void TrayCommands::MakeNote(bool fromClipboard) {
   fresh.reason = fromClipboard ? Reason::kClipboard : Reason::kUser;
   fresh.isImage = !fromClipboard && tools_.options.defaultImage;
   fresh.fromClipboard = fromClipboard;
+  // Words go before their picture, which spreadsheets and the like give along.
+  if (fromClipboard && IsClipboardFormatAvailable(CF_UNICODETEXT) == 0)
+    fresh.content = ClipboardPicture(tools_.window.Handle());
+  if (!fresh.content.empty()) {
+    fresh.isImage = true;
+    fresh.fromClipboard = false;
+  }
   enum : std::int32_t { kTitleFirst = 1, kNothingFirst = 2 };
   const std::int32_t first = tools_.options.newJotletAction;
   const Text id = tools_.desk.Create(fresh);

@@ -1,0 +1,203 @@
+#include "note/win/picture_work.h"
+
+#include <algorithm>
+
+#include "picture/object_file.h"
+#include "ui/window.h"
+
+namespace jotlets {
+namespace {
+
+struct ToolRow {
+  ActionCode action;
+  Tool tool;
+};
+constexpr ToolRow kTools[] = {
+    {kActionPenSelect, Tool::kSelect},  {kActionPenDraw, Tool::kPen},
+    {kActionPenErase, Tool::kEraser},   {kActionPenDropper, Tool::kDropper},
+    {kActionPenCrop, Tool::kCrop},      {kActionPenLine, Tool::kLine},
+    {kActionPenRect, Tool::kRectangle}, {kActionPenCirc, Tool::kEllipse},
+    {kActionPenArrow, Tool::kArrow},    {kActionPenDrawText, Tool::kText},
+    {kActionFloodFill, Tool::kFill},    {kActionPenHighlight, Tool::kHighlighter},
+    {kActionPenStep, Tool::kStep},      {kActionPenRedact, Tool::kRedaction},
+};
+
+struct EffectRow {
+  ActionCode action;
+  Effect effect;
+};
+constexpr Colour kBorderColour{64, 64, 64};
+const EffectRow kEffects[] = {
+    {kActionMirror, {EffectKind::kMirror}},
+    {kActionFlip, {EffectKind::kFlip}},
+    {kActionNegative, {EffectKind::kNegative}},
+    {kActionGrey, {EffectKind::kGrey}},
+    {kActionBorder, {EffectKind::kBorder, 4, kBorderColour}},
+    {kActionBlur, {EffectKind::kBlur, 4}},
+    {kActionJitter, {EffectKind::kJitter, 4}},
+};
+
+// Seen on every picture: black and white in turn.
+void DrawFrame(HDC dc, const Rect& frame) {
+  const RECT rect = ToRECT(frame);
+  SetTextColor(dc, RGB(0, 0, 0));
+  SetBkColor(dc, RGB(255, 255, 255));
+  DrawFocusRect(dc, &rect);
+}
+
+}  // namespace
+
+std::optional<Tool> ToolOf(ActionCode action) {
+  const auto row = std::ranges::find(kTools, action, &ToolRow::action);
+  return row == std::end(kTools) ? std::nullopt : std::optional(row->tool);
+}
+
+ToolSettings ToolSettingsFrom(const Options& options, std::int32_t dpi) {
+  ToolSettings settings;
+  const auto channel = [](std::int32_t value) {
+    return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
+  };
+  settings.colour = {channel(options.penColour[0]), channel(options.penColour[1]),
+                     channel(options.penColour[2])};
+  settings.width = std::clamp(options.penWidth, 1, 100);
+  settings.textSize = std::clamp(options.textSize, 6, 500);
+  settings.font = u"Segoe UI";
+  settings.pointerReach = ScaledLength(6, dpi);
+  return settings;
+}
+
+PictureFacts PictureWork::Facts() const {
+  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), kActionNone};
+  const auto row = std::ranges::find(kTools, tool_.Chosen(), &ToolRow::tool);
+  if (inHand_ && row != std::end(kTools)) facts.tool = row->action;
+  return facts;
+}
+
+bool PictureWork::Do(ActionCode action, const ToolSettings& settings) {
+  tool_.Set(settings);
+  if (const std::optional<Tool> tool = ToolOf(action)) {
+    // The same one again puts it away.
+    inHand_ = !inHand_ || tool_.Chosen() != *tool;
+    Show(tool_.Choose(inHand_ ? *tool : Tool::kSelect));
+    return true;
+  }
+  const auto row = std::ranges::find(kEffects, action, &EffectRow::action);
+  if (row == std::end(kEffects)) return DoWhole(action);
+  // What mirrors the whole does so to what is drawn on it, too.
+  if (action == kActionMirror || action == kActionFlip) {
+    document_.Turn(action == kActionMirror ? Orientation::kMirrored : Orientation::kFlipped);
+  } else {
+    document_.Apply(row->effect);
+  }
+  ShowAll();
+  return true;
+}
+
+bool PictureWork::DoWhole(ActionCode action) {
+  switch (action) {
+    case kActionUndo: document_.Undo(); break;
+    case kActionRedo: document_.Redo(); break;
+    case kActionRotLeft: document_.Turn(Orientation::kTurnedLeft); break;
+    case kActionRotRight: document_.Turn(Orientation::kTurnedRight); break;
+    case kActionPenClearSel: document_.Clear(document_.Selection()); break;
+    case kActionPenClearAll: {
+      Picture white = BlankPicture(document_.PictureSize());
+      std::ranges::fill(white.pixels, std::uint8_t{255});
+      document_.Load(std::move(white));
+      break;
+    }
+    default: return false;
+  }
+  ShowAll();
+  return true;
+}
+
+void PictureWork::Put(const Picture& picture, bool instead) {
+  if (instead) {
+    document_.Load(picture);
+  } else {
+    document_.Paste(picture, {});
+    tool_.Choose(Tool::kSelect);
+    inHand_ = true;
+  }
+  ShowAll();
+}
+
+std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
+  if (answer.flood) document_.Fill(*answer.flood, tool_.Settings().colour, tool_.Settings().tolerance);
+  const bool resized = shown_.PixelSize() != document_.PictureSize();
+  if (resized || answer.flood) {
+    ShowAll();
+  } else if (!IsEmptyRect(answer.changed)) {
+    shown_.Put({answer.changed.left, answer.changed.top},
+               document_.Composed(answer.changed, tool_.Preview()));
+  }
+  return answer.write;
+}
+
+PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
+  if (!inHand_) return {};
+  // The mouse button was let go where nobody saw it.
+  if (step == PointerStep::kDown && tool_.IsDragging()) Show(tool_.Cancel());
+  const Size size = document_.PictureSize();
+  const Size fitted = FittedSize(size, {area.Width(), area.Height()});
+  const double scale = static_cast<double>(size.width) / std::max(fitted.width, 1);
+  ToolSettings scaled = settings;
+  scaled.pointerReach *= scale;
+  tool_.Set(scaled);
+  Pointer pointer{{(at.x - area.left + 0.5) * scale, (at.y - area.top + 0.5) * scale}};
+  pointer.shift = GetAsyncKeyState(VK_SHIFT) < 0;
+  pointer.ctrl = GetAsyncKeyState(VK_CONTROL) < 0;
+  PictureAnswer answer{.used = true};
+  ToolAnswer told;
+  switch (step) {
+    case PointerStep::kDown: told = tool_.Down(pointer); break;
+    case PointerStep::kMove: told = tool_.Move(pointer); break;
+    case PointerStep::kUp: told = tool_.Up(pointer); break;
+  }
+  answer.write = Show(told);
+  answer.picked = told.picked;
+  return answer;
+}
+
+bool PictureWork::Press(std::uint16_t key, bool shift) {
+  if (!inHand_) return false;
+  const ToolAnswer told = tool_.Press(key, shift);
+  Show(told);
+  // With nothing left to give up, Esc puts the tool away.
+  if (!told.used && key == VK_ESCAPE) inHand_ = false;
+  return told.used || key == VK_ESCAPE;
+}
+
+Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
+  const Size size = document_.PictureSize();
+  const Size fitted = FittedSize(size, {area.Width(), area.Height()});
+  const auto x = [&](std::int32_t at) {
+    return area.left + static_cast<std::int32_t>(std::int64_t{at} * fitted.width / size.width);
+  };
+  const auto y = [&](std::int32_t at) {
+    return area.top + static_cast<std::int32_t>(std::int64_t{at} * fitted.height / size.height);
+  };
+  return {x(ofPicture.left), y(ofPicture.top), x(ofPicture.right), y(ofPicture.bottom)};
+}
+
+void PictureWork::Draw(HDC dc, const Rect& area) const {
+  shown_.Draw(dc, area);
+  if (!inHand_) return;
+  const Rect& frame = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
+  if (!IsEmptyRect(frame)) DrawFrame(dc, Placed(frame, area));
+  const DrawnObject* selected =
+      tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
+  if (selected != nullptr && tool_.Chosen() == Tool::kSelect)
+    DrawFrame(dc, Placed(BoundsOf(*selected), area));
+}
+
+const std::string& PictureWork::Png() const {
+  if (writtenVersion_ != document_.Version()) {
+    written_ = FilesOf(document_.PartsToSave(), letters_).png;
+    writtenVersion_ = document_.Version();
+  }
+  return written_;
+}
+
+}  // namespace jotlets
