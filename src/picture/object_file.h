@@ -13,8 +13,6 @@
 
 namespace jotlets {
 
-inline constexpr TextView kObjectFileExtension = u".jdr";
-
 /// The two files of a picture; `objects` is empty when none are drawn: then there is to be no such file.
 struct PictureFiles {
   std::string png;

@@ -305,18 +305,6 @@ Rect PictureDocument::Load(Picture picture) {
   return ReplaceAll(std::move(picture), {});
 }
 
-Rect PictureDocument::Flatten() {
-  if (objects_.empty()) return {};
-  const std::vector<bool> all(objects_.size(), true);
-  const Rect bounds = Shown(BoundsOfMarked(objects_, all));
-  PixelPatch patch(base_, bounds);
-  PictureStep step{objects_, {}, bounds};
-  DrawIn(base_, objects_, all, letters_);
-  patch.DropUnchanged(base_);
-  step.pixels = std::move(patch);
-  return Finish(std::move(step));
-}
-
 Rect PictureDocument::Exchange(PictureStep& step) {
   std::swap(objects_, step.objects);
   const Size before = base_.size;

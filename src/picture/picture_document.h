@@ -87,8 +87,6 @@ class PictureDocument {
   Rect Paste(const Picture& pixels, Point at);
   /// Another picture in the place of this one.
   Rect Load(Picture picture);
-  /// Draws all objects into the pixels.
-  Rect Flatten();
 
   bool CanUndo() const { return steps_.CanUndo(); }
   bool CanRedo() const { return steps_.CanRedo(); }
@@ -98,10 +96,6 @@ class PictureDocument {
 
   /// Another number after every change.
   std::uint64_t Version() const { return version_; }
-  bool IsDirty() const { return version_ != savedVersion_; }
-  /// What of it was saved was handed out at that version.
-  void MarkSaved(std::uint64_t version) { savedVersion_ = version; }
-
   /// What is to be saved. Redactions are drawn into the pixels there, with all that lies below them: no file
   /// has what they hide. As long as the document is open they can still be moved and undone in it.
   PictureParts PartsToSave() const;
@@ -126,7 +120,6 @@ class PictureDocument {
   ObjectId nudged_ = 0;              // by the last command
   std::uint64_t nudgedVersion_ = 0;  // that it left
   std::uint64_t version_ = 1;
-  std::uint64_t savedVersion_ = 1;
 };
 
 }  // namespace jotlets

@@ -258,5 +258,14 @@ TEST(Pixels, ChangeTheirFormAndPlaceWithoutLoss) {
   EXPECT_FALSE(ColourAt(WhitePicture({2, 2}), {2, 1}) || ColourAt(BlankPicture({2, 2}), {1, 1}));
 }
 
+TEST(PictureSize, IsReadAsItIsWritten) {
+  constexpr Size kNow{400, 300};
+  EXPECT_EQ(PictureSizeFrom(u"800 x 500", kNow), (Size{800, 500}));
+  EXPECT_EQ(PictureSizeFrom(u" 200 ", kNow), (Size{200, 150}));
+  EXPECT_EQ(PictureSizeFrom(u"1", {1, 30000}), (Size{1, 30000}));
+  for (const TextView none : {u"", u"x", u"0 x 5", u"5 x", u"-3", u"30001", u"30000 x 30000", u"a x b"})
+    EXPECT_EQ(PictureSizeFrom(none, kNow), std::nullopt) << ToUtf8(none);
+}
+
 }  // namespace
 }  // namespace jotlets

@@ -47,7 +47,6 @@ Rect DoSomething(PictureDocument& document, std::mt19937& random) {
     case 6: return document.Fill(area.TopLeft(), kRed, 30);
     case 7: return document.Clear(area);
     case 8: return document.Paste(RandomPicture(random, 20), area.TopLeft());
-    case 9: return document.Flatten();
     case 10: return document.Turn(static_cast<Orientation>(1 + random() % 8));
     case 11:
     case 12:
@@ -186,9 +185,6 @@ TEST(PictureDocument, PreviewsInThePlaceOfTheObject) {
   EXPECT_EQ(PixelIn(shown, 0, 0), 0xFF000000);
   moved.id = 0;
   EXPECT_EQ(PixelIn(document.Composed({4, 4, 16, 16}, &moved), 2, 2), 0xFF000000);
-  EXPECT_FALSE(document.IsDirty() && document.Version() == 1);
-  document.MarkSaved(document.Version());
-  EXPECT_FALSE(document.IsDirty());
   EXPECT_TRUE(IsEmptyRect(document.Add(ObjectOf(ObjectKind::kLine, {{1, 1}}))));
 }
 

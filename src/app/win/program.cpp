@@ -58,6 +58,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
                      notes_,    stacks_,       managed_,     found_,      optionCommands_,    friends_,
                      saving_,   tray_,         hotKeys_,     keys_,       backups_,           listeners_,
                      menus_,    window_,       state_,       *this}),
+      pictures_(resources, options_.Current(), desk_, notes_, contents_, saving_),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_,
                      undo_, listeners_, menus_, window_, state_}),

@@ -8,6 +8,7 @@
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/note_commands.h"
 #include "app/win/commands/option_commands.h"
+#include "app/win/commands/picture_commands.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
 #include "app/win/commands/undo_offers.h"
@@ -121,9 +122,11 @@ class Program final : private OpenNotesOwner,
   bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
   void OnAnimationClosed(const Text& id, bool deletes) override;
   void OnNoteHidden(const BJotlet& jotlet) override;
-  bool DoNoteAction(const Text& id, ActionCode action) override { return noteCommands_.Do(id, action); }
+  bool DoNoteAction(const Text& id, ActionCode action) override {
+    return pictures_.Do(id, action) || noteCommands_.Do(id, action);
+  }
   void OnPictureAnswer(const Text& id, const PictureAnswer& answer) override {
-    noteCommands_.OnPictureAnswer(id, answer);
+    pictures_.OnAnswer(id, answer);
   }
   void SnoozeNote(const Text& id) override { noteCommands_.Snooze(id); }
   ActionFacts FactsOfNote(const BJotlet& jotlet) const override { return noteCommands_.FactsOf(jotlet); }
@@ -188,6 +191,7 @@ class Program final : private OpenNotesOwner,
   OptionCommands optionCommands_;
   UndoOffers undo_;
   TrayCommands trayCommands_;
+  PictureCommands pictures_;
   NoteCommands noteCommands_;
   CommandEndpoint commands_;
   std::uint32_t secondsRun_ = 0;

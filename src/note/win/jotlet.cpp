@@ -211,7 +211,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
       }
       return SkinnedWindow::OnMessage(message, wParam, lParam);
-    case WM_DROPFILES: OnFilesDropped(reinterpret_cast<HDROP>(wParam)); return 0;
+    case WM_DROPFILES: OnFilesDropped(wParam); return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: break;
   }

@@ -133,6 +133,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool DoInPicture(ActionCode action, const ContentFile& file);
   /// Lays a picture over its own, or puts it in the place of that.
   void PutPicture(const Picture& picture, bool instead, const ContentFile& file);
+  /// In pixels; nothing when it cannot be read.
+  std::optional<Size> PictureSize(const ContentFile& file);
+  void ResizePicture(Size size);
   /// Gives the words that `JotletOwner::OnPictureAnswer` was asked for.
   void PutTextInPicture(const DrawnObject& object);
   void SetUserString(TextView words);
@@ -191,7 +194,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   LPCWSTR CursorAt(Point at) const override;
   bool DragInPicture(PointerStep step, Point at);
   void PictureChanged();
-  void OnFilesDropped(HDROP files);
+  void OnFilesDropped(WPARAM drop);
   void DragFrame(const Rect& bounds) override;
   void OnDragEnded(Drag ended, bool shift) override;
   void OnSize() override;

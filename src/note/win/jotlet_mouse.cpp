@@ -61,7 +61,8 @@ bool BJotlet::DragInPicture(PointerStep step, Point at) {
 }
 
 // Of several the first.
-void BJotlet::OnFilesDropped(HDROP files) {
+void BJotlet::OnFilesDropped(WPARAM drop) {
+  const auto files = reinterpret_cast<HDROP>(drop);
   Text path(static_cast<std::size_t>(DragQueryFileW(files, 0, nullptr, 0)), u'\0');
   const auto room = static_cast<UINT>(path.size() + 1);
   const bool any = !path.empty() && DragQueryFileW(files, 0, WideBuffer(path), room) != 0;

@@ -51,6 +51,16 @@ void BJotlet::PutPicture(const Picture& picture, bool instead, const ContentFile
   PictureChanged();
 }
 
+std::optional<Size> BJotlet::PictureSize(const ContentFile& file) {
+  if (!content_->BeginDrawing(file, context_.options.imageUndo)) return std::nullopt;
+  return content_->PictureSize();
+}
+
+void BJotlet::ResizePicture(Size size) {
+  content_->ResizePicture(size);
+  PictureChanged();
+}
+
 void BJotlet::PutTextInPicture(const DrawnObject& object) {
   content_->PutText(object);
   PictureChanged();

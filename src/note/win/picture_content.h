@@ -32,6 +32,10 @@ class PictureContent final : public ShownContent {
   void PutPicture(const Picture& picture, bool instead) override {
     if (work_) work_->Put(picture, instead);
   }
+  Size PictureSize() const override { return work_ ? work_->PixelSize() : Size(); }
+  void ResizePicture(Size size) override {
+    if (work_) work_->Resize(size);
+  }
   PictureAnswer DragInPicture(PointerStep step, Point at, const Rect& area,
                               const ToolSettings& settings) override {
     return work_ ? work_->Drag(step, at, area, settings) : PictureAnswer();

@@ -112,6 +112,11 @@ bool PictureWork::DoWhole(ActionCode action) {
   return true;
 }
 
+void PictureWork::Resize(Size size) {
+  document_.Resize(size);
+  ShowAll();
+}
+
 void PictureWork::Put(const Picture& picture, bool instead) {
   if (instead) {
     document_.Load(picture);

@@ -28,6 +28,8 @@ class PictureWork {
   bool Do(ActionCode action, const ToolSettings& settings);
   /// Lays a picture over this one and selects it, or puts it in its place.
   void Put(const Picture& picture, bool instead);
+  Size PixelSize() const { return document_.PictureSize(); }
+  void Resize(Size size);
   /// What the mouse does at a place of the note, whose picture is shown in `area`.
   PictureAnswer Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings);
   /// False for a key that the tool in hand has no use for.

@@ -89,6 +89,9 @@ class ShownContent : public NoteContent {
   virtual bool BeginDrawing(const ContentFile&, std::int32_t) { return false; }
   /// Lays a picture over this one, or puts it in its place.
   virtual void PutPicture(const Picture&, bool) {}
+  /// Of a picture that is drawn on.
+  virtual Size PictureSize() const { return {}; }
+  virtual void ResizePicture(Size) {}
   /// What the mouse does at a place of the note.
   virtual PictureAnswer DragInPicture(PointerStep, Point, const Rect&, const ToolSettings&) { return {}; }
   virtual bool PressInPicture(std::uint16_t, bool) { return false; }

@@ -94,8 +94,6 @@ void OpenDocument(const NoteCommandTools& tools, const BJotlet& jotlet, TextView
 
 bool NoteCommands::Do(const Text& id, ActionCode action) {
   static_assert(AreHandlersBy(ActionBy::kProgram, kHandlers));
-  const ActionBy by = RowOf(action).by;
-  if (by == ActionBy::kPicture || by == ActionBy::kEditor) return DoInPicture(id, action);
   const Handler* handler = HandlerOf(kHandlers, RowOf(action));
   if (handler == nullptr) return false;
   if (handler->command != 0) return tools_.program.Do(handler->command), true;

@@ -57,7 +57,6 @@ class NoteCommands {
   void LeaveOrClose(BJotlet& jotlet);
   /// A sounding note is to sound again later.
   void Snooze(const Text& id);
-  void OnPictureAnswer(const Text& id, const PictureAnswer& answer);
 
   /// A colour has been chosen that is to be offered again.
   void RememberColour(Colour colour);
@@ -106,13 +105,6 @@ class NoteCommands {
   ColourEntry PapersOf(const JotletData& record);
   void SetColour(BJotlet& jotlet, Colour colour);
   void AddTextExtras(const BJotlet& jotlet, MenuExtras& extras);
-  void AddPictureSteps(const BJotlet& jotlet, MenuExtras& extras);
-  bool DoInPicture(const Text& id, ActionCode action);
-  ContentFile FileOf(const Text& id) const;
-  void ChoosePicture(const Text& id);
-  void LoadPicture(const Text& id, const Text& path);
-  Colour PenColour() const;
-  void SetPen(std::int32_t width, Colour colour);
   void SetFace(BJotlet& jotlet, const Text& face);
   void RememberFont(const Text& face);
   void Unattach(BJotlet& jotlet);

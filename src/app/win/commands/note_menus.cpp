@@ -82,6 +82,16 @@ ColourEntry TextToolRow(const NoteCommandTools& tools, const ActionFacts& facts)
   return row;
 }
 
+void AddPictureSteps(const ActionFacts& facts, MenuExtras& extras) {
+  const auto add = [&](MenuPart part, ActionCode action) {
+    extras.entries.push_back({part, ShortcutText(action),
+                              [action](BJotlet& note) { note.DoAction(action, {}); },
+                              StateOf(action, facts).enabled});
+  };
+  add(MenuPart::kPictureUndo, kActionUndo);
+  add(MenuPart::kPictureRedo, kActionRedo);
+}
+
 void TurnGhost(const NoteCommandTools& tools, BJotlet& jotlet) {
   const bool on = !jotlet.StoredRecord().ghost;
   for (BJotlet* note : tools.notes.GroupOf(jotlet)) note->SetGhost(on);
@@ -159,7 +169,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   }
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
-  AddPictureSteps(jotlet, extras);
+  AddPictureSteps(FactsOf(jotlet), extras);
   AddStacks(tools_, record, extras);
   store_.AddCategories(extras);
   AddTextExtras(jotlet, extras);
@@ -170,16 +180,6 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
          }});
   }
   return extras;
-}
-
-void NoteCommands::AddPictureSteps(const BJotlet& jotlet, MenuExtras& extras) {
-  const auto add = [&](MenuPart part, ActionCode action) {
-    extras.entries.push_back({part, ShortcutText(action),
-                              [action](BJotlet& note) { note.DoAction(action, {}); },
-                              StateOf(action, FactsOf(jotlet)).enabled});
-  };
-  add(MenuPart::kPictureUndo, kActionUndo);
-  add(MenuPart::kPictureRedo, kActionRedo);
 }
 
 // Of the text's own menu: what the editor's keys do, fonts of late and the web.

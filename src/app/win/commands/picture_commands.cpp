@@ -1,7 +1,8 @@
-// The commands of picture notes: what the options, the clipboard and files have to do with them.
+#include "app/win/commands/picture_commands.h"
+
 #include "action/action_table.h"
-#include "app/win/commands/note_commands.h"
 #include "picture/picture.h"
+#include "picture/resizing.h"
 #include "res/resource.h"
 #include "skin/win/clipboard.h"
 #include "ui/system_choosers.h"
@@ -10,74 +11,89 @@
 
 namespace jotlets {
 
-bool NoteCommands::DoInPicture(const Text& id, ActionCode action) {
-  BJotlet* jotlet = tools_.notes.Find(id);
+bool PictureCommands::Do(const Text& id, ActionCode action) {
+  BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr || !jotlet->StoredRecord().IsImage()) return false;
   const NoteAction& row = RowOf(action);
-  const ContentFile file{
-      [this, id] { return tools_.contents.BytesOf(*tools_.desk.Lists().desktop.Find(id)); }, {}};
-  if (row.sets.what == ActionSets::kPenWidth) return SetPen(row.sets.value, PenColour()), true;
+  if (row.by != ActionBy::kPicture && row.by != ActionBy::kEditor) return false;
+  const ContentFile file = FileOf(id);
+  if (row.sets.what == ActionSets::kPenWidth) return SetPen(row.sets.value, Pen()), true;
   switch (action) {
     case kActionPenColour: {
-      const auto colour = ChooseSystemColour(jotlet->Handle(), PenColour());
-      if (colour) SetPen(tools_.options.penWidth, *colour);
+      const auto colour = ChooseSystemColour(jotlet->Handle(), Pen());
+      if (colour) SetPen(options_.penWidth, *colour);
       return true;
     }
     case kActionPaste:
-    case kActionPasteIntoImage: {
-      const auto picture = DecodePng(ClipboardPicture(jotlet->Handle()));
-      if (picture) jotlet->PutPicture(*picture, false, file);
-      return picture.has_value();
-    }
-    case kActionPenLoadImage: return ChoosePicture(id), true;
+    case kActionPasteIntoImage: return Paste(*jotlet, file), true;
+    case kActionPenLoadImage: return Choose(id), true;
+    case kActionSizeImageJotlet: return AskSize(id), true;
     case kActionCopy: return jotlet->CopyContent(jotlet->Handle(), true, file), true;
     default: return jotlet->DoInPicture(action, file);
   }
 }
 
-ContentFile NoteCommands::FileOf(const Text& id) const {
+ContentFile PictureCommands::FileOf(const Text& id) const {
   const auto bytes = [this, id] {
-    const JotletData* record = tools_.desk.Lists().desktop.Find(id);
-    return record == nullptr ? std::string() : tools_.contents.BytesOf(*record);
+    const JotletData* record = desk_.Lists().desktop.Find(id);
+    return record == nullptr ? std::string() : contents_.BytesOf(*record);
   };
   return {bytes, {}};
 }
 
-void NoteCommands::ChoosePicture(const Text& id) {
-  const Text path =
-      ChooseFileToOpen(tools_.notes.Find(id)->Handle(), tools_.resources.String(IDS_FILTER_PICTURES));
-  if (!path.empty()) LoadPicture(id, path);
+void PictureCommands::Paste(BJotlet& jotlet, const ContentFile& file) {
+  if (const auto picture = DecodePng(ClipboardPicture(jotlet.Handle())))
+    jotlet.PutPicture(*picture, false, file);
 }
 
-void NoteCommands::LoadPicture(const Text& id, const Text& path) {
-  BJotlet* jotlet = tools_.notes.Find(id);
+void PictureCommands::Choose(const Text& id) {
+  const Text path = ChooseFileToOpen(notes_.Find(id)->Handle(), resources_.String(IDS_FILTER_PICTURES));
+  if (!path.empty()) Load(id, path);
+}
+
+void PictureCommands::Load(const Text& id, const Text& path) {
+  BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr || jotlet->StoredRecord().readOnly) return;
-  const auto picture = DecodePng(tools_.contents.ReadPicture(path));
-  if (!picture) return Tell(jotlet->Handle(), tools_.resources, IDS_NO_PICTURE, path);
+  const auto picture = DecodePng(contents_.ReadPicture(path));
+  if (!picture) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE, path);
   jotlet->PutPicture(*picture, true, FileOf(id));
 }
 
-Colour NoteCommands::PenColour() const {
-  const auto& own = tools_.options.penColour;
-  return {static_cast<std::uint8_t>(own[0]), static_cast<std::uint8_t>(own[1]),
-          static_cast<std::uint8_t>(own[2])};
+// "800 x 600"; of one number alone the other follows.
+void PictureCommands::AskSize(const Text& id) {
+  BJotlet* jotlet = notes_.Find(id);
+  const auto now = jotlet->PictureSize(FileOf(id));
+  if (!now) return;
+  const Text shown = IntText(now->width) + u" x " + IntText(now->height);
+  const auto words =
+      BTextDlg(resources_, IDS_PICTURE_SIZE, IDS_PICTURE_SIZE_LABEL, shown).Ask(jotlet->Handle());
+  jotlet = notes_.Find(id);
+  if (!words || jotlet == nullptr) return;
+  const std::optional<Size> wanted = PictureSizeFrom(*words, *now);
+  if (!wanted) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE_SIZE, *words);
+  jotlet->ResizePicture(*wanted);
 }
 
-void NoteCommands::SetPen(std::int32_t width, Colour colour) {
-  tools_.options.penWidth = width;
-  tools_.options.penColour = {colour.r, colour.g, colour.b};
-  tools_.saving.SetOptionsDirty();
+Colour PictureCommands::Pen() const {
+  const auto channel = [this](std::size_t at) { return static_cast<std::uint8_t>(options_.penColour[at]); };
+  return {channel(0), channel(1), channel(2)};
 }
 
-void NoteCommands::OnPictureAnswer(const Text& id, const PictureAnswer& answer) {
-  if (!answer.load.empty()) return LoadPicture(id, answer.load);
-  if (answer.picked) SetPen(tools_.options.penWidth, *answer.picked);
-  BJotlet* jotlet = tools_.notes.Find(id);
+void PictureCommands::SetPen(std::int32_t width, Colour colour) {
+  options_.penWidth = width;
+  options_.penColour = {colour.r, colour.g, colour.b};
+  saving_.SetOptionsDirty();
+}
+
+void PictureCommands::OnAnswer(const Text& id, const PictureAnswer& answer) {
+  if (!answer.load.empty()) return Load(id, answer.load);
+  if (answer.picked) SetPen(options_.penWidth, *answer.picked);
+  BJotlet* jotlet = notes_.Find(id);
   if (!answer.write || jotlet == nullptr) return;
   DrawnObject object = *answer.write;
   const auto words =
-      BTextDlg(tools_.resources, IDS_PICTURE_TEXT, IDS_PICTURE_TEXT_LABEL, object.text).Ask(jotlet->Handle());
-  jotlet = tools_.notes.Find(id);
+      BTextDlg(resources_, IDS_PICTURE_TEXT, IDS_PICTURE_TEXT_LABEL, object.text).Ask(jotlet->Handle());
+  jotlet = notes_.Find(id);
   if (!words || jotlet == nullptr) return;
   object.text = *words;
   jotlet->PutTextInPicture(object);
