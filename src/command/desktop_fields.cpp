@@ -279,7 +279,7 @@ constexpr std::array kWriters = {
     FieldWriter{u"style", u"`Style00` to `Style09`",
                 u"000 OK style set; 996 jotlet is read only; 997 style not found; 997 jotlet is image",
                 WriteStyle},
-    FieldWriter{u"image", u"path of a PNG or BMP file",
+    FieldWriter{u"image", u"path of a picture file",
                 u"000 OK image set; 997 jotlet is not image; 997 unable to load file", WritePicture},
 };
 

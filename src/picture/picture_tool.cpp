@@ -8,6 +8,8 @@
 namespace jotlets {
 namespace {
 
+constexpr std::int32_t kClick = 2;  // pixels: a hand is never quite still
+
 constexpr double kHighlighterWidths = 4;  // it is drawn so much wider than a pen
 constexpr std::uint16_t kEscKey = 0x1B;
 // Objects smaller than this come from a click, not from a drag.
@@ -297,6 +299,10 @@ ToolAnswer PictureTool::Finish() {
     if (isDrag || IsStroke(preview_->kind)) answer.changed = document_.Add(*preview_);
   } else if ((drag == Drag::kMove || drag == Drag::kResize) && preview_) {
     answer.changed = document_.Change(*preview_);
+  } else if (drag == Drag::kFrame && (frame_.Width() <= kClick || frame_.Height() <= kClick)) {
+    // A click, and no frame.
+    answer.changed = ReplaceFrame({}).changed;
+    if (tool_ == Tool::kSelect) document_.SelectArea({});
   } else if (drag == Drag::kFrame && tool_ == Tool::kSelect) {
     document_.SelectArea(frame_);
     frame_ = {};

@@ -388,6 +388,14 @@ TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
   EXPECT_EQ(At(0).crTextColor, kInk);
   EXPECT_EQ(At(1).crTextColor, RGB(111, 111, 255)) << "a lighter shade, which can be read";
   EXPECT_NE(edit_.Rtf()->find("\\blue200;"), std::string::npos) << "what is written is its own";
+  Select(0, 2);
+  Do(kActionCopy);
+  ASSERT_TRUE(OpenClipboard(window_));
+  const HANDLE memory = GetClipboardData(RegisterClipboardFormatW(L"Rich Text Format"));
+  const std::string copied = memory == nullptr ? "" : static_cast<const char*>(GlobalLock(memory));
+  CloseClipboard();
+  EXPECT_NE(copied.find("\\blue200;"), std::string::npos) << "and so is what is copied";
+  EXPECT_EQ(copied.find("\\red240"), std::string::npos);
   Select(0, 1);
   Do(kActionHiliteOrange);
   EXPECT_EQ(Facts().highlight, Highlight::kOrange);

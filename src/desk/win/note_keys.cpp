@@ -44,7 +44,8 @@ bool ServeNoteKey(OpenNotes& desktop, const MSG& message) {
     }
     return true;
   }
-  if (Quietens(message.wParam)) jotlet->StopAlarm();
+  // On the way to the buttons that quieten it, and on them, no key does so by itself.
+  if (Quietens(message.wParam) && window.toParts == 0 && !jotlet->IsAtParts()) jotlet->StopAlarm();
   // The letters of tools are letters in a text.
   const bool ofPicture = RowOf(action).needs == ActionNeeds::kPicture;
   if (!isOurs || (ofPicture && !jotlet->StoredRecord().IsImage())) return false;

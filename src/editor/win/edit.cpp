@@ -257,10 +257,11 @@ void BEdit::ShowWords(TextView text, TextView notice) {
   SetReadOnly(look_.readOnly);
 }
 
-std::optional<std::string> BEdit::Rtf() const {
+std::optional<std::string> BEdit::Rtf(bool selected) const {
   std::string rtf;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, WriteBytes};
-  SendMessageW(edit_, EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+  SendMessageW(edit_, EM_STREAMOUT, selected ? SF_RTF | SFF_SELECTION : SF_RTF,
+               reinterpret_cast<LPARAM>(&stream));
   // The control ends its stream with a NUL or two, and writes one that is in the text as it is: no rich text
   // has them.
   std::erase(rtf, '\0');

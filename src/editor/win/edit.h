@@ -75,7 +75,7 @@ class BEdit {
   /// holds objects, of which only the rest is shown.
   bool SetRtf(std::string_view rtf);
   /// The content as rich text; nothing when not all of it could be had.
-  std::optional<std::string> Rtf() const;
+  std::optional<std::string> Rtf(bool selected = false) const;
   /// Shows the beginning of the words of a text that is too much for the control below a line that says so,
   /// read-only until there is another content. What is shown must not be saved in its place.
   void ShowWords(TextView text, TextView notice);

@@ -206,10 +206,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_KEYDOWN:
       if (OnPartKey(wParam)) return 0;
-      if (content_->PressInPicture(static_cast<std::uint16_t>(wParam), GetKeyState(VK_SHIFT) < 0)) {
-        PictureChanged();
-        return 0;
-      }
+      if (PressInPicture(static_cast<std::uint16_t>(wParam))) return 0;
       return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_DROPFILES: OnFilesDropped(wParam); return 0;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;

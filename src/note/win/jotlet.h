@@ -193,6 +193,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void DropContent(Point at) override;
   LPCWSTR CursorAt(Point at) const override;
   bool DragInPicture(PointerStep step, Point at);
+  bool PressInPicture(std::uint16_t key);
+  bool Serve(const PictureAnswer& answer);
   void PictureChanged();
   void OnFilesDropped(WPARAM drop);
   void DragFrame(const Rect& bounds) override;

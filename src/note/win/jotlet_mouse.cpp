@@ -54,6 +54,15 @@ bool BJotlet::BeginScrolling(Point at) {
 bool BJotlet::DragInPicture(PointerStep step, Point at) {
   const PictureAnswer answer = content_->DragInPicture(step, at, TextArea(skin_->data, view_),
                                                        ToolSettingsFrom(context_.options, place_.Dpi()));
+  return Serve(answer);
+}
+
+bool BJotlet::PressInPicture(std::uint16_t key) {
+  return !record_.readOnly && Serve(content_->PressInPicture(key, GetKeyState(VK_SHIFT) < 0));
+}
+
+// The note may be gone when the call returns.
+bool BJotlet::Serve(const PictureAnswer& answer) {
   if (!answer.used) return false;
   PictureChanged();
   if (answer.picked || answer.write) owner_.OnPictureAnswer(*this, answer);
@@ -168,6 +177,8 @@ void BJotlet::BeginDragAtMouse() {
 }
 
 void BJotlet::OnDragEnded(Drag ended, bool shift) {
+  // The mouse was taken away, by a menu or another program.
+  if (ended == Drag::kContent && IsHeld(VK_LBUTTON) && content_->GiveUpDrag()) PictureChanged();
   if (ended == Drag::kMoving) owner_.OnJotletMouse(*this, JotletMouse::kDropped, shift);
   if (!WasPlaced(ended)) return;
   Tell(JotletEvent::kChanged);

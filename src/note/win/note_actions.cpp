@@ -68,6 +68,11 @@ void BJotlet::PutTextInPicture(const DrawnObject& object) {
 
 bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
+  // What is being drawn is the last that was done.
+  if (content_->GiveUpDrag()) {
+    PictureChanged();
+    if (action == kActionUndo) return true;
+  }
   if (!StateOf(action, owner_.FactsOf(*this)).enabled) return false;
   // A click on a button of the skin has a place, keys and commands have none.
   menuAsked_ = at == Point{} ? std::nullopt : std::optional(MousePosition());

@@ -40,7 +40,10 @@ class PictureContent final : public ShownContent {
                               const ToolSettings& settings) override {
     return work_ ? work_->Drag(step, at, area, settings) : PictureAnswer();
   }
-  bool PressInPicture(std::uint16_t key, bool shift) override { return work_ && work_->Press(key, shift); }
+  PictureAnswer PressInPicture(std::uint16_t key, bool shift) override {
+    return work_ ? work_->Press(key, shift) : PictureAnswer();
+  }
+  bool GiveUpDrag() override { return work_ && work_->GiveUpDrag(); }
   void PutText(const DrawnObject& object) override {
     if (work_) work_->PutText(object);
   }

@@ -143,12 +143,13 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
 PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
   if (!inHand_) return {};
   // The mouse button was let go where nobody saw it.
-  if (step == PointerStep::kDown && tool_.IsDragging()) Show(tool_.Cancel());
+  if (step == PointerStep::kDown) GiveUpDrag();
   const Size size = document_.PictureSize();
   const Size fitted = FittedSize(size, {area.Width(), area.Height()});
   const double scale = static_cast<double>(size.width) / std::max(fitted.width, 1);
   ToolSettings scaled = settings;
-  scaled.pointerReach *= scale;
+  // What is drawn is as thick as it is meant to be seen, on pictures that are shown smaller, too.
+  for (double* const length : {&scaled.pointerReach, &scaled.width, &scaled.textSize}) *length *= scale;
   tool_.Set(scaled);
   Pointer pointer{{(at.x - area.left + 0.5) * scale, (at.y - area.top + 0.5) * scale}};
   pointer.shift = GetAsyncKeyState(VK_SHIFT) < 0;
@@ -165,13 +166,20 @@ PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, co
   return answer;
 }
 
-bool PictureWork::Press(std::uint16_t key, bool shift) {
-  if (!inHand_) return false;
+bool PictureWork::GiveUpDrag() {
+  if (!tool_.IsDragging()) return false;
+  Show(tool_.Cancel());
+  return true;
+}
+
+PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
+  if (!inHand_) return {};
   const ToolAnswer told = tool_.Press(key, shift);
-  Show(told);
+  PictureAnswer answer{.used = told.used || key == VK_ESCAPE};
+  answer.write = Show(told);
   // With nothing left to give up, Esc puts the tool away.
   if (!told.used && key == VK_ESCAPE) inHand_ = false;
-  return told.used || key == VK_ESCAPE;
+  return answer;
 }
 
 Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
@@ -189,12 +197,16 @@ Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
 void PictureWork::Draw(HDC dc, const Rect& area) const {
   shown_.Draw(dc, area);
   if (!inHand_) return;
+  const Rect picture = Placed(WholeOf(document_.PictureSize()), area);
+  const int state = SaveDC(dc);
+  IntersectClipRect(dc, picture.left, picture.top, picture.right, picture.bottom);
   const Rect& frame = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
   if (!IsEmptyRect(frame)) DrawFrame(dc, Placed(frame, area));
   const DrawnObject* selected =
       tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
   if (selected != nullptr && tool_.Chosen() == Tool::kSelect)
     DrawFrame(dc, Placed(BoundsOf(*selected), area));
+  RestoreDC(dc, state);
 }
 
 const std::string& PictureWork::Png() const {

@@ -32,8 +32,8 @@ class PictureWork {
   void Resize(Size size);
   /// What the mouse does at a place of the note, whose picture is shown in `area`.
   PictureAnswer Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings);
-  /// False for a key that the tool in hand has no use for.
-  bool Press(std::uint16_t key, bool shift);
+  PictureAnswer Press(std::uint16_t key, bool shift);
+  bool GiveUpDrag();
   void PutText(const DrawnObject& object) { Show(tool_.PutText(object)); }
 
   /// The picture and what is dragged on it or selected.

@@ -48,7 +48,7 @@ struct PictureFacts {
 
 enum class PointerStep : std::uint8_t { kDown, kMove, kUp };
 
-/// What came of the mouse on a picture.
+/// What came of the mouse or a key on a picture.
 struct PictureAnswer {
   bool used = false;
   std::optional<Colour> picked = {};
@@ -94,7 +94,9 @@ class ShownContent : public NoteContent {
   virtual void ResizePicture(Size) {}
   /// What the mouse does at a place of the note.
   virtual PictureAnswer DragInPicture(PointerStep, Point, const Rect&, const ToolSettings&) { return {}; }
-  virtual bool PressInPicture(std::uint16_t, bool) { return false; }
+  virtual PictureAnswer PressInPicture(std::uint16_t, bool) { return {}; }
+  /// Nothing of what is being drawn remains; whether anything was.
+  virtual bool GiveUpDrag() { return false; }
   virtual void PutText(const DrawnObject&) {}
   /// What the note paints into the area of the content.
   virtual std::unique_ptr<SkinInlay> Inlay(const Rect&) const { return nullptr; }

@@ -32,6 +32,8 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   /// Takes the keyboard to the buttons at the foot, from there to the title and the other buttons, and back
   /// to the content; or the other way round.
   void GoToParts(bool backwards);
+  /// Whether the keyboard is at one of them.
+  bool IsAtParts() const { return focusedPart_ != 0; }
 
  protected:
   /// To be called before the window is created, where its place is to be.
@@ -89,7 +91,6 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   virtual void FocusContent() = 0;
   /// Serves a key that reaches the frame; false for one that it has no use for.
   bool OnPartKey(WPARAM key);
-  bool IsAtParts() const { return focusedPart_ != 0; }
   /// The keyboard has left the parts.
   void ForgetPart() { focusedPart_ = 0; }
   void TellChanges() { access_.TellChanges(); }
