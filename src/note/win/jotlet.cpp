@@ -3,6 +3,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/win/wide.h"
 #include "note/rolled.h"
@@ -197,7 +198,11 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kFadeTimer) FadeStep();
       if (wParam == kAlarmTimer) TickAlarm();
       break;
-    case kLinkMessage:
+    case kLaterMessage:
+      if (const auto asked = std::exchange(press_.asked, std::nullopt)) {
+        owner_.OnPictureAnswer(*this, *asked);
+        return 0;
+      }
       if (const BEdit* edit = Editor())
         context_.openLink(Handle(), Text(edit->FollowedLink()), !record_.source.empty());
       return 0;
@@ -283,7 +288,7 @@ void BJotlet::OnFocus(bool gained) {
 }
 
 // Posted: a question about the link may bring about the end of the editor that tells of it.
-void BJotlet::OnEditLink(const Text&) { PostMessageW(Handle(), kLinkMessage, 0, 0); }
+void BJotlet::OnEditLink(const Text&) { PostMessageW(Handle(), kLaterMessage, 0, 0); }
 
 void BJotlet::OnContentChanged() {
   if (record_.title.empty()) TitleChanged();

@@ -175,7 +175,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
  private:
   static constexpr UINT_PTR kFadeTimer = 1226;
   static constexpr UINT_PTR kAlarmTimer = 1228;
-  static constexpr UINT kLinkMessage = WM_APP;
+  static constexpr UINT kLaterMessage = WM_APP;
   struct ActionHandler;
   static const ActionHandler kHandlers[];
 
@@ -279,7 +279,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool waitsForWindow_ = false;
   bool keepOldContent_ = false;
   bool selected_ = false;
-  Rect draggedThumb_;  // in client pixels, at the press
+  struct {
+    Rect draggedThumb;                   // in client pixels, then
+    std::optional<PictureAnswer> asked;  // that the owner is to be told of
+  } press_;
 };
 
 }  // namespace jotlets

@@ -46,7 +46,7 @@ bool BJotlet::BeginScrolling(Point at) {
   if (at.y < view_.thumb.top) content_->ScrollPages(-1);
   if (at.y >= view_.thumb.bottom) content_->ScrollPages(1);
   UpdateView();
-  draggedThumb_ = view_.thumb;
+  press_.draggedThumb = view_.thumb;
   return true;
 }
 
@@ -61,11 +61,13 @@ bool BJotlet::PressInPicture(std::uint16_t key) {
   return !record_.readOnly && Serve(content_->PressInPicture(key, GetKeyState(VK_SHIFT) < 0));
 }
 
-// The note may be gone when the call returns.
 bool BJotlet::Serve(const PictureAnswer& answer) {
   if (!answer.used) return false;
   PictureChanged();
-  if (answer.picked || answer.write) owner_.OnPictureAnswer(*this, answer);
+  if (!answer.picked && !answer.write) return true;
+  // A press is still being served, and words are asked for in a dialog, in which the note may go.
+  press_.asked = answer;
+  PostMessageW(Handle(), kLaterMessage, 0, 0);
   return true;
 }
 
@@ -101,7 +103,7 @@ void BJotlet::DragContent(Point mouse) {
     DragInPicture(PointerStep::kMove, ToClient(mouse));
     return;
   }
-  const std::int32_t top = draggedThumb_.top + mouse.y - dragStart_.y;
+  const std::int32_t top = press_.draggedThumb.top + mouse.y - dragStart_.y;
   content_->ScrollDownTo(ScrollPositionAt(top, ScrollTrack(skin_->data, view_.window),
                                           skin_->data.minimumThumbTrackHeight, Scrolled()));
 }
