@@ -3,6 +3,7 @@
 // choose sizes and states.
 #include <iterator>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "fuzz.h"
@@ -58,14 +59,13 @@ class EightLetters final : public SkinWords {
 };
 
 Picture MakeSheet(Choices& choose) {
-  Picture sheet{{1 + choose.Below(70), 1 + choose.Below(40)}, {}};
+  StraightPicture sheet{{1 + choose.Below(70), 1 + choose.Below(40)}, {}};
   sheet.pixels.resize(static_cast<std::size_t>(sheet.size.width) *
                       static_cast<std::size_t>(sheet.size.height) * 4);
   std::uint8_t value = choose.Byte();
   const std::uint8_t step = choose.Byte();
   for (std::uint8_t& byte : sheet.pixels) byte = value = static_cast<std::uint8_t>(value * 5 + step);
-  MultiplyByAlpha(sheet.pixels);
-  return sheet;
+  return Premultiplied(std::move(sheet));
 }
 
 void Exaggerate(SkinData& skin, Choices& choose) {
