@@ -85,7 +85,7 @@ TEST_F(PicturesTest, WhatIsDrawnIsUndoneAndOutlivesAKill) {
 TEST_F(PicturesTest, OfACameraStandUprightAndWhatIsNoneIsRefused) {
   ASSERT_TRUE(StartProgramWith({}));
   const auto made = [&](const Text& path) { return Reply(u"do new imagejotlet " + path); };
-  const Text camera = std::filesystem::absolute("pictures/camera.jpg").u16string();
+  const Text camera = std::filesystem::absolute("windows/pictures/camera.jpg").u16string();
   id_ = Value(u"do new imagejotlet " + camera, u"000 OK created: ");
   const auto upright = Kept();
   ASSERT_TRUE(upright);
