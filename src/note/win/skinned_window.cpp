@@ -221,10 +221,10 @@ void SkinnedWindow::UpdateView() {
   mouse_.hover.Set(mouseOver_, context_.theme.Now().moves, now);
   view_.mouseOver = mouse_.hover.IsShown(now) || IsAtParts();
   view_.hover = IsAtParts() ? kOpaque : mouse_.hover.Strength(now);
-  if (mouse_.hover.IsMoving(now)) {
-    SetTimer(Handle(), kHoverTimer, UINT{kHoverStep}, nullptr);
-  } else {
-    KillTimer(Handle(), kHoverTimer);
+  if (const bool moves = mouse_.hover.IsMoving(now); moves != mouse_.fading) {
+    mouse_.fading = moves;
+    if (moves) SetTimer(Handle(), kHoverTimer, UINT{kHoverStep}, nullptr);
+    if (!moves) KillTimer(Handle(), kHoverTimer);
   }
   view_.hotButton = mouse_.hotButton;
   view_.clearPaper = context_.options.allowTransparentBackgrounds;

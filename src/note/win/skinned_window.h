@@ -163,6 +163,7 @@ class SkinnedWindow : public Window, public AccessibleWindow {
     std::size_t hotButton = kNoElement;
     std::size_t pressedButton = kNoElement;
     bool tracked = false;
+    bool fading = false;  // its timer runs
     HoverFade hover;
   };
 
