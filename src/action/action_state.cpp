@@ -13,6 +13,7 @@ bool HasWhatItNeeds(ActionNeeds needs, const ActionFacts& facts) {
     case ActionNeeds::kText: return !facts.image;
     case ActionNeeds::kPicture: return facts.image;
     case ActionNeeds::kSelection: return facts.edit.hasSelection;
+    case ActionNeeds::kCopyable: return facts.image || facts.edit.hasSelection;
     case ActionNeeds::kClipboard: return facts.edit.canPaste;
     case ActionNeeds::kUndoStep: return facts.edit.canUndo;
     case ActionNeeds::kRedoStep: return facts.edit.canRedo;

@@ -20,12 +20,13 @@ namespace jotlets {
 /// stacks do, it is never enabled.
 enum class ActionBy : std::uint8_t { kNobody, kEditor, kNote, kProgram, kPicture };
 
-/// What has to be there. Of a picture all is selected that can be copied.
+/// What has to be there.
 enum class ActionNeeds : std::uint8_t {
   kNothing,
   kText,
   kPicture,
   kSelection,
+  kCopyable,   // a selection, or a picture, which is copied as a whole else
   kClipboard,  // with something that the text takes
   kUndoStep,
   kRedoStep,

@@ -16,6 +16,15 @@ KeyRow ParseRow(TextView line) {
   return {static_cast<KeyPlace>(number), Text(key.head), Text(key.tail)};
 }
 
+KeyPlace PlaceOf(const NoteAction& action) {
+  if (action.by == ActionBy::kPicture) return KeyPlace::kPicture;
+  const bool ofText = action.needs != ActionNeeds::kNothing && action.needs != ActionNeeds::kFreeSkin;
+  return ofText ? KeyPlace::kText : KeyPlace::kNote;
+}
+
+// Where keys mean something else than everywhere.
+bool HasItsOwnKeys(KeyPlace place) { return place == KeyPlace::kPicture || place == KeyPlace::kManage; }
+
 }  // namespace
 
 Text PlainMenuText(TextView menuText) {
@@ -44,8 +53,7 @@ std::vector<KeyRow> NoteKeyRows(const TextOfResource& textOf) {
   for (const NoteAction& action : kNoteActions) {
     const Text key = ShortcutText(action.code);
     if (key.empty() || action.by == ActionBy::kNobody) continue;
-    const bool ofText = action.needs != ActionNeeds::kNothing && action.needs != ActionNeeds::kFreeSkin;
-    rows.push_back({ofText ? KeyPlace::kText : KeyPlace::kNote, key, ActionWords(action, textOf)});
+    rows.push_back({PlaceOf(action), key, ActionWords(action, textOf)});
   }
   for (const EditorKeyRow& row : kEditorKeys)
     rows.push_back({KeyPlace::kText, ShortcutText(row.key),
@@ -62,7 +70,8 @@ std::vector<KeyRow> Arranged(std::vector<KeyRow> rows) {
   std::vector<KeyRow> once;
   for (KeyRow& row : rows) {
     const auto isSame = [&row](const KeyRow& other) {
-      return other.key == row.key && (other.place == KeyPlace::kManage) == (row.place == KeyPlace::kManage);
+      const bool apart = HasItsOwnKeys(row.place) || HasItsOwnKeys(other.place);
+      return other.key == row.key && (!apart || other.place == row.place);
     };
     if (std::ranges::none_of(once, isSame)) once.push_back(std::move(row));
   }

@@ -12,8 +12,8 @@
 namespace jotlets {
 
 /// Where a key counts, in the order of the list.
-enum class KeyPlace { kNote, kText, kProgram, kManage, kEverywhere };
-inline constexpr std::size_t kKeyPlaces = 5;
+enum class KeyPlace { kNote, kText, kPicture, kProgram, kManage, kEverywhere };
+inline constexpr std::size_t kKeyPlaces = 6;
 
 struct KeyRow {
   KeyPlace place = KeyPlace::kNote;
@@ -36,7 +36,7 @@ Text ActionWords(const NoteAction& action, const TextOfResource& textOf);
 std::vector<KeyRow> NoteKeyRows(const TextOfResource& textOf);
 
 /// In the order of the places, and within each as they came. A key that is there twice is listed as the
-/// first; the manage window has keys of its own.
+/// first; pictures and the manage window have keys of their own.
 std::vector<KeyRow> Arranged(std::vector<KeyRow> rows);
 
 /// Whether each word of the search is in the key or in what it does, in large or small letters.

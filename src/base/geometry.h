@@ -55,6 +55,26 @@ constexpr bool Overlap(const Rect& a, const Rect& b) {
   return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
+constexpr bool IsEmptyRect(const Rect& rect) { return rect.left >= rect.right || rect.top >= rect.bottom; }
+
+/// The whole of something of this size.
+constexpr Rect WholeOf(Size size) { return {0, 0, size.width, size.height}; }
+
+/// What the two have in common; {} when that is nothing.
+constexpr Rect CommonPart(const Rect& a, const Rect& b) {
+  const Rect both{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                  std::min(a.bottom, b.bottom)};
+  return IsEmptyRect(both) ? Rect{} : both;
+}
+
+/// The smallest rectangle with both inside; an empty one does not count.
+constexpr Rect Enclosing(const Rect& a, const Rect& b) {
+  if (IsEmptyRect(a)) return b;
+  if (IsEmptyRect(b)) return a;
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
+}
+
 /// The rectangle of a place and a size.
 constexpr Rect RectAt(Point topLeft, Size size) {
   return {topLeft.x, topLeft.y, Saturated(std::int64_t{topLeft.x} + size.width),

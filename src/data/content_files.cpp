@@ -6,12 +6,37 @@
 #include "data/jotlet_data.h"
 
 namespace jotlets {
+namespace {
+
+constexpr TextView kPictureExtension = u".png";
+
+}  // namespace
+
+Text ObjectsPath(TextView contentPath) {
+  if (!contentPath.ends_with(kPictureExtension)) return {};
+  contentPath.remove_suffix(kPictureExtension.size());
+  return Text(contentPath).append(kObjectsExtension);
+}
+
+FileStatus CopyContentFile(Files& files, TextView from, TextView to) {
+  const FileStatus copied = files.Copy(from, to);
+  const Text objects = ObjectsPath(from);
+  if (!copied || objects.empty() || !files.Exists(objects)) return copied;
+  return files.Copy(objects, ObjectsPath(to));
+}
+
+FileStatus RemoveContentFile(Files& files, TextView path) {
+  const FileStatus removed = files.Remove(path);
+  const Text objects = ObjectsPath(path);
+  return removed && !objects.empty() ? files.Remove(objects) : removed;
+}
 
 ContentFiles::ContentFiles(const Files& files, TextView folder)
     : files_(files),
       folder_(folder),
       texts_(List(kRtfFolder, u".rtf")),
-      images_(List(kImagesFolder, u".png")) {}
+      images_(List(kImagesFolder, kPictureExtension)),
+      objects_(List(kImagesFolder, kObjectsExtension)) {}
 
 ContentFiles::Stems ContentFiles::List(TextView inner, TextView extension) const {
   std::vector<Text> names = files_.List(folder_ + Text(inner), extension);
@@ -44,6 +69,16 @@ Text ContentFiles::Claim(const ContentClaim& claim) {
   const Text front = u"!!! " + Text(claim.kind) + u" '" + claim.id;
   return front + (claim.isImage ? u".png' content file not found"
                                 : u".rtf' content file not found, fixing with a placeholder file");
+}
+
+std::vector<Text> ContentFiles::StrayObjects() const {
+  std::vector<Text> lines;
+  for (const Stem& stem : objects_) {
+    if (std::ranges::binary_search(images_, stem.folded, {}, &Stem::folded)) continue;
+    lines.push_back(u"!!! '" + stem.written + Text(kObjectsExtension) +
+                    u"' belongs to a picture that is not there");
+  }
+  return lines;
 }
 
 std::vector<Orphan> ContentFiles::Unclaimed() const {

@@ -15,6 +15,15 @@ struct Orphan {
   friend bool operator==(const Orphan&, const Orphan&) = default;
 };
 
+/// The file of what was drawn on the picture of a content file; empty for a text.
+Text ObjectsPath(TextView contentPath);
+
+/// Copies a content file, and what was drawn on a picture.
+FileStatus CopyContentFile(Files& files, TextView from, TextView to);
+
+/// Removes them; missing ones are no failure.
+FileStatus RemoveContentFile(Files& files, TextView path);
+
 /// A note by its content file.
 struct ContentClaim {
   TextView kind;  // "Desktop", "Attached", "Sleeping/recurring", "Closed" or "Stored"
@@ -33,6 +42,9 @@ class ContentFiles {
   /// The files that nobody has claimed, by their ids without regard to case, texts before pictures.
   std::vector<Orphan> Unclaimed() const;
 
+  /// What the log has to say of each file with drawn objects whose picture is not there.
+  std::vector<Text> StrayObjects() const;
+
  private:
   struct Stem {
     Text folded;
@@ -47,6 +59,7 @@ class ContentFiles {
   Text folder_;
   Stems texts_;
   Stems images_;
+  Stems objects_;
 };
 
 }  // namespace jotlets

@@ -66,10 +66,9 @@ std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder) {
 
 FileStatus MakeContentFolders(Files& files, TextView folder) {
   FileStatus status = files.MakeFolder(folder);
-  for (const ContentFolder& content : kContentFolders) {
-    if (status) status = files.MakeFolder(Text(folder).append(content.folder));
+  for (const TextView inner : {kImagesFolder, kRtfFolder, kSkinsFolder}) {
+    if (status) status = files.MakeFolder(Text(folder).append(inner));
   }
-  if (status) status = files.MakeFolder(Text(folder).append(kSkinsFolder));
   return status;
 }
 

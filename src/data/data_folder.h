@@ -49,15 +49,19 @@ Text NamedDataFolder(const DataFolderFacts& facts);
 /// "%PROFILE%" and the one character after it stand for the profile folder.
 Text FindDataFolder(const DataFolderFacts& facts, const Files& files);
 
+/// Of the file beside a picture that has what was drawn on it and can still be changed.
+inline constexpr TextView kObjectsExtension = u".jdr";
+
 /// The folders of content files, and the extension of the files in each.
 struct ContentFolder {
   TextView folder;
   TextView extension;
 };
-inline constexpr std::array<ContentFolder, 2> kContentFolders = {
-    {{kImagesFolder, u".png"}, {kRtfFolder, u".rtf"}}};
+inline constexpr std::array<ContentFolder, 3> kContentFolders = {
+    {{kImagesFolder, u".png"}, {kImagesFolder, kObjectsExtension}, {kRtfFolder, u".rtf"}}};
 
-/// The files of the data set that are there, as paths inside the data folder: every picture and rich text,
+/// The files of the data set that are there, as paths inside the data folder: every picture, with what is
+/// drawn on it, and rich text,
 /// the data, options and friends files, the store, and what travels with them, skins among it.
 std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder);
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "data/content_files.h"
 #include "data/data_folder.h"
 #include "data/journal_replay.h"
 #include "data/options_file.h"
@@ -189,7 +190,8 @@ void SeparateSharedIds(const LoadContext& context, const Text& folder, DataFile&
       context.log.Write(kLogLifecycle, u"Two jotlets had the id '", sharedId, u"', the second is now '",
                         jotlet.record.id, u"'");
       if (jotlet.inlineContent || !context.files.Exists(sharedContent)) continue;
-      const FileStatus copied = context.files.Copy(sharedContent, folder + ContentPath(jotlet.record));
+      const FileStatus copied =
+          CopyContentFile(context.files, sharedContent, folder + ContentPath(jotlet.record));
       if (!copied) context.log.Write(kLogLifecycle, u"Unable to copy its content: ", copied.reason);
     }
   }

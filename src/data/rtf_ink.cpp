@@ -76,6 +76,14 @@ bool IsLight(Colour colour) {
   return (colour.r * 299 + colour.g * 587 + colour.b * 114) / 1000 >= kMiddle;
 }
 
+// A hostile table: each of its colours would be looked for among all of them.
+bool HasTooManyColours(std::string_view rtf, const Table& table) {
+  constexpr std::ptrdiff_t kMaxColours = 4096;
+  if (!table.Found()) return false;
+  const std::string_view entries = rtf.substr(table.begin, table.end - table.begin);
+  return std::ranges::count(entries, ';') > kMaxColours;
+}
+
 // The colours of a text: those of its table, and which numbers they are shown by.
 struct Palette {
   std::vector<std::optional<Colour>> own;  // nothing: no colour
@@ -97,6 +105,21 @@ struct Characters {
     return marked || colour >= palette.shownAs.size() ? colour : palette.shownAs[colour];
   }
 };
+
+// Whether the groups of a text lie so deep in one another that no editor made it: it stays as it is.
+bool IsTooDeep(std::string_view rtf) {
+  constexpr std::size_t kDeepest = 1000;
+  std::size_t depth = 0;
+  for (std::size_t at = 0; at < rtf.size(); ++at) {
+    if (rtf[at] == '\\')
+      ++at;
+    else if (rtf[at] == '{' && ++depth > kDeepest)
+      return true;
+    else if (rtf[at] == '}' && depth > 0)
+      --depth;
+  }
+  return false;
+}
 
 std::string Recoloured(std::string_view rtf, const Palette& palette) {
   std::string made;
@@ -156,6 +179,7 @@ std::string WithInk(std::string_view rtf, Colour ink, const LegibleColour& legib
   const std::string entry = EntryOf(ink);
   const Table table = FindTable(rtf);
   Palette palette;
+  if (IsTooDeep(rtf) || HasTooManyColours(rtf, table)) return std::string(rtf);
   if (!table.Found()) {
     // The table stands before what uses it: behind the first word, which tells that this is rich text.
     if (!rtf.starts_with("{\\rtf")) return std::string(rtf);

@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "data/content_files.h"
 #include "schedule/recurrence.h"
 
 namespace jotlets {
@@ -196,7 +197,8 @@ bool NoteDesk::CreateCopy(const JotletData& source, const WakeFlags& flags) {
   copy.fromRecurring = source.id;
   copy.sleep.asleep = copy.sleep.recurring = false;
   const Text id = copy.id;
-  const FileStatus copied = context_.files.Copy(folder_ + ContentPath(source), folder_ + ContentPath(copy));
+  const FileStatus copied =
+      CopyContentFile(context_.files, folder_ + ContentPath(source), folder_ + ContentPath(copy));
   if (!copied) {
     context_.log.Write(kLogLifecycle, u"Unable to copy the content of jotlet ", source.id, u": ",
                        copied.reason);
@@ -366,7 +368,7 @@ Renamed NoteDesk::Rename(TextView id, TextView newId) {
     JotletData after = before;
     after.id = newId;
     const FileStatus copied =
-        context_.files.Copy(folder_ + ContentPath(before), folder_ + ContentPath(after));
+        CopyContentFile(context_.files, folder_ + ContentPath(before), folder_ + ContentPath(after));
     if (!copied && context_.files.Exists(folder_ + ContentPath(before))) {
       context_.log.Write(kLogLifecycle, u"Unable to rename jotlet ", before.id, u": ", copied.reason);
       return Renamed::kFailed;

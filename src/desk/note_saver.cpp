@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "data/content_files.h"
 #include "data/data_folder.h"
 #include "data/loading.h"
 #include "data/saving.h"
@@ -112,7 +113,7 @@ FileStatus NoteSaver::SaveElsewhere(TextView folder) {
   for (const auto& record : lists_.desktop) {
     const ContentBytes content = windows_.ContentOf(record->id).BytesToSave();
     FileStatus status = content.status;
-    if (status && content.bytes) status = files_.Write(Text(folder) + ContentPath(*record), *content.bytes);
+    if (status && content.bytes) status = WriteContent(files_, Text(folder) + ContentPath(*record), content);
     if (!status) return status;
   }
   Text text = MarkedDataFile(View(), lines_);
@@ -143,7 +144,7 @@ void NoteSaver::RemoveContents(const DataFileView& view) {
   }
   for (const Text& path : std::exchange(contentToRemove_, {})) {
     if (inUse.contains(FoldCase(path))) continue;
-    const FileStatus removed = files_.Remove(folder_ + path);
+    const FileStatus removed = RemoveContentFile(files_, folder_ + path);
     if (!removed) log_.Write(kLogLifecycle, u"Unable to remove '", path, u"': ", removed.reason);
   }
 }

@@ -21,6 +21,8 @@ enum class EditorKey : std::uint8_t {
   kTick,
   kCheckList,
   kFindBack,
+  kCopy,
+  kCut,
 };
 
 struct EditorKeyRow {
@@ -38,6 +40,8 @@ inline constexpr EditorKeyRow kEditorKeys[] = {
     {EditorKey::kTick, {kSpaceKey, true, true, false}},
     {EditorKey::kCheckList, {'X', true, true, false}},
     {EditorKey::kFindBack, {kF3Key, false, true, false}},
+    {EditorKey::kCopy, {kInsertKey, true, false, false}},
+    {EditorKey::kCut, {kDeleteKey, false, true, false}},
 };
 
 /// The first key of a row.

@@ -1,5 +1,6 @@
 #include "note/note_content.h"
 
+#include "data/content_files.h"
 #include "data/loading.h"
 
 namespace jotlets {
@@ -26,6 +27,13 @@ class UnsavedUntilWritten {
 
 }  // namespace
 
+FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content) {
+  const FileStatus written = files.Write(path, *content.bytes);
+  const Text beside = ObjectsPath(path);
+  if (!written || beside.empty()) return written;
+  return content.objects.empty() ? files.Remove(beside) : files.Write(beside, content.objects);
+}
+
 ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, TextView path,
                              const LocalTime& now) {
   const ContentBytes toSave = content.BytesToSave();
@@ -38,7 +46,7 @@ ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, 
   }
   keepOld = false;
   UnsavedUntilWritten unsaved(content);
-  const FileStatus written = files.Write(path, *bytes);
+  const FileStatus written = WriteContent(files, path, toSave);
   if (written) unsaved.Written();
   return {written, written.ok};
 }

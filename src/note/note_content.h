@@ -21,7 +21,12 @@ struct ContentCopy {
 struct ContentBytes {
   FileStatus status;
   std::optional<std::string> bytes;
+  std::string objects;  // of the file beside a picture; empty when there is to be none
 };
+
+/// Writes what a content file, and the file beside it, are to hold; the file beside it may be missing, but
+/// never the other way round.
+FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content);
 
 class NoteContent {
  public:

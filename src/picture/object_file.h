@@ -1,8 +1,7 @@
 // The file beside a picture that keeps the objects drawn on it, so that they can still be changed: "<id>.jdr"
-// beside
-// "<id>.png". The PNG shows everything and is the truth; this file belongs to exactly that one, and holds
-// besides the objects the pixels below them. A file that is damaged, or belongs to other bytes, counts as
-// none.
+// beside "<id>.png". The PNG shows everything and is the truth; this file belongs to exactly that one, and
+// holds besides the objects the pixels below them. A file that is damaged, or belongs to other bytes, counts
+// as none.
 #pragma once
 
 #include <optional>

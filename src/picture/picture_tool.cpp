@@ -8,12 +8,11 @@
 namespace jotlets {
 namespace {
 
-constexpr std::int32_t kClick = 2;  // pixels: a hand is never quite still
+// Pixels that a hand moves in a click, never being quite still; what is larger is dragged.
+constexpr std::int32_t kClick = 2;
 
 constexpr double kHighlighterWidths = 4;  // it is drawn so much wider than a pen
 constexpr std::uint16_t kEscKey = 0x1B;
-// Objects smaller than this come from a click, not from a drag.
-constexpr double kMinDrag = 1;
 
 std::optional<ObjectKind> DrawnKind(Tool tool) {
   switch (tool) {
@@ -295,7 +294,7 @@ ToolAnswer PictureTool::Finish() {
   ToolAnswer answer;
   if (drag == Drag::kDraw) {
     const Box box = BoxOf(*preview_);
-    const bool isDrag = std::max(box.right - box.left, box.bottom - box.top) >= kMinDrag;
+    const bool isDrag = std::max(box.right - box.left, box.bottom - box.top) > kClick;
     if (isDrag || IsStroke(preview_->kind)) answer.changed = document_.Add(*preview_);
   } else if ((drag == Drag::kMove || drag == Drag::kResize) && preview_) {
     answer.changed = document_.Change(*preview_);

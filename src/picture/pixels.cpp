@@ -36,19 +36,6 @@ Picture BlankPicture(Size size) {
                                           static_cast<std::size_t>(size.height) * 4)};
 }
 
-Rect CommonPart(const Rect& a, const Rect& b) {
-  const Rect part{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-                  std::min(a.bottom, b.bottom)};
-  return IsEmptyRect(part) ? Rect{} : part;
-}
-
-Rect Enclosing(const Rect& a, const Rect& b) {
-  if (IsEmptyRect(a)) return IsEmptyRect(b) ? Rect{} : b;
-  if (IsEmptyRect(b)) return a;
-  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-          std::max(a.bottom, b.bottom)};
-}
-
 Picture Premultiplied(StraightPicture picture) {
   ChangeColours(picture.pixels, Multiplied);
   return {picture.size, std::move(picture.pixels)};

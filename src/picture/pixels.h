@@ -71,17 +71,6 @@ bool IsPictureSize(Size size);
 /// A transparent picture; an empty one, of no size, when that size cannot be.
 Picture BlankPicture(Size size);
 
-/// The whole of it.
-constexpr Rect WholeOf(Size size) { return {0, 0, size.width, size.height}; }
-
-constexpr bool IsEmptyRect(const Rect& rect) { return rect.left >= rect.right || rect.top >= rect.bottom; }
-
-/// What the two have in common; {} when that is nothing.
-Rect CommonPart(const Rect& a, const Rect& b);
-
-/// The smallest rectangle with both inside; an empty one does not count.
-Rect Enclosing(const Rect& a, const Rect& b);
-
 /// The pixel at a place inside of the picture.
 template <AlphaForm form>
 std::uint8_t* PixelPlace(PixelBuffer<form>& picture, std::int32_t x, std::int32_t y) {

@@ -444,8 +444,8 @@
 #define IDS_HELP_FAILED 6757
 #define IDS_KEYS_COLUMN 6760
 #define IDS_KEY_PLACE 6770  // in the order of `KeyPlace`
-#define IDS_KEY_ROW 6780    // as many as there are, up to the end
-#define IDS_KEY_ROW_END 6800
+#define IDS_KEY_ROW 8120    // as many as there are, up to the end
+#define IDS_KEY_ROW_END 8160
 #define IDS_HOT_KEY 6800  // in the order of the options
 // Writing in a note. The texts of the editor's keys: this number and the `EditorKey`.
 #define IDS_EDITOR_KEY 6100

@@ -10,37 +10,24 @@ namespace {
 
 constexpr std::int32_t kShortestRun = 64;
 
-Rect Intersection(const Rect& a, const Rect& b) {
-  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-          std::min(a.bottom, b.bottom)};
-}
-
-bool IsEmpty(const Rect& area) { return area.left >= area.right || area.top >= area.bottom; }
-
-// a * b / 255, rounded.
-std::uint32_t Part(std::uint32_t a, std::uint32_t b) {
-  const std::uint32_t product = a * b + 128;
-  return (product + (product >> 8)) >> 8;
-}
-
 std::uint8_t Between(std::uint8_t from, std::uint8_t to, std::int64_t at, std::int64_t last) {
   return static_cast<std::uint8_t>(from + (std::int64_t{to} - from) * at / std::max<std::int64_t>(last, 1));
 }
 
 void Blend(std::uint8_t* pixel, Colour colour, std::uint8_t alpha) {
   const std::uint32_t rest = kOpaque - alpha;
-  pixel[0] = static_cast<std::uint8_t>(Part(colour.b, alpha) + Part(pixel[0], rest));
-  pixel[1] = static_cast<std::uint8_t>(Part(colour.g, alpha) + Part(pixel[1], rest));
-  pixel[2] = static_cast<std::uint8_t>(Part(colour.r, alpha) + Part(pixel[2], rest));
+  pixel[0] = static_cast<std::uint8_t>(ByteProduct(colour.b, alpha) + ByteProduct(pixel[0], rest));
+  pixel[1] = static_cast<std::uint8_t>(ByteProduct(colour.g, alpha) + ByteProduct(pixel[1], rest));
+  pixel[2] = static_cast<std::uint8_t>(ByteProduct(colour.r, alpha) + ByteProduct(pixel[2], rest));
 }
 
 }  // namespace
 
-void Canvas::SetClip(const Rect& area) { clip_ = Intersection(clip_, area); }
+void Canvas::SetClip(const Rect& area) { clip_ = CommonPart(clip_, area); }
 
 void Canvas::Fill(const Rect& area, Colour colour, std::uint8_t alpha) {
-  const Rect part = Intersection(area, clip_);
-  if (IsEmpty(part)) return;
+  const Rect part = CommonPart(area, clip_);
+  if (IsEmptyRect(part)) return;
   const std::size_t left = static_cast<std::size_t>(part.left) * 4;
   const std::size_t count = static_cast<std::size_t>(part.Width()) * 4;
   std::uint8_t* const first = Row(part.top) + left;
@@ -58,27 +45,34 @@ void Canvas::Fill(const Rect& area, Colour colour, std::uint8_t alpha) {
 }
 
 void Canvas::FillRound(const Rect& area, std::int32_t radius, Colour colour, std::uint8_t alpha) {
-  if (IsEmpty(area)) return;
+  const Rect part = CommonPart(area, clip_);
+  if (IsEmptyRect(part)) return;
   radius = std::clamp(radius, 0, std::min(area.Width(), area.Height()) / 2);
+  const Rect between{area.left + radius, area.top, area.right - radius, area.bottom};
   Fill({area.left, area.top + radius, area.right, area.bottom - radius}, colour, alpha);
-  for (std::int32_t y = 0; y < radius; ++y) {
-    const std::int32_t upper = area.top + y;
-    const std::int32_t lower = area.bottom - 1 - y;
-    for (const std::int32_t row : {upper, lower})
-      Fill({area.left + radius, row, area.right - radius, row + 1}, colour, alpha);
-    for (std::int32_t x = 0; x < radius; ++x) {
-      const auto covered = static_cast<std::uint8_t>(Part(CornerCoverage({x, y}, radius), alpha));
-      for (const std::int32_t row : {upper, lower}) {
-        Fill({area.left + x, row, area.left + x + 1, row + 1}, colour, covered);
-        Fill({area.right - 1 - x, row, area.right - x, row + 1}, colour, covered);
-      }
+  // A corner may be much larger than what of it is seen.
+  for (std::int32_t y = part.top; y < part.bottom; ++y) {
+    const std::int32_t row = std::min(y - area.top, area.bottom - 1 - y);
+    if (row >= radius) {
+      y = std::max(y, std::min(area.bottom - radius, part.bottom) - 1);
+      continue;
     }
+    Fill({between.left, y, between.right, y + 1}, colour, alpha);
+    const auto corner = [&](std::int32_t from, std::int32_t to) {
+      for (std::int32_t x = std::max(from, part.left); x < std::min(to, part.right); ++x) {
+        const std::int32_t column = std::min(x - area.left, area.right - 1 - x);
+        const std::uint32_t covered = ByteProduct(CornerCoverage({column, row}, radius), alpha);
+        Fill({x, y, x + 1, y + 1}, colour, static_cast<std::uint8_t>(covered));
+      }
+    };
+    corner(area.left, between.left);
+    corner(between.right, area.right);
   }
 }
 
 void Canvas::FillGradient(const Rect& area, Colour from, Colour to, bool downwards, std::uint8_t alpha) {
-  const Rect part = Intersection(area, clip_);
-  if (IsEmpty(part)) return;
+  const Rect part = CommonPart(area, clip_);
+  if (IsEmptyRect(part)) return;
   const auto colourAt = [&](std::int64_t at, std::int64_t last) {
     return Colour{Between(from.r, to.r, at, last), Between(from.g, to.g, at, last),
                   Between(from.b, to.b, at, last)};
@@ -97,9 +91,9 @@ void Canvas::FillGradient(const Rect& area, Colour from, Colour to, bool downwar
 }
 
 Colour Tinted(Colour colour, Colour tint) {
-  return {static_cast<std::uint8_t>(Part(colour.r, tint.r)),
-          static_cast<std::uint8_t>(Part(colour.g, tint.g)),
-          static_cast<std::uint8_t>(Part(colour.b, tint.b))};
+  return {static_cast<std::uint8_t>(ByteProduct(colour.r, tint.r)),
+          static_cast<std::uint8_t>(ByteProduct(colour.g, tint.g)),
+          static_cast<std::uint8_t>(ByteProduct(colour.b, tint.b))};
 }
 
 // Puts rows of a part on to a canvas. A row is first made ready, pixel by pixel, and can then be put down as
@@ -174,22 +168,22 @@ class PicturePen {
       keys_[at] = true;
       return;
     }
-    const std::uint32_t opacity = Part(part_.alpha, MaskAt(x, y));
+    const std::uint32_t opacity = ByteProduct(part_.alpha, MaskAt(x, y));
     const Colour tint = part_.ink.value_or(part_.tint.value_or(Colour{255, 255, 255}));
     const std::uint32_t tints[] = {tint.b, tint.g, tint.r};
     for (int channel = 0; channel < 3; ++channel) {
       const std::uint32_t own = part_.ink ? from[3] : from[channel];
-      colour[channel] = static_cast<std::uint8_t>(Part(Part(own, tints[channel]), opacity));
+      colour[channel] = static_cast<std::uint8_t>(ByteProduct(ByteProduct(own, tints[channel]), opacity));
     }
     colour[3] = kOpaque;
-    rests_[at] = static_cast<std::uint8_t>(kOpaque - Part(from[3], opacity));
+    rests_[at] = static_cast<std::uint8_t>(kOpaque - ByteProduct(from[3], opacity));
   }
 
   void BlendRun(std::uint8_t* to, std::size_t count) const {
     const std::uint8_t* colour = colours_.data();
     for (std::size_t at = 0; at < count; ++at, to += 4, colour += 4) {
       for (int channel = 0; channel < 3; ++channel) {
-        const std::uint32_t sum = colour[channel] + Part(to[channel], rests_[at]);
+        const std::uint32_t sum = colour[channel] + ByteProduct(to[channel], rests_[at]);
         to[channel] = static_cast<std::uint8_t>(std::min<std::uint32_t>(sum, 255));
       }
     }
@@ -227,8 +221,8 @@ void TilePart(Canvas& canvas, const SheetPart& part, const Rect& area) {
   const std::int32_t width = part.source.Width();
   const std::int32_t height = part.source.Height();
   PicturePen pen(canvas, part);
-  const Rect drawn = Intersection(area, pen.Clip());
-  if (width <= 0 || height <= 0 || IsEmpty(drawn)) return;
+  const Rect drawn = CommonPart(area, pen.Clip());
+  if (width <= 0 || height <= 0 || IsEmptyRect(drawn)) return;
   // Narrow parts are put down several at a time.
   const std::int32_t run = width * (std::max(kShortestRun / width, 1));
   std::vector<std::int32_t> columns(static_cast<std::size_t>(std::min(run, drawn.Width())));
@@ -246,8 +240,8 @@ void StretchNearest(Canvas& canvas, const SheetPart& part, const Rect& area) {
   const std::int64_t width = part.source.Width();
   const std::int64_t height = part.source.Height();
   PicturePen pen(canvas, part);
-  const Rect drawn = Intersection(area, pen.Clip());
-  if (width <= 0 || height <= 0 || IsEmpty(drawn)) return;
+  const Rect drawn = CommonPart(area, pen.Clip());
+  if (width <= 0 || height <= 0 || IsEmptyRect(drawn)) return;
   std::vector<std::int32_t> columns(static_cast<std::size_t>(drawn.Width()));
   for (std::size_t at = 0; at < columns.size(); ++at) {
     const std::int64_t x = std::int64_t{drawn.left} - area.left + static_cast<std::int64_t>(at);
@@ -288,8 +282,8 @@ void StretchMixed(Canvas& canvas, const SheetPart& part, const Rect& area) {
   PicturePen above(canvas, part);
   PicturePen below(canvas, part);
   PicturePen beside(canvas, part);
-  const Rect drawn = Intersection(area, above.Clip());
-  if (part.source.Width() <= 0 || part.source.Height() <= 0 || IsEmpty(drawn)) return;
+  const Rect drawn = CommonPart(area, above.Clip());
+  if (part.source.Width() <= 0 || part.source.Height() <= 0 || IsEmptyRect(drawn)) return;
   const Neighbours columns =
       NeighboursOf(drawn.left, drawn.right, area.left, area.Width(), part.source.Width());
   const Neighbours rows =

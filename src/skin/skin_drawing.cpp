@@ -153,10 +153,11 @@ class SkinPainter {
   // What is written on it later finds an ink for it.
   void ButtonGround(const SkinElement& element, const Rect& area, bool hot) {
     if (contrast_) {
-      const std::int32_t line = ScaledLength(1, skin_.dpi);
+      // The words on it are drawn in the one ink that paper has.
+      const std::int32_t line = ScaledLength(hot ? 3 : 1, skin_.dpi);
       const Rect inner{area.left + line, area.top + line, area.right - line, area.bottom - line};
-      canvas_.Fill(area, contrast_->ink);
-      return canvas_.Fill(inner, hot ? contrast_->chosen : contrast_->paper);
+      canvas_.Fill(area, hot ? contrast_->chosen : contrast_->ink);
+      return canvas_.Fill(inner, contrast_->paper);
     }
     const Colour below = GroundOf(area);
     const Colour fill = Mixed(below, TitleInk(below), *element.fill);

@@ -102,15 +102,11 @@ std::size_t ButtonAt(const SkinData& skin, const SkinView& view, Point at) {
 }
 
 Rect AreaUnderMouse(const SkinData& skin, const SkinView& view) {
-  std::optional<Rect> all;
+  Rect all;
   for (const SkinElement& element : skin.elements) {
-    if (element.mouseOver != true || !IsShown(element, view)) continue;
-    const Rect area = ElementRect(element, view);
-    if (!all) all = area;
-    all = Rect{std::min(all->left, area.left), std::min(all->top, area.top), std::max(all->right, area.right),
-               std::max(all->bottom, area.bottom)};
+    if (element.mouseOver == true && IsShown(element, view)) all = Enclosing(all, ElementRect(element, view));
   }
-  return all.value_or(Rect{});
+  return all;
 }
 
 bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view) {

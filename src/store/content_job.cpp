@@ -32,6 +32,7 @@ void ContentJob::Check(const Text& folder, const std::vector<ContentClaim>& clai
     Text missing = contents.Claim(claim);
     if (!missing.empty()) report.missing.push_back(std::move(missing));
   }
+  for (Text& stray : contents.StrayObjects()) report.missing.push_back(std::move(stray));
   reader_.SetPath(folder + Text(kStoreFileName));
   const bool whole = ClaimStored(contents, report);
   reader_.Close();

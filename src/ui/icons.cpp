@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "res/resource.h"
-#include "ui/handle.h"
+#include "ui/pixel_bitmap.h"
 
 namespace jotlets {
 namespace {
@@ -45,18 +45,15 @@ void DrawIcon(HDC dc, Icon icon, Point middle, int dpi, Colour ink) {
   const std::size_t index = SheetFor(shown);
   const int side = kIconSheets[index];
   const HBITMAP sheet = Sheet(index);
-  BITMAPINFO form{};
-  form.bmiHeader = {sizeof form.bmiHeader, side, -side, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  void* pixels = nullptr;
-  const UniqueBitmap cell(CreateDIBSection(dc, &form, DIB_RGB_COLORS, &pixels, nullptr, 0));
+  const PixelBitmap cell = MakePixelBitmap({side, side});
   const UniqueDc from(CreateCompatibleDC(dc));
   const UniqueDc to(CreateCompatibleDC(dc));
-  if (sheet == nullptr || !cell || !from || !to) return;
+  if (sheet == nullptr || !cell.bitmap || !from || !to) return;
   const Selected source(from.get(), sheet);
-  const Selected target(to.get(), cell.get());
+  const Selected target(to.get(), cell.bitmap.get());
   BitBlt(to.get(), 0, 0, side, side, from.get(), 0, (static_cast<int>(icon) - 1) * side, SRCCOPY);
   GdiFlush();
-  Colorize(static_cast<std::uint32_t*>(pixels), side * side, ink);
+  Colorize(reinterpret_cast<std::uint32_t*>(cell.pixels), side * side, ink);
   GdiAlphaBlend(dc, middle.x - shown / 2, middle.y - shown / 2, shown, shown, to.get(), 0, 0, side, side,
                 {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }

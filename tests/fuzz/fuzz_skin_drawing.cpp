@@ -1,6 +1,7 @@
 // Any text as a skin, with a sheet and on a canvas of odd sizes: what is drawn stays inside, and the buttons
 // and the scroll bar inside the window. The seeds are the skins of the program; the last bytes of an input
 // choose sizes and states.
+#include <algorithm>
 #include <iterator>
 #include <limits>
 #include <utility>
@@ -78,6 +79,10 @@ void Exaggerate(SkinData& skin, Choices& choose) {
   element.topLeft = corner();
   element.bottomRight = corner();
   element.source.picture = Point{choose.Extreme(), choose.Extreme()};
+  // As far as a skin's text can say.
+  element.corner = std::clamp(choose.Extreme(), 0, kFarthestCoordinate);
+  element.fill = choose.Byte() % 101;
+  if (choose.Flag()) element.pill = u"50%TITLE%";
 }
 
 SkinView MakeView(const SkinData& skin, Choices& choose) {

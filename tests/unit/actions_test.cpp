@@ -158,7 +158,7 @@ TEST(ActionState, EnablesWhatTheNoteAndItsTextAllow) {
   facts.edit.hasSelection = false, facts.skinFixed = true;
   EXPECT_EQ(enabled(), "roll findtext ");
   facts.image = true, facts.readOnly = false, facts.edit.canUndo = true;
-  EXPECT_EQ(enabled(), "roll undo paste ");
+  EXPECT_EQ(enabled(), "roll copy undo paste ");
   EXPECT_TRUE(StateOf(kActionPenDraw, facts).enabled && !StateOf(kActionPenDraw, {}).enabled);
   facts.readOnly = true;
   EXPECT_FALSE(StateOf(kActionPenDraw, facts).enabled);

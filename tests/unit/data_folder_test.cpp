@@ -39,7 +39,7 @@ FakeFiles FilledFolder() {
   for (const TextView name :
        {u"jotlets.ini", u"options.ini", u"friends.ini", u"store.mdb", u"categories.png", u"default.rtf",
         u"default.png", u"borders.png", u"rtf\\1.rtf", u"rtf\\2.rtf", u"skins\\paper.jsk", u"images\\3.png",
-        u"activity.log", u"jotlets.bye", u"rtf\\x.tmp", u"images\\4.rtf"}) {
+        u"images\\3.jdr", u"activity.log", u"jotlets.bye", u"rtf\\x.tmp", u"images\\4.rtf"}) {
     files.Put(Text(u"A:\\").append(name), "bytes of " + ToUtf8(name));
   }
   return files;
@@ -52,13 +52,14 @@ TEST(CopyingTheDataSet, TakesAllOfItAndNothingElse) {
   Text names;
   for (const Text& path : files.Paths()) names.append(path[0] == u'B' ? path.substr(3) + u" " : u"");
   EXPECT_EQ(names,
-            u"categories.png default.png default.rtf friends.ini images\\3.png jotlets.ini options.ini "
+            u"categories.png default.png default.rtf friends.ini images\\3.jdr images\\3.png jotlets.ini "
+            u"options.ini "
             u"rtf\\1.rtf rtf\\2.rtf skins\\paper.jsk store.mdb ");
   EXPECT_EQ(files.Get(u"B:\\rtf\\1.rtf"), "bytes of rtf\\1.rtf");
 }
 
 TEST(CopyingTheDataSet, FailsWhenAnySingleStepFails) {
-  for (int step = 0; step < 17; ++step) {  // five folders, twelve files
+  for (int step = 0; step < 18; ++step) {  // five folders, thirteen files
     FakeFiles files = FilledFolder();
     files.changesUntilFailure = step;
     EXPECT_EQ(CopyDataSet(files, u"A:\\", u"B:\\").reason, u"disk full") << step;

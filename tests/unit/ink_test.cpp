@@ -233,6 +233,12 @@ TEST(Ink, IsNotWrittenIntoRichText) {
        {"", "{", "{\\rtf", "{\\rtf1{\\colortbl", "{\\rtf1{\\colortbl;{}}", "\\", "{\\rtf1\\bin3 \\cf",
         "{\\rtf1{\\colortbl\\red300\\green;\\red}\\cf99999999 \\highlight-1 }}}"})
     EXPECT_LE(WithoutInk(WithInk(rtf, kInk, same, shown), kInk, shown).size(), rtf.size() + 96) << rtf;
+  // More of it than any editor makes stays as it is.
+  std::string colours = "{\\rtf1{\\colortbl";
+  for (int i = 0; i < 5000; ++i) colours += ';';
+  for (const std::string& rtf :
+       {colours + "}a}", std::string(100'000, '{'), "{\\rtf1" + std::string(100'000, '{')})
+    EXPECT_EQ(WithInk(rtf, kInk, same, shown), rtf);
 }
 
 TEST(Ink, OfMarkedAndColouredWordsCanBeReadOnDarkPaperAndComesBack) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/content_files.h"
 #include "fake_desk.h"
 
 namespace jotlets {
@@ -32,6 +33,22 @@ TEST_F(NoteContentSaving, WritesWhatHasChangedOnce) {
   EXPECT_FALSE(Save().written);
   EXPECT_EQ("new", files.Get(kPath));
   EXPECT_EQ(1u, files.Paths().size()) << "nothing was kept beside it";
+}
+
+TEST_F(NoteContentSaving, OfAPictureTakesWhatIsDrawnOnItAlong) {
+  const Text picture = u"D:\\images\\P.png";
+  const Text copy = u"D:\\images\\Q.png";
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "png", "objects"}));
+  ASSERT_TRUE(CopyContentFile(files, picture, copy));
+  EXPECT_EQ(files.Get(u"D:\\images\\Q.jdr"), "objects");
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "blank", {}}));
+  EXPECT_FALSE(files.Exists(u"D:\\images\\P.jdr")) << "nothing is drawn any more";
+  files.Remove(copy);
+  EXPECT_EQ(ContentFiles(files, u"D:\\").StrayObjects().size(), 1u);
+  ASSERT_TRUE(RemoveContentFile(files, copy));
+  EXPECT_TRUE(ContentFiles(files, u"D:\\").StrayObjects().empty());
+  files.changesUntilFailure = 1;
+  EXPECT_FALSE(WriteContent(files, picture, {{}, "png", "objects"})) << "is tried again";
 }
 
 TEST_F(NoteContentSaving, TheBeginningOfATextNeverTakesThePlaceOfAllOfIt) {

@@ -16,8 +16,9 @@
 #include "note/win/jotlet.h"
 #include "picture/picture.h"
 #include "picture/picture_file.h"
+#include "picture/win/picture_clipboard.h"
 #include "res/resource.h"
-#include "skin/win/clipboard.h"
+#include "ui/clipboard.h"
 #include "ui/screen.h"
 #include "window_test.h"
 

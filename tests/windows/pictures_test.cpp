@@ -1,9 +1,13 @@
 // Picture notes: pictures come in, are drawn on with mouse and keys, and are kept.
+#include <shlobj.h>
+
 #include <algorithm>
 #include <filesystem>
 
+#include "base/win/unique_handle.h"
 #include "base/win/wide.h"
 #include "picture/picture.h"
+#include "picture/win/picture_clipboard.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -69,17 +73,61 @@ TEST_F(PicturesTest, WhatIsDrawnIsUndoneAndOutlivesAKill) {
   EXPECT_GT(frame, 200);
 
   PressKeys({VK_CONTROL, 'Y'});
+  ASSERT_TRUE(WaitUntil([&] { return drawn() > kBetween; }));
+  const std::ptrdiff_t both = Drawn();
   program_->Kill();
   ASSERT_TRUE(StartProgram());
-  EXPECT_GE(Drawn(), frame) << "what was saved is there at the least";
+  EXPECT_EQ(Drawn(), both);
   note_ = NoteTitled(u"Sheet");
   TakeHold();
-  // Without a tool the mouse moves the note again.
+  // What was drawn can be changed as before.
   PressKeys({'V'});
+  ASSERT_TRUE(Drag(note_, OnSheet({0, 15}), {1, 0}));
+  PressKeys({VK_DELETE});
+  ASSERT_TRUE(WaitUntil([&] { return drawn() == both - frame; }));
+  // Without a tool the mouse moves the note again.
   PressKeys({VK_ESCAPE});
   PressKeys({VK_ESCAPE});
   ASSERT_TRUE(Drag(note_, OnSheet({}), {40, 0}));
   EXPECT_TRUE(WaitUntil([&] { return BoundsOf(note_).left == before.left + 40; }));
+}
+
+// As the system tells a window of dropped files: a list of them in the memory of its process.
+void DropFile(HWND window, const Text& path) {
+  DWORD id = 0;
+  GetWindowThreadProcessId(window, &id);
+  const UniqueHandle process(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id));
+  const DROPFILES head{sizeof head, {}, FALSE, TRUE};
+  const std::size_t length = (path.size() + 2) * sizeof(wchar_t);
+  void* list = VirtualAllocEx(process.get(), nullptr, sizeof head + length, MEM_COMMIT, PAGE_READWRITE);
+  ASSERT_NE(list, nullptr);
+  WriteProcessMemory(process.get(), list, &head, sizeof head, nullptr);
+  WriteProcessMemory(process.get(), static_cast<char*>(list) + sizeof head, Wide(path),
+                     length - sizeof(wchar_t), nullptr);
+  PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(list), 0);
+}
+
+TEST_F(PicturesTest, AFileIsDroppedOnOneAndWhatIsSelectedIsCut) {
+  StartWithSheet();
+  Write(scratch_ + u"small.png", EncodePng(BlankPicture({20, 10})));
+  const auto size = [&] {
+    const bool saved = Reply(u"do saveini") == u"000 OK saved";
+    const auto kept = saved ? Kept() : std::nullopt;
+    return kept ? kept->size : Size();
+  };
+  DropFile(note_, scratch_ + u"small.png");
+  ASSERT_TRUE(WaitUntil([&] { return size() == Size{20, 10}; }));
+  TakeHold();
+  PressKeys({VK_CONTROL, 'Z'});
+  ASSERT_TRUE(WaitUntil([&] { return size() == kSheet; }));
+  PressKeys({'V'});
+  ASSERT_TRUE(Drag(note_, OnSheet({}), {60, 30}));
+  PressKeys({VK_CONTROL, 'X'});
+  ASSERT_TRUE(WaitUntil([&] { return size() == kSheet && Drawn() > 1500; }));
+  EXPECT_LT(Drawn(), 2000) << "60 by 30";
+  const auto cut = DecodePng(ClipboardPicture(nullptr));
+  ASSERT_TRUE(cut);
+  EXPECT_EQ(std::ptrdiff_t{cut->size.width} * cut->size.height, Drawn());
 }
 
 TEST_F(PicturesTest, OfACameraStandUprightAndWhatIsNoneIsRefused) {

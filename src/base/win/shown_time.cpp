@@ -41,4 +41,11 @@ Text ShownSoon(const LocalTime& t, const LocalTime& today) {
 
 Text ShownTime(const LocalTime& t) { return ShownDate(t) + u" " + ShownTimeOfDay(t); }
 
+Text ShownNear(const Clock& clock, std::int64_t utc, Text (*otherwise)(const LocalTime&)) {
+  constexpr std::int64_t kSoon = 6 * 24 * 3600;
+  const Moment now = clock.Now();
+  const LocalTime time = clock.ToLocal(utc);
+  return utc > now.utc && utc - now.utc < kSoon ? ShownSoon(time, now.local) : otherwise(time);
+}
+
 }  // namespace jotlets

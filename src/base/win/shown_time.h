@@ -12,5 +12,8 @@ Text ShownTimeOfDay(const LocalTime& time);
 Text ShownSoon(const LocalTime& time, const LocalTime& today);
 /// The date, a blank and the time of day.
 Text ShownTime(const LocalTime& time);
+/// As `ShownSoon` within six days from now; a time that is over, or further away, as the other one tells it:
+/// there a day of the week says too little.
+Text ShownNear(const Clock& clock, std::int64_t utc, Text (*otherwise)(const LocalTime&));
 
 }  // namespace jotlets

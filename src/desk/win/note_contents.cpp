@@ -1,5 +1,6 @@
 #include "desk/win/note_contents.h"
 
+#include "data/content_files.h"
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
 #include "picture/win/picture_reader.h"
@@ -14,6 +15,10 @@ constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearchedFile);
 
 std::string NoteContents::BytesOf(const JotletData& record) const {
   return files_.Read(desk_.Folder() + ContentPath(record)).bytes;
+}
+
+std::string NoteContents::ObjectsOf(const JotletData& record) const {
+  return files_.Read(ObjectsPath(desk_.Folder() + ContentPath(record))).bytes;
 }
 
 Text NoteContents::RichTextOf(const JotletData& record) const {

@@ -19,6 +19,8 @@ class NoteContents final : public NoteCopies {
 
   /// The bytes of a note's content file.
   std::string BytesOf(const JotletData& record) const;
+  /// The bytes of the file with what was drawn on a picture; empty for none.
+  std::string ObjectsOf(const JotletData& record) const;
   /// The rich text of a note as it is now, open or not; empty when it has none.
   Text RichTextOf(const JotletData& record) const override;
   /// As much of the plain text of a note as is searched.

@@ -21,15 +21,6 @@ StackMember MemberOf(const JotletData& record, const Text& title, MemberState st
   return {record.id, title, record.colour, record.alarm > 0, state};
 }
 
-// Within a week the name of the day says which one it is.
-Text UntilWords(const Clock& clock, std::int32_t wake) {
-  constexpr std::int64_t kSoon = 6 * 24 * 3600;
-  if (wake <= 0) return {};
-  const Moment now = clock.Now();
-  const LocalTime at = clock.ToLocal(wake);
-  return wake - now.utc < kSoon ? ShownSoon(at, now.local) : ShownDate(at);
-}
-
 }  // namespace
 
 BStackDlg* OpenStacks::Open(const StackRecord& record) {
@@ -249,7 +240,9 @@ void OpenStacks::Refresh() {
     if (at == members.end()) return;
     StackMember& member = at->second.emplace_back(MemberOf(record, title, state));
     if (state == MemberState::kAsleep)
-      member.until = UntilWords(desktop_.Context().clock, record.sleep.nextWake);
+      member.until = record.sleep.nextWake > 0
+                         ? ShownNear(desktop_.Context().clock, record.sleep.nextWake, ShownDate)
+                         : Text();
     if (state == MemberState::kWaiting) member.until = resources_.String(IDS_PART_WAITS);
   };
   for (const auto& jotlet : desktop_.All()) {

@@ -176,9 +176,9 @@ bool BEdit::Do(EditorKey key) {
     case EditorKey::kNothing: return false;
     case EditorKey::kPaste: return Paste(), true;
     case EditorKey::kPastePlain: return PastePlain(), true;
-    case EditorKey::kFindBack:
-      if (FindText(*this, watcher_->Searched(), FindStep::kPrevious).count == 0) MessageBeep(MB_OK);
-      return true;
+    case EditorKey::kCopy: return Copy(*this), true;
+    case EditorKey::kCut: return Cut(*this), true;
+    case EditorKey::kFindBack: return FindBack(*this, watcher_->Searched()), true;
     default: return aids_.OnKey(*this, key, watcher_->Typing());
   }
 }

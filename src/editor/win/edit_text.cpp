@@ -9,6 +9,7 @@
 #include "data/letter_marks.h"
 #include "editor/link_text.h"
 #include "editor/win/editor_bounds.h"
+#include "ui/clipboard.h"
 
 namespace jotlets {
 namespace {
@@ -17,17 +18,34 @@ constexpr LONG kLinkSearch = 4096;
 
 bool IsEmpty(const CHARRANGE& range) { return range.cpMin == range.cpMax; }
 
+// False when they are those that are shown, or the clipboard cannot be had.
+bool CopyOwnColours(BEdit& edit) {
+  const std::optional<std::string> rtf = edit.HasLightInk() ? edit.Rtf(true) : std::nullopt;
+  if (!rtf) return false;
+  const Text words = ReplaceAll(edit.TextBetween(edit.Selection()), u"\r", u"\r\n");
+  return PutTextOnClipboard(edit.Handle(), words, *rtf);
+}
+
 }  // namespace
 
 void Undo(BEdit& edit) { edit.Aids().Undo(edit); }
 void Redo(BEdit& edit) { edit.Aids().Redo(edit); }
-void Cut(BEdit& edit) { SendMessageW(edit.Handle(), WM_CUT, 0, 0); }
 void Clear(BEdit& edit) { SendMessageW(edit.Handle(), WM_CLEAR, 0, 0); }
 void SelectAll(BEdit& edit) { edit.Select({0, -1}); }
 
 void Copy(BEdit& edit) {
   // Copying nothing would empty the clipboard.
-  if (!IsEmpty(edit.Selection())) SendMessageW(edit.Handle(), WM_COPY, 0, 0);
+  if (IsEmpty(edit.Selection()) || CopyOwnColours(edit)) return;
+  SendMessageW(edit.Handle(), WM_COPY, 0, 0);
+}
+
+void Cut(BEdit& edit) {
+  if (IsEmpty(edit.Selection())) return;
+  SendMessageW(edit.Handle(), CopyOwnColours(edit) ? WM_CLEAR : WM_CUT, 0, 0);
+}
+
+void FindBack(BEdit& edit, TextView wanted) {
+  if (FindText(edit, wanted, FindStep::kPrevious).count == 0) MessageBeep(MB_OK);
 }
 
 void InsertText(BEdit& edit, TextView text) {

@@ -10,8 +10,11 @@ namespace jotlets {
 
 void Undo(BEdit& edit);
 void Redo(BEdit& edit);
+/// Both put the text in its own colours on the clipboard, not in those that it is shown in on dark paper.
 void Cut(BEdit& edit);
 void Copy(BEdit& edit);
+/// Goes to the hit before, or beeps.
+void FindBack(BEdit& edit, TextView wanted);
 /// Deletes the selection.
 void Clear(BEdit& edit);
 void SelectAll(BEdit& edit);

@@ -2,7 +2,6 @@
 
 #include "action/action_table.h"
 #include "editor/win/edit_text.h"
-#include "skin/win/clipboard.h"
 
 namespace jotlets {
 namespace {
@@ -40,22 +39,6 @@ void ScrollLine(BEdit& edit, const EditContext&, std::int32_t) {
 template <std::int32_t Direction>
 void ScrollPage(BEdit& edit, const EditContext&, std::int32_t) {
   edit.ScrollBy(Direction * edit.PageHeight());
-}
-
-// The colours of the text, not those that it is shown in on dark paper.
-void CopyText(BEdit& edit, const EditContext&, std::int32_t) {
-  const CHARRANGE selection = edit.Selection();
-  const std::optional<std::string> rtf = edit.HasLightInk() ? edit.Rtf(true) : std::nullopt;
-  if (!rtf) return Copy(edit);
-  if (selection.cpMin == selection.cpMax) return;
-  const Text words = ReplaceAll(edit.TextBetween(selection), u"\r", u"\r\n");
-  if (!PutTextOnClipboard(edit.Handle(), words, *rtf)) Copy(edit);
-}
-
-void CutText(BEdit& edit, const EditContext& context, std::int32_t value) {
-  if (!edit.HasLightInk()) return Cut(edit);
-  CopyText(edit, context, value);
-  Clear(edit);
 }
 
 void PasteClipboard(BEdit& edit, const EditContext&, std::int32_t) { edit.Paste(); }
@@ -107,8 +90,8 @@ struct EditHandler {
 constexpr EditHandler kHandlers[] = {
     {kActionUndo, Plain<Undo>},
     {kActionRedo, Plain<Redo>},
-    {kActionCut, CutText},
-    {kActionCopy, CopyText},
+    {kActionCut, Plain<Cut>},
+    {kActionCopy, Plain<Copy>},
     {kActionPaste, PasteClipboard},
     {kActionClear, Plain<Clear>},
     {kActionSelectAll, Plain<SelectAll>},

@@ -13,6 +13,7 @@
 #include "note/animation.h"
 #include "note/rolled.h"
 #include "note/win/jotlet_owner.h"
+#include "note/win/picture_work.h"
 #include "note/win/shown_content.h"
 #include "note/win/skinned_window.h"
 #include "note/win/title_edit.h"
@@ -128,16 +129,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// returns.
   void FinishAnimation();
   /// What can be done with its picture now.
-  PictureFacts Drawing() const { return content_->Drawing(); }
-  /// Carries out a command of pictures on what its content file has, if nobody has drawn on it before.
-  bool DoInPicture(ActionCode action, const ContentFile& file);
-  /// Lays a picture over its own, or puts it in the place of that.
-  void PutPicture(const Picture& picture, bool instead, const ContentFile& file);
-  /// In pixels; nothing when it cannot be read.
-  std::optional<Size> PictureSize(const ContentFile& file);
-  void ResizePicture(Size size);
-  /// Gives the words that `JotletOwner::OnPictureAnswer` was asked for.
-  void PutTextInPicture(const DrawnObject& object);
+  PictureFacts Drawing() const;
+  /// Has something done to its picture, which is read from its file if nobody has drawn on it before; false
+  /// when it cannot be read.
+  bool WorkOnPicture(const ContentFile& file, const PictureTask& work);
   void SetUserString(TextView words);
   /// Takes over what a user can set: title, user string, colour, opacity, size and flags.
   void ApplyProperties(const JotletData& wanted);
@@ -195,7 +190,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool DragInPicture(PointerStep step, Point at);
   bool PressInPicture(std::uint16_t key);
   bool Serve(const PictureAnswer& answer);
-  void PictureChanged();
+  void PictureChanged(PictureWork& picture, std::uint64_t versionBefore);
+  bool GiveUpDrawing();
   void OnFilesDropped(WPARAM drop);
   void DragFrame(const Rect& bounds) override;
   void OnDragEnded(Drag ended, bool shift) override;

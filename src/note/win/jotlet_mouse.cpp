@@ -52,18 +52,26 @@ bool BJotlet::BeginScrolling(Point at) {
 
 // False for a note without a picture, and while no tool is in hand.
 bool BJotlet::DragInPicture(PointerStep step, Point at) {
-  const PictureAnswer answer = content_->DragInPicture(step, at, TextArea(skin_->data, view_),
-                                                       ToolSettingsFrom(context_.options, place_.Dpi()));
+  PictureWork* picture = content_->Drawing();
+  if (picture == nullptr) return false;
+  const std::uint64_t before = picture->Version();
+  const PictureAnswer answer =
+      picture->Drag(step, at, TextArea(skin_->data, view_), ToolSettingsFrom(context_.options, place_.Dpi()));
+  PictureChanged(*picture, before);
   return Serve(answer);
 }
 
 bool BJotlet::PressInPicture(std::uint16_t key) {
-  return !record_.readOnly && Serve(content_->PressInPicture(key, GetKeyState(VK_SHIFT) < 0));
+  PictureWork* picture = content_->Drawing();
+  if (picture == nullptr || record_.readOnly) return false;
+  const std::uint64_t before = picture->Version();
+  const PictureAnswer answer = picture->Press(key, GetKeyState(VK_SHIFT) < 0);
+  PictureChanged(*picture, before);
+  return Serve(answer);
 }
 
 bool BJotlet::Serve(const PictureAnswer& answer) {
   if (!answer.used) return false;
-  PictureChanged();
   if (!answer.picked && !answer.write) return true;
   // A press is still being served, and words are asked for in a dialog, in which the note may go.
   press_.asked = answer;
@@ -81,12 +89,21 @@ void BJotlet::OnFilesDropped(WPARAM drop) {
   if (any) owner_.OnPictureAnswer(*this, {.used = true, .load = path});
 }
 
-void BJotlet::PictureChanged() {
-  UpdateView();
-  const RECT area = ToRECT(TextArea(skin_->data, view_));
+// A line that is being drawn changes what is shown, and is no change of the note before it is done.
+void BJotlet::PictureChanged(PictureWork& picture, std::uint64_t versionBefore) {
+  const RECT area = ToRECT(picture.ConsumeChanged(TextArea(skin_->data, view_)));
   InvalidateRect(Handle(), &area, FALSE);
+  if (picture.Version() == versionBefore) return;
+  UpdateView();
   TellChanges();
-  if (content_->HasUnsavedChanges()) OnContentChanged();
+  OnContentChanged();
+}
+
+bool BJotlet::GiveUpDrawing() {
+  PictureWork* picture = content_->Drawing();
+  if (picture == nullptr || !picture->GiveUpDrag()) return false;
+  PictureChanged(*picture, picture->Version());
+  return true;
 }
 
 void BJotlet::DropContent(Point at) {
@@ -94,7 +111,7 @@ void BJotlet::DropContent(Point at) {
 }
 
 LPCWSTR BJotlet::CursorAt(Point at) const {
-  const bool draws = content_->Drawing().tool != kActionNone && PartAt(at) == FramePart::kContent;
+  const bool draws = Drawing().tool != kActionNone && PartAt(at) == FramePart::kContent;
   return draws ? IDC_CROSS : SkinnedWindow::CursorAt(at);
 }
 
@@ -180,7 +197,7 @@ void BJotlet::BeginDragAtMouse() {
 
 void BJotlet::OnDragEnded(Drag ended, bool shift) {
   // The mouse was taken away, by a menu or another program.
-  if (ended == Drag::kContent && IsHeld(VK_LBUTTON) && content_->GiveUpDrag()) PictureChanged();
+  if (ended == Drag::kContent && IsHeld(VK_LBUTTON)) GiveUpDrawing();
   if (ended == Drag::kMoving) owner_.OnJotletMouse(*this, JotletMouse::kDropped, shift);
   if (!WasPlaced(ended)) return;
   Tell(JotletEvent::kChanged);

@@ -37,42 +37,25 @@ void BJotlet::DoPart(PartUse use) {
   UpdateView();
 }
 
-bool BJotlet::DoInPicture(ActionCode action, const ContentFile& file) {
+PictureFacts BJotlet::Drawing() const {
+  const PictureWork* picture = content_->Drawing();
+  return picture == nullptr ? PictureFacts() : picture->Facts();
+}
+
+bool BJotlet::WorkOnPicture(const ContentFile& file, const PictureTask& work) {
   const Options& options = context_.options;
-  if (!content_->BeginDrawing(file, options.imageUndo)) return false;
-  const bool done = content_->DoInPicture(action, ToolSettingsFrom(options, place_.Dpi()));
-  if (done) PictureChanged();
-  return done;
-}
-
-void BJotlet::PutPicture(const Picture& picture, bool instead, const ContentFile& file) {
-  if (!content_->BeginDrawing(file, context_.options.imageUndo)) return;
-  content_->PutPicture(picture, instead);
-  PictureChanged();
-}
-
-std::optional<Size> BJotlet::PictureSize(const ContentFile& file) {
-  if (!content_->BeginDrawing(file, context_.options.imageUndo)) return std::nullopt;
-  return content_->PictureSize();
-}
-
-void BJotlet::ResizePicture(Size size) {
-  content_->ResizePicture(size);
-  PictureChanged();
-}
-
-void BJotlet::PutTextInPicture(const DrawnObject& object) {
-  content_->PutText(object);
-  PictureChanged();
+  PictureWork* picture = content_->BeginDrawing(file, options.imageUndo);
+  if (picture == nullptr) return false;
+  const std::uint64_t before = picture->Version();
+  work(*picture, ToolSettingsFrom(options, place_.Dpi()));
+  PictureChanged(*picture, before);
+  return true;
 }
 
 bool BJotlet::DoAction(ActionCode action, Point at) {
   static_assert(AreHandlersBy(ActionBy::kNote, kHandlers));
   // What is being drawn is the last that was done.
-  if (content_->GiveUpDrag()) {
-    PictureChanged();
-    if (action == kActionUndo) return true;
-  }
+  if (GiveUpDrawing() && action == kActionUndo) return true;
   if (!StateOf(action, owner_.FactsOf(*this)).enabled) return false;
   // A click on a button of the skin has a place, keys and commands have none.
   menuAsked_ = at == Point{} ? std::nullopt : std::optional(MousePosition());

@@ -17,13 +17,7 @@ Text TimeWords(const Clock& clock, std::int32_t utc) {
 
 // What the line at the foot tells, in the order in which one goes before another.
 Text TagWords(const Clock& clock, const JotletData& record, const StackNames& stackName) {
-  // Within these days the name of the day says which one it is.
-  constexpr std::int64_t kSoon = 6 * 24 * 3600;
-  if (record.alarm > 0) {
-    const Moment now = clock.Now();
-    const bool soon = record.alarm > now.utc && record.alarm - now.utc < kSoon;
-    return soon ? ShownSoon(clock.ToLocal(record.alarm), now.local) : TimeWords(clock, record.alarm);
-  }
+  if (record.alarm > 0) return ShownNear(clock, record.alarm, ShownTime);
   if (record.IsAttached()) return record.attachment.title;
   return stackName(record.stack).value_or(Text());
 }

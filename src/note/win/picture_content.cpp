@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "skin/win/clipboard.h"
+#include "picture/win/picture_clipboard.h"
 
 namespace jotlets {
 namespace {
@@ -42,27 +42,27 @@ void PictureContent::DecodeNow() const {
   if (picture) picture_.Load(Shrunk(std::move(*picture), kLargestShown));
 }
 
-bool PictureContent::BeginDrawing(const ContentFile& file, std::int32_t steps) {
-  if (work_) return true;
-  auto picture = DecodePng(file.bytes());
-  if (!picture) return false;
-  work_ = std::make_unique<PictureWork>(*std::move(picture), steps);
+PictureWork* PictureContent::BeginDrawing(const ContentFile& file, std::int32_t steps) {
+  if (work_) return work_.get();
+  auto parts = PartsOf(file.bytes(), file.objects());
+  if (!parts) return nullptr;
+  work_ = std::make_unique<PictureWork>(*std::move(parts), steps);
   saved_ = work_->Version();
   undecoded_ = {};
   picture_ = {};
-  return true;
+  return work_.get();
 }
 
 ContentBytes PictureContent::BytesToSave() const {
   if (!HasUnsavedChanges()) return {};
-  const std::string& png = work_->Png();
-  if (png.empty()) return {FileStatus::Failed(u"the picture could not be written as PNG"), {}};
-  return {{}, png};
+  const PictureFiles& made = work_->Files();
+  if (made.png.empty()) return {FileStatus::Failed(u"the picture could not be written as PNG"), {}, {}};
+  return {{}, made.png, made.objects};
 }
 
 ContentCopy PictureContent::Copy(bool) const {
   if (!HasUnsavedChanges()) return {};
-  return {work_->Png(), {}};
+  return {work_->Files().png, {}};
 }
 
 std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& area) const {
@@ -73,7 +73,7 @@ std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& area) const {
 }
 
 void PictureContent::PutOnClipboard(HWND owner, bool, const ContentFile& file) const {
-  PutPictureOnClipboard(owner, work_ ? work_->Png() : file.bytes());
+  PutPictureOnClipboard(owner, work_ ? work_->Files().png : file.bytes());
 }
 
 }  // namespace jotlets

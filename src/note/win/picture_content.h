@@ -2,6 +2,7 @@
 #pragma once
 
 #include "note/win/picture_work.h"
+#include "note/win/shown_content.h"
 
 namespace jotlets {
 
@@ -24,29 +25,8 @@ class PictureContent final : public ShownContent {
   void Paste(bool) override {}
   void PasteAtEnd(bool) override {}
 
-  PictureFacts Drawing() const override { return work_ ? work_->Facts() : PictureFacts(); }
-  bool BeginDrawing(const ContentFile& file, std::int32_t steps) override;
-  bool DoInPicture(ActionCode action, const ToolSettings& settings) override {
-    return work_ && work_->Do(action, settings);
-  }
-  void PutPicture(const Picture& picture, bool instead) override {
-    if (work_) work_->Put(picture, instead);
-  }
-  Size PictureSize() const override { return work_ ? work_->PixelSize() : Size(); }
-  void ResizePicture(Size size) override {
-    if (work_) work_->Resize(size);
-  }
-  PictureAnswer DragInPicture(PointerStep step, Point at, const Rect& area,
-                              const ToolSettings& settings) override {
-    return work_ ? work_->Drag(step, at, area, settings) : PictureAnswer();
-  }
-  PictureAnswer PressInPicture(std::uint16_t key, bool shift) override {
-    return work_ ? work_->Press(key, shift) : PictureAnswer();
-  }
-  bool GiveUpDrag() override { return work_ && work_->GiveUpDrag(); }
-  void PutText(const DrawnObject& object) override {
-    if (work_) work_->PutText(object);
-  }
+  PictureWork* Drawing() const override { return work_.get(); }
+  PictureWork* BeginDrawing(const ContentFile& file, std::int32_t steps) override;
 
   std::unique_ptr<SkinInlay> Inlay(const Rect& area) const override;
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;

@@ -1,8 +1,9 @@
 #include "note/win/picture_work.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "picture/object_file.h"
+#include "picture/picture_file.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -67,7 +68,7 @@ ToolSettings ToolSettingsFrom(const Options& options, std::int32_t dpi) {
 }
 
 PictureFacts PictureWork::Facts() const {
-  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), kActionNone};
+  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), HasSelection(), kActionNone};
   const auto row = std::ranges::find(kTools, tool_.Chosen(), &ToolRow::tool);
   if (inHand_ && row != std::end(kTools)) facts.tool = row->action;
   return facts;
@@ -83,12 +84,7 @@ bool PictureWork::Do(ActionCode action, const ToolSettings& settings) {
   }
   const auto row = std::ranges::find(kEffects, action, &EffectRow::action);
   if (row == std::end(kEffects)) return DoWhole(action);
-  // What mirrors the whole does so to what is drawn on it, too.
-  if (action == kActionMirror || action == kActionFlip) {
-    document_.Turn(action == kActionMirror ? Orientation::kMirrored : Orientation::kFlipped);
-  } else {
-    document_.Apply(row->effect);
-  }
+  document_.Apply(row->effect);
   ShowAll();
   return true;
 }
@@ -99,7 +95,8 @@ bool PictureWork::DoWhole(ActionCode action) {
     case kActionRedo: document_.Redo(); break;
     case kActionRotLeft: document_.Turn(Orientation::kTurnedLeft); break;
     case kActionRotRight: document_.Turn(Orientation::kTurnedRight); break;
-    case kActionPenClearSel: document_.Clear(document_.Selection()); break;
+    case kActionClear:
+    case kActionPenClearSel: return ClearSelected(), true;
     case kActionPenClearAll: {
       Picture white = BlankPicture(document_.PictureSize());
       std::ranges::fill(white.pixels, std::uint8_t{255});
@@ -117,15 +114,35 @@ void PictureWork::Resize(Size size) {
   ShowAll();
 }
 
-void PictureWork::Put(const Picture& picture, bool instead) {
-  if (instead) {
-    document_.Load(picture);
-  } else {
-    document_.Paste(picture, {});
-    tool_.Choose(Tool::kSelect);
-    inHand_ = true;
-  }
+void PictureWork::Paste(const Picture& picture) {
+  document_.Paste(picture, {});
+  tool_.Choose(Tool::kSelect);
+  inHand_ = true;
   ShowAll();
+}
+
+void PictureWork::Load(Picture picture) {
+  document_.Load(std::move(picture));
+  ShowAll();
+}
+
+// The area, else the object.
+void PictureWork::ClearSelected() {
+  IsEmptyRect(document_.Selection()) ? document_.Delete(document_.SelectedObject())
+                                     : document_.Clear(document_.Selection());
+  ShowAll();
+}
+
+std::string PictureWork::SelectedPng() const {
+  Rect area = document_.Selection();
+  const DrawnObject* object = document_.Find(document_.SelectedObject());
+  if (IsEmptyRect(area) && object != nullptr) area = BoundsOf(*object);
+  return EncodePng(document_.Composed(IsEmptyRect(area) ? WholeOf(document_.PictureSize()) : area));
+}
+
+void PictureWork::ShowAll() {
+  shown_.Load(document_.Composed());
+  changed_ = WholeOf(document_.PictureSize());
 }
 
 std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
@@ -136,14 +153,13 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
   } else if (!IsEmptyRect(answer.changed)) {
     shown_.Put({answer.changed.left, answer.changed.top},
                document_.Composed(answer.changed, tool_.Preview()));
+    changed_ = Enclosing(changed_, answer.changed);
   }
   return answer.write;
 }
 
 PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
   if (!inHand_) return {};
-  // The mouse button was let go where nobody saw it.
-  if (step == PointerStep::kDown) GiveUpDrag();
   const Size size = document_.PictureSize();
   const Size fitted = FittedSize(size, {area.Width(), area.Height()});
   const double scale = static_cast<double>(size.width) / std::max(fitted.width, 1);
@@ -182,6 +198,11 @@ PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
   return answer;
 }
 
+const DrawnObject* PictureWork::Selected() const {
+  if (tool_.Chosen() != Tool::kSelect) return nullptr;
+  return tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
+}
+
 Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
   const Size size = document_.PictureSize();
   const Size fitted = FittedSize(size, {area.Width(), area.Height()});
@@ -202,16 +223,31 @@ void PictureWork::Draw(HDC dc, const Rect& area) const {
   IntersectClipRect(dc, picture.left, picture.top, picture.right, picture.bottom);
   const Rect& frame = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
   if (!IsEmptyRect(frame)) DrawFrame(dc, Placed(frame, area));
-  const DrawnObject* selected =
-      tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
-  if (selected != nullptr && tool_.Chosen() == Tool::kSelect)
-    DrawFrame(dc, Placed(BoundsOf(*selected), area));
+  if (const DrawnObject* selected = Selected()) DrawFrame(dc, Placed(BoundsOf(*selected), area));
   RestoreDC(dc, state);
 }
 
-const std::string& PictureWork::Png() const {
+Rect PictureWork::FramesOf() const {
+  if (!inHand_) return {};
+  Rect frames = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
+  if (const DrawnObject* selected = Selected()) frames = Enclosing(frames, BoundsOf(*selected));
+  return frames;
+}
+
+Rect PictureWork::ConsumeChanged(const Rect& area) {
+  constexpr std::int32_t kEdge = 2;  // pixels that a stretched edge and a frame reach further
+  const Rect frames = FramesOf();
+  const Rect changed =
+      Enclosing(std::exchange(changed_, {}), Enclosing(std::exchange(framed_, frames), frames));
+  if (IsEmptyRect(changed)) return {};
+  const Rect placed = Placed(changed, area);
+  return CommonPart({placed.left - kEdge, placed.top - kEdge, placed.right + kEdge, placed.bottom + kEdge},
+                    area);
+}
+
+const PictureFiles& PictureWork::Files() const {
   if (writtenVersion_ != document_.Version()) {
-    written_ = FilesOf(document_.PartsToSave(), letters_).png;
+    written_ = FilesOf(document_.PartsToSave(), letters_);
     writtenVersion_ = document_.Version();
   }
   return written_;

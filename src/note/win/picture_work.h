@@ -3,50 +3,81 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "action/actions.h"
 #include "data/options.h"
-#include "note/win/shown_content.h"
+#include "picture/object_file.h"
 #include "picture/picture_tool.h"
 #include "picture/win/letters.h"
 #include "skin/win/picture_bitmap.h"
 
 namespace jotlets {
 
+/// What can be done with a picture now.
+struct PictureFacts {
+  bool canUndo = false;
+  bool canRedo = false;
+  bool hasSelection = false;
+  ActionCode tool = kActionNone;  // that chose the tool in hand
+};
+
+enum class PointerStep : std::uint8_t { kDown, kMove, kUp };
+
+/// What came of the mouse or a key on a picture.
+struct PictureAnswer {
+  bool used = false;
+  std::optional<Colour> picked = {};
+  Text load = {};                         // the file that was dropped on it
+  std::optional<DrawnObject> write = {};  // words are asked for, and given back by `PutText`
+};
+
 class PictureWork {
  public:
-  PictureWork(Picture picture, std::int32_t undoSteps)
-      : document_({std::move(picture), {}}, letters_, undoSteps) {
+  PictureWork(PictureParts parts, std::int32_t undoSteps) : document_(std::move(parts), letters_, undoSteps) {
     shown_.Load(document_.Composed());
   }
 
   PictureFacts Facts() const;
   /// Carries out a command; false for one that is none of a picture's.
   bool Do(ActionCode action, const ToolSettings& settings);
-  /// Lays a picture over this one and selects it, or puts it in its place.
-  void Put(const Picture& picture, bool instead);
+  /// Lays a picture over this one and selects it.
+  void Paste(const Picture& picture);
+  /// Puts another picture in its place.
+  void Load(Picture picture);
   Size PixelSize() const { return document_.PictureSize(); }
   void Resize(Size size);
   /// What the mouse does at a place of the note, whose picture is shown in `area`.
   PictureAnswer Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings);
   PictureAnswer Press(std::uint16_t key, bool shift);
+  /// Nothing of what is being drawn remains; whether anything was.
   bool GiveUpDrag();
   void PutText(const DrawnObject& object) { Show(tool_.PutText(object)); }
+  /// The part that is selected as a PNG, or all of it.
+  std::string SelectedPng() const;
 
   /// The picture and what is dragged on it or selected.
   void Draw(HDC dc, const Rect& area) const;
+  /// What is to be drawn anew of the picture shown in `area`, since this was asked the last time.
+  Rect ConsumeChanged(const Rect& area);
   /// Another number after every change.
   std::uint64_t Version() const { return document_.Version(); }
-  /// The picture as its file is to hold it; made once for each version.
-  const std::string& Png() const;
+  /// What its files are to hold; made once for each version.
+  const PictureFiles& Files() const;
 
  private:
   bool DoWhole(ActionCode action);
   std::optional<DrawnObject> Show(const ToolAnswer& answer);
-  void ShowAll() { shown_.Load(document_.Composed()); }
+  void ShowAll();
+  void ClearSelected();
+  bool HasSelection() const {
+    return !IsEmptyRect(document_.Selection()) || document_.Find(document_.SelectedObject()) != nullptr;
+  }
+  const DrawnObject* Selected() const;
+  Rect FramesOf() const;
   Rect Placed(const Rect& ofPicture, const Rect& area) const;
 
   SystemLetters letters_;
@@ -54,9 +85,14 @@ class PictureWork {
   PictureTool tool_{document_};
   bool inHand_ = false;  // a tool is: else the mouse moves the note
   PictureBitmap shown_;
+  Rect changed_;  // of the picture, and not drawn yet
+  Rect framed_;   // what the frames drawn on it enclose
   mutable std::uint64_t writtenVersion_ = 0;
-  mutable std::string written_;
+  mutable PictureFiles written_;
 };
+
+/// Something to be done to a picture, with what new objects are drawn with.
+using PictureTask = std::function<void(PictureWork& picture, const ToolSettings& settings)>;
 
 /// The tool of a command; nothing for a command that chooses none.
 std::optional<Tool> ToolOf(ActionCode action);

@@ -7,11 +7,9 @@
 #include <memory>
 #include <optional>
 
-#include "action/actions.h"
 #include "editor/text_search.h"
 #include "editor/win/edit.h"
 #include "note/note_content.h"
-#include "picture/picture_tool.h"
 #include "skin/skin_layout.h"
 #include "skin/win/skin_renderer.h"
 #include "ui/theme.h"
@@ -37,24 +35,10 @@ class ContentWatcher : public EditWatcher {
 struct ContentFile {
   std::function<std::string()> bytes;
   std::function<Text()> richText;
+  std::function<std::string()> objects;  // of the file beside a picture
 };
 
-/// What can be done with a picture now.
-struct PictureFacts {
-  bool canUndo = false;
-  bool canRedo = false;
-  ActionCode tool = kActionNone;  // that chose the tool in hand
-};
-
-enum class PointerStep : std::uint8_t { kDown, kMove, kUp };
-
-/// What came of the mouse or a key on a picture.
-struct PictureAnswer {
-  bool used = false;
-  std::optional<Colour> picked = {};
-  Text load = {};                         // the file that was dropped on it
-  std::optional<DrawnObject> write = {};  // words are asked for, and given back by `PutText`
-};
+class PictureWork;
 
 /// A content with a window of its own says what that does; one that the note paints is painted by its inlay.
 class ShownContent : public NoteContent {
@@ -81,23 +65,10 @@ class ShownContent : public NoteContent {
   virtual void Show(bool) {}
   /// `area` in client pixels of the note.
   virtual void SetBounds(const Rect&) {}
-  /// What can be drawn on is a picture, others do nothing of this.
-  virtual PictureFacts Drawing() const { return {}; }
-  /// Carries out a command of pictures; false for one that is none.
-  virtual bool DoInPicture(ActionCode, const ToolSettings&) { return false; }
-  /// Gets ready to be drawn on, `steps` of which can be undone; false when it cannot be.
-  virtual bool BeginDrawing(const ContentFile&, std::int32_t) { return false; }
-  /// Lays a picture over this one, or puts it in its place.
-  virtual void PutPicture(const Picture&, bool) {}
-  /// Of a picture that is drawn on.
-  virtual Size PictureSize() const { return {}; }
-  virtual void ResizePicture(Size) {}
-  /// What the mouse does at a place of the note.
-  virtual PictureAnswer DragInPicture(PointerStep, Point, const Rect&, const ToolSettings&) { return {}; }
-  virtual PictureAnswer PressInPicture(std::uint16_t, bool) { return {}; }
-  /// Nothing of what is being drawn remains; whether anything was.
-  virtual bool GiveUpDrag() { return false; }
-  virtual void PutText(const DrawnObject&) {}
+  /// The picture that is drawn on; nullptr as long as nobody does, and for other contents.
+  virtual PictureWork* Drawing() const { return nullptr; }
+  /// Gets ready to be drawn on, `steps` of which can be undone; nullptr when it cannot be.
+  virtual PictureWork* BeginDrawing(const ContentFile&, std::int32_t) { return nullptr; }
   /// What the note paints into the area of the content.
   virtual std::unique_ptr<SkinInlay> Inlay(const Rect&) const { return nullptr; }
 

@@ -8,7 +8,7 @@
 #include "data/rtf_text.h"
 #include "editor/win/edit_text.h"
 #include "editor/win/editor_bounds.h"
-#include "skin/win/clipboard.h"
+#include "ui/clipboard.h"
 
 namespace jotlets {
 namespace {

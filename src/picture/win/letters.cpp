@@ -8,7 +8,7 @@
 
 #include "base/win/wide.h"
 #include "picture/pixels.h"
-#include "ui/handle.h"
+#include "ui/pixel_bitmap.h"
 
 namespace jotlets {
 namespace {
@@ -57,17 +57,9 @@ LetterMask SystemLetters::Paint(const LetterLook& look) const {
     mask.size.width = std::max(mask.size.width, static_cast<std::int32_t>(SizeOfLine(dc.get(), line).cx));
   mask.size.height = Saturated(std::int64_t{metric.tmHeight} * static_cast<std::int64_t>(lines.size()));
   if (!IsPictureSize(mask.size)) return {};
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = mask.size.width;
-  info.bmiHeader.biHeight = -mask.size.height;  // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  void* pixels = nullptr;
-  const UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-  if (!bitmap) return {};
-  const Selected selectedBitmap(dc.get(), bitmap.get());
+  const PixelBitmap drawn = MakePixelBitmap(mask.size);
+  if (!drawn.bitmap) return {};
+  const Selected selectedBitmap(dc.get(), drawn.bitmap.get());
   SetTextColor(dc.get(), RGB(255, 255, 255));
   SetBkMode(dc.get(), TRANSPARENT);
   for (std::size_t i = 0; i < lines.size(); ++i)
@@ -76,8 +68,7 @@ LetterMask SystemLetters::Paint(const LetterLook& look) const {
   GdiFlush();
   const auto count = static_cast<std::size_t>(mask.size.width) * static_cast<std::size_t>(mask.size.height);
   mask.coverage.resize(count);
-  const auto* from = static_cast<const std::uint8_t*>(pixels);
-  for (std::size_t at = 0; at < count; ++at) mask.coverage[at] = from[at * 4 + 1];
+  for (std::size_t at = 0; at < count; ++at) mask.coverage[at] = drawn.pixels[at * 4 + 1];
   return mask;
 }
 

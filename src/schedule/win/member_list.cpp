@@ -17,6 +17,10 @@ constexpr std::int32_t kMinThumb = 12;
 constexpr Colour kFrame{140, 140, 140};
 constexpr Colour kDropTarget{0, 117, 199};
 
+bool IsAway(const StackMember& member) {
+  return member.state == MemberState::kAsleep || member.state == MemberState::kWaiting;
+}
+
 void Fill(HDC dc, const Rect& area, Colour colour) {
   SetDCBrushColor(dc, ToCOLORREF(colour));
   const RECT rect = ToRECT(area);
@@ -62,7 +66,7 @@ Size MemberListInlay::SwatchOf(std::int32_t height) const {
 // What becomes of the note, at the end of its row: an eye for one that is on the desktop. Where that begins.
 std::int32_t MemberListInlay::DrawState(HDC dc, const Rect& row, const StackMember& member,
                                         Colour ink) const {
-  const bool away = member.state == MemberState::kAsleep || member.state == MemberState::kWaiting;
+  const bool away = IsAway(member);
   if (member.state == MemberState::kHidden) return row.right - Scaled(8);
   const Icon sign = !away ? Icon::kEye : member.state == MemberState::kAsleep ? Icon::kMoon : Icon::kAttach;
   DrawIcon(dc, sign, {row.right - Scaled(15), row.top + row.Height() / 2}, look_.dpi, ink);
@@ -106,7 +110,7 @@ void MemberListInlay::DrawRow(HDC dc, std::size_t row) const {
         : look_.bars   ? Shaded(member.colour, 30)
         : plain        ? kFrame
                        : Mixed(kFrame, {255, 255, 255}));
-  const bool away = member.state == MemberState::kAsleep || member.state == MemberState::kWaiting;
+  const bool away = IsAway(member);
   const Selected font(dc, away && !look_.bars ? look_.awayFont : look_.font);
   const std::int32_t end =
       look_.bars ? DrawState(dc, rect, member, InkOf(row, true)) : rect.right - Scaled(kThumbWidth) - 2;

@@ -2,22 +2,17 @@
 
 #include <cstring>
 
+#include "ui/pixel_bitmap.h"
+
 namespace jotlets {
 
 bool PictureBitmap::Load(const Picture& picture) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = picture.size.width;
-  info.bmiHeader.biHeight = -picture.size.height;  // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  void* pixels = nullptr;
-  bitmap_.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+  PixelBitmap made = MakePixelBitmap(picture.size);
+  bitmap_ = std::move(made.bitmap);
   size_ = {};
   if (!bitmap_) return false;
-  std::memcpy(pixels, picture.pixels.data(), picture.pixels.size());
-  pixels_ = static_cast<std::uint8_t*>(pixels);
+  std::memcpy(made.pixels, picture.pixels.data(), picture.pixels.size());
+  pixels_ = made.pixels;
   size_ = picture.size;
   return true;
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/win/wide.h"
+#include "ui/pixel_bitmap.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -84,7 +85,12 @@ void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, c
   canvas.SetClip(part);
   TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper), skin.data.dpi);
   DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
-  if (inlay != nullptr) inlay->Draw(memory_.get());
+  if (inlay != nullptr) {
+    const int state = SaveDC(memory_.get());
+    IntersectClipRect(memory_.get(), part.left, part.top, part.right, part.bottom);
+    inlay->Draw(memory_.get());
+    RestoreDC(memory_.get(), state);
+  }
   BitBlt(screen, part.left, part.top, part.Width(), part.Height(), memory_.get(), part.left, part.top,
          SRCCOPY);
 }
@@ -95,19 +101,11 @@ bool SkinRenderer::Provide(HDC screen, Size size) {
     return std::max(have, (wanted + kGrowth - 1) / kGrowth * kGrowth);
   };
   const Size wanted{grown(size_.width, size.width), grown(size_.height, size.height)};
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = wanted.width;
-  info.bmiHeader.biHeight = -wanted.height;  // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  void* pixels = nullptr;
-  UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+  PixelBitmap made = MakePixelBitmap(wanted);
   if (!memory_) memory_.reset(CreateCompatibleDC(screen));
-  if (!bitmap || !memory_) return false;
-  bitmap_ = std::move(bitmap);
-  pixels_ = static_cast<std::uint8_t*>(pixels);
+  if (!made.bitmap || !memory_) return false;
+  bitmap_ = std::move(made.bitmap);
+  pixels_ = made.pixels;
   size_ = wanted;
   return true;
 }

@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "backup/backup.h"
-#include "skin/win/clipboard.h"
+#include "picture/win/picture_clipboard.h"
 
 namespace jotlets {
 namespace {

@@ -11,8 +11,8 @@
 #include "editor/win/style_sample.h"
 #include "note/papers.h"
 #include "note/win/colour_menu.h"
+#include "picture/win/picture_clipboard.h"
 #include "res/resource.h"
-#include "skin/win/clipboard.h"
 #include "ui/system_choosers.h"
 
 namespace jotlets {
@@ -117,7 +117,7 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
     const PictureFacts drawing = jotlet.Drawing();
     facts.edit.canUndo = drawing.canUndo;
     facts.edit.canRedo = drawing.canRedo;
-    facts.edit.hasSelection = true;
+    facts.edit.hasSelection = drawing.hasSelection;
     facts.edit.canPaste = HasClipboardPicture();
     facts.tool = drawing.tool;
     facts.penWidth = tools_.options.penWidth;

@@ -3,8 +3,8 @@
 #include "action/action_table.h"
 #include "picture/picture.h"
 #include "picture/resizing.h"
+#include "picture/win/picture_clipboard.h"
 #include "res/resource.h"
-#include "skin/win/clipboard.h"
 #include "ui/system_choosers.h"
 #include "ui/text_dialog.h"
 #include "ui/user_messages.h"
@@ -16,7 +16,6 @@ bool PictureCommands::Do(const Text& id, ActionCode action) {
   if (jotlet == nullptr || !jotlet->StoredRecord().IsImage()) return false;
   const NoteAction& row = RowOf(action);
   if (row.by != ActionBy::kPicture && row.by != ActionBy::kEditor) return false;
-  const ContentFile file = FileOf(id);
   if (row.sets.what == ActionSets::kPenWidth) return SetPen(row.sets.value, Pen()), true;
   switch (action) {
     case kActionPenColour: {
@@ -25,25 +24,51 @@ bool PictureCommands::Do(const Text& id, ActionCode action) {
       return true;
     }
     case kActionPaste:
-    case kActionPasteIntoImage: return Paste(*jotlet, file), true;
+    case kActionPasteIntoImage: return Paste(*jotlet), true;
     case kActionPenLoadImage: return Choose(id), true;
     case kActionSizeImageJotlet: return AskSize(id), true;
-    case kActionCopy: return jotlet->CopyContent(jotlet->Handle(), true, file), true;
-    default: return jotlet->DoInPicture(action, file);
+    case kActionCopy: return Copy(*jotlet), true;
+    case kActionCut: return Cut(*jotlet), true;
+    default: break;
   }
+  bool done = false;
+  WorkOn(*jotlet,
+         [&](PictureWork& picture, const ToolSettings& settings) { done = picture.Do(action, settings); });
+  return done;
+}
+
+void PictureCommands::WorkOn(BJotlet& jotlet, const PictureTask& work) {
+  if (jotlet.WorkOnPicture(FileOf(jotlet.StoredRecord().id), work)) return;
+  Tell(jotlet.Handle(), resources_, IDS_NO_PICTURE, desk_.Folder() + ContentPath(jotlet.StoredRecord()));
 }
 
 ContentFile PictureCommands::FileOf(const Text& id) const {
-  const auto bytes = [this, id] {
+  const auto read = [this, id](std::string (NoteContents::*part)(const JotletData&) const) {
     const JotletData* record = desk_.Lists().desktop.Find(id);
-    return record == nullptr ? std::string() : contents_.BytesOf(*record);
+    return record == nullptr ? std::string() : (contents_.*part)(*record);
   };
-  return {bytes, {}};
+  return {
+      [read] { return read(&NoteContents::BytesOf); }, {}, [read] { return read(&NoteContents::ObjectsOf); }};
 }
 
-void PictureCommands::Paste(BJotlet& jotlet, const ContentFile& file) {
-  if (const auto picture = DecodePng(ClipboardPicture(jotlet.Handle())))
-    jotlet.PutPicture(*picture, false, file);
+void PictureCommands::Paste(BJotlet& jotlet) {
+  if (const auto pasted = DecodePng(ClipboardPicture(jotlet.Handle())))
+    WorkOn(jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Paste(*pasted); });
+}
+
+void PictureCommands::Copy(BJotlet& jotlet) {
+  if (!jotlet.Drawing().hasSelection)
+    return jotlet.CopyContent(jotlet.Handle(), true, FileOf(jotlet.StoredRecord().id));
+  WorkOn(jotlet, [&](PictureWork& picture, const ToolSettings&) {
+    PutPictureOnClipboard(jotlet.Handle(), picture.SelectedPng());
+  });
+}
+
+void PictureCommands::Cut(BJotlet& jotlet) {
+  WorkOn(jotlet, [&](PictureWork& picture, const ToolSettings& settings) {
+    if (PutPictureOnClipboard(jotlet.Handle(), picture.SelectedPng()))
+      picture.Do(kActionPenClearSel, settings);
+  });
 }
 
 void PictureCommands::Choose(const Text& id) {
@@ -54,15 +79,16 @@ void PictureCommands::Choose(const Text& id) {
 void PictureCommands::Load(const Text& id, const Text& path) {
   BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr || jotlet->StoredRecord().readOnly) return;
-  const auto picture = DecodePng(contents_.ReadPicture(path));
-  if (!picture) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE, path);
-  jotlet->PutPicture(*picture, true, FileOf(id));
+  auto loaded = DecodePng(contents_.ReadPicture(path));
+  if (!loaded) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE, path);
+  WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Load(*std::move(loaded)); });
 }
 
 // "800 x 600"; of one number alone the other follows.
 void PictureCommands::AskSize(const Text& id) {
   BJotlet* jotlet = notes_.Find(id);
-  const auto now = jotlet->PictureSize(FileOf(id));
+  std::optional<Size> now;
+  WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { now = picture.PixelSize(); });
   if (!now) return;
   const Text shown = IntText(now->width) + u" x " + IntText(now->height);
   const auto words =
@@ -71,7 +97,7 @@ void PictureCommands::AskSize(const Text& id) {
   if (!words || jotlet == nullptr) return;
   const std::optional<Size> wanted = PictureSizeFrom(*words, *now);
   if (!wanted) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE_SIZE, *words);
-  jotlet->ResizePicture(*wanted);
+  WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Resize(*wanted); });
 }
 
 Colour PictureCommands::Pen() const {
@@ -96,7 +122,7 @@ void PictureCommands::OnAnswer(const Text& id, const PictureAnswer& answer) {
   jotlet = notes_.Find(id);
   if (!words || jotlet == nullptr) return;
   object.text = *words;
-  jotlet->PutTextInPicture(object);
+  WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.PutText(object); });
 }
 
 }  // namespace jotlets

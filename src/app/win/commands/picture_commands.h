@@ -28,7 +28,10 @@ class PictureCommands {
 
  private:
   ContentFile FileOf(const Text& id) const;
-  void Paste(BJotlet& jotlet, const ContentFile& file);
+  void WorkOn(BJotlet& jotlet, const PictureTask& work);
+  void Paste(BJotlet& jotlet);
+  void Copy(BJotlet& jotlet);
+  void Cut(BJotlet& jotlet);
   void Choose(const Text& id);
   void Load(const Text& id, const Text& path);
   void AskSize(const Text& id);

@@ -56,15 +56,11 @@ void TimeCommands::SleepAll(const std::vector<Text>& ids, std::int64_t wakeTime,
 
 // With the time at which the first comes back.
 void TimeCommands::OfferAsleep(std::vector<Text> ids, const Rect& place) {
-  constexpr std::int64_t kSixDays = 6 * 24 * 60 * 60;
   const JotletData* first = ids.empty() ? nullptr : desk_.Lists().sleeping.Find(ids.front());
   Text words;
-  if (first != nullptr) {
-    const LocalTime back = clock_.ToLocal(first->sleep.nextWake);
-    const bool soon = first->sleep.nextWake - Now() < kSixDays;
+  if (first != nullptr)
     words = ReplaceAll(resources_.String(IDS_UNDO_ASLEEP_UNTIL), u"%s",
-                       soon ? ShownSoon(back, clock_.Now().local) : ShownTime(back));
-  }
+                       ShownNear(clock_, first->sleep.nextWake, ShownTime));
   undo_.Offer(UndoKind::kAsleep, std::move(ids), place, words);
 }
 

@@ -1,10 +1,8 @@
-#include "skin/win/clipboard.h"
+#include "ui/clipboard.h"
 
 #include <cstring>
-#include <span>
+#include <utility>
 #include <vector>
-
-#include "picture/picture_file.h"
 
 namespace jotlets {
 namespace {
@@ -12,11 +10,6 @@ namespace {
 // Another program may be looking at it just now.
 constexpr int kTries = 10;
 constexpr DWORD kPauseMilliseconds = 10;
-
-struct ClipboardItem {
-  UINT format;
-  std::string bytes;
-};
 
 class OpenedClipboard {
  public:
@@ -59,11 +52,11 @@ std::string Read(UINT format) {
   return copy;
 }
 
-UINT PngFormat() { return RegisterClipboardFormatW(L"PNG"); }
-
 std::string WithNul(TextView text) {
   return {reinterpret_cast<const char*>(Text(text).c_str()), (text.size() + 1) * sizeof(char16_t)};
 }
+
+}  // namespace
 
 bool PutOnClipboard(HWND owner, std::span<const ClipboardItem> items) {
   const OpenedClipboard opened(owner);
@@ -72,9 +65,6 @@ bool PutOnClipboard(HWND owner, std::span<const ClipboardItem> items) {
   for (const ClipboardItem& item : items) all = Put(item) && all;
   return all;
 }
-
-}  // namespace
-
 bool PutTextOnClipboard(HWND owner, TextView plain, const std::string& rtf) {
   std::vector<ClipboardItem> items;
   if (!rtf.empty()) items.push_back({RegisterClipboardFormatW(L"Rich Text Format"), rtf + '\0'});
@@ -82,22 +72,13 @@ bool PutTextOnClipboard(HWND owner, TextView plain, const std::string& rtf) {
   return PutOnClipboard(owner, items);
 }
 
-bool PutPictureOnClipboard(HWND owner, const std::string& png) {
-  std::vector<ClipboardItem> items;
-  if (std::string bitmap = ClipboardOfPng(png); !bitmap.empty()) items.push_back({CF_DIB, std::move(bitmap)});
-  items.push_back({PngFormat(), png});
-  return PutOnClipboard(owner, items);
-}
-
-bool HasClipboardPicture() {
-  return IsClipboardFormatAvailable(CF_DIB) != 0 || IsClipboardFormatAvailable(PngFormat()) != 0;
-}
-
-std::string ClipboardPicture(HWND owner) {
+ClipboardItem ReadClipboard(HWND owner, std::span<const UINT> formats) {
   const OpenedClipboard opened(owner);
   if (!opened) return {};
-  std::string png = PngOfPicture(Read(PngFormat()));
-  return png.empty() ? PngOfPicture(BmpOfClipboard(Read(CF_DIB))) : png;
+  for (const UINT format : formats) {
+    if (std::string bytes = Read(format); !bytes.empty()) return {format, std::move(bytes)};
+  }
+  return {};
 }
 
 }  // namespace jotlets
