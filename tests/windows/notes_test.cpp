@@ -7,6 +7,7 @@
 #include "data/text_file.h"
 #include "note/win/jotlet.h"
 #include "res/resource.h"
+#include "ui/clipboard.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -182,6 +183,8 @@ TEST_F(KeysTest, HotKeysCreateNotesAndATakenOneDoesNoHarm) {
   ASSERT_TRUE(StartProgram());
   EXPECT_NE(Log().find("Hot key 10 (Win+Alt+S): "), std::string::npos);
   EXPECT_EQ(TextOf(id), u"Hot");
+  // With a picture on the clipboard it would be a picture note, which takes no words.
+  ASSERT_TRUE(PutTextOnClipboard(nullptr, {}, {}));
   CreateBy({VK_LWIN, VK_MENU, VK_SHIFT, 'S'}, u"Clip");
   UnregisterHotKey(nullptr, 1);
 }
