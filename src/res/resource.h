@@ -444,6 +444,7 @@
 #define IDS_HELP_FAILED 6757
 #define IDS_KEYS_COLUMN 6760
 #define IDS_KEY_PLACE 6770  // in the order of `KeyPlace`
+#define IDS_READING 8118    // "ltr", or "rtl" for a language that is read from right to left
 #define IDS_KEY_ROW 8120    // as many as there are, up to the end
 #define IDS_KEY_ROW_END 8160
 #define IDS_HOT_KEY 6800  // in the order of the options
@@ -458,6 +459,7 @@
 #define IDS_STYLE_RIGHT 6130
 #define IDS_FIND_COUNT 6131
 #define IDS_FIND_NONE 6132
+#define IDS_FIND_PART 8074  // the field and the buttons of the strip, as they are named
 #define IDS_MENU_FONT 6133
 #define IDS_WEB_SEARCH 6134
 #define IDS_MENU_PASTE_PLAIN 6135

@@ -34,6 +34,7 @@ class SkinPainter {
         paper_(PaperColour(skin, view.colour, view.clearPaper)),
         sampling_(view.sampling),
         hover_(view.hover),
+        rightToLeft_(view.rightToLeft),
         contrast_(view.contrast) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
@@ -80,10 +81,17 @@ class SkinPainter {
   }
 
   /// The words of a text, and behind them those of its pill.
-  void Words(const SkinElement& element, const Rect& area, const SkinWords& words, SkinTextSetter& texts) {
-    const Colour ink = InkOf(element, area).value_or(element.colour);
-    const Text shown = ExpandPlaceholders(element.text, words);
-    const Text inPill = ExpandPlaceholders(element.pill, words);
+  void Words(const SkinElement& written, const Rect& area, const SkinWords& words, SkinTextSetter& texts) {
+    const Colour ink = InkOf(written, area).value_or(written.colour);
+    const Text shown = ExpandPlaceholders(written.text, words);
+    const Text inPill = ExpandPlaceholders(written.pill, words);
+    std::optional<SkinElement> turned;
+    if (rightToLeft_ && written.alignment != TextAlignment::kMiddle) {
+      turned = written;
+      turned->alignment =
+          written.alignment == TextAlignment::kRight ? TextAlignment::kLeft : TextAlignment::kRight;
+    }
+    const SkinElement& element = turned ? *turned : written;
     if (inPill.empty()) return texts.SetText(element, area, shown, ink);
     const std::int32_t height = std::min(ScaledLength(kPillHeight, skin_.dpi), area.Height());
     const std::int32_t gap = ScaledLength(kPillGap, skin_.dpi);
@@ -93,9 +101,14 @@ class SkinPainter {
     // Where it would take most of the room the text goes first.
     if (room < area.Width() / 2) return texts.SetText(element, area, shown, ink);
     const std::int32_t used = std::min(texts.WidthOf(element, shown), room);
-    texts.SetText(element, {area.left, area.top, area.left + used, area.bottom}, shown, ink);
+    const auto place = [&](const Rect& part) {
+      if (!rightToLeft_) return part;
+      return Rect{area.left + area.right - part.right, part.top, area.left + area.right - part.left,
+                  part.bottom};
+    };
+    texts.SetText(element, place({area.left, area.top, area.left + used, area.bottom}), shown, ink);
     const Rect pill =
-        RectAt({area.left + used + gap, area.top + (area.Height() - height) / 2}, {width, height});
+        place(RectAt({area.left + used + gap, area.top + (area.Height() - height) / 2}, {width, height}));
     const Colour ground = ShadedForWords(GroundOf(area), kPillShade);
     if (!contrast_) canvas_.FillRound(pill, height / 2, ground);
     SkinElement centred = element;
@@ -232,6 +245,7 @@ class SkinPainter {
   const Colour paper_;
   const Sampling sampling_;
   const std::uint8_t hover_;
+  const bool rightToLeft_;
   const std::optional<ContrastColours>& contrast_;
   std::vector<Ground> grounds_;  // in drawing order
   MadeInk last_;

@@ -89,6 +89,7 @@ struct SkinView {
   Rect focused;             // the part that the keyboard is at; empty for none
   bool clearPaper = false;  // paper in the skin's key colour lets see through
   Sampling sampling = Sampling::kNearest;
+  bool rightToLeft = false;                 // words that begin on the left begin on the right
   std::optional<ContrastColours> contrast;  // the inks that all tints are made of instead
   friend bool operator==(const SkinView&, const SkinView&) = default;
 };

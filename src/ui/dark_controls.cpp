@@ -74,7 +74,10 @@ void Paint(DressedControl kind, HWND control, const Theme& theme) {
   const HFONT font = FontOf(control);
   const UniqueDc memory(CreateCompatibleDC(dc));
   const UniqueBitmap bitmap(CreateCompatibleBitmap(dc, area.right, area.bottom));
-  if (kind == DressedControl::kGroup) {
+  // Of a mirrored picture some systems show the mirror image.
+  const bool mirrored = (GetLayout(dc) & LAYOUT_RTL) != 0;
+  if (kind == DressedControl::kGroup || mirrored) {
+    if (kind != DressedControl::kGroup) ExcludeField(control, dc);
     const Selected selected(dc, font);
     SetBkMode(dc, TRANSPARENT);
     PaintKind(kind, {control, dc, area, theme.Colours()});

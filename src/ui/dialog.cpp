@@ -38,16 +38,18 @@ bool IsFramed(HWND list) {
 
 INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
   theme_ = &resources.Look();
-  return DialogBoxParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), owner, Procedure,
-                         reinterpret_cast<LPARAM>(this));
+  const std::vector<std::byte> form = resources.DialogTemplate(id);
+  return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<LPCDLGTEMPLATEW>(form.data()),
+                                 owner, Procedure, reinterpret_cast<LPARAM>(this));
 }
 
 bool Dialog::Open(const Resources& resources, UINT id, HWND parent) {
   modal_ = false;
   cameFrom_ = GetForegroundWindow();
   theme_ = &resources.Look();
-  return CreateDialogParamW(resources.DialogModule(id), MAKEINTRESOURCEW(id), parent, Procedure,
-                            reinterpret_cast<LPARAM>(this)) != nullptr;
+  const std::vector<std::byte> form = resources.DialogTemplate(id);
+  return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<LPCDLGTEMPLATEW>(form.data()),
+                                    parent, Procedure, reinterpret_cast<LPARAM>(this)) != nullptr;
 }
 
 // The window that was worked with before has the keyboard again: the system would give it to any of ours.

@@ -138,4 +138,9 @@ HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Co
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
+void SetUpRows(HWND list, const Theme& theme) {
+  const DWORD buffered = theme.IsRightToLeft() ? 0 : DWORD{LVS_EX_DOUBLEBUFFER};
+  ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | buffered);
+}
+
 }  // namespace jotlets

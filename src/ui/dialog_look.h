@@ -21,4 +21,8 @@ void DressTooltip(HWND tooltip, const Theme& theme);
 /// contrast, fields in the light. `surface` is what the control stands on.
 HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface);
 
+/// Has a list choose whole rows, and draw them without flicker. A mirrored list may flicker: some systems
+/// draw it into a picture first, and show the mirror image of that.
+void SetUpRows(HWND list, const Theme& theme);
+
 }  // namespace jotlets

@@ -54,8 +54,12 @@ void DrawIcon(HDC dc, Icon icon, Point middle, int dpi, Colour ink) {
   BitBlt(to.get(), 0, 0, side, side, from.get(), 0, (static_cast<int>(icon) - 1) * side, SRCCOPY);
   GdiFlush();
   Colorize(reinterpret_cast<std::uint32_t*>(cell.pixels), side * side, ink);
+  // In a mirrored window signs keep their own direction: a question mark has but one.
+  const DWORD layout = GetLayout(dc);
+  SetLayout(dc, layout | LAYOUT_BITMAPORIENTATIONPRESERVED);
   GdiAlphaBlend(dc, middle.x - shown / 2, middle.y - shown / 2, shown, shown, to.get(), 0, 0, side, side,
                 {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+  SetLayout(dc, layout);
 }
 
 }  // namespace jotlets

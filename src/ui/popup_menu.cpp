@@ -21,19 +21,23 @@ bool HasCommand(HMENU menu, UINT command) {
   return false;
 }
 
+UINT FlagsOf(const Theme& theme) {
+  return TPM_RIGHTBUTTON | (theme.IsRightToLeft() ? UINT{TPM_LAYOUTRTL} : 0u);
+}
+
 }  // namespace
 
 UINT ChooseFromMenu(const Theme& theme, HMENU menu, Point at, HWND owner, std::span<SwatchRow* const> rows) {
   const SwatchTracking tracking(owner, rows, theme);
   const DrawnMenu drawn(menu, owner, theme);
   const auto chosen =
-      static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
+      static_cast<UINT>(TrackPopupMenu(menu, FlagsOf(theme) | TPM_RETURNCMD, at.x, at.y, 0, owner, nullptr));
   return HasCommand(menu, chosen) ? chosen : 0;
 }
 
 void ShowMenu(const Theme& theme, HMENU menu, Point at, HWND owner) {
   const DrawnMenu drawn(menu, owner, theme);
-  TrackPopupMenu(menu, TPM_RIGHTBUTTON, at.x, at.y, 0, owner, nullptr);
+  TrackPopupMenu(menu, FlagsOf(theme), at.x, at.y, 0, owner, nullptr);
 }
 
 }  // namespace jotlets

@@ -1,6 +1,9 @@
 #include "ui/resources.h"
 
+#include <cstring>
+
 #include "base/win/wide.h"
+#include "res/resource.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -15,10 +18,11 @@ Text StringOf(HMODULE module, UINT id) {
 
 }  // namespace
 
-Resources::Resources(const Theme& theme) : theme_(theme), program_(GetModuleHandleW(nullptr)) {
+Resources::Resources(Theme& theme) : theme_(theme), program_(GetModuleHandleW(nullptr)) {
   const Text path = ProgramFolder() + u"language80.dll";
   translation_.reset(
       LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+  theme.SetRightToLeft(String(IDS_READING) == u"rtl");
 }
 
 Text Resources::String(UINT id) const {
@@ -54,10 +58,29 @@ std::string_view Resources::Bytes(UINT id) const {
   return {static_cast<const char*>(LockResource(loaded)), SizeofResource(program_, found)};
 }
 
-HMODULE Resources::DialogModule(UINT id) const {
-  const bool translated = translation_ && FindResourceW(translation_.get(), MAKEINTRESOURCEW(id),
-                                                        reinterpret_cast<const wchar_t*>(RT_DIALOG));
-  return translated ? translation_.get() : program_;
+std::vector<std::byte> Resources::DialogTemplate(UINT id) const {
+  const auto type = reinterpret_cast<const wchar_t*>(RT_DIALOG);
+  HMODULE module = translation_.get();
+  HRSRC found = module == nullptr ? nullptr : FindResourceW(module, MAKEINTRESOURCEW(id), type);
+  if (found == nullptr) {
+    module = program_;
+    found = FindResourceW(module, MAKEINTRESOURCEW(id), type);
+  }
+  const HGLOBAL loaded = found == nullptr ? nullptr : LoadResource(module, found);
+  if (loaded == nullptr) return {};
+  const auto* first = static_cast<const std::byte*>(LockResource(loaded));
+  std::vector<std::byte> bytes(first, first + SizeofResource(module, found));
+  // Of both kinds of template, told apart by their first words.
+  constexpr std::size_t kExtendedStyle = 4;
+  constexpr std::size_t kExtendedStyleOfEx = 8;
+  if (bytes.size() < kExtendedStyleOfEx + sizeof(DWORD)) return {};
+  const bool ex = bytes[2] == std::byte{0xFF} && bytes[3] == std::byte{0xFF};
+  std::byte* const place = bytes.data() + (ex ? kExtendedStyleOfEx : kExtendedStyle);
+  DWORD style = 0;
+  std::memcpy(&style, place, sizeof style);
+  style |= theme_.LayoutStyle();
+  std::memcpy(place, &style, sizeof style);
+  return bytes;
 }
 
 }  // namespace jotlets

@@ -4,7 +4,9 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "base/text.h"
 #include "ui/handle.h"
@@ -21,7 +23,7 @@ class Resources {
  public:
   /// Loads the translation beside the program as data; without one the program's own resources serve. `theme`
   /// outlives them.
-  explicit Resources(const Theme& theme);
+  explicit Resources(Theme& theme);
 
   /// A text of the string table; the program's own when the translation lacks it.
   Text String(UINT id) const;
@@ -31,8 +33,9 @@ class Resources {
   UniqueIcon Icon(UINT id) const;
   /// The bytes of a raw-data resource of the program.
   std::string_view Bytes(UINT id) const;
-  /// The module that holds a dialog template: the translation, unless it lacks it.
-  HMODULE DialogModule(UINT id) const;
+  /// The template of a dialog: of the translation, unless it lacks it; mirrored for a language that is read
+  /// from right to left.
+  std::vector<std::byte> DialogTemplate(UINT id) const;
   /// The look of now.
   const Theme& Look() const { return theme_; }
 

@@ -16,6 +16,12 @@ class Theme {
   /// has changed.
   bool Follow(std::int32_t choice);
 
+  /// Whether the language of the program is read from right to left: windows and menus are mirrored then.
+  void SetRightToLeft(bool rightToLeft) { rightToLeft_ = rightToLeft; }
+  bool IsRightToLeft() const { return rightToLeft_; }
+  /// The extended style of windows that are mirrored then.
+  DWORD LayoutStyle() const { return rightToLeft_ ? DWORD{WS_EX_LAYOUTRTL} : 0; }
+
   const Appearance& Now() const { return now_; }
   bool IsDark() const { return now_.dark; }
   const WindowColours& Colours() const { return colours_; }
@@ -25,6 +31,7 @@ class Theme {
   Colour MenuMark() const;
 
  private:
+  bool rightToLeft_ = false;
   Appearance now_;
   WindowColours colours_ = ColoursOf({});
 };

@@ -129,6 +129,9 @@ TEST_F(Drawing, PutsAPillBehindWordsThatGiveItRoom) {
   EXPECT_EQ(draw(u"abcd"), (decltype(texts.texts){{{0, 0, 4, 24}, u"abcd"}, {{18, 2, 26, 22}, u"12"}}));
   EXPECT_EQ(wide[(Point{12, 2})], kWhite) << "its corners are round";
   EXPECT_NE(wide[(Point{22, 2})], kWhite);
+  view.rightToLeft = true;
+  EXPECT_EQ(draw(u"abcd"), (decltype(texts.texts){{{76, 0, 80, 24}, u"abcd"}, {{54, 2, 62, 22}, u"12"}}));
+  view.rightToLeft = false;
   EXPECT_EQ(draw(Text(100, u'x')),
             (decltype(texts.texts){{{0, 0, 52, 24}, Text(100, u'x')}, {{66, 2, 74, 22}, u"12"}}));
   view.window.width = 20;

@@ -212,6 +212,62 @@ TEST_F(ReachTest, TheKeyboardGoesToTheButtonsAndBack) {
   EXPECT_TRUE(Saved(u"AA01").onTop);
 }
 
+// Nothing is looked at and no mouse is used: names and roles tell where the keyboard is.
+TEST_F(ReachTest, ANoteIsMadeWrittenColouredPutToSleepAndFoundWithoutBeingSeen) {
+  ASSERT_TRUE(StartProgramWith({}, u"Debug=3\nTakeBackups=0\nSkin=Paper"));
+  const auto said = [] {
+    const HWND front = GetForegroundWindow();
+    const auto window = ObjectOf(front);
+    // A note tells which of its parts it is; a dialog's controls speak for themselves.
+    if (window != nullptr && FocusOf(*window) > 0) return PartOf(*window, FocusOf(*window));
+    GUITHREADINFO focus{};
+    focus.cbSize = sizeof focus;
+    if (!GetGUIThreadInfo(GetWindowThreadProcessId(front, nullptr), &focus)) return Spoken();
+    const auto object = ObjectOf(focus.hwndFocus);
+    return object == nullptr ? Spoken() : PartOf(*object, CHILDID_SELF);
+  };
+  const auto hears = [&](const Text& name) {
+    Spoken heard;
+    const bool right = WaitUntil([&] {
+      heard = said();
+      return heard.name == name;
+    });
+    EXPECT_TRUE(right) << ToUtf8(heard.name) << " " << heard.role;
+    return right;
+  };
+  PressKeys({VK_LWIN, VK_MENU, 'S'});
+  ASSERT_TRUE(hears(u"Text"));
+  TypeText(u"Milk and bread");
+  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 1; }));
+  const Text id = List(u"desktop")[0];
+  const Colour yellow = Saved(id).colour;
+  PressKeys({VK_CONTROL, VK_SHIFT, 'C'});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  PressKeys({VK_RIGHT});
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return Saved(id).colour != yellow; }));
+  // "Remind me", "Sleep": the letters of a menu are told with its entries.
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([this] { return MenuIsOpen(); }));
+  PressKeys({'R'});
+  ASSERT_TRUE(WaitUntil([this] { return OpenMenus() == 2; }));
+  PressKeys({'S'});
+  ASSERT_TRUE(hears(u"for:"));
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([this] { return List(u"desktop").empty(); }));
+  PressKeys({VK_LWIN, VK_MENU, 'F'});
+  ASSERT_TRUE(hears(u"Find in all notes"));
+  TypeText(u"bread");
+  PressKeys({VK_RETURN});
+  // What was looked for is shown where it stands, and the text is one key away.
+  ASSERT_TRUE(hears(u"Find"));
+  PressKeys({VK_TAB});
+  ASSERT_TRUE(hears(u"Previous"));
+  PressKeys({VK_ESCAPE});
+  ASSERT_TRUE(hears(u"Text"));
+  EXPECT_EQ(List(u"desktop"), std::vector<Text>{id});
+}
+
 TEST_F(ReachTest, AStackTellsItsNotesAndOpensThem) {
   JotletData hidden = NoteRecord(u"AA02", {600, 200}, u"Milk");
   hidden.hidden = true;

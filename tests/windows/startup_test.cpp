@@ -321,6 +321,22 @@ TEST_F(TranslationTest, LibrariesOfTheSystemAreNotTakenFromBesideTheProgram) {
   for (const Text& file : FilesBelow(scratch_)) EXPECT_FALSE(HasExtension(file, u".loaded")) << ToUtf8(file);
 }
 
+TEST_F(TranslationTest, WindowsAreMirroredWhereItIsReadFromRightToLeft) {
+  WriteData({NoteRecord(u"AA01", {300, 300}, u"One")});
+  ASSERT_TRUE(StartProgram(u"", translated_));
+  const auto mirrored = [](HWND window) {
+    return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+  };
+  const HWND note = NoteTitled(u"One");
+  ASSERT_TRUE(ClickIntoText(note));
+  EXPECT_FALSE(mirrored(note)) << "a skin is drawn as it is";
+  PressKeys({VK_MENU, VK_RETURN});
+  const HWND dialog = DialogInFront();
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_TRUE(mirrored(dialog) && mirrored(GetWindow(dialog, GW_CHILD)));
+  PressKeys({VK_ESCAPE});
+}
+
 TEST_F(TranslationTest, TextsComeFromItAndFromTheProgramWhereItLacksThem) {
   EXPECT_EQ(AnswerBox(Process(translated_, u"-?")),
             u"Aufruf von jotlets.exe:\n\n-close: schlie\u00DFt das laufende Programm");

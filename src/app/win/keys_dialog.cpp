@@ -7,6 +7,7 @@
 #include "base/key_text.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/dialog_look.h"
 
 namespace jotlets {
 namespace {
@@ -54,7 +55,7 @@ void BKeysDlg::OnInit() {
 
 void BKeysDlg::AddColumns() {
   const HWND list = Item(IDC_KEYS_LIST);
-  ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  SetUpRows(list, resources_.Look());
   for (int i = 0; i < static_cast<int>(std::size(kColumns)); ++i) {
     Text title = resources_.String(IDS_KEYS_COLUMN + static_cast<UINT>(i));
     LVCOLUMNW column{};

@@ -55,7 +55,7 @@ void UndoStrip::Show(const Rect& note, const Text& words, const Text& undo, std:
   const bool alone = NoneIsActive();
   const DWORD quiet = alone ? 0 : WS_EX_NOACTIVATE;
   if (!Create(kStripClass, Wide(title), {note.left, note.top, note.left + 1, note.top + 1},
-              {WS_POPUP, WS_EX_TOOLWINDOW | quiet | WS_EX_TOPMOST}))
+              {WS_POPUP, WS_EX_TOOLWINDOW | quiet | WS_EX_TOPMOST | theme_.LayoutStyle()}))
     return;
   dpi_ = Dpi();
   const Size size = Measure();

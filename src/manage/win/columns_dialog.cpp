@@ -9,6 +9,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/dialog_look.h"
 
 namespace jotlets {
 namespace {
@@ -34,7 +35,7 @@ void BColumnsDlg::OnInit() {
   SetDlgItemTextW(Handle(), IDC_COLUMNS_CAPTION,
                   Wide(ReplaceAll(ItemText(IDC_COLUMNS_CAPTION), u"%s", ReplaceAll(table_, u"&", u"&&"))));
   Button_SetCheck(Item(IDC_COLUMNS_HEADER), columns_.header ? BST_CHECKED : BST_UNCHECKED);
-  ListView_SetExtendedListViewStyle(Item(IDC_COLUMNS_ROWS), LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  SetUpRows(Item(IDC_COLUMNS_ROWS), Look());
   FillChoices();
   ShowRows();
   ShowWords();

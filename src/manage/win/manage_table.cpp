@@ -6,6 +6,7 @@
 #include "looks/ink.h"
 #include "res/resource.h"
 #include "ui/areas.h"
+#include "ui/dialog_look.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -23,7 +24,7 @@ void ManageTable::SetUp(HWND control, const Resources& resources, std::span<cons
   control_ = control;
   for (std::size_t i = 0; i < typeNames_.size(); ++i)
     typeNames_[i] = resources.String(IDS_MANAGE_TYPE + static_cast<UINT>(i));
-  ListView_SetExtendedListViewStyle(control_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  SetUpRows(control_, resources.Look());
   // The rows are as high as the pictures that they could have.
   ListView_SetImageList(control_, ImageList_Create(1, Scaled(kRowHeight), ILC_COLOR32, 1, 0), LVSIL_SMALL);
   titleFont_ = BolderFont(control_);

@@ -28,6 +28,12 @@ Text Fitted(HDC context, TextView text, int width) {
   return whole.substr(0, static_cast<std::size_t>(std::max(count, 0))) + Text(ellipsis);
 }
 
+bool IsRightToLeft(const Text& line) {
+  std::vector<WORD> kinds(line.size());
+  return GetStringTypeW(CT_CTYPE2, Wide(line), static_cast<int>(line.size()), kinds.data()) != 0 &&
+         std::ranges::find(kinds, WORD{C2_RIGHTTOLEFT}) != kinds.end();
+}
+
 }  // namespace
 
 // Where the system's own colours hold, what is chosen and what was found share one: the second is underlined.
@@ -46,7 +52,9 @@ void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, cons
                 const MarkedColours& colours) {
   const HGDIOBJ before = SelectObject(context, font);
   const Text line = Fitted(context, text, static_cast<int>(bounds.right - bounds.left));
-  int left = static_cast<int>(bounds.left);
+  // In a mirrored window places count from the right, and words of the other direction begin at their end.
+  const bool backwards = (GetLayout(context) & LAYOUT_RTL) != 0 && !IsRightToLeft(line);
+  int reached = static_cast<int>(bounds.left) + (backwards ? WidthOf(context, line) : 0);
   const auto draw = [&](std::size_t first, std::size_t last, bool hit) {
     first = std::min(first, line.size());
     const Text part = line.substr(first, std::min(last, line.size()) - first);
@@ -55,6 +63,7 @@ void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, cons
     SetBkColor(context, ToCOLORREF(colours.hitPaper));
     SetBkMode(context, hit ? OPAQUE : TRANSPARENT);
     const int width = WidthOf(context, part);
+    const int left = backwards ? reached - width : reached;
     TextOutW(context, left, static_cast<int>(bounds.top), Wide(part), static_cast<int>(part.size()));
     if (hit && colours.underlined) {
       TEXTMETRICW metric{};
@@ -63,7 +72,7 @@ void DrawMarked(HDC context, HFONT font, const RECT& bounds, TextView text, cons
                        bounds.top + metric.tmAscent + 2};
       FillArea(context, under, colours.hitInk);
     }
-    left += width;
+    reached += backwards ? -width : width;
   };
   std::size_t at = 0;
   for (const TextPart& hit : hits) {

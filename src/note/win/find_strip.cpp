@@ -8,28 +8,66 @@
 #include "action/shortcuts.h"
 #include "base/win/wide.h"
 #include "editor/win/edit_text.h"
+#include "looks/ink.h"
+#include "res/resource.h"
 #include "ui/areas.h"
-#include "ui/dialog_look.h"
 
 namespace jotlets {
 namespace {
 
 constexpr wchar_t kStripClass[] = L"BraskJotletFind";
 constexpr int kHeight = 24;  // at the usual scale, as all of these
-constexpr int kWordsHeight = 20;
+constexpr int kWordsHeight = 18;
 constexpr int kButton = 22;
 constexpr int kCountWidth = 62;
 constexpr int kMinWords = 60;
 constexpr LONG kLongestSelection = 200;
 
-enum Control { kWords = 1, kFound, kPrevious, kNext, kClose };
+enum Control { kWords = 1, kFound, kPrevious, kNext, kClose, kLabel };
 
 struct Button {
   int control;
-  const wchar_t* text;
+  std::uint32_t name;
+  const wchar_t* sign;
 };
 // From the right. The signs stand for themselves in any language.
-constexpr Button kButtons[] = {{kClose, L"\u00D7"}, {kNext, L"\u203A"}, {kPrevious, L"\u2039"}};
+constexpr Button kButtons[] = {{kClose, IDS_FIND_PART + 3, L"\u00D7"},
+                               {kNext, IDS_FIND_PART + 2, L"\u203A"},
+                               {kPrevious, IDS_FIND_PART + 1, L"\u2039"}};
+
+struct StripColours {
+  Colour ground;
+  Colour pressed;
+  Colour ink;
+  Colour field;
+  Colour fieldInk;
+};
+
+// The strip belongs to its note's paper, as the bar does.
+StripColours ColoursOn(Colour paper, const Theme& theme) {
+  constexpr std::int32_t kShade = 6;
+  constexpr std::int32_t kPressed = 14;
+  if (const auto& contrast = theme.Now().contrast)
+    return {contrast->paper, contrast->paper, contrast->ink, contrast->paper, contrast->ink};
+  const Colour ground = Shaded(paper, kShade);
+  return {ground, Shaded(paper, kPressed), TitleInk(ground), paper, InkOn(paper)};
+}
+
+// The text of a button is what a screen reader says; what is seen is its sign.
+void DrawButton(const DRAWITEMSTRUCT& item, const StripColours& colours) {
+  const auto* button = std::ranges::find(kButtons, static_cast<int>(item.CtlID), &Button::control);
+  if (button == std::end(kButtons)) return;
+  FillArea(item.hDC, item.rcItem, (item.itemState & ODS_SELECTED) != 0 ? colours.pressed : colours.ground);
+  const Selected font(item.hDC, reinterpret_cast<HFONT>(SendMessageW(item.hwndItem, WM_GETFONT, 0, 0)));
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, ToCOLORREF(colours.ink));
+  RECT area = item.rcItem;
+  DrawTextW(item.hDC, button->sign, 1, &area, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
+  if ((item.itemState & ODS_FOCUS) == 0) return;
+  FrameArea(item.hDC, area, colours.ink);
+  InflateRect(&area, -1, -1);
+  FrameArea(item.hDC, area, colours.ink);
+}
 
 }  // namespace
 
@@ -42,7 +80,9 @@ Text FindStrip::Words() const { return WindowText(GetDlgItem(Handle(), kWords));
 bool FindStrip::MakeControls(HWND note) {
   if (Handle() != nullptr) return true;
   RegisterWindowClass(kStripClass);
-  if (!Create(kStripClass, L"", {}, {WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, note)) return false;
+  if (!Create(kStripClass, L"", {},
+              {WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT | watcher_.StripLook().LayoutStyle()}, note))
+    return false;
   SetWindowLongPtrW(Handle(), GWLP_ID, kControlId);
   const auto make = [this](const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
     return CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(),
@@ -51,16 +91,17 @@ bool FindStrip::MakeControls(HWND note) {
   };
   font_.reset(CreateFontW(-Scaled(12), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
                           CLEARTYPE_QUALITY, 0, L"Segoe UI"));
-  const HWND words = make(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, kWords);
+  // Without room of its own: it gives the field its name.
+  make(L"STATIC", Wide(watcher_.WordsOf(IDS_FIND_PART)), 0, kLabel);
+  const HWND words = make(L"EDIT", L"", ES_AUTOHSCROLL, kWords);
   make(L"STATIC", L"", SS_CENTER | SS_CENTERIMAGE | SS_NOPREFIX, kFound);
   for (const Button& button : kButtons)
-    make(L"BUTTON", button.text, BS_PUSHBUTTON | BS_NOTIFY, button.control);
+    make(L"BUTTON", Wide(watcher_.WordsOf(button.name)), BS_OWNERDRAW | BS_NOTIFY, button.control);
   for (int control = kWords; control <= kClose; ++control)
     SendDlgItemMessageW(Handle(), control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), 0);
   for (const HWND part :
        {words, GetDlgItem(Handle(), kPrevious), GetDlgItem(Handle(), kNext), GetDlgItem(Handle(), kClose)})
     SetWindowSubclass(part, WatchKeys, 0, reinterpret_cast<DWORD_PTR>(this));
-  DressDialog(Handle(), watcher_.StripLook());
   return true;
 }
 
@@ -114,7 +155,8 @@ void FindStrip::LayOut() {
   place(kFound, right - Scaled(kCountWidth) >= Scaled(kMinWords) ? Scaled(kCountWidth) : 0);
   // The control writes at its top.
   const int words = std::min(Scaled(kWordsHeight), height);
-  MoveWindow(GetDlgItem(Handle(), kWords), 0, (height - words) / 2, std::max(right, 0), words, TRUE);
+  const int edge = (height - words) / 2;
+  MoveWindow(GetDlgItem(Handle(), kWords), edge, edge, std::max(right - edge, 0), words, TRUE);
 }
 
 void FindStrip::Find(FindStep step) {
@@ -143,20 +185,27 @@ void FindStrip::OnCommand(UINT control, UINT notification) {
   SetFocus(GetDlgItem(Handle(), kWords));
 }
 
+// The colours of a control, which its brush fills.
+LRESULT FindStrip::Paint(WPARAM context, Colour ink, Colour ground) {
+  const auto dc = reinterpret_cast<HDC>(context);
+  SetTextColor(dc, ToCOLORREF(ink));
+  SetBkColor(dc, ToCOLORREF(ground));
+  SetDCBrushColor(dc, ToCOLORREF(ground));
+  return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
+}
+
 LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  const Theme& look = watcher_.StripLook();
-  const bool asksColours = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
-  if (asksColours) {
-    const HBRUSH brush = ControlColours(message, reinterpret_cast<HDC>(wParam),
-                                        reinterpret_cast<HWND>(lParam), look, look.Colours().foot);
-    return brush == nullptr ? Default(message, wParam, lParam) : reinterpret_cast<LRESULT>(brush);
-  }
+  const StripColours colours = ColoursOn(watcher_.StripPaper(), watcher_.StripLook());
   switch (message) {
+    case WM_DRAWITEM: DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), colours); return TRUE;
+    case WM_CTLCOLOREDIT: return Paint(wParam, colours.fieldInk, colours.field);
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: return Paint(wParam, colours.ink, colours.ground);
     case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_ERASEBKGND: {
       RECT client{};
       GetClientRect(Handle(), &client);
-      FillArea(reinterpret_cast<HDC>(wParam), client, look.Colours().foot);
+      FillArea(reinterpret_cast<HDC>(wParam), client, colours.ground);
       return 1;
     }
     // The menu of the words is not the note's.

@@ -36,6 +36,7 @@ class FindStrip final : public Window {
   static LRESULT CALLBACK WatchKeys(HWND part, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                     DWORD_PTR object) noexcept;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  static LRESULT Paint(WPARAM context, Colour ink, Colour ground);
   bool MakeControls(HWND note);
   void OnCommand(UINT control, UINT notification);
   bool OnKey(HWND part, WPARAM key);

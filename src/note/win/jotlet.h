@@ -234,8 +234,10 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   }
   Text Searched() override { return context_.searched; }
   void SetSearched(const Text& words) override { context_.searched = words; }
+  Text WordsOf(std::uint32_t text) override { return context_.textOf(text); }
   Text FoundWords(const FoundText& found) override { return context_.foundWords(found); }
   const Theme& StripLook() const override { return context_.theme; }
+  Colour StripPaper() const override { return PaperColour(skin_->data, view_.colour, view_.clearPaper); }
   TypingSettings Typing() override { return context_.editing().typing; }
   void OnContentChanged() override;
   Text BeginningNotice() override { return context_.beginningNotice(); }

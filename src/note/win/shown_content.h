@@ -25,10 +25,13 @@ class ContentWatcher : public EditWatcher {
   virtual Text BeginningNotice() = 0;
   /// These words are looked for from now on, in any note.
   virtual void SetSearched(const Text& words) = 0;
+  /// A text of the program, by its number.
+  virtual Text WordsOf(std::uint32_t text) = 0;
   /// What a strip says of what was found.
   virtual Text FoundWords(const FoundText& found) = 0;
-  /// The look of strips.
+  /// The look of strips, and the paper that they lie on.
   virtual const Theme& StripLook() const = 0;
+  virtual Colour StripPaper() const = 0;
 };
 
 /// The content file, for what of it the window does not hold.

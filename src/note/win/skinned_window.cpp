@@ -229,6 +229,7 @@ void SkinnedWindow::UpdateView() {
   view_.hotButton = mouse_.hotButton;
   view_.clearPaper = context_.options.allowTransparentBackgrounds;
   view_.contrast = context_.theme.Now().contrast;
+  view_.rightToLeft = context_.theme.IsRightToLeft();
   view_.sampling = context_.options.alternateGetPixel ? Sampling::kMixed : Sampling::kNearest;
   FillView();
   const SkinData& skin = skin_->data;
