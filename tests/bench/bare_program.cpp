@@ -10,6 +10,7 @@
 
 #include "base/win/disk_files.h"
 #include "base/win/wide.h"
+#include "ui/pixel_bitmap.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -17,7 +18,19 @@ namespace {
 
 std::vector<HWND> notes;
 bool hidden = false;
+bool shadows = false;
 POINT grabbed{};  // where in the note it is held
+
+constexpr int kRound =
+    16;  // across, of the corners of notes with shadows, as the skin of a first run has them
+constexpr int kShadow = 16;  // pixels on each side of a note
+constexpr SIZE kShadowSize{232 + 2 * kShadow, 160 + 2 * kShadow};
+
+RECT BoundsOf(HWND window) {
+  RECT bounds{};
+  GetWindowRect(window, &bounds);
+  return bounds;
+}
 
 DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got) {
   auto& rest = *reinterpret_cast<std::string_view*>(cookie);
@@ -69,8 +82,11 @@ LRESULT CALLBACK NoteProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
       if (GetCapture() == window) {
         POINT at{};
         GetCursorPos(&at);
-        SetWindowPos(window, nullptr, at.x - grabbed.x, at.y - grabbed.y, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        constexpr UINT kMove = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
+        const auto shadow = reinterpret_cast<HWND>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (shadow != nullptr)
+          SetWindowPos(shadow, nullptr, at.x - grabbed.x - kShadow, at.y - grabbed.y - kShadow, 0, 0, kMove);
+        SetWindowPos(window, nullptr, at.x - grabbed.x, at.y - grabbed.y, 0, 0, kMove);
       }
       return 0;
     case WM_LBUTTONUP: ReleaseCapture(); return 0;
@@ -87,6 +103,36 @@ void RegisterBareClass(const wchar_t* name, WNDPROC procedure) {
   RegisterClassW(&windowClass);
 }
 
+// All shadows are shown from one picture, darker towards its middle.
+HDC ShadowPicture() {
+  static const HDC picture = [] {
+    const HDC dc = CreateCompatibleDC(nullptr);
+    static const PixelBitmap made = MakePixelBitmap({kShadowSize.cx, kShadowSize.cy});
+    for (LONG y = 0; y < kShadowSize.cy; ++y) {
+      for (LONG x = 0; x < kShadowSize.cx; ++x) {
+        const LONG inside = std::min({x, y, kShadowSize.cx - 1 - x, kShadowSize.cy - 1 - y});
+        made.pixels[(y * kShadowSize.cx + x) * 4 + 3] = static_cast<std::uint8_t>(std::min(inside, 60L));
+      }
+    }
+    SelectObject(dc, made.bitmap.get());
+    return dc;
+  }();
+  return picture;
+}
+
+HWND CreateBareShadow(const RECT& note) {
+  const HWND shadow = CreateWindowExW(WS_EX_LAYERED | WS_EX_TRANSPARENT | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE,
+                                      L"STATIC", L"", WS_POPUP, note.left - kShadow, note.top - kShadow,
+                                      kShadowSize.cx, kShadowSize.cy, nullptr, nullptr, nullptr, nullptr);
+  POINT at{note.left - kShadow, note.top - kShadow};
+  POINT from{};
+  SIZE size = kShadowSize;
+  BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+  UpdateLayeredWindow(shadow, nullptr, &at, &size, ShadowPicture(), &from, 0, &blend, ULW_ALPHA);
+  ShowWindow(shadow, SW_SHOWNOACTIVATE);
+  return shadow;
+}
+
 void CreateBareNote(int number, const Text& folder) {
   const HWND note = CreateWindowExW(WS_EX_LAYERED | WS_EX_TOOLWINDOW, kBareClass, Wide(BenchNoteId(number)),
                                     WS_POPUP | WS_CLIPCHILDREN, (number % 40) * 25, (number / 40) * 25, 232,
@@ -99,6 +145,14 @@ void CreateBareNote(int number, const Text& folder) {
   std::string_view rest = content.bytes;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, ReadBytes};
   SendMessageW(edit, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+  if (shadows) {
+    const RECT bounds = BoundsOf(note);
+    SetWindowRgn(note,
+                 CreateRoundRectRgn(0, 0, bounds.right - bounds.left + 1, bounds.bottom - bounds.top + 1,
+                                    kRound, kRound),
+                 FALSE);
+    SetWindowLongPtrW(note, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(CreateBareShadow(bounds)));
+  }
   ShowWindow(note, SW_SHOWNOACTIVATE);
   notes.push_back(note);
 }
@@ -107,7 +161,8 @@ void CreateBareNote(int number, const Text& folder) {
 
 Text BenchNoteId(int number) { return u"BENCH" + IntText(number); }
 
-int RunBareProgram(int count, const Text& folder) {
+int RunBareProgram(int count, const Text& folder, bool withShadows) {
+  shadows = withShadows;
   EnableDpiAwareness();
   LoadLibraryW(L"msftedit.dll");
   InitCommonControls();

@@ -26,7 +26,8 @@ struct BareControl {
 Text BenchNoteId(int number);
 
 /// Runs until it is ended: so many layered pop-ups that can be dragged, each with a rich edit child whose
-/// content is read from the data folder, and a window that echoes copy-data.
-int RunBareProgram(int notes, const Text& folder);
+/// content is read from the data folder and, if `shadows`, a soft layered window below it; and a window that
+/// echoes copy-data.
+int RunBareProgram(int notes, const Text& folder, bool shadows);
 
 }  // namespace jotlets

@@ -45,7 +45,7 @@ Text FolderOf(int notes, int further) {
 }
 
 // A data folder with so many text notes, of a few lines each.
-Text MakeDataFolder(int notes, int further, bool asleep = false) {
+Text MakeDataFolder(int notes, int further, bool asleep = false, bool shadows = false) {
   DiskFiles files;
   const Text folder = FolderOf(notes, further);
   MakeDataFolders(files, folder);
@@ -69,7 +69,8 @@ Text MakeDataFolder(int notes, int further, bool asleep = false) {
   }
   files.Write(folder + Text(kDataFileName), EncodeTextFile(ComposeDataFile(view)));
   // The first backup of a new folder would run beside what is measured.
-  files.Write(folder + Text(kOptionsFileName), EncodeTextFile(u"[Options]\nTakeBackups=0\n"));
+  files.Write(folder + Text(kOptionsFileName), EncodeTextFile(Text(u"[Options]\nTakeBackups=0\n") +
+                                                              (shadows ? u"Skin=Paper\nShadows=1\n" : u"")));
   return folder;
 }
 
@@ -170,16 +171,22 @@ Subject Jotlets(const Text& folder) {
 
 }  // namespace
 
-Subject JotletsWith(int notes, int further) { return Jotlets(MakeDataFolder(notes, further)); }
+Subject JotletsWith(int notes, int further, bool shadows) {
+  return Jotlets(MakeDataFolder(notes, further, false, shadows));
+}
 
 Subject JotletsWaking(int notes) { return Jotlets(MakeDataFolder(notes, 0, true)); }
 
-Subject BareWith(int notes, int further) {
+Subject BareWith(int notes, int further, bool shadows) {
   const Text folder = FolderOf(notes, further);
-  return {"bare",          u"\"" + ProgramPath() + u"\" --bare " + IntText(notes) + u" " + folder,
-          kBareClass,      kEchoClass,
-          kBareShowOrHide, 0,
-          folder};
+  return {
+      "bare",
+      u"\"" + ProgramPath() + u"\" --bare " + IntText(notes) + u" " + folder + (shadows ? u" shadows" : u""),
+      kBareClass,
+      kEchoClass,
+      kBareShowOrHide,
+      0,
+      folder};
 }
 
 std::optional<RunningSubject> RunningSubject::Start(const Subject& subject, int notes) {

@@ -27,9 +27,10 @@ struct Subject {
 double Seconds();
 
 /// Ourselves and the bare program, with so many notes that stand in a data folder made for them, and so many
-/// further ones that are asleep, which the bare program does not have.
-Subject JotletsWith(int notes, int further = 0);
-Subject BareWith(int notes, int further = 0);
+/// further ones that are asleep, which the bare program does not have; with shadows, and ours in the skin of
+/// a first run then.
+Subject JotletsWith(int notes, int further = 0, bool shadows = false);
+Subject BareWith(int notes, int further = 0, bool shadows = false);
 /// Ourselves with as many notes that sleep and are all due when the program starts.
 Subject JotletsWaking(int notes);
 

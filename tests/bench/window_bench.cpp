@@ -4,7 +4,7 @@
 //   and
 //                              a screen. Further rounds are taken as long as there is time; the exit code is
 //                              1 when a figure was not taken at all
-//   window_bench --bare N DIR  is the bare program
+//   window_bench --bare N DIR [shadows]  is the bare program
 #include <windows.h>
 
 #include <shellapi.h>
@@ -299,6 +299,7 @@ struct Figure {
   int rounds = 5;
   bool asleep = false;  // our notes are, and all due at the start
   int further = 0;      // notes that sleep on
+  bool shadows = false;
 };
 
 // Figures with as many notes and rounds are taken from the same run, in this order.
@@ -315,6 +316,9 @@ constexpr Figure kFigures[] = {
     {"options, 10 notes", 10, OpenOptions, 1000, "ms", "1.3"},
     {"page of the options, 10 notes", 10, TurnPage, 1000, "ms", "-"},
     {"drag, 1000 notes", 1000, Drag, 1e6, "us", "-"},
+    {"start with shadows, 1000 notes", 1000, Start, 1000, "ms", "1.2", 3, false, 0, true},
+    {"shadowed memory, 1000 notes", 1000, Memory, 1.0 / 1024, "KB", "1.25", 3, false, 0, true},
+    {"drag with shadows, 1000 notes", 1000, Drag, 1e6, "us", "1.3", 3, false, 0, true},
     // The system's own work for this grows with the square of the windows, and takes minutes for many of
     // them.
     {"hide all, 200 notes", 200, HideAll, 1000, "ms", "1.2", 3},
@@ -359,7 +363,7 @@ void PrintMemoryPerNote(const std::map<const Figure*, Results>& results) {
   const Results* few = nullptr;
   const Results* many = nullptr;
   for (const auto& [figure, result] : results) {
-    if (figure->take == Memory) (figure->notes == 10 ? few : many) = &result;
+    if (figure->take == Memory && !figure->shadows) (figure->notes == 10 ? few : many) = &result;
   }
   if (few == nullptr || many == nullptr || few->bare.empty() || many->bare.empty()) return;
   const double ours = (Median(many->ours) - Median(few->ours)) / 990 / 1024;
@@ -380,12 +384,13 @@ struct Group {
   double seconds = 0;  // of its longest round so far
 };
 
-// By notes, rounds, whether they sleep, and further ones.
+// By notes, rounds, whether they sleep, further ones and shadows.
 std::vector<Group> GroupsOf(const std::vector<std::string>& wanted) {
-  std::map<std::tuple<int, int, bool, int>, Group> groups;
+  std::map<std::tuple<int, int, bool, int, bool>, Group> groups;
   for (const Figure& figure : kFigures) {
     if (IsWanted(figure, wanted))
-      groups[{figure.notes, figure.rounds, figure.asleep, figure.further}].figures.push_back(&figure);
+      groups[{figure.notes, figure.rounds, figure.asleep, figure.further, figure.shadows}].figures.push_back(
+          &figure);
   }
   std::vector<Group> list;
   list.reserve(groups.size());
@@ -396,10 +401,11 @@ std::vector<Group> GroupsOf(const std::vector<std::string>& wanted) {
 bool TakeRound(Group& group, std::map<const Figure*, Results>& results) {
   const double begin = Seconds();
   const Figure& first = *group.figures.front();
-  const Subject ours = first.asleep ? JotletsWaking(first.notes) : JotletsWith(first.notes, first.further);
-  const bool taken =
-      TakeFigures(ours, group.figures, results, &Results::ours) &&
-      TakeFigures(BareWith(first.notes, first.further), group.figures, results, &Results::bare);
+  const Subject ours =
+      first.asleep ? JotletsWaking(first.notes) : JotletsWith(first.notes, first.further, first.shadows);
+  const bool taken = TakeFigures(ours, group.figures, results, &Results::ours) &&
+                     TakeFigures(BareWith(first.notes, first.further, first.shadows), group.figures, results,
+                                 &Results::bare);
   group.seconds = std::max(group.seconds, Seconds() - begin);
   return taken;
 }
@@ -438,8 +444,8 @@ int main() {
   using namespace jotlets;
   int count = 0;
   wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  if (count == 4 && wcscmp(arguments[1], L"--bare") == 0) {
-    return RunBareProgram(_wtoi(arguments[2]), Text(FromWide(arguments[3])));
+  if (count >= 4 && wcscmp(arguments[1], L"--bare") == 0) {
+    return RunBareProgram(_wtoi(arguments[2]), Text(FromWide(arguments[3])), count > 4);
   }
   std::vector<std::string> wanted;
   for (int i = 1; i < count; ++i) {
