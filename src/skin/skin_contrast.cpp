@@ -19,7 +19,8 @@ constexpr TextView kFrame =
     u"[vstrip]\nplace=-3,0\nextent=3,4000\nstriptype=2\ntint=accent\nfocus=1\n";
 
 constexpr TextView kFormatBarLine =
-    u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\ncondition=formatbar\nconditionvalue=1\n";
+    u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\ncondition=formatbar\nconditionvalue=1\n"
+    u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\ncondition=picturebar\nconditionvalue=1\n";
 
 constexpr TextView kBarLine = u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\nrolled=0\n";
 
@@ -32,8 +33,8 @@ bool IsFill(const SkinElement& element) {
   const bool area = element.kind == ElementKind::kTilearea || element.kind == ElementKind::kHstrip ||
                     element.kind == ElementKind::kVstrip;
   const std::optional<SkinState> state = SkinStateFromName(element.condition);
-  return area &&
-         (element.condition.empty() || state == SkinState::kFormatBar || state == SkinState::kSounding);
+  return area && (element.condition.empty() || state == SkinState::kFormatBar ||
+                  state == SkinState::kPictureBar || state == SkinState::kSounding);
 }
 
 void Append(std::vector<SkinElement>& elements, TextView text) {
@@ -52,7 +53,7 @@ bool CanShowContrast(const SkinData& skin) {
 SkinData ContrastSkin(SkinData skin) {
   std::erase_if(skin.elements, IsFill);
   for (SkinElement& element : skin.elements) {
-    element.tint = SkinTint::kInk;
+    if (element.tint != SkinTint::kPen) element.tint = SkinTint::kInk;
     element.alpha.reset();
     element.shade.reset();
     element.format.transparent = true;
@@ -64,8 +65,10 @@ SkinData ContrastSkin(SkinData skin) {
     skin.elements.back().place.y = skin.titlebar->bottomRight.y;
   }
   if (skin.formatBar > 0) {
+    const std::size_t first = skin.elements.size();
     Append(skin.elements, kFormatBarLine);
-    skin.elements.back().place.y.value = -skin.formatBar;
+    for (std::size_t at = first; at < skin.elements.size(); ++at)
+      skin.elements[at].place.y.value = -skin.formatBar;
   }
   Append(skin.elements, kFrame);
   skin.region.clear();

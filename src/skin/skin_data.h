@@ -46,7 +46,7 @@ struct TextFormat {
 };
 
 /// Inks that are made from what an element lies on, so that they can be read on every paper.
-enum class SkinTint : std::uint8_t { kTitle, kInk, kQuiet, kAccent, kAlarm };
+enum class SkinTint : std::uint8_t { kTitle, kInk, kQuiet, kAccent, kAlarm, kPen };
 
 /// Values of `stripType` and `setCase` with a meaning of their own; others are kept as they are.
 inline constexpr std::int32_t kStripFromPicture = 0;
@@ -69,6 +69,7 @@ struct SkinElement {
   SheetPlace source;
   SheetPlace sourceOff;
   SheetPlace sourceRollover;
+  SheetPlace sourceChosen;            // of a button: the ground, in the accent, while its tool is in hand
   std::optional<std::uint8_t> alpha;  // constant opacity
 
   ActionCode action = kActionNone;

@@ -35,6 +35,8 @@ class SkinPainter {
         sampling_(view.sampling),
         hover_(view.hover),
         rightToLeft_(view.rightToLeft),
+        chosen_(view.chosen),
+        pen_(view.pen),
         contrast_(view.contrast) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
@@ -72,9 +74,18 @@ class SkinPainter {
     if (element.fill) ButtonGround(element, area, hot);
     if (place == nullptr) return;
     std::optional<Colour> ink = InkOf(element, area);
-    if (hot && contrast_) {
+    const bool chosen =
+        element.sourceChosen.picture && element.action != kActionNone && element.action == chosen_;
+    if ((hot || chosen) && contrast_) {
       canvas_.Fill(area, contrast_->chosen);
       ink = contrast_->chosenInk;
+    } else if (chosen) {
+      const Colour ground = AccentOn(GroundOf(area));
+      DrawPart(canvas_,
+               PartOf(element, element.sourceChosen, {area.Width(), area.Height()}, std::nullopt, ground),
+               {area.left, area.top});
+      ink = InkOn(ground);
+      place = &element.source;
     }
     DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});
@@ -133,6 +144,7 @@ class SkinPainter {
   std::optional<Colour> InkOf(const SkinElement& element, const Rect& area) {
     if (element.shade) return Shaded(paper_, *element.shade);
     if (!element.tint) return std::nullopt;
+    if (*element.tint == SkinTint::kPen) return pen_;
     if (contrast_) return *element.tint == SkinTint::kAccent ? contrast_->chosen : contrast_->ink;
     // The frame of what sounds has one colour all around.
     const Colour ground = *element.tint == SkinTint::kAlarm ? paper_ : GroundOf(area);
@@ -159,6 +171,7 @@ class SkinPainter {
       case SkinTint::kQuiet: return QuietInk(ground);
       case SkinTint::kAccent: return AccentOn(ground);
       case SkinTint::kAlarm: return AlarmOn(ground);
+      case SkinTint::kPen: break;
     }
     return {};
   }
@@ -246,6 +259,8 @@ class SkinPainter {
   const Sampling sampling_;
   const std::uint8_t hover_;
   const bool rightToLeft_;
+  const ActionCode chosen_;
+  const Colour pen_;
   const std::optional<ContrastColours>& contrast_;
   std::vector<Ground> grounds_;  // in drawing order
   MadeInk last_;

@@ -63,7 +63,9 @@ class Scale {
     Grow(element.height);
     Grow(element.pack);
     Grow(element.corner);
-    for (SheetPlace* place : {&element.source, &element.sourceOff, &element.sourceRollover}) Grow(*place);
+    for (SheetPlace* place :
+         {&element.source, &element.sourceOff, &element.sourceRollover, &element.sourceChosen})
+      Grow(*place);
   }
 
  private:

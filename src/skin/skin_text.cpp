@@ -122,6 +122,7 @@ void ReadTint(std::optional<SkinTint>& field, TextView value) {
   if (IsWord(value, u"quiet")) field = SkinTint::kQuiet;
   if (IsWord(value, u"accent")) field = SkinTint::kAccent;
   if (IsWord(value, u"alarm")) field = SkinTint::kAlarm;
+  if (IsWord(value, u"pen")) field = SkinTint::kPen;
 }
 
 template <typename Owner>
@@ -195,6 +196,7 @@ constexpr KeyRow<SkinElement> kElementKeys[] = {
     {u"sourceoff", [](E& e, V v) { ReadSheetPoint(e.sourceOff.picture, v); }},
     {u"sourceoffalpha", [](E& e, V v) { ReadSheetPoint(e.sourceOff.mask, v); }},
     {u"sourcerollover", [](E& e, V v) { ReadSheetPoint(e.sourceRollover.picture, v); }},
+    {u"sourcechosen", [](E& e, V v) { ReadSheetPoint(e.sourceChosen.picture, v); }},
     {u"sourcerolloveralpha", [](E& e, V v) { ReadSheetPoint(e.sourceRollover.mask, v); }},
     {u"alpha", [](E& e, V v) { ReadAlpha(e.alpha, v); }},
     {u"action", [](E& e, V v) { e.action = ActionFromName(TrimBlanks(v)); }},

@@ -7,12 +7,12 @@ namespace {
 
 // In the order of `SkinState`.
 constexpr TextView kStateNames[] = {
-    u"ontop",      u"readonly",   u"alarm",     u"attached", u"transmit",  u"email",
-    u"instack",    u"sleeping",   u"recurring", u"ghost",    u"title",     u"image",
-    u"stang",      u"user1",      u"user2",     u"user3",    u"owntitle",  u"scrollbarrequired",
-    u"formatbar",  u"checklists", u"bold",      u"italic",   u"underline", u"strikethrough",
-    u"bullets",    u"checklist",  u"highlight", u"tagline",  u"tagalarm",  u"tagattached",
-    u"taginstack", u"sounding",   u"rolled"};
+    u"ontop",      u"readonly",   u"alarm",     u"attached",  u"transmit",  u"email",
+    u"instack",    u"sleeping",   u"recurring", u"ghost",     u"title",     u"image",
+    u"stang",      u"user1",      u"user2",     u"user3",     u"owntitle",  u"scrollbarrequired",
+    u"formatbar",  u"checklists", u"bold",      u"italic",    u"underline", u"strikethrough",
+    u"bullets",    u"checklist",  u"highlight", u"tagline",   u"tagalarm",  u"tagattached",
+    u"taginstack", u"sounding",   u"rolled",    u"picturebar"};
 
 Text UpperAscii(TextView text) {
   Text upper(text);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "action/actions.h"
 #include "base/geometry.h"
 #include "base/text.h"
 #include "looks/appearance.h"
@@ -50,13 +51,14 @@ enum class SkinState : std::uint8_t {
   kTagInStack,
   kSounding,
   kRolled,
+  kPictureBar,  // the bar with the tools of a picture is there
 };
 
 /// The state called `name`, without regard to case: "ontop", "readonly", "alarm", "attached", "transmit",
 /// "email", "instack", "sleeping", "recurring", "ghost", "title", "image", "stang", "user1" to "user3",
 /// "owntitle", "scrollbarrequired", "formatbar", "checklists", "bold", "italic", "underline",
 /// "strikethrough", "bullets", "checklist", "highlight", "tagline", "tagalarm", "tagattached", "taginstack",
-/// "sounding" and "rolled".
+/// "sounding", "rolled" and "picturebar".
 std::optional<SkinState> SkinStateFromName(TextView name);
 
 /// A set of states.
@@ -85,9 +87,11 @@ struct SkinView {
   std::uint8_t hover = 255;            // how far what shows under the mouse alone has come
   std::size_t hotButton = kNoElement;  // the button under the mouse, by its place among the elements
   SkinStates states;
-  Rect thumb;               // of the scroll bar
-  Rect focused;             // the part that the keyboard is at; empty for none
-  bool clearPaper = false;  // paper in the skin's key colour lets see through
+  ActionCode chosen = kActionNone;  // the command of the tool in hand
+  Colour pen;                       // that it draws with
+  Rect thumb;                       // of the scroll bar
+  Rect focused;                     // the part that the keyboard is at; empty for none
+  bool clearPaper = false;          // paper in the skin's key colour lets see through
   Sampling sampling = Sampling::kNearest;
   bool rightToLeft = false;                 // words that begin on the left begin on the right
   std::optional<ContrastColours> contrast;  // the inks that all tints are made of instead

@@ -116,6 +116,19 @@ TEST_F(Drawing, LetsWhatShowsUnderTheMouseComeSoftly) {
   EXPECT_EQ(Row(u"[button]", u"source=0,0")[2], (Colour{12, 40, 50}));
 }
 
+TEST_F(Drawing, FillsTheGroundOfTheToolInHandAndTheColourThatItDrawsWith) {
+  view.pen = {200, 10, 20};
+  const TextView tool = u"source=0,2\nsourcechosen=0,0\ntint=title\naction=pendraw";
+  const Colours resting = Row(u"[button]", tool);
+  view.chosen = kActionPenLine;
+  EXPECT_EQ(Row(u"[button]", tool), resting);
+  view.chosen = kActionPenDraw;
+  const Colours chosen = Row(u"[button]", tool);
+  EXPECT_EQ(chosen[1], AccentOn(kWhite)) << "the ground, where the sign leaves it";
+  EXPECT_NE(chosen[0], chosen[1]) << "and the sign on it";
+  EXPECT_EQ(Row(u"[button]", u"source=0,0\ntint=pen"), Colours(3, view.pen));
+}
+
 TEST_F(Drawing, PutsAPillBehindWordsThatGiveItRoom) {
   Surface wide{{80, 24}};
   view = {{80, 24}, kWhite};

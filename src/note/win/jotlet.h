@@ -128,6 +128,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   /// Cuts the move short: the note is at once where it ends, or hidden. The note may be gone when the call
   /// returns.
   void FinishAnimation();
+  /// What its skin shows of it has changed.
+  void ShowAnew() { UpdateView(); }
   /// What can be done with its picture now.
   PictureFacts Drawing() const;
   /// Has something done to its picture, which is read from its file if nobody has drawn on it before; false
@@ -207,6 +209,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   Text WordsOfState(SkinState state) const;
   void DoPart(PartUse use) override;
   void ShowFormat(bool hadBar);
+  void ShowTools();
   void OfferButtonTip(Point at);
   ScrollState Scrolled() const override;
   void Invalidate(const SkinView& before) override;

@@ -208,6 +208,7 @@ void BJotlet::FillView() {
   const bool hadBar = view_.states.Has(SkinState::kFormatBar);
   view_.states = States();
   ShowFormat(hadBar);
+  ShowTools();
   const auto tag = TagOf(skin_->data, view_);
   view_.states.Set(SkinState::kTagLine, tag.has_value());
   if (tag) view_.states.Set(*tag, true);
@@ -231,6 +232,16 @@ void BJotlet::ShowFormat(bool hadBar) {
   states.Set(SkinState::kBullets, facts.bullets == Bullets::kNormal);
   states.Set(SkinState::kCheckList, facts.checkList);
   states.Set(SkinState::kHighlight, facts.highlight && *facts.highlight != Highlight::kNoHighlight);
+}
+
+// The bar of a picture is there while it has the keyboard.
+void BJotlet::ShowTools() {
+  const bool draws = record_.IsImage() && hasFocus_ && !record_.readOnly && context_.options.formatBar &&
+                     !IsSounding() && HasRoomForFormatBar(skin_->data, view_);
+  view_.states.Set(SkinState::kPictureBar, draws);
+  const ToolSettings settings = ToolSettingsFrom(context_.options, place_.Dpi());
+  view_.chosen = draws ? Drawing().tool : kActionNone;
+  view_.pen = draws ? settings.colour : Colour{};
 }
 
 // What changes most often, the button under the mouse and the thumb, changes little of the window.

@@ -93,8 +93,8 @@ void BJotlet::OnFilesDropped(WPARAM drop) {
 void BJotlet::PictureChanged(PictureWork& picture, std::uint64_t versionBefore) {
   const RECT area = ToRECT(picture.ConsumeChanged(TextArea(skin_->data, view_)));
   InvalidateRect(Handle(), &area, FALSE);
-  if (picture.Version() == versionBefore) return;
   UpdateView();
+  if (picture.Version() == versionBefore) return;
   TellChanges();
   OnContentChanged();
 }

@@ -16,11 +16,12 @@ bool PictureCommands::Do(const Text& id, ActionCode action) {
   if (jotlet == nullptr || !jotlet->StoredRecord().IsImage()) return false;
   const NoteAction& row = RowOf(action);
   if (row.by != ActionBy::kPicture && row.by != ActionBy::kEditor) return false;
-  if (row.sets.what == ActionSets::kPenWidth) return SetPen(row.sets.value, Pen()), true;
+  if (row.sets.what == ActionSets::kPenWidth) return SetPen(*jotlet, row.sets.value, Pen()), true;
   switch (action) {
     case kActionPenColour: {
       const auto colour = ChooseSystemColour(jotlet->Handle(), Pen());
-      if (colour) SetPen(options_.penWidth, *colour);
+      jotlet = notes_.Find(id);
+      if (colour && jotlet != nullptr) SetPen(*jotlet, options_.penWidth, *colour);
       return true;
     }
     case kActionPaste:
@@ -105,17 +106,19 @@ Colour PictureCommands::Pen() const {
   return {channel(0), channel(1), channel(2)};
 }
 
-void PictureCommands::SetPen(std::int32_t width, Colour colour) {
+void PictureCommands::SetPen(BJotlet& jotlet, std::int32_t width, Colour colour) {
   options_.penWidth = width;
   options_.penColour = {colour.r, colour.g, colour.b};
   saving_.SetOptionsDirty();
+  jotlet.ShowAnew();
 }
 
 void PictureCommands::OnAnswer(const Text& id, const PictureAnswer& answer) {
   if (!answer.load.empty()) return Load(id, answer.load);
-  if (answer.picked) SetPen(options_.penWidth, *answer.picked);
   BJotlet* jotlet = notes_.Find(id);
-  if (!answer.write || jotlet == nullptr) return;
+  if (jotlet == nullptr) return;
+  if (answer.picked) SetPen(*jotlet, options_.penWidth, *answer.picked);
+  if (!answer.write) return;
   DrawnObject object = *answer.write;
   const auto words =
       BTextDlg(resources_, IDS_PICTURE_TEXT, IDS_PICTURE_TEXT_LABEL, object.text).Ask(jotlet->Handle());

@@ -36,7 +36,7 @@ class PictureCommands {
   void Load(const Text& id, const Text& path);
   void AskSize(const Text& id);
   Colour Pen() const;
-  void SetPen(std::int32_t width, Colour colour);
+  void SetPen(BJotlet& jotlet, std::int32_t width, Colour colour);
 
   const Resources& resources_;
   Options& options_;
