@@ -54,13 +54,14 @@ struct Options {
   std::int32_t makeAllVisible = 1;
   std::int32_t useHooks = 1;
   // Windows + Alt with Shift and Ctrl as further modifiers: nothing on a stock Windows uses these.
-  std::array<HotKey, 7> hooks = {{{true, false, false, true, 'S'},
+  std::array<HotKey, 8> hooks = {{{true, false, false, true, 'S'},
                                   {true, true, false, true, 'S'},
                                   {true, false, true, true, 'S'},
                                   {true, true, true, true, 'S'},
                                   {true, false, false, true, 'M'},
                                   {true, false, false, true, 'W'},
-                                  {true, false, false, true, 'F'}}};
+                                  {true, false, false, true, 'F'},
+                                  {true, false, false, true, 'G'}}};
   TextAndNumber alarm;
   std::int32_t soundAlarmOnWake = 0;
   std::int32_t aotDefault = 1;

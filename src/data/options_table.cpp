@@ -209,6 +209,7 @@ constexpr std::array kOptions = {
     Hook<4>(u"Hook4", u"Hot key: manage window."),
     Hook<5>(u"Hook5", u"Hot key: rescue notes that lie off the screen."),
     Hook<6>(u"Hook6", u"Hot key: find in all notes."),
+    Hook<7>(u"Hook7", u"Hot key: picture of an area of the screen."),
     WordsAndNumber<&O::alarm>(u"Alarm",
                               u"Sound file of a note that wakes, and whether the sleep dialog proposes it."),
     Number<&O::soundAlarmOnWake>(u"SoundAlarmOnWake",

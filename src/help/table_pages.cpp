@@ -82,7 +82,7 @@ Text KeysPage(const ResourceTexts& texts) {
     }
   }
   page.append(
-      u"\nThe last ones are the hot keys, as they are at first; they are options, `Hook` to `Hook6`, and\n"
+      u"\nThe last ones are the hot keys, as they are at first; they are options, `Hook` to `Hook7`, and\n"
       u"`UseHooks` turns them off. One that another program holds is passed over.\n");
   return page;
 }

@@ -444,8 +444,11 @@
 #define IDS_HELP_FAILED 6757
 #define IDS_KEYS_COLUMN 6760
 #define IDS_KEY_PLACE 6770  // in the order of `KeyPlace`
-#define IDS_READING 8118    // "ltr", or "rtl" for a language that is read from right to left
-#define IDS_KEY_ROW 8120    // as many as there are, up to the end
+#define ID_GRAB_AREA 8230
+#define ID_GRAB_SCREEN 8231
+#define IDS_GRAB_TITLE 8232
+#define IDS_READING 8118  // "ltr", or "rtl" for a language that is read from right to left
+#define IDS_KEY_ROW 8120  // as many as there are, up to the end
 #define IDS_KEY_ROW_END 8160
 #define IDS_HOT_KEY 6800  // in the order of the options
 // Writing in a note. The texts of the editor's keys: this number and the `EditorKey`.

@@ -114,8 +114,8 @@ bool HasRoomForFormatBar(const SkinData& skin, const SkinView& view) {
 }
 
 Rect FormatBarArea(const SkinData& skin, const SkinView& view) {
-  const bool there = view.states.Has(SkinState::kFormatBar) || view.states.Has(SkinState::kPictureBar);
-  if (!there || !HasRoomForFormatBar(skin, view)) return {};
+  const bool hasBar = view.states.Has(SkinState::kFormatBar) || view.states.Has(SkinState::kPictureBar);
+  if (!hasBar || !HasRoomForFormatBar(skin, view)) return {};
   return {0, std::max(view.window.height - skin.formatBar, 0), view.window.width, view.window.height};
 }
 

@@ -36,7 +36,7 @@ TEST(Options, HaveTheirKeysOrderAndForms) {
   EXPECT_EQ(ToUtf8(ComposeOptions(options)), ToUtf8(EveryKey()));
   EXPECT_TRUE(options.others.empty());
   EXPECT_TRUE(Read(ComposeOptions(Options())) == Options());  // whose values are in the documents
-  EXPECT_EQ(Lines(EveryKey()).size(), 1u + 113u + 3u);        // the heading, the options and three styles
+  EXPECT_EQ(Lines(EveryKey()).size(), 1u + 114u + 3u);        // the heading, the options and three styles
   for (const Text& line : Lines(ComposeOptions(Options()))) {
     EXPECT_TRUE(line == u"[Options]" || EveryKey().find(u"\n" + line + u"\n") == Text::npos) << ToUtf8(line);
   }

@@ -130,6 +130,42 @@ TEST_F(PicturesTest, AFileIsDroppedOnOneAndWhatIsSelectedIsCut) {
   EXPECT_EQ(std::ptrdiff_t{cut->size.width} * cut->size.height, Drawn());
 }
 
+TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
+  StartWithSheet();
+  TakeHold();
+  const auto grab = [] { return FindWindowW(L"JotletsGrab", nullptr); };
+  const auto sizeOfNewest = [this] {
+    id_ = List(u"desktop").back();
+    const auto kept = Kept();
+    return kept ? kept->size : Size();
+  };
+  const auto open = [&] {
+    PressKeys({VK_LWIN, VK_MENU, 'G'});
+    return WaitUntil([&] { return GetForegroundWindow() == grab() && grab() != nullptr; });
+  };
+  ASSERT_TRUE(open());
+  PressKeys({VK_ESCAPE});
+  ASSERT_TRUE(WaitUntil([&] { return grab() == nullptr; }));
+  EXPECT_EQ(List(u"desktop").size(), 1u);
+  ASSERT_TRUE(open());
+  ASSERT_TRUE(Drag(grab(), OnSheet({10, 10}), {49, 29}));
+  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 2; }));
+  EXPECT_EQ(sizeOfNewest(), (Size{50, 30}));
+  const auto white = Kept();
+  ASSERT_TRUE(white);
+  EXPECT_TRUE(std::ranges::all_of(white->pixels, [](std::uint8_t byte) { return byte == 255; }))
+      << "the sheet lies there, bright and opaque";
+  // Both corners by keys.
+  ASSERT_TRUE(open());
+  PressKeys({VK_RETURN});
+  PressKeys({VK_SHIFT, VK_RIGHT});
+  PressKeys({VK_DOWN});
+  PressKeys({VK_SHIFT, VK_DOWN});
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 3; }));
+  EXPECT_EQ(sizeOfNewest(), (Size{11, 12}));
+}
+
 TEST_F(PicturesTest, OfACameraStandUprightAndWhatIsNoneIsRefused) {
   ASSERT_TRUE(StartProgramWith({}));
   const auto made = [&](const Text& path) { return Reply(u"do new imagejotlet " + path); };

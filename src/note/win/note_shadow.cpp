@@ -47,7 +47,8 @@ void NoteShadow::Stack(HWND note, const Rect& bounds, bool orderChanged) {
   constexpr UINT kShow = SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW;
   const bool below = IsWindowVisible(Handle()) != 0 && GetWindow(note, GW_HWNDNEXT) == Handle();
   if (below && !orderChanged) {
-    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOZORDER);
+    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOZORDER);
     return;
   }
   stacking_ = true;

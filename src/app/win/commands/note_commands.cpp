@@ -70,6 +70,8 @@ constexpr NoteCommands::Handler NoteCommands::kHandlers[] = {
     {.code = kActionArrangeByColour, .arranges = Arrangement::kColours},
     {.code = kActionNewJotlet, .command = ID_NEW_JOTLET},
     {.code = kActionNewFromClipboard, .command = ID_NEW_FROM_CLIPBOARD},
+    {.code = kActionGrabSs, .command = ID_GRAB_SCREEN},
+    {.code = kActionGrabSsArea, .command = ID_GRAB_AREA},
     {.code = kActionRescue, .command = ID_RESCUE},
     {.code = kActionHideAll, .command = ID_SHOW_OR_HIDE},
     {.code = kActionExitApp, .command = ID_EXIT_JOTLETS},

@@ -4,7 +4,9 @@
 #include "desk/note_import.h"
 #include "editor/win/styles_dialog.h"
 #include "friends/win/friends_dialog.h"
+#include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
+#include "picture/win/screen_grab.h"
 #include "res/find_numbers.h"
 #include "res/resource.h"
 #include "ui/screen.h"
@@ -28,6 +30,8 @@ void TrayCommands::Do(UINT command) {
       break;
     case ID_MANAGE: OpenManageWindow(); break;
     case ID_QUICK_FIND: tools_.found.Dialog().OpenWindow(); break;
+    case ID_GRAB_AREA: GrabArea(); break;
+    case ID_GRAB_SCREEN: GrabWholeScreen(); break;
     case ID_OPTIONS: tools_.optionDialog.Open(SettingsPage::kNotes); break;
     case ID_STYLES: EditStyles(GetActiveWindow(), {}); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
@@ -80,7 +84,7 @@ void TrayCommands::ChooseCustom(UINT command) {
 void TrayCommands::OnHotKey(int id) {
   // In the order of the options.
   constexpr UINT kCommands[] = {ID_NEW_JOTLET, ID_NEW_FROM_CLIPBOARD, ID_SHOW_OR_HIDE, 0, ID_MANAGE,
-                                ID_RESCUE,     ID_QUICK_FIND};
+                                ID_RESCUE,     ID_QUICK_FIND,         ID_GRAB_AREA};
   const int index = id - kFirstHotKey;
   if (index < 0 || index >= static_cast<int>(std::size(kCommands))) return;
   if (kCommands[index] == 0) {
@@ -126,6 +130,30 @@ void TrayCommands::MakeNote(bool fromClipboard) {
   tools_.desk.Show(id, first == kNothingFirst ? Showing::kQuietly : Showing::kWithFocus);
   BJotlet* note = first == kTitleFirst ? tools_.notes.Find(id) : nullptr;
   if (note != nullptr) note->EditTitle();
+}
+
+void TrayCommands::MakePictureNote(const Picture& picture) {
+  NewNote fresh;
+  fresh.isImage = true;
+  fresh.content = EncodePng(picture);
+  if (fresh.content.empty())
+    return tools_.log.Write(kLogLifecycle, u"A picture of the screen could not be kept");
+  tools_.desk.Show(tools_.desk.Create(fresh), Showing::kWithFocus);
+}
+
+void TrayCommands::GrabArea() {
+  const auto keep = [this](const Picture& picture, bool toClipboard) {
+    toClipboard ? static_cast<void>(PutPictureOnClipboard(tools_.window.Handle(), EncodePng(picture)))
+                : MakePictureNote(picture);
+  };
+  if (!grab_.Choose(tools_.resources.String(IDS_GRAB_TITLE), tools_.options.greenRectSs, keep))
+    tools_.log.Write(kLogLifecycle, u"No picture of the screen could be taken");
+}
+
+void TrayCommands::GrabWholeScreen() {
+  const Rect screen = VirtualScreen();
+  const Size size{screen.Width(), screen.Height()};
+  MakePictureNote(PartOfGrab(GrabScreen(screen), size, WholeOf(size)));
 }
 
 void TrayCommands::OpenManageWindow() {

@@ -6,6 +6,7 @@
 #include "app/win/commands/found_notes.h"
 #include "app/win/commands/managed_notes.h"
 #include "app/win/commands/option_commands.h"
+#include "app/win/grab_window.h"
 #include "app/win/hot_keys.h"
 #include "app/win/keys_dialog.h"
 #include "app/win/program_saving.h"
@@ -56,7 +57,7 @@ struct TrayCommandTools {
 
 class TrayCommands {
  public:
-  explicit TrayCommands(const TrayCommandTools& tools) : tools_(tools) {}
+  explicit TrayCommands(const TrayCommandTools& tools) : tools_(tools), grab_(tools.resources.Look()) {}
 
   /// Carries out a command of the tray menu, unless the program is coming up or going down.
   void Do(UINT command);
@@ -85,6 +86,9 @@ class TrayCommands {
 
  private:
   void MakeNote(bool fromClipboard);
+  void MakePictureNote(const Picture& picture);
+  void GrabArea();
+  void GrabWholeScreen();
   void OpenManageWindow();
   void ChooseImport();
   void MoveDataLocation();
@@ -94,7 +98,8 @@ class TrayCommands {
 
   TrayCommandTools tools_;
   std::vector<CustomCommand> shownCustom_;  // the entries of others in the menu that was shown last
-  HWND editingFriends_ = nullptr;           // the dialog, while it is open
+  GrabWindow grab_;
+  HWND editingFriends_ = nullptr;  // the dialog, while it is open
 };
 
 }  // namespace jotlets
