@@ -21,8 +21,9 @@ Text ObjectsPath(TextView contentPath) {
 FileStatus CopyContentFile(Files& files, TextView from, TextView to) {
   const FileStatus copied = files.Copy(from, to);
   const Text objects = ObjectsPath(from);
-  if (!copied || objects.empty() || !files.Exists(objects)) return copied;
-  return files.Copy(objects, ObjectsPath(to));
+  // A picture is whole without them.
+  if (copied && !objects.empty() && files.Exists(objects)) files.Copy(objects, ObjectsPath(to));
+  return copied;
 }
 
 FileStatus RemoveContentFile(Files& files, TextView path) {
@@ -74,7 +75,10 @@ Text ContentFiles::Claim(const ContentClaim& claim) {
 std::vector<Text> ContentFiles::StrayObjects() const {
   std::vector<Text> lines;
   for (const Stem& stem : objects_) {
-    if (std::ranges::binary_search(images_, stem.folded, {}, &Stem::folded)) continue;
+    // The lists were made one after the other.
+    if (std::ranges::binary_search(images_, stem.folded, {}, &Stem::folded) ||
+        files_.Exists(folder_ + Text(kImagesFolder) + stem.written + Text(kPictureExtension)))
+      continue;
     lines.push_back(u"!!! '" + stem.written + Text(kObjectsExtension) +
                     u"' belongs to a picture that is not there");
   }

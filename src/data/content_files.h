@@ -18,7 +18,7 @@ struct Orphan {
 /// The file of what was drawn on the picture of a content file; empty for a text.
 Text ObjectsPath(TextView contentPath);
 
-/// Copies a content file, and what was drawn on a picture.
+/// Copies a content file, and what was drawn on a picture if that can be copied.
 FileStatus CopyContentFile(Files& files, TextView from, TextView to);
 
 /// Removes them; missing ones are no failure.

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "data/content_files.h"
 #include "data/data_folder.h"
 #include "data/jotlet_id.h"
 #include "data/text_file.h"
@@ -211,6 +212,8 @@ ContentOutcome ReplayContent(const LoadContext& context, const Text& path,
     }
     context.log.Write(kLogLifecycle, u"'", path, u"' was changed from outside, kept as '", kept, u"'");
   }
+  // It has what lies below things drawn on another picture than this one.
+  if (const Text beside = ObjectsPath(path); !beside.empty()) context.files.Remove(beside);
   const FileStatus written = context.files.Write(path, present.bytes);
   if (written) return ContentOutcome::kWritten;
   context.log.Write(kLogLifecycle, u"Unable to write '", path, u"' from the journal: ", written.reason);

@@ -61,7 +61,7 @@ struct Options {
                                   {true, false, false, true, 'M'},
                                   {true, false, false, true, 'W'},
                                   {true, false, false, true, 'F'},
-                                  {true, false, false, true, 'G'}}};
+                                  {true, false, false, true, 'A'}}};
   TextAndNumber alarm;
   std::int32_t soundAlarmOnWake = 0;
   std::int32_t aotDefault = 1;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/content_files.h"
 #include "data/data_folder.h"
 #include "data/jotlet_id.h"
 #include "data/loading.h"
@@ -33,8 +34,9 @@ FileStatus ProvideContent(const AdmissionContext& context, const FiledJotlet& no
         path, note.inlineContent ? RtfBytes(*note.inlineContent) : std::string(kPlaceholderRtf));
   }
   const Text original = ContentOf(context.folder, givenId, true);
-  return context.files.Copy(
-      context.files.Exists(original) ? original : Text(context.folder).append(kDefaultPngName), path);
+  return CopyContentFile(
+      context.files, context.files.Exists(original) ? original : Text(context.folder).append(kDefaultPngName),
+      path);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/content_files.h"
 #include "data/data_folder.h"
 #include "data/loading.h"
 #include "note/frame_layout.h"
@@ -69,7 +70,9 @@ Text NoteMaker::AdoptableId(const Orphan& orphan) {
   named.id = orphan.id;
   const Text from = folder_ + ContentPath(named);
   named.id = NewJotletId();
-  const FileStatus moved = files_.Rename(from, folder_ + ContentPath(named));
+  const Text to = folder_ + ContentPath(named);
+  const FileStatus moved = files_.Rename(from, to);
+  if (moved && orphan.isImage) files_.Rename(ObjectsPath(from), ObjectsPath(to));
   if (moved) return named.id;
   log_.Write(kLogLifecycle, u"Unable to adopt '", from, u"': ", moved.reason);
   return {};

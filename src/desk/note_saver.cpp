@@ -113,7 +113,9 @@ FileStatus NoteSaver::SaveElsewhere(TextView folder) {
   for (const auto& record : lists_.desktop) {
     const ContentBytes content = windows_.ContentOf(record->id).BytesToSave();
     FileStatus status = content.status;
-    if (status && content.bytes) status = WriteContent(files_, Text(folder) + ContentPath(*record), content);
+    Text fault;
+    if (status && content.bytes)
+      status = WriteContent(files_, Text(folder) + ContentPath(*record), content, fault);
     if (!status) return status;
   }
   Text text = MarkedDataFile(View(), lines_);

@@ -27,28 +27,31 @@ class UnsavedUntilWritten {
 
 }  // namespace
 
-FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content) {
-  const FileStatus written = files.Write(path, *content.bytes);
+FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content, Text& fault) {
   const Text beside = ObjectsPath(path);
-  if (!written || beside.empty()) return written;
-  return content.objects.empty() ? files.Remove(beside) : files.Write(beside, content.objects);
+  if (!beside.empty()) fault = files.Remove(beside).reason;
+  const FileStatus written = files.Write(path, *content.bytes);
+  if (written && !content.objects.empty()) fault = files.Write(beside, content.objects).reason;
+  return written;
 }
 
 ContentSaved SaveContentFile(NoteContent& content, bool& keepOld, Files& files, TextView path,
                              const LocalTime& now) {
   const ContentBytes toSave = content.BytesToSave();
-  if (!toSave.status) return {toSave.status};
+  if (!toSave.status) return {toSave.status, false, {}};
   const std::optional<std::string>& bytes = toSave.bytes;
   if (!bytes) return {};
   if (keepOld && files.Exists(path)) {
     const FileStatus kept = files.Copy(path, DatedName(files, path, kDamagedMark, now));
-    if (!kept) return {kept};
+    if (!kept) return {kept, false, {}};
   }
   keepOld = false;
   UnsavedUntilWritten unsaved(content);
-  const FileStatus written = WriteContent(files, path, toSave);
-  if (written) unsaved.Written();
-  return {written, written.ok};
+  ContentSaved saved;
+  saved.status = WriteContent(files, path, toSave, saved.fault);
+  saved.written = saved.status.ok;
+  if (saved.written) unsaved.Written();
+  return saved;
 }
 
 }  // namespace jotlets

@@ -24,9 +24,10 @@ struct ContentBytes {
   std::string objects;  // of the file beside a picture; empty when there is to be none
 };
 
-/// Writes what a content file, and the file beside it, are to hold; the file beside it may be missing, but
-/// never the other way round.
-FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content);
+/// Writes what a content file and the file beside it are to hold. The old file beside it goes first: it may
+/// have what is hidden now. A fault with it fails nothing, the picture being whole without; `fault` tells of
+/// it.
+FileStatus WriteContent(Files& files, TextView path, const ContentBytes& content, Text& fault);
 
 class NoteContent {
  public:
@@ -67,6 +68,7 @@ class NoteContent {
 struct ContentSaved {
   FileStatus status;     // good also when there was nothing to save
   bool written = false;  // the file is a new one
+  Text fault;            // with the file beside a picture; empty for none
 };
 
 /// Writes the content file at `path` when the content has changed since; after a failure it still counts as

@@ -112,18 +112,4 @@ Picture Resized(const Picture& picture, Size size, const Cancelled& cancelled) {
   return resized;
 }
 
-std::optional<Size> PictureSizeFrom(TextView words, Size now) {
-  constexpr std::int32_t kMaxSide = 30000;
-  const std::size_t by = words.find_first_of(u"xX\u00D7");
-  const std::int32_t width = ParseInt(TrimBlanks(words.substr(0, by)));
-  const std::int64_t follows = std::int64_t{width} * now.height / std::max(now.width, 1);
-  const std::int32_t height = by == TextView::npos
-                                  ? static_cast<std::int32_t>(std::clamp<std::int64_t>(follows, 1, kMaxSide))
-                                  : ParseInt(TrimBlanks(words.substr(by + 1)));
-  const Size size{width, height};
-  if (width < 1 || height < 1 || width > kMaxSide || height > kMaxSide || !IsPictureSize(size))
-    return std::nullopt;
-  return size;
-}
-
 }  // namespace jotlets

@@ -85,7 +85,7 @@ class SkinPainter {
                PartOf(element, element.sourceChosen, {area.Width(), area.Height()}, std::nullopt, ground),
                {area.left, area.top});
       ink = InkOn(ground);
-      place = &element.source;
+      if (element.source.picture) place = &element.source;
     }
     DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});

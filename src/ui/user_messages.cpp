@@ -30,6 +30,7 @@ class BesideOwner {
 
 int ShowBox(HWND owner, const Resources& resources, const Text& words, UINT kind) {
   const BesideOwner placed;
+  if (resources.Look().IsRightToLeft()) kind |= MB_RTLREADING | MB_RIGHT;
   return MessageBoxW(owner, Wide(words), Wide(resources.String(IDS_APP_TITLE)), kind);
 }
 

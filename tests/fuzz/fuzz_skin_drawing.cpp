@@ -82,11 +82,16 @@ void Exaggerate(SkinData& skin, Choices& choose) {
   // As far as a skin's text can say.
   element.corner = std::clamp(choose.Extreme(), 0, kFarthestCoordinate);
   element.fill = choose.Byte() % 101;
+  element.sourceChosen.picture = Point{choose.Extreme(), choose.Extreme()};
+  element.action = kActionPenDraw;
+  if (choose.Flag()) element.source.picture.reset();
   if (choose.Flag()) element.pill = u"50%TITLE%";
 }
 
 SkinView MakeView(const SkinData& skin, Choices& choose) {
   SkinView view{{1 + choose.Below(150), 1 + choose.Below(90)}, {choose.Byte(), choose.Byte(), choose.Byte()}};
+  if (choose.Flag()) view.chosen = kActionPenDraw;
+  view.rightToLeft = choose.Flag();
   view.rolled = choose.Flag(), view.focus = choose.Flag(), view.mouseOver = choose.Flag();
   for (int state = 0; state <= static_cast<int>(SkinState::kScrollbarRequired); ++state)
     view.states.Set(static_cast<SkinState>(state), choose.Flag());

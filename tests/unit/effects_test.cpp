@@ -6,6 +6,7 @@
 
 #include "picture/flood_fill.h"
 #include "picture/orientation.h"
+#include "picture/picture_sizing.h"
 #include "picture/resizing.h"
 #include "some_pictures.h"
 
@@ -258,13 +259,30 @@ TEST(Pixels, ChangeTheirFormAndPlaceWithoutLoss) {
   EXPECT_FALSE(ColourAt(WhitePicture({2, 2}), {2, 1}) || ColourAt(BlankPicture({2, 2}), {1, 1}));
 }
 
-TEST(PictureSize, IsReadAsItIsWritten) {
-  constexpr Size kNow{400, 300};
-  EXPECT_EQ(PictureSizeFrom(u"800 x 500", kNow), (Size{800, 500}));
-  EXPECT_EQ(PictureSizeFrom(u" 200 ", kNow), (Size{200, 150}));
-  EXPECT_EQ(PictureSizeFrom(u"1", {1, 30000}), (Size{1, 30000}));
-  for (const TextView none : {u"", u"x", u"0 x 5", u"5 x", u"-3", u"30001", u"30000 x 30000", u"a x b"})
-    EXPECT_EQ(PictureSizeFrom(none, kNow), std::nullopt) << ToUtf8(none);
+TEST(PictureSizing, LetsOneNumberFollowTheOtherInPixelsAndPercent) {
+  PictureSizing sizing({400, 300}, SizeUnit::kPixels, true);
+  sizing.SetWidth(200);
+  EXPECT_EQ(sizing.Height(), 150);
+  sizing.SetUnit(SizeUnit::kPercent);
+  EXPECT_EQ(sizing.Width(), 50);
+  sizing.SetHeight(33);
+  EXPECT_EQ(sizing.Wanted(), (Size{132, 99}));
+  EXPECT_EQ(sizing.Width(), 33);
+  sizing.SetKeepsAspect(false);
+  sizing.SetHeight(200);
+  EXPECT_EQ(sizing.Wanted(), (Size{132, 600}));
+  sizing.SetKeepsAspect(true);
+  EXPECT_EQ(sizing.Wanted(), (Size{132, 99}));
+  PictureSizing narrow({1, 20000}, SizeUnit::kPixels, true);
+  narrow.SetHeight(10);
+  EXPECT_EQ(narrow.Wanted(), (Size{1, 10})) << "never less than a pixel";
+  narrow.SetWidth(2);
+  EXPECT_EQ(narrow.Wanted(), std::nullopt) << "too high";
+  for (const std::int32_t none : {0, -5, 2'000'000'000}) {
+    sizing.SetUnit(SizeUnit::kPercent);
+    sizing.SetWidth(none);
+    EXPECT_EQ(sizing.Wanted(), std::nullopt) << none;
+  }
 }
 
 }  // namespace

@@ -38,17 +38,24 @@ TEST_F(NoteContentSaving, WritesWhatHasChangedOnce) {
 TEST_F(NoteContentSaving, OfAPictureTakesWhatIsDrawnOnItAlong) {
   const Text picture = u"D:\\images\\P.png";
   const Text copy = u"D:\\images\\Q.png";
-  ASSERT_TRUE(WriteContent(files, picture, {{}, "png", "objects"}));
+  Text fault;
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "png", "objects"}, fault));
   ASSERT_TRUE(CopyContentFile(files, picture, copy));
   EXPECT_EQ(files.Get(u"D:\\images\\Q.jdr"), "objects");
-  ASSERT_TRUE(WriteContent(files, picture, {{}, "blank", {}}));
+  files.changesUntilFailure = 1;
+  EXPECT_FALSE(WriteContent(files, picture, {{}, "hidden", "objects"}, fault));
+  EXPECT_FALSE(files.Exists(u"D:\\images\\P.jdr")) << "it may have what is hidden now";
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "png", "objects"}, fault));
+  files.changesUntilFailure = 2;
+  EXPECT_TRUE(WriteContent(files, picture, {{}, "png", "more"}, fault)) << "the picture is whole";
+  EXPECT_EQ(fault, u"disk full");
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "png", "objects"}, fault));
+  ASSERT_TRUE(WriteContent(files, picture, {{}, "blank", {}}, fault));
   EXPECT_FALSE(files.Exists(u"D:\\images\\P.jdr")) << "nothing is drawn any more";
   files.Remove(copy);
   EXPECT_EQ(ContentFiles(files, u"D:\\").StrayObjects().size(), 1u);
   ASSERT_TRUE(RemoveContentFile(files, copy));
   EXPECT_TRUE(ContentFiles(files, u"D:\\").StrayObjects().empty());
-  files.changesUntilFailure = 1;
-  EXPECT_FALSE(WriteContent(files, picture, {{}, "png", "objects"})) << "is tried again";
 }
 
 TEST_F(NoteContentSaving, TheBeginningOfATextNeverTakesThePlaceOfAllOfIt) {

@@ -140,7 +140,7 @@ TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
     return kept ? kept->size : Size();
   };
   const auto open = [&] {
-    PressKeys({VK_LWIN, VK_MENU, 'G'});
+    PressKeys({VK_LWIN, VK_MENU, 'A'});
     return WaitUntil([&] { return GetForegroundWindow() == grab() && grab() != nullptr; });
   };
   ASSERT_TRUE(open());

@@ -1,10 +1,12 @@
 #include "app/win/grab_window.h"
 
-#include <windowsx.h>
+#include <dwmapi.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
+#include "base/win/system_library.h"
 #include "base/win/wide.h"
 #include "picture/grab_area.h"
 #include "picture/win/screen_grab.h"
@@ -15,7 +17,8 @@ namespace jotlets {
 namespace {
 
 constexpr wchar_t kGrabClass[] = L"JotletsGrab";
-constexpr UINT kDelay = 3000;  // milliseconds, in which a menu can be opened
+constexpr UINT kDelay = 3000;    // milliseconds, in which a menu can be opened
+constexpr UINT kSettling = 200;  // in which one has faded out
 constexpr Colour kGreen{40, 220, 60};
 // At the usual scale.
 constexpr int kGlass = 132;  // a side of the magnifying glass
@@ -24,13 +27,30 @@ constexpr int kGlassGap = 24;
 constexpr int kLine = 2;
 constexpr int kWordsHeight = 22;
 
-// What a click can take: windows that are seen, the topmost first. Those that let the mouse through, shadows
-// among them, are none.
+template <typename Value>
+bool AskCompositor(HWND window, DWORD attribute, Value& value) {
+  static const auto ask =
+      SystemFunction<decltype(DwmGetWindowAttribute)>(L"dwmapi.dll", "DwmGetWindowAttribute");
+  return ask != nullptr && SUCCEEDED(ask(window, attribute, &value, sizeof value));
+}
+
+// The desktop itself, below all windows.
+bool IsDesktop(HWND window) {
+  wchar_t name[16] = {};
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return window == GetShellWindow() || lstrcmpW(name, L"WorkerW") == 0;
+}
+
+// What a click can take: windows that are seen, the topmost first, as large as they look. Those that let the
+// mouse through, shadows among them, are none.
 BOOL CALLBACK CollectWindow(HWND window, LPARAM to) {
-  RECT bounds{};
   const bool through = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0;
-  if (IsWindowVisible(window) && IsIconic(window) == 0 && !through && GetWindowRect(window, &bounds) != 0 &&
-      bounds.right > bounds.left && bounds.bottom > bounds.top)
+  if (IsWindowVisible(window) == 0 || IsIconic(window) != 0 || through || IsDesktop(window)) return TRUE;
+  DWORD cloaked = 0;
+  if (AskCompositor(window, DWMWA_CLOAKED, cloaked) && cloaked != 0) return TRUE;
+  RECT bounds{};
+  if (!AskCompositor(window, DWMWA_EXTENDED_FRAME_BOUNDS, bounds)) GetWindowRect(window, &bounds);
+  if (bounds.right > bounds.left && bounds.bottom > bounds.top)
     reinterpret_cast<std::vector<Rect>*>(to)->push_back(FromRECT(bounds));
   return TRUE;
 }
@@ -46,18 +66,34 @@ Rect Moved(const Rect& area, Point by) {
 
 }  // namespace
 
-bool GrabWindow::Choose(const Text& title, bool green, Chosen chosen) {
-  if (Handle() != nullptr) return SetForegroundWindow(Handle()) != 0;
+void GrabWindow::Choose(const Text& title, bool green, Chosen chosen) {
   title_ = title;
   green_ = green;
+  takesAll_ = false;
   chosen_ = std::move(chosen);
-  return Take();
+  Begin(kSettling);
 }
 
-bool GrabWindow::Take() {
+void GrabWindow::GrabAll(Chosen chosen) {
+  takesAll_ = true;
+  chosen_ = std::move(chosen);
+  Begin(kSettling);
+}
+
+void GrabWindow::Begin(UINT delay) {
+  RegisterWindowClass(kGrabClass);
+  const WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_TOPMOST};
+  if (Handle() == nullptr && !Create(kGrabClass, Wide(title_), {}, style)) return Tell({}, false);
+  ShowWindow(Handle(), SW_HIDE);
+  SetTimer(Handle(), kDelayTimer, delay, nullptr);
+}
+
+void GrabWindow::Take() {
   screen_ = VirtualScreen();
   grabbed_ = GrabScreen(screen_);
-  if (!grabbed_.bitmap) return false;
+  const Rect all = WholeOf({screen_.Width(), screen_.Height()});
+  if (!grabbed_.bitmap) return Tell({}, false);
+  if (takesAll_) return Tell(PartOfGrab(grabbed_, {screen_.Width(), screen_.Height()}, all), false);
   Darken();
   windows_.clear();
   monitors_.clear();
@@ -66,15 +102,22 @@ bool GrabWindow::Take() {
   for (std::vector<Rect>* areas : {&windows_, &monitors_})
     for (Rect& area : *areas) area = Moved(area, {-screen_.left, -screen_.top});
   from_.reset();
-  RegisterWindowClass(kGrabClass);
-  const WindowStyle style{WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_TOPMOST};
-  if (Handle() == nullptr && !Create(kGrabClass, Wide(title_), screen_, style)) return false;
-  POINT mouse{};
-  GetCursorPos(&mouse);
-  at_ = {static_cast<std::int32_t>(mouse.x) - screen_.left, static_cast<std::int32_t>(mouse.y) - screen_.top};
-  ShowWindow(Handle(), SW_SHOW);
+  const Point mouse = MousePosition();
+  at_ = {mouse.x - screen_.left, mouse.y - screen_.top};
+  Show();
+}
+
+void GrabWindow::Show() {
+  SetWindowTextW(Handle(), Wide(title_));
+  font_.reset(CreateFontW(-Scaled(12), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                          CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+  SetWindowPos(Handle(), HWND_TOPMOST, screen_.left, screen_.top, screen_.Width(), screen_.Height(),
+               SWP_SHOWWINDOW);
+  // Another program may have been worked with meanwhile, whose thread alone may give the keyboard away.
+  const DWORD front = GetWindowThreadProcessId(GetForegroundWindow(), nullptr);
+  const bool attached = front != GetCurrentThreadId() && AttachThreadInput(GetCurrentThreadId(), front, TRUE);
   SetForegroundWindow(Handle());
-  return true;
+  if (attached) AttachThreadInput(GetCurrentThreadId(), front, FALSE);
 }
 
 void GrabWindow::Darken() {
@@ -126,27 +169,34 @@ void GrabWindow::Press(Point at) {
 }
 
 void GrabWindow::Finish() {
-  const Rect area = Area();
   const bool toClipboard = GetKeyState(VK_CONTROL) < 0;
-  const Picture picture = PartOfGrab(grabbed_, {screen_.Width(), screen_.Height()}, area);
-  const Chosen chosen = std::exchange(chosen_, nullptr);
+  Tell(PartOfGrab(grabbed_, {screen_.Width(), screen_.Height()}, Area()), toClipboard);
+}
+
+void GrabWindow::Close() {
   Destroy();
   grabbed_ = {};
   dark_ = {};
-  if (chosen && !picture.pixels.empty()) chosen(picture, toClipboard);
+  chosen_ = nullptr;
 }
 
-void GrabWindow::Delay() {
-  ShowWindow(Handle(), SW_HIDE);
-  SetTimer(Handle(), kDelayTimer, kDelay, nullptr);
+// Whoever is told may choose again.
+void GrabWindow::Tell(const Picture& picture, bool toClipboard) {
+  const Chosen chosen = std::exchange(chosen_, nullptr);
+  Close();
+  if (chosen) chosen(picture, toClipboard);
 }
 
 bool GrabWindow::OnKey(WPARAM key) {
   const int step = GetKeyState(VK_SHIFT) < 0 ? 10 : 1;
   // The next key may come before the message of the mouse does.
   const auto move = [&](int x, int y) {
-    MoveTo({at_.x + x * step, at_.y + y * step});
+    MoveTo({std::clamp(at_.x + x * step, 0, screen_.Width() - 1),
+            std::clamp(at_.y + y * step, 0, screen_.Height() - 1)});
     SetCursorPos(at_.x + screen_.left, at_.y + screen_.top);
+    const Rect area = Area();
+    SetWindowTextW(Handle(),
+                   Wide(title_ + u", " + IntText(area.Width()) + u" \u00D7 " + IntText(area.Height())));
     return true;
   };
   switch (key) {
@@ -162,14 +212,14 @@ bool GrabWindow::OnKey(WPARAM key) {
       // The first one begins the area, the second ends it.
       from_ ? Finish() : Press(at_);
       return true;
-    case 'D': Delay(); return true;
-    case VK_ESCAPE: Destroy(); return true;
+    case 'D': Begin(kDelay); return true;
+    case VK_ESCAPE: Close(); return true;
     default: return false;
   }
 }
 
 LRESULT GrabWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  const Point at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  const Point at = PointOf(lParam);
   switch (message) {
     case WM_SETCURSOR:
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<const wchar_t*>(IDC_CROSS)));
@@ -185,7 +235,9 @@ LRESULT GrabWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       MoveTo(at);
       if (from_) Finish();
       return 0;
-    case WM_RBUTTONUP: Destroy(); return 0;
+    // The mouse was taken away in the middle of a drag.
+    case WM_CAPTURECHANGED: from_.reset(); return 0;
+    case WM_RBUTTONUP: Close(); return 0;
     case WM_KEYDOWN:
       if (OnKey(wParam)) return 0;
       return Default(message, wParam, lParam);
@@ -195,7 +247,7 @@ LRESULT GrabWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     // Another window is worked with: the picture is no longer what is wanted.
     case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE && IsWindowVisible(Handle())) Destroy();
+      if (LOWORD(wParam) == WA_INACTIVE && IsWindowVisible(Handle())) Close();
       return 0;
     default: return Default(message, wParam, lParam);
   }
@@ -233,7 +285,7 @@ void GrabWindow::Paint() {
   if (words.top < 0) OffsetRect(&words, 0, -words.top);
   const Text size = IntText(area.Width()) + u" \u00D7 " + IntText(area.Height());
   FillArea(buffer.get(), words, {32, 32, 36});
-  const Selected font(buffer.get(), static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)));
+  const Selected font(buffer.get(), font_.get());
   SetBkMode(buffer.get(), TRANSPARENT);
   SetTextColor(buffer.get(), RGB(255, 255, 255));
   DrawTextW(buffer.get(), Wide(size), static_cast<int>(size.size()), &words,

@@ -23,21 +23,27 @@ class GrabWindow final : public Window {
   /// `theme` outlives the window.
   explicit GrabWindow(const Theme& theme) : theme_(theme) {}
 
-  /// Takes a picture of the screen and shows it; false when it cannot be had. The area is dragged with the
-  /// mouse, or chosen by the arrow keys and Enter; a click takes a window. Held Ctrl means the clipboard, D a
-  /// new picture in three seconds, Esc nothing. `green`: a green frame, easier to see on dark windows.
-  bool Choose(const Text& title, bool green, Chosen chosen);
+  /// Takes a picture of the screen, shortly, when a menu that was used for it has gone, and shows it. The
+  /// area is dragged with the mouse, or chosen by the arrow keys and Enter; a click takes a window. Held Ctrl
+  /// means the clipboard, D a new picture in three seconds, Esc nothing. `green`: a green frame, easier to
+  /// see on dark windows. An empty picture is given when none can be had.
+  void Choose(const Text& title, bool green, Chosen chosen);
+  /// The same with all of the screen, which is not shown.
+  void GrabAll(Chosen chosen);
 
  private:
   static constexpr UINT_PTR kDelayTimer = 1;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  bool Take();
+  void Begin(UINT delay);
+  void Take();
+  void Show();
   void Darken();
+  void Close();
+  void Tell(const Picture& picture, bool toClipboard);
   bool OnKey(WPARAM key);
   void MoveTo(Point at);
   void Press(Point at);
   void Finish();
-  void Delay();
   Rect Area() const;
   Rect Shown(const Rect& area) const;
   Rect GlassPlace() const;
@@ -48,10 +54,12 @@ class GrabWindow final : public Window {
   const Theme& theme_;
   Text title_;
   bool green_ = false;
+  bool takesAll_ = false;
   Chosen chosen_;
   Rect screen_;  // in screen pixels; all others count from its corner
   PixelBitmap grabbed_;
   PixelBitmap dark_;
+  UniqueFont font_;
   std::vector<Rect> windows_;
   std::vector<Rect> monitors_;
   std::optional<Point> from_;  // where a drag began

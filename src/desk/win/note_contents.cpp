@@ -3,7 +3,9 @@
 #include "data/content_files.h"
 #include "data/rtf_bytes.h"
 #include "data/rtf_text.h"
+#include "picture/picture.h"
 #include "picture/win/picture_reader.h"
+#include "picture/win/picture_writer.h"
 
 namespace jotlets {
 namespace {
@@ -69,11 +71,23 @@ FileStatus NoteContents::WriteCopy(const JotletData& record, TextView path) {
     return files_.Write(path, other ? CopyOfText(record, rtf, TitleOf(record), path)
                                     : ToUtf8(RtfTextStart(RtfBytes(rtf), kWholeText)));
   }
+  if (record.IsImage() && (HasExtension(path, u".jpg") || HasExtension(path, u".jpeg")))
+    return WriteJpeg(record, path);
   if (jotlet == nullptr) return files_.Copy(desk_.Folder() + ContentPath(record), path);
   const ContentCopy copy = jotlet->Content().Copy(plain);
   if (!copy.fault.empty()) return FileStatus::Failed(Text(copy.fault));
   if (copy.bytes) return files_.Write(path, *copy.bytes);
   return files_.Copy(desk_.Folder() + ContentPath(record), path);
+}
+
+FileStatus NoteContents::WriteJpeg(const JotletData& record, TextView path) {
+  const BJotlet* jotlet = notes_.Find(record.id);
+  const ContentCopy shown = jotlet == nullptr ? ContentCopy() : jotlet->Content().Copy(false);
+  const auto picture = DecodePng(shown.bytes ? *shown.bytes : BytesOf(record));
+  if (!picture) return FileStatus::Failed(u"its picture cannot be read");
+  const std::string jpeg = JpegOf(*picture);
+  return jpeg.empty() ? FileStatus::Failed(u"the picture could not be written as JPEG")
+                      : files_.Write(path, jpeg);
 }
 
 Text NoteContents::TitleOf(const JotletData& record) const {

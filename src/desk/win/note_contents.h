@@ -30,12 +30,15 @@ class NoteContents final : public NoteCopies {
   /// Puts a picture file in the place of a picture note's content.
   bool SetPicture(BJotlet& jotlet, TextView path);
   /// Writes a note's content to a file, of the kind that the end of its name tells: plain text (".txt",
-  /// UTF-8), a web page (".html", ".htm"), Markdown (".md"), a note file (".jtl"), or what the content is.
+  /// UTF-8), a web page (".html", ".htm"), Markdown (".md"), a note file (".jtl"), of a picture JPEG (".jpg",
+  /// ".jpeg"), or what the content is.
   FileStatus WriteCopy(const JotletData& record, TextView path) override;
   /// The title that a note shows, or would show if it were open.
   Text TitleOf(const JotletData& record) const override;
 
  private:
+  FileStatus WriteJpeg(const JotletData& record, TextView path);
+
   Files& files_;
   const CodePage& ansi_;
   const Clock& clock_;

@@ -141,6 +141,10 @@ void FindStrip::Place(const Rect& bounds) {
   LayOut();
 }
 
+void FindStrip::Repaint() {
+  if (open_) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 // In a narrow strip the words go before the count.
 void FindStrip::LayOut() {
   RECT client{};
@@ -179,7 +183,8 @@ void FindStrip::OnCommand(UINT control, UINT notification) {
   if (comes || notification == (isButton ? BN_KILLFOCUS : EN_KILLFOCUS))
     SendMessageW(GetParent(Handle()), WM_COMMAND, MAKEWPARAM(kControlId, comes ? EN_SETFOCUS : EN_KILLFOCUS),
                  0);
-  if (notification != BN_CLICKED || !isButton) return;
+  // Two quick clicks on a button that is drawn here are told of as one of each kind.
+  if ((notification != BN_CLICKED && notification != BN_DOUBLECLICKED) || !isButton) return;
   if (control == kClose) return CloseStrip();
   Find(control == kNext ? FindStep::kNext : FindStep::kPrevious);
   SetFocus(GetDlgItem(Handle(), kWords));

@@ -29,6 +29,8 @@ class FindStrip final : public Window {
   /// Puts it at a place in client pixels of the note.
   void Place(const Rect& bounds);
   void Show(bool shown);
+  /// The paper below has another colour.
+  void Repaint();
   /// The text has changed: its places are counted anew.
   void Recount() { Find(FindStep::kNowhere); }
 

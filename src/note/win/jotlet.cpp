@@ -133,6 +133,9 @@ FileStatus BJotlet::SaveContent(Files& files, TextView dataFolder, const Moment&
   const ContentSaved saved =
       SaveContentFile(*content_, keepOldContent_, files, Text(dataFolder) + ContentPath(record_), now.local);
   if (saved.written) record_.modified = RecordTime(now.utc);
+  if (!saved.fault.empty())
+    context_.log.Write(kLogLifecycle, u"What is drawn on jotlet ", record_.id,
+                       u" can only be changed until it is closed: ", saved.fault);
   return saved.status;
 }
 
@@ -214,6 +217,8 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (PressInPicture(static_cast<std::uint16_t>(wParam))) return 0;
       return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_DROPFILES: OnFilesDropped(wParam); return 0;
+    // A tip that is due would come over the menu.
+    case WM_ENTERMENULOOP: title_.tooltip.Forget(); break;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: break;
   }

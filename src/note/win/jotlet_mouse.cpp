@@ -72,7 +72,7 @@ bool BJotlet::PressInPicture(std::uint16_t key) {
 
 bool BJotlet::Serve(const PictureAnswer& answer) {
   if (!answer.used) return false;
-  if (!answer.picked && !answer.write) return true;
+  if (!answer.picked && !answer.write && answer.widthSteps == 0) return true;
   // A press is still being served, and words are asked for in a dialog, in which the note may go.
   press_.asked = answer;
   PostMessageW(Handle(), kLaterMessage, 0, 0);

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "picture/picture_file.h"
+#include "ui/areas.h"
+#include "ui/pixel_bitmap.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -44,6 +46,29 @@ void DrawFrame(HDC dc, const Rect& frame) {
   SetTextColor(dc, RGB(0, 0, 0));
   SetBkColor(dc, RGB(255, 255, 255));
   DrawFocusRect(dc, &rect);
+}
+
+// What goes lies in the dark; what stays is divided into thirds.
+void DrawCrop(HDC dc, const Rect& picture, const Rect& frame) {
+  const PixelBitmap dark = MakePixelBitmap({1, 1});
+  if (!dark.bitmap) return;
+  const UniqueDc memory(CreateCompatibleDC(dc));
+  const Selected selected(memory.get(), dark.bitmap.get());
+  const Rect around[] = {{picture.left, picture.top, picture.right, frame.top},
+                         {picture.left, frame.bottom, picture.right, picture.bottom},
+                         {picture.left, frame.top, frame.left, frame.bottom},
+                         {frame.right, frame.top, picture.right, frame.bottom}};
+  for (const Rect& part : around) {
+    if (!IsEmptyRect(part))
+      GdiAlphaBlend(dc, part.left, part.top, part.Width(), part.Height(), memory.get(), 0, 0, 1, 1,
+                    {AC_SRC_OVER, 0, 128, 0});
+  }
+  for (int third = 1; third < 3; ++third) {
+    const LONG x = frame.left + frame.Width() * third / 3;
+    const LONG y = frame.top + frame.Height() * third / 3;
+    FillArea(dc, {x, frame.top, x + 1, frame.bottom}, {224, 224, 224});
+    FillArea(dc, {frame.left, y, frame.right, y + 1}, {224, 224, 224});
+  }
 }
 
 }  // namespace
@@ -128,15 +153,19 @@ void PictureWork::Load(Picture picture) {
 
 // The area, else the object.
 void PictureWork::ClearSelected() {
-  IsEmptyRect(document_.Selection()) ? document_.Delete(document_.SelectedObject())
-                                     : document_.Clear(document_.Selection());
+  if (!IsEmptyRect(document_.Selection())) {
+    document_.Clear(document_.Selection());
+  } else if (Selected() != nullptr) {
+    document_.Delete(document_.SelectedObject());
+  }
   ShowAll();
 }
 
 std::string PictureWork::SelectedPng() const {
   Rect area = document_.Selection();
-  const DrawnObject* object = document_.Find(document_.SelectedObject());
-  if (IsEmptyRect(area) && object != nullptr) area = BoundsOf(*object);
+  if (const DrawnObject* object = Selected(); IsEmptyRect(area) && object != nullptr)
+    area = BoundsOf(*object);
+  area = CommonPart(area, WholeOf(document_.PictureSize()));
   return EncodePng(document_.Composed(IsEmptyRect(area) ? WholeOf(document_.PictureSize()) : area));
 }
 
@@ -190,6 +219,7 @@ bool PictureWork::GiveUpDrag() {
 
 PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
   if (!inHand_) return {};
+  if (key == VK_OEM_4 || key == VK_OEM_6) return {.used = true, .widthSteps = key == VK_OEM_4 ? -1 : 1};
   const ToolAnswer told = tool_.Press(key, shift);
   PictureAnswer answer{.used = told.used || key == VK_ESCAPE};
   answer.write = Show(told);
@@ -199,7 +229,7 @@ PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
 }
 
 const DrawnObject* PictureWork::Selected() const {
-  if (tool_.Chosen() != Tool::kSelect) return nullptr;
+  if (!inHand_ || tool_.Chosen() != Tool::kSelect) return nullptr;
   return tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
 }
 
@@ -222,6 +252,8 @@ void PictureWork::Draw(HDC dc, const Rect& area) const {
   const int state = SaveDC(dc);
   IntersectClipRect(dc, picture.left, picture.top, picture.right, picture.bottom);
   const Rect& frame = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
+  if (!IsEmptyRect(tool_.Frame()) && tool_.Chosen() == Tool::kCrop)
+    DrawCrop(dc, picture, Placed(frame, area));
   if (!IsEmptyRect(frame)) DrawFrame(dc, Placed(frame, area));
   if (const DrawnObject* selected = Selected()) DrawFrame(dc, Placed(BoundsOf(*selected), area));
   RestoreDC(dc, state);
@@ -230,12 +262,20 @@ void PictureWork::Draw(HDC dc, const Rect& area) const {
 Rect PictureWork::FramesOf() const {
   if (!inHand_) return {};
   Rect frames = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();
+  // Around the frame to crop to all is darkened.
+  if (tool_.Chosen() == Tool::kCrop && !IsEmptyRect(frames)) return WholeOf(document_.PictureSize());
   if (const DrawnObject* selected = Selected()) frames = Enclosing(frames, BoundsOf(*selected));
   return frames;
 }
 
 Rect PictureWork::ConsumeChanged(const Rect& area) {
   constexpr std::int32_t kEdge = 2;  // pixels that a stretched edge and a frame reach further
+  // Of another size it also leaves places, and stands at another scale.
+  if (std::exchange(shownSize_, document_.PictureSize()) != document_.PictureSize()) {
+    changed_ = {};
+    framed_ = FramesOf();
+    return area;
+  }
   const Rect frames = FramesOf();
   const Rect changed =
       Enclosing(std::exchange(changed_, {}), Enclosing(std::exchange(framed_, frames), frames));

@@ -31,6 +31,7 @@ enum class PointerStep : std::uint8_t { kDown, kMove, kUp };
 struct PictureAnswer {
   bool used = false;
   std::optional<Colour> picked = {};
+  std::int32_t widthSteps = 0;            // the pen is to become so much thicker
   Text load = {};                         // the file that was dropped on it
   std::optional<DrawnObject> write = {};  // words are asked for, and given back by `PutText`
 };
@@ -73,9 +74,8 @@ class PictureWork {
   std::optional<DrawnObject> Show(const ToolAnswer& answer);
   void ShowAll();
   void ClearSelected();
-  bool HasSelection() const {
-    return !IsEmptyRect(document_.Selection()) || document_.Find(document_.SelectedObject()) != nullptr;
-  }
+  // What is seen to be selected: what was drawn last is, too, for the document.
+  bool HasSelection() const { return !IsEmptyRect(document_.Selection()) || Selected() != nullptr; }
   const DrawnObject* Selected() const;
   Rect FramesOf() const;
   Rect Placed(const Rect& ofPicture, const Rect& area) const;
@@ -85,6 +85,7 @@ class PictureWork {
   PictureTool tool_{document_};
   bool inHand_ = false;  // a tool is: else the mouse moves the note
   PictureBitmap shown_;
+  Size shownSize_;
   Rect changed_;  // of the picture, and not drawn yet
   Rect framed_;   // what the frames drawn on it enclose
   mutable std::uint64_t writtenVersion_ = 0;

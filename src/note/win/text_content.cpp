@@ -124,10 +124,12 @@ void TextContent::SetLook(const Look& look) {
 
 void TextContent::SetBackground(Colour colour) {
   if (edit_.Handle() != nullptr) edit_.SetBackground(colour);
+  strip_.Repaint();
 }
 
 void TextContent::SetPaper(Colour colour) {
   if (edit_.Handle() != nullptr) edit_.SetPaper(colour, edit_.MadeWith().ink);
+  strip_.Repaint();
 }
 
 void TextContent::SetReadOnly(bool readOnly) {

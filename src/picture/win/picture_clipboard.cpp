@@ -14,6 +14,7 @@ UINT PngFormat() { return RegisterClipboardFormatW(L"PNG"); }
 }  // namespace
 
 bool PutPictureOnClipboard(HWND owner, const std::string& png) {
+  if (png.empty()) return false;
   std::vector<ClipboardItem> items;
   if (std::string bitmap = ClipboardOfPng(png); !bitmap.empty()) items.push_back({CF_DIB, std::move(bitmap)});
   items.push_back({PngFormat(), png});

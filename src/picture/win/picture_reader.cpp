@@ -1,41 +1,19 @@
 #include "picture/win/picture_reader.h"
 
-#include <windows.h>
-
-#include <wincodec.h>
-
 #include <optional>
 
 #include "picture/picture.h"
 #include "picture/picture_file.h"
 #include "picture/picture_header.h"
+#include "picture/win/imaging.h"
 
 namespace jotlets {
 namespace {
 
-template <typename Interface>
-class Com {
- public:
-  Com() = default;
-  ~Com() {
-    if (object_ != nullptr) object_->Release();
-  }
-  Com(const Com&) = delete;
-  Com& operator=(const Com&) = delete;
-  Interface** Out() { return &object_; }
-  Interface* operator->() const { return object_; }
-  Interface* Get() const { return object_; }
-
- private:
-  Interface* object_ = nullptr;
-};
-
 // The first picture of the file, as the program holds pictures.
 std::optional<Picture> DecodeBySystem(std::string_view bytes) {
   Com<IWICImagingFactory> factory;
-  if (FAILED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
-                              reinterpret_cast<void**>(factory.Out()))))
-    return std::nullopt;
+  if (!MakeImaging(factory)) return std::nullopt;
   Com<IWICStream> stream;
   if (FAILED(factory->CreateStream(stream.Out()))) return std::nullopt;
   // It is only read from.

@@ -43,8 +43,8 @@ UINT AlignmentOf(TextAlignment alignment) {
 
 class SkinRenderer::TextSetter final : public SkinTextSetter {
  public:
-  TextSetter(SkinRenderer& renderer, Colour paper, std::int32_t dpi)
-      : renderer_(renderer), paper_(paper), dpi_(dpi) {}
+  TextSetter(SkinRenderer& renderer, Colour paper, std::int32_t dpi, bool rightToLeft)
+      : renderer_(renderer), paper_(paper), dpi_(dpi), reading_(rightToLeft ? UINT{DT_RTLREADING} : 0) {}
 
   void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour ink) override {
     if (words.empty() || area.Width() <= 0 || area.Height() <= 0) return;
@@ -56,7 +56,8 @@ class SkinRenderer::TextSetter final : public SkinTextSetter {
     const Text shown = InCase(words, element.setCase);
     RECT rect = ToRECT(area);
     DrawTextW(dc, Wide(shown), static_cast<int>(shown.size()), &rect,
-              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX | AlignmentOf(element.alignment));
+              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX | AlignmentOf(element.alignment) |
+                  reading_);
     // The next element is drawn past the system, on the same pixels.
     GdiFlush();
   }
@@ -74,6 +75,7 @@ class SkinRenderer::TextSetter final : public SkinTextSetter {
   SkinRenderer& renderer_;
   Colour paper_;
   std::int32_t dpi_;
+  UINT reading_;
 };
 
 void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, const SkinView& view,
@@ -83,7 +85,8 @@ void SkinRenderer::Paint(HDC screen, const Rect& part, const LoadedSkin& skin, c
   GdiFlush();
   Canvas canvas(pixels_, view.window, static_cast<std::size_t>(size_.width) * 4);
   canvas.SetClip(part);
-  TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper), skin.data.dpi);
+  TextSetter texts(*this, PaperColour(skin.data, view.colour, view.clearPaper), skin.data.dpi,
+                   view.rightToLeft);
   DrawSkin(canvas, skin.data, skin.sheet, view, words, texts);
   if (inlay != nullptr) {
     const int state = SaveDC(memory_.get());

@@ -1,8 +1,10 @@
 #include "app/win/commands/picture_commands.h"
 
+#include <algorithm>
+
 #include "action/action_table.h"
+#include "note/win/picture_size_dialog.h"
 #include "picture/picture.h"
-#include "picture/resizing.h"
 #include "picture/win/picture_clipboard.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
@@ -85,19 +87,21 @@ void PictureCommands::Load(const Text& id, const Text& path) {
   WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Load(*std::move(loaded)); });
 }
 
-// "800 x 600"; of one number alone the other follows.
 void PictureCommands::AskSize(const Text& id) {
   BJotlet* jotlet = notes_.Find(id);
   std::optional<Size> now;
   WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { now = picture.PixelSize(); });
   if (!now) return;
-  const Text shown = IntText(now->width) + u" x " + IntText(now->height);
-  const auto words =
-      BTextDlg(resources_, IDS_PICTURE_SIZE, IDS_PICTURE_SIZE_LABEL, shown).Ask(jotlet->Handle());
+  const SizeUnit unit = options_.sizeType == 0 ? SizeUnit::kPercent : SizeUnit::kPixels;
+  BPictureSizeDlg dialog(resources_, PictureSizing(*now, unit, options_.keepAspect != 0));
+  const bool chosen = dialog.Edit(jotlet->Handle());
   jotlet = notes_.Find(id);
-  if (!words || jotlet == nullptr) return;
-  const std::optional<Size> wanted = PictureSizeFrom(*words, *now);
-  if (!wanted) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE_SIZE, *words);
+  const PictureSizing& sizing = dialog.Chosen();
+  const std::optional<Size> wanted = sizing.Wanted();
+  if (!chosen || jotlet == nullptr || !wanted) return;
+  options_.sizeType = sizing.Unit() == SizeUnit::kPixels ? 1 : 0;
+  options_.keepAspect = sizing.KeepsAspect() ? 1 : 0;
+  saving_.SetOptionsDirty();
   WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Resize(*wanted); });
 }
 
@@ -117,6 +121,11 @@ void PictureCommands::OnAnswer(const Text& id, const PictureAnswer& answer) {
   if (!answer.load.empty()) return Load(id, answer.load);
   BJotlet* jotlet = notes_.Find(id);
   if (jotlet == nullptr) return;
+  // Through the widths of the menu.
+  constexpr std::int32_t kStep = 2;
+  constexpr std::int32_t kThickest = 21;
+  if (answer.widthSteps != 0)
+    SetPen(*jotlet, std::clamp(options_.penWidth + answer.widthSteps * kStep, 1, kThickest), Pen());
   if (answer.picked) SetPen(*jotlet, options_.penWidth, *answer.picked);
   if (!answer.write) return;
   DrawnObject object = *answer.write;

@@ -6,7 +6,6 @@
 #include "friends/win/friends_dialog.h"
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
-#include "picture/win/screen_grab.h"
 #include "res/find_numbers.h"
 #include "res/resource.h"
 #include "ui/screen.h"
@@ -30,8 +29,8 @@ void TrayCommands::Do(UINT command) {
       break;
     case ID_MANAGE: OpenManageWindow(); break;
     case ID_QUICK_FIND: tools_.found.Dialog().OpenWindow(); break;
-    case ID_GRAB_AREA: GrabArea(); break;
-    case ID_GRAB_SCREEN: GrabWholeScreen(); break;
+    case ID_GRAB_AREA: Grab(false); break;
+    case ID_GRAB_SCREEN: Grab(true); break;
     case ID_OPTIONS: tools_.optionDialog.Open(SettingsPage::kNotes); break;
     case ID_STYLES: EditStyles(GetActiveWindow(), {}); break;
     case ID_MOVE_DATA: MoveDataLocation(); break;
@@ -132,28 +131,28 @@ void TrayCommands::MakeNote(bool fromClipboard) {
   if (note != nullptr) note->EditTitle();
 }
 
-void TrayCommands::MakePictureNote(const Picture& picture) {
+// While the screen was chosen from, the program may have come to its end.
+void TrayCommands::KeepGrab(const Picture& picture, bool toClipboard) {
+  if (!tools_.state.ready || tools_.state.exiting) return;
+  const std::string png = EncodePng(picture);
+  if (png.empty()) {
+    tools_.log.Write(kLogLifecycle, u"No picture of the screen could be taken");
+    return Tell(tools_.window.Handle(), tools_.resources, IDS_GRAB_FAILED, {});
+  }
+  if (toClipboard) {
+    PutPictureOnClipboard(tools_.window.Handle(), png);
+    return;
+  }
   NewNote fresh;
   fresh.isImage = true;
-  fresh.content = EncodePng(picture);
-  if (fresh.content.empty())
-    return tools_.log.Write(kLogLifecycle, u"A picture of the screen could not be kept");
+  fresh.content = png;
   tools_.desk.Show(tools_.desk.Create(fresh), Showing::kWithFocus);
 }
 
-void TrayCommands::GrabArea() {
-  const auto keep = [this](const Picture& picture, bool toClipboard) {
-    toClipboard ? static_cast<void>(PutPictureOnClipboard(tools_.window.Handle(), EncodePng(picture)))
-                : MakePictureNote(picture);
-  };
-  if (!grab_.Choose(tools_.resources.String(IDS_GRAB_TITLE), tools_.options.greenRectSs, keep))
-    tools_.log.Write(kLogLifecycle, u"No picture of the screen could be taken");
-}
-
-void TrayCommands::GrabWholeScreen() {
-  const Rect screen = VirtualScreen();
-  const Size size{screen.Width(), screen.Height()};
-  MakePictureNote(PartOfGrab(GrabScreen(screen), size, WholeOf(size)));
+void TrayCommands::Grab(bool all) {
+  const auto keep = [this](const Picture& picture, bool toClipboard) { KeepGrab(picture, toClipboard); };
+  all ? grab_.GrabAll(keep)
+      : grab_.Choose(tools_.resources.String(IDS_GRAB_TITLE), tools_.options.greenRectSs, keep);
 }
 
 void TrayCommands::OpenManageWindow() {

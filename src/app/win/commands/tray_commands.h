@@ -86,9 +86,8 @@ class TrayCommands {
 
  private:
   void MakeNote(bool fromClipboard);
-  void MakePictureNote(const Picture& picture);
-  void GrabArea();
-  void GrabWholeScreen();
+  void KeepGrab(const Picture& picture, bool toClipboard);
+  void Grab(bool all);
   void OpenManageWindow();
   void ChooseImport();
   void MoveDataLocation();
