@@ -8,6 +8,9 @@
 namespace jotlets {
 namespace {
 
+constexpr std::int32_t kFrameWidth = 3;  // the widest of those below
+constexpr std::int32_t kBarLineWidth = 2;
+
 constexpr TextView kFrame =
     u"[hstrip]\nplace=0,0\nextent=4000,2\nstriptype=2\ntint=ink\nfocus=0\n"
     u"[hstrip]\nplace=0,-2\nextent=4000,2\nstriptype=2\ntint=ink\nfocus=0\n"
@@ -69,6 +72,12 @@ SkinData ContrastSkin(SkinData skin) {
     Append(skin.elements, kFormatBarLine);
     for (std::size_t at = first; at < skin.elements.size(); ++at)
       skin.elements[at].place.y.value = -skin.formatBar;
+  }
+  // A picture leaves the lines to be seen.
+  if (skin.pictureFrame) {
+    skin.pictureFrame = kFrameWidth;
+    if (skin.titlebar && skin.titlebar->bottomRight.y.value > 0)
+      skin.titlebar->bottomRight.y.value += kBarLineWidth;
   }
   Append(skin.elements, kFrame);
   skin.region.clear();

@@ -160,7 +160,7 @@ void FindStrip::LayOut() {
   // The control writes at its top.
   const int words = std::min(Scaled(kWordsHeight), height);
   const int edge = (height - words) / 2;
-  MoveWindow(GetDlgItem(Handle(), kWords), edge, edge, std::max(right - edge, 0), words, TRUE);
+  MoveWindow(GetDlgItem(Handle(), kWords), edge, edge, std::max(right - 2 * edge, 0), words, TRUE);
 }
 
 void FindStrip::Find(FindStep step) {
@@ -210,13 +210,24 @@ LRESULT FindStrip::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND: {
       RECT client{};
       GetClientRect(Handle(), &client);
-      FillArea(reinterpret_cast<HDC>(wParam), client, colours.ground);
+      const auto dc = reinterpret_cast<HDC>(wParam);
+      FillArea(dc, client, colours.ground);
+      // Where field and strip have one colour its edge is drawn.
+      if (colours.field == colours.ground) FrameArea(dc, FieldEdge(), colours.ink);
       return 1;
     }
     // The menu of the words is not the note's.
     case WM_CONTEXTMENU: return 0;
     default: return Default(message, wParam, lParam);
   }
+}
+
+RECT FindStrip::FieldEdge() const {
+  RECT edge{};
+  GetWindowRect(GetDlgItem(Handle(), kWords), &edge);
+  MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&edge), 2);
+  InflateRect(&edge, 1, 1);
+  return edge;
 }
 
 // From the words to the buttons and round again.

@@ -44,6 +44,7 @@ class FindStrip final : public Window {
   bool OnKey(HWND part, WPARAM key);
   void StepPart(HWND from, bool back);
   void LayOut();
+  RECT FieldEdge() const;
   void Find(FindStep step);
   void CloseStrip();
   std::int32_t Scaled(int pixels) const;
