@@ -43,7 +43,7 @@ class Choices {
 class TextLengths final : public SkinTextSetter {
  public:
   void SetText(const SkinElement& element, const Rect& area, const Text& words, Colour) override {
-    Check(words.size() <= 8 * element.text.size());
+    Check(words.size() <= 8 * (element.text.size() + element.pill.size()));
     Check(area.left <= area.right && area.top <= area.bottom);
   }
   std::int32_t WidthOf(const SkinElement&, const Text& words) override {
