@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "action/action_table.h"
+#include "res/picture_numbers.h"
 #include "res/resource.h"
 
 namespace jotlets {

@@ -61,8 +61,8 @@ inline constexpr std::array<ContentFolder, 3> kContentFolders = {
     {{kImagesFolder, u".png"}, {kImagesFolder, kObjectsExtension}, {kRtfFolder, u".rtf"}}};
 
 /// The files of the data set that are there, as paths inside the data folder: every picture, with what is
-/// drawn on it, and rich text,
-/// the data, options and friends files, the store, and what travels with them, skins among it.
+/// drawn on it, every rich text, the data, options and friends files, the store, and what travels with them,
+/// skins among it.
 std::vector<Text> DataSetFiles(const Files& files, TextView dataFolder);
 
 /// Creates a folder with the folders that files of the data set are in.

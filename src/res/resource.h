@@ -26,15 +26,6 @@
 #define IDD_ATTACH 141
 #define IDD_CLOSE_STACK 142
 #define IDD_SAVE_FAILED 143
-#define IDD_PICTURE_SIZE 198
-#define IDC_PICTURE_WIDTH 8240
-#define IDC_PICTURE_WIDTH_SPIN 8241
-#define IDC_PICTURE_HEIGHT 8242
-#define IDC_PICTURE_HEIGHT_SPIN 8243
-#define IDC_PICTURE_PERCENT 8244
-#define IDC_PICTURE_PIXELS 8245
-#define IDC_PICTURE_ASPECT 8246
-#define IDC_PICTURE_WORDS 8247
 #define IDD_FOLDER_MISSING 144
 #define IDD_JOURNAL_UNWRITTEN 197
 #define IDD_FRIENDS 150
@@ -388,15 +379,6 @@
 #define IDC_SLEEP_WORDS 6304
 
 // The texts of the note commands: this number and the code of each.
-#define IDS_MENU_PICTURE 6610
-#define IDS_MENU_DRAW 6611
-#define IDS_MENU_PEN_WIDTH 6612
-#define IDS_NO_PICTURE 6615
-#define IDS_FILTER_PICTURES 6616
-#define IDS_PICTURE_SIZE 6617
-#define IDS_NO_PICTURE_SIZE 6619
-#define IDS_PICTURE_TEXT 6613
-#define IDS_PICTURE_TEXT_LABEL 6614
 #define IDS_ACTION 4000
 
 // The options dialog; the texts of a row are these numbers and its id (`settings/setting.h`).
@@ -452,12 +434,8 @@
 #define IDS_HELP_FAILED 6757
 #define IDS_KEYS_COLUMN 6760
 #define IDS_KEY_PLACE 6770  // in the order of `KeyPlace`
-#define ID_GRAB_AREA 8230
-#define ID_GRAB_SCREEN 8231
-#define IDS_GRAB_TITLE 8232
-#define IDS_GRAB_FAILED 8233
-#define IDS_READING 8118  // "ltr", or "rtl" for a language that is read from right to left
-#define IDS_KEY_ROW 8120  // as many as there are, up to the end
+#define IDS_READING 8118    // "ltr", or "rtl" for a language that is read from right to left
+#define IDS_KEY_ROW 8120    // as many as there are, up to the end
 #define IDS_KEY_ROW_END 8160
 #define IDS_HOT_KEY 6800  // in the order of the options
 // Writing in a note. The texts of the editor's keys: this number and the `EditorKey`.

@@ -22,7 +22,7 @@ using UniqueModule = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeLibrary
 class Resources {
  public:
   /// Loads the translation beside the program as data; without one the program's own resources serve. `theme`
-  /// outlives them.
+  /// outlives them, and is told in which direction the language is read.
   explicit Resources(Theme& theme);
 
   /// A text of the string table; the program's own when the translation lacks it.

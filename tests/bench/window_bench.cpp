@@ -1,9 +1,8 @@
 // Measures the program against a bare one that does the same with nothing behind it, in turns within one run.
 //
-//   window_bench [FIGURE...]   prints the figures whose names begin so, or all; needs jotlets.exe beside it
-//   and
-//                              a screen. Further rounds are taken as long as there is time; the exit code is
-//                              1 when a figure was not taken at all
+//   window_bench [FIGURE...]             prints the figures whose names begin so, or all; needs jotlets.exe
+//                                        beside it and a screen. Further rounds are taken as long as there is
+//                                        time; the exit code is 1 when a figure was not taken at all
 //   window_bench --bare N DIR [shadows]  is the bare program
 #include <windows.h>
 

@@ -6,6 +6,7 @@
 
 #include "base/win/unique_handle.h"
 #include "base/win/wide.h"
+#include "note/win/jotlet.h"
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
 #include "window_test.h"
@@ -164,6 +165,22 @@ TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
   PressKeys({VK_RETURN});
   ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 3; }));
   EXPECT_EQ(sizeOfNewest(), (Size{11, 12}));
+  // To the clipboard instead, the second time the window under the pointer.
+  const auto clipped = [] {
+    const auto picture = DecodePng(ClipboardPicture(nullptr));
+    return picture ? picture->size : Size();
+  };
+  ASSERT_TRUE(open());
+  PressKeys({VK_RETURN});
+  PressKeys({VK_SHIFT, VK_LEFT});
+  PressKeys({VK_CONTROL, VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return clipped() == Size{11, 1}; }));
+  const Rect front = BoundsOf(WindowsOfClass(kJotletClass)[0]);
+  SetCursorPos(front.left + 20, front.top + 20);
+  ASSERT_TRUE(open());
+  PressKeys({VK_CONTROL, VK_SPACE});
+  EXPECT_TRUE(WaitUntil([&] { return clipped() == Size{front.Width(), front.Height()}; }));
+  EXPECT_EQ(List(u"desktop").size(), 3u);
 }
 
 TEST_F(PicturesTest, OfACameraStandUprightAndWhatIsNoneIsRefused) {

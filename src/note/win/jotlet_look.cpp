@@ -238,10 +238,12 @@ void BJotlet::ShowFormat(bool hadBar) {
 void BJotlet::ShowTools() {
   const bool draws = record_.IsImage() && hasFocus_ && !record_.readOnly && context_.options.formatBar &&
                      !IsSounding() && HasRoomForFormatBar(skin_->data, view_);
-  view_.states.Set(SkinState::kPictureBar, draws);
-  const ToolSettings settings = ToolSettingsFrom(context_.options, place_.Dpi());
-  view_.chosen = draws ? Drawing().tool : kActionNone;
-  view_.pen = draws ? settings.colour : Colour{};
+  view_.chosen = kActionNone;
+  view_.pen = {};
+  if (!draws) return;
+  view_.states.Set(SkinState::kPictureBar, true);
+  view_.chosen = Drawing().tool;
+  view_.pen = ToolSettingsFrom(context_.options, place_.Dpi()).colour;
 }
 
 // What changes most often, the button under the mouse and the thumb, changes little of the window.

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "base/win/wide.h"
+#include "res/picture_numbers.h"
 #include "res/resource.h"
 
 namespace jotlets {

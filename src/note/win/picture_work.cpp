@@ -105,6 +105,7 @@ bool PictureWork::Do(ActionCode action, const ToolSettings& settings) {
     // The same one again puts it away.
     inHand_ = !inHand_ || tool_.Chosen() != *tool;
     Show(tool_.Choose(inHand_ ? *tool : Tool::kSelect));
+    if (!inHand_) document_.SelectArea({});
     return true;
   }
   const auto row = std::ranges::find(kEffects, action, &EffectRow::action);
@@ -180,8 +181,10 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
   if (resized || answer.flood) {
     ShowAll();
   } else if (!IsEmptyRect(answer.changed)) {
-    shown_.Put({answer.changed.left, answer.changed.top},
-               document_.Composed(answer.changed, tool_.Preview()));
+    // The frame to crop to is no part of the picture.
+    if (tool_.Chosen() != Tool::kCrop)
+      shown_.Put({answer.changed.left, answer.changed.top},
+                 document_.Composed(answer.changed, tool_.Preview()));
     changed_ = Enclosing(changed_, answer.changed);
   }
   return answer.write;

@@ -19,6 +19,7 @@
 #include "editor/win/edit_text.h"
 #include "editor/win/font_chooser.h"
 #include "note/win/properties_dialog.h"
+#include "res/picture_numbers.h"
 #include "res/resource.h"
 #include "schedule/win/attach_dialog.h"
 #include "ui/choice_dialog.h"

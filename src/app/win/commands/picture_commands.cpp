@@ -6,6 +6,7 @@
 #include "note/win/picture_size_dialog.h"
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
+#include "res/picture_numbers.h"
 #include "res/resource.h"
 #include "ui/system_choosers.h"
 #include "ui/text_dialog.h"

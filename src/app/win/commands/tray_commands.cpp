@@ -7,6 +7,7 @@
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
 #include "res/find_numbers.h"
+#include "res/picture_numbers.h"
 #include "res/resource.h"
 #include "ui/screen.h"
 #include "ui/system_choosers.h"
