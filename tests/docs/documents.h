@@ -25,18 +25,25 @@ inline std::string FileOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// The texts of the resource script of the program and of all that it includes.
 inline ResourceTexts TextsOf(const std::string& root) {
-  const std::string folder = root + "/src/res/";
-  std::vector<std::string> scripts{FileOf(folder + "jotlets.rc")};
-  // The parts of it, which it names one a line.
-  const std::string script = scripts.front();
-  constexpr std::string_view kInclude = "#include \"";
-  for (std::size_t at = script.find(kInclude); at != std::string::npos; at = script.find(kInclude, at + 1)) {
-    const std::size_t from = at + kInclude.size();
-    const std::string name = script.substr(from, script.find('"', from) - from);
-    if (name.ends_with(".rc")) scripts.push_back(FileOf(folder + name));
+  std::string header;
+  std::vector<std::string> scripts;
+  std::vector<std::string> names{"jotlets.rc"};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const std::string file = FileOf(root + "/src/res/" + names[i]);
+    if (names[i].ends_with(".h")) {
+      header += file;
+      continue;
+    }
+    scripts.push_back(file);
+    constexpr std::string_view kInclude = "#include \"";
+    for (std::size_t at = file.find(kInclude); at != std::string::npos; at = file.find(kInclude, at + 1)) {
+      const std::size_t from = at + kInclude.size();
+      names.push_back(file.substr(from, file.find('"', from) - from));
+    }
   }
-  return {FileOf(folder + "resource.h"), scripts};
+  return {header, scripts};
 }
 
 /// What each of the pages ought to be, from what is in the repository at `root`.

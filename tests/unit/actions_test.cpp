@@ -1,9 +1,10 @@
 #include "action/actions.h"
 
+#include "../docs/documents.h"
+
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <map>
 #include <regex>
 #include <set>
 #include <string>
@@ -29,26 +30,6 @@ TEST(Actions, AreFoundByTheirWholeNameWithoutRegardToCase) {
     EXPECT_EQ(ActionFromName(name), kActionNone) << ToUtf8(name);
 }
 
-// The texts of the resource scripts by their numbers.
-std::map<std::int32_t, std::string> ResourceTexts() {
-  std::map<std::string, std::int32_t> numbers;
-  const std::string header = FileBytes("../src/res/resource.h");
-  const std::regex define("#define (\\w+) (\\d+)");
-  for (std::sregex_iterator at(header.begin(), header.end(), define), end; at != end; ++at)
-    numbers[(*at)[1]] = std::stoi((*at)[2]);
-  std::map<std::int32_t, std::string> texts;
-  const std::regex row("\n  (\\w+) \"([^\n]*)\"");
-  for (const char* const file :
-       {"../src/res/dark.rc", "../src/res/editor.rc", "../src/res/jotlets.rc", "../src/res/menus.rc"}) {
-    const std::string script = FileBytes(file);
-    for (std::sregex_iterator at(script.begin(), script.end(), row), end; at != end; ++at) {
-      const std::string name = (*at)[1];
-      texts[numbers.contains(name) ? numbers[name] : std::atoi(name.c_str())] = (*at)[2];
-    }
-  }
-  return texts;
-}
-
 // The letters that choose the entries of a menu; fails when one has none, or one that another has.
 void ExpectOwnKeys(const std::vector<std::string>& texts) {
   std::set<int> keys;
@@ -60,13 +41,13 @@ void ExpectOwnKeys(const std::vector<std::string>& texts) {
 }
 
 TEST(Menus, OfNotesGiveEveryEntryATextAndAKeyOfItsOwn) {
-  const auto texts = ResourceTexts();
+  const ResourceTexts texts = TextsOf("..");
   for (auto menu = NoteMenu::kJotletMenu; menu <= NoteMenu::kStylesMenu;
        menu = static_cast<NoteMenu>(static_cast<int>(menu) + 1)) {
     std::vector<std::string> entries;
     for (const MenuRow& row : RowsOf(menu)) {
       const std::int32_t id = row.action != nullptr ? IDS_ACTION + row.action->code : row.other->text;
-      if (id != 0) entries.push_back(texts.contains(id) ? texts.at(id) : std::string());
+      if (id != 0) entries.push_back(ToUtf8(texts.String(id)));
     }
     EXPECT_FALSE(entries.empty());
     ExpectOwnKeys(entries);
@@ -75,7 +56,7 @@ TEST(Menus, OfNotesGiveEveryEntryATextAndAKeyOfItsOwn) {
 
 TEST(Menus, OfTheScriptGiveEveryEntryAKeyOfItsOwn) {
   const std::string script = FileBytes("../src/res/jotlets.rc");
-  const auto texts = ResourceTexts();
+  const ResourceTexts texts = TextsOf("..");
   const std::regex item("MENUITEM \"([^\"\t]*)");
   for (const char* const menu : {"IDM_TRAY MENU", "IDM_STACK MENU"}) {
     const std::size_t from = script.find(menu);
@@ -86,7 +67,7 @@ TEST(Menus, OfTheScriptGiveEveryEntryAKeyOfItsOwn) {
         const std::string text = (*at)[1];
         // Deliberately without one.
         if (text == "New Jotlet from Clipboard") continue;
-        entries.push_back(text == "xxxxxxxxxxxxx" ? texts.at(turns) : text);
+        entries.push_back(text == "xxxxxxxxxxxxx" ? ToUtf8(texts.String(turns)) : text);
       }
       EXPECT_GE(entries.size(), 10u);
       ExpectOwnKeys(entries);
