@@ -181,10 +181,27 @@ RECT BoundsOf(HWND window) {
   return bounds;
 }
 
+// The note that lies furthest to the lower right, before all others: the same one of every subject, since what
+// lies under a note makes its moves dearer.
+HWND NoteToDrag(const RunningSubject& subject) {
+  HWND found = nullptr;
+  LONG furthest = 0;
+  for (HWND note = nullptr;
+       (note = FindWindowExW(nullptr, note, subject.What().noteClass, nullptr)) != nullptr;) {
+    const RECT bounds = BoundsOf(note);
+    if (found != nullptr && bounds.left + bounds.top <= furthest) continue;
+    found = note;
+    furthest = bounds.left + bounds.top;
+  }
+  SetWindowPos(found, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  subject.WaitUntilIdle();
+  return found;
+}
+
 // From a move of the mouse to the move of the note that it drags.
 double Drag(const RunningSubject& subject) {
   subject.WaitUntilIdle();
-  const HWND note = FindWindowW(subject.What().noteClass, nullptr);
+  const HWND note = NoteToDrag(subject);
   const RECT start = BoundsOf(note);
   POINT at{start.left + 60, start.top + 10};
   MoveMouse(at.x, at.y);
