@@ -181,8 +181,8 @@ RECT BoundsOf(HWND window) {
   return bounds;
 }
 
-// The note that lies furthest to the lower right, before all others: the same one of every subject, since what
-// lies under a note makes its moves dearer.
+// The note that lies furthest to the lower right, before all others: the same one of every subject, since
+// what lies under a note makes its moves dearer.
 HWND NoteToDrag(const RunningSubject& subject) {
   HWND found = nullptr;
   LONG furthest = 0;
