@@ -51,4 +51,17 @@ void NotePlace::Choose(const Rect& bounds) {
   shown_ = bounds;
 }
 
+Rect ResizedOn(const Rect& monitor, const Rect& bounds, Point held, Size size) {
+  const auto along = [](std::int32_t from, std::int32_t to, std::int32_t at, std::int32_t length,
+                        std::int32_t first, std::int32_t end) {
+    const std::int64_t before = to > from ? std::int64_t{at} - from : 0;
+    const std::int64_t start = at - before * length / std::max<std::int64_t>(std::int64_t{to} - from, 1);
+    const std::int64_t middle = std::clamp<std::int64_t>(start + length / 2, first, std::max(end - 1, first));
+    return Saturated(middle - length / 2);
+  };
+  return RectAt({along(bounds.left, bounds.right, held.x, size.width, monitor.left, monitor.right),
+                 along(bounds.top, bounds.bottom, held.y, size.height, monitor.top, monitor.bottom)},
+                size);
+}
+
 }  // namespace jotlets

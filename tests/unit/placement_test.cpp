@@ -189,6 +189,18 @@ TEST(NotePlace, OfAMonitorThatIsAwayKeepsItsSize) {
   EXPECT_TRUE(place.Shown() == RectAt({2500, 300}, {450, 300}) && place.Chosen() == chosen);
 }
 
+// By its corner or by its title, from the edge between two monitors that lie side by side in either order.
+TEST(ResizedOn, StaysUnderTheMouseAndOnTheMonitorThatItHasComeTo) {
+  const Rect left{0, 0, 1000, 800};
+  const Rect right{1000, 0, 2000, 800};
+  EXPECT_EQ(ResizedOn(right, {900, 100, 1180, 300}, {1100, 110}, {560, 400}), RectAt({720, 90}, {560, 400}));
+  EXPECT_EQ(ResizedOn(left, {858, 100, 1138, 300}, {858, 100}, {560, 400}), RectAt({719, 100}, {560, 400}))
+      << "it would have grown back over the edge";
+  EXPECT_EQ(ResizedOn(right, {720, 100, 1282, 300}, {720, 100}, {281, 100}), RectAt({860, 100}, {281, 100}))
+      << "nor does it shrink back";
+  EXPECT_EQ(ResizedOn({}, {5, 5, 5, 5}, {5, 5}, {0, 0}), Rect{}) << "of nothing";
+}
+
 TEST(PlaceBeside, IsRightElseLeftElseOverAndAlwaysOnTheMonitor) {
   const Rect area{-1000, 0, 1000, 700};
   const auto at = [&](Rect other, Size size = {300, 200}) { return PlaceBeside(size, other, area, 8); };

@@ -169,7 +169,7 @@ bool ClickUntil(const std::function<bool()>& condition, Point at, bool right) {
   return false;
 }
 
-bool Drag(HWND window, Point from, Point offset) {
+bool Drag(HWND window, Point from, Point offset, const std::function<void()>& halfway) {
   bool held = false;
   for (int attempt = 0; attempt < kAttempts && !held; ++attempt) {
     if (!MoveMouse(from)) return false;
@@ -180,6 +180,7 @@ bool Drag(HWND window, Point from, Point offset) {
   constexpr int kSteps = 4;
   for (int step = 1; held && step <= kSteps; ++step) {
     MoveMouse({from.x + offset.x * step / kSteps, from.y + offset.y * step / kSteps});
+    if (step == kSteps / 2 && halfway) halfway();
   }
   SendButton(MOUSEEVENTF_LEFTUP);
   return held && WaitUntil([window] { return ThreadOf(window).hwndCapture == nullptr; });

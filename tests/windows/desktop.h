@@ -64,8 +64,9 @@ void TypeText(TextView text);
 void HoldKey(WORD key, bool down);
 /// Clicks, and waits for what that does.
 bool ClickUntil(const std::function<bool()>& condition, Point at, bool right = false);
-/// Presses the left button on `window` at `from`, moves by `offset` in a few steps and lets go.
-bool Drag(HWND window, Point from, Point offset);
+/// Presses the left button on `window` at `from`, moves by `offset` in a few steps and lets go; `halfway` is
+/// called in the middle of it.
+bool Drag(HWND window, Point from, Point offset, const std::function<void()>& halfway = nullptr);
 /// Whether keys go to a window of a note.
 bool HasKeyboard(HWND note);
 /// Whether what is typed goes into a note's text.

@@ -77,6 +77,19 @@ TEST_F(NoteWindowTest, MovesWithTheNotesThatAreSelectedAndCommandsReachThemAll) 
   EXPECT_TRUE(Saved(u"AA01").onTop && Saved(u"AA02").onTop && !Saved(u"AA03").onTop);
 }
 
+TEST_F(NoteWindowTest, IsResizedUnderTheMouseThatDragsItToAnotherScale) {
+  ASSERT_TRUE(StartProgramWith({NoteRecord(u"AA01", {300, 200}, u"Travels")}, u"Snap=0,10,2\nTakeBackups=0"));
+  const HWND note = NoteTitled(u"Travels");
+  const auto scale = [note](int dpi) { SendMessageW(note, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), 0); };
+  ASSERT_TRUE(Drag(note, Title(note), {40, 80}, [&scale] { scale(144); }));
+  // Held 60 pixels from its left edge, and half as much again after half of the way.
+  EXPECT_TRUE(Turns(note, {310, 276, 640, 486}));
+  scale(96);
+  EXPECT_TRUE(Turns(note, {310, 276, 530, 416}));
+  Reply(u"do save");
+  EXPECT_TRUE(Saved(u"AA01").x == 310 && Saved(u"AA01").y == 276 && Saved(u"AA01").width == 220);
+}
+
 TEST_F(NoteWindowTest, RollsUpToItsTitleAndKeepsItsHeight) {
   // On a busy machine two clicks are far apart.
   SetDoubleClickTime(5000);

@@ -192,6 +192,7 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   MouseState mouse_;
   std::vector<Rect> snapWindows_;  // at the press
   bool hasRegion_ = false;
+  bool followsScale_ = false;
   bool dropping_ = false;  // the button was let go with Shift held
 };
 
