@@ -22,12 +22,13 @@ constexpr std::array kOffers = {
     OfferRow{View::kDesktop, Action::kOpen, true},   OfferRow{View::kDesktop, Action::kUnattach},
     OfferRow{View::kDesktop, Action::kStore},        OfferRow{View::kDesktop, Action::kDelete},
     OfferRow{View::kStored, Action::kRestore, true}, OfferRow{View::kStored, Action::kDelete},
-    OfferRow{View::kAttached, Action::kUnattach},    OfferRow{View::kAttached, Action::kDelete},
-    OfferRow{View::kSleeping, Action::kWake, true},  OfferRow{View::kSleeping, Action::kDelete},
-    OfferRow{View::kRecurring, Action::kWake, true}, OfferRow{View::kRecurring, Action::kDelete},
-    OfferRow{View::kClosed, Action::kRestore, true}, OfferRow{View::kClosed, Action::kDelete},
-    OfferRow{View::kStacks, Action::kOpen, true},    OfferRow{View::kStacks, Action::kDelete},
-    OfferRow{View::kAll, Action::kImport},           OfferRow{View::kStored, Action::kImport},
+    OfferRow{View::kStored, Action::kStore},         OfferRow{View::kAttached, Action::kUnattach},
+    OfferRow{View::kAttached, Action::kDelete},      OfferRow{View::kSleeping, Action::kWake, true},
+    OfferRow{View::kSleeping, Action::kDelete},      OfferRow{View::kRecurring, Action::kWake, true},
+    OfferRow{View::kRecurring, Action::kDelete},     OfferRow{View::kClosed, Action::kRestore, true},
+    OfferRow{View::kClosed, Action::kDelete},        OfferRow{View::kStacks, Action::kOpen, true},
+    OfferRow{View::kStacks, Action::kDelete},        OfferRow{View::kAll, Action::kImport},
+    OfferRow{View::kStored, Action::kImport},
 };
 
 constexpr std::size_t kMany = 20;
@@ -64,6 +65,30 @@ bool IsEnabled(ManageAction action, const ManageFacts& facts) {
 std::optional<ManageAction> DefaultAction(ManageView view) {
   for (const OfferRow& row : kOffers) {
     if (row.view == view && row.byDefault) return row.action;
+  }
+  return std::nullopt;
+}
+
+std::optional<ManageAction> ActionOfDrop(ManageView from, const ManagePlace& to) {
+  switch (to.view) {
+    case View::kDesktop: {
+      if (from == View::kAttached) return Action::kUnattach;
+      const std::optional<Action> brings = DefaultAction(from);
+      return brings == Action::kOpen ? std::nullopt : brings;
+    }
+    case View::kStored:
+      // Of stored notes only the category can be another one.
+      if (!Offers(from, Action::kStore) || (from == View::kStored && !to.category)) return std::nullopt;
+      return Action::kStore;
+    case View::kClosed:
+      if (from == View::kStored || from == View::kClosed || from == View::kStacks || from == View::kAll)
+        return std::nullopt;
+      return Action::kDelete;
+    case View::kAll:
+    case View::kAttached:
+    case View::kSleeping:
+    case View::kRecurring:
+    case View::kStacks: break;
   }
   return std::nullopt;
 }

@@ -43,6 +43,10 @@ bool IsEnabled(ManageAction action, const ManageFacts& facts);
 /// What Enter and a double click do; nothing where that would change more than can be seen.
 std::optional<ManageAction> DefaultAction(ManageView view);
 
+/// What becomes of notes of a view that are dropped on another place of the window; nothing where they cannot
+/// be dropped. Stored ones that are dropped on a category go into that.
+std::optional<ManageAction> ActionOfDrop(ManageView from, const ManagePlace& to);
+
 enum class ManageQuestion {
   kNothing,
   kMany,            // so many windows at once are seldom meant

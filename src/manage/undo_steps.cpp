@@ -11,11 +11,16 @@ constexpr std::size_t kMaximumUndone = 100;
 }  // namespace
 
 int UndoSteps::Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places) {
-  return ids.empty() ? 0 : AddStep({kind, std::move(ids), 0, std::move(places), {}});
+  return ids.empty() ? 0 : AddStep({kind, std::move(ids), 0, std::move(places), {}, {}});
+}
+
+int UndoSteps::AddRecategorized(std::vector<Text> ids, std::vector<Text> categories) {
+  return ids.empty() ? 0
+                     : AddStep({UndoKind::kRecategorized, std::move(ids), 0, {}, {}, std::move(categories)});
 }
 
 int UndoSteps::AddImport(std::vector<std::int64_t> keys) {
-  return keys.empty() ? 0 : AddStep({UndoKind::kImported, {}, 0, {}, std::move(keys)});
+  return keys.empty() ? 0 : AddStep({UndoKind::kImported, {}, 0, {}, std::move(keys), {}});
 }
 
 int UndoSteps::AddStep(UndoStep step) {

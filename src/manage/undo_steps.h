@@ -21,7 +21,8 @@ enum class UndoKind : std::uint8_t {
   kClosedSleeping,
   kClosedAttached,
   kArranged,
-  kImported
+  kImported,
+  kRecategorized
 };
 
 /// What was done with some notes together.
@@ -31,12 +32,15 @@ struct UndoStep {
   int number = 0;
   std::vector<Point> places;       // of notes that were arranged: where each was
   std::vector<std::int64_t> keys;  // of notes that were imported
+  std::vector<Text> categories;    // of notes that went to another one: where each was
 };
 
 class UndoSteps {
  public:
   /// The number of the step; 0 when there is nothing to undo. The oldest of too many are forgotten.
   int Add(UndoKind kind, std::vector<Text> ids, std::vector<Point> places = {});
+  /// The same for stored notes that went to another category; `categories` were theirs.
+  int AddRecategorized(std::vector<Text> ids, std::vector<Text> categories);
   /// The same for stored notes that files were made into.
   int AddImport(std::vector<std::int64_t> keys);
   /// What the latest step did.

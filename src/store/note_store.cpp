@@ -203,6 +203,12 @@ bool NoteStore::RenameCategory(TextView from, TextView to) {
   return renamed;
 }
 
+bool NoteStore::SetCategory(std::int64_t key, TextView category) {
+  Statement update = database_.Prepare("UPDATE jotlets SET category = ? WHERE key = ?");
+  update.Bind(category).Bind(key);
+  return Find(key).has_value() && Change(update);
+}
+
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {
   Statement update = database_.Prepare("UPDATE jotlets SET flags = (flags & ~2) | ? WHERE key = ?");
   update.Bind(leaving ? kStoredLeaving : 0).Bind(key);

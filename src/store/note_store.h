@@ -73,6 +73,8 @@ class NoteStore {
   /// Whether there are more notes than `count`, in a category or in all; takes the longer the greater that
   /// is.
   bool HasMoreThan(std::size_t count, const std::optional<Text>& category);
+  /// A note goes to another category; false when it is not there, or that could not be written.
+  bool SetCategory(std::int64_t key, TextView category);
   /// Its notes go to the category `to`, which may be there already; false when nothing was changed.
   bool RenameCategory(TextView from, TextView to);
   /// A number that is another one after each change.

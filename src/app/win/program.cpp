@@ -188,6 +188,13 @@ void Program::OnExitKey() {
   noteCommands_.LeaveOrClose(*note);
 }
 
+void Program::OnNoteDropped(BJotlet& jotlet, bool shift) {
+  const std::optional<Text> category =
+      shift ? managed_.Dialog().CategoryUnderMouse(jotlet.Handle()) : std::nullopt;
+  if (category) return noteCommands_.Store(jotlet, *category);
+  stacks_.OnNoteDropped(jotlet, shift);
+}
+
 void Program::OnNoteHidden(const BJotlet& jotlet) {
   // Notes that a stack gathers in are to be seen there.
   if (desk_.Lists().FindStack(jotlet.StoredRecord().stack) != nullptr) return;

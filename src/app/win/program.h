@@ -117,7 +117,7 @@ class Program final : private OpenNotesOwner,
 
   void OnNoteChanged(const Text& id) override { desk_.Changed(id); }
   void OnNoteDragged(bool shift) override { stacks_.OnNoteDragged(shift); }
-  void OnNoteDropped(BJotlet& jotlet, bool shift) override { stacks_.OnNoteDropped(jotlet, shift); }
+  void OnNoteDropped(BJotlet& jotlet, bool shift) override;
   void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }
   bool IsTargetBehind(const JotletData& record) override { return attached_.IsTargetBehind(record); }
   void OnAnimationClosed(const Text& id, bool deletes) override;

@@ -82,10 +82,11 @@ std::vector<BJotlet*> OpenStacks::NotesOf(std::int32_t number) {
   return notes;
 }
 
-void OpenStacks::Add(std::int32_t number, BJotlet& jotlet) {
+void OpenStacks::Add(std::int32_t number, BJotlet& jotlet) { AddNotes(number, desktop_.GroupOf(jotlet)); }
+
+void OpenStacks::AddNotes(std::int32_t number, const std::vector<BJotlet*>& group) {
   BStackDlg* stack = Find(number);
   if (stack == nullptr) return;
-  const std::vector<BJotlet*> group = desktop_.GroupOf(jotlet);
   for (BJotlet* note : group) note->SetStack(number);
   if (stack->Record().unp) {
     MoveOut(*stack, group, false);

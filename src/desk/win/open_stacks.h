@@ -40,6 +40,8 @@ class OpenStacks final : public StackOwner {
   BStackDlg* Create(const BJotlet& beside);
   /// The note, and those selected with it, join the stack.
   void Add(std::int32_t number, BJotlet& jotlet);
+  /// The note joins it alone.
+  void AddOne(std::int32_t number, BJotlet& jotlet) { AddNotes(number, {&jotlet}); }
   /// The note, and those selected with it, belong to no stack any more and are shown.
   void RemoveMember(BJotlet& jotlet);
   /// Shows all notes of a stack side by side next to it, or brings all of them in.
@@ -52,6 +54,9 @@ class OpenStacks final : public StackOwner {
   void OnNoteDragged(bool shift);
   /// The mouse has let go of a note; with Shift it joins the stack there.
   void OnNoteDropped(BJotlet& jotlet, bool shift);
+
+  /// The uppermost stack there; nullptr where there is none.
+  BStackDlg* UnderMouse();
 
   /// The notes or their titles may have changed: the lists are read anew, once, when the program gets to it.
   void RefreshSoon();
@@ -83,8 +88,8 @@ class OpenStacks final : public StackOwner {
  private:
   BStackDlg* Open(const StackRecord& record);
   void Remove(BStackDlg& stack);
-  BStackDlg* UnderMouse();
   std::vector<BJotlet*> NotesOf(std::int32_t number);
+  void AddNotes(std::int32_t number, const std::vector<BJotlet*>& notes);
   void MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden);
   void Settle(BJotlet& jotlet);
   void MoveIn(BStackDlg& stack, BJotlet& jotlet);

@@ -314,6 +314,13 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
         return OnViewsMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
       return std::nullopt;
     case WM_TIMER: OnWindowTimer(wParam); return 0;
+    case WM_MOUSEMOVE:
+      if (dragging_) FollowDrag();
+      return std::nullopt;
+    case WM_LBUTTONUP:
+      if (dragging_) Drop();
+      return std::nullopt;
+    case WM_CAPTURECHANGED: EndDrag(); return std::nullopt;
     case kActMessage: Act(static_cast<ManageAction>(wParam)); return 0;
     case WM_DESTROY: OnWindowEnd(); return 0;
     default: return std::nullopt;
@@ -362,6 +369,7 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
       table_.FetchRows();
       if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, USER_TIMER_MINIMUM, nullptr);
       return 0;
+    case LVN_BEGINDRAG: BeginDrag(); return 0;
     case LVN_COLUMNCLICK:
       SortBy(static_cast<ManageColumn>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
       return 0;

@@ -48,6 +48,9 @@ class BManageDlg final : public Dialog {
   void FollowStored(const std::vector<StoredBrowser::Page>& pages);
   /// Shows where the notes are that were asked for.
   void ShowSurvey(const SearchSurvey& survey);
+  /// The category of the store that the mouse is at, "" for the window beside all of them; nothing when it is
+  /// elsewhere, or another window than `dragged` lies between.
+  std::optional<Text> CategoryUnderMouse(HWND dragged) const;
   void Enable(bool enabled) {
     if (IsOpen()) EnableWindow(Handle(), enabled);
   }
@@ -65,6 +68,10 @@ class BManageDlg final : public Dialog {
   enum Timer : UINT_PTR { kRefreshTimer = 1, kReadTimer, kPreviewTimer };
   enum PrivateMessage : UINT { kActMessage = WM_APP + 1, kStoreMessage };
   struct KeyRow;
+  /// Where notes can be let go: a place of the window, or else outside of it.
+  struct DropTarget {
+    std::optional<ManagePlace> place;
+  };
   static const KeyRow kKeys[];
 
   void OnInit() override;
@@ -100,6 +107,12 @@ class BManageDlg final : public Dialog {
   void ActByDefault();
   bool TypeIntoSearch(const MSG& message);
 
+  void BeginDrag();
+  std::optional<DropTarget> TargetUnderMouse() const;
+  void FollowDrag();
+  void EndDrag();
+  void Drop();
+
   void FocusSearch();
   void Reload();
   void RenameCategory();
@@ -116,6 +129,7 @@ class BManageDlg final : public Dialog {
   SurveyQuestion asked_;
   Text wanted_;  // a note that is to be shown as soon as the list has it
   bool refreshComes_ = false;
+  bool dragging_ = false;
 };
 
 }  // namespace jotlets

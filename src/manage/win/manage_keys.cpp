@@ -70,6 +70,7 @@ bool BManageDlg::TranslateKey(const MSG& message) {
   if (message.message != WM_KEYDOWN) return false;
   const bool ctrl = GetKeyState(VK_CONTROL) < 0;
   const bool shift = GetKeyState(VK_SHIFT) < 0;
+  if (message.wParam == VK_ESCAPE && dragging_) return ReleaseCapture() != FALSE;
   // The first empties the search, the next closes the window.
   if (message.wParam == VK_ESCAPE && inSearch && GetWindowTextLengthW(message.hwnd) > 0)
     return SetWindowTextW(message.hwnd, L""), true;

@@ -34,6 +34,10 @@ class ManageOwner {
   /// Does something with notes, by their names in the list, after asking the user where that is right. The
   /// window may be gone when the call returns.
   virtual void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) = 0;
+  /// The same with notes of `from` that are dropped on another place of the window.
+  virtual void DropManaged(ManageView from, const std::vector<Text>& names, const ManagePlace& to) = 0;
+  /// With those that are dropped outside of it, on the desktop or on a stack there.
+  virtual void DropManagedOut(ManageView from, const std::vector<Text>& names) = 0;
   virtual std::vector<ManageCategory> Categories() = 0;
   /// How many notes there are in a place with stored ones, though the list shows only the newest of these, 0
   /// in any other view; nothing before they are counted.

@@ -119,14 +119,30 @@ bool ManageViews::ChooseAt(POINT& at) {
     ClientToScreen(control_, &at);
     return true;
   }
-  POINT inside = at;
-  ScreenToClient(control_, &inside);
-  const auto found =
-      static_cast<DWORD>(SendMessageW(control_, LB_ITEMFROMPOINT, 0, MAKELPARAM(inside.x, inside.y)));
-  if (HIWORD(found) != 0 || LOWORD(found) >= rows_.size()) return false;
-  ListBox_SetCurSel(control_, LOWORD(found));
-  FollowControl();
+  const std::optional<ManagePlace> place = PlaceAt(at);
+  if (!place) return false;
+  Choose(*place);
   return true;
+}
+
+std::optional<ManagePlace> ManageViews::PlaceAt(POINT at) const {
+  ScreenToClient(control_, &at);
+  RECT inside{};
+  GetClientRect(control_, &inside);
+  const auto found = static_cast<DWORD>(SendMessageW(control_, LB_ITEMFROMPOINT, 0, MAKELPARAM(at.x, at.y)));
+  if (PtInRect(&inside, at) == FALSE || HIWORD(found) != 0 || LOWORD(found) >= rows_.size())
+    return std::nullopt;
+  return rows_[LOWORD(found)].place;
+}
+
+void ManageViews::ShowTarget(std::optional<ManagePlace> target) {
+  if (target == std::exchange(target_, target)) return;
+  InvalidateRect(control_, nullptr, FALSE);
+}
+
+Text ManageViews::NameOf(const ManagePlace& place) const {
+  const auto row = std::ranges::find(rows_, place, &Row::place);
+  return row == rows_.end() ? Text() : row->name;
 }
 
 void ManageViews::Step(int step) {
@@ -140,7 +156,9 @@ void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours)
   if (item.itemID >= rows_.size()) return;
   const Row& row = rows_[item.itemID];
   const Icon icon = row.place.category ? Icon::kTag : kIcons[static_cast<std::size_t>(row.place.view)];
-  RECT area = DrawViewRow(item, icon, colours, row.place.category ? kInset : 0);
+  DRAWITEMSTRUCT shown = item;
+  if (row.place == target_) shown.itemState = ODS_SELECTED | ODS_FOCUS;
+  RECT area = DrawViewRow(shown, icon, colours, row.place.category ? kInset : 0);
   const Text count = CountText(row);
   DrawTextW(item.hDC, Wide(count), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
   SIZE size{};

@@ -39,6 +39,11 @@ class ManageViews {
   /// Chooses the row at a place of the screen; false where there is none. For a menu that was opened by a
   /// key, `at` becomes the place of the chosen row.
   bool ChooseAt(POINT& at);
+  /// The row at a place of the screen.
+  std::optional<ManagePlace> PlaceAt(POINT at) const;
+  /// Shows that what is dragged can be let go here; nothing ends that.
+  void ShowTarget(std::optional<ManagePlace> target);
+  Text NameOf(const ManagePlace& place) const;
   void Step(int step);
   void Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const;
 
@@ -53,6 +58,7 @@ class ManageViews {
   std::vector<Row> rows_;
   std::optional<SearchSurvey> hits_;
   ManagePlace chosen_;
+  std::optional<ManagePlace> target_;
 };
 
 }  // namespace jotlets

@@ -198,14 +198,12 @@ void BJotlet::BeginDragAtMouse() {
 void BJotlet::OnDragEnded(Drag ended, bool shift) {
   // The mouse was taken away, by a menu or another program.
   if (ended == Drag::kContent && IsHeld(VK_LBUTTON)) GiveUpDrawing();
-  if (ended == Drag::kMoving) owner_.OnJotletMouse(*this, JotletMouse::kDropped, shift);
-  if (!WasPlaced(ended)) return;
-  Tell(JotletEvent::kChanged);
-  if (ended == Drag::kMoving) {
-    Tell(JotletEvent::kMoved);
-  } else {
-    Tell(JotletEvent::kSized);
+  if (WasPlaced(ended)) {
+    Tell(JotletEvent::kChanged);
+    Tell(ended == Drag::kMoving ? JotletEvent::kMoved : JotletEvent::kSized);
   }
+  // Last: what takes the note may close it.
+  if (ended == Drag::kMoving) owner_.OnJotletMouse(*this, JotletMouse::kDropped, shift);
 }
 
 }  // namespace jotlets

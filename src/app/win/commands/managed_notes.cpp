@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "base/each_job.h"
 #include "base/win/shown_time.h"
 #include "data/rtf_text.h"
 #include "data/text_export.h"
@@ -19,6 +20,9 @@
 
 namespace jotlets {
 namespace {
+
+// So many go together: few enough that windows stay alive, many enough to share what is written.
+constexpr std::size_t kTogether = 50;
 
 void MoveBack(OpenNotes& notes, const UndoStep& step) {
   for (std::size_t at = 0; at < step.ids.size() && at < step.places.size(); ++at) {
@@ -93,14 +97,41 @@ Text ManagedNotes::TextOf(const ManageRow& row) {
 }
 
 void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) {
-  const std::vector<Text> ids = stored_.IdsOf(names);
+  ActOn(action, view, IdsOf(names));
+}
+
+void ManagedNotes::ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids) {
   const bool each =
       view == ManageView::kAll && (action == ManageAction::kOpen || action == ManageAction::kDelete);
   if (!each && (!IsAgreed(action, view, ids.size()) || state_.exiting)) return;
-  const std::size_t left = each ? DoAll(action, ids) : Do(action, view, ids);
-  if (left == 0 || state_.exiting) return;
-  const HWND owner = dialog_.IsOpen() ? dialog_.Window() : window_.Handle();
-  TellCount(owner, resources_, IDS_MANAGE_NOT_ALL, left);
+  TellLeft(each ? DoAll(action, ids) : Do(action, view, ids));
+}
+
+HWND ManagedNotes::Asker() const { return dialog_.IsOpen() ? dialog_.Window() : window_.Handle(); }
+
+void ManagedNotes::TellLeft(std::size_t left) {
+  if (left > 0 && !state_.exiting) TellCount(Asker(), resources_, IDS_MANAGE_NOT_ALL, left);
+}
+
+// What has not been done when the user has had enough is no failure.
+std::size_t ManagedNotes::ForEach(const std::vector<Text>& names, std::size_t together,
+                                  const std::function<std::size_t(const std::vector<Text>&)>& act) {
+  EachJob job(names, together,
+              [&](const std::vector<Text>& part) { return state_.exiting ? std::size_t{0} : act(part); });
+  RunJob(Asker(), resources_, IDS_MANAGE_ACTS, job, true);
+  return job.Failed();
+}
+
+// Who stops it has none of them.
+std::vector<Text> ManagedNotes::IdsOf(const std::vector<Text>& names) {
+  constexpr std::size_t kTogether = 100;
+  std::vector<Text> ids;
+  ForEach(names, kTogether, [&](const std::vector<Text>& part) {
+    const std::vector<Text> found = stored_.IdsOf(part);
+    ids.insert(ids.end(), found.begin(), found.end());
+    return std::size_t{0};
+  });
+  return ids.size() == names.size() ? ids : std::vector<Text>();
 }
 
 bool ManagedNotes::IsAgreed(ManageAction action, ManageView view, std::size_t count) {
@@ -128,8 +159,11 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
     case ManageAction::kWake: return Wake(ids);
     case ManageAction::kUnattach: return desk_.Unattach(ids);
     case ManageAction::kSaveCopies: return SaveCopies(ids);
-    case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : desk_.Restore(ids);
-    case ManageAction::kStore: return Store(ids);
+    case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : Restore(ids);
+    case ManageAction::kStore: {
+      const std::optional<Text> category = AskCategory(dialog_.Window());
+      return category && !state_.exiting ? Store(view, ids, *category) : 0;
+    }
     case ManageAction::kImport: import_(dialog_.Window(), {}); return 0;
     case ManageAction::kDelete: return Delete(view, ids);
     case ManageAction::kUndo: {
@@ -165,15 +199,22 @@ void ManagedNotes::ShowStacks(const std::vector<Text>& ids) {
 }
 
 std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) {
-  return static_cast<std::size_t>(
-      std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return !sleeping_.WakeSleeping(id); }));
+  return ForEach(ids, 1, [this](const std::vector<Text>& part) {
+    return static_cast<std::size_t>(!sleeping_.WakeSleeping(part.front()));
+  });
 }
 
 std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) {
   switch (view) {
     case ManageView::kDesktop: return CloseOpen(ids);
-    case ManageView::kClosed: desk_.DeleteClosed(ids); return 0;
-    case ManageView::kStored: return desk_.DeleteStored(ids);
+    case ManageView::kClosed:
+      return ForEach(ids, kTogether, [this](const std::vector<Text>& part) {
+        desk_.DeleteClosed(part);
+        return std::size_t{0};
+      });
+    case ManageView::kStored:
+      return ForEach(ids, kTogether,
+                     [this](const std::vector<Text>& part) { return desk_.DeleteStored(part); });
     case ManageView::kStacks:
       for (const Text& id : ids) stacks_.Close(ParseInt(id));
       return 0;
@@ -186,21 +227,14 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
 }
 
 std::size_t ManagedNotes::Fetch(const std::vector<Text>& ids) {
-  return static_cast<std::size_t>(std::ranges::count_if(ids, [this](const Text& id) {
-    const std::optional<std::int64_t> key = store_.KeyOf(id);
-    return !key || desk_.Fetch(*key).empty();
-  }));
+  return ForEach(ids, 1, [this](const std::vector<Text>& part) {
+    const std::optional<std::int64_t> key = store_.KeyOf(part.front());
+    return static_cast<std::size_t>(!key || desk_.Fetch(*key).empty());
+  });
 }
 
-std::size_t ManagedNotes::Store(const std::vector<Text>& ids) {
-  const std::optional<Text> category = AskCategory(dialog_.Window());
-  if (!category || state_.exiting) return 0;
-  std::vector<Text> stored;
-  for (const Text& id : ids)
-    if (desk_.Store(id, *category)) stored.push_back(id);
-  const std::size_t left = ids.size() - stored.size();
-  steps_.Add(UndoKind::kStored, std::move(stored));
-  return left;
+std::size_t ManagedNotes::Restore(const std::vector<Text>& ids) {
+  return ForEach(ids, kTogether, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
 }
 
 std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
@@ -212,18 +246,23 @@ std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
 
 std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
   std::vector<Text> closed;
-  for (const Text& id : ids) {
-    if (desk_.Close(id, Reason::kUser)) closed.push_back(id);
-  }
-  const std::size_t left = static_cast<std::size_t>(
-      std::count_if(ids.begin(), ids.end(), [this](const Text& id) { return notes_.Find(id) != nullptr; }));
+  const std::size_t left = ForEach(ids, 1, [&](const std::vector<Text>& part) {
+    if (desk_.Close(part.front(), Reason::kUser)) closed.push_back(part.front());
+    return static_cast<std::size_t>(notes_.Find(part.front()) != nullptr);
+  });
   steps_.Add(UndoKind::kClosed, std::move(closed));
   return left;
 }
 
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
+  std::vector<Text> closed;
+  ForEach(ids, kTogether, [&](const std::vector<Text>& part) {
+    const std::vector<Text> gone = desk_.CloseWaiting(part);
+    closed.insert(closed.end(), gone.begin(), gone.end());
+    return std::size_t{0};
+  });
   steps_.Add(view == ManageView::kAttached ? UndoKind::kClosedAttached : UndoKind::kClosedSleeping,
-             desk_.CloseWaiting(ids));
+             std::move(closed));
 }
 
 std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
@@ -267,12 +306,13 @@ void ManagedNotes::UndoStepOf(int number) {
 
 std::size_t ManagedNotes::Undo(const UndoStep& step) {
   undone_(step.number);
-  const auto failures = [&step](auto undo) {
-    return static_cast<std::size_t>(
-        std::count_if(step.ids.begin(), step.ids.end(), [&](const Text& id) { return !undo(id); }));
+  const auto failures = [&](auto undo) {
+    return ForEach(step.ids, 1, [&](const std::vector<Text>& part) {
+      return static_cast<std::size_t>(!undo(part.front()));
+    });
   };
   switch (step.kind) {
-    case UndoKind::kClosed: return desk_.Restore(step.ids);
+    case UndoKind::kClosed: return Restore(step.ids);
     case UndoKind::kDeleted: return failures([this](const Text& id) { return desk_.Undelete(id); });
     case UndoKind::kClosedSleeping: return desk_.BringBack(step.ids, NoteList::kSleeping);
     case UndoKind::kClosedAttached: return desk_.BringBack(step.ids, NoteList::kAttached);
@@ -282,6 +322,7 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
       return left;
     }
     case UndoKind::kStored: return Fetch(step.ids);
+    case UndoKind::kRecategorized: return UndoRecategorized(step);
     case UndoKind::kHidden: ShowNotes(step.ids); return 0;
     case UndoKind::kArranged: MoveBack(notes_, step); return 0;
     case UndoKind::kImported: {

@@ -44,6 +44,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void FetchStored(std::vector<std::int64_t> keys) override { browser_.Read(std::move(keys)); }
   std::array<std::optional<std::size_t>, kManageViews> CountManaged() override;
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) override;
+  void DropManaged(ManageView from, const std::vector<Text>& names, const ManagePlace& to) override;
+  void DropManagedOut(ManageView from, const std::vector<Text>& names) override;
   std::vector<ManageCategory> Categories() override { return stored_.Categories(); }
   std::optional<std::size_t> CountStored(const ManagePlace& place) override;
   std::optional<Text> RenameCategory(const Text& name) override;
@@ -80,6 +82,12 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
  private:
+  void ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids);
+  HWND Asker() const;
+  void TellLeft(std::size_t left);
+  std::size_t ForEach(const std::vector<Text>& names, std::size_t together,
+                      const std::function<std::size_t(const std::vector<Text>&)>& act);
+  std::vector<Text> IdsOf(const std::vector<Text>& names);
   std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
@@ -90,7 +98,11 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
   /// How many could not be stored, fetched or saved.
-  std::size_t Store(const std::vector<Text>& ids);
+  std::size_t Store(ManageView view, const std::vector<Text>& ids, const Text& category);
+  std::size_t Recategorize(const std::vector<Text>& ids,
+                           const std::function<Text(const Text& id)>& categoryOf, UndoStep& step);
+  std::size_t UndoRecategorized(const UndoStep& step);
+  std::size_t Restore(const std::vector<Text>& ids);
   std::size_t Fetch(const std::vector<Text>& ids);
   std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);

@@ -61,6 +61,9 @@ class NoteCommands {
   /// A colour has been chosen that is to be offered again.
   void RememberColour(Colour colour);
 
+  /// Puts the note, and those selected with it, into a category of the store.
+  void Store(BJotlet& jotlet, const Text& category) { store_.Store(jotlet, category); }
+
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
 
