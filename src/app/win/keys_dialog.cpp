@@ -73,6 +73,7 @@ void BKeysDlg::ReadRows() {
     const Text key = hotKeys_.Held(i);
     if (!key.empty()) rows.push_back({KeyPlace::kEverywhere, key, resources_.String(IDS_HOT_KEY + i)});
   }
+  for (KeyRow& row : rows) row.key = resources_.Key(row.key);
   rows_ = Arranged(std::move(rows));
 }
 
