@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "base/win/wide.h"
+#include "res/picture_numbers.h"
+#include "res/resource.h"
 #include "ui/resources.h"
 #include "ui/screen.h"
 
@@ -121,6 +123,57 @@ std::vector<std::string> CutTexts(HWND dialog, int dpi) {
   return cut;
 }
 
+// What stands in for its placeholders.
+constexpr TextView kNumber = u"12";
+constexpr TextView kDay = u"24.09.2026 18:30";
+constexpr TextView kTime = u"Donnerstag, 24. September 2026, 18:30";
+constexpr TextView kPath = u"C:\\Users\\Someone\\AppData\\Roaming\\Jotlets\\jotlets.ini";
+constexpr TextView kNames = u"Priority, Colour of the label, Due date, 12 more";
+
+// A text that the program puts into a control of a dialog.
+struct Filled {
+  WORD dialog;
+  int control;
+  int text;
+  TextView put = {};
+};
+
+constexpr Filled kFilled[] = {
+    {IDD_RESTORE, IDC_RESTORE_TEXT, IDS_RESTORE_ANY},
+    {IDD_RESTORE, IDC_RESTORE_TEXT, IDS_RESTORE_FIRST_RUN},
+    {IDD_JOB, IDC_JOB_TEXT, IDS_STORE_RESCUE_RUNS},
+    {IDD_JOB, IDC_JOB_TEXT, IDS_IMPORT_RUNS},
+    {IDD_JOB, IDC_JOB_TEXT, IDS_SAVING_COPIES},
+    {IDD_TEXT, IDC_TEXT_LABEL, IDS_LABEL_ADDRESS},
+    {IDD_RECURRENCE, IDC_REC_SENTENCE, IDS_RULE + 1, kTime},
+    {IDD_RECURRENCE, IDC_REC_WORDS, IDS_APPEARS_TOO_LATE, kTime},
+    {IDD_RECURRENCE, IDC_REC_WORDS, IDS_RULE_FAULT + 3},
+    {IDD_ATTACH, IDC_ATTACH_PREVIEW, IDS_ATTACH_MATCHES, kNumber},
+    {IDD_ATTACH, IDC_ATTACH_PREVIEW, IDS_ATTACH_NO_CLASS},
+    {IDD_CLOSE_STACK, IDC_CHOICE_QUESTION, IDS_STACK_CLOSING, kNumber},
+    {IDD_SAVE_FAILED, IDC_CHOICE_QUESTION, IDS_SAVE_FAILED_AT_EXIT, kPath},
+    {IDD_FOLDER_MISSING, IDC_CHOICE_QUESTION, IDS_FOLDER_MISSING, kPath},
+    {IDD_JOURNAL_UNWRITTEN, IDC_CHOICE_QUESTION, IDS_JOURNAL_UNWRITTEN, kPath},
+    {IDD_FRIENDS, IDC_FRIEND_UPDATED, IDS_FRIEND_UPDATED, kDay},
+    {IDD_MANAGE, IDC_MANAGE_EMPTY, IDS_MANAGE_STORE_FAULT, kPath},
+    {IDD_SLEEP, IDC_SLEEP_WORDS, IDS_WAKES, kTime},
+    {IDD_SLEEP, IDC_SLEEP_WORDS, IDS_SLEEP_PAST},
+    {IDD_ALARM, IDC_SLEEP_WORDS, IDS_ALARM_PAST},
+    {IDD_ALT_F4, IDC_CHOICE_QUESTION, IDS_ALT_F4},
+    {IDD_COLUMNS, IDC_COLUMNS_WORDS, IDS_COLUMNS_LEFT, kNames},
+    {IDD_PICTURE_SIZE, IDC_PICTURE_WORDS, IDS_NO_PICTURE_SIZE},
+};
+
+Text SampleOf(HMODULE module, const Filled& filled) {
+  wchar_t words[1024];
+  const int length = LoadStringW(module, static_cast<UINT>(filled.text), words, 1024);
+  Text sample(FromWide(words, static_cast<std::size_t>(length)));
+  EXPECT_FALSE(sample.empty()) << filled.text;
+  for (const TextView placeholder : {u"%d", u"%t", u"%s"})
+    sample = ReplaceAll(sample, placeholder, filled.put);
+  return sample;
+}
+
 class Languages : public ::testing::TestWithParam<LanguageCase> {};
 
 INSTANTIATE_TEST_SUITE_P(All, Languages,
@@ -155,8 +208,16 @@ TEST_P(Languages, HaveRoomForEveryTextOfADialog) {
         GetModuleHandleW(nullptr), shape.Get(), nullptr,
         [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
     ASSERT_NE(dialog, nullptr) << "dialog " << id;
-    for (const std::string& cut : CutTexts(dialog, GetParam().dpi))
-      ADD_FAILURE() << "dialog " << id << ": " << cut;
+    const auto look = [&] {
+      for (const std::string& cut : CutTexts(dialog, GetParam().dpi))
+        ADD_FAILURE() << "dialog " << id << ": " << cut;
+    };
+    look();
+    for (const Filled& filled : kFilled) {
+      if (filled.dialog != id) continue;
+      SetDlgItemTextW(dialog, filled.control, Wide(SampleOf(module.get(), filled)));
+      look();
+    }
     DestroyWindow(dialog);
   }
 }

@@ -17,7 +17,7 @@ constexpr int kRow = 24;
 constexpr int kLabel = 56;
 constexpr int kSmallestWidth = 420;
 constexpr int kSmallestHeight = 240;
-constexpr int kColumns[] = {150, 250, 160};  // key, what it does, where it counts
+constexpr int kColumns[] = {184, 250, 160};  // key, what it does, where it counts
 constexpr int kStretched = 1;                // takes what the others leave, and is no narrower than above
 
 Text TextOf(const ACCEL& key) {

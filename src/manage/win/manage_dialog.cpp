@@ -114,7 +114,9 @@ void BManageDlg::Layout() {
   int left = margin;
   for (const ManageButton& button :
        ButtonsInRow(Handle(), resources_, View(), width - scaled(kStatusWidth))) {
-    place(button.control, left, bottom, button.width, row);
+    // Another view has others there, whose pictures are none of theirs.
+    SetWindowPos(Item(button.control), nullptr, left, bottom, button.width, row,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     left += button.width + scaled(kManageButtonGap);
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
