@@ -174,6 +174,39 @@ Text SampleOf(HMODULE module, const Filled& filled) {
   return sample;
 }
 
+UniqueModule Library(TextView file) {
+  const Text path = ProgramFolder() + Text(file);
+  UniqueModule module(
+      LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+  EXPECT_TRUE(module) << ToUtf8(path);
+  return module;
+}
+
+std::vector<WORD> ResourcesOf(HMODULE module, const wchar_t* type) {
+  std::vector<WORD> ids;
+  EnumResourceNamesW(
+      module, type,
+      [](HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list) {
+        reinterpret_cast<std::vector<WORD>*>(list)->push_back(LOWORD(name));
+        return TRUE;
+      },
+      reinterpret_cast<LONG_PTR>(&ids));
+  return ids;
+}
+
+// The numbers of all texts.
+std::vector<UINT> TextsOf(HMODULE module) {
+  constexpr UINT kOfBlock = 16;
+  std::vector<UINT> ids;
+  for (const WORD block : ResourcesOf(module, reinterpret_cast<const wchar_t*>(RT_STRING))) {
+    for (UINT id = (block - 1u) * kOfBlock; id < block * kOfBlock; ++id) {
+      const wchar_t* text = nullptr;
+      if (LoadStringW(module, id, reinterpret_cast<wchar_t*>(&text), 0) > 0) ids.push_back(id);
+    }
+  }
+  return ids;
+}
+
 class Languages : public ::testing::TestWithParam<LanguageCase> {};
 
 INSTANTIATE_TEST_SUITE_P(All, Languages,
@@ -186,18 +219,8 @@ INSTANTIATE_TEST_SUITE_P(All, Languages,
 TEST_P(Languages, HaveRoomForEveryTextOfADialog) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_DATE_CLASSES | ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
-  const Text path = ProgramFolder() + Text(GetParam().file);
-  const UniqueModule module(
-      LoadLibraryExW(Wide(path), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
-  ASSERT_TRUE(module) << ToUtf8(path);
-  std::vector<WORD> ids;
-  EnumResourceNamesW(
-      module.get(), reinterpret_cast<const wchar_t*>(RT_DIALOG),
-      [](HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list) {
-        reinterpret_cast<std::vector<WORD>*>(list)->push_back(LOWORD(name));
-        return TRUE;
-      },
-      reinterpret_cast<LONG_PTR>(&ids));
+  const UniqueModule module = Library(GetParam().file);
+  const std::vector<WORD> ids = ResourcesOf(module.get(), reinterpret_cast<const wchar_t*>(RT_DIALOG));
   EXPECT_GE(ids.size(), 20u);
   for (const WORD id : ids) {
     Template shape(module.get(), FindResourceW(module.get(), MAKEINTRESOURCEW(id),
@@ -220,6 +243,21 @@ TEST_P(Languages, HaveRoomForEveryTextOfADialog) {
     }
     DestroyWindow(dialog);
   }
+}
+
+TEST(GermanLibrary, HasEveryMenuDialogAndTextOfTheProgramInGerman) {
+  const UniqueModule program = Library(u"jotlets.exe");
+  const UniqueModule german = Library(u"languages\\de\\language80.dll");
+  for (const auto* const type : {RT_MENU, RT_DIALOG}) {
+    const auto* const name = reinterpret_cast<const wchar_t*>(type);
+    EXPECT_EQ(ResourcesOf(german.get(), name), ResourcesOf(program.get(), name));
+  }
+  EXPECT_EQ(TextsOf(german.get()), TextsOf(program.get()));
+  EXPECT_GE(TextsOf(german.get()).size(), 500u);
+  EXPECT_EQ(SampleOf(german.get(), {0, 0, IDS_LANGUAGE}), u"Deutsch");
+  // Where the program would look for them, it would take them from here.
+  for (const auto* const type : {RT_RCDATA, RT_ACCELERATOR, RT_BITMAP, RT_ICON})
+    EXPECT_TRUE(ResourcesOf(german.get(), reinterpret_cast<const wchar_t*>(type)).empty());
 }
 
 }  // namespace
