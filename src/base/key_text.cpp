@@ -52,4 +52,21 @@ Text KeyText(const KeyModifiers& held, std::int32_t key) {
   return text + name;
 }
 
+Text TranslatedKey(TextView key, const std::function<Text(std::size_t index)>& wordOf) {
+  Text text;
+  for (TextView rest = key;;) {
+    const std::size_t end = std::min(rest.find(u'+'), rest.size());
+    // A key without a name has its number behind the word.
+    const TextView part = rest.substr(0, end);
+    const TextView word = part.starts_with(u"Key ") ? part.substr(0, 3) : part;
+    const auto found = std::ranges::find(kKeyWords, word);
+    const Text other =
+        found == kKeyWords.end() ? Text() : wordOf(static_cast<std::size_t>(found - kKeyWords.begin()));
+    text.append(other.empty() ? word : other).append(part.substr(word.size()));
+    if (end == rest.size()) return text;
+    text += u'+';
+    rest.remove_prefix(end + 1);
+  }
+}
+
 }  // namespace jotlets

@@ -7,9 +7,9 @@
 namespace jotlets {
 namespace {
 
-constexpr std::string_view kNames[] = {"first-steps", "writing",  "keys",     "menus",   "pictures",
-                                       "manage",      "finding",  "places",   "options", "data-folder",
-                                       "skins",       "commands", "scripting"};
+constexpr std::string_view kNames[] = {"first-steps", "writing",   "keys",     "menus",    "pictures",
+                                       "manage",      "finding",   "places",   "options",  "data-folder",
+                                       "skins",       "languages", "commands", "scripting"};
 
 // "options.md#links" leads to "#options-links".
 std::string WithinHelp(std::string_view target) {

@@ -24,6 +24,7 @@ enum class UndoKind : std::uint8_t {
   kImported,
   kRecategorized
 };
+inline constexpr unsigned kUndoKinds = 10;
 
 /// What was done with some notes together.
 struct UndoStep {

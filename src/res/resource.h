@@ -440,7 +440,8 @@
 #define IDS_READING 8118    // "ltr", or "rtl" for a language that is read from right to left
 #define IDS_KEY_ROW 8120    // as many as there are, up to the end
 #define IDS_KEY_ROW_END 8160
-#define IDS_HOT_KEY 6800  // in the order of the options
+#define IDS_KEY_WORD 8260  // in the order of `kKeyWords`
+#define IDS_HOT_KEY 6800   // in the order of the options
 // Writing in a note. The texts of the editor's keys: this number and the `EditorKey`.
 #define IDS_EDITOR_KEY 6100
 // The names of the styles of a first run, in the order of `FirstTextStyles`.

@@ -5,6 +5,7 @@
 
 #include "action/action_table.h"
 #include "action/shortcuts.h"
+#include "base/key_text.h"
 #include "res/part_texts.h"
 #include "res/resource.h"
 
@@ -123,11 +124,17 @@ class PartsMaker {
     parts_.push_back(std::move(part));
   }
 
+  Text KeyOfLanguage(TextView key) const {
+    return TranslatedKey(key, [this](std::size_t word) {
+      return facts_.textOf(IDS_KEY_WORD + static_cast<std::uint32_t>(word));
+    });
+  }
+
   SkinPart ActionPart(ActionCode action) const {
     const ActionState state = facts_.stateOf(action);
     SkinPart part{.role = RoleOf(action), .name = ActionWords(RowOf(action), facts_.textOf)};
     if (part.name.empty()) part.name = ActionName(action);
-    part.key = ShortcutText(action);
+    part.key = KeyOfLanguage(ShortcutText(action));
     part.action = action;
     part.pressed = state.checked;
     part.unavailable = !state.enabled;
@@ -139,11 +146,11 @@ class PartsMaker {
     if (use == PartUse::kCheckList) {
       part.role = PartRole::kToggle;
       part.name = facts_.textOf(IDS_EDITOR_KEY + static_cast<std::uint32_t>(EditorKey::kCheckList));
-      part.key = ShortcutText(KeyOf(EditorKey::kCheckList));
+      part.key = KeyOfLanguage(ShortcutText(KeyOf(EditorKey::kCheckList)));
       part.pressed = view_.states.Has(SkinState::kCheckList);
     } else {
       part.name = facts_.textOf(use == PartUse::kDismiss ? IDS_PART_DISMISS : IDS_PART_SNOOZE);
-      part.key = use == PartUse::kDismiss ? u"Esc" : u"Shift+Esc";
+      part.key = KeyOfLanguage(use == PartUse::kDismiss ? u"Esc" : u"Shift+Esc");
     }
     return part;
   }

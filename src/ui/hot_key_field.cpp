@@ -38,7 +38,8 @@ void HotKeyField::SetCue(const Text& words) {
 void HotKeyField::SetKey(const HotKey& key) {
   if (key == key_) return;
   key_ = key;
-  const Text words = HotKeyText(key);
+  const Text english = HotKeyText(key);
+  const Text words = words_ ? words_(english) : english;
   SetWindowTextW(edit_, Wide(words));
   SendMessageW(edit_, EM_SETSEL, words.size(), static_cast<LPARAM>(words.size()));
 }

@@ -4,6 +4,9 @@
 
 #include <windows.h>
 
+#include <functional>
+#include <utility>
+
 #include "base/geometry.h"
 #include "data/hot_key.h"
 
@@ -25,6 +28,8 @@ class HotKeyField {
   HWND Handle() const { return edit_; }
   /// What stands in the field while it holds no key.
   void SetCue(const Text& words);
+  /// Has keys shown in the words that this gives for the English ones; before the first `SetKey`.
+  void SetWords(std::function<Text(TextView key)> words) { words_ = std::move(words); }
   void SetKey(const HotKey& key);
   /// What the field shows; its `key` is 0 when that is nothing.
   const HotKey& Key() const { return key_; }
@@ -37,6 +42,7 @@ class HotKeyField {
 
   HWND edit_ = nullptr;
   HotKey key_;
+  std::function<Text(TextView key)> words_;
 };
 
 }  // namespace jotlets

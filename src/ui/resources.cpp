@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "base/key_text.h"
 #include "base/win/wide.h"
 #include "res/resource.h"
 #include "ui/screen.h"
@@ -29,6 +30,11 @@ Text Resources::String(UINT id) const {
   Text text;
   if (translation_) text = StringOf(translation_.get(), id);
   return text.empty() ? StringOf(program_, id) : text;
+}
+
+Text Resources::Key(TextView key) const {
+  return TranslatedKey(key,
+                       [this](std::size_t word) { return String(IDS_KEY_WORD + static_cast<UINT>(word)); });
 }
 
 UniqueMenu Resources::Menu(UINT id) const {

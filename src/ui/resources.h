@@ -27,6 +27,8 @@ class Resources {
 
   /// A text of the string table; the program's own when the translation lacks it.
   Text String(UINT id) const;
+  /// A key ("Ctrl+Del") as the language calls it.
+  Text Key(TextView key) const;
   UniqueMenu Menu(UINT id) const;
   UniqueAccelerators Accelerators(UINT id) const;
   /// A small icon of the program, for the notification area and window classes.

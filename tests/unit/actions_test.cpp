@@ -13,6 +13,7 @@
 #include "action/action_state.h"
 #include "action/action_table.h"
 #include "action/note_menus.h"
+#include "base/key_text.h"
 #include "fakes.h"
 #include "res/resource.h"
 
@@ -73,6 +74,12 @@ TEST(Menus, OfTheScriptGiveEveryEntryAKeyOfItsOwn) {
       ExpectOwnKeys(entries);
     }
   }
+}
+
+TEST(Shortcuts, ConsistOfTheWordsThatTranslationsHave) {
+  const ResourceTexts texts = TextsOf("..");
+  for (std::size_t word = 0; word < kKeyWords.size(); ++word)
+    EXPECT_EQ(texts.String(IDS_KEY_WORD + static_cast<int>(word)), kKeyWords[word]);
 }
 
 TEST(Shortcuts, AreWhatMenusShowAndLeadToTheirCommands) {

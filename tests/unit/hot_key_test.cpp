@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <utility>
 
+#include "base/key_text.h"
 #include "fakes.h"
 
 namespace jotlets {
@@ -32,6 +35,25 @@ TEST(HotKeyText, NamesEveryKeyAndItsModifiersInTheirOrder) {
   for (std::int32_t key = 1; key < 0xFF; ++key) {
     const Text text = HotKeyText(Plain(key));
     EXPECT_TRUE(!text.empty() && texts.insert(text).second) << key << " is " << ToUtf8(text);
+  }
+}
+
+TEST(TranslatedKey, HasTheWordsOfTheLanguageAndEverySignAsItIs) {
+  const auto german = [](std::size_t word) {
+    return kKeyWords[word] == u"Ctrl" ? Text(u"Strg") : kKeyWords[word] == u"Key" ? Text(u"Taste") : Text();
+  };
+  for (const auto& [key, shown] : {std::pair{u"Ctrl+Alt+Del", u"Strg+Alt+Del"},
+                                   {u"Ctrl++", u"Strg++"},
+                                   {u"Ctrl+Key 173", u"Strg+Taste 173"},
+                                   {u"Ctrl", u"Strg"},
+                                   {u"F1", u"F1"},
+                                   {u"", u""}})
+    EXPECT_EQ(TranslatedKey(key, german), shown);
+  // A name that is a word of English is one that other languages have a word for.
+  for (std::int32_t key = 1; key < 0xFF; ++key) {
+    const Text name = KeyText({}, key);
+    const bool isWord = name.size() > 2 && !name.starts_with(u"Num ") && name[0] != u'F';
+    EXPECT_TRUE(!isWord || std::ranges::find(kKeyWords, name) != kKeyWords.end()) << ToUtf8(name);
   }
 }
 

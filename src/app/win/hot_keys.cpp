@@ -22,7 +22,7 @@ void HotKeys::Register(HWND window) {
     const Text key = HotKeyText(options_.hooks[i]);
     if (options_.useHooks != 1 || key.empty()) continue;
     held_[i] = RegisterOne(window, i);
-    if (!held_[i]) taken += (taken.empty() ? u"" : u", ") + key;
+    if (!held_[i]) taken += (taken.empty() ? u"" : u", ") + resources_.Key(key);
   }
   tray_.SetTooltip(Tooltip());
   TellTaken(taken);
@@ -45,7 +45,7 @@ void HotKeys::Unregister(HWND window) {
 }
 
 Text HotKeys::Held(std::size_t index) const {
-  return held_[index] ? HotKeyText(options_.hooks[index]) : Text();
+  return held_[index] ? resources_.Key(HotKeyText(options_.hooks[index])) : Text();
 }
 
 Text HotKeys::Tooltip() const {

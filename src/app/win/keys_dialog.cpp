@@ -17,7 +17,7 @@ constexpr int kRow = 24;
 constexpr int kLabel = 56;
 constexpr int kSmallestWidth = 420;
 constexpr int kSmallestHeight = 240;
-constexpr int kColumns[] = {150, 250, 160};  // key, what it does, where it counts
+constexpr int kColumns[] = {184, 250, 160};  // key, what it does, where it counts
 constexpr int kStretched = 1;                // takes what the others leave, and is no narrower than above
 
 Text TextOf(const ACCEL& key) {
@@ -73,6 +73,7 @@ void BKeysDlg::ReadRows() {
     const Text key = hotKeys_.Held(i);
     if (!key.empty()) rows.push_back({KeyPlace::kEverywhere, key, resources_.String(IDS_HOT_KEY + i)});
   }
+  for (KeyRow& row : rows) row.key = resources_.Key(row.key);
   rows_ = Arranged(std::move(rows));
 }
 

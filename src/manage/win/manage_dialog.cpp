@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/win/wide.h"
+#include "manage/win/manage_buttons.h"
 #include "manage/win/manage_settings.h"
 #include "note/papers.h"
 #include "res/resource.h"
@@ -17,8 +18,6 @@ namespace {
 constexpr UINT kRefreshDelay = 150;
 constexpr int kMargin = 8;  // pixels at 96 dots per inch, as all lengths below
 constexpr int kRow = 24;
-constexpr int kButtonWidth = 98;
-constexpr int kButtonGap = 6;
 constexpr int kStatusWidth = 90;  // at least
 constexpr int kSearchLabelWidth = 56;
 constexpr int kViewsWidth = 168;
@@ -112,16 +111,13 @@ void BManageDlg::Layout() {
   place(IDC_MANAGE_EMPTY, from + margin, list + (bottom - list - words) / 2, right - from - 2 * margin,
         words);
   preview_.Place(preview > 0 ? RectAt({right + margin, list}, {preview, bottom - margin - list}) : Rect());
-  std::vector<int> buttons;
-  for (std::size_t i = 0; i < kManageActions; ++i)
-    if (Offers(View(), static_cast<ManageAction>(i)))
-      buttons.push_back(IDC_MANAGE_ACTION + static_cast<int>(i));
-  const int step = std::min(scaled(kButtonWidth + kButtonGap),
-                            (width - scaled(kStatusWidth)) / static_cast<int>(buttons.size()));
   int left = margin;
-  for (const int button : buttons) {
-    place(button, left, bottom, step - scaled(kButtonGap), row);
-    left += step;
+  for (const ManageButton& button :
+       ButtonsInRow(Handle(), resources_, View(), width - scaled(kStatusWidth))) {
+    // Another view has others there, whose pictures are none of theirs.
+    SetWindowPos(Item(button.control), nullptr, left, bottom, button.width, row,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    left += button.width + scaled(kManageButtonGap);
   }
   place(IDC_MANAGE_STATUS, left, bottom + scaled(4), client.right - margin - left, row - scaled(4));
   // Its words stand at the right: what is kept of the picture as it grows would stand there twice.

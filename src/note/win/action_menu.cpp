@@ -70,7 +70,7 @@ class MenuBuilder {
     const ActionState state = StateOf(row.code, facts_);
     const auto code = static_cast<UINT>(row.code);
     Text text = row.sets.what == ActionSets::kStyle ? StyleText(row) : resources_.String(IDS_ACTION + code);
-    if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + keys;
+    if (const Text keys = ShortcutText(row.code); !keys.empty()) text += u"\t" + resources_.Key(keys);
     Append(menu, StateFlags(state.enabled, state.checked), code, text, row.icon);
     if (row.sets.what == ActionSets::kStyle) ShowStyle(menu, row);
   }

@@ -110,6 +110,7 @@ void SettingControls::MakeMain(const Rect& area) {
     case SettingControl::kHotKey:
       hotKey_ = std::make_unique<HotKeyField>();
       hotKey_->Create(page_, static_cast<int>(firstId_), area);
+      hotKey_->SetWords([resources = resources_](TextView key) { return resources->Key(key); });
       hotKey_->SetCue(resources_->String(IDS_HOT_KEY_CUE));
       items_[kMain] = hotKey_->Handle();
       if (!enabled_) EnableWindow(items_[kMain], FALSE);

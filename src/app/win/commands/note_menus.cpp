@@ -82,9 +82,9 @@ ColourEntry TextToolRow(const NoteCommandTools& tools, const ActionFacts& facts)
   return row;
 }
 
-void AddPictureSteps(const ActionFacts& facts, MenuExtras& extras) {
+void AddPictureSteps(const NoteCommandTools& tools, const ActionFacts& facts, MenuExtras& extras) {
   const auto add = [&](MenuPart part, ActionCode action) {
-    extras.entries.push_back({part, ShortcutText(action),
+    extras.entries.push_back({part, tools.resources.Key(ShortcutText(action)),
                               [action](BJotlet& note) { note.DoAction(action, {}); },
                               StateOf(action, facts).enabled});
   };
@@ -169,7 +169,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
   }
   if (record.IsAttached())
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
-  AddPictureSteps(FactsOf(jotlet), extras);
+  AddPictureSteps(tools_, FactsOf(jotlet), extras);
   AddStacks(tools_, record, extras);
   store_.AddCategories(extras);
   AddTextExtras(jotlet, extras);
@@ -187,8 +187,8 @@ void NoteCommands::AddTextExtras(const BJotlet& jotlet, MenuExtras& extras) {
   if (jotlet.Editor() == nullptr) return;
   const BEdit& edit = *jotlet.Editor();
   const auto add = [&](MenuPart part, EditorKey key, bool enabled, bool checked = false) {
-    extras.entries.push_back(
-        {part, ShortcutText(KeyOf(key)), [key](BJotlet& note) { note.Editor()->Do(key); }, enabled, checked});
+    extras.entries.push_back({part, tools_.resources.Key(ShortcutText(KeyOf(key))),
+                              [key](BJotlet& note) { note.Editor()->Do(key); }, enabled, checked});
   };
   add(MenuPart::kPastePlain, EditorKey::kPastePlain, edit.CanPaste());
   if (tools_.options.typingAids)

@@ -151,7 +151,7 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
     const Text words = resources_.String(command == kSnooze ? IDS_SNOOZE : IDS_SNOOZE_AND_SLEEP);
     const Text minutes = ReplaceAll(words, u"%i", IntText(options_.snoozeMinutes));
     Text text = ReplaceAll(minutes, u"%s", resources_.String(IDS_UNIT_MANY));
-    if (command == kSnooze) text += u"\tShift+Esc";
+    if (command == kSnooze) text += u"\t" + resources_.Key(u"Shift+Esc");
     append(command, text, command == kSnooze ? Icon::kClock : Icon::kMoon);
   }
   AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
@@ -162,7 +162,7 @@ void TimeCommands::Snooze(BJotlet& jotlet) {
            Icon::kClock);
   append(kOther, resources_.String(IDS_SNOOZE_OTHER), Icon::kBell);
   AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-  append(kDismiss, resources_.String(IDS_DISMISS) + u"\tEsc", Icon::kBellOff);
+  append(kDismiss, resources_.String(IDS_DISMISS) + u"\t" + resources_.Key(u"Esc"), Icon::kBellOff);
   const UINT chosen = ChooseFromMenu(resources_.Look(), menu.get(), at, jotlet.Handle());
   if (chosen == kSnooze || chosen == kSnoozeAndSleep)
     return SnoozeNote(id, SnoozeUntil(Now(), options_.snoozeMinutes), chosen == kSnoozeAndSleep);
