@@ -108,4 +108,16 @@ int FieldHeight(HFONT font) {
   return LineHeight(font) + 2 * (GetSystemMetrics(SM_CYEDGE) + kAir);
 }
 
+bool IsUnderMouse(HWND window, HWND dragged) {
+  if (window == nullptr || IsIconic(window)) return false;
+  const POINT mouse{MousePosition().x, MousePosition().y};
+  for (HWND above = GetTopWindow(nullptr); above != nullptr; above = GetWindow(above, GW_HWNDNEXT)) {
+    RECT place{};
+    GetWindowRect(above, &place);
+    if (above == dragged || !IsWindowVisible(above) || PtInRect(&place, mouse) == FALSE) continue;
+    if ((GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT) == 0) return above == window;
+  }
+  return false;
+}
+
 }  // namespace jotlets

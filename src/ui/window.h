@@ -85,6 +85,10 @@ inline Point MousePosition() {
   return {static_cast<std::int32_t>(at.x), static_cast<std::int32_t>(at.y)};
 }
 
+/// Whether the mouse is at `window` and nothing lies between but `dragged`, and what lets the mouse through
+/// as shadows do; nullptr is never there.
+bool IsUnderMouse(HWND window, HWND dragged);
+
 /// The point packed in a mouse message's lParam.
 inline Point PointOf(LPARAM lParam) {
   return {static_cast<std::int16_t>(LOWORD(lParam)), static_cast<std::int16_t>(HIWORD(lParam))};

@@ -211,6 +211,22 @@ TEST(ManageActionsTest, AsksBeforeWhatCannotBeUndoneAndBeforeManyWindows) {
   EXPECT_EQ(DefaultAction(ManageView::kClosed), ManageAction::kRestore);
 }
 
+TEST(ManageActionsTest, WhatIsDroppedOnAPlaceGoesThereOrNowhere) {
+  using enum ManageView;
+  const auto drop = [](ManageView from, ManageView to) { return ActionOfDrop(from, {to, {}}); };
+  EXPECT_EQ(drop(kDesktop, kStored), ManageAction::kStore);
+  EXPECT_EQ(drop(kStored, kStored), std::nullopt);
+  EXPECT_EQ(ActionOfDrop(kStored, {kStored, u""}), ManageAction::kStore) << "out of all categories";
+  EXPECT_EQ(drop(kSleeping, kStored), std::nullopt) << "its time would come there";
+  EXPECT_EQ(drop(kStored, kDesktop), ManageAction::kRestore);
+  EXPECT_EQ(drop(kRecurring, kDesktop), ManageAction::kWake);
+  EXPECT_EQ(drop(kAttached, kDesktop), ManageAction::kUnattach);
+  EXPECT_EQ(drop(kDesktop, kDesktop), std::nullopt);
+  EXPECT_EQ(drop(kSleeping, kClosed), ManageAction::kDelete);
+  EXPECT_EQ(drop(kStored, kClosed), std::nullopt) << "it would be gone for good";
+  EXPECT_EQ(drop(kStacks, kDesktop), std::nullopt);
+}
+
 TEST(ManageColumns, GiveWayWhereThereIsLittleRoom) {
   const ColumnWidths wanted{200, 46, 150, 150, 0};
   EXPECT_EQ(FittedColumns(wanted, 800), (ColumnWidths{200, 46, 150, 150, 254}));

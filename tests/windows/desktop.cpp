@@ -186,6 +186,19 @@ bool Drag(HWND window, Point from, Point offset, const std::function<void()>& ha
   return held && WaitUntil([window] { return ThreadOf(window).hwndCapture == nullptr; });
 }
 
+bool DragFrom(HWND window, Point from, Point to) {
+  constexpr int kNearby = 15;
+  if (!MoveMouse(from)) return false;
+  SendButton(MOUSEEVENTF_LEFTDOWN);
+  const bool held = WaitUntil([&] {
+    const bool moved = MoveMouse({from.x + kNearby, from.y}) && MoveMouse({from.x + kNearby, from.y + 2});
+    return moved && ThreadOf(window).hwndCapture == window;
+  });
+  if (held) MoveMouse(to);
+  SendButton(MOUSEEVENTF_LEFTUP);
+  return held && WaitUntil([window] { return ThreadOf(window).hwndCapture == nullptr; });
+}
+
 bool HasKeyboard(HWND note) {
   const HWND focus = ThreadOf(note).hwndFocus;
   return GetForegroundWindow() == note && (focus == note || IsChild(note, focus));

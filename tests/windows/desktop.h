@@ -67,6 +67,8 @@ bool ClickUntil(const std::function<bool()>& condition, Point at, bool right = f
 /// Presses the left button on `window` at `from`, moves by `offset` in a few steps and lets go; `halfway` is
 /// called in the middle of it.
 bool Drag(HWND window, Point from, Point offset, const std::function<void()>& halfway = nullptr);
+/// Drags something that is in `window`, which has the mouse only while it is on its way.
+bool DragFrom(HWND window, Point from, Point to);
 /// Whether keys go to a window of a note.
 bool HasKeyboard(HWND note);
 /// Whether what is typed goes into a note's text.

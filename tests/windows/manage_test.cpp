@@ -175,6 +175,49 @@ TEST_F(ManageTest, ANoteIsStoredByItsKeyAndComesBackFromItsCategory) {
             (Ids{u"502 deleted desktop jotlet stored AA01", u"500 created desktop jotlet restored AA01"}));
 }
 
+TEST_F(ManageTest, NotesAreDraggedToCategoriesToTheDesktopAndFromThere) {
+  WriteNotes({NoteRecord(u"AA01", {900, 120}, u"Desk")}, {},
+             u"TakeBackups=0\nSnap=0,10,2\nManageWindow=40,60,700,560");
+  ASSERT_TRUE(StartProgram());
+  EXPECT_EQ(Reply(u"do store " + Create(u"kept") + u" Work"), u"000 OK stored: 1");
+  EXPECT_EQ(Reply(u"do store " + Create(u"other") + u" Home"), u"000 OK stored: 2");
+  EXPECT_EQ(Reply(u"do showstored 1"), u"000 OK done");
+  ASSERT_TRUE(Shows(u"2 of 2, 1 selected")) << ToUtf8(Status());
+  ASSERT_TRUE(ClickTitle());
+  // The rows of the views, the last of which are the categories, "Home" and "Work".
+  const auto category = [&](int number) {
+    RECT area{};
+    const HWND views = GetDlgItem(Find(), IDC_MANAGE_VIEWS);
+    SendMessageW(views, LB_GETITEMRECT,
+                 static_cast<WPARAM>(ManageView::kStored) + static_cast<WPARAM>(number),
+                 reinterpret_cast<LPARAM>(&area));
+    MapWindowPoints(views, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    return Point{static_cast<std::int32_t>(area.left) + 40, static_cast<std::int32_t>(area.top) + 10};
+  };
+  const auto dragRow = [&](Point to) {
+    const bool shown =
+        ClickUntil([] { return Row() == static_cast<LRESULT>(ManageView::kStored) + 2; }, category(2)) &&
+        Shows(u"1 of 1");
+    return shown && DragFrom(Find(), {BoundsOf(List()).left + 60, BoundsOf(List()).top + 45}, to);
+  };
+  ASSERT_TRUE(dragRow(category(1))) << ToUtf8(Status());
+  EXPECT_TRUE(WaitUntil([&] { return WindowTest::List(u"stored Home").size() == 2; }));
+  PressKeys({VK_CONTROL, 'Z'});
+  EXPECT_TRUE(WaitUntil([&] { return WindowTest::List(u"stored Work") == Ids{u"1"}; }));
+  EXPECT_TRUE(Shows(u"2 of 2, 1 selected")) << ToUtf8(Status());
+  ASSERT_TRUE(dragRow({820, 400})) << ToUtf8(Status());
+  const HWND kept = NoteTitled(u"kept");
+  EXPECT_TRUE(WaitUntil([kept] { return BoundsOf(kept).TopLeft() == Point{820, 400}; }));
+  EXPECT_TRUE(WindowTest::List(u"stored Work").empty());
+  const HWND desk = NoteTitled(u"Desk");
+  const Point home = category(1);
+  HoldKey(VK_SHIFT, true);
+  ASSERT_TRUE(Drag(desk, Title(desk), {home.x - Title(desk).x, home.y - Title(desk).y}));
+  HoldKey(VK_SHIFT, false);
+  EXPECT_TRUE(WaitUntil([&] { return WindowTest::List(u"stored Home").size() == 2; }));
+  EXPECT_EQ(WindowTest::List(u"desktop").size(), 1u);
+}
+
 TEST_F(ManageTest, WhatIsDeletedIsClosedAndCanBeHadBackUntilItIsDeletedForGood) {
   JotletData asleep = NoteRecord(u"BB01", {300, 300}, u"Asleep");
   asleep.sleep.asleep = true;

@@ -60,8 +60,8 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
                      menus_,    window_,       state_,       *this}),
       pictures_(resources, options_.Current(), desk_, notes_, contents_, saving_),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
-                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_, managed_,
-                     undo_, listeners_, menus_, window_, state_}),
+                     attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
+                     storeCommands_, undo_, listeners_, menus_, window_, state_}),
       commands_(
           {options_.Current(), desk_, notes_, contents_, skinCommands_, window_},
           {system_.ansi, system_.clock, system_.log, system_.files, friends_, sleeping_, store_, search_,
@@ -189,9 +189,9 @@ void Program::OnExitKey() {
 }
 
 void Program::OnNoteDropped(BJotlet& jotlet, bool shift) {
-  const std::optional<Text> category =
-      shift ? managed_.Dialog().CategoryUnderMouse(jotlet.Handle()) : std::nullopt;
-  if (category) return noteCommands_.Store(jotlet, *category);
+  const BManageDlg& manage = managed_.Dialog();
+  if (shift && IsUnderMouse(manage.Window(), jotlet.Handle()))
+    return storeCommands_.Store(jotlet, manage.CategoryUnderMouse());
   stacks_.OnNoteDropped(jotlet, shift);
 }
 

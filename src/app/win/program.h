@@ -190,6 +190,7 @@ class Program final : private OpenNotesOwner,
   FoundNotes found_;
   OptionCommands optionCommands_;
   UndoOffers undo_;
+  StoreCommands storeCommands_{resources_, desk_, notes_, managed_, undo_};
   TrayCommands trayCommands_;
   PictureCommands pictures_;
   NoteCommands noteCommands_;

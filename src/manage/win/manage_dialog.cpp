@@ -185,12 +185,6 @@ void BManageDlg::Refresh() {
   ReadTexts();
 }
 
-void BManageDlg::Reload() {
-  texts_.Clear();
-  list_.SetNotes({});
-  Refresh();
-}
-
 void BManageDlg::SortBy(ManageColumn column) {
   const auto number = static_cast<std::int32_t>(column);
   const bool backwards = options_.manageSorted == number;
@@ -311,12 +305,8 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
       return std::nullopt;
     case WM_TIMER: OnWindowTimer(wParam); return 0;
     case WM_MOUSEMOVE:
-      if (dragging_) FollowDrag();
-      return std::nullopt;
     case WM_LBUTTONUP:
-      if (dragging_) Drop();
-      return std::nullopt;
-    case WM_CAPTURECHANGED: EndDrag(); return std::nullopt;
+    case WM_CAPTURECHANGED: return OnDragMessage(message) ? std::optional<LRESULT>(0) : std::nullopt;
     case kActMessage: Act(static_cast<ManageAction>(wParam)); return 0;
     case WM_DESTROY: OnWindowEnd(); return 0;
     default: return std::nullopt;
@@ -365,7 +355,7 @@ std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
       table_.FetchRows();
       if (!list_.IsReading()) SetTimer(Handle(), kReadTimer, USER_TIMER_MINIMUM, nullptr);
       return 0;
-    case LVN_BEGINDRAG: BeginDrag(); return 0;
+    case LVN_BEGINDRAG: drag_.Begin(Handle(), View()); return 0;
     case LVN_COLUMNCLICK:
       SortBy(static_cast<ManageColumn>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
       return 0;

@@ -12,6 +12,7 @@
 #include "data/options.h"
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
+#include "manage/win/manage_drag.h"
 #include "manage/win/manage_owner.h"
 #include "manage/win/manage_preview.h"
 #include "manage/win/manage_table.h"
@@ -48,9 +49,8 @@ class BManageDlg final : public Dialog {
   void FollowStored(const std::vector<StoredBrowser::Page>& pages);
   /// Shows where the notes are that were asked for.
   void ShowSurvey(const SearchSurvey& survey);
-  /// The category of the store that the mouse is at, "" for the window beside all of them; nothing when it is
-  /// elsewhere, or another window than `dragged` lies between.
-  std::optional<Text> CategoryUnderMouse(HWND dragged) const;
+  /// The category of the store that the mouse is at, or that is shown; "" where there is none.
+  Text CategoryUnderMouse() const;
   void Enable(bool enabled) {
     if (IsOpen()) EnableWindow(Handle(), enabled);
   }
@@ -68,10 +68,6 @@ class BManageDlg final : public Dialog {
   enum Timer : UINT_PTR { kRefreshTimer = 1, kReadTimer, kPreviewTimer };
   enum PrivateMessage : UINT { kActMessage = WM_APP + 1, kStoreMessage };
   struct KeyRow;
-  /// Where notes can be let go: a place of the window, or else outside of it.
-  struct DropTarget {
-    std::optional<ManagePlace> place;
-  };
   static const KeyRow kKeys[];
 
   void OnInit() override;
@@ -105,16 +101,10 @@ class BManageDlg final : public Dialog {
   void ActSoon(ManageAction action);
   void Act(ManageAction action);
   void ActByDefault();
-  bool TypeIntoSearch(const MSG& message);
 
-  void BeginDrag();
-  std::optional<DropTarget> TargetUnderMouse() const;
-  void FollowDrag();
-  void EndDrag();
-  void Drop();
+  bool OnDragMessage(UINT message);
+  void ShowDrag();
 
-  void FocusSearch();
-  void Reload();
   void RenameCategory();
 
   const Resources& resources_;
@@ -129,7 +119,7 @@ class BManageDlg final : public Dialog {
   SurveyQuestion asked_;
   Text wanted_;  // a note that is to be shown as soon as the list has it
   bool refreshComes_ = false;
-  bool dragging_ = false;
+  ManageDrag drag_{views_};
 };
 
 }  // namespace jotlets

@@ -1,9 +1,10 @@
-// The keys and the menu of the manage window.
+// The keys, the mouse and the menu of the manage window.
 #include "base/win/wide.h"
 #include "manage/win/manage_dialog.h"
 #include "res/resource.h"
 #include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -12,6 +13,23 @@ namespace {
 constexpr Icon kIcons[kManageActions] = {Icon::kEye,     Icon::kClock, Icon::kAttach,
                                          Icon::kRestore, Icon::kStore, Icon::kTrash,
                                          Icon::kUndo,    Icon::kDown,  Icon::kImport};
+
+void FocusSearch(HWND search) {
+  SetFocus(search);
+  SendMessageW(search, EM_SETSEL, 0, -1);
+}
+
+// What is typed in the list goes on in the search.
+bool TypeIntoSearch(HWND search, const MSG& message) {
+  constexpr WPARAM kBackspace = 8;
+  const bool erases = message.wParam == kBackspace || message.wParam == ' ';
+  if (message.wParam < ' ' && message.wParam != kBackspace) return false;
+  if (erases && GetWindowTextLengthW(search) == 0) return false;
+  SetFocus(search);
+  SendMessageW(search, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(search)), -1);
+  SendMessageW(search, WM_CHAR, message.wParam, message.lParam);
+  return true;
+}
 
 }  // namespace
 
@@ -24,10 +42,15 @@ struct BManageDlg::KeyRow {
 };
 
 const BManageDlg::KeyRow BManageDlg::kKeys[] = {
-    {'F', true, false, true, [](BManageDlg& w) { w.FocusSearch(); }},
-    {VK_F3, false, false, true, [](BManageDlg& w) { w.FocusSearch(); }},
+    {'F', true, false, true, [](BManageDlg& w) { FocusSearch(w.Item(IDC_MANAGE_SEARCH)); }},
+    {VK_F3, false, false, true, [](BManageDlg& w) { FocusSearch(w.Item(IDC_MANAGE_SEARCH)); }},
     {VK_F2, false, false, true, [](BManageDlg& w) { w.RenameCategory(); }},
-    {VK_F5, false, false, true, [](BManageDlg& w) { w.Reload(); }},
+    {VK_F5, false, false, true,
+     [](BManageDlg& w) {
+       w.texts_.Clear();
+       w.list_.SetNotes({});
+       w.Refresh();
+     }},
     {'A', true, false, false, [](BManageDlg& w) { w.table_.SelectAll(); }},
     {'1', true, false, true, [](BManageDlg& w) { w.SortBy(ManageColumn::kTitle); }},
     {'2', true, false, true, [](BManageDlg& w) { w.SortBy(ManageColumn::kType); }},
@@ -42,35 +65,17 @@ const BManageDlg::KeyRow BManageDlg::kKeys[] = {
     {VK_PRIOR, true, false, true, [](BManageDlg& w) { w.views_.Step(-1), w.ShowPlace(); }},
 };
 
-void BManageDlg::FocusSearch() {
-  SetFocus(Item(IDC_MANAGE_SEARCH));
-  SendMessageW(Item(IDC_MANAGE_SEARCH), EM_SETSEL, 0, -1);
-}
-
-// What is typed in the list goes on in the search.
-bool BManageDlg::TypeIntoSearch(const MSG& message) {
-  constexpr WPARAM kBackspace = 8;
-  const HWND search = Item(IDC_MANAGE_SEARCH);
-  const bool erases = message.wParam == kBackspace || message.wParam == ' ';
-  if (message.wParam < ' ' && message.wParam != kBackspace) return false;
-  if (erases && GetWindowTextLengthW(search) == 0) return false;
-  SetFocus(search);
-  SendMessageW(search, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(search)), -1);
-  SendMessageW(search, WM_CHAR, message.wParam, message.lParam);
-  return true;
-}
-
 bool BManageDlg::TranslateKey(const MSG& message) {
   if (!IsOpen() || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) return false;
   const bool inSearch = message.hwnd == Item(IDC_MANAGE_SEARCH);
   const bool inList = message.hwnd == Item(IDC_MANAGE_LIST);
-  if (message.message == WM_CHAR) return inList && TypeIntoSearch(message);
+  if (message.message == WM_CHAR) return inList && TypeIntoSearch(Item(IDC_MANAGE_SEARCH), message);
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4)
     return PostMessageW(Handle(), WM_CLOSE, 0, 0);
   if (message.message != WM_KEYDOWN) return false;
   const bool ctrl = GetKeyState(VK_CONTROL) < 0;
   const bool shift = GetKeyState(VK_SHIFT) < 0;
-  if (message.wParam == VK_ESCAPE && dragging_) return ReleaseCapture() != FALSE;
+  if (message.wParam == VK_ESCAPE && drag_.IsOn()) return ReleaseCapture() != FALSE;
   // The first empties the search, the next closes the window.
   if (message.wParam == VK_ESCAPE && inSearch && GetWindowTextLengthW(message.hwnd) > 0)
     return SetWindowTextW(message.hwnd, L""), true;
@@ -90,6 +95,24 @@ void BManageDlg::RenameCategory() {
   if (!name || !IsOpen()) return;
   views_.Choose({ManageView::kStored, name});
   ShowPlace();
+}
+
+// The window may be gone when the owner has asked its questions about what was let go.
+bool BManageDlg::OnDragMessage(UINT message) {
+  if (!drag_.IsOn()) return false;
+  if (message == WM_MOUSEMOVE) return ShowDrag(), true;
+  const std::optional<ManageDrag::Target> target = message == WM_LBUTTONUP ? drag_.Follow() : std::nullopt;
+  drag_.End();
+  if (message == WM_LBUTTONUP) ReleaseCapture();
+  if (target && target->row) owner_.DropManaged(View(), table_.SelectedNames(), *target->row);
+  if (target && !target->row) owner_.DropManagedOut(View(), table_.SelectedNames());
+  if (IsOpen()) Refresh();
+  return true;
+}
+
+Text BManageDlg::CategoryUnderMouse() const {
+  const POINT mouse{MousePosition().x, MousePosition().y};
+  return views_.PlaceAt(mouse).value_or(views_.Chosen()).category.value_or(Text());
 }
 
 void BManageDlg::OnViewsMenu(POINT at) {

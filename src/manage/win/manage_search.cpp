@@ -97,6 +97,17 @@ void BManageDlg::FollowStored(const std::vector<StoredBrowser::Page>& pages) {
   ReadTexts();
 }
 
+// What letting go would do stands where the numbers are.
+void BManageDlg::ShowDrag() {
+  const std::optional<ManageDrag::Target> target = drag_.Follow();
+  const std::size_t count = ListView_GetSelectedCount(Item(IDC_MANAGE_LIST));
+  if (!target) return ShowStatus(count);
+  const Text words = resources_.String(target->row ? IDS_MANAGE_DROP : IDS_MANAGE_DROP_OUT);
+  const Text told = ReplaceAll(ReplaceAll(words, u"%n", NumberText(count)), u"%s",
+                               target->row ? views_.NameOf(*target->row) : Text());
+  if (ItemText(IDC_MANAGE_STATUS) != told) SetDlgItemTextW(Handle(), IDC_MANAGE_STATUS, Wide(told));
+}
+
 void BManageDlg::ShowStatus(std::size_t selected) {
   Text status = ReplaceAll(ReplaceAll(resources_.String(IDS_MANAGE_COUNT), u"%n", NumberText(list_.Size())),
                            u"%m", NumberText(list_.Total()));

@@ -78,7 +78,7 @@ void ManagedNotes::OnSurvey(const SearchSurvey& survey) {
 }
 
 void ManagedNotes::OnBrowsed() {
-  const std::vector<StoredBrowser::Page> pages = browser_.Pages();
+  const std::vector<StoredBrowser::Page> pages = stored_.Browser().Pages();
   if (stored_.HasNews() || !pages.empty()) dialog_.FollowStored(pages);
 }
 

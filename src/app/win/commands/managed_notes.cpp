@@ -5,13 +5,11 @@
 #include <map>
 #include <utility>
 
-#include "base/each_job.h"
 #include "base/win/shown_time.h"
 #include "data/rtf_text.h"
 #include "data/text_export.h"
 #include "desk/notes_export.h"
 #include "desk/undo_import.h"
-#include "manage/win/category_dialog.h"
 #include "res/resource.h"
 #include "ui/job_dialog.h"
 #include "ui/system_choosers.h"
@@ -30,6 +28,27 @@ void MoveBack(OpenNotes& notes, const UndoStep& step) {
     if (jotlet == nullptr) continue;
     jotlet->FinishAnimation();
     jotlet->StartAnimation(jotlet->Bounds().TopLeft(), step.places[at], AnimationKind::kMove);
+  }
+}
+
+void ShowNotes(OpenNotes& notes, const std::vector<Text>& ids) {
+  for (const Text& id : ids) {
+    BJotlet* jotlet = notes.Find(id);
+    if (jotlet == nullptr) continue;
+    if (jotlet->StoredRecord().hidden) jotlet->SetHidden(false);
+    jotlet->Show();
+    jotlet->BringForward();
+    if (&id == &ids.back()) jotlet->FocusNow();
+  }
+}
+
+void ShowStacks(OpenStacks& stacks, const std::vector<Text>& ids) {
+  for (const Text& id : ids) {
+    BStackDlg* stack = stacks.Find(ParseInt(id));
+    if (stack == nullptr) continue;
+    stack->Show();
+    stack->BringForward();
+    if (&id == &ids.back()) SetForegroundWindow(stack->Handle());
   }
 }
 
@@ -71,12 +90,6 @@ void ManagedNotes::ShowStored(std::int64_t key) {
   dialog_.ShowNote({ManageView::kStored, {}}, NameOfStored(key));
 }
 
-std::optional<Text> ManagedNotes::AskCategory(HWND owner) {
-  const std::vector<StoredNote> last = store_.Newest({}, 1);
-  const std::vector<Text> categories = store_.CategoryNames();
-  return BCategoryDlg(resources_, categories, last.empty() ? Text() : last.front().category).Ask(owner);
-}
-
 std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
   const auto asked = BTextDlg(resources_, IDS_CATEGORY_NAME, IDS_LABEL_NAME, name).Ask(dialog_.Window());
   Text category(asked ? TrimBlanks(*asked) : TextView());
@@ -107,26 +120,14 @@ void ManagedNotes::ActOn(ManageAction action, ManageView view, const std::vector
   TellLeft(each ? DoAll(action, ids) : Do(action, view, ids));
 }
 
-HWND ManagedNotes::Asker() const { return dialog_.IsOpen() ? dialog_.Window() : window_.Handle(); }
-
 void ManagedNotes::TellLeft(std::size_t left) {
-  if (left > 0 && !state_.exiting) TellCount(Asker(), resources_, IDS_MANAGE_NOT_ALL, left);
-}
-
-// What has not been done when the user has had enough is no failure.
-std::size_t ManagedNotes::ForEach(const std::vector<Text>& names, std::size_t together,
-                                  const std::function<std::size_t(const std::vector<Text>&)>& act) {
-  EachJob job(names, together,
-              [&](const std::vector<Text>& part) { return state_.exiting ? std::size_t{0} : act(part); });
-  RunJob(Asker(), resources_, IDS_MANAGE_ACTS, job, true);
-  return job.Failed();
+  if (left > 0 && !state_.exiting) TellCount(jobs_.Asker(), resources_, IDS_MANAGE_NOT_ALL, left);
 }
 
 // Who stops it has none of them.
 std::vector<Text> ManagedNotes::IdsOf(const std::vector<Text>& names) {
-  constexpr std::size_t kTogether = 100;
   std::vector<Text> ids;
-  ForEach(names, kTogether, [&](const std::vector<Text>& part) {
+  jobs_.ForEach(names, kTogether, [&](const std::vector<Text>& part) {
     const std::vector<Text> found = stored_.IdsOf(part);
     ids.insert(ids.end(), found.begin(), found.end());
     return std::size_t{0};
@@ -151,18 +152,21 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
   switch (action) {
     case ManageAction::kOpen:
       if (view == ManageView::kStacks) {
-        ShowStacks(ids);
+        ShowStacks(stacks_, ids);
       } else {
-        ShowNotes(ids);
+        ShowNotes(notes_, ids);
       }
       return 0;
-    case ManageAction::kWake: return Wake(ids);
+    case ManageAction::kWake:
+      return jobs_.ForEach(ids, 1, [this](const std::vector<Text>& part) {
+        return static_cast<std::size_t>(!sleeping_.WakeSleeping(part.front()));
+      });
     case ManageAction::kUnattach: return desk_.Unattach(ids);
     case ManageAction::kSaveCopies: return SaveCopies(ids);
-    case ManageAction::kRestore: return view == ManageView::kStored ? Fetch(ids) : Restore(ids);
+    case ManageAction::kRestore: return view == ManageView::kStored ? moves_.Fetch(ids) : Restore(ids);
     case ManageAction::kStore: {
-      const std::optional<Text> category = AskCategory(dialog_.Window());
-      return category && !state_.exiting ? Store(view, ids, *category) : 0;
+      const std::optional<Text> category = moves_.AskCategory(dialog_.Window());
+      return category && !state_.exiting ? moves_.Store(view, ids, *category) : 0;
     }
     case ManageAction::kImport: import_(dialog_.Window(), {}); return 0;
     case ManageAction::kDelete: return Delete(view, ids);
@@ -177,44 +181,15 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
   return 0;
 }
 
-void ManagedNotes::ShowNotes(const std::vector<Text>& ids) {
-  for (const Text& id : ids) {
-    BJotlet* jotlet = notes_.Find(id);
-    if (jotlet == nullptr) continue;
-    if (jotlet->StoredRecord().hidden) jotlet->SetHidden(false);
-    jotlet->Show();
-    jotlet->BringForward();
-    if (&id == &ids.back()) jotlet->FocusNow();
-  }
-}
-
-void ManagedNotes::ShowStacks(const std::vector<Text>& ids) {
-  for (const Text& id : ids) {
-    BStackDlg* stack = stacks_.Find(ParseInt(id));
-    if (stack == nullptr) continue;
-    stack->Show();
-    stack->BringForward();
-    if (&id == &ids.back()) SetForegroundWindow(stack->Handle());
-  }
-}
-
-std::size_t ManagedNotes::Wake(const std::vector<Text>& ids) {
-  return ForEach(ids, 1, [this](const std::vector<Text>& part) {
-    return static_cast<std::size_t>(!sleeping_.WakeSleeping(part.front()));
-  });
-}
-
 std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) {
   switch (view) {
     case ManageView::kDesktop: return CloseOpen(ids);
     case ManageView::kClosed:
-      return ForEach(ids, kTogether, [this](const std::vector<Text>& part) {
+      return jobs_.ForEach(ids, kTogether, [this](const std::vector<Text>& part) {
         desk_.DeleteClosed(part);
         return std::size_t{0};
       });
-    case ManageView::kStored:
-      return ForEach(ids, kTogether,
-                     [this](const std::vector<Text>& part) { return desk_.DeleteStored(part); });
+    case ManageView::kStored: return moves_.Delete(ids);
     case ManageView::kStacks:
       for (const Text& id : ids) stacks_.Close(ParseInt(id));
       return 0;
@@ -226,15 +201,8 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
   return 0;
 }
 
-std::size_t ManagedNotes::Fetch(const std::vector<Text>& ids) {
-  return ForEach(ids, 1, [this](const std::vector<Text>& part) {
-    const std::optional<std::int64_t> key = store_.KeyOf(part.front());
-    return static_cast<std::size_t>(!key || desk_.Fetch(*key).empty());
-  });
-}
-
 std::size_t ManagedNotes::Restore(const std::vector<Text>& ids) {
-  return ForEach(ids, kTogether, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
+  return jobs_.ForEach(ids, kTogether, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
 }
 
 std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
@@ -246,7 +214,7 @@ std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
 
 std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
   std::vector<Text> closed;
-  const std::size_t left = ForEach(ids, 1, [&](const std::vector<Text>& part) {
+  const std::size_t left = jobs_.ForEach(ids, 1, [&](const std::vector<Text>& part) {
     if (desk_.Close(part.front(), Reason::kUser)) closed.push_back(part.front());
     return static_cast<std::size_t>(notes_.Find(part.front()) != nullptr);
   });
@@ -256,7 +224,7 @@ std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
 
 void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
   std::vector<Text> closed;
-  ForEach(ids, kTogether, [&](const std::vector<Text>& part) {
+  jobs_.ForEach(ids, kTogether, [&](const std::vector<Text>& part) {
     const std::vector<Text> gone = desk_.CloseWaiting(part);
     closed.insert(closed.end(), gone.begin(), gone.end());
     return std::size_t{0};
@@ -307,7 +275,7 @@ void ManagedNotes::UndoStepOf(int number) {
 std::size_t ManagedNotes::Undo(const UndoStep& step) {
   undone_(step.number);
   const auto failures = [&](auto undo) {
-    return ForEach(step.ids, 1, [&](const std::vector<Text>& part) {
+    return jobs_.ForEach(step.ids, 1, [&](const std::vector<Text>& part) {
       return static_cast<std::size_t>(!undo(part.front()));
     });
   };
@@ -318,12 +286,12 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
     case UndoKind::kClosedAttached: return desk_.BringBack(step.ids, NoteList::kAttached);
     case UndoKind::kAsleep: {
       const std::size_t left = failures([this](const Text& id) { return desk_.Wake(id, {}); });
-      ShowNotes(step.ids);
+      ShowNotes(notes_, step.ids);
       return left;
     }
-    case UndoKind::kStored: return Fetch(step.ids);
-    case UndoKind::kRecategorized: return UndoRecategorized(step);
-    case UndoKind::kHidden: ShowNotes(step.ids); return 0;
+    case UndoKind::kStored: return moves_.Fetch(step.ids);
+    case UndoKind::kRecategorized: return moves_.UndoRecategorized(step);
+    case UndoKind::kHidden: ShowNotes(notes_, step.ids); return 0;
     case UndoKind::kArranged: MoveBack(notes_, step); return 0;
     case UndoKind::kImported: {
       UndoImport job(desk_, store_, step.keys);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/win/commands/managed_store.h"
+#include "app/win/commands/store_moves.h"
 #include "app/win/program_saving.h"
 #include "desk/sleeping_notes.h"
 #include "desk/win/note_contents.h"
@@ -30,18 +31,18 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
         sleeping_(sleeping),
         contents_(contents),
         store_(store),
-        browser_(browser),
         files_(files),
         saving_(saving),
-        window_(window),
         state_(state),
         stored_(resources, store, browser),
-        dialog_(resources, *this, *this, options) {}
+        dialog_(resources, *this, *this, options),
+        jobs_(resources, window, state, dialog_),
+        moves_(resources, desk, store, steps_, jobs_) {}
 
   BManageDlg& Dialog() { return dialog_; }
 
   bool FillManageList(const ManagePlace& place, ManageList& list) override;
-  void FetchStored(std::vector<std::int64_t> keys) override { browser_.Read(std::move(keys)); }
+  void FetchStored(std::vector<std::int64_t> keys) override { stored_.Browser().Read(std::move(keys)); }
   std::array<std::optional<std::size_t>, kManageViews> CountManaged() override;
   void DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) override;
   void DropManaged(ManageView from, const std::vector<Text>& names, const ManagePlace& to) override;
@@ -60,9 +61,8 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
 
   /// Opens the window, without taking the keyboard, at the stored note of this key.
   void ShowStored(std::int64_t key);
-  /// Asks for a category of the store; the one that was used last is proposed.
-  std::optional<Text> AskCategory(HWND owner);
-  std::vector<Text> CategoryNames() { return store_.CategoryNames(); }
+  /// What moves notes into the store and out of it, for others too.
+  StoreMoves& Moves() { return moves_; }
   /// More is known of the stored notes that are browsed.
   void OnBrowsed();
 
@@ -83,27 +83,16 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
 
  private:
   void ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids);
-  HWND Asker() const;
   void TellLeft(std::size_t left);
-  std::size_t ForEach(const std::vector<Text>& names, std::size_t together,
-                      const std::function<std::size_t(const std::vector<Text>&)>& act);
   std::vector<Text> IdsOf(const std::vector<Text>& names);
   std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);
-  void ShowNotes(const std::vector<Text>& ids);
-  void ShowStacks(const std::vector<Text>& ids);
-  std::size_t Wake(const std::vector<Text>& ids);
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
   /// How many could not be stored, fetched or saved.
-  std::size_t Store(ManageView view, const std::vector<Text>& ids, const Text& category);
-  std::size_t Recategorize(const std::vector<Text>& ids,
-                           const std::function<Text(const Text& id)>& categoryOf, UndoStep& step);
-  std::size_t UndoRecategorized(const UndoStep& step);
   std::size_t Restore(const std::vector<Text>& ids);
-  std::size_t Fetch(const std::vector<Text>& ids);
   std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
@@ -117,14 +106,14 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   SleepingNotes& sleeping_;
   NoteContents& contents_;
   NoteStore& store_;
-  StoredBrowser& browser_;
   Files& files_;
   ProgramSaving& saving_;
-  const ProgramWindow& window_;
   const ProgramState& state_;
   ManagedStore stored_;
   BManageDlg dialog_;
   UndoSteps steps_;
+  ManageJobs jobs_;
+  StoreMoves moves_;
   std::function<void(int number)> undone_ = [](int) {};
   std::function<bool(SurveyQuestion)> survey_ = [](const SurveyQuestion&) { return false; };
   std::function<void(HWND owner, const Text& path)> import_ = [](HWND, const Text&) {};

@@ -36,6 +36,7 @@ class ManagedStore {
   /// Nothing is searched any more.
   void ForgetFound();
 
+  StoredBrowser& Browser() { return browser_; }
   /// Whether the list of notes by their places is another one since the last call.
   bool HasNews();
   void End();

@@ -34,7 +34,7 @@ struct NoteCommandTools {
   SkinCommands& skins;
   ProgramSaving& saving;
   TrayCommands& program;
-  ManagedNotes& managed;
+  StoreCommands& store;
   UndoOffers& undo;
   EventSink& events;
   CustomMenus& menus;
@@ -47,8 +47,7 @@ class NoteCommands {
   explicit NoteCommands(const NoteCommandTools& tools)
       : tools_(tools),
         sleep_(tools.resources, tools.clock, tools.log, tools.options, tools.desk, tools.notes, tools.saving,
-               tools.undo, tools.window, tools.state),
-        store_(tools.resources, tools.desk, tools.notes, tools.managed, tools.undo) {}
+               tools.undo, tools.window, tools.state) {}
 
   /// Closes a note for the user, who is told when that is not possible.
   void CloseForUser(const Text& id);
@@ -60,9 +59,6 @@ class NoteCommands {
 
   /// A colour has been chosen that is to be offered again.
   void RememberColour(Colour colour);
-
-  /// Puts the note, and those selected with it, into a category of the store.
-  void Store(BJotlet& jotlet, const Text& category) { store_.Store(jotlet, category); }
 
   /// Carries out one command for the note with this id; false for commands that are none of these.
   bool Do(const Text& id, ActionCode action);
@@ -101,7 +97,7 @@ class NoteCommands {
   void Alarm(BJotlet& jotlet) { sleep_.Alarm(jotlet); }
   void PlayAlarm(BJotlet&) { sleep_.PlayAlarm(); }
   void Attach(BJotlet& jotlet);
-  void StoreInCategory(BJotlet& jotlet) { store_.StoreInAny(jotlet); }
+  void StoreInCategory(BJotlet& jotlet) { tools_.store.StoreInAny(jotlet); }
   void ShowParent(BJotlet& jotlet);
 
   MenuExtras ExtrasOf(const BJotlet& jotlet);
@@ -120,7 +116,6 @@ class NoteCommands {
 
   NoteCommandTools tools_;
   TimeCommands sleep_;
-  StoreCommands store_;
 };
 
 }  // namespace jotlets

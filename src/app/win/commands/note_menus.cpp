@@ -171,7 +171,7 @@ MenuExtras NoteCommands::ExtrasOf(const BJotlet& jotlet) {
     extras.entries.push_back({MenuPart::kAttachment, {}, [this](BJotlet& note) { Unattach(note); }});
   AddPictureSteps(tools_, FactsOf(jotlet), extras);
   AddStacks(tools_, record, extras);
-  store_.AddCategories(extras);
+  tools_.store.AddCategories(extras);
   AddTextExtras(jotlet, extras);
   for (const CustomCommand& command : tools_.menus.ofNotes.List()) {
     extras.entries.push_back(

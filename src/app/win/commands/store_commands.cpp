@@ -9,7 +9,7 @@ namespace jotlets {
 
 void StoreCommands::StoreInAny(BJotlet& jotlet) {
   const Text id = jotlet.StoredRecord().id;
-  const std::optional<Text> category = managed_.AskCategory(jotlet.Handle());
+  const std::optional<Text> category = managed_.Moves().AskCategory(jotlet.Handle());
   BJotlet* note = notes_.Find(id);
   if (category && note != nullptr) Store(*note, *category);
 }
@@ -29,7 +29,7 @@ void StoreCommands::Store(BJotlet& jotlet, const Text& category) {
 void StoreCommands::AddCategories(MenuExtras& extras) {
   constexpr std::size_t kMaximumShown = 20;
   std::size_t shown = 0;
-  for (const Text& category : managed_.CategoryNames()) {
+  for (const Text& category : managed_.Moves().CategoryNames()) {
     if (category.empty()) continue;
     // All others are in the dialog.
     if (++shown > kMaximumShown) return;

@@ -17,10 +17,10 @@ class StoreCommands {
   void StoreInAny(BJotlet& jotlet);
   /// Adds the categories to a menu of a note.
   void AddCategories(MenuExtras& extras);
-
- private:
+  /// Stores the notes of a group in a category.
   void Store(BJotlet& jotlet, const Text& category);
 
+ private:
   const Resources& resources_;
   NoteDesk& desk_;
   OpenNotes& notes_;
