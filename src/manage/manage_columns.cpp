@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kLast = kManageColumns - 1;
 constexpr std::int32_t kMinLast = 90;
+constexpr std::int32_t kEnoughLast = 180;
 
 struct Giving {
   std::size_t column;
@@ -30,6 +31,11 @@ ColumnWidths FittedColumns(const ColumnWidths& wanted, std::int32_t room) {
     const std::int32_t taken = least == 0 && given > 0 ? widths[column] : given;
     widths[column] -= taken;
     left += taken;
+  }
+  if (wanted[0] == kUsualTitleWidth) {
+    const std::int32_t more = std::max(left - kEnoughLast, 0);
+    widths[0] += more;
+    left -= more;
   }
   widths[kLast] = std::max(left, kMinLast);
   return widths;

@@ -19,6 +19,18 @@ struct PngImage {
   PngImage& operator=(const PngImage&) = delete;
 };
 
+// Made smaller, keeping its proportions, until it fits; at least 1 by 1.
+Size FittedSize(Size size, Size area) {
+  if (size.width <= area.width && size.height <= area.height) return size;
+  const std::int64_t byWidth = static_cast<std::int64_t>(area.width) * size.height;
+  const std::int64_t byHeight = static_cast<std::int64_t>(area.height) * size.width;
+  const bool widthDecides = byWidth <= byHeight;
+  const std::int64_t width = widthDecides ? area.width : byHeight / size.height;
+  const std::int64_t height = widthDecides ? byWidth / size.width : area.height;
+  return {static_cast<std::int32_t>(std::max<std::int64_t>(width, 1)),
+          static_cast<std::int32_t>(std::max<std::int64_t>(height, 1))};
+}
+
 }  // namespace
 
 std::optional<Picture> DecodePng(std::string_view bytes, std::int64_t mostPixels) {
@@ -64,15 +76,16 @@ std::string EncodePng(const Picture& picture) {
   return bytes;
 }
 
-Size FittedSize(Size size, Size area) {
-  if (size.width <= area.width && size.height <= area.height) return size;
-  const std::int64_t byWidth = static_cast<std::int64_t>(area.width) * size.height;
-  const std::int64_t byHeight = static_cast<std::int64_t>(area.height) * size.width;
-  const bool widthDecides = byWidth <= byHeight;
-  const std::int64_t width = widthDecides ? area.width : byHeight / size.height;
-  const std::int64_t height = widthDecides ? byWidth / size.width : area.height;
-  return {static_cast<std::int32_t>(std::max<std::int64_t>(width, 1)),
-          static_cast<std::int32_t>(std::max<std::int64_t>(height, 1))};
+Rect PicturePlace(Size size, const Rect& area, std::int32_t dpi) {
+  if (size.width <= 0 || size.height <= 0) return {};
+  const auto scaled = [dpi](std::int32_t length) {
+    return Saturated(std::int64_t{length} * std::max(dpi, kUsualDpi) / kUsualDpi);
+  };
+  const Size whole{scaled(size.width), scaled(size.height)};
+  const Size shown = FittedSize(whole, {area.Width(), area.Height()});
+  if (shown == whole) return RectAt(area.TopLeft(), shown);
+  return RectAt({area.left + (area.Width() - shown.width) / 2, area.top + (area.Height() - shown.height) / 2},
+                shown);
 }
 
 }  // namespace jotlets

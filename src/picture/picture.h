@@ -26,7 +26,8 @@ std::optional<Size> SizeOfPng(std::string_view bytes);
 /// A picture made small enough to fit into `most`, each pixel the mean of those that it stands for.
 Picture Shrunk(Picture picture, Size most);
 
-/// `size` made smaller, keeping its proportions, until it fits into `area`; at least 1 by 1.
-Size FittedSize(Size size, Size area);
+/// Where a picture of this size is shown in an area of a window at a scale, in dots per inch: as large as the
+/// scale makes it, from the top-left corner, or made smaller to fit, in the middle.
+Rect PicturePlace(Size size, const Rect& area, std::int32_t dpi);
 
 }  // namespace jotlets

@@ -61,11 +61,11 @@ const SheetPlace* PictureOf(const SkinElement& element, bool hot, const SkinView
   return picture->picture ? picture : nullptr;
 }
 
-// Ends the text before the first glyph that lies on it.
+// Ends the text before the first glyph that lies on it, a little off that.
 void GiveWay(Rect& text, const std::vector<ArrangedElement>& elements) {
   for (const ArrangedElement& other : elements) {
     if (other.shown && other.picture != nullptr && other.area.left > text.left && Overlap(text, other.area))
-      text.right = other.area.left;
+      text.right = std::max(other.area.left - other.area.Width() / 4, text.left);
   }
 }
 

@@ -229,9 +229,10 @@ TEST(ManageActionsTest, WhatIsDroppedOnAPlaceGoesThereOrNowhere) {
 
 TEST(ManageColumns, GiveWayWhereThereIsLittleRoom) {
   const ColumnWidths wanted{200, 46, 150, 150, 0};
-  EXPECT_EQ(FittedColumns(wanted, 800), (ColumnWidths{200, 46, 150, 150, 254}));
+  EXPECT_EQ(FittedColumns(wanted, 800), (ColumnWidths{274, 46, 150, 150, 180}));
+  EXPECT_EQ(FittedColumns({201, 46, 150, 150, 0}, 800), (ColumnWidths{201, 46, 150, 150, 253}));
   EXPECT_EQ(FittedColumns(wanted, 636), (ColumnWidths{200, 46, 150, 150, 90}));
-  EXPECT_EQ(FittedColumns(wanted, 635), (ColumnWidths{200, 46, 0, 150, 239}));
+  EXPECT_EQ(FittedColumns(wanted, 635), (ColumnWidths{259, 46, 0, 150, 180}));
   EXPECT_EQ(FittedColumns(wanted, 440), (ColumnWidths{200, 0, 0, 150, 90}));
   EXPECT_EQ(FittedColumns(wanted, 400), (ColumnWidths{160, 0, 0, 150, 90}));
   EXPECT_EQ(FittedColumns(wanted, 10), (ColumnWidths{140, 0, 0, 90, 90}));

@@ -45,6 +45,15 @@ TEST(DecodePng, GivesColoursMultipliedByAlphaInBlueGreenRedOrder) {
   EXPECT_EQ(picture->pixels, (Pixels{30, 20, 10, 255, 0, 0, 128, 128, 0, 0, 0, 0}));
 }
 
+TEST(Pictures, AreShownAsLargeAsTheScaleMakesThemOrAsFits) {
+  const Rect area{10, 20, 210, 120};
+  EXPECT_EQ(PicturePlace({50, 40}, area, 96), (Rect{10, 20, 60, 60}));
+  EXPECT_EQ(PicturePlace({50, 40}, area, 192), (Rect{10, 20, 110, 100}));
+  EXPECT_EQ(PicturePlace({50, 40}, area, 288), (Rect{47, 20, 172, 120}));
+  EXPECT_EQ(PicturePlace({400, 100}, area, 96), (Rect{10, 45, 210, 95}));
+  EXPECT_EQ(PicturePlace({}, area, 96), Rect{});
+}
+
 TEST(Pictures, TellTheirSizeAndAreMadeSmallerByMeans) {
   EXPECT_EQ(SizeOfPng(kHuge), (Size{100'000, 100'000}));
   EXPECT_EQ(SizeOfPng("GIF89a"), std::nullopt);

@@ -165,7 +165,8 @@ TEST_F(TimeTest, ARecurrenceIsSetByKeysAndEnterTakesNoneThatCannotBe) {
   PressKeys({VK_RETURN});
   PressKeys({VK_MENU, 'W'});
   ASSERT_TRUE(WaitUntil([&] { return IsWindowVisible(GetDlgItem(dialog, IDC_REC_WORKING_DAYS)); }));
-  EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_REC_COUNT))) << "one row at a time";
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(GetDlgItem(dialog, IDC_REC_COUNT)); }))
+      << "one row at a time";
   for (int press = 0; press < 3; ++press) PressKeys({VK_TAB});
   PressKeys({VK_SPACE});
   EXPECT_TRUE(WaitUntil([&] { return SendDlgItemMessageW(dialog, IDC_REC_NEXT, LB_GETCOUNT, 0, 0) == 5; }));

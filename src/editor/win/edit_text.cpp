@@ -86,6 +86,10 @@ FoundText FindText(BEdit& edit, TextView wanted, FindStep step) {
     const auto first = static_cast<LONG>(hits[next]);
     edit.Select({first, first + static_cast<LONG>(wanted.size())});
     SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
+  } else if (!wanted.empty()) {
+    // What was found for other words is no hit any more.
+    const LONG first = edit.Selection().cpMin;
+    edit.Select({first, first});
   }
   return {HitNumber(hits, selected(), wanted.size()), hits.size()};
 }

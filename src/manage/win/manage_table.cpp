@@ -68,9 +68,13 @@ void ManageTable::FitColumns() {
   RECT client{};
   GetClientRect(control_, &client);
   const ColumnWidths fitted = FittedColumns(wanted_, MulDiv(client.right, USER_DEFAULT_SCREEN_DPI, Dpi()));
+  int left = client.right;
   for (std::size_t i = 0; i < kManageColumns; ++i) {
     const int column = static_cast<int>(i);
-    shown_[i] = Scaled(fitted[i]);
+    // Rounded, all of them together could be wider than the list.
+    const bool last = i + 1 == kManageColumns;
+    shown_[i] = last && left > 0 ? std::min(left, Scaled(fitted[i])) : Scaled(fitted[i]);
+    left -= shown_[i];
     if (ListView_GetColumnWidth(control_, column) != shown_[i])
       ListView_SetColumnWidth(control_, column, shown_[i]);
   }

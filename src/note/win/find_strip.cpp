@@ -8,9 +8,11 @@
 #include "action/shortcuts.h"
 #include "base/win/wide.h"
 #include "editor/win/edit_text.h"
+#include "looks/icon.h"
 #include "looks/ink.h"
 #include "res/resource.h"
 #include "ui/areas.h"
+#include "ui/icons.h"
 
 namespace jotlets {
 namespace {
@@ -28,12 +30,12 @@ enum Control { kWords = 1, kFound, kPrevious, kNext, kClose, kLabel };
 struct Button {
   int control;
   std::uint32_t name;
-  const wchar_t* sign;
+  Icon sign;
 };
-// From the right. The signs stand for themselves in any language.
-constexpr Button kButtons[] = {{kClose, IDS_FIND_PART + 3, L"\u00D7"},
-                               {kNext, IDS_FIND_PART + 2, L"\u203A"},
-                               {kPrevious, IDS_FIND_PART + 1, L"\u2039"}};
+// From the right.
+constexpr Button kButtons[] = {{kClose, IDS_FIND_PART + 3, Icon::kClose},
+                               {kNext, IDS_FIND_PART + 2, Icon::kChevronRight},
+                               {kPrevious, IDS_FIND_PART + 1, Icon::kChevronLeft}};
 
 struct StripColours {
   Colour ground;
@@ -58,11 +60,9 @@ void DrawButton(const DRAWITEMSTRUCT& item, const StripColours& colours) {
   const auto* button = std::ranges::find(kButtons, static_cast<int>(item.CtlID), &Button::control);
   if (button == std::end(kButtons)) return;
   FillArea(item.hDC, item.rcItem, (item.itemState & ODS_SELECTED) != 0 ? colours.pressed : colours.ground);
-  const Selected font(item.hDC, reinterpret_cast<HFONT>(SendMessageW(item.hwndItem, WM_GETFONT, 0, 0)));
-  SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, ToCOLORREF(colours.ink));
   RECT area = item.rcItem;
-  DrawTextW(item.hDC, button->sign, 1, &area, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
+  DrawIcon(item.hDC, button->sign, {(area.left + area.right) / 2, (area.top + area.bottom) / 2},
+           static_cast<int>(GetDpiForWindow(item.hwndItem)), colours.ink);
   if ((item.itemState & ODS_FOCUS) == 0) return;
   FrameArea(item.hDC, area, colours.ink);
   InflateRect(&area, -1, -1);

@@ -218,6 +218,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_DROPFILES: OnFilesDropped(wParam); return 0;
     // A tip that is due would come over the menu.
+    case WM_ENABLE:
     case WM_ENTERMENULOOP: title_.tooltip.Forget(); break;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;
     default: break;

@@ -218,6 +218,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnMenuAsked(HWND window, std::optional<Point> mouse);
   void PlaceByRecord();
   std::int32_t HeightOfContent();
+  Rect ContentPlace() const { return content_->PlaceIn(TextArea(skin_->data, view_), place_.Dpi()); }
   void MoveBy(Point offset);
   /// A locked note can be frozen to its place.
   bool IsFrozen() const { return record_.readOnly && context_.options.lockingFreezes; }

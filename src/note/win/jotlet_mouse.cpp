@@ -56,7 +56,7 @@ bool BJotlet::DragInPicture(PointerStep step, Point at) {
   if (picture == nullptr) return false;
   const std::uint64_t before = picture->Version();
   const PictureAnswer answer =
-      picture->Drag(step, at, TextArea(skin_->data, view_), ToolSettingsFrom(context_.options, place_.Dpi()));
+      picture->Drag(step, at, ContentPlace(), ToolSettingsFrom(context_.options, place_.Dpi()));
   PictureChanged(*picture, before);
   return Serve(answer);
 }
@@ -91,7 +91,10 @@ void BJotlet::OnFilesDropped(WPARAM drop) {
 
 // A line that is being drawn changes what is shown, and is no change of the note before it is done.
 void BJotlet::PictureChanged(PictureWork& picture, std::uint64_t versionBefore) {
-  const RECT area = ToRECT(picture.ConsumeChanged(TextArea(skin_->data, view_)));
+  const Rect place = ContentPlace();
+  const Rect changed = picture.ConsumeChanged(place);
+  // A picture of another size was shown elsewhere before.
+  const RECT area = ToRECT(changed == place ? TextArea(skin_->data, view_) : changed);
   InvalidateRect(Handle(), &area, FALSE);
   UpdateView();
   if (picture.Version() == versionBefore) return;

@@ -65,6 +65,11 @@ ContentCopy PictureContent::Copy(bool) const {
   return {work_->Files().png, {}};
 }
 
+Rect PictureContent::PlaceIn(const Rect& area, std::int32_t dpi) const {
+  DecodeNow();
+  return PicturePlace(work_ ? work_->PictureSize() : picture_.PixelSize(), area, dpi);
+}
+
 std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& area) const {
   if (work_) return std::make_unique<WorkInlay>(*work_, area);
   DecodeNow();

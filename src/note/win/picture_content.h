@@ -28,6 +28,7 @@ class PictureContent final : public ShownContent {
   PictureWork* Drawing() const override { return work_.get(); }
   PictureWork* BeginDrawing(const ContentFile& file, std::int32_t steps) override;
 
+  Rect PlaceIn(const Rect& area, std::int32_t dpi) const override;
   std::unique_ptr<SkinInlay> Inlay(const Rect& area) const override;
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;
 

@@ -193,8 +193,7 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
 PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
   if (!inHand_) return {};
   const Size size = document_.PictureSize();
-  const Size fitted = FittedSize(size, {area.Width(), area.Height()});
-  const double scale = static_cast<double>(size.width) / std::max(fitted.width, 1);
+  const double scale = static_cast<double>(size.width) / std::max(area.Width(), 1);
   ToolSettings scaled = settings;
   // What is drawn is as thick as it is meant to be seen, on pictures that are shown smaller, too.
   for (double* const length : {&scaled.pointerReach, &scaled.width, &scaled.textSize}) *length *= scale;
@@ -207,7 +206,11 @@ PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, co
   switch (step) {
     case PointerStep::kDown: told = tool_.Down(pointer); break;
     case PointerStep::kMove: told = tool_.Move(pointer); break;
-    case PointerStep::kUp: told = tool_.Up(pointer); break;
+    case PointerStep::kUp:
+      told = tool_.Up(pointer);
+      // What was drawn quickly on the way is smoothed.
+      changed_ = WholeOf(size);
+      break;
   }
   answer.write = Show(told);
   answer.picked = told.picked;
@@ -238,18 +241,17 @@ const DrawnObject* PictureWork::Selected() const {
 
 Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
   const Size size = document_.PictureSize();
-  const Size fitted = FittedSize(size, {area.Width(), area.Height()});
   const auto x = [&](std::int32_t at) {
-    return area.left + static_cast<std::int32_t>(std::int64_t{at} * fitted.width / size.width);
+    return area.left + static_cast<std::int32_t>(std::int64_t{at} * area.Width() / size.width);
   };
   const auto y = [&](std::int32_t at) {
-    return area.top + static_cast<std::int32_t>(std::int64_t{at} * fitted.height / size.height);
+    return area.top + static_cast<std::int32_t>(std::int64_t{at} * area.Height() / size.height);
   };
   return {x(ofPicture.left), y(ofPicture.top), x(ofPicture.right), y(ofPicture.bottom)};
 }
 
 void PictureWork::Draw(HDC dc, const Rect& area) const {
-  shown_.Draw(dc, area);
+  shown_.Draw(dc, area, tool_.IsDragging());
   if (!inHand_) return;
   const Rect picture = Placed(WholeOf(document_.PictureSize()), area);
   const int state = SaveDC(dc);
@@ -272,7 +274,8 @@ Rect PictureWork::FramesOf() const {
 }
 
 Rect PictureWork::ConsumeChanged(const Rect& area) {
-  constexpr std::int32_t kEdge = 2;  // pixels that a stretched edge and a frame reach further
+  // Pixels that a smoothed edge and a frame reach further.
+  const std::int32_t reach = 2 + 2 * area.Width() / std::max(document_.PictureSize().width, 1);
   // Of another size it also leaves places, and stands at another scale.
   if (std::exchange(shownSize_, document_.PictureSize()) != document_.PictureSize()) {
     changed_ = {};
@@ -284,7 +287,7 @@ Rect PictureWork::ConsumeChanged(const Rect& area) {
       Enclosing(std::exchange(changed_, {}), Enclosing(std::exchange(framed_, frames), frames));
   if (IsEmptyRect(changed)) return {};
   const Rect placed = Placed(changed, area);
-  return CommonPart({placed.left - kEdge, placed.top - kEdge, placed.right + kEdge, placed.bottom + kEdge},
+  return CommonPart({placed.left - reach, placed.top - reach, placed.right + reach, placed.bottom + reach},
                     area);
 }
 

@@ -60,7 +60,8 @@ class PictureWork {
   /// The part that is selected as a PNG, or all of it.
   std::string SelectedPng() const;
 
-  /// The picture and what is dragged on it or selected.
+  Size PictureSize() const { return document_.PictureSize(); }
+  /// The picture, as large as `area`, and what is dragged on it or selected.
   void Draw(HDC dc, const Rect& area) const;
   /// What is to be drawn anew of the picture shown in `area`, since this was asked the last time.
   Rect ConsumeChanged(const Rect& area);

@@ -72,7 +72,9 @@ class ShownContent : public NoteContent {
   virtual PictureWork* Drawing() const { return nullptr; }
   /// Gets ready to be drawn on, `steps` of which can be undone; nullptr when it cannot be.
   virtual PictureWork* BeginDrawing(const ContentFile&, std::int32_t) { return nullptr; }
-  /// What the note paints into the area of the content.
+  /// Where in its area it is shown, at a scale in dots per inch.
+  virtual Rect PlaceIn(const Rect& area, std::int32_t) const { return area; }
+  /// What the note paints there.
   virtual std::unique_ptr<SkinInlay> Inlay(const Rect&) const { return nullptr; }
 
   /// Nothing for a content that cannot be scrolled.

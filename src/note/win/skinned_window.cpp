@@ -35,6 +35,9 @@ LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
     case WM_MOUSELEAVE: OnMouseLeave(); return 0;
+    case WM_ENABLE:
+      if (wParam == FALSE) ForgetMouse();
+      break;
     case WM_LBUTTONUP: OnButtonUp(PointOf(lParam)); return 0;
     case WM_CAPTURECHANGED: EndDrag(); return 0;
     case WM_WINDOWPOSCHANGED: {
@@ -164,6 +167,14 @@ void SkinnedWindow::OnMouseLeave() {
   mouse_.tracked = false;
   mouse_.hotButton = kNoElement;
   OnMouseGone();
+}
+
+// A window that a dialog has disabled is not told when the mouse leaves it.
+void SkinnedWindow::ForgetMouse() {
+  mouse_.tracked = false;
+  mouse_.hotButton = kNoElement;
+  mouseOver_ = false;
+  UpdateView();
 }
 
 void SkinnedWindow::OnButtonUp(Point at) {

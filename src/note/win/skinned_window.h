@@ -182,6 +182,7 @@ class SkinnedWindow : public Window, public AccessibleWindow {
   void OnButtonDown(Point at);
   void OnMouseMove(Point at);
   void OnMouseLeave();
+  void ForgetMouse();
   void OnButtonUp(Point at);
   void DragTo(Point offset);
   void EndDrag();

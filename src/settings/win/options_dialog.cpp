@@ -19,7 +19,7 @@ namespace {
 
 // Lengths in pixels at 96 dots per inch.
 constexpr int kWidth = 800;
-constexpr int kHeight = 720;
+constexpr int kHeight = 742;
 constexpr int kListWidth = 194;
 constexpr int kMargin = 10;
 constexpr int kSearchHeight = 26;

@@ -18,10 +18,14 @@ class PictureBitmap {
   HBITMAP Handle() const { return bitmap_.get(); }
   bool IsLoaded() const { return bitmap_ != nullptr; }
 
-  /// Draws the picture into the area from its top-left corner, made smaller to fit when it is larger.
-  void Draw(HDC dc, const Rect& area) const;
+  /// Draws the picture as large as the area; smoothly, unless it is `quick`ly wanted or very large.
+  void Draw(HDC dc, const Rect& area, bool quick = false) const;
 
  private:
+  bool Resize(Size size) const;
+
+  mutable UniqueBitmap resized_;  // as it was drawn last
+  mutable Size resizedTo_;
   UniqueBitmap bitmap_;
   std::uint8_t* pixels_ = nullptr;  // the bitmap's
   Size size_;

@@ -34,8 +34,9 @@ Text About(const SkinSummary& skin) {
 
 }  // namespace
 
-BSkinDlg::BSkinDlg(const Resources& resources, ProgramSkins& skins, TextView name, Colour colour)
-    : resources_(resources), skins_(skins), colour_(colour) {
+BSkinDlg::BSkinDlg(const Resources& resources, ProgramSkins& skins, TextView name, Colour colour,
+                   Colour darkColour)
+    : resources_(resources), skins_(skins), colour_(colour), darkColour_(darkColour) {
   // What is in the folder now counts, not what it was at the first look.
   skins_.Library().Forget();
   const SkinData& first = skins_.Library().Get({}, false)->data;
@@ -102,7 +103,7 @@ void BSkinDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   SkinView view;
   view.window = {static_cast<std::int32_t>(item.rcItem.right) - 2 * kPreviewMargin,
                  static_cast<std::int32_t>(item.rcItem.bottom) - 2 * kPreviewMargin};
-  view.colour = colour_;
+  view.colour = Look().IsDark() && shown_->data.darkPapers ? darkColour_ : colour_;
   view.focus = true;
   view.mouseOver = true;
   view.states.Set(SkinState::kTitle, true);

@@ -16,8 +16,8 @@ struct SkinChoice {
 
 class BSkinDlg final : public Dialog {
  public:
-  /// `name` is the skin that the note names now, `colour` the note's.
-  BSkinDlg(const Resources& resources, ProgramSkins& skins, TextView name, Colour colour);
+  /// `name` is the skin that the note names now, `colour` the note's, `darkColour` its dark form.
+  BSkinDlg(const Resources& resources, ProgramSkins& skins, TextView name, Colour colour, Colour darkColour);
 
   /// Nothing when the user did not want one.
   std::optional<SkinChoice> Choose(HWND owner);
@@ -32,6 +32,7 @@ class BSkinDlg final : public Dialog {
   const Resources& resources_;
   ProgramSkins& skins_;
   Colour colour_;
+  Colour darkColour_;
   std::vector<SkinSummary> listed_;  // the built-in one first
   std::size_t first_ = 0;            // the one that is selected at the beginning
   std::shared_ptr<const LoadedSkin> shown_;

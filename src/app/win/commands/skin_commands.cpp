@@ -1,6 +1,7 @@
 #include "app/win/commands/skin_commands.h"
 
 #include "data/data_file.h"
+#include "note/papers.h"
 #include "res/resource.h"
 #include "skin/win/skin_dialog.h"
 
@@ -48,7 +49,7 @@ void SkinCommands::Choose(BJotlet& jotlet) {
   const JotletData& record = jotlet.StoredRecord();
   const Text current = record.skin.empty() ? options_.Current().skin : record.skin;
   const std::optional<SkinChoice> choice =
-      BSkinDlg(resources_, skins_, current, record.colour).Choose(jotlet.Handle());
+      BSkinDlg(resources_, skins_, current, record.colour, DarkPaper(record.colour)).Choose(jotlet.Handle());
   // A dialog lets everything else go on: the note may be gone when it ends.
   BJotlet* found = notes_.Find(id);
   if (!choice || found == nullptr) return;
