@@ -36,9 +36,12 @@ constexpr std::optional<std::size_t> PaperOf(Colour colour) {
   return std::nullopt;
 }
 
+/// The yellow of notes that were made without choosing a colour, which is none of the papers.
+inline constexpr Colour kUnchosenPaper{255, 255, 180};
+
 /// What is drawn for a colour where everything is dark; one of the user's own stays.
 constexpr Colour DarkPaper(Colour colour) {
-  const auto paper = PaperOf(colour);
+  const auto paper = colour == kUnchosenPaper ? std::optional<std::size_t>(0) : PaperOf(colour);
   return paper ? kDarkPapers[*paper] : colour;
 }
 

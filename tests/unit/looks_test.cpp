@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <string>
 
+#include "data/jotlet_data.h"
 #include "fakes.h"
 #include "looks/icon.h"
 #include "looks/ink.h"
@@ -46,6 +47,7 @@ TEST(Looks, OfWindowsCanBeReadInEveryMode) {
 
 TEST(Looks, TurnThePapersDarkAndNoOtherColour) {
   for (const Colour paper : kPapers) EXPECT_TRUE(IsDarkPaper(DarkPaper(paper)));
+  EXPECT_EQ(DarkPaper(JotletData().colour), kDarkPapers[0]) << "of an older installation";
   EXPECT_EQ(DarkPaper({0xFF, 0xF4, 0xB9}), (Colour{0xFF, 0xF4, 0xB9}));
 }
 
