@@ -5,11 +5,14 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "data/jotlet_data.h"
 #include "fakes.h"
 #include "looks/icon.h"
 #include "looks/ink.h"
+#include "looks/recolouring.h"
 #include "note/papers.h"
 #include "picture/bmp_picture.h"
 
@@ -66,6 +69,31 @@ TEST(Icons, EverySheetHoldsEverySign) {
       EXPECT_GT(white, side * side + side) << side << ": the alphas, and what is drawn of sign " << sign;
     }
   }
+}
+
+TEST(Recolouring, ChangesInkAndItsEdgesAndNothingElse) {
+  const Colour paper{34, 49, 68};
+  const Colour from{0, 0, 255};
+  const Colour to{156, 203, 255};
+  const auto recoloured = [&](std::vector<Colour> colours) {
+    std::vector<std::uint8_t> pixels;
+    for (const Colour c : colours) pixels.insert(pixels.end(), {c.b, c.g, c.r, 7});
+    const bool changed = Recolour(pixels, paper, from, to);
+    for (std::size_t i = 0; i < colours.size(); ++i) {
+      colours[i] = {pixels[4 * i + 2], pixels[4 * i + 1], pixels[4 * i]};
+      EXPECT_EQ(pixels[4 * i + 3], 7);
+    }
+    return std::pair(changed, colours);
+  };
+  const Colour half{17, 25, 162};
+  const Colour sharpened{34, 25, 200};  // each channel for itself
+  const Colour text{240, 240, 240};
+  const Colour textEdge{137, 145, 154};
+  EXPECT_EQ(
+      recoloured({paper, from, half, sharpened, text, textEdge}),
+      std::pair(true, (std::vector<Colour>{paper, to, {95, 124, 162}, {34, 124, 200}, text, textEdge})));
+  EXPECT_EQ(recoloured({paper, half}), std::pair(false, (std::vector<Colour>{paper, half})))
+      << "nothing is drawn in it";
 }
 
 }  // namespace

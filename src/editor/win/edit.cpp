@@ -12,6 +12,7 @@
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_text.h"
 #include "editor/win/editor_bounds.h"
+#include "editor/win/link_painting.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -143,6 +144,11 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
   }
 }
 
+LRESULT BEdit::ServeByControl(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) const {
+  const LinkPainting links(edit, message, look_.seeThrough ? std::nullopt : std::optional(look_.background));
+  return Control(edit, message, wParam, lParam);
+}
+
 LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   // The control's own way of pasting takes pictures as well.
   if (message == WM_PASTE) return Paste(), 0;
@@ -152,7 +158,7 @@ LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     PostMessageW(GetParent(edit), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(edit), lParam);
     return 0;
   }
-  const LRESULT result = Control(edit, message, wParam, lParam);
+  const LRESULT result = ServeByControl(edit, message, wParam, lParam);
   if (message == WM_PAINT) watcher_->OnEditScrolled();
   if (message == WM_LBUTTONUP) watcher_->OnEditSelection();
   if (message == WM_MOUSEMOVE && !trackingMouse_) {
@@ -317,12 +323,6 @@ CHARRANGE BEdit::Selection() const {
 }
 
 void BEdit::Select(CHARRANGE range) { SendMessageW(edit_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range)); }
-
-Colour BEdit::Look::Ink() const {
-  if (!ink) return IsDarkPaper(background) ? InkOn(background) : Colour{};
-  // A hair beside the system's colour, which somebody may have chosen for a word.
-  return *ink == Colour{} ? Colour{} : Colour{ink->r, ink->g, static_cast<std::uint8_t>(ink->b ^ 1)};
-}
 
 void BEdit::SetBackground(Colour colour) {
   SendMessageW(edit_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(ToCOLORREF(colour)));

@@ -137,6 +137,7 @@ class BEdit {
  private:
   static LRESULT CALLBACK Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
+  LRESULT ServeByControl(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) const;
   LRESULT Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
   bool ServeTyping(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKey(WPARAM key);
