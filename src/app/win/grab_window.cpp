@@ -239,6 +239,8 @@ LRESULT GrabWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CAPTURECHANGED: from_.reset(); return 0;
     case WM_RBUTTONUP: Close(); return 0;
     case WM_KEYDOWN:
+      // Held down it would begin and end the area at once.
+      if (wParam == VK_RETURN && (HIWORD(lParam) & KF_REPEAT) != 0) return 0;
       if (OnKey(wParam)) return 0;
       return Default(message, wParam, lParam);
     case WM_TIMER:

@@ -57,6 +57,7 @@ bool BJotlet::DragInPicture(PointerStep step, Point at) {
   const std::uint64_t before = picture->Version();
   const PictureAnswer answer =
       picture->Drag(step, at, ContentPlace(), ToolSettingsFrom(context_.options, place_.Dpi()));
+  if (!answer.used) return false;
   PictureChanged(*picture, before);
   return Serve(answer);
 }
