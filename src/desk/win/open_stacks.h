@@ -40,8 +40,8 @@ class OpenStacks final : public StackOwner {
   BStackDlg* Create(const BJotlet& beside);
   /// The note, and those selected with it, join the stack.
   void Add(std::int32_t number, BJotlet& jotlet);
-  /// The note joins it alone.
-  void AddOne(std::int32_t number, BJotlet& jotlet) { AddNotes(number, {&jotlet}); }
+  /// These join it, if it is there.
+  void AddNotes(std::int32_t number, const std::vector<BJotlet*>& notes);
   /// The note, and those selected with it, belong to no stack any more and are shown.
   void RemoveMember(BJotlet& jotlet);
   /// Shows all notes of a stack side by side next to it, or brings all of them in.
@@ -89,7 +89,6 @@ class OpenStacks final : public StackOwner {
   BStackDlg* Open(const StackRecord& record);
   void Remove(BStackDlg& stack);
   std::vector<BJotlet*> NotesOf(std::int32_t number);
-  void AddNotes(std::int32_t number, const std::vector<BJotlet*>& notes);
   void MoveOut(BStackDlg& stack, const std::vector<BJotlet*>& notes, bool onlyHidden);
   void Settle(BJotlet& jotlet);
   void MoveIn(BStackDlg& stack, BJotlet& jotlet);

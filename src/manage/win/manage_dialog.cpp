@@ -126,6 +126,8 @@ void BManageDlg::Layout() {
 }
 
 void BManageDlg::ShowPlace() {
+  // What is dragged is of the place before.
+  if (drag_.IsOn()) ReleaseCapture();
   views_.Follow(resources_, owner_);
   for (std::size_t i = 0; i < kManageActions; ++i) {
     const bool offered = Offers(View(), static_cast<ManageAction>(i));
@@ -331,6 +333,7 @@ void BManageDlg::OnWindowTimer(UINT_PTR timer) {
 }
 
 void BManageDlg::OnWindowEnd() {
+  drag_.End();
   StoreSettings();
   owner_.OnManageSettings();
   refreshComes_ = false;

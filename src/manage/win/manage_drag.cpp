@@ -15,7 +15,7 @@ void ManageDrag::Begin(HWND window, ManageView from) {
 std::optional<ManageDrag::Target> ManageDrag::UnderMouse() const {
   const POINT mouse{MousePosition().x, MousePosition().y};
   RECT window{};
-  GetWindowRect(window_, &window);
+  if (GetWindowRect(window_, &window) == FALSE) return std::nullopt;
   if (PtInRect(&window, mouse) == FALSE) return Target{};
   const std::optional<ManagePlace> row = views_.PlaceAt(mouse);
   return row && ActionOfDrop(from_, *row) ? std::optional(Target{row}) : std::nullopt;

@@ -104,8 +104,10 @@ bool BManageDlg::OnDragMessage(UINT message) {
   const std::optional<ManageDrag::Target> target = message == WM_LBUTTONUP ? drag_.Follow() : std::nullopt;
   drag_.End();
   if (message == WM_LBUTTONUP) ReleaseCapture();
-  if (target && target->row) owner_.DropManaged(View(), table_.SelectedNames(), *target->row);
-  if (target && !target->row) owner_.DropManagedOut(View(), table_.SelectedNames());
+  const std::vector<Text> names = target ? table_.SelectedNames() : std::vector<Text>();
+  if (names.empty()) return UpdateState(), true;
+  if (target->row) owner_.DropManaged(View(), names, *target->row);
+  if (!target->row) owner_.DropManagedOut(View(), names);
   if (IsOpen()) Refresh();
   return true;
 }

@@ -220,12 +220,15 @@ PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, co
 bool PictureWork::GiveUpDrag() {
   if (!tool_.IsDragging()) return false;
   Show(tool_.Cancel());
+  changed_ = WholeOf(document_.PictureSize());
   return true;
 }
 
 PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
   if (!inHand_) return {};
   if (key == VK_OEM_4 || key == VK_OEM_6) return {.used = true, .widthSteps = key == VK_OEM_4 ? -1 : 1};
+  // What was drawn quickly on the way is smoothed.
+  if (tool_.IsDragging()) changed_ = WholeOf(document_.PictureSize());
   const ToolAnswer told = tool_.Press(key, shift);
   PictureAnswer answer{.used = told.used || key == VK_ESCAPE};
   answer.write = Show(told);

@@ -1,4 +1,6 @@
 // What becomes of notes that are dragged from the manage window.
+#include <utility>
+
 #include "app/win/commands/managed_notes.h"
 #include "ui/window.h"
 
@@ -8,30 +10,43 @@ void ManagedNotes::DropManaged(ManageView from, const std::vector<Text>& names, 
   const std::optional<ManageAction> action = ActionOfDrop(from, to);
   if (!action) return;
   if (*action != ManageAction::kStore) return DoManageAction(*action, from, names);
-  TellLeft(moves_.Store(from, IdsOf(names), to.category.value_or(Text())));
+  if (const auto ids = IdsOf(names)) TellLeft(moves_.Store(from, *ids, to.category.value_or(Text())));
 }
 
-// Where the mouse is now: questions are asked before the notes are there.
+// Where the mouse is now: questions are asked before the notes are there. Those that lie on the desktop
+// already only go elsewhere.
 void ManagedNotes::DropManagedOut(ManageView from, const std::vector<Text>& names) {
   constexpr std::int32_t kStep = 16;
   if (from == ManageView::kStacks) return;
   Point at = MousePosition();
-  BStackDlg* const stack = stacks_.UnderMouse();
+  const BStackDlg* const stack = stacks_.UnderMouse();
   const std::int32_t number = stack == nullptr ? 0 : stack->Number();
-  const std::vector<Text> ids = IdsOf(names);
-  const ManageAction action = from == ManageView::kAttached
-                                  ? ManageAction::kUnattach
-                                  : DefaultAction(from).value_or(ManageAction::kOpen);
-  ActOn(action, from, ids);
+  const auto ids = IdsOf(names);
+  if (!ids) return;
+  std::vector<Text> open;
+  std::vector<Text> others;
+  std::vector<Point> places;
+  for (const Text& id : *ids) {
+    BJotlet* const note = notes_.Find(id);
+    (note == nullptr ? others : open).push_back(id);
+    if (note != nullptr) places.push_back(note->SettledBounds().TopLeft());
+  }
+  const bool unattaches = from == ManageView::kAttached;
+  const auto action = unattaches ? std::optional(ManageAction::kUnattach) : DefaultAction(from);
+  if (!others.empty() && action) ActOn(*action, from, others);
   if (state_.exiting) return;
-  for (const Text& id : ids) {
-    BJotlet* note = notes_.Find(id);
+  Do(ManageAction::kOpen, ManageView::kDesktop, open);
+  std::vector<BJotlet*> notes;
+  for (const Text& id : *ids) {
+    BJotlet* const note = notes_.Find(id);
     if (note == nullptr) continue;
     note->FinishAnimation();
     note->MoveTo(at);
     at = {at.x + kStep, at.y + kStep};
-    if (stack != nullptr && stacks_.Find(number) != nullptr) stacks_.AddOne(number, *note);
+    notes.push_back(note);
   }
+  steps_.Add(UndoKind::kArranged, std::move(open), std::move(places));
+  if (stack != nullptr) stacks_.AddNotes(number, notes);
 }
 
 }  // namespace jotlets

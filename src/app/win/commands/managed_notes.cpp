@@ -110,7 +110,8 @@ Text ManagedNotes::TextOf(const ManageRow& row) {
 }
 
 void ManagedNotes::DoManageAction(ManageAction action, ManageView view, const std::vector<Text>& names) {
-  ActOn(action, view, IdsOf(names));
+  const bool ofNone = action == ManageAction::kUndo || action == ManageAction::kImport;
+  if (const auto ids = IdsOf(ofNone ? std::vector<Text>() : names)) ActOn(action, view, *ids);
 }
 
 void ManagedNotes::ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids) {
@@ -124,15 +125,15 @@ void ManagedNotes::TellLeft(std::size_t left) {
   if (left > 0 && !state_.exiting) TellCount(jobs_.Asker(), resources_, IDS_MANAGE_NOT_ALL, left);
 }
 
-// Who stops it has none of them.
-std::vector<Text> ManagedNotes::IdsOf(const std::vector<Text>& names) {
+// Nothing when the user has stopped it.
+std::optional<std::vector<Text>> ManagedNotes::IdsOf(const std::vector<Text>& names) {
   std::vector<Text> ids;
   jobs_.ForEach(names, kTogether, [&](const std::vector<Text>& part) {
     const std::vector<Text> found = stored_.IdsOf(part);
     ids.insert(ids.end(), found.begin(), found.end());
     return std::size_t{0};
   });
-  return ids.size() == names.size() ? ids : std::vector<Text>();
+  return ids.size() == names.size() ? std::optional(std::move(ids)) : std::nullopt;
 }
 
 bool ManagedNotes::IsAgreed(ManageAction action, ManageView view, std::size_t count) {
@@ -202,7 +203,9 @@ std::size_t ManagedNotes::Delete(ManageView view, const std::vector<Text>& ids) 
 }
 
 std::size_t ManagedNotes::Restore(const std::vector<Text>& ids) {
-  return jobs_.ForEach(ids, kTogether, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
+  // Each opens a window.
+  constexpr std::size_t kWindows = 3;
+  return jobs_.ForEach(ids, kWindows, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
 }
 
 std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
@@ -274,6 +277,8 @@ void ManagedNotes::UndoStepOf(int number) {
 
 std::size_t ManagedNotes::Undo(const UndoStep& step) {
   undone_(step.number);
+  // Stopped half way, what is left could not be undone any more.
+  const ManageJobs::Whole whole(jobs_);
   const auto failures = [&](auto undo) {
     return jobs_.ForEach(step.ids, 1, [&](const std::vector<Text>& part) {
       return static_cast<std::size_t>(!undo(part.front()));

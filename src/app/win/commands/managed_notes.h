@@ -84,7 +84,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
  private:
   void ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void TellLeft(std::size_t left);
-  std::vector<Text> IdsOf(const std::vector<Text>& names);
+  std::optional<std::vector<Text>> IdsOf(const std::vector<Text>& names);
   std::size_t DoAll(ManageAction action, const std::vector<Text>& ids);
   bool IsAgreed(ManageAction action, ManageView view, std::size_t count);
   std::size_t Do(ManageAction action, ManageView view, const std::vector<Text>& ids);

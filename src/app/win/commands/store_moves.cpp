@@ -23,7 +23,7 @@ std::size_t ManageJobs::ForEach(const std::vector<Text>& names, std::size_t toge
                                 const std::function<std::size_t(const std::vector<Text>&)>& act) const {
   EachJob job(names, together,
               [&](const std::vector<Text>& part) { return state_.exiting ? std::size_t{0} : act(part); });
-  RunJob(Asker(), resources_, IDS_MANAGE_ACTS, job, true);
+  RunJob(Asker(), resources_, IDS_MANAGE_ACTS, job, mayStop_);
   return job.Failed();
 }
 
@@ -69,6 +69,7 @@ std::size_t StoreMoves::Delete(const std::vector<Text>& ids) {
 std::size_t StoreMoves::Recategorize(const std::vector<Text>& ids,
                                      const std::function<Text(const Text& id)>& categoryOf, UndoStep& step) {
   std::size_t left = 0;
+  bool failed = false;
   UndoStep part;
   store_.EndChange();
   store_.BeginChange();
@@ -77,14 +78,19 @@ std::size_t StoreMoves::Recategorize(const std::vector<Text>& ids,
     const std::optional<StoredNote> note = key ? store_.Find(*key) : std::nullopt;
     const Text category = categoryOf(id);
     if (note && note->category == category) continue;
-    if (!note || !store_.SetCategory(*key, category)) {
+    if (!note) {
       ++left;
       continue;
+    }
+    // A failure can have undone the whole change, which nothing may be added to then.
+    if (!store_.SetCategory(*key, category)) {
+      failed = true;
+      break;
     }
     part.ids.push_back(id);
     part.categories.push_back(note->category);
   }
-  if (!store_.EndChange()) return ids.size();
+  if (!store_.EndChange() || failed) return ids.size();
   step.ids.insert(step.ids.end(), part.ids.begin(), part.ids.end());
   step.categories.insert(step.categories.end(), part.categories.begin(), part.categories.end());
   return left;

@@ -23,6 +23,18 @@ class ManageJobs {
              const BManageDlg& dialog)
       : resources_(resources), window_(window), state_(state), dialog_(dialog) {}
 
+  /// While it lives, jobs cannot be stopped.
+  class Whole {
+   public:
+    explicit Whole(ManageJobs& jobs) : jobs_(jobs) { jobs_.mayStop_ = false; }
+    ~Whole() { jobs_.mayStop_ = true; }
+    Whole(const Whole&) = delete;
+    Whole& operator=(const Whole&) = delete;
+
+   private:
+    ManageJobs& jobs_;
+  };
+
   /// `act` gets at most `together` of the names at a time and says how many it could not serve; how many
   /// these are. What has not been done when the user has had enough, or the program ends, is no failure.
   std::size_t ForEach(const std::vector<Text>& names, std::size_t together,
@@ -35,6 +47,7 @@ class ManageJobs {
   const ProgramWindow& window_;
   const ProgramState& state_;
   const BManageDlg& dialog_;
+  bool mayStop_ = true;
 };
 
 /// Each returns how many of the notes could not be served.
