@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <optional>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace jotlets {
 namespace {
@@ -153,24 +156,37 @@ std::string Recoloured(std::string_view rtf, const Palette& palette) {
   return made;
 }
 
-bool IsKnown(const Palette& palette, const ShownColours& shown, Colour colour) {
-  return std::ranges::find(palette.own, std::optional(colour)) != palette.own.end() ||
-         std::ranges::find(shown, colour, &ShownColours::value_type::first) != shown.end();
+std::uint32_t NumberOf(Colour colour) {
+  return static_cast<std::uint32_t>(colour.r << 16 | colour.g << 8 | colour.b);
 }
 
-// A hair beside it when it stands for something else already.
-Colour Distinct(Colour wanted, Colour ink, const Palette& palette, const ShownColours& shown) {
-  constexpr int kTries = 8;
-  Colour tried = wanted;
-  for (int bits = 1;
-       bits < kTries && (tried == ink || tried == kInkOnMarks || IsKnown(palette, shown, tried)); ++bits) {
-    const auto bit = [bits](int at) { return static_cast<std::uint8_t>(bits >> at & 1); };
-    tried.b = static_cast<std::uint8_t>(wanted.b ^ bit(0));
-    tried.g = static_cast<std::uint8_t>(wanted.g ^ bit(1));
-    tried.r = static_cast<std::uint8_t>(wanted.r ^ bit(2));
+// Colours that each stand for another one.
+class Distinct {
+ public:
+  Distinct(Colour ink, const Palette& palette) : taken_{NumberOf(ink), NumberOf(kInkOnMarks)} {
+    for (const std::optional<Colour>& own : palette.own)
+      if (own) taken_.insert(NumberOf(*own));
   }
-  return tried;
-}
+
+  /// One that nothing has yet, a hair beside `wanted`: first in blue, which is seen least.
+  Colour Of(Colour wanted) {
+    constexpr int kTries = 1 << 13;
+    int& bits = tried_[NumberOf(wanted)];
+    Colour tried = wanted;
+    for (; bits < kTries; ++bits) {
+      const auto part = [&bits](int at, int mask) { return bits >> at & mask; };
+      tried.b = static_cast<std::uint8_t>(wanted.b ^ part(0, 15));
+      tried.g = static_cast<std::uint8_t>(wanted.g ^ part(4, 15));
+      tried.r = static_cast<std::uint8_t>(wanted.r ^ part(8, 31));
+      if (taken_.insert(NumberOf(tried)).second) break;
+    }
+    return tried;
+  }
+
+ private:
+  std::unordered_set<std::uint32_t> taken_;
+  std::unordered_map<std::uint32_t, int> tried_;  // how many of those beside a colour are taken
+};
 
 }  // namespace
 
@@ -203,13 +219,14 @@ std::string WithInk(std::string_view rtf, Colour ink, const LegibleColour& legib
   entries += entry;
   palette.inkOnMarks = next++;
   entries += EntryOf(kInkOnMarks);
+  Distinct distinct(ink, palette);
   for (std::size_t number = 0; number < palette.own.size(); ++number) {
     palette.shownAs.push_back(number);
     const std::optional<Colour>& own = palette.own[number];
     const Colour wanted = own ? legible(*own) : Colour{};
     if (!own || wanted == *own) continue;
     palette.shownAs.back() = next++;
-    shown.emplace_back(Distinct(wanted, ink, palette, shown), *own);
+    shown.emplace_back(distinct.Of(wanted), *own);
     entries += EntryOf(shown.back().first);
   }
   return std::string(rtf.substr(0, table.begin)) + entries + "}" +

@@ -266,5 +266,27 @@ TEST(Ink, OfMarkedAndColouredWordsCanBeReadOnDarkPaperAndComesBack) {
       << back;
 }
 
+// As in high contrast, which has one colour for all text.
+TEST(Ink, OfManyColoursThatAreShownAlikeEachComesBack) {
+  constexpr Colour kInk{255, 255, 255};
+  std::string table = "{\\colortbl;";
+  for (int grey = 10; grey < 110; ++grey) {
+    const std::string channel = std::to_string(grey);
+    table += "\\red" + channel + "\\green" + channel + "\\blue" + channel + ";";
+  }
+  ShownColours shown;
+  const std::string made = WithInk(
+      "{\\rtf1" + table + "}\\cf1 a}", kInk, [&](Colour) { return kInk; }, shown);
+  ASSERT_EQ(shown.size(), 100u);
+  std::set<int> numbers;
+  for (const auto& [colour, own] : shown) {
+    numbers.insert(colour.r << 16 | colour.g << 8 | colour.b);
+    EXPECT_GE(Contrast(colour, Colour{}), 17);
+  }
+  EXPECT_EQ(numbers.size(), shown.size());
+  const std::string back = WithoutInk(made, kInk, shown);
+  EXPECT_NE(back.rfind(table.substr(table.find("\\red"))), std::string::npos) << back;
+}
+
 }  // namespace
 }  // namespace jotlets

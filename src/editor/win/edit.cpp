@@ -249,7 +249,7 @@ bool BEdit::StreamIn(WPARAM format, std::string_view bytes) {
 bool BEdit::SetRtf(std::string_view rtf) {
   shownColours_.clear();
   if (!HasLightInk()) return StreamIn(SF_RTF, rtf);
-  const auto legible = [paper = look_.background](Colour own) { return LegibleOn(paper, own); };
+  const auto legible = [this](Colour own) { return look_.Legible(own); };
   return StreamIn(SF_RTF, WithInk(rtf, Ink(), legible, shownColours_));
 }
 
@@ -389,7 +389,6 @@ void BEdit::PasteFormat(UINT format) {
 }
 
 void BEdit::Paste() { PasteFormat(PreferredFormat()); }
-
 void BEdit::PastePlain() { PasteFormat(CF_UNICODETEXT); }
 
 void BEdit::TellChanged() {

@@ -61,6 +61,8 @@ class BEdit {
 
     /// The colour of text that has none of its own; black is what the control gives it by itself.
     Colour Ink() const;
+    /// The colour that text of this one is shown in.
+    Colour Legible(Colour own) const { return ink ? *ink : LegibleOn(background, own); }
   };
 
   /// Creates the control inside `parent`; false when the rich-edit library is missing. `watcher` lives as
