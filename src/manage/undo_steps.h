@@ -24,7 +24,7 @@ enum class UndoKind : std::uint8_t {
   kImported,
   kRecategorized
 };
-inline constexpr unsigned kUndoKinds = 10;
+inline constexpr unsigned kUndoKinds = static_cast<unsigned>(UndoKind::kRecategorized) + 1;
 
 /// What was done with some notes together.
 struct UndoStep {

@@ -52,9 +52,9 @@ class NotePlace {
   std::int32_t givenDpi_;  // when he did
 };
 
-/// Where a window goes that has come to `monitor` and is to have another size there: it is resized about
-/// `held`, where the mouse holds it or else its corner, and its middle stays on that monitor. A window that
-/// grew back over the edge would shrink on the other side, and grow again, without an end.
+/// Where a window goes that is dragged to `monitor` and is to have another size there: it is resized about
+/// `held`, where the mouse holds it, and its middle stays on that monitor. A window that grew back over the
+/// edge would shrink on the other side, and grow again, with every step of the mouse.
 Rect ResizedOn(const Rect& monitor, const Rect& bounds, Point held, Size size);
 
 }  // namespace jotlets

@@ -206,7 +206,7 @@ bool NoteStore::RenameCategory(TextView from, TextView to) {
 bool NoteStore::SetCategory(std::int64_t key, TextView category) {
   Statement update = database_.Prepare("UPDATE jotlets SET category = ? WHERE key = ?");
   update.Bind(category).Bind(key);
-  return Find(key).has_value() && Change(update);
+  return Change(update);
 }
 
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "ui/compositor.h"
 
 namespace jotlets {
 
@@ -114,7 +115,8 @@ bool IsUnderMouse(HWND window, HWND dragged) {
   for (HWND above = GetTopWindow(nullptr); above != nullptr; above = GetWindow(above, GW_HWNDNEXT)) {
     RECT place{};
     GetWindowRect(above, &place);
-    if (above == dragged || !IsWindowVisible(above) || PtInRect(&place, mouse) == FALSE) continue;
+    if (above == dragged || !IsWindowVisible(above) || PtInRect(&place, mouse) == FALSE || IsCloaked(above))
+      continue;
     if ((GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT) == 0) return above == window;
   }
   return false;

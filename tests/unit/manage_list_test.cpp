@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "data/options.h"
 #include "data/record_list.h"
 #include "manage/manage_actions.h"
 #include "manage/manage_list.h"
@@ -229,6 +230,7 @@ TEST(ManageActionsTest, WhatIsDroppedOnAPlaceGoesThereOrNowhere) {
 
 TEST(ManageColumns, GiveWayWhereThereIsLittleRoom) {
   const ColumnWidths wanted{200, 46, 150, 150, 0};
+  EXPECT_EQ(Options().manageWidths[0], kUsualTitleWidth);
   EXPECT_EQ(FittedColumns(wanted, 800), (ColumnWidths{274, 46, 150, 150, 180}));
   EXPECT_EQ(FittedColumns({201, 46, 150, 150, 0}, 800), (ColumnWidths{201, 46, 150, 150, 253}));
   EXPECT_EQ(FittedColumns(wanted, 636), (ColumnWidths{200, 46, 150, 150, 90}));

@@ -189,7 +189,7 @@ TEST(NotePlace, OfAMonitorThatIsAwayKeepsItsSize) {
   EXPECT_TRUE(place.Shown() == RectAt({2500, 300}, {450, 300}) && place.Chosen() == chosen);
 }
 
-// By its corner or by its title, from the edge between two monitors that lie side by side in either order.
+// By its title or by its corner, from the edge between two monitors that lie side by side in either order.
 TEST(ResizedOn, StaysUnderTheMouseAndOnTheMonitorThatItHasComeTo) {
   const Rect left{0, 0, 1000, 800};
   const Rect right{1000, 0, 2000, 800};

@@ -83,6 +83,8 @@ Process::Process(const Text& program, const Text& arguments, const Text& input, 
                      &started)) {
     handle_.reset(started.hProcess);
     CloseHandle(started.hThread);
+  } else {
+    startError_ = GetLastError();
   }
 }
 

@@ -43,9 +43,12 @@ class Process {
   void Kill() const;
   void Strike() const { TerminateProcess(handle_.get(), 99); }
   DWORD Id() const { return GetProcessId(handle_.get()); }
+  /// Why it could not be started; 0 where it could.
+  DWORD StartError() const { return startError_; }
 
  private:
   UniqueHandle handle_;
+  DWORD startError_ = 0;
 };
 
 /// Top-level windows of a class, in Z order; of one process when `process` is not 0.

@@ -447,6 +447,12 @@ TEST_F(EditorTest, FindingGoesRoundAndScrolls) {
   const FoundText second = FindText(edit_, u"BEE", FindStep::kStay);
   EXPECT_EQ(found(), before);
   EXPECT_TRUE(second.number == 2 && second.count == 2);
+  // Counting anew while the text changes leaves the selection; other words that are not there end it.
+  const auto selected = [&] { return edit_.Selection().cpMax - edit_.Selection().cpMin; };
+  for (const TextView words : {u"line", u"wasp"}) FindText(edit_, words, FindStep::kNowhere);
+  EXPECT_EQ(selected(), 3);
+  FindText(edit_, u"wasp", FindStep::kStay);
+  EXPECT_EQ(selected(), 0);
 
   edit_.SetScrollPosition({0, 0});
   Do(kActionScrollUp);

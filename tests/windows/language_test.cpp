@@ -15,6 +15,7 @@
 #include "res/resource.h"
 #include "ui/resources.h"
 #include "ui/screen.h"
+#include "ui/window.h"
 
 namespace jotlets {
 namespace {
@@ -65,13 +66,6 @@ class Template {
   std::vector<WORD> words_;
 };
 
-Text WordsOf(HWND control) {
-  Text words(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, u'\0');
-  GetWindowTextW(control, WideBuffer(words), static_cast<int>(words.size()));
-  words.pop_back();
-  return words;
-}
-
 Text ClassOf(HWND control) {
   wchar_t name[64];
   return Text(FromWide(name, static_cast<std::size_t>(GetClassNameW(control, name, 64))));
@@ -111,7 +105,7 @@ std::vector<std::string> CutTexts(HWND dialog, int dpi) {
   std::vector<std::string> cut;
   for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
        control = GetWindow(control, GW_HWNDNEXT)) {
-    const Text words = WordsOf(control);
+    const Text words = WindowText(control);
     const SIZE room = RoomOf(control, dpi);
     if (words.empty() || room.cy == 0) continue;
     const SIZE taken = SizeOf(control, words, room.cx);
@@ -144,6 +138,8 @@ constexpr Filled kFilled[] = {
     {IDD_JOB, IDC_JOB_TEXT, IDS_STORE_RESCUE_RUNS},
     {IDD_JOB, IDC_JOB_TEXT, IDS_IMPORT_RUNS},
     {IDD_JOB, IDC_JOB_TEXT, IDS_SAVING_COPIES},
+    {IDD_JOB, IDC_JOB_TEXT, IDS_IMPORT_UNDONE},
+    {IDD_JOB, IDC_JOB_TEXT, IDS_MANAGE_ACTS},
     {IDD_TEXT, IDC_TEXT_LABEL, IDS_LABEL_ADDRESS},
     {IDD_RECURRENCE, IDC_REC_SENTENCE, IDS_RULE + 1, kTime},
     {IDD_RECURRENCE, IDC_REC_WORDS, IDS_APPEARS_TOO_LATE, kTime},

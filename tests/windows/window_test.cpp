@@ -123,7 +123,8 @@ bool WindowTest::StartProgram(const Text& arguments, const Text& file) {
   // A start that ends by itself is a crash, or another instance is there: the code tells which.
   if (answered && !program_->Running()) {
     const std::optional<DWORD> code = program_->WaitForEnd();
-    ADD_FAILURE() << (code ? "exit code " + std::to_string(*code) : std::string("it could not be started"));
+    ADD_FAILURE() << (code ? "exit code " + std::to_string(*code) : std::string("not started")) << ", error "
+                  << program_->StartError();
   }
   return answered && program_->Running();
 }

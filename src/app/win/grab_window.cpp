@@ -1,16 +1,14 @@
 #include "app/win/grab_window.h"
 
-#include <dwmapi.h>
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-#include "base/win/system_library.h"
 #include "base/win/wide.h"
 #include "picture/grab_area.h"
 #include "picture/win/screen_grab.h"
 #include "ui/areas.h"
+#include "ui/compositor.h"
 #include "ui/screen.h"
 
 namespace jotlets {
@@ -27,13 +25,6 @@ constexpr int kGlassGap = 24;
 constexpr int kLine = 2;
 constexpr int kWordsHeight = 22;
 
-template <typename Value>
-bool AskCompositor(HWND window, DWORD attribute, Value& value) {
-  static const auto ask =
-      SystemFunction<decltype(DwmGetWindowAttribute)>(L"dwmapi.dll", "DwmGetWindowAttribute");
-  return ask != nullptr && SUCCEEDED(ask(window, attribute, &value, sizeof value));
-}
-
 // The desktop itself, below all windows.
 bool IsDesktop(HWND window) {
   wchar_t name[16] = {};
@@ -46,10 +37,8 @@ bool IsDesktop(HWND window) {
 BOOL CALLBACK CollectWindow(HWND window, LPARAM to) {
   const bool through = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0;
   if (IsWindowVisible(window) == 0 || IsIconic(window) != 0 || through || IsDesktop(window)) return TRUE;
-  DWORD cloaked = 0;
-  if (AskCompositor(window, DWMWA_CLOAKED, cloaked) && cloaked != 0) return TRUE;
-  RECT bounds{};
-  if (!AskCompositor(window, DWMWA_EXTENDED_FRAME_BOUNDS, bounds)) GetWindowRect(window, &bounds);
+  if (IsCloaked(window)) return TRUE;
+  const RECT bounds = SeenBounds(window);
   if (bounds.right > bounds.left && bounds.bottom > bounds.top)
     reinterpret_cast<std::vector<Rect>*>(to)->push_back(FromRECT(bounds));
   return TRUE;

@@ -190,9 +190,9 @@ void Program::OnExitKey() {
 
 void Program::OnNoteDropped(BJotlet& jotlet, bool shift) {
   const BManageDlg& manage = managed_.Dialog();
-  if (shift && IsUnderMouse(manage.Window(), jotlet.Handle()))
-    return storeCommands_.Store(jotlet, manage.CategoryUnderMouse());
-  stacks_.OnNoteDropped(jotlet, shift);
+  const bool stores = shift && IsUnderMouse(manage.Window(), jotlet.Handle());
+  stacks_.OnNoteDropped(jotlet, shift && !stores);
+  if (stores) storeCommands_.Store(jotlet, manage.CategoryUnderMouse());
 }
 
 void Program::OnNoteHidden(const BJotlet& jotlet) {

@@ -145,7 +145,7 @@ LRESULT CALLBACK BEdit::Watch(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
 }
 
 LRESULT BEdit::ServeByControl(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) const {
-  const LinkPainting links(edit, message, look_.seeThrough ? std::nullopt : std::optional(look_.background));
+  const LinkPainting links(*this, message);
   return Control(edit, message, wParam, lParam);
 }
 

@@ -60,7 +60,11 @@ class BEdit {
     std::optional<Colour> ink = std::nullopt;  // of the system's, where it settles all colours
 
     /// The colour of text that has none of its own; black is what the control gives it by itself.
-    Colour Ink() const;
+    Colour Ink() const {
+      if (!ink) return IsDarkPaper(background) ? InkOn(background) : Colour{};
+      // A hair beside the system's colour, which somebody may have chosen for a word.
+      return *ink == Colour{} ? Colour{} : Colour{ink->r, ink->g, static_cast<std::uint8_t>(ink->b ^ 1)};
+    }
     /// The colour that text of this one is shown in.
     Colour Legible(Colour own) const { return ink ? *ink : LegibleOn(background, own); }
   };

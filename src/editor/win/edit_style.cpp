@@ -70,10 +70,4 @@ TextStyle StyleOfSelection(const BEdit& edit) {
   return style;
 }
 
-Colour BEdit::Look::Ink() const {
-  if (!ink) return IsDarkPaper(background) ? InkOn(background) : Colour{};
-  // A hair beside the system's colour, which somebody may have chosen for a word.
-  return *ink == Colour{} ? Colour{} : Colour{ink->r, ink->g, static_cast<std::uint8_t>(ink->b ^ 1)};
-}
-
 }  // namespace jotlets

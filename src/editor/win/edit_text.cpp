@@ -86,7 +86,7 @@ FoundText FindText(BEdit& edit, TextView wanted, FindStep step) {
     const auto first = static_cast<LONG>(hits[next]);
     edit.Select({first, first + static_cast<LONG>(wanted.size())});
     SendMessageW(edit.Handle(), EM_SCROLLCARET, 0, 0);
-  } else if (!wanted.empty()) {
+  } else if (step == FindStep::kStay && hits.empty() && !wanted.empty()) {
     // What was found for other words is no hit any more.
     const LONG first = edit.Selection().cpMin;
     edit.Select({first, first});

@@ -3,25 +3,23 @@
 
 #include <windows.h>
 
-#include <optional>
-
 #include "base/geometry.h"
 
 namespace jotlets {
 
+class BEdit;
+
 /// Lives while the control serves a message: what it paints then has its links in a colour that can be read.
 class LinkPainting {
  public:
-  /// `paper` is what the control draws on; nothing when its parent draws that.
-  LinkPainting(HWND edit, UINT message, std::optional<Colour> paper);
+  LinkPainting(const BEdit& edit, UINT message);
   ~LinkPainting();
   LinkPainting(const LinkPainting&) = delete;
   LinkPainting& operator=(const LinkPainting&) = delete;
 
  private:
-  HWND edit_;
-  std::optional<Colour> paper_;
-  RECT painted_{};
+  const BEdit& edit_;
+  RECT painted_{};  // empty when there is nothing to be mended
 };
 
 }  // namespace jotlets

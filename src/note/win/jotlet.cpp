@@ -217,7 +217,7 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (PressInPicture(static_cast<std::uint16_t>(wParam))) return 0;
       return SkinnedWindow::OnMessage(message, wParam, lParam);
     case WM_DROPFILES: OnFilesDropped(wParam); return 0;
-    // A tip that is due would come over the menu.
+    // A tip that is due would come over the dialog or the menu.
     case WM_ENABLE:
     case WM_ENTERMENULOOP: title_.tooltip.Forget(); break;
     case WM_CLOSE: owner_.OnJotletAction(*this, kActionClose); return 0;

@@ -62,23 +62,22 @@ LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 // The place that the system suggests is passed over: computed from sizes that were rounded before, it would
 // creep with every change.
 void SkinnedWindow::FollowScale(std::int32_t dpi) {
-  // Between four monitors its place may be another one's after all, and it keeps this scale.
+  // With its new size it may be another monitor's after all: it would go to and fro, and keeps this scale.
   if (followsScale_) return;
   SyncPlace();
-  const Rect monitor = WorkAreaOf(Handle());
   const Rect before = Bounds();
   const bool resized = place_.ScaleChanged(dpi);
   OnScaleChanged();
   if (!resized) return;
-  const bool moving = drag_ == Drag::kMoving;
-  const Point grip =
-      moving ? Point{dragStart_.x - dragBounds_.left, dragStart_.y - dragBounds_.top} : Point{};
-  const Point held{before.left + grip.x, before.top + grip.y};
-  const Size size{place_.Shown().Width(), place_.Shown().Height()};
-  const Rect bounds = ResizedOn(monitor, before, held, size);
+  Rect bounds = place_.Shown();
   // The rest of a drag that has brought it here goes on with the new size, held at the same spot.
-  if (moving)
+  if (drag_ == Drag::kMoving) {
+    const Point grip{dragStart_.x - dragBounds_.left, dragStart_.y - dragBounds_.top};
+    const Point held{before.left + grip.x, before.top + grip.y};
+    const Size size{bounds.Width(), bounds.Height()};
+    bounds = ResizedOn(WorkAreaOf(Handle()), before, held, size);
     dragBounds_ = RectAt({dragStart_.x - held.x + bounds.left, dragStart_.y - held.y + bounds.top}, size);
+  }
   followsScale_ = true;
   Place(bounds);
   followsScale_ = false;

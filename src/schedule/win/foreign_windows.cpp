@@ -1,9 +1,7 @@
 #include "schedule/win/foreign_windows.h"
 
-#include <dwmapi.h>
-
-#include "base/win/system_library.h"
 #include "base/win/wide.h"
+#include "ui/compositor.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -13,16 +11,6 @@ bool IsOurs(HWND window) {
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
   return process == GetCurrentProcessId();
-}
-
-// A window of a suspended program or of another virtual desktop counts as visible to the system, and shows
-// nothing.
-bool IsCloaked(HWND window) {
-  DWORD cloaked = 0;
-  static const auto attribute =
-      SystemFunction<decltype(DwmGetWindowAttribute)>(L"dwmapi.dll", "DwmGetWindowAttribute");
-  return attribute != nullptr && SUCCEEDED(attribute(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) &&
-         cloaked != 0;
 }
 
 template <typename Read>

@@ -162,7 +162,8 @@ std::size_t ManagedNotes::Do(ManageAction action, ManageView view, const std::ve
       return jobs_.ForEach(ids, 1, [this](const std::vector<Text>& part) {
         return static_cast<std::size_t>(!sleeping_.WakeSleeping(part.front()));
       });
-    case ManageAction::kUnattach: return desk_.Unattach(ids);
+    case ManageAction::kUnattach:
+      return jobs_.ForEach(ids, 1, [this](const std::vector<Text>& part) { return desk_.Unattach(part); });
     case ManageAction::kSaveCopies: return SaveCopies(ids);
     case ManageAction::kRestore: return view == ManageView::kStored ? moves_.Fetch(ids) : Restore(ids);
     case ManageAction::kStore: {
@@ -284,11 +285,15 @@ std::size_t ManagedNotes::Undo(const UndoStep& step) {
       return static_cast<std::size_t>(!undo(part.front()));
     });
   };
+  const auto bringBack = [&](NoteList list) {
+    return jobs_.ForEach(step.ids, kTogether,
+                         [&](const std::vector<Text>& part) { return desk_.BringBack(part, list); });
+  };
   switch (step.kind) {
     case UndoKind::kClosed: return Restore(step.ids);
     case UndoKind::kDeleted: return failures([this](const Text& id) { return desk_.Undelete(id); });
-    case UndoKind::kClosedSleeping: return desk_.BringBack(step.ids, NoteList::kSleeping);
-    case UndoKind::kClosedAttached: return desk_.BringBack(step.ids, NoteList::kAttached);
+    case UndoKind::kClosedSleeping: return bringBack(NoteList::kSleeping);
+    case UndoKind::kClosedAttached: return bringBack(NoteList::kAttached);
     case UndoKind::kAsleep: {
       const std::size_t left = failures([this](const Text& id) { return desk_.Wake(id, {}); });
       ShowNotes(notes_, step.ids);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/win/commands/manage_jobs.h"
 #include "app/win/commands/managed_store.h"
 #include "app/win/commands/store_moves.h"
 #include "app/win/program_saving.h"
@@ -82,6 +83,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   void WatchUndo(std::function<void(int number)> undone) { undone_ = std::move(undone); }
 
  private:
+  // Those that return a number tell how many notes could not be served.
   void ActOn(ManageAction action, ManageView view, const std::vector<Text>& ids);
   void TellLeft(std::size_t left);
   std::optional<std::vector<Text>> IdsOf(const std::vector<Text>& names);
@@ -91,7 +93,6 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t Delete(ManageView view, const std::vector<Text>& ids);
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
-  /// How many could not be stored, fetched or saved.
   std::size_t Restore(const std::vector<Text>& ids);
   std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);

@@ -3,11 +3,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "base/each_job.h"
 #include "manage/win/category_dialog.h"
-#include "manage/win/manage_dialog.h"
-#include "res/resource.h"
-#include "ui/job_dialog.h"
 
 namespace jotlets {
 namespace {
@@ -16,16 +12,6 @@ namespace {
 constexpr std::size_t kInOneChange = 200;
 
 }  // namespace
-
-HWND ManageJobs::Asker() const { return dialog_.IsOpen() ? dialog_.Window() : window_.Handle(); }
-
-std::size_t ManageJobs::ForEach(const std::vector<Text>& names, std::size_t together,
-                                const std::function<std::size_t(const std::vector<Text>&)>& act) const {
-  EachJob job(names, together,
-              [&](const std::vector<Text>& part) { return state_.exiting ? std::size_t{0} : act(part); });
-  RunJob(Asker(), resources_, IDS_MANAGE_ACTS, job, mayStop_);
-  return job.Failed();
-}
 
 std::optional<Text> StoreMoves::AskCategory(HWND owner) {
   const std::vector<StoredNote> last = store_.Newest({}, 1);
@@ -68,32 +54,28 @@ std::size_t StoreMoves::Delete(const std::vector<Text>& ids) {
 // All of them in one change.
 std::size_t StoreMoves::Recategorize(const std::vector<Text>& ids,
                                      const std::function<Text(const Text& id)>& categoryOf, UndoStep& step) {
-  std::size_t left = 0;
-  bool failed = false;
-  UndoStep part;
+  std::size_t stay = 0;  // where they are to be
+  UndoStep moved;
   store_.EndChange();
   store_.BeginChange();
   for (const Text& id : ids) {
     const std::optional<std::int64_t> key = store_.KeyOf(id);
     const std::optional<StoredNote> note = key ? store_.Find(*key) : std::nullopt;
+    if (!note) continue;
     const Text category = categoryOf(id);
-    if (note && note->category == category) continue;
-    if (!note) {
-      ++left;
+    if (note->category == category) {
+      ++stay;
       continue;
     }
     // A failure can have undone the whole change, which nothing may be added to then.
-    if (!store_.SetCategory(*key, category)) {
-      failed = true;
-      break;
-    }
-    part.ids.push_back(id);
-    part.categories.push_back(note->category);
+    if (!store_.SetCategory(*key, category)) break;
+    moved.ids.push_back(id);
+    moved.categories.push_back(note->category);
   }
-  if (!store_.EndChange() || failed) return ids.size();
-  step.ids.insert(step.ids.end(), part.ids.begin(), part.ids.end());
-  step.categories.insert(step.categories.end(), part.categories.begin(), part.categories.end());
-  return left;
+  if (!store_.EndChange()) return ids.size() - stay;
+  step.ids.insert(step.ids.end(), moved.ids.begin(), moved.ids.end());
+  step.categories.insert(step.categories.end(), moved.categories.begin(), moved.categories.end());
+  return ids.size() - stay - moved.ids.size();
 }
 
 std::size_t StoreMoves::UndoRecategorized(const UndoStep& step) {
