@@ -47,6 +47,7 @@ if(JOTLETS_TESTS)
   endif()
 endif()
 
-if(JOTLETS_BENCH)
+if(JOTLETS_BENCH OR (JOTLETS_SANITIZE AND JOTLETS_TESTS))
+  set(JOTLETS_WITH_BENCHMARK ON)
   find_package(benchmark CONFIG REQUIRED)
 endif()

@@ -161,6 +161,9 @@ class PicturePen {
     const std::uint8_t* from =
         PixelAt(std::int64_t{part_.source.left} + x, std::int64_t{part_.source.top} + y);
     if (from == nullptr) return;
+    // Most of a sign is empty, and stays as it was made: nothing, put over what is there.
+    constexpr std::uint8_t kEmpty[4] = {};
+    if (std::memcmp(from, kEmpty, sizeof kEmpty) == 0) return;
     std::uint8_t* const colour = &colours_[at * 4];
     if (IsKey(from)) {
       std::memcpy(colour, from, 4);

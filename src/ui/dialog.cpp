@@ -34,6 +34,23 @@ bool IsFramed(HWND list) {
          (GetWindowLongPtrW(list, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
 }
 
+// A dialog that is about a note or a stack, which have no caption of the system's, is shown beside it; one
+// with another owner stays where it is.
+void PlaceByOwner(HWND dialog) {
+  constexpr int kGap = 8;
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  if (owner == nullptr || !IsWindowVisible(owner)) return;
+  if ((GetWindowLongPtrW(owner, GWL_STYLE) & WS_CAPTION) == WS_CAPTION) return;
+  RECT own{};
+  RECT other{};
+  GetWindowRect(dialog, &own);
+  GetWindowRect(owner, &other);
+  const Rect bounds = FromRECT(own);
+  const Point at = PlaceBeside({bounds.Width(), bounds.Height()}, FromRECT(other), WorkAreaOf(owner),
+                               MulDiv(kGap, static_cast<int>(GetDpiForWindow(owner)), 96));
+  SetWindowPos(dialog, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 }  // namespace
 
 INT_PTR Dialog::Show(const Resources& resources, UINT id, HWND owner) {
@@ -61,21 +78,6 @@ void Dialog::Close() {
 }
 
 Text Dialog::ItemText(int control) const { return WindowText(Item(control)); }
-
-void PlaceByOwner(HWND dialog) {
-  constexpr int kGap = 8;
-  const HWND owner = GetWindow(dialog, GW_OWNER);
-  if (owner == nullptr || !IsWindowVisible(owner)) return;
-  if ((GetWindowLongPtrW(owner, GWL_STYLE) & WS_CAPTION) == WS_CAPTION) return;
-  RECT own{};
-  RECT other{};
-  GetWindowRect(dialog, &own);
-  GetWindowRect(owner, &other);
-  const Rect bounds = FromRECT(own);
-  const Point at = PlaceBeside({bounds.Width(), bounds.Height()}, FromRECT(other), WorkAreaOf(owner),
-                               MulDiv(kGap, static_cast<int>(GetDpiForWindow(owner)), 96));
-  SetWindowPos(dialog, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
 
 void Dialog::Notify(const NMHDR& header) {
   const bool focus =
@@ -163,7 +165,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       PlaceByOwner(dialog);
       FitHeight(dialog);
       // The focus that goes with TRUE would activate a window that is to open behind the user's work.
-      return object->modal_ ? TRUE : FALSE;
+      return object->modal_ && !IsChild(dialog, GetFocus()) ? TRUE : FALSE;
     }
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (object == nullptr) return FALSE;

@@ -9,10 +9,6 @@
 
 namespace jotlets {
 
-/// Puts a dialog that is about a note or a stack, which have no caption of the system's, beside it; one with
-/// another owner stays where it is.
-void PlaceByOwner(HWND dialog);
-
 class Dialog {
  public:
   virtual ~Dialog() = default;
