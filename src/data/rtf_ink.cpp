@@ -91,6 +91,7 @@ bool HasTooManyColours(std::string_view rtf, const Table& table) {
 struct Palette {
   std::vector<std::optional<Colour>> own;  // nothing: no colour
   std::vector<std::size_t> shownAs;
+  std::vector<bool> empty;  // entries that stand for no colour, as the first does
   std::size_t ink = 0;
   std::size_t inkOnMarks = 0;
 
@@ -104,7 +105,9 @@ struct Characters {
   bool marked = false;  // in a light colour
 
   std::size_t Shown(const Palette& palette) const {
-    if (colour == 0) return marked ? palette.inkOnMarks : palette.ink;
+    const bool none = colour == 0 || (colour < palette.empty.size() && palette.empty[colour]);
+    if (none && marked) return palette.inkOnMarks;
+    if (colour == 0) return palette.ink;
     return marked || colour >= palette.shownAs.size() ? colour : palette.shownAs[colour];
   }
 };
@@ -212,6 +215,7 @@ std::string WithInk(std::string_view rtf, Colour ink, const LegibleColour& legib
     const bool empty = !palette.own.empty() && old.find('\\') == std::string_view::npos;
     entries += empty ? std::string_view(entry) : old;
     palette.own.push_back(ColourOf(old));
+    palette.empty.push_back(empty);
     rest.remove_prefix(end + 1);
   }
   std::size_t next = palette.own.size();

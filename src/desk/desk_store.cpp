@@ -65,6 +65,32 @@ Text NoteDesk::Fetch(std::int64_t key) {
   return id;
 }
 
+std::optional<JotletData> NoteDesk::RecordOf(TextView id) const {
+  if (const JotletData* record = lists_.FindRecord(id)) return *record;
+  const std::optional<std::int64_t> key = context_.store.KeyOf(id);
+  const std::optional<StoredNote> note = key ? context_.store.Find(*key) : std::nullopt;
+  return note ? std::optional(note->record) : std::nullopt;
+}
+
+// The content first: a time of change that is too old harms nobody.
+bool NoteDesk::ChangeText(TextView id, std::string_view rtf) {
+  std::optional<JotletData> record = RecordOf(id);
+  if (!record || record->IsImage() || lists_.desktop.Find(id) != nullptr) return false;
+  const FileStatus written = context_.files.Write(folder_ + ContentPath(*record), rtf);
+  if (!written) {
+    context_.log.Write(kLogLifecycle, u"Unable to write the text of jotlet ", record->id, u": ",
+                       written.reason);
+    return false;
+  }
+  record->modified = Now();
+  for (RecordList* list : {&lists_.attached, &lists_.sleeping, &lists_.closed})
+    if (JotletData* listed = list->FindToChange(id)) listed->modified = record->modified;
+  if (const std::optional<std::int64_t> key = context_.store.KeyOf(id))
+    context_.store.SetRecord(*key, *record);
+  Changed();
+  return true;
+}
+
 std::size_t NoteDesk::DeleteStored(const std::vector<Text>& ids) {
   if (ids.empty() || !context_.store.IsOpen()) return ids.size();
   std::vector<JotletData> deleted;

@@ -121,6 +121,11 @@ class NoteDesk {
 
   /// Gives an open note another id and its content another file; the old one goes with the next save.
   Renamed Rename(TextView id, TextView newId);
+  /// The record of a note in any list or in the store; nothing when there is none.
+  std::optional<JotletData> RecordOf(TextView id) const;
+  /// Gives a note that is not open another text. False, with a log line where it could not be written, when
+  /// there is no such note, or it is a picture.
+  bool ChangeText(TextView id, std::string_view rtf);
   /// Writes the unsaved content of an open note; false, with a log line, when that failed, and when there is
   /// none.
   bool SaveContent(TextView id);

@@ -1,6 +1,9 @@
 #include "note/alarm.h"
 
 #include <algorithm>
+#include <cstdlib>
+
+#include "looks/ink.h"
 
 namespace jotlets {
 namespace {
@@ -16,11 +19,16 @@ std::int32_t NextAlarmPhase(std::int32_t phase) { return (phase + 1) % kPhases; 
 
 std::int32_t JiggleOffset(std::int32_t random) { return random / kJiggleStep - kJiggleShift; }
 
+// The text keeps its ink meanwhile.
 Colour FlashColour(Colour paper, std::int32_t phase) {
   if (phase < 0 || phase >= kFlashPhases) return paper;
-  // Half the range away, which also grey shows.
-  const auto other = [](std::uint8_t value) { return static_cast<std::uint8_t>(value ^ 0x80); };
-  return {other(paper.r), other(paper.g), other(paper.b)};
+  constexpr Colour kUnderLightInk[] = {{128, 48, 0}, {0, 64, 128}};
+  constexpr Colour kUnderDarkInk[] = {{255, 193, 7}, {255, 255, 255}};
+  const auto& flashes = IsDarkPaper(paper) ? kUnderLightInk : kUnderDarkInk;
+  const auto distance = [paper](Colour other) {
+    return std::abs(other.r - paper.r) + std::abs(other.g - paper.g) + std::abs(other.b - paper.b);
+  };
+  return distance(flashes[0]) >= distance(flashes[1]) ? flashes[0] : flashes[1];
 }
 
 std::int64_t SnoozeUntil(std::int64_t now, std::int32_t minutes) {

@@ -19,7 +19,8 @@ std::int32_t NextAlarmPhase(std::int32_t phase);
 /// for the two largest numbers. Deliberately lopsided.
 std::int32_t JiggleOffset(std::int32_t random);
 
-/// The paper of a flashing note in a phase: for half of them it is another one.
+/// The paper of a flashing note in a phase: for half of them it is another one, on which the ink of the paper
+/// can be read as well.
 Colour FlashColour(Colour paper, std::int32_t phase);
 
 /// When a snoozing alarm sounds again.

@@ -73,6 +73,11 @@ class SkinPainter {
   void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area, bool hot) {
     if (element.fill) ButtonGround(element, area, hot);
     if (place == nullptr) return;
+    // The ground below the sign of a format that holds is too faint a shade there.
+    if (contrast_ && element.kind == ElementKind::kIndicator && IsFormat(SkinStateFromName(element.type))) {
+      canvas_.Fill(area, contrast_->chosen);
+      return AddGround(element, area, contrast_->chosen);
+    }
     std::optional<Colour> ink = InkOf(element, area);
     const bool chosen =
         element.sourceChosen.picture && element.action != kActionNone && element.action == chosen_;
@@ -133,7 +138,7 @@ class SkinPainter {
   void FocusRing(const Rect& area) {
     const std::int32_t line = ScaledLength(kRing, skin_.dpi);
     if (area.Width() <= 2 * line || area.Height() <= 2 * line) return;
-    const Colour ink = AccentOn(GroundOf(area));
+    const Colour ink = contrast_ ? contrast_->chosen : AccentOn(GroundOf(area));
     canvas_.Fill({area.left, area.top, area.right, area.top + line}, ink);
     canvas_.Fill({area.left, area.bottom - line, area.right, area.bottom}, ink);
     canvas_.Fill({area.left, area.top + line, area.left + line, area.bottom - line}, ink);
@@ -145,7 +150,10 @@ class SkinPainter {
     if (element.shade) return Shaded(paper_, *element.shade);
     if (!element.tint) return std::nullopt;
     if (*element.tint == SkinTint::kPen) return pen_;
-    if (contrast_) return *element.tint == SkinTint::kAccent ? contrast_->chosen : contrast_->ink;
+    if (contrast_) {
+      if (*element.tint == SkinTint::kAccent) return contrast_->chosen;
+      return GroundOf(area) == contrast_->chosen ? contrast_->chosenInk : contrast_->ink;
+    }
     // The frame of what sounds has one colour all around.
     const Colour ground = *element.tint == SkinTint::kAlarm ? paper_ : GroundOf(area);
     if (*element.tint == last_.tint && ground == last_.ground) return last_.ink;
@@ -174,6 +182,10 @@ class SkinPainter {
       case SkinTint::kPen: break;
     }
     return {};
+  }
+
+  static bool IsFormat(std::optional<SkinState> state) {
+    return state && *state >= SkinState::kBold && *state <= SkinState::kHighlight;
   }
 
   // What is written on it later finds an ink for it.

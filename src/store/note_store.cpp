@@ -209,6 +209,12 @@ bool NoteStore::SetCategory(std::int64_t key, TextView category) {
   return Change(update);
 }
 
+bool NoteStore::SetRecord(std::int64_t key, const JotletData& record) {
+  Statement update = database_.Prepare("UPDATE jotlets SET record = ? WHERE key = ?");
+  update.Bind(MakeJotletLine(record, true)).Bind(key);
+  return Change(update);
+}
+
 bool NoteStore::MarkLeaving(std::int64_t key, bool leaving) {
   Statement update = database_.Prepare("UPDATE jotlets SET flags = (flags & ~2) | ? WHERE key = ?");
   update.Bind(leaving ? kStoredLeaving : 0).Bind(key);

@@ -75,6 +75,8 @@ class NoteStore {
   bool HasMoreThan(std::size_t count, const std::optional<Text>& category);
   /// A note goes to another category; false when it is not there, or that could not be written.
   bool SetCategory(std::int64_t key, TextView category);
+  /// A note goes on with another record, of the same id; false as above.
+  bool SetRecord(std::int64_t key, const JotletData& record);
   /// Its notes go to the category `to`, which may be there already; false when nothing was changed.
   bool RenameCategory(TextView from, TextView to);
   /// A number that is another one after each change.

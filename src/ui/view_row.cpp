@@ -37,7 +37,8 @@ RECT DrawViewRow(const DRAWITEMSTRUCT& item, Icon icon, const WindowColours& col
   }
   const Colour ink = chosen ? colours.chosenText : colours.text;
   DrawIcon(item.hDC, icon, {row.left + scaled(kIconMiddle + indent), (row.top + row.bottom) / 2}, dpi,
-           chosen && colours.chosenText == colours.text ? colours.accent : ink);
+           chosen && colours.chosenText == colours.text && colours.accent != colours.chosen ? colours.accent
+                                                                                            : ink);
   if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0) {
     SetTextColor(item.hDC, ToCOLORREF(colours.text));
     DrawFocusRect(item.hDC, &row);

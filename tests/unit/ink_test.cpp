@@ -192,7 +192,7 @@ TEST(Ink, InHighContrastIsThatOfTheSystemAndFramesTellStates) {
       SkinView view{{240, 120}, colours.paper};
       view.contrast = colours;
       view.focus = active;
-      view.states.Set(SkinState::kFormatBar, active);
+      for (const SkinState state : {SkinState::kFormatBar, SkinState::kBold}) view.states.Set(state, active);
       Pixels pixels(view.window);
       Canvas canvas = pixels.MakeCanvas();
       NoTexts texts;
@@ -206,6 +206,7 @@ TEST(Ink, InHighContrastIsThatOfTheSystemAndFramesTellStates) {
       if (!active || skin.formatBar == 0) continue;
       EXPECT_EQ(pixels.At(230, 84), colours.ink) << name << ": line of the bar at the foot";
       EXPECT_EQ(pixels.At(230, 100), colours.paper) << name << ": on which its buttons are seen";
+      EXPECT_EQ(pixels.At(10, 92), colours.chosen) << name << ": bold holds";
     }
   }
   const SkinData own = ParseSkin(FromUtf8(FileBytes("../src/res/skins/default/skin.ini")));
@@ -256,6 +257,11 @@ TEST(Ink, OfMarkedAndColouredWordsCanBeReadOnDarkPaperAndComesBack) {
   EXPECT_TRUE(made.ends_with(
       "}a{\\highlight1\\cf6 b\\cf2 c}d\\cf7 e\\highlight1\\cf2 f\\highlight4\\cf7 g\\cf5 h\\plain\\cf5 i}"))
       << made;
+  // Read back, the inks stand as empty entries in the table, which are no colours.
+  EXPECT_TRUE(WithInk("{\\rtf1{\\colortbl;;\\red255\\green224\\blue102;}\\cf1 a\\highlight2\\cf1 b}", kInk,
+                      legible, shown)
+                  .ends_with("}\\cf1 a\\highlight2\\cf4\\cf4 b}"));
+  WithInk(rtf, kInk, legible, shown);
   ASSERT_EQ(shown.size(), 3u);
   for (const auto& [colour, own] : shown) EXPECT_GE(Contrast(colour, kPaper), 4.4) << made;
   EXPECT_NE(shown[0].first, shown[1].first) << "each goes back to its own";

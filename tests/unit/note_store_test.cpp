@@ -182,6 +182,32 @@ TEST_F(StoreTest, TheDeskStoresAndFetchesWithoutLosingAnything) {
   EXPECT_TRUE(home.IsOpen(u"B")) << "what cannot be written stays open";
 }
 
+TEST_F(StoreTest, TheTextOfANoteThatIsNotOpenIsChangedWhereverItIs) {
+  DeskWithStore home(folder_);
+  home.Load(
+      u"[Jotlets]\n<ID>OPEN<RTF>\n<ID>KEPT<RTF>\n<ID>ASLEEP<SLEEPING>1<SLEEPNEXTWAKE>5<RTF>\n"
+      u"<ID>DRAWN<SLEEPING>1<SLEEPNEXTWAKE>5<IMAGE><RTF>\n[Deleted jotlets]\n7|<ID>CLOSED<RTF>\n");
+  const auto key = home.desk.Store(u"KEPT", u"work");
+  ASSERT_TRUE(key);
+  home.clock.now.utc += 100;
+  home.store.MoveChanges();
+  for (const TextView id : {u"KEPT", u"ASLEEP", u"CLOSED"}) {
+    EXPECT_TRUE(home.desk.ChangeText(id, "{\\rtf1 other}")) << ToUtf8(id);
+    EXPECT_EQ(home.files.Get(u"D:\\rtf\\" + Text(id) + u".rtf"), "{\\rtf1 other}");
+    EXPECT_EQ(home.desk.RecordOf(id)->modified, home.Now()) << ToUtf8(id);
+  }
+  EXPECT_TRUE(home.store.MoveChanges().contains(*key)) << "the search is told";
+  EXPECT_EQ(home.store.Find(*key)->category, u"work");
+  for (const TextView id : {u"OPEN", u"DRAWN", u"NONE"})
+    EXPECT_FALSE(home.desk.ChangeText(id, "{\\rtf1 other}")) << ToUtf8(id);
+
+  home.clock.now.utc += 100;
+  home.files.unchangeable.insert(u"d:\\rtf\\closed.rtf");
+  EXPECT_FALSE(home.desk.ChangeText(u"CLOSED", "{\\rtf1 third}"));
+  EXPECT_NE(home.desk.RecordOf(u"CLOSED")->modified, home.Now());
+  EXPECT_TRUE(home.log.Holds(u"Unable to write the text of jotlet CLOSED: disk full"));
+}
+
 // The program ended between the store and the lists: each note is in one of them.
 TEST_F(StoreTest, ANoteBetweenStoreAndListsGoesOnToWhereItWasToGo) {
   ASSERT_TRUE(store.Put(Note(u"COMING"), u"a"));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_desk.h"
+#include "looks/ink.h"
 #include "note/alarm.h"
 
 namespace jotlets {
@@ -221,7 +222,10 @@ TEST(Alarms, JiggleLopsidedlyThroughTheirPhases) {
   EXPECT_EQ(JiggleOffset(32766), 4);
   EXPECT_EQ(NextAlarmPhase(0), 1);
   EXPECT_EQ(NextAlarmPhase(24), 0);
-  for (const Colour paper : {Colour{255, 255, 180}, Colour{128, 128, 128}, Colour{0, 0, 0}}) {
+  for (const Colour paper :
+       {Colour{255, 255, 180}, Colour{128, 128, 128}, Colour{0, 0, 0}, Colour{255, 193, 7},
+        Colour{255, 255, 255}, Colour{0, 64, 128}, Colour{60, 60, 20}}) {
+    EXPECT_GE(Contrast(InkOn(paper), FlashColour(paper, 0)), kTextContrast);
     EXPECT_NE(FlashColour(paper, 0), paper);
     EXPECT_EQ(FlashColour(paper, 24), paper);
     EXPECT_EQ(FlashColour(paper, kNotSounding), paper);

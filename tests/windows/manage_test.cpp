@@ -175,6 +175,42 @@ TEST_F(ManageTest, ANoteIsStoredByItsKeyAndComesBackFromItsCategory) {
             (Ids{u"502 deleted desktop jotlet stored AA01", u"500 created desktop jotlet restored AA01"}));
 }
 
+TEST_F(ManageTest, ATextIsChangedInThePreviewOfAnOpenNoteAndOfAClosedOne) {
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Desk")}, {Closed(u"CC01", u"Alpha")},
+             u"TakeBackups=0\nManageWindow=40,60,1000,500");
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
+  TypeText(u"milk");
+  ASSERT_TRUE(OpenByKey());
+  const auto goIntoText = [](TextView shown) {
+    PressKeys({VK_RETURN});
+    if (!WaitUntil([&] { return ShownText(Find()) == shown; })) return false;
+    for (int i = 0; i < 20 && !TypesInto(Find()); ++i) {
+      PressKeys({VK_TAB});
+      WaitUntil([&] { return TypesInto(Find()); }, 200);
+    }
+    return TypesInto(Find());
+  };
+  ASSERT_TRUE(goIntoText(u"AA01milk"));
+  // Its keys are those of a text: what is selected goes, not the note.
+  PressKeys({VK_CONTROL, 'A'});
+  PressKeys({VK_DELETE});
+  TypeText(u"bread");
+  EXPECT_TRUE(WaitUntil([this] { return Reply(u"get desktop AA01 text") == u"001 bread"; }));
+  TypeText(u", tea");
+  PressKeys({VK_ESCAPE});
+  EXPECT_TRUE(WaitUntil([this] { return Reply(u"get desktop AA01 text") == u"001 bread, tea"; }))
+      << ToUtf8(Reply(u"get desktop AA01 text"));
+  EXPECT_EQ(Listed(u"desktop"), Ids{u"AA01"});
+
+  GoToView(ManageView::kClosed);
+  ASSERT_TRUE(goIntoText(u"about CC01"));
+  TypeText(u"all ");
+  EXPECT_TRUE(WaitUntil([] { return ShownText(Find()) == u"all about CC01"; }));
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_NE(Read(folder_ + u"rtf\\CC01.rtf").find("all about CC01"), std::string::npos) << "saved at the end";
+}
+
 TEST_F(ManageTest, NotesAreDraggedToCategoriesToTheDesktopAndFromThere) {
   WriteNotes({NoteRecord(u"AA01", {900, 120}, u"Desk")}, {},
              u"TakeBackups=0\nSnap=0,10,2\nManageWindow=40,60,700,560");

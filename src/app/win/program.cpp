@@ -47,7 +47,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
       skinCommands_(resources, system_.files, system_.log, options_, policy_, skins_, notes_, stacks_,
                     saving_, tray_),
       managed_(resources, system_.clock, options_.Current(), desk_, notes_, stacks_, sleeping_, contents_,
-               store_, search_.Browser(), system_.files, saving_, window_, state_),
+               store_, search_.Browser(), system_.files, saving_, window_, state_, previewed_),
       found_(resources, desk_, notes_, managed_, search_),
       optionCommands_({resources, system_.files, system_.log, options_, policy_, skins_, saving_, backups_,
                        desk_, [this](UINT command) { trayCommands_.Do(command); },
@@ -257,7 +257,7 @@ void Program::HoldStill(bool still) {
   notes_.Enable(!still);
   sleeping_.Enable(!still);
   stacks_.Enable(!still);
-  managed_.Dialog().Enable(!still);
+  EnableWindow(managed_.Dialog().Window(), !still);
   optionCommands_.Dialog().Enable(!still);
   // The search reads the store: it ends first and begins last.
   if (state_.ready && still) search_.Stop();
@@ -336,6 +336,7 @@ void Program::ExitJotlets(TextView reason, bool silent) {
     PostQuitMessage(0);
     return;
   }
+  managed_.Dialog().SaveText();
   if (!MayExit(silent)) return;
   state_.ready = false;
   search_.Stop();

@@ -9,6 +9,7 @@
 #include "app/win/commands/note_commands.h"
 #include "app/win/commands/option_commands.h"
 #include "app/win/commands/picture_commands.h"
+#include "app/win/commands/previewed_notes.h"
 #include "app/win/commands/skin_commands.h"
 #include "app/win/commands/tray_commands.h"
 #include "app/win/commands/undo_offers.h"
@@ -186,6 +187,7 @@ class Program final : private OpenNotesOwner,
   BKeysDlg keys_;
   BackupCommands backups_;
   SkinCommands skinCommands_;
+  PreviewedNotes previewed_{resources_, system_.log, desk_, notes_, contents_};
   ManagedNotes managed_;
   FoundNotes found_;
   OptionCommands optionCommands_;

@@ -152,6 +152,7 @@ LRESULT BEdit::ServeByControl(HWND edit, UINT message, WPARAM wParam, LPARAM lPa
 LRESULT BEdit::Serve(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
   // The control's own way of pasting takes pictures as well.
   if (message == WM_PASTE) return Paste(), 0;
+  if (message == WM_GETDLGCODE) return DLGC_WANTALLKEYS;
   if (ServeTyping(message, wParam, lParam)) return 0;
   if (message == WM_RBUTTONUP || message == WM_CONTEXTMENU) {
     // Posted: the menu may bring about the end of this control.

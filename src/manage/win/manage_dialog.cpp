@@ -8,8 +8,8 @@
 #include "base/win/wide.h"
 #include "manage/win/manage_buttons.h"
 #include "manage/win/manage_settings.h"
-#include "note/papers.h"
 #include "res/resource.h"
+#include "ui/user_messages.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -63,7 +63,7 @@ void BManageDlg::OnInit() {
   SendMessageW(Handle(), WM_SETICON, ICON_BIG, icon);
   table_.SetUp(Item(IDC_MANAGE_LIST), resources_, options_.manageWidths);
   views_.SetUp(Item(IDC_MANAGE_VIEWS));
-  preview_.SetUp(Item(IDC_MANAGE_PREVIEW_TITLE), Item(IDC_MANAGE_PREVIEW));
+  preview_.SetUp(Item(IDC_MANAGE_PREVIEW_TITLE));
   RestoreManageWindow(Handle(), options_);
   list_.Search({}, options_.manageWindowSearchWhat);
   const std::int32_t sorted = options_.manageSorted;
@@ -256,6 +256,7 @@ void BManageDlg::ActByDefault() {
 }
 
 bool BManageDlg::OnCommand(UINT control, UINT notification) {
+  if (preview_.OnCommand(control, notification)) return true;
   if (control == IDOK) ActByDefault();
   if (control == IDCANCEL) CloseWindow();
   if (control == IDC_MANAGE_SEARCH && notification == EN_CHANGE) Search();
@@ -271,7 +272,7 @@ bool BManageDlg::OnCommand(UINT control, UINT notification) {
 // High contrast goes before all papers.
 HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
   if (Look().Now().contrast) return nullptr;
-  if (control == nullptr || control != Item(IDC_MANAGE_EMPTY)) return preview_.Colours(dc, control);
+  if (control == nullptr || control != Item(IDC_MANAGE_EMPTY)) return nullptr;
   const WindowColours& colours = Look().Colours();
   SetTextColor(dc, ToCOLORREF(colours.quiet));
   SetBkColor(dc, ToCOLORREF(colours.field));
@@ -280,6 +281,7 @@ HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
 }
 
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  if (item.CtlID == IDC_MANAGE_PREVIEW_TITLE) preview_.DrawTitle(item);
   if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item, Look().Colours());
 }
 
@@ -304,11 +306,16 @@ std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM
         return OnContextMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
       if (reinterpret_cast<HWND>(wParam) == Item(IDC_MANAGE_VIEWS))
         return OnViewsMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
+      if (preview_.IsText(reinterpret_cast<HWND>(wParam)))
+        return preview_.ShowMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}), 0;
       return std::nullopt;
     case WM_TIMER: OnWindowTimer(wParam); return 0;
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED: return OnDragMessage(message) ? std::optional<LRESULT>(0) : std::nullopt;
+    case Theme::kChangedMessage: preview_.FollowLook(); return std::nullopt;
+    case ManagePreview::kLinkMessage: preview_.FollowLink(); return 0;
+    case ManagePreview::kUnsavedMessage: Tell(Handle(), resources_, IDS_TEXT_UNSAVED, {}); return 0;
     case kActMessage: Act(static_cast<ManageAction>(wParam)); return 0;
     case WM_DESTROY: OnWindowEnd(); return 0;
     default: return std::nullopt;
@@ -320,12 +327,13 @@ void BManageDlg::ShowPreview() {
   const bool one = place >= 0 && static_cast<std::size_t>(place) < list_.Size();
   const ManageRow* row = one ? &list_.At(static_cast<std::size_t>(place)) : nullptr;
   if (row == nullptr) return preview_.Hide();
-  preview_.Show(*row, Look().IsDark() ? DarkPaper(row->colour) : row->colour, source_.TextOf(*row));
+  preview_.Show(*row);
 }
 
 void BManageDlg::OnWindowTimer(UINT_PTR timer) {
   KillTimer(Handle(), timer);
   if (timer == kReadTimer) ReadTexts();
+  if (timer == ManagePreview::kSaveTimer) preview_.Save();
   if (timer == kPreviewTimer) ShowPreview();
   if (timer != kRefreshTimer) return;
   refreshComes_ = false;
@@ -334,6 +342,7 @@ void BManageDlg::OnWindowTimer(UINT_PTR timer) {
 
 void BManageDlg::OnWindowEnd() {
   drag_.End();
+  preview_.Hide();
   StoreSettings();
   owner_.OnManageSettings();
   refreshComes_ = false;
@@ -348,6 +357,7 @@ void BManageDlg::OnWindowEnd() {
 }
 
 std::optional<LRESULT> BManageDlg::AnswerNotify(NMHDR& header) {
+  preview_.OnNotify(header);
   switch (header.code) {
     case NM_CUSTOMDRAW:
       if (header.idFrom != IDC_MANAGE_LIST) return std::nullopt;

@@ -25,14 +25,15 @@ namespace jotlets {
 class BManageDlg final : public Dialog {
  public:
   /// Place, widths, sorting and what is searched are kept in `options`.
-  BManageDlg(const Resources& resources, ManageOwner& owner, NoteTexts& texts, Options& options)
+  BManageDlg(const Resources& resources, ManageOwner& owner, NoteTexts& texts, PreviewSource& shown,
+             Options& options)
       : resources_(resources),
         owner_(owner),
         options_(options),
-        source_(texts),
         texts_(texts),
         list_(texts_),
-        table_(list_, owner_) {}
+        table_(list_, owner_),
+        preview_(resources, shown) {}
 
   /// Opens the window; false when it is open already, or the system could not. It takes the focus when
   /// `activate`.
@@ -41,6 +42,8 @@ class BManageDlg final : public Dialog {
   bool CloseWindow();
   /// Takes it away at the end of the program, which opens it again at the next start.
   void CloseForExit() { Close(); }
+  /// Gives what is being written in the preview to its note.
+  void SaveText() { preview_.Save(); }
   /// Brings the open window to the user's eyes.
   void Activate();
   /// Shows a note of a place, by its name in the list, and selects it, in the open window.
@@ -51,9 +54,6 @@ class BManageDlg final : public Dialog {
   void ShowSurvey(const SearchSurvey& survey);
   /// The category of the store that the mouse is at, or that is shown; "" where there is none.
   Text CategoryUnderMouse() const;
-  void Enable(bool enabled) {
-    if (IsOpen()) EnableWindow(Handle(), enabled);
-  }
   HWND Window() const { return Handle(); }
 
   /// The notes may have changed: the open window looks at them once, shortly.
@@ -110,7 +110,6 @@ class BManageDlg final : public Dialog {
   const Resources& resources_;
   ManageOwner& owner_;
   Options& options_;
-  NoteTexts& source_;
   ManageTexts texts_;
   ManageList list_;
   ManageTable table_;

@@ -69,6 +69,7 @@ bool BManageDlg::TranslateKey(const MSG& message) {
   if (!IsOpen() || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) return false;
   const bool inSearch = message.hwnd == Item(IDC_MANAGE_SEARCH);
   const bool inList = message.hwnd == Item(IDC_MANAGE_LIST);
+  const bool inText = preview_.IsText(message.hwnd);
   if (message.message == WM_CHAR) return inList && TypeIntoSearch(Item(IDC_MANAGE_SEARCH), message);
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4)
     return PostMessageW(Handle(), WM_CLOSE, 0, 0);
@@ -76,15 +77,20 @@ bool BManageDlg::TranslateKey(const MSG& message) {
   const bool ctrl = GetKeyState(VK_CONTROL) < 0;
   const bool shift = GetKeyState(VK_SHIFT) < 0;
   if (message.wParam == VK_ESCAPE && drag_.IsOn()) return ReleaseCapture() != FALSE;
+  // The text has all keys but those that lead out of it, which move the keyboard here.
+  if (inText && message.wParam == VK_ESCAPE) return SetFocus(Item(IDC_MANAGE_LIST)), true;
+  if (inText && message.wParam == VK_TAB && !ctrl)
+    return SetFocus(GetNextDlgTabItem(Handle(), message.hwnd, shift)), true;
   // The first empties the search, the next closes the window.
   if (message.wParam == VK_ESCAPE && inSearch && GetWindowTextLengthW(message.hwnd) > 0)
     return SetWindowTextW(message.hwnd, L""), true;
   for (const KeyRow& row : kKeys) {
     if (row.key != message.wParam || row.ctrl != ctrl || row.shift != shift) continue;
-    if (inSearch && !row.alsoInSearch) return false;
+    if ((inSearch || inText) && !row.alsoInSearch) break;
     row.run(*this);
     return true;
   }
+  if (inText) return preview_.TranslateKey(message);
   return inSearch && !ctrl && table_.Enter(message);
 }
 

@@ -1,12 +1,13 @@
 #include "manage/win/manage_preview.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/win/wide.h"
-#include "data/letter_marks.h"
-#include "data/rtf_text.h"
-#include "editor/win/editor_bounds.h"
 #include "looks/ink.h"
+#include "note/papers.h"
+#include "ui/areas.h"
+#include "ui/handle.h"
 #include "ui/window.h"
 
 namespace jotlets {
@@ -15,89 +16,164 @@ namespace {
 constexpr int kBarHeight = 32;  // pixels at 96 dots per inch, as below
 constexpr int kInset = 10;
 constexpr std::int32_t kBarShade = 6;  // percent
+constexpr UINT kSaveDelay = 700;       // milliseconds without a change
 
 Colour BarOf(Colour paper) { return Shaded(paper, kBarShade); }
 
 }  // namespace
 
-void ManagePreview::SetUp(HWND title, HWND words) {
+void ManagePreview::SetUp(HWND title) {
   title_ = title;
-  words_ = words;
   place_ = {};
-  shown_ = false;
+  id_.clear();
+  given_.clear();
+  shownTitle_.clear();
   font_ = BolderFont(title);
   SendMessageW(title_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+  text_.CreateIn(GetParent(title), EditLook());
+  text_.Show(false);
+  text_.SetUnsavedChanges(false);
+  const HWND text = text_.ContentWindow();
+  if (text == nullptr) return;
+  // Its name for who cannot see it is the title before it.
+  SetWindowLongPtrW(text, GWL_STYLE, GetWindowLongPtrW(text, GWL_STYLE) | WS_TABSTOP);
+  SetWindowPos(text, title, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+Colour ManagePreview::Paper() const {
+  const Theme& look = resources_.Look();
+  if (look.Now().contrast) return look.Colours().field;
+  return look.IsDark() ? DarkPaper(colour_) : colour_;
+}
+
+BEdit::Look ManagePreview::EditLook() const {
+  BEdit::Look look{Paper()};
+  if (resources_.Look().Now().contrast) look.ink = resources_.Look().Colours().text;
+  return look;
 }
 
 void ManagePreview::Place(const Rect& place) {
   place_ = place;
-  const bool seen = shown_ && IsPlaced();
-  for (const HWND control : {title_, words_}) ShowWindow(control, seen ? SW_SHOWNA : SW_HIDE);
+  const bool seen = !id_.empty() && IsPlaced();
+  ShowWindow(title_, seen ? SW_SHOWNA : SW_HIDE);
+  text_.Show(seen);
   if (!IsPlaced()) return;
-  const auto scaled = [dpi = static_cast<int>(GetDpiForWindow(words_))](int length) {
-    return MulDiv(length, dpi, USER_DEFAULT_SCREEN_DPI);
-  };
-  const int bar = scaled(kBarHeight);
+  const int bar = Scaled(kBarHeight);
   SetWindowPos(title_, nullptr, place.left, place.top, place.Width(), bar, SWP_NOZORDER | SWP_NOACTIVATE);
-  SetWindowPos(words_, nullptr, place.left, place.top + bar, place.Width(), std::max(place.Height() - bar, 0),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-  FitScrollBar();
+  text_.SetBounds({place.left, place.top + bar, place.right, std::max(place.bottom, place.top + bar)});
+  Inset();
 }
 
-void ManagePreview::Show(const ManageRow& row, Colour paper, const Text& words) {
-  if (row.type == ManageRow::Type::kStack) return Hide();
-  if (shown_ && paper_ == paper && shownTitle_ == row.title && shownWords_ == words) return;
-  shown_ = true;
-  paper_ = paper;
-  shownTitle_ = row.title;
-  shownWords_ = words;
-  paperBrush_.reset(CreateSolidBrush(ToCOLORREF(paper_)));
-  barBrush_.reset(CreateSolidBrush(ToCOLORREF(BarOf(paper_))));
-  // The static control has no inset of its own.
-  SetWindowTextW(title_, Wide(u"  " + row.title));
-  SetWindowTextW(words_, Wide(BoundsOfEditor().takesMarks ? words : WithoutMarks(words)));
-  Place(Rect(place_));
-  for (const HWND control : {title_, words_}) InvalidateRect(control, nullptr, TRUE);
+int ManagePreview::Scaled(int length) const {
+  return MulDiv(length, static_cast<int>(GetDpiForWindow(title_)), USER_DEFAULT_SCREEN_DPI);
 }
 
-// Keeps the text off the sides of what is left beside the scroll bar, which the system counts in when the bar
-// comes or goes.
-RECT ManagePreview::InsetText() const {
-  const int inset = MulDiv(kInset, static_cast<int>(GetDpiForWindow(words_)), USER_DEFAULT_SCREEN_DPI);
+// Keeps the text off the sides.
+void ManagePreview::Inset() const {
+  const int inset = Scaled(kInset);
   RECT inside{};
-  GetClientRect(words_, &inside);
+  GetClientRect(TextWindow(), &inside);
   InflateRect(&inside, -inset, -inset / 2);
-  SendMessageW(words_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
-  return inside;
+  SendMessageW(TextWindow(), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
 }
 
-// Only a text that goes on below has one.
-void ManagePreview::FitScrollBar() const {
-  ShowScrollBar(words_, SB_VERT, FALSE);
-  const RECT inside = InsetText();
-  const auto topOf = [this](WPARAM line) {
-    const auto first = static_cast<WPARAM>(SendMessageW(words_, EM_LINEINDEX, line, 0));
-    return static_cast<short>(HIWORD(SendMessageW(words_, EM_POSFROMCHAR, first, 0)));
-  };
-  const LRESULT lines = SendMessageW(words_, EM_GETLINECOUNT, 0, 0);
-  const bool goesOn = lines > 1 && lines * (topOf(1) - topOf(0)) > inside.bottom - inside.top;
-  if (!goesOn) return;
-  ShowScrollBar(words_, SB_VERT, TRUE);
-  InsetText();
+void ManagePreview::Show(const ManageRow& row) {
+  if (row.id != id_) Save();
+  const bool isText = row.type == ManageRow::Type::kText && text_.ContentWindow() != nullptr;
+  std::optional<PreviewedText> shown = isText ? source_.TextOf(row.id) : std::nullopt;
+  if (!shown) return Hide();
+  const bool other = row.id != id_;
+  const bool repaper = other || colour_ != row.colour;
+  colour_ = row.colour;
+  if (repaper) FollowLook();
+  if (other || shownTitle_ != row.title) {
+    shownTitle_ = row.title;
+    SetWindowTextW(title_, Wide(row.title));
+    InvalidateRect(title_, nullptr, FALSE);
+  }
+  text_.SetReadOnly(shown->fixed);
+  // What is being typed goes before what somebody else has made of it meanwhile.
+  if (other || (given_ != shown->content && !text_.HasUnsavedChanges())) Load(std::move(shown->content));
+  id_ = row.id;
+  if (other) Place(Rect(place_));
+}
+
+void ManagePreview::Load(std::string content) {
+  text_.Load(content);
+  text_.SetUnsavedChanges(false);
+  given_ = std::move(content);
+}
+
+void ManagePreview::Save() {
+  if (id_.empty() || !text_.HasUnsavedChanges()) return;
+  const HWND window = GetParent(title_);
+  KillTimer(window, kSaveTimer);
+  const ContentBytes made = text_.BytesToSave();
+  text_.SetUnsavedChanges(false);
+  if (made.bytes && source_.ChangeText(id_, *made.bytes)) {
+    // An editor of its own may tell it in other words.
+    if (std::optional<PreviewedText> shown = source_.TextOf(id_)) given_ = std::move(shown->content);
+    return;
+  }
+  text_.PutOnClipboard(window, true, {});
+  PostMessageW(window, kUnsavedMessage, 0, 0);
 }
 
 void ManagePreview::Hide() {
-  shown_ = false;
+  Save();
+  id_.clear();
   Place(Rect(place_));
 }
 
-HBRUSH ManagePreview::Colours(HDC dc, HWND control) const {
-  if (control == nullptr || (control != title_ && control != words_)) return nullptr;
-  const bool title = control == title_;
-  const Colour paper = title ? BarOf(paper_) : paper_;
-  SetTextColor(dc, ToCOLORREF(title ? TitleInk(paper) : InkOn(paper)));
-  SetBkColor(dc, ToCOLORREF(paper));
-  return (title ? barBrush_ : paperBrush_).get();
+void ManagePreview::FollowLook() {
+  text_.SetLook(EditLook());
+  InvalidateRect(title_, nullptr, TRUE);
+}
+
+bool ManagePreview::OnCommand(UINT control, UINT notification) {
+  if (control != BEdit::kControlId) return false;
+  if (notification == EN_CHANGE) {
+    text_.SetUnsavedChanges(true);
+    SetTimer(GetParent(title_), kSaveTimer, kSaveDelay, nullptr);
+  }
+  if (notification == EN_KILLFOCUS) Save();
+  return true;
+}
+
+bool ManagePreview::TranslateKey(const MSG& message) {
+  BEdit* const edit = text_.Editor();
+  return edit != nullptr && source_.ServeKey(*edit, message);
+}
+
+void ManagePreview::ShowMenu(POINT at) {
+  BEdit* const edit = text_.Editor();
+  if (edit == nullptr) return;
+  if (at.x == -1 && at.y == -1) {  // by the keyboard
+    const CHARRANGE selection = edit->Selection();
+    POINTL caret{};
+    SendMessageW(TextWindow(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&caret), selection.cpMax);
+    at = {caret.x, caret.y};
+    ClientToScreen(TextWindow(), &at);
+  }
+  source_.ShowMenu(*edit, {at.x, at.y});
+}
+
+void ManagePreview::FollowLink() {
+  const BEdit* const edit = text_.Editor();
+  if (edit != nullptr) source_.OpenLink(GetParent(title_), Text(id_), Text(edit->FollowedLink()));
+}
+
+void ManagePreview::DrawTitle(const DRAWITEMSTRUCT& item) const {
+  const bool contrast = resources_.Look().Now().contrast.has_value();
+  const Colour bar = contrast ? Paper() : BarOf(Paper());
+  RECT area = item.rcItem;
+  FillArea(item.hDC, area, bar);
+  InflateRect(&area, -Scaled(kInset), 0);
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, ToCOLORREF(contrast ? resources_.Look().Colours().text : TitleInk(bar)));
+  const Selected font(item.hDC, font_.get());
+  DrawTextW(item.hDC, Wide(shownTitle_), -1, &area,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 }  // namespace jotlets

@@ -80,7 +80,11 @@ void BQuickFindDlg::PlaceWindow() {
 
 // As high as what there is to be shown.
 void BQuickFindDlg::Layout() {
-  const int rows = std::min(static_cast<int>(answer_.results.size()), kRowsShown);
+  RECT own{};
+  GetWindowRect(Handle(), &own);
+  const int rest = Scaled(kLabel + kField + kStatus + kMargin) + 3 * Scaled(4);
+  const int room = (WorkAreaOf(Handle()).bottom - static_cast<int>(own.top) - rest) / Scaled(kRow);
+  const int rows = std::min(static_cast<int>(answer_.results.size()), std::clamp(room, 1, kRowsShown));
   const int width = Scaled(kWidth);
   const int inner = width - 2 * Scaled(kMargin);
   int top = Scaled(kMargin) / 2;

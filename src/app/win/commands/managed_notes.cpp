@@ -209,13 +209,6 @@ std::size_t ManagedNotes::Restore(const std::vector<Text>& ids) {
   return jobs_.ForEach(ids, kWindows, [this](const std::vector<Text>& part) { return desk_.Restore(part); });
 }
 
-std::optional<JotletData> ManagedNotes::RecordOf(const Text& id) {
-  if (const JotletData* record = desk_.Lists().FindRecord(id)) return *record;
-  const std::optional<std::int64_t> key = store_.KeyOf(id);
-  const std::optional<StoredNote> note = key ? store_.Find(*key) : std::nullopt;
-  return note ? std::optional(note->record) : std::nullopt;
-}
-
 std::size_t ManagedNotes::CloseOpen(const std::vector<Text>& ids) {
   std::vector<Text> closed;
   const std::size_t left = jobs_.ForEach(ids, 1, [&](const std::vector<Text>& part) {
@@ -240,7 +233,7 @@ void ManagedNotes::CloseWaiting(ManageView view, const std::vector<Text>& ids) {
 std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
   std::vector<JotletData> notes;
   for (const Text& id : ids)
-    if (std::optional<JotletData> record = RecordOf(id)) notes.push_back(std::move(*record));
+    if (std::optional<JotletData> record = desk_.RecordOf(id)) notes.push_back(std::move(*record));
   if (notes.empty()) return ids.size();
   const bool pictures = std::ranges::all_of(notes, &JotletData::IsImage);
   // The first tells the kind, which a picture among texts could not.
@@ -268,7 +261,7 @@ std::size_t ManagedNotes::SaveCopies(const std::vector<Text>& ids) {
 }
 
 Text ManagedNotes::TitleOf(const Text& id) {
-  const std::optional<JotletData> record = RecordOf(id);
+  const std::optional<JotletData> record = desk_.RecordOf(id);
   return record ? contents_.TitleOf(*record) : Text();
 }
 

@@ -22,7 +22,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   ManagedNotes(const Resources& resources, const Clock& clock, Options& options, NoteDesk& desk,
                OpenNotes& notes, OpenStacks& stacks, SleepingNotes& sleeping, NoteContents& contents,
                NoteStore& store, StoredBrowser& browser, Files& files, ProgramSaving& saving,
-               const ProgramWindow& window, const ProgramState& state)
+               const ProgramWindow& window, const ProgramState& state, PreviewSource& shown)
       : resources_(resources),
         clock_(clock),
         options_(options),
@@ -36,7 +36,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
         saving_(saving),
         state_(state),
         stored_(resources, store, browser),
-        dialog_(resources, *this, *this, options),
+        dialog_(resources, *this, *this, shown, options),
         jobs_(resources, window, state, dialog_),
         moves_(resources, desk, store, steps_, jobs_) {}
 
@@ -94,7 +94,6 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::size_t CloseOpen(const std::vector<Text>& ids);
   void CloseWaiting(ManageView view, const std::vector<Text>& ids);
   std::size_t Restore(const std::vector<Text>& ids);
-  std::optional<JotletData> RecordOf(const Text& id);
   std::size_t SaveCopies(const std::vector<Text>& ids);
   std::size_t Undo(const UndoStep& step);
 
