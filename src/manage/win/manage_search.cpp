@@ -17,6 +17,20 @@ constexpr int kReadAtOnce = 8;
 
 Text NumberText(std::size_t value) { return IntText(static_cast<std::int64_t>(value)); }
 
+// On one line of a control.
+bool Fits(HWND control, const Text& words) {
+  const HDC dc = GetDC(control);
+  SIZE size{};
+  {
+    const Selected font(dc, FontOf(control));
+    GetTextExtentPoint32W(dc, Wide(words), static_cast<int>(words.size()), &size);
+  }
+  ReleaseDC(control, dc);
+  RECT area{};
+  GetClientRect(control, &area);
+  return size.cx <= area.right;
+}
+
 }  // namespace
 
 void BManageDlg::Search() {
@@ -111,8 +125,11 @@ void BManageDlg::ShowDrag() {
 void BManageDlg::ShowStatus(std::size_t selected) {
   Text status = ReplaceAll(ReplaceAll(resources_.String(IDS_MANAGE_COUNT), u"%n", NumberText(list_.Size())),
                            u"%m", NumberText(list_.Total()));
-  if (selected > 0)
-    status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", NumberText(selected));
+  const Text chosen =
+      selected > 0 ? u", " + ReplaceAll(resources_.String(IDS_MANAGE_SELECTED), u"%n", NumberText(selected))
+                   : Text();
+  // In a narrow window the rows show that themselves.
+  if (Fits(Item(IDC_MANAGE_STATUS), status + chosen)) status += chosen;
   const std::size_t all = owner_.CountStored(views_.Chosen()).value_or(0);
   if (!list_.IsByPlace() && all > list_.Total())
     status += u", " + ReplaceAll(resources_.String(IDS_MANAGE_NEWEST), u"%n", NumberText(all));
