@@ -199,8 +199,17 @@ bool NoteStore::RenameCategory(TextView from, TextView to) {
   update.Bind(to).Bind(from);
   EndChange();
   const bool renamed = Change(update);
+  if (renamed) MoveCategoryLook(database_, from, to);
   if (!renamed) Tell(u"could not rename a category: " + database_.Fault());
   return renamed;
+}
+
+bool NoteStore::SetCategoryLook(TextView category, const CategoryLook& look) {
+  EndChange();
+  const bool written = IsOpen() && WriteCategoryLook(database_, category, look);
+  if (written) ++version_;
+  if (!written) Tell(u"could not mark a category: " + database_.Fault());
+  return written;
 }
 
 bool NoteStore::SetCategory(std::int64_t key, TextView category) {

@@ -10,6 +10,7 @@
 
 #include "base/files.h"
 #include "base/log.h"
+#include "store/category_looks.h"
 #include "store/stored_rows.h"
 
 namespace jotlets {
@@ -79,6 +80,10 @@ class NoteStore {
   bool SetRecord(std::int64_t key, const JotletData& record);
   /// Its notes go to the category `to`, which may be there already; false when nothing was changed.
   bool RenameCategory(TextView from, TextView to);
+  /// How categories are marked; those that are not there any more among them.
+  std::map<Text, CategoryLook> CategoryLooks() { return ReadCategoryLooks(database_); }
+  /// Marks a category; false when that could not be written.
+  bool SetCategoryLook(TextView category, const CategoryLook& look);
   /// A number that is another one after each change.
   std::uint64_t Version() const { return version_; }
 

@@ -89,6 +89,47 @@ TEST_F(StoreTest, KeepsNotesWholeByCategory) {
   EXPECT_GT(store.Put(Note(u"E5"), u"").value_or(0), *next);
 }
 
+TEST_F(StoreTest, CategoriesAreMarkedAndMarksGoWithTheirNames) {
+  EXPECT_FALSE(store.SetCategoryLook(u"work", {{}, 1})) << "there is no store yet";
+  ASSERT_TRUE(store.Put(Note(u"A"), u"work") && store.Put(Note(u"B"), u"home"));
+  EXPECT_TRUE(store.CategoryLooks().empty());
+  store.MoveChanges();
+  const CategoryLook blue{Colour{1, 2, 255}, 3};
+  const CategoryLook star{{}, 1};
+  const std::uint64_t version = store.Version();
+  EXPECT_TRUE(store.SetCategoryLook(u"work", star) && store.SetCategoryLook(u"work", blue));
+  EXPECT_NE(store.Version(), version) << "lists show it";
+  EXPECT_TRUE(store.MoveChanges().empty()) << "no note has changed";
+  EXPECT_EQ(Reopen(), StoreState::kOpen);
+  using Looks = std::map<Text, CategoryLook>;
+  EXPECT_EQ(store.CategoryLooks(), (Looks{{u"work", blue}}));
+  EXPECT_TRUE(store.RenameCategory(u"work", u"office"));
+  EXPECT_EQ(store.CategoryLooks(), (Looks{{u"office", blue}}));
+  EXPECT_TRUE(store.SetCategoryLook(u"home", star) && store.RenameCategory(u"office", u"home"));
+  EXPECT_EQ(store.CategoryLooks(), (Looks{{u"home", star}})) << "one that takes others in stays as it is";
+  EXPECT_TRUE(store.SetCategoryLook(u"home", {}));
+  EXPECT_TRUE(store.CategoryLooks().empty());
+
+  store.Close();
+  {
+    Database bent;
+    ASSERT_EQ(bent.Open(folder_ + Text(kStoreFileName), false), DatabaseResult::kDone);
+    bent.Run("INSERT INTO categories VALUES ('far', 99999999, -4), ('text', 'red', 'star')");
+  }
+  EXPECT_EQ(Reopen(), StoreState::kOpen);
+  EXPECT_EQ(store.CategoryLooks(), (Looks{{u"far", {}}, {u"text", {Colour{}, 0}}}));
+  store.Close();
+  {
+    Database bent;
+    ASSERT_EQ(bent.Open(folder_ + Text(kStoreFileName), false), DatabaseResult::kDone);
+    bent.Run("DROP TABLE categories; CREATE VIEW categories AS SELECT text AS name FROM jotlets");
+  }
+  EXPECT_EQ(Reopen(), StoreState::kOpen);
+  EXPECT_TRUE(store.CategoryLooks().empty());
+  EXPECT_FALSE(store.SetCategoryLook(u"home", star));
+  EXPECT_EQ(store.KeysOf(u"home").size(), 2u);
+}
+
 TEST_F(StoreTest, ARecordThatIsBentKeepsItsContent) {
   const auto key = store.Put(Note(u"Ab1"), u"a");
   ASSERT_TRUE(key);

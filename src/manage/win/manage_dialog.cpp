@@ -282,7 +282,7 @@ HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
 
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.CtlID == IDC_MANAGE_PREVIEW_TITLE) preview_.DrawTitle(item);
-  if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item, Look().Colours());
+  if (item.CtlID == IDC_MANAGE_VIEWS) views_.Draw(item, Look());
 }
 
 std::optional<LRESULT> BManageDlg::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,5 +1,6 @@
 // The keys, the mouse and the menu of the manage window.
 #include "base/win/wide.h"
+#include "manage/win/category_menu.h"
 #include "manage/win/manage_dialog.h"
 #include "res/resource.h"
 #include "ui/drawn_menu.h"
@@ -127,10 +128,12 @@ void BManageDlg::OnViewsMenu(POINT at) {
   if (!views_.ChooseAt(at)) return;
   ShowPlace();
   if (!views_.Chosen().category) return;
-  const UniqueMenu menu(CreatePopupMenu());
-  AppendMenuW(menu.get(), MF_ENABLED, 1, Wide(resources_.String(IDS_RENAME_CATEGORY) + u"\tF2"));
-  SetLastMenuIcon(menu.get(), Icon::kPencil);
-  if (ChooseFromMenu(Look(), menu.get(), {at.x, at.y}, Handle()) == 1 && IsOpen()) RenameCategory();
+  const Text category = *views_.Chosen().category;
+  const CategoryChoice choice = ChooseForCategory(resources_, Handle(), {at.x, at.y}, views_.ChosenLook());
+  if (choice.look) owner_.SetCategoryLook(category, *choice.look);
+  if (!IsOpen()) return;
+  if (choice.look) Refresh();
+  if (choice.rename) RenameCategory();
 }
 
 void BManageDlg::OnContextMenu(POINT at) {

@@ -18,6 +18,7 @@ namespace jotlets {
 struct ManageCategory {
   Text name;
   std::optional<std::size_t> notes;
+  CategoryLook look;
 };
 
 class ManageOwner {
@@ -45,6 +46,8 @@ class ManageOwner {
   /// Asks for another name of a category. One that is there already takes in its notes. The new name, when it
   /// has got one.
   virtual std::optional<Text> RenameCategory(const Text& name) = 0;
+  /// Marks a category with a colour and a sign.
+  virtual void SetCategoryLook(const Text& name, const CategoryLook& look) = 0;
   /// Asks where the notes are that hold the words; for none, ends that. `BManageDlg::ShowSurvey` gets each
   /// answer, and false says that none comes.
   virtual bool AskSurvey(SurveyQuestion question) = 0;

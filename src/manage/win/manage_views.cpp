@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/win/wide.h"
+#include "manage/win/category_menu.h"
 #include "res/resource.h"
 #include "ui/view_row.h"
 #include "ui/window.h"
@@ -39,8 +40,9 @@ void ManageViews::SetUp(HWND control) {
 void ManageViews::Follow(const Resources& resources, ManageOwner& owner) {
   const auto counts = owner.CountManaged();
   std::vector<ManageViews::Row> rows;
-  const auto add = [&](const ManagePlace& place, Text name, std::optional<std::size_t> notes) {
-    rows.push_back({place, std::move(name), hits_ ? HitsIn(place) : notes});
+  const auto add = [&](const ManagePlace& place, Text name, std::optional<std::size_t> notes,
+                       const CategoryLook& look = {}) {
+    rows.push_back({place, std::move(name), hits_ ? HitsIn(place) : notes, look});
   };
   for (std::size_t i = 0; i < kManageViews; ++i) {
     const auto view = static_cast<ManageView>(i);
@@ -48,7 +50,8 @@ void ManageViews::Follow(const Resources& resources, ManageOwner& owner) {
     if (view != ManageView::kStored) continue;
     for (const ManageCategory& category : owner.Categories())
       add({view, category.name},
-          category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name), category.notes);
+          category.name.empty() ? resources.String(IDS_NO_CATEGORY) : OneLine(category.name), category.notes,
+          category.look);
   }
   ShowRows(std::move(rows));
 }
@@ -145,6 +148,11 @@ Text ManageViews::NameOf(const ManagePlace& place) const {
   return row == rows_.end() ? Text() : row->name;
 }
 
+CategoryLook ManageViews::ChosenLook() const {
+  const auto row = std::ranges::find(rows_, chosen_, &Row::place);
+  return row == rows_.end() ? CategoryLook() : row->look;
+}
+
 void ManageViews::Step(int step) {
   const int count = static_cast<int>(rows_.size());
   if (count == 0) return;
@@ -152,13 +160,15 @@ void ManageViews::Step(int step) {
   FollowControl();
 }
 
-void ManageViews::Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const {
+void ManageViews::Draw(const DRAWITEMSTRUCT& item, const Theme& theme) const {
   if (item.itemID >= rows_.size()) return;
   const Row& row = rows_[item.itemID];
-  const Icon icon = row.place.category ? Icon::kTag : kIcons[static_cast<std::size_t>(row.place.view)];
+  const Icon icon = row.place.category ? SignOf(row.look) : kIcons[static_cast<std::size_t>(row.place.view)];
   DRAWITEMSTRUCT shown = item;
   if (row.place == target_) shown.itemState = ODS_SELECTED | ODS_FOCUS;
-  RECT area = DrawViewRow(shown, icon, colours, row.place.category ? kInset : 0);
+  // High contrast goes before all colours.
+  const std::optional<Colour> mark = theme.Now().contrast ? std::nullopt : row.look.colour;
+  RECT area = DrawViewRow(shown, icon, theme.Colours(), row.place.category ? kInset : 0, mark);
   const Text count = CountText(row);
   DrawTextW(item.hDC, Wide(count), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_RIGHT | DT_NOPREFIX);
   SIZE size{};

@@ -19,6 +19,7 @@ class ManageViews {
     ManagePlace place;
     Text name;
     std::optional<std::size_t> notes;
+    CategoryLook look = {};
     friend bool operator==(const Row&, const Row&) = default;
   };
 
@@ -44,8 +45,10 @@ class ManageViews {
   /// Shows that what is dragged can be let go here; nothing ends that.
   void ShowTarget(std::optional<ManagePlace> target);
   Text NameOf(const ManagePlace& place) const;
+  /// How the category that is chosen is marked.
+  CategoryLook ChosenLook() const;
   void Step(int step);
-  void Draw(const DRAWITEMSTRUCT& item, const WindowColours& colours) const;
+  void Draw(const DRAWITEMSTRUCT& item, const Theme& theme) const;
 
  private:
   int Scaled(int length) const;

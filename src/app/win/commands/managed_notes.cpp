@@ -99,6 +99,10 @@ std::optional<Text> ManagedNotes::RenameCategory(const Text& name) {
   return std::nullopt;
 }
 
+void ManagedNotes::SetCategoryLook(const Text& name, const CategoryLook& look) {
+  if (!store_.SetCategoryLook(name, look)) Tell(dialog_.Window(), resources_, IDS_NOT_MARKED, name);
+}
+
 Text ManagedNotes::ManagedTime(std::int32_t utc) {
   return ShownTime(utc == 0 ? clock_.Now().local : clock_.ToLocal(utc));
 }

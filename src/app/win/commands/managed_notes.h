@@ -51,6 +51,7 @@ class ManagedNotes final : public ManageOwner, public NoteTexts {
   std::vector<ManageCategory> Categories() override { return stored_.Categories(); }
   std::optional<std::size_t> CountStored(const ManagePlace& place) override;
   std::optional<Text> RenameCategory(const Text& name) override;
+  void SetCategoryLook(const Text& name, const CategoryLook& look) override;
   bool AskSurvey(SurveyQuestion question) override;
   std::optional<UndoKind> LastManaged() const override { return steps_.LastKind(); }
   Text StoreFault() const override { return store_.Fault(); }

@@ -85,6 +85,9 @@ std::vector<ManageCategory> ManagedStore::Categories() {
       for (StoredCategory& category : store_.Categories())
         categories_.push_back({std::move(category.name), category.notes});
     }
+    const std::map<Text, CategoryLook> looks = store_.CategoryLooks();
+    for (ManageCategory& category : categories_)
+      if (const auto look = looks.find(category.name); look != looks.end()) category.look = look->second;
   }
   if (!many_) return categories_;
   // Counting very many takes a while: who browses them does that, too.
