@@ -167,6 +167,7 @@
 #define IDC_MANAGE_STATUS 1504
 #define IDC_MANAGE_PREVIEW_TITLE 1505
 #define IDC_MANAGE_EMPTY 1507
+#define IDC_MANAGE_EVERYWHERE 1508
 // One for each action, in the order of `ManageAction`.
 #define IDC_MANAGE_ACTION 1510
 

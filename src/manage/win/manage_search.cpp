@@ -140,6 +140,7 @@ void BManageDlg::ShowStatus(std::size_t selected) {
   // Why there is nothing to be seen, and where there is.
   const HWND words = Item(IDC_MANAGE_EMPTY);
   const bool isEmpty = list_.Size() == 0 && !list_.IsSearching() && !sorts;
+  bool isElsewhere = false;
   if (isEmpty) {
     const bool searches = !TrimBlanks(ItemText(IDC_MANAGE_SEARCH)).empty();
     Text text =
@@ -147,11 +148,16 @@ void BManageDlg::ShowStatus(std::size_t selected) {
     const Text fault = View() == ManageView::kStored ? owner_.StoreFault() : Text();
     if (!fault.empty()) text = ReplaceAll(resources_.String(IDS_MANAGE_STORE_FAULT), u"%s", fault);
     const Text elsewhere = searches ? views_.Elsewhere() : Text();
+    isElsewhere = !elsewhere.empty() && fault.empty();
     if (!elsewhere.empty())
       text += u"\n" + ReplaceAll(resources_.String(IDS_MANAGE_ELSEWHERE), u"%s", elsewhere);
     if (ItemText(IDC_MANAGE_EMPTY) != text) SetWindowTextW(words, Wide(text));
   }
-  if ((IsWindowVisible(words) != FALSE) != isEmpty) ShowWindow(words, isEmpty ? SW_SHOWNA : SW_HIDE);
+  const auto show = [](HWND control, bool shown) {
+    if ((IsWindowVisible(control) != FALSE) != shown) ShowWindow(control, shown ? SW_SHOWNA : SW_HIDE);
+  };
+  show(words, isEmpty);
+  show(Item(IDC_MANAGE_EVERYWHERE), isElsewhere);
 }
 
 }  // namespace jotlets
