@@ -53,6 +53,8 @@ LRESULT SkinnedWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam != kHoverTimer) break;
       UpdateView();
+      // Buttons that came under a mouse that rests are lit as well.
+      if (mouse_.tracked && drag_ == Drag::kIdle) OnMouseMove(ToClient(MousePosition()));
       return 0;
     default: break;
   }
