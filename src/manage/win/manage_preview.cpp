@@ -17,6 +17,8 @@ constexpr int kBarHeight = 32;  // pixels at 96 dots per inch, as below
 constexpr int kInset = 10;
 constexpr std::int32_t kBarShade = 6;  // percent
 constexpr UINT kSaveDelay = 700;       // milliseconds without a change
+// Bytes of a text; more would hold up who goes through the list.
+constexpr std::size_t kLargestShown = 256 * 1024;
 
 Colour BarOf(Colour paper) { return Shaded(paper, kBarShade); }
 
@@ -91,15 +93,18 @@ void ManagePreview::Show(const ManageRow& row) {
     SetWindowTextW(title_, Wide(row.title));
     InvalidateRect(title_, nullptr, FALSE);
   }
-  text_.SetReadOnly(shown->fixed);
+  const bool fixed = shown->fixed;
   // What is being typed goes before what somebody else has made of it meanwhile.
   if (other || (given_ != shown->content && !text_.HasUnsavedChanges())) Load(std::move(shown->content));
+  text_.SetReadOnly(fixed || !whole_);
   id_ = row.id;
   if (other) Place(Rect(place_));
 }
 
 void ManagePreview::Load(std::string content) {
-  text_.Load(content);
+  // What is shown in part must not be saved in the place of all.
+  whole_ = content.size() <= kLargestShown && text_.Load(content).empty();
+  if (content.size() > kLargestShown) text_.LoadWords(content, BeginningNotice());
   text_.SetUnsavedChanges(false);
   given_ = std::move(content);
 }

@@ -105,6 +105,7 @@ class ManagePreview final : private ContentWatcher {
   Colour colour_;
   Text id_;            // of the note that is shown; empty for none
   std::string given_;  // as the source last gave it
+  bool whole_ = true;  // the text holds all of that
   Text shownTitle_;
   UniqueFont font_;
 };
