@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "app/win/system_facts.h"
 #include "base/win/ansi_code_page.h"
@@ -67,6 +68,15 @@ class ManageTest : public WindowTest {
   static bool ClickTitle() {
     const Rect bounds = BoundsOf(Find());
     return ClickUntil([] { return GetForegroundWindow() == Find(); }, {bounds.left + 200, bounds.top + 12});
+  }
+  // By the keyboard, into the text of the note that is selected, once it is shown.
+  static bool GoIntoText(TextView shown) {
+    if (!WaitUntil([&] { return ShownText(Find()) == shown; })) return false;
+    for (int i = 0; i < 20 && !TypesInto(Find()); ++i) {
+      PressKeys({VK_TAB});
+      WaitUntil([&] { return TypesInto(Find()); }, 200);
+    }
+    return TypesInto(Find());
   }
   std::vector<Text> Listed(TextView list) {
     std::vector<Text> ids = WindowTest::List(list);
@@ -182,16 +192,8 @@ TEST_F(ManageTest, ATextIsChangedInThePreviewOfAnOpenNoteAndOfAClosedOne) {
   ASSERT_TRUE(ClickIntoText(NoteTitled(u"Desk")));
   TypeText(u"milk");
   ASSERT_TRUE(OpenByKey());
-  const auto goIntoText = [](TextView shown) {
-    PressKeys({VK_RETURN});
-    if (!WaitUntil([&] { return ShownText(Find()) == shown; })) return false;
-    for (int i = 0; i < 20 && !TypesInto(Find()); ++i) {
-      PressKeys({VK_TAB});
-      WaitUntil([&] { return TypesInto(Find()); }, 200);
-    }
-    return TypesInto(Find());
-  };
-  ASSERT_TRUE(goIntoText(u"AA01milk"));
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(GoIntoText(u"AA01milk"));
   // Its keys are those of a text: what is selected goes, not the note.
   PressKeys({VK_CONTROL, 'A'});
   PressKeys({VK_DELETE});
@@ -204,11 +206,56 @@ TEST_F(ManageTest, ATextIsChangedInThePreviewOfAnOpenNoteAndOfAClosedOne) {
   EXPECT_EQ(Listed(u"desktop"), Ids{u"AA01"});
 
   GoToView(ManageView::kClosed);
-  ASSERT_TRUE(goIntoText(u"about CC01"));
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(GoIntoText(u"about CC01"));
   TypeText(u"all ");
   EXPECT_TRUE(WaitUntil([] { return ShownText(Find()) == u"all about CC01"; }));
   EXPECT_EQ(Close(), 0u);
   EXPECT_NE(Read(folder_ + u"rtf\\CC01.rtf").find("all about CC01"), std::string::npos) << "saved at the end";
+}
+
+TEST_F(ManageTest, WhatIsTypedInThePreviewStaysWithItsNote) {
+  JotletData asleep = NoteRecord(u"AA03", {640, 300}, u"Gone");
+  asleep.sleep.asleep = true;
+  asleep.sleep.nextWake = 2100000000;
+  WriteNotes({NoteRecord(u"AA01", {900, 600}, u"Alpha"), NoteRecord(u"AA02", {900, 400}, u"Beta"), asleep},
+             {}, u"TakeBackups=0\nManageWindow=40,60,1000,500");
+  std::filesystem::rename(std::filesystem::path(folder_ + u"rtf\\AA03.rtf"),
+                          std::filesystem::path(folder_ + u"away.rtf"));
+  ASSERT_TRUE(StartProgram());
+  ASSERT_TRUE(ClickIntoText(NoteTitled(u"Beta")));
+  ASSERT_TRUE(OpenByKey());
+  TypeText(u"aa0");
+  EXPECT_TRUE(Shows(u"2 of 2")) << ToUtf8(Status());
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(GoIntoText(u"AA01"));
+  PressKeys({VK_CONTROL, 'A'});
+  TypeText(u"bread");
+  EXPECT_TRUE(WaitUntil([this] { return Reply(u"get desktop AA01 text") == u"001 bread"; }));
+  PressKeys({VK_F5});
+  EXPECT_TRUE(Shows(u"1 of 2, 1 selected")) << ToUtf8(Status()) << ": its row has gone";
+  EXPECT_FALSE(WaitUntil([] { return ShownText(Find()) != u"bread"; }, 600))
+      << "not while it has the keyboard";
+  TypeText(u" and salt");
+  EXPECT_TRUE(WaitUntil([this] { return Reply(u"get desktop AA01 text") == u"001 bread and salt"; }));
+  EXPECT_EQ(Reply(u"get desktop AA02 text"), u"001 AA02");
+  PressKeys({VK_ESCAPE});
+  ASSERT_TRUE(GoIntoText(u"AA02")) << "the row that is selected now";
+
+  // A text that cannot be had now may be there in a moment.
+  PressKeys({VK_ESCAPE});
+  PressKeys({VK_CONTROL, 'F'});
+  PressKeys({VK_ESCAPE});
+  GoToView(ManageView::kSleeping);
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(GoIntoText(u""));
+  std::filesystem::rename(std::filesystem::path(folder_ + u"away.rtf"),
+                          std::filesystem::path(folder_ + u"rtf\\AA03.rtf"));
+  const std::string before = Read(folder_ + u"rtf\\AA03.rtf");
+  TypeText(u"z");
+  EXPECT_FALSE(WaitUntil([] { return ShownText(Find()) == u"z"; }, 600));
+  EXPECT_EQ(Close(), 0u);
+  EXPECT_EQ(Read(folder_ + u"rtf\\AA03.rtf"), before);
 }
 
 TEST_F(ManageTest, NotesAreDraggedToCategoriesToTheDesktopAndFromThere) {

@@ -15,8 +15,8 @@ constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearchedFile);
 
 }  // namespace
 
-std::string NoteContents::BytesOf(const JotletData& record) const {
-  return files_.Read(desk_.Folder() + ContentPath(record)).bytes;
+FileContent NoteContents::ReadFile(const JotletData& record) const {
+  return files_.Read(desk_.Folder() + ContentPath(record));
 }
 
 std::string NoteContents::ObjectsOf(const JotletData& record) const {

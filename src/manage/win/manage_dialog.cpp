@@ -204,7 +204,11 @@ void BManageDlg::ActByDefault() {
 }
 
 bool BManageDlg::OnCommand(UINT control, UINT notification) {
-  if (preview_.OnCommand(control, notification)) return true;
+  if (preview_.OnCommand(control, notification)) {
+    // What is selected now may be another note.
+    if (notification == EN_KILLFOCUS) SetTimer(Handle(), kPreviewTimer, USER_TIMER_MINIMUM, nullptr);
+    return true;
+  }
   if (control == IDOK) ActByDefault();
   if (control == IDCANCEL) CloseWindow();
   if (control == IDC_MANAGE_SEARCH && notification == EN_CHANGE) Search();
@@ -295,7 +299,7 @@ void BManageDlg::OnWindowTimer(UINT_PTR timer) {
 
 void BManageDlg::OnWindowEnd() {
   drag_.End();
-  preview_.Hide();
+  preview_.End();
   StoreSettings();
   owner_.OnManageSettings();
   refreshComes_ = false;

@@ -48,8 +48,13 @@ const BManageDlg::KeyRow BManageDlg::kKeys[] = {
     {VK_F2, false, false, true, [](BManageDlg& w) { w.RenameCategory(); }},
     {VK_F5, false, false, true,
      [](BManageDlg& w) {
-       w.texts_.Clear();
-       w.list_.SetNotes({});
+       // What is selected is asked for while the rows are there.
+       w.ChangeList([&w] {
+         w.texts_.Clear();
+         w.list_.SetNotes({});
+         w.owner_.FillManageList(w.views_.Chosen(), w.list_);
+         return true;
+       });
        w.Refresh();
      }},
     {'A', true, false, false, [](BManageDlg& w) { w.table_.SelectAll(); }},

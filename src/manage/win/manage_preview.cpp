@@ -17,6 +17,7 @@ constexpr int kBarHeight = 32;  // pixels at 96 dots per inch, as below
 constexpr int kInset = 10;
 constexpr std::int32_t kBarShade = 6;  // percent
 constexpr UINT kSaveDelay = 700;       // milliseconds without a change
+constexpr UINT kRetryDelay = 3000;
 // Bytes of a text; more would hold up who goes through the list.
 constexpr std::size_t kLargestShown = 256 * 1024;
 
@@ -80,7 +81,8 @@ void ManagePreview::Inset() const {
 }
 
 void ManagePreview::Show(const ManageRow& row) {
-  if (row.id != id_) Save();
+  if (row.id != id_ && HasKeyboard()) return;
+  if (row.id != id_) Save(true);
   const bool isText = row.type == ManageRow::Type::kText && text_.ContentWindow() != nullptr;
   std::optional<PreviewedText> shown = isText ? source_.TextOf(row.id) : std::nullopt;
   if (!shown) return Hide();
@@ -93,41 +95,61 @@ void ManagePreview::Show(const ManageRow& row) {
     SetWindowTextW(title_, Wide(row.title));
     InvalidateRect(title_, nullptr, FALSE);
   }
-  const bool fixed = shown->fixed;
-  // What is being typed goes before what somebody else has made of it meanwhile.
-  if (other || (given_ != shown->content && !text_.HasUnsavedChanges())) Load(std::move(shown->content));
-  text_.SetReadOnly(fixed || !whole_);
   id_ = row.id;
+  // What is being typed goes before what somebody else has made of it meanwhile.
+  if (other || !text_.HasUnsavedChanges()) Load(*std::move(shown), other);
   if (other) Place(Rect(place_));
 }
 
-void ManagePreview::Load(std::string content) {
-  // What is shown in part must not be saved in the place of all.
-  whole_ = content.size() <= kLargestShown && text_.Load(content).empty();
-  if (content.size() > kLargestShown) text_.LoadWords(content, BeginningNotice());
+void ManagePreview::Load(PreviewedText shown, bool other) {
+  if (other || shown.content != given_) {
+    // What is shown in part must not be saved in the place of all.
+    const bool tooLarge = shown.content.size() > kLargestShown;
+    whole_ = !tooLarge && text_.Load(shown.content).empty();
+    if (tooLarge) text_.LoadWords(shown.content, BeginningNotice());
+    given_ = std::move(shown.content);
+  }
+  text_.SetReadOnly(shown.fixed || !whole_);
   text_.SetUnsavedChanges(false);
-  given_ = std::move(content);
+  failed_ = false;
 }
 
-void ManagePreview::Save() {
+// Somebody may have typed into the note itself until just now.
+void ManagePreview::ReadAgain() {
+  if (id_.empty() || text_.HasUnsavedChanges()) return;
+  if (std::optional<PreviewedText> shown = source_.TextOf(id_)) Load(*std::move(shown), false);
+}
+
+void ManagePreview::Save(bool last) {
   if (id_.empty() || !text_.HasUnsavedChanges()) return;
   const HWND window = GetParent(title_);
   KillTimer(window, kSaveTimer);
   const ContentBytes made = text_.BytesToSave();
-  text_.SetUnsavedChanges(false);
   if (made.bytes && source_.ChangeText(id_, *made.bytes)) {
+    text_.SetUnsavedChanges(false);
+    failed_ = false;
     // An editor of its own may tell it in other words.
     if (std::optional<PreviewedText> shown = source_.TextOf(id_)) given_ = std::move(shown->content);
     return;
   }
-  text_.PutOnClipboard(window, true, {});
-  PostMessageW(window, kUnsavedMessage, 0, 0);
+  if (last || !failed_) {
+    text_.PutOnClipboard(window, true, {});
+    PostMessageW(window, kUnsavedMessage, 0, 0);
+  }
+  failed_ = true;
+  if (last) text_.SetUnsavedChanges(false);
+  if (!last) SetTimer(window, kSaveTimer, kRetryDelay, nullptr);
 }
 
 void ManagePreview::Hide() {
-  Save();
-  id_.clear();
+  if (HasKeyboard()) return;
+  End();
   Place(Rect(place_));
+}
+
+void ManagePreview::End() {
+  Save(true);
+  id_.clear();
 }
 
 void ManagePreview::FollowLook() {
@@ -141,6 +163,7 @@ bool ManagePreview::OnCommand(UINT control, UINT notification) {
     text_.SetUnsavedChanges(true);
     SetTimer(GetParent(title_), kSaveTimer, kSaveDelay, nullptr);
   }
+  if (notification == EN_SETFOCUS) ReadAgain();
   if (notification == EN_KILLFOCUS) Save();
   return true;
 }

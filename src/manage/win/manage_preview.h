@@ -18,7 +18,7 @@ namespace jotlets {
 
 struct PreviewedText {
   std::string content;  // of its file, or of its editor if it is open
-  bool fixed = false;   // its note is locked
+  bool fixed = false;   // its note is locked, or not all of it can be had
 };
 
 /// Where the preview has its texts from, and who takes them back.
@@ -58,11 +58,14 @@ class ManagePreview final : private ContentWatcher {
   bool IsPlaced() const { return place_.Width() > 0; }
 
   /// Shows a note. One that is shown already stays as it is, scrolled or selected; a stack has no words, and
-  /// neither has a picture.
+  /// neither has a picture. As long as the text has the keyboard its note stays, whatever becomes of the row:
+  /// what is typed goes on in it.
   void Show(const ManageRow& row);
   void Hide();
   /// Gives what was changed to its note. By itself when another is shown or the keyboard leaves the text.
-  void Save();
+  void Save() { Save(false); }
+  /// The window goes.
+  void End();
   /// The look of the program has changed.
   void FollowLook();
 
@@ -93,7 +96,10 @@ class ManagePreview final : private ContentWatcher {
   HWND TextWindow() const { return text_.ContentWindow(); }
   Colour Paper() const;
   BEdit::Look EditLook() const;
-  void Load(std::string content);
+  bool HasKeyboard() const { return title_ != nullptr && GetFocus() == TextWindow(); }
+  void Load(PreviewedText shown, bool other);
+  void ReadAgain();
+  void Save(bool last);
   int Scaled(int length) const;
   void Inset() const;
 
@@ -103,9 +109,10 @@ class ManagePreview final : private ContentWatcher {
   HWND title_ = nullptr;
   Rect place_;
   Colour colour_;
-  Text id_;            // of the note that is shown; empty for none
-  std::string given_;  // as the source last gave it
-  bool whole_ = true;  // the text holds all of that
+  Text id_;              // of the note that is shown; empty for none
+  std::string given_;    // as the source last gave it
+  bool whole_ = true;    // the text holds all of that
+  bool failed_ = false;  // to be saved, which the user knows
   Text shownTitle_;
   UniqueFont font_;
 };

@@ -28,10 +28,15 @@ std::optional<PreviewedText> PreviewedNotes::TextOf(const Text& id) {
   if (notes_.Find(id) != nullptr) {
     if (Text rtf = contents_.RichTextOf(*record); !rtf.empty()) return {{RtfBytes(rtf), record->readOnly}};
   }
-  return {{contents_.BytesOf(*record), record->readOnly}};
+  // What cannot be read now may be there in a moment, and must not be written over.
+  FileContent file = contents_.ReadFile(*record);
+  const bool read = file.state == FileContent::State::kRead;
+  return {{std::move(file.bytes), record->readOnly || !read}};
 }
 
 bool PreviewedNotes::ChangeText(const Text& id, const std::string& rtf) {
+  const std::optional<JotletData> record = desk_.RecordOf(id);
+  if (!record || record->readOnly) return false;
   BJotlet* jotlet = notes_.Find(id);
   return jotlet == nullptr ? desk_.ChangeText(id, rtf) : jotlet->Content().SetRichText(FromAscii(rtf));
 }
