@@ -60,6 +60,13 @@ IndexedNote NoteAt(const Statement& row) {
   return note;
 }
 
+// Numbers one after the other become ones all over the place: what an earlier run of the program has filled
+// is not gone through again place by place.
+std::uint64_t Scattered(std::uint64_t number) {
+  constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
+  return number * kGoldenRatio >> 16;
+}
+
 }  // namespace
 
 void SearchIndex::Close() {
@@ -175,9 +182,11 @@ Text SearchIndex::TextOf(std::int64_t row) {
 // farther from it a place is looked for.
 std::int64_t SearchIndex::FreeRow(std::int32_t changed) {
   const std::int64_t first = static_cast<std::int64_t>(std::max(changed, 0)) << kSearchRowBits;
-  for (std::int64_t span = 1 << kSearchRowBits;; span *= 2) {
+  constexpr std::int64_t kWidest = std::int64_t{1} << 40;
+  std::int64_t row = first;
+  for (std::int64_t span = 1 << kSearchRowBits; span <= kWidest; span *= 2) {
     for (int i = 0; i < 4; ++i) {
-      const std::int64_t row = first + ++tries_ % span;
+      row = first + static_cast<std::int64_t>(Scattered(++tries_) % static_cast<std::uint64_t>(span));
       isTaken_.Reset();
       isTaken_.Bind(row);
       const DatabaseResult taken = isTaken_.Step();
@@ -185,6 +194,7 @@ std::int64_t SearchIndex::FreeRow(std::int32_t changed) {
       if (taken != DatabaseResult::kRow) return row;
     }
   }
+  return row;
 }
 
 bool SearchIndex::Insert(std::int64_t row, const IndexedNote& note) {

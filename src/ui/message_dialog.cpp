@@ -24,11 +24,11 @@ KindRow RowOf(BMessageDlg::Kind kind) {
   return {IDI_WARNING, MB_ICONWARNING};
 }
 
-void MoveBy(HWND dialog, HWND control, int x, int y) {
+void MoveDown(HWND dialog, HWND control, int by) {
   RECT area{};
   GetWindowRect(control, &area);
   MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&area), 2);
-  SetWindowPos(control, nullptr, area.left + x, area.top + y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  SetWindowPos(control, nullptr, area.left, area.top + by, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ void BMessageDlg::Fit() {
   ReleaseDC(words, dc);
   const int more = std::max(0L, needed.bottom - given.bottom);
   SetWindowPos(words, nullptr, 0, 0, given.right, given.bottom + more, SWP_NOMOVE | SWP_NOZORDER);
-  for (const int answer : {IDYES, IDNO, IDOK}) MoveBy(Handle(), Item(answer), 0, more);
+  for (const int answer : {IDYES, IDNO, IDOK}) MoveDown(Handle(), Item(answer), more);
   RECT own{};
   GetWindowRect(Handle(), &own);
   SetWindowPos(Handle(), nullptr, own.left, own.top - more / 2, own.right - own.left,

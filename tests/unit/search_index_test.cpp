@@ -182,6 +182,18 @@ TEST_F(SearchIndexTest, KeepsAPlaceForEachOfManyOfOneSecond) {
   EXPECT_EQ(
       index.Names(ParseSearchQuery(u"same after:2001-09-09 before:2001-09-10"), {}, 5000).value().size(),
       2000U);
+  // Nor do those that come with the next start look where all is taken.
+  index.Close();
+  SearchIndex later;
+  ASSERT_TRUE(later.Open(path_));
+  for (int i = 2000; i < 2500; ++i) {
+    note.id = IntText(i);
+    ASSERT_TRUE(later.Put(note, u"same"));
+  }
+  EXPECT_EQ(later.Names(ParseSearchQuery(u"same"), {}, 5000).value().size(), 2500U);
+  note.id = u"1999";
+  later.Close();
+  ASSERT_TRUE(index.Open(path_));
   // Nothing is written anew for a note that has only been moved.
   note.place = SearchPlace::kClosed;
   EXPECT_TRUE(index.PutRecord(note));
