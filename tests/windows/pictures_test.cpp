@@ -144,13 +144,20 @@ TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
     PressKeys({VK_LWIN, VK_MENU, 'A'});
     return WaitUntil([&] { return GetForegroundWindow() == grab() && grab() != nullptr; });
   };
+  // The new note takes the keyboard when it is shown, and a choice ends when another window does.
+  const auto isMade = [&](std::size_t notes) {
+    return WaitUntil([&] {
+      const auto all = WindowsOfClass(kJotletClass);
+      return List(u"desktop").size() == notes && std::ranges::find(all, GetForegroundWindow()) != all.end();
+    });
+  };
   ASSERT_TRUE(open());
   PressKeys({VK_ESCAPE});
   ASSERT_TRUE(WaitUntil([&] { return grab() == nullptr; }));
   EXPECT_EQ(List(u"desktop").size(), 1u);
   ASSERT_TRUE(open());
   ASSERT_TRUE(Drag(grab(), OnSheet({10, 10}), {49, 29}));
-  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 2; }));
+  ASSERT_TRUE(isMade(2));
   EXPECT_EQ(sizeOfNewest(), (Size{50, 30}));
   const auto white = Kept();
   ASSERT_TRUE(white);
@@ -163,7 +170,7 @@ TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
   PressKeys({VK_DOWN});
   PressKeys({VK_SHIFT, VK_DOWN});
   PressKeys({VK_RETURN});
-  ASSERT_TRUE(WaitUntil([&] { return List(u"desktop").size() == 3; }));
+  ASSERT_TRUE(isMade(3));
   EXPECT_EQ(sizeOfNewest(), (Size{11, 12}));
   // To the clipboard instead, the second time the window under the pointer.
   const auto clipped = [] {
