@@ -84,7 +84,7 @@ bool NoteDesk::ChangeText(TextView id, std::string_view rtf) {
   }
   record->modified = Now();
   for (RecordList* list : {&lists_.attached, &lists_.sleeping, &lists_.closed})
-    if (JotletData* listed = list->FindToChange(id)) listed->modified = record->modified;
+    if (std::as_const(*list).Find(id) != nullptr) list->FindToChange(id)->modified = record->modified;
   if (const std::optional<std::int64_t> key = context_.store.KeyOf(id))
     context_.store.SetRecord(*key, *record);
   Changed();

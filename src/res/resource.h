@@ -316,6 +316,7 @@
 #define IDS_CATEGORY_COLOUR 2431
 #define IDS_CATEGORY_SIGNS 2432
 #define IDS_NO_COLOUR 2433
+#define IDS_TEXT_LONG 2444
 #define IDS_CATEGORY_SIGN 2434  // and nine after it, in the order of the signs
 #define IDS_RESCUED_CATEGORY 2360
 #define IDS_MANAGE_PLACE 2364

@@ -116,7 +116,8 @@ std::optional<LRESULT> ServeDarkControl(DressedControl kind, HWND control, UINT 
   if (kind == DressedControl::kOther || IsDrawnByOwner(kind, control)) return std::nullopt;
   if (kind == DressedControl::kFramed && (message == WM_SETFOCUS || message == WM_KILLFOCUS)) {
     const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
-    RedrawWindow(control, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+    // A list without rows draws nothing over what was not erased.
+    RedrawWindow(control, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ERASE);
     return answer;
   }
   if (kind == DressedControl::kFramed)

@@ -164,7 +164,8 @@ INT_PTR CALLBACK Dialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPA
       DressDialog(dialog, *object->theme_);
       PlaceByOwner(dialog);
       FitHeight(dialog);
-      // The focus that goes with TRUE would activate a window that is to open behind the user's work.
+      // The focus that goes with TRUE would activate a window that is to open behind the user's work, and
+      // would be taken from a control that has been given it.
       return object->modal_ && !IsChild(dialog, GetFocus()) ? TRUE : FALSE;
     }
     auto* object = reinterpret_cast<Dialog*>(GetWindowLongPtrW(dialog, DWLP_USER));

@@ -15,8 +15,14 @@ constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearchedFile);
 
 }  // namespace
 
-FileContent NoteContents::ReadFile(const JotletData& record) const {
-  return files_.Read(desk_.Folder() + ContentPath(record));
+std::string NoteContents::BytesOf(const JotletData& record) const {
+  return files_.Read(desk_.Folder() + ContentPath(record)).bytes;
+}
+
+FileContent NoteContents::ReadText(const JotletData& record) const {
+  const Text path = desk_.Folder() + ContentPath(record);
+  if (files_.Size(path) > kLargestSearchedFile) return {FileContent::State::kUnreadable, {}, u"too large"};
+  return files_.Read(path);
 }
 
 std::string NoteContents::ObjectsOf(const JotletData& record) const {

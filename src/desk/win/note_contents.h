@@ -18,8 +18,9 @@ class NoteContents final : public NoteCopies {
       : files_(files), ansi_(ansi), clock_(clock), log_(log), desk_(desk), notes_(notes) {}
 
   /// The bytes of a note's content file; none when it cannot be read.
-  std::string BytesOf(const JotletData& record) const { return ReadFile(record).bytes; }
-  FileContent ReadFile(const JotletData& record) const;
+  std::string BytesOf(const JotletData& record) const;
+  /// The content file of a text; unreadable also when it is larger than any text that is searched.
+  FileContent ReadText(const JotletData& record) const;
   /// The bytes of the file with what was drawn on a picture; empty for none.
   std::string ObjectsOf(const JotletData& record) const;
   /// The rich text of a note as it is now, open or not; empty when it has none.

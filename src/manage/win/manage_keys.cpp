@@ -96,7 +96,7 @@ bool BManageDlg::TranslateKey(const MSG& message) {
     row.run(*this);
     return true;
   }
-  if (inText) return preview_.TranslateKey(message);
+  if (inText) return preview_.ServeKey(message.wParam);
   return inSearch && !ctrl && table_.Enter(message);
 }
 

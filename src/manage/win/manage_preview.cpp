@@ -106,7 +106,7 @@ void ManagePreview::Load(PreviewedText shown, bool other) {
     // What is shown in part must not be saved in the place of all.
     const bool tooLarge = shown.content.size() > kLargestShown;
     whole_ = !tooLarge && text_.Load(shown.content).empty();
-    if (tooLarge) text_.LoadWords(shown.content, BeginningNotice());
+    if (tooLarge) text_.LoadWords(shown.content, resources_.String(IDS_TEXT_LONG));
     given_ = std::move(shown.content);
   }
   text_.SetReadOnly(shown.fixed || !whole_);
@@ -168,9 +168,9 @@ bool ManagePreview::OnCommand(UINT control, UINT notification) {
   return true;
 }
 
-bool ManagePreview::TranslateKey(const MSG& message) {
+bool ManagePreview::ServeKey(WPARAM key) {
   BEdit* const edit = text_.Editor();
-  return edit != nullptr && source_.ServeKey(*edit, message);
+  return edit != nullptr && source_.ServeKey(*edit, key);
 }
 
 void ManagePreview::ShowMenu(POINT at) {

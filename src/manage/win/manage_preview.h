@@ -30,7 +30,7 @@ class PreviewSource {
   /// Gives a note another text; false when it could not be written, which the log tells.
   virtual bool ChangeText(const Text& id, const std::string& rtf) = 0;
   /// Does what a key does in the text of a note; false when that is nothing.
-  virtual bool ServeKey(BEdit& edit, const MSG& message) = 0;
+  virtual bool ServeKey(BEdit& edit, WPARAM key) = 0;
   /// The menu of a text, at a place of the screen.
   virtual void ShowMenu(BEdit& edit, Point at) = 0;
   /// Follows a link of a note as far as the user lets it.
@@ -73,7 +73,7 @@ class ManagePreview final : private ContentWatcher {
   bool OnCommand(UINT control, UINT notification);
   void OnNotify(const NMHDR& header) { text_.OnNotify(header); }
   /// Serves the keys of the text, but for those that lead out of it.
-  bool TranslateKey(const MSG& message);
+  bool ServeKey(WPARAM key);
   void ShowMenu(POINT at);
   void FollowLink();
   bool IsText(HWND window) const { return window != nullptr && window == text_.ContentWindow(); }

@@ -29,7 +29,7 @@ std::optional<PreviewedText> PreviewedNotes::TextOf(const Text& id) {
     if (Text rtf = contents_.RichTextOf(*record); !rtf.empty()) return {{RtfBytes(rtf), record->readOnly}};
   }
   // What cannot be read now may be there in a moment, and must not be written over.
-  FileContent file = contents_.ReadFile(*record);
+  FileContent file = contents_.ReadText(*record);
   const bool read = file.state == FileContent::State::kRead;
   return {{std::move(file.bytes), record->readOnly || !read}};
 }
@@ -41,9 +41,8 @@ bool PreviewedNotes::ChangeText(const Text& id, const std::string& rtf) {
   return jotlet == nullptr ? desk_.ChangeText(id, rtf) : jotlet->Content().SetRichText(FromAscii(rtf));
 }
 
-bool PreviewedNotes::ServeKey(BEdit& edit, const MSG& message) {
-  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
-  const ActionCode action = ActionFromKey(PressedShortcut(message.wParam));
+bool PreviewedNotes::ServeKey(BEdit& edit, WPARAM key) {
+  const ActionCode action = ActionFromKey(PressedShortcut(key));
   return action != kActionNone && DoEditAction(edit, action, notes_.EditingContext());
 }
 

@@ -14,7 +14,7 @@ class PreviewedNotes final : public PreviewSource {
 
   std::optional<PreviewedText> TextOf(const Text& id) override;
   bool ChangeText(const Text& id, const std::string& rtf) override;
-  bool ServeKey(BEdit& edit, const MSG& message) override;
+  bool ServeKey(BEdit& edit, WPARAM key) override;
   void ShowMenu(BEdit& edit, Point at) override;
   void OpenLink(HWND window, const Text& id, const Text& target) override;
   TypingSettings Typing() override { return notes_.EditingContext().typing; }
