@@ -61,6 +61,7 @@ bool IsChecked(const ActionSetting& sets, const ActionFacts& facts) {
     case ActionSets::kHighlight: return IsOf(sets, facts.edit.highlight);
     case ActionSets::kTool: return sets.value == facts.tool;
     case ActionSets::kPenWidth: return sets.value == facts.penWidth;
+    case ActionSets::kZoom: return facts.image && facts.zoom == sets.value;
     case ActionSets::kOpacity: return sets.value == facts.transparency;
   }
   return false;

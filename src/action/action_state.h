@@ -27,6 +27,7 @@ struct ActionFacts {
   EditFacts edit;               // of the text; of a picture what can be undone and pasted
   std::int32_t tool = 0;        // the command of the tool that is in hand
   std::int32_t penWidth = 0;
+  std::int32_t zoom = 0;  // of the picture, in percent; 0 as long as it is made to fit
 };
 
 struct ActionState {

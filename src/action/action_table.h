@@ -63,6 +63,7 @@ enum class ActionSets : std::uint8_t {
   kOpacity,  // percent, as the record has it
   kTool,     // of pictures, by the code of its command
   kPenWidth,
+  kZoom,  // percent, 0 for as large as fits
 };
 
 struct ActionSetting {
@@ -84,6 +85,7 @@ enum class NoteMenu : std::uint8_t {
   kPictureMenu,
   kDrawMenu,
   kPenWidthMenu,
+  kZoomMenu,
   kFileMenu,
   kStoreMenu,
   kTextMenu,

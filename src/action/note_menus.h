@@ -59,6 +59,7 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kPictureMenu, 150}, IDS_ACTION + kActionUndo, kNoMenu, kPictureUndo, Icon::kUndo},
       MenuEntry{{kPictureMenu, 160}, IDS_ACTION + kActionRedo, kNoMenu, kPictureRedo, Icon::kRedo},
       MenuEntry{{kDrawMenu, 320}, IDS_MENU_PEN_WIDTH, kPenWidthMenu, kNothing, Icon::kWidth},
+      MenuEntry{{kPictureMenu, 600}, IDS_MENU_ZOOM, kZoomMenu, kNothing, Icon::kSearch},
       MenuEntry{{kJotletMenu, 300}, IDS_MENU_REMIND, kRemindMenu, kNothing, Icon::kBell},
       MenuEntry{{kJotletMenu, 320}, IDS_MENU_UNATTACH, kNoMenu, kAttachment, Icon::kAttach},
       MenuEntry{{kJotletMenu, 330}, IDS_MENU_STACKS, kStacksMenu, kNothing, Icon::kStack},

@@ -31,7 +31,9 @@ enum Key : std::uint16_t {
   kF3Key = 0x72,
   kF6Key = 0x75,
   kSemicolonKey = 0xBA,
+  kPlusKey = 0xBB,
   kCommaKey = 0xBC,
+  kMinusKey = 0xBD,
   kFullStopKey = 0xBE,
 };
 

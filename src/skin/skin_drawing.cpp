@@ -10,6 +10,7 @@
 namespace jotlets {
 namespace {
 
+constexpr std::int32_t kFaint = 65;  // percent of the way to the ground
 constexpr std::int32_t kTileStretched = 1;
 // Pixels at the usual scale.
 constexpr std::int32_t kRing = 2;
@@ -37,6 +38,8 @@ class SkinPainter {
         rightToLeft_(view.rightToLeft),
         chosen_(view.chosen),
         pen_(view.pen),
+        canUndo_(view.canUndo),
+        canRedo_(view.canRedo),
         contrast_(view.contrast) {}
 
   void Paper(Size window) { canvas_.Fill({0, 0, window.width, window.height}, paper_); }
@@ -73,6 +76,12 @@ class SkinPainter {
   void Glyph(const SkinElement& element, const SheetPlace* place, const Rect& area, bool hot) {
     if (element.fill) ButtonGround(element, area, hot);
     if (place == nullptr) return;
+    const bool faint =
+        (element.action == kActionUndo && !canUndo_) || (element.action == kActionRedo && !canRedo_);
+    if (faint) {
+      hot = false;
+      if (element.source.picture) place = &element.source;
+    }
     // The ground below the sign of a format that holds is too faint a shade there.
     if (contrast_ && element.kind == ElementKind::kIndicator && IsFormat(SkinStateFromName(element.type))) {
       canvas_.Fill(area, contrast_->chosen);
@@ -91,6 +100,8 @@ class SkinPainter {
                {area.left, area.top});
       ink = InkOn(ground);
       if (element.source.picture) place = &element.source;
+    } else if (faint && ink && !contrast_) {
+      ink = Mixed(*ink, GroundOf(area), kFaint);
     }
     DrawPart(canvas_, PartOf(element, *place, {area.Width(), area.Height()}, std::nullopt, ink),
              {area.left, area.top});
@@ -273,6 +284,8 @@ class SkinPainter {
   const bool rightToLeft_;
   const ActionCode chosen_;
   const Colour pen_;
+  const bool canUndo_;
+  const bool canRedo_;
   const std::optional<ContrastColours>& contrast_;
   std::vector<Ground> grounds_;  // in drawing order
   MadeInk last_;

@@ -89,9 +89,11 @@ struct SkinView {
   SkinStates states;
   ActionCode chosen = kActionNone;  // the command of the tool in hand
   Colour pen;                       // that it draws with
-  Rect thumb;                       // of the scroll bar
-  Rect focused;                     // the part that the keyboard is at; empty for none
-  bool clearPaper = false;          // paper in the skin's key colour lets see through
+  bool canUndo = true;              // else the button for that is faint
+  bool canRedo = true;
+  Rect thumb;               // of the scroll bar
+  Rect focused;             // the part that the keyboard is at; empty for none
+  bool clearPaper = false;  // paper in the skin's key colour lets see through
   Sampling sampling = Sampling::kNearest;
   bool rightToLeft = false;                 // words that begin on the left begin on the right
   std::optional<ContrastColours> contrast;  // the inks that all tints are made of instead

@@ -214,8 +214,12 @@ LRESULT BJotlet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_KEYDOWN:
       if (OnPartKey(wParam)) return 0;
-      if (PressInPicture(static_cast<std::uint16_t>(wParam))) return 0;
+      if (PressInPicture(static_cast<std::uint16_t>(wParam)) || OnScrollKey(wParam)) return 0;
       return SkinnedWindow::OnMessage(message, wParam, lParam);
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+      if (OnWheel(message, wParam)) return 0;
+      break;
     case WM_DROPFILES: OnFilesDropped(wParam); return 0;
     // A tip that is due would come over the dialog or the menu.
     case WM_ENABLE:

@@ -150,6 +150,13 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void MoveTo(Point position);
   /// Makes the note as wide as its longest line wants, at most half the screen.
   void FitWidth();
+  /// Gives the note the size in which all of its picture is seen at a hundred percent, or as much as the
+  /// monitor has room for.
+  void FitToPicture();
+  /// Shows more or less of its picture, by the command that says how; false for a note without one.
+  bool ZoomPicture(ActionCode action);
+  /// Whether the picture, shown larger, has all of its pixels.
+  bool HasAllPixels() const { return content_->HasAllPixels(); }
   /// Moves the note and those selected with it, or sizes it, as the user does with the keyboard.
   void MoveByKey(Point offset);
   void GrowByKey(Size growth);
@@ -218,7 +225,14 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnMenuAsked(HWND window, std::optional<Point> mouse);
   void PlaceByRecord();
   std::int32_t HeightOfContent();
+  PictureFrame FrameOfPicture() const;
   Rect ContentPlace() const { return content_->PlaceIn(TextArea(skin_->data, view_), place_.Dpi()); }
+  void ShowPictureAnew();
+  bool ScrollPicture(Point by);
+  bool OnWheel(UINT message, WPARAM wParam);
+  bool OnScrollKey(WPARAM key);
+  void ScrollDownTo(std::int32_t position);
+  void ScrollPages(std::int32_t pages);
   void MoveBy(Point offset);
   /// A locked note can be frozen to its place.
   bool IsFrozen() const { return record_.readOnly && context_.options.lockingFreezes; }
@@ -282,6 +296,7 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   bool keepOldContent_ = false;
   bool selected_ = false;
   struct {
+    bool scrolls = false;                // the scroll bar is in hand
     Rect draggedThumb;                   // in client pixels, then
     std::optional<PictureAnswer> asked;  // that the owner is to be told of
   } press_;

@@ -95,7 +95,7 @@ Text BJotlet::BarTitle() const {
 void BJotlet::Draw(HDC dc, const Rect& part) {
   const Text title = BarTitle();
   const NoteWords words(context_, record_, title, view_.window);
-  const auto inlay = content_->Inlay(ContentPlace());
+  const auto inlay = content_->Inlay(ContentPlace(), TextArea(skin_->data, view_));
   context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, inlay.get());
 }
 
@@ -149,8 +149,6 @@ void BJotlet::FadeStep() {
     KillTimer(Handle(), kFadeTimer);
   }
 }
-
-ScrollState BJotlet::Scrolled() const { return content_->Scrolled(TextArea(skin_->data, view_).Height()); }
 
 void BJotlet::OnEditScrolled() {
   // Without a scroll bar of the skin's own, nothing that it shows follows the text.
@@ -240,9 +238,13 @@ void BJotlet::ShowTools() {
                      !IsSounding() && HasRoomForFormatBar(skin_->data, view_);
   view_.chosen = kActionNone;
   view_.pen = {};
+  view_.canUndo = view_.canRedo = true;
   if (!draws) return;
+  const PictureFacts drawing = Drawing();
   view_.states.Set(SkinState::kPictureBar, true);
-  view_.chosen = Drawing().tool;
+  view_.chosen = drawing.tool;
+  view_.canUndo = drawing.canUndo;
+  view_.canRedo = drawing.canRedo;
   view_.pen = ToolSettingsFrom(context_.options, place_.Dpi()).colour;
 }
 

@@ -25,7 +25,8 @@ void BJotlet::BeginPress() {
 }
 
 SkinnedWindow::Press BJotlet::PressAt(Point at, bool ctrl) {
-  if (BeginScrolling(at)) return Press::kOfContent;
+  press_.scrolls = BeginScrolling(at);
+  if (press_.scrolls) return Press::kOfContent;
   if (dragPart_ == FramePart::kContent && !record_.readOnly && DragInPicture(PointerStep::kDown, at))
     return Press::kOfContent;
   if (dragPart_ == FramePart::kContent && content_->TakesPresses()) return Press::kPassedOver;
@@ -43,8 +44,8 @@ bool BJotlet::RollsAt(Point at) const {
 bool BJotlet::BeginScrolling(Point at) {
   if (!view_.states.Has(SkinState::kScrollbarRequired)) return false;
   if (!ScrollTrack(skin_->data, view_.window).Contains(at)) return false;
-  if (at.y < view_.thumb.top) content_->ScrollPages(-1);
-  if (at.y >= view_.thumb.bottom) content_->ScrollPages(1);
+  if (at.y < view_.thumb.top) ScrollPages(-1);
+  if (at.y >= view_.thumb.bottom) ScrollPages(1);
   UpdateView();
   press_.draggedThumb = view_.thumb;
   return true;
@@ -95,7 +96,8 @@ void BJotlet::PictureChanged(PictureWork& picture, std::uint64_t versionBefore) 
   const Rect place = ContentPlace();
   const Rect changed = picture.ConsumeChanged(place);
   // A picture of another size was shown elsewhere before.
-  const RECT area = ToRECT(changed == place ? TextArea(skin_->data, view_) : changed);
+  const Rect seen = TextArea(skin_->data, view_);
+  const RECT area = ToRECT(changed == place ? seen : CommonPart(changed, seen));
   InvalidateRect(Handle(), &area, FALSE);
   UpdateView();
   if (picture.Version() == versionBefore) return;
@@ -111,7 +113,7 @@ bool BJotlet::GiveUpDrawing() {
 }
 
 void BJotlet::DropContent(Point at) {
-  if (record_.IsImage()) DragInPicture(PointerStep::kUp, at);
+  if (!press_.scrolls) DragInPicture(PointerStep::kUp, at);
 }
 
 LPCWSTR BJotlet::CursorAt(Point at) const {
@@ -120,13 +122,13 @@ LPCWSTR BJotlet::CursorAt(Point at) const {
 }
 
 void BJotlet::DragContent(Point mouse) {
-  if (record_.IsImage()) {
+  if (!press_.scrolls) {
     DragInPicture(PointerStep::kMove, ToClient(mouse));
     return;
   }
   const std::int32_t top = press_.draggedThumb.top + mouse.y - dragStart_.y;
-  content_->ScrollDownTo(ScrollPositionAt(top, ScrollTrack(skin_->data, view_.window),
-                                          skin_->data.minimumThumbTrackHeight, Scrolled()));
+  ScrollDownTo(ScrollPositionAt(top, ScrollTrack(skin_->data, view_.window),
+                                skin_->data.minimumThumbTrackHeight, Scrolled()));
 }
 
 void BJotlet::DragFrame(const Rect& bounds) {

@@ -16,6 +16,7 @@ constexpr BJotlet::ActionHandler BJotlet::kHandlers[] = {
     {kActionRoll, &JotletData::rolled, [](BJotlet& j, std::int32_t, bool on) { j.SetRolled(on); }},
     {kActionLock, &JotletData::readOnly, [](BJotlet& j, std::int32_t, bool on) { j.SetReadOnly(on); }},
     {kActionAutoWidth, nullptr, [](BJotlet& j, std::int32_t, bool) { j.FitWidth(); }},
+    {kActionFitPicture, nullptr, [](BJotlet& j, std::int32_t, bool) { j.FitToPicture(); }},
     {kActionFindText, nullptr, [](BJotlet& j, std::int32_t, bool) { j.OpenFind(); }},
     {kActionGoAway, nullptr, [](BJotlet& j, std::int32_t, bool) { j.GoAway(); }},
     {kActionUser1, &JotletData::user1,
@@ -39,7 +40,9 @@ void BJotlet::DoPart(PartUse use) {
 
 PictureFacts BJotlet::Drawing() const {
   const PictureWork* picture = content_->Drawing();
-  return picture == nullptr ? PictureFacts() : picture->Facts();
+  PictureFacts facts = picture == nullptr ? PictureFacts() : picture->Facts();
+  if (const PictureZoom* const zoom = content_->Zoom()) facts.zoom = zoom->Percent();
+  return facts;
 }
 
 bool BJotlet::WorkOnPicture(const ContentFile& file, const PictureTask& work) {

@@ -12,12 +12,14 @@ constexpr Size kLargestShown{2560, 1600};
 
 class WorkInlay final : public SkinInlay {
  public:
-  WorkInlay(const PictureWork& work, const Rect& area) : work_(work), area_(area) {}
-  void Draw(HDC dc) const override { work_.Draw(dc, area_); }
+  WorkInlay(const PictureWork& work, const Rect& place, const Rect& seen)
+      : work_(work), place_(place), seen_(seen) {}
+  void Draw(HDC dc) const override { work_.Draw(dc, place_, seen_); }
 
  private:
   const PictureWork& work_;
-  Rect area_;
+  Rect place_;
+  Rect seen_;
 };
 
 }  // namespace
@@ -26,8 +28,8 @@ bool PictureContent::Fits(std::string_view bytes) const { return bytes.starts_wi
 
 TextView PictureContent::Load(std::string_view bytes) {
   work_.reset();
-  const auto size = SizeOfPng(bytes);
-  const std::int64_t pixels = size ? std::int64_t{size->width} * size->height : 0;
+  size_ = SizeOfPng(bytes).value_or(Size());
+  const std::int64_t pixels = std::int64_t{size_.width} * size_.height;
   undecoded_ = pixels > kDecodedAtOnce && pixels <= kMaxPicturePixels ? bytes : std::string_view();
   if (!undecoded_.empty()) return {};
   const auto picture = DecodePng(bytes);
@@ -66,15 +68,16 @@ ContentCopy PictureContent::Copy(bool) const {
 }
 
 Rect PictureContent::PlaceIn(const Rect& area, std::int32_t dpi) const {
-  DecodeNow();
-  return PicturePlace(work_ ? work_->PictureSize() : picture_.PixelSize(), area, dpi);
+  return zoom_.Place({PictureSize(), area, dpi});
 }
 
-std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& area) const {
-  if (work_) return std::make_unique<WorkInlay>(*work_, area);
+Size PictureContent::PictureSize() const { return work_ ? work_->PictureSize() : size_; }
+
+std::unique_ptr<SkinInlay> PictureContent::Inlay(const Rect& place, const Rect& seen) const {
+  if (work_) return std::make_unique<WorkInlay>(*work_, place, seen);
   DecodeNow();
   if (!picture_.IsLoaded()) return nullptr;
-  return std::make_unique<PictureInlay>(picture_, area);
+  return std::make_unique<PictureInlay>(picture_, place, seen);
 }
 
 void PictureContent::PutOnClipboard(HWND owner, bool, const ContentFile& file) const {

@@ -29,13 +29,18 @@ class PictureContent final : public ShownContent {
   PictureWork* BeginDrawing(const ContentFile& file, std::int32_t steps) override;
 
   Rect PlaceIn(const Rect& area, std::int32_t dpi) const override;
-  std::unique_ptr<SkinInlay> Inlay(const Rect& area) const override;
+  std::unique_ptr<SkinInlay> Inlay(const Rect& place, const Rect& seen) const override;
+  PictureZoom* Zoom() const override { return &zoom_; }
+  Size PictureSize() const override;
+  bool HasAllPixels() const override { return work_ || PictureSize() == picture_.PixelSize(); }
   void PutOnClipboard(HWND owner, bool formatted, const ContentFile& file) const override;
 
  private:
   void DecodeNow() const;
 
   mutable PictureBitmap picture_;
+  mutable PictureZoom zoom_;  // how it is looked at is no part of what it is
+  Size size_;
   std::unique_ptr<PictureWork> work_;
   std::uint64_t saved_ = 0;        // the version of the work that its file has
   mutable std::string undecoded_;  // the file of a large picture that nobody has seen yet

@@ -93,7 +93,7 @@ ToolSettings ToolSettingsFrom(const Options& options, std::int32_t dpi) {
 }
 
 PictureFacts PictureWork::Facts() const {
-  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), HasSelection(), kActionNone};
+  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), HasSelection()};
   const auto row = std::ranges::find(kTools, tool_.Chosen(), &ToolRow::tool);
   if (inHand_ && row != std::end(kTools)) facts.tool = row->action;
   return facts;
@@ -242,21 +242,10 @@ const DrawnObject* PictureWork::Selected() const {
   return tool_.Preview() != nullptr ? tool_.Preview() : document_.Find(document_.SelectedObject());
 }
 
-Rect PictureWork::Placed(const Rect& ofPicture, const Rect& area) const {
-  const Size size = document_.PictureSize();
-  const auto x = [&](std::int32_t at) {
-    return area.left + static_cast<std::int32_t>(std::int64_t{at} * area.Width() / size.width);
-  };
-  const auto y = [&](std::int32_t at) {
-    return area.top + static_cast<std::int32_t>(std::int64_t{at} * area.Height() / size.height);
-  };
-  return {x(ofPicture.left), y(ofPicture.top), x(ofPicture.right), y(ofPicture.bottom)};
-}
-
-void PictureWork::Draw(HDC dc, const Rect& area) const {
-  shown_.Draw(dc, area, tool_.IsDragging());
+void PictureWork::Draw(HDC dc, const Rect& area, const Rect& seen) const {
+  shown_.Draw(dc, area, seen, tool_.IsDragging());
   if (!inHand_) return;
-  const Rect picture = Placed(WholeOf(document_.PictureSize()), area);
+  const Rect picture = CommonPart(area, seen);
   const int state = SaveDC(dc);
   IntersectClipRect(dc, picture.left, picture.top, picture.right, picture.bottom);
   const Rect& frame = IsEmptyRect(tool_.Frame()) ? document_.Selection() : tool_.Frame();

@@ -12,6 +12,7 @@
 #include "data/options.h"
 #include "picture/object_file.h"
 #include "picture/picture_tool.h"
+#include "picture/picture_zoom.h"
 #include "picture/win/letters.h"
 #include "skin/win/picture_bitmap.h"
 
@@ -23,6 +24,7 @@ struct PictureFacts {
   bool canRedo = false;
   bool hasSelection = false;
   ActionCode tool = kActionNone;  // that chose the tool in hand
+  std::int32_t zoom = 0;          // percent, 0 as long as it is made to fit
 };
 
 enum class PointerStep : std::uint8_t { kDown, kMove, kUp };
@@ -61,8 +63,8 @@ class PictureWork {
   std::string SelectedPng() const;
 
   Size PictureSize() const { return document_.PictureSize(); }
-  /// The picture, as large as `area`, and what is dragged on it or selected.
-  void Draw(HDC dc, const Rect& area) const;
+  /// What is `seen` of the picture, which is as large as `area`, and what is dragged on it or selected.
+  void Draw(HDC dc, const Rect& area, const Rect& seen) const;
   /// What is to be drawn anew of the picture shown in `area`, since this was asked the last time.
   Rect ConsumeChanged(const Rect& area);
   /// Another number after every change.
@@ -79,7 +81,9 @@ class PictureWork {
   bool HasSelection() const { return !IsEmptyRect(document_.Selection()) || Selected() != nullptr; }
   const DrawnObject* Selected() const;
   Rect FramesOf() const;
-  Rect Placed(const Rect& ofPicture, const Rect& area) const;
+  Rect Placed(const Rect& ofPicture, const Rect& area) const {
+    return PlacedIn(document_.PictureSize(), ofPicture, area);
+  }
 
   SystemLetters letters_;
   PictureDocument document_;

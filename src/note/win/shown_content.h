@@ -10,6 +10,7 @@
 #include "editor/text_search.h"
 #include "editor/win/edit.h"
 #include "note/note_content.h"
+#include "picture/picture_zoom.h"
 #include "skin/skin_layout.h"
 #include "skin/win/skin_renderer.h"
 #include "ui/theme.h"
@@ -72,10 +73,15 @@ class ShownContent : public NoteContent {
   virtual PictureWork* Drawing() const { return nullptr; }
   /// Gets ready to be drawn on, `steps` of which can be undone; nullptr when it cannot be.
   virtual PictureWork* BeginDrawing(const ContentFile&, std::int32_t) { return nullptr; }
-  /// Where in its area it is shown, at a scale in dots per inch.
+  /// Where all of it lies that is shown in an area, at a scale in dots per inch.
   virtual Rect PlaceIn(const Rect& area, std::int32_t) const { return area; }
-  /// What the note paints there.
-  virtual std::unique_ptr<SkinInlay> Inlay(const Rect&) const { return nullptr; }
+  /// What the note paints there, as far as it is seen in the area.
+  virtual std::unique_ptr<SkinInlay> Inlay(const Rect&, const Rect&) const { return nullptr; }
+  /// How much of a picture is seen; nullptr for other contents.
+  virtual PictureZoom* Zoom() const { return nullptr; }
+  virtual Size PictureSize() const { return {}; }
+  /// A large picture is kept no larger than a screen, until it is drawn on.
+  virtual bool HasAllPixels() const { return true; }
 
   /// Nothing for a content that cannot be scrolled.
   virtual std::optional<Point> ScrollPosition() const { return std::nullopt; }

@@ -18,13 +18,15 @@ class PictureBitmap {
   HBITMAP Handle() const { return bitmap_.get(); }
   bool IsLoaded() const { return bitmap_ != nullptr; }
 
-  /// Draws the picture as large as the area; smoothly, unless it is `quick`ly wanted or very large.
-  void Draw(HDC dc, const Rect& area, bool quick = false) const;
+  /// Draws what is `seen` of the picture, which is as large as `place`; smoothly, unless it is `quick`ly
+  /// wanted, is a very large part, or so much enlarged that its pixels are looked at.
+  void Draw(HDC dc, const Rect& place, const Rect& seen, bool quick = false) const;
 
  private:
-  bool Resize(Size size) const;
+  bool Resize(const Rect& part, Size size) const;
 
   mutable UniqueBitmap resized_;  // as it was drawn last
+  mutable Rect resizedPart_;
   mutable Size resizedTo_;
   UniqueBitmap bitmap_;
   std::uint8_t* pixels_ = nullptr;  // the bitmap's

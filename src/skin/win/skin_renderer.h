@@ -22,12 +22,14 @@ class SkinInlay {
 
 class PictureInlay final : public SkinInlay {
  public:
-  PictureInlay(const PictureBitmap& picture, const Rect& area) : picture_(picture), area_(area) {}
-  void Draw(HDC dc) const override { picture_.Draw(dc, area_); }
+  PictureInlay(const PictureBitmap& picture, const Rect& place, const Rect& seen)
+      : picture_(picture), place_(place), seen_(seen) {}
+  void Draw(HDC dc) const override { picture_.Draw(dc, place_, seen_); }
 
  private:
   const PictureBitmap& picture_;
-  Rect area_;
+  Rect place_;
+  Rect seen_;
 };
 
 /// Shared by all windows: it keeps one buffer, as large as the largest window so far, and the fonts.

@@ -120,6 +120,7 @@ ActionFacts NoteCommands::FactsOf(const BJotlet& jotlet) const {
     facts.edit.hasSelection = drawing.hasSelection;
     facts.edit.canPaste = HasClipboardPicture();
     facts.tool = drawing.tool;
+    facts.zoom = drawing.zoom;
     facts.penWidth = tools_.options.penWidth;
   }
   facts.skinFixed = tools_.skins.IsFixedByPolicy();

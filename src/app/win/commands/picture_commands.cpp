@@ -19,6 +19,11 @@ bool PictureCommands::Do(const Text& id, ActionCode action) {
   if (jotlet == nullptr || !jotlet->StoredRecord().IsImage()) return false;
   const NoteAction& row = RowOf(action);
   if (row.by != ActionBy::kPicture && row.by != ActionBy::kEditor) return false;
+  if (row.sets.what == ActionSets::kZoom || action == kActionZoomIn || action == kActionZoomOut) {
+    if (!jotlet->HasAllPixels() && action != kActionZoomFit)
+      WorkOn(*jotlet, [](PictureWork&, const ToolSettings&) {});
+    return jotlet->ZoomPicture(action);
+  }
   if (row.sets.what == ActionSets::kPenWidth) return SetPen(*jotlet, row.sets.value, Pen()), true;
   switch (action) {
     case kActionPenColour: {
