@@ -73,6 +73,25 @@ std::optional<JotletData> NoteDesk::RecordOf(TextView id) const {
 }
 
 // The content first: a time of change that is too old harms nobody.
+Text NoteDesk::CreatePicture(const JotletData& source, std::string png) {
+  NewNote fresh;
+  fresh.isImage = true;
+  fresh.content = std::move(png);
+  const std::optional<JotletData> made = maker_.Make(fresh);
+  if (!made) return {};
+  JotletData record = source;
+  record.id = made->id;
+  record.isImage = made->isImage;
+  record.scroll = {};
+  if (!OpenWindow(std::move(record))) {
+    saver_.RemoveContentLater(*made);
+    return {};
+  }
+  Show(made->id, Showing::kQuietly);
+  TellCreated(made->id, Reason::kUser);
+  return made->id;
+}
+
 bool NoteDesk::ChangeText(TextView id, std::string_view rtf) {
   std::optional<JotletData> record = RecordOf(id);
   if (!record || record->IsImage() || lists_.desktop.Find(id) != nullptr) return false;

@@ -60,6 +60,8 @@ class NoteDesk {
   /// Makes a text note in the store, without a window; its key, nothing when that failed, which the log
   /// tells.
   std::optional<std::int64_t> CreateStored(NewNote fresh, TextView category);
+  /// Puts a picture on the desktop that is in all else like a note; its id, empty when that failed.
+  Text CreatePicture(const JotletData& source, std::string png);
   /// Puts a copy of a sleeping note on the desktop, under an id of its own; false when it gets no window.
   bool CreateCopy(const JotletData& source, const WakeFlags& flags);
   /// Makes a note of its encoded form, see `AdmitEncodedNote`, asleep or where it belongs; its id, empty when

@@ -131,6 +131,56 @@ TEST_F(PicturesTest, AFileIsDroppedOnOneAndWhatIsSelectedIsCut) {
   EXPECT_EQ(std::ptrdiff_t{cut->size.width} * cut->size.height, Drawn());
 }
 
+TEST_F(PicturesTest, ABorderIsGivenItsStrengthAndWhatIsShownLargerIsDrawnOnFinely) {
+  StartWithSheet();
+  const auto drawn = [&] { return Reply(u"do saveini") == u"000 OK saved" ? Drawn() : -1; };
+  const auto dialog = [] { return FindWindowW(nullptr, L"Border"); };
+  const auto ask = [&] {
+    TakeHold();
+    PressKeys({VK_CONTROL, VK_APPS});
+    ASSERT_TRUE(WaitUntil([&] { return MenuIsOpen(); }));
+    PressKeys({'E'});
+    PressKeys({'O'});
+    ASSERT_TRUE(WaitUntil([&] { return dialog() != nullptr && GetForegroundWindow() == dialog(); }));
+    PressKeys({'7'});
+  };
+  ask();
+  PressKeys({VK_ESCAPE});
+  ASSERT_TRUE(WaitUntil([&] { return dialog() == nullptr; }));
+  EXPECT_EQ(drawn(), 0) << "what is only tried is not kept";
+  ask();
+  PressKeys({VK_RETURN});
+  ASSERT_TRUE(WaitUntil([&] { return drawn() == 180 * 100 - 166 * 86; }));
+  TakeHold();
+  PressKeys({VK_CONTROL, 'Z'});
+  ASSERT_TRUE(WaitUntil([&] { return drawn() == 0; }));
+
+  // At 300 %.
+  for (int step = 0; step < 4; ++step) PressKeys({VK_OEM_PLUS});
+  PressKeys({'R'});
+  ASSERT_TRUE(Drag(note_, OnSheet({}), {60, 30}));
+  EXPECT_TRUE(WaitUntil([&] { return drawn() > 20; }));
+  EXPECT_LT(drawn(), 200);
+}
+
+TEST_F(PicturesTest, ATextBecomesAPictureAndIsKeptAmongTheClosed) {
+  ASSERT_TRUE(StartProgramWith({}));
+  const Text text = Create(u"Some words");
+  ASSERT_EQ(Reply(u"set desktop " + text + u" title Words"), u"000 OK title set");
+  note_ = NoteTitled(u"Words");
+  ASSERT_TRUE(
+      ClickUntil([&] { return IsChild(note_, GetFocus()) != 0 || HasKeyboard(note_); }, Title(note_)));
+  PressKeys({VK_CONTROL, VK_APPS});
+  ASSERT_TRUE(WaitUntil([&] { return MenuIsOpen(); }));
+  PressKeys({'F'});
+  PressKeys({'K'});
+  ASSERT_TRUE(WaitUntil([&] { return List(u"closed") == std::vector{text}; }));
+  ASSERT_EQ(List(u"desktop").size(), 1u);
+  id_ = List(u"desktop").back();
+  EXPECT_EQ(Value(u"get desktop " + id_ + u" title"), u"Words");
+  EXPECT_GT(Drawn(), 100);
+}
+
 TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {
   StartWithSheet();
   TakeHold();

@@ -46,6 +46,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kUnknownHeightMessage:
     case kCheckContentMessage:
     case kSearchMessage:
+    case kPictureMessage:
     case kClientAnswersMessage: program_.OnMessage(static_cast<ProgramMessage>(message), lParam); return 0;
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE:

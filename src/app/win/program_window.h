@@ -27,6 +27,7 @@ enum ProgramMessage : UINT {
   kUnknownHeightMessage,
   kClientAnswersMessage,
   kSearchMessage,
+  kPictureMessage,
 };
 
 class ProgramWindow {

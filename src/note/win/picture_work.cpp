@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/win/wide.h"
 #include "picture/picture_file.h"
 #include "ui/areas.h"
 #include "ui/pixel_bitmap.h"
@@ -48,6 +49,18 @@ void DrawFrame(HDC dc, const Rect& frame) {
   DrawFocusRect(dc, &rect);
 }
 
+void DrawWords(HDC dc, const Rect& area, const Text& words) {
+  RECT place = ToRECT(area);
+  const int state = SaveDC(dc);
+  SetBkColor(dc, RGB(32, 32, 32));
+  SetTextColor(dc, RGB(255, 255, 255));
+  SetBkMode(dc, OPAQUE);
+  SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
+  DrawTextW(dc, Wide(u"  " + words + u"  "), -1, &place,
+            DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
+  RestoreDC(dc, state);
+}
+
 // What goes lies in the dark; what stays is divided into thirds.
 void DrawCrop(HDC dc, const Rect& picture, const Rect& frame) {
   const PixelBitmap dark = MakePixelBitmap({1, 1});
@@ -72,6 +85,11 @@ void DrawCrop(HDC dc, const Rect& picture, const Rect& frame) {
 }
 
 }  // namespace
+
+std::optional<Effect> EffectOf(ActionCode action) {
+  const auto row = std::ranges::find(kEffects, action, &EffectRow::action);
+  return row == std::end(kEffects) ? std::nullopt : std::optional(row->effect);
+}
 
 std::optional<Tool> ToolOf(ActionCode action) {
   const auto row = std::ranges::find(kTools, action, &ToolRow::action);
@@ -108,11 +126,28 @@ bool PictureWork::Do(ActionCode action, const ToolSettings& settings) {
     if (!inHand_) document_.SelectArea({});
     return true;
   }
-  const auto row = std::ranges::find(kEffects, action, &EffectRow::action);
-  if (row == std::end(kEffects)) return DoWhole(action);
-  document_.Apply(row->effect);
+  return DoWhole(action);
+}
+
+void PictureWork::Apply(const Effect& effect) {
+  document_.Apply(effect);
   ShowAll();
-  return true;
+}
+
+void PictureWork::PutEffect(const Picture& pixels, std::uint64_t version) {
+  if (version == document_.Version()) document_.ReplaceArea(document_.EffectArea(), pixels);
+  ShowAll();
+}
+
+void PictureWork::Preview(const Picture& pixels) {
+  const Rect area = document_.EffectArea();
+  shown_.Put(area.TopLeft(), pixels);
+  changed_ = Enclosing(changed_, area);
+}
+
+void PictureWork::SetWorking(const Text& words) {
+  working_ = words;
+  changed_ = WholeOf(document_.PictureSize());
 }
 
 bool PictureWork::DoWhole(ActionCode action) {
@@ -191,7 +226,7 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
 }
 
 PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
-  if (!inHand_) return {};
+  if (!inHand_ || !working_.empty()) return {};
   const Size size = document_.PictureSize();
   const double scale = static_cast<double>(size.width) / std::max(area.Width(), 1);
   ToolSettings scaled = settings;
@@ -225,7 +260,7 @@ bool PictureWork::GiveUpDrag() {
 }
 
 PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
-  if (!inHand_) return {};
+  if (!inHand_ || !working_.empty()) return {};
   if (key == VK_OEM_4 || key == VK_OEM_6) return {.used = true, .widthSteps = key == VK_OEM_4 ? -1 : 1};
   // What was drawn quickly on the way is smoothed.
   if (tool_.IsDragging()) changed_ = WholeOf(document_.PictureSize());
@@ -244,6 +279,7 @@ const DrawnObject* PictureWork::Selected() const {
 
 void PictureWork::Draw(HDC dc, const Rect& area, const Rect& seen) const {
   shown_.Draw(dc, area, seen, tool_.IsDragging());
+  if (!working_.empty()) DrawWords(dc, CommonPart(area, seen), working_);
   if (!inHand_) return;
   const Rect picture = CommonPart(area, seen);
   const int state = SaveDC(dc);

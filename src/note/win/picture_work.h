@@ -47,6 +47,17 @@ class PictureWork {
   PictureFacts Facts() const;
   /// Carries out a command; false for one that is none of a picture's.
   bool Do(ActionCode action, const ToolSettings& settings);
+  /// Changes what is selected, or all.
+  void Apply(const Effect& effect);
+  /// The pixels that an effect changes, to be changed elsewhere.
+  Picture PixelsForEffect() const { return document_.Composed(document_.EffectArea()); }
+  /// Puts them back, unless the picture is of another `version` now.
+  void PutEffect(const Picture& pixels, std::uint64_t version);
+  /// Shows them, and nothing more, until `EndPreview`.
+  void Preview(const Picture& pixels);
+  void EndPreview() { ShowAll(); }
+  /// As long as there are words it works elsewhere, says so, and is not drawn on.
+  void SetWorking(const Text& words);
   /// Lays a picture over this one and selects it.
   void Paste(const Picture& picture);
   /// Puts another picture in its place.
@@ -88,6 +99,7 @@ class PictureWork {
   SystemLetters letters_;
   PictureDocument document_;
   PictureTool tool_{document_};
+  Text working_;
   bool inHand_ = false;  // a tool is: else the mouse moves the note
   PictureBitmap shown_;
   Size shownSize_;
@@ -99,6 +111,9 @@ class PictureWork {
 
 /// Something to be done to a picture, with what new objects are drawn with.
 using PictureTask = std::function<void(PictureWork& picture, const ToolSettings& settings)>;
+
+/// The effect of a command; nothing for one that is none.
+std::optional<Effect> EffectOf(ActionCode action);
 
 /// The tool of a command; nothing for a command that chooses none.
 std::optional<Tool> ToolOf(ActionCode action);

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "action/action_table.h"
+#include "note/win/effect_dialog.h"
 #include "note/win/picture_size_dialog.h"
+#include "note/win/text_picture.h"
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
 #include "res/picture_numbers.h"
@@ -16,13 +18,27 @@ namespace jotlets {
 
 bool PictureCommands::Do(const Text& id, ActionCode action) {
   BJotlet* jotlet = notes_.Find(id);
-  if (jotlet == nullptr || !jotlet->StoredRecord().IsImage()) return false;
+  if (jotlet == nullptr) return false;
+  if (action == kActionConvertToImage) return Convert(*jotlet), true;
+  if (!jotlet->StoredRecord().IsImage()) return false;
   const NoteAction& row = RowOf(action);
   if (row.by != ActionBy::kPicture && row.by != ActionBy::kEditor) return false;
   if (row.sets.what == ActionSets::kZoom || action == kActionZoomIn || action == kActionZoomOut) {
     if (!jotlet->HasAllPixels() && action != kActionZoomFit)
       WorkOn(*jotlet, [](PictureWork&, const ToolSettings&) {});
     return jotlet->ZoomPicture(action);
+  }
+  // What is being made now is the last that was done.
+  if (row.onText != ActionOnText::kKeeps && jobs_.Cancel(id)) {
+    WorkOn(*jotlet, [](PictureWork& picture, const ToolSettings&) { picture.SetWorking({}); });
+    if (action == kActionUndo) return true;
+  }
+  if (const auto effect = EffectOf(action)) {
+    effect->kind == EffectKind::kBorder || effect->kind == EffectKind::kBlur ||
+            effect->kind == EffectKind::kJitter
+        ? AskEffect(id, action, *effect)
+        : BeginEffect(*jotlet, *effect, false);
+    return true;
   }
   if (row.sets.what == ActionSets::kPenWidth) return SetPen(*jotlet, row.sets.value, Pen()), true;
   switch (action) {
@@ -91,6 +107,74 @@ void PictureCommands::Load(const Text& id, const Text& path) {
   auto loaded = DecodePng(contents_.ReadPicture(path));
   if (!loaded) return Tell(jotlet->Handle(), resources_, IDS_NO_PICTURE, path);
   WorkOn(*jotlet, [&](PictureWork& picture, const ToolSettings&) { picture.Load(*std::move(loaded)); });
+}
+
+void PictureCommands::AskEffect(const Text& id, ActionCode action, Effect effect) {
+  const Text name = resources_.String(IDS_ACTION + static_cast<UINT>(action));
+  const Text title = ReplaceAll(ReplaceAll(name, u"&", u""), u"...", u"");
+  BJotlet* jotlet = notes_.Find(id);
+  BEffectDlg dialog(resources_, title, effect.strength, [&](std::int32_t strength) {
+    effect.strength = strength;
+    if (BJotlet* note = notes_.Find(id)) BeginEffect(*note, effect, true);
+  });
+  const auto chosen = dialog.Choose(jotlet->Handle());
+  jotlet = notes_.Find(id);
+  if (jotlet == nullptr) return;
+  jobs_.Cancel(id);
+  WorkOn(*jotlet, [](PictureWork& picture, const ToolSettings&) {
+    picture.SetWorking({});
+    picture.EndPreview();
+  });
+  if (!chosen) return;
+  effect.strength = *chosen;
+  BeginEffect(*jotlet, effect, false);
+}
+
+// Of large pictures a copy is changed elsewhere.
+void PictureCommands::BeginEffect(BJotlet& jotlet, const Effect& effect, bool preview) {
+  WorkOn(jotlet, [&](PictureWork& picture, const ToolSettings&) {
+    const bool turns = effect.kind == EffectKind::kMirror || effect.kind == EffectKind::kFlip;
+    if (turns && !preview) return picture.Apply(effect);
+    const auto pixels = std::make_shared<Picture>(picture.PixelsForEffect());
+    const std::uint64_t version = picture.Version();
+    const auto change = [pixels, effect](const Cancelled& cancelled) {
+      const bool done = ApplyEffect(*pixels, WholeOf(pixels->size), effect, cancelled);
+      return done ? std::move(*pixels) : Picture();
+    };
+    const auto put = [preview, version](PictureWork& work, const Picture& made) {
+      preview ? work.Preview(made) : work.PutEffect(made, version);
+    };
+    if (std::int64_t{pixels->size.width} * pixels->size.height <= kMaxPixelsAtOnce)
+      return put(picture, change({}));
+    picture.SetWorking(resources_.String(IDS_PICTURE_WORKING));
+    const Text id = jotlet.StoredRecord().id;
+    jobs_.Start(id, change, [this, id, put](const Picture& made) {
+      BJotlet* note = notes_.Find(id);
+      if (note == nullptr) return;
+      WorkOn(*note, [&](PictureWork& work, const ToolSettings&) {
+        work.SetWorking({});
+        if (!made.pixels.empty()) put(work, made);
+      });
+    });
+  });
+}
+
+// The text stays among the closed notes, from where the offer brings it back.
+void PictureCommands::Convert(BJotlet& jotlet) {
+  const auto fail = [&] { Tell(jotlet.Handle(), resources_, IDS_NOT_CONVERTED, {}); };
+  if (jotlet.Editor() == nullptr) return;
+  const std::optional<Picture> picture = PictureOfText(*jotlet.Editor());
+  std::string png = picture ? EncodePng(*picture) : std::string();
+  JotletData source = jotlet.Record();
+  source.title = jotlet.TitleShown();
+  if (png.empty() || !desk_.SaveContent(source.id)) return fail();
+  const Text made = desk_.CreatePicture(source, std::move(png));
+  if (made.empty()) return fail();
+  if (!undo_.Close(source.id, jotlet.Bounds(), resources_.String(IDS_UNDO_CONVERTED))) {
+    desk_.Delete(made, Reason::kDeleted);
+    return fail();
+  }
+  desk_.Show(made, Showing::kWithFocus);
 }
 
 void PictureCommands::AskSize(const Text& id) {

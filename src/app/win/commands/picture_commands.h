@@ -1,11 +1,13 @@
 // The commands of picture notes: what the options, the clipboard and files have to do with them.
 #pragma once
 
+#include "app/win/commands/undo_offers.h"
 #include "app/win/program_saving.h"
 #include "data/options.h"
 #include "desk/note_desk.h"
 #include "desk/win/note_contents.h"
 #include "desk/win/open_notes.h"
+#include "picture/picture_jobs.h"
 #include "ui/resources.h"
 
 namespace jotlets {
@@ -13,18 +15,24 @@ namespace jotlets {
 class PictureCommands {
  public:
   PictureCommands(const Resources& resources, Options& options, NoteDesk& desk, OpenNotes& notes,
-                  NoteContents& contents, ProgramSaving& saving)
+                  NoteContents& contents, ProgramSaving& saving, UndoOffers& undo,
+                  const ProgramWindow& window)
       : resources_(resources),
         options_(options),
         desk_(desk),
         notes_(notes),
         contents_(contents),
-        saving_(saving) {}
+        saving_(saving),
+        undo_(undo),
+        jobs_([&window] { window.Post(kPictureMessage); }) {}
 
   /// Carries out a command in a picture note; false for one that it has no use for.
   bool Do(const Text& id, ActionCode action);
   /// A colour was picked from a picture, a file dropped on it, or words are to be asked for.
   void OnAnswer(const Text& id, const PictureAnswer& answer);
+
+  /// Something that was done elsewhere has been finished.
+  void OnNews() { jobs_.Deliver(); }
 
  private:
   ContentFile FileOf(const Text& id) const;
@@ -35,6 +43,9 @@ class PictureCommands {
   void Choose(const Text& id);
   void Load(const Text& id, const Text& path);
   void AskSize(const Text& id);
+  void Convert(BJotlet& jotlet);
+  void AskEffect(const Text& id, ActionCode action, Effect effect);
+  void BeginEffect(BJotlet& jotlet, const Effect& effect, bool preview);
   Colour Pen() const;
   void SetPen(BJotlet& jotlet, std::int32_t width, Colour colour);
 
@@ -44,6 +55,8 @@ class PictureCommands {
   OpenNotes& notes_;
   NoteContents& contents_;
   ProgramSaving& saving_;
+  UndoOffers& undo_;
+  PictureJobs jobs_;
 };
 
 }  // namespace jotlets

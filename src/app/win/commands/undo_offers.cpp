@@ -77,11 +77,11 @@ void UndoOffers::ShowOffer(UndoKind kind, int number, const Rect& place, const T
       [this] { End(); });
 }
 
-bool UndoOffers::Close(const Text& id, const Rect& place) {
+bool UndoOffers::Close(const Text& id, const Rect& place, const Text& words) {
   // The window has it at hand.
   const Text title = managed_.TitleOf(id);
   if (!desk_.Close(id, Reason::kUser)) return false;
-  OfferNamed(UndoKind::kClosed, {id}, title, place, {});
+  OfferNamed(UndoKind::kClosed, {id}, title, place, words);
   return true;
 }
 

@@ -20,7 +20,7 @@ class UndoOffers {
   /// Notes are about to be moved away from these places.
   void OfferPlaces(std::vector<Text> ids, std::vector<Point> places, const Rect& place);
   /// Closes a note for the user, deletes it, and each is offered to be undone; false when that failed.
-  bool Close(const Text& id, const Rect& place);
+  bool Close(const Text& id, const Rect& place, const Text& words = {});
   bool Delete(const Text& id, const Rect& place);
   /// Follows what is pressed in notes. Ctrl+Z takes the offer when it is the first since that was made, and
   /// else belongs to the text; whether it has.
