@@ -393,6 +393,10 @@ TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
   EXPECT_EQ(At(0).crTextColor, kInk);
   EXPECT_EQ(At(1).crTextColor, RGB(111, 111, 255)) << "a lighter shade, which can be read";
   EXPECT_NE(edit_.Rtf()->find("\\blue200;"), std::string::npos) << "what is written is its own";
+  edit_.SetPaper({60, 90, 200}, {});
+  EXPECT_NE(At(1).crTextColor, RGB(111, 111, 255)) << "on another dark paper another shade";
+  edit_.SetPaper(kNight, {});
+  EXPECT_EQ(At(1).crTextColor, RGB(111, 111, 255));
   Select(0, 2);
   Do(kActionCopy);
   ASSERT_TRUE(OpenClipboard(window_));
