@@ -76,7 +76,7 @@ inline constexpr std::array kMenuEntries = [] {
       MenuEntry{{kRemindMenu, 300}, IDS_MENU_CLEAR_ALARM, kNoMenu, kClearAlarm, Icon::kBellOff},
       MenuEntry{{kStacksMenu, 100}, 0, kNoMenu, kStacks, Icon::kStack},
       MenuEntry{{kStacksMenu, 110}, IDS_MENU_NEW_STACK, kNoMenu, kNewStack, Icon::kPlus},
-      MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack, Icon::kGather},
+      MenuEntry{{kStacksMenu, 210}, IDS_MENU_LEAVE_STACK, kNoMenu, kLeaveStack, Icon::kUp},
       MenuEntry{{kFileMenu, 130}, IDS_MENU_STORE, kStoreMenu, kNothing, Icon::kStore},
       MenuEntry{{kStoreMenu, 100}, 0, kNoMenu, kCategories, Icon::kTag},
       MenuEntry{{kFileMenu, 300}, IDS_MENU_SHOW_FILE, kNoMenu, kFile, Icon::kSearch},

@@ -24,6 +24,20 @@ Point PlaceBeside(Size size, const Rect& other, const Rect& area, std::int32_t g
   return PlaceWithin({x, other.top}, size, area);
 }
 
+std::int32_t RoomGivenBy(const Rect& list, std::span<const Rect> others, std::int32_t wanted,
+                         std::int32_t minimum) {
+  std::int32_t given = std::min(wanted, list.Height() - minimum);
+  for (const Rect& stays : others) {
+    const bool shrinks = stays.top <= list.top && stays.bottom >= list.bottom;
+    if (shrinks || stays.top >= list.bottom || Overlap(stays, list)) continue;
+    for (const Rect& moves : others) {
+      const bool apart = moves.left >= stays.right || moves.right <= stays.left;
+      if (moves.top >= list.bottom && !apart) given = std::min(given, moves.top - stays.bottom);
+    }
+  }
+  return std::max(given, 0);
+}
+
 Point PlaceWithin(Point at, Size size, const Rect& area) {
   return {Within(at.x, size.width, area.left, area.right), Within(at.y, size.height, area.top, area.bottom)};
 }

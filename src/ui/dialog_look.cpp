@@ -138,6 +138,15 @@ HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Co
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
+HBRUSH EmptyListColours(HDC dc, const Theme& theme) {
+  if (theme.Now().contrast) return nullptr;
+  const WindowColours& colours = theme.Colours();
+  SetTextColor(dc, ToCOLORREF(colours.quiet));
+  SetBkColor(dc, ToCOLORREF(colours.field));
+  SetDCBrushColor(dc, ToCOLORREF(colours.field));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
 void SetUpRows(HWND list, const Theme& theme) {
   const DWORD buffered = theme.IsRightToLeft() ? 0 : DWORD{LVS_EX_DOUBLEBUFFER};
   ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | buffered);

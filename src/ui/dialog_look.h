@@ -21,6 +21,9 @@ void DressTooltip(HWND tooltip, const Theme& theme);
 /// contrast, fields in the light. `surface` is what the control stands on.
 HBRUSH ControlColours(UINT message, HDC dc, HWND control, const Theme& theme, Colour surface);
 
+/// The colours of words that stand on an empty list; nullptr in high contrast, which goes before all papers.
+HBRUSH EmptyListColours(HDC dc, const Theme& theme);
+
 /// Has a list choose whole rows, and draw them without flicker. A mirrored list may flicker: some systems
 /// draw it into a picture first, and show the mirror image of that.
 void SetUpRows(HWND list, const Theme& theme);

@@ -23,12 +23,6 @@ constexpr int kRight = 14;  // where keys and arrows end
 constexpr int kKeyGap = 24;
 constexpr int kCorner = 4;
 
-void DrawLines(HDC dc, const POINT* points, int count, int width, Colour colour) {
-  const UniqueGdi<HPEN> pen(CreatePen(PS_SOLID, std::max(width, 1), ToCOLORREF(colour)));
-  const Selected drawn(dc, pen.get());
-  Polyline(dc, points, count);
-}
-
 // Until the menu is drawn, that is all that an entry has of its own.
 void SetIcon(HMENU menu, UINT entry, BOOL byPosition, Icon icon) {
   MENUITEMINFOW item{};
@@ -196,11 +190,8 @@ void DrawnMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item) const 
   const Colour ink = IsGrey(item) ? theme_.Colours().grey : theme_.Colours().text;
   const int x = item.rcItem.left + Scaled(kSignMiddle);
   const int y = (item.rcItem.top + item.rcItem.bottom) / 2;
-  const int stroke = Scaled(3) / 2;
   if ((item.itemState & ODS_CHECKED) != 0) {
-    const POINT check[] = {
-        {x - Scaled(5), y}, {x - Scaled(1), y + Scaled(4)}, {x + Scaled(6), y - Scaled(4)}};
-    DrawLines(item.hDC, check, 3, stroke, theme_.Colours().accent);
+    DrawIcon(item.hDC, Icon::kCheck, {x, y}, dpi_, theme_.Colours().accent);
   } else if (entry.picture != nullptr) {
     BITMAP picture{};
     GetObjectW(entry.picture, sizeof picture, &picture);
@@ -212,10 +203,9 @@ void DrawnMenu::DrawSigns(const Entry& entry, const DRAWITEMSTRUCT& item) const 
     DrawIcon(item.hDC, entry.icon, {x, y}, dpi_, ink);
   }
   if (!entry.opens) return;
-  const int right = item.rcItem.right - Scaled(kRight + 2);
-  const POINT arrow[] = {
-      {right - Scaled(2), y - Scaled(4)}, {right + Scaled(2), y}, {right - Scaled(3), y + Scaled(5)}};
-  DrawLines(item.hDC, arrow, 3, stroke, ink);
+  // In a mirrored menu it opens to the left, and signs are not mirrored.
+  const Icon arrow = (GetLayout(item.hDC) & LAYOUT_RTL) != 0 ? Icon::kChevronLeft : Icon::kChevronRight;
+  DrawIcon(item.hDC, arrow, {item.rcItem.right - Scaled(kRight + 2), y}, dpi_, ink);
   // The system would put its own arrow over this one.
   ExcludeClipRect(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
 }

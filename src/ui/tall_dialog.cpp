@@ -4,14 +4,19 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <vector>
 
+#include "base/beside.h"
 #include "ui/screen.h"
 #include "ui/window.h"
 
 namespace jotlets {
 namespace {
 
-constexpr int kLine = 24;  // pixels at 96 dots per inch
+// Pixels at 96 dots per inch.
+constexpr int kLine = 24;
+constexpr int kLowestList = 60;
 
 SCROLLINFO ScrollState(HWND dialog) {
   SCROLLINFO state{};
@@ -85,12 +90,46 @@ LRESULT CALLBACK ToParent(HWND control, UINT message, WPARAM wParam, LPARAM lPar
   return DefSubclassProc(control, message, wParam, lParam);
 }
 
+bool Is(HWND control, std::initializer_list<const wchar_t*> classes) {
+  std::array<wchar_t, 32> name{};
+  GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+  return std::ranges::any_of(classes,
+                             [&](const wchar_t* known) { return lstrcmpiW(name.data(), known) == 0; });
+}
+
+// Lets the highest list of the dialog give way, so that all else can be seen, the buttons at the foot before
+// all. What is left to be scrolled.
+int ShrinkList(HWND dialog, int over) {
+  std::vector<HWND> controls;
+  std::vector<Rect> places;
+  std::size_t list = 0;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    RECT place{};
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    controls.push_back(child);
+    places.push_back(FromRECT(place));
+    const bool isList = Is(child, {WC_TREEVIEWW, WC_LISTVIEWW, WC_LISTBOXW});
+    if (isList && (list == 0 || places.back().Height() > places[list - 1].Height())) list = places.size();
+  }
+  if (list == 0) return over;
+  const Rect place = places[list - 1];
+  const int lowest = MulDiv(kLowestList, static_cast<int>(GetDpiForWindow(dialog)), USER_DEFAULT_SCREEN_DPI);
+  const int given = RoomGivenBy(place, places, over, lowest);
+  for (std::size_t i = 0; i < controls.size(); ++i) {
+    const bool moves = places[i].top >= place.bottom;
+    const bool shrinks = places[i].top <= place.top && places[i].bottom >= place.bottom;
+    if (!moves && !shrinks) continue;
+    SetWindowPos(controls[i], nullptr, places[i].left, places[i].top - (moves ? given : 0), places[i].Width(),
+                 places[i].Height() - given, SWP_NOZORDER | SWP_NOACTIVATE | (moves ? SWP_NOSIZE : 0u));
+  }
+  return over - given;
+}
+
 // Whether the wheel would change what the control holds; the other kinds scroll themselves or pass it on.
 bool ChangesWithWheel(HWND control) {
-  std::array<wchar_t, 16> name{};
-  GetClassNameW(control, name.data(), static_cast<int>(name.size()));
-  if (lstrcmpiW(name.data(), WC_COMBOBOXW) == 0) return true;
-  return lstrcmpiW(name.data(), WC_EDITW) == 0 && (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) == 0;
+  if (Is(control, {WC_COMBOBOXW})) return true;
+  return Is(control, {WC_EDITW}) && (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) == 0;
 }
 
 }  // namespace
@@ -114,12 +153,18 @@ void FitHeight(HWND dialog) {
   }
   const int over = static_cast<int>(window.bottom - window.top) - work.Height();
   if (over <= 0) return;
+  const int scrolled = ShrinkList(dialog, over);
+  if (scrolled == 0) {
+    SetWindowPos(dialog, nullptr, window.left, work.top, window.right - window.left, work.Height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    return;
+  }
   const auto dpi = GetDpiForWindow(dialog);
   const int width = static_cast<int>(window.right - window.left) + GetSystemMetricsForDpi(SM_CXVSCROLL, dpi);
   SCROLLINFO state{};
   state.cbSize = sizeof state;
   state.fMask = SIF_PAGE | SIF_RANGE;
-  state.nMax = client.bottom - 1;
+  state.nMax = client.bottom - (over - scrolled) - 1;
   state.nPage = static_cast<UINT>(std::max<int>(client.bottom - over, 1));
   SetScrollInfo(dialog, SB_VERT, &state, FALSE);
   SetWindowPos(dialog, nullptr,

@@ -212,5 +212,22 @@ TEST(PlaceBeside, IsRightElseLeftElseOverAndAlwaysOnTheMonitor) {
   EXPECT_EQ(at({0, 100, 200, 300}, {5000, 900}), (Point{-1000, 0})) << "its beginning is seen";
 }
 
+TEST(RoomGivenBy, EndsWhereTheListIsLowOrWhatMovesMeetsWhatStays) {
+  const Rect list{0, 10, 100, 110};
+  const auto room = [&](std::vector<Rect> others, std::int32_t wanted = 70) {
+    others.push_back(list);
+    return RoomGivenBy(list, others, wanted, 40);
+  };
+  const Rect below{0, 120, 100, 140};
+  EXPECT_EQ(room({below}, 50), 50);
+  EXPECT_EQ(room({below}), 60) << "the list keeps its least height";
+  EXPECT_EQ(room({below, {110, 80, 150, 105}}), 60) << "what stands beside it is in nobody's way";
+  EXPECT_EQ(room({{0, 120, 120, 140}, {110, 80, 150, 105}}), 15) << "here it is";
+  EXPECT_EQ(room({below, {-5, 5, 105, 115}}), 60) << "a frame around the list becomes lower, too";
+  EXPECT_EQ(room({{0, 140, 150, 160}, {110, 0, 150, 130}}), 60) << "so does what is as high beside it";
+  EXPECT_EQ(room({below, {20, 40, 80, 70}}), 60) << "words on the list";
+  EXPECT_EQ(RoomGivenBy({0, 0, 10, 30}, {}, 5, 40), 0) << "it is low already";
+}
+
 }  // namespace
 }  // namespace jotlets

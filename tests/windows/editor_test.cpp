@@ -321,6 +321,9 @@ TEST_F(EditorTest, CheckListsGoOnAreTickedAndEnd) {
   const auto text = [&] { return edit_.PlainText(); };
   Type(u"[] a\nb\n\nc");
   EXPECT_EQ(text(), u"\u2610 a\r\n\u2610 b\r\nc");
+  const auto hangs = [&](LONG at) { return Select(at, at), ParagraphFormat(edit_).dxOffset > 0; };
+  EXPECT_TRUE(hangs(0) && hangs(4)) << "further lines of an item begin below its words";
+  EXPECT_FALSE(hangs(8)) << "what follows is no item";
   edit_.SetPlainText({});
   Type(u"[] ");
   Do(kActionUndo);
@@ -368,9 +371,11 @@ TEST_F(EditorTest, CheckListsGoOnAreTickedAndEnd) {
   Do(kActionUndo);
   EXPECT_EQ(text(), u"one\r\ntwo\r\nthree");
   Do(kActionRedo);
+  EXPECT_TRUE(hangs(0));
   Select(1, 8);
   Press('X', 0, true, true);
   EXPECT_EQ(text(), u"one\r\ntwo\r\nthree");
+  EXPECT_FALSE(hangs(0) || hangs(5));
 
   edit_.SetPlainText(u"\u2610 a");
   edit_.SetReadOnly(true);
@@ -388,6 +393,10 @@ TEST_F(EditorTest, TextWithoutAColourCanBeReadOnAnyPaperAndHighlight) {
   EXPECT_EQ(At(0).crTextColor, kInk);
   EXPECT_EQ(At(1).crTextColor, RGB(111, 111, 255)) << "a lighter shade, which can be read";
   EXPECT_NE(edit_.Rtf()->find("\\blue200;"), std::string::npos) << "what is written is its own";
+  edit_.SetPaper({60, 90, 200}, {});
+  EXPECT_NE(At(1).crTextColor, RGB(111, 111, 255)) << "on another dark paper another shade";
+  edit_.SetPaper(kNight, {});
+  EXPECT_EQ(At(1).crTextColor, RGB(111, 111, 255));
   Select(0, 2);
   Do(kActionCopy);
   ASSERT_TRUE(OpenClipboard(window_));

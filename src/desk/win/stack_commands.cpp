@@ -14,9 +14,9 @@ namespace jotlets {
 namespace {
 
 constexpr std::pair<UINT, Icon> kIcons[] = {
-    {ID_STACK_SHOW_MEMBER, Icon::kEye}, {ID_STACK_TAKE_OUT, Icon::kGather}, {ID_STACK_SPREAD, Icon::kSpread},
-    {ID_STACK_GATHER, Icon::kStack},    {ID_STACK_TITLE, Icon::kPencil},    {ID_STACK_COLOUR, Icon::kPalette},
-    {ID_STACK_ON_TOP, Icon::kPin},      {ID_STACK_ROLL, Icon::kRoll},       {ID_STACK_CLOSE, Icon::kClose}};
+    {ID_STACK_SHOW_MEMBER, Icon::kEye}, {ID_STACK_TAKE_OUT, Icon::kUp},  {ID_STACK_SPREAD, Icon::kSpread},
+    {ID_STACK_GATHER, Icon::kGather},   {ID_STACK_TITLE, Icon::kPencil}, {ID_STACK_COLOUR, Icon::kPalette},
+    {ID_STACK_ON_TOP, Icon::kPin},      {ID_STACK_ROLL, Icon::kRoll},    {ID_STACK_CLOSE, Icon::kClose}};
 
 // At the mouse, or on the stack when the mouse is elsewhere.
 Point PlaceOfMenu(const BStackDlg& stack) {

@@ -333,9 +333,9 @@ void BEdit::SetPaper(Colour colour, std::optional<Colour> ink) {
   Look wanted = look_;
   wanted.background = colour;
   wanted.ink = ink;
-  const bool sameInk = wanted.Ink() == look_.Ink();
-  // The control keeps what it was given in the former ink.
-  const std::optional<std::string> rtf = sameInk ? std::nullopt : Rtf();
+  // The control keeps what it was given in the former ink, and in shades for the former paper.
+  const bool same = wanted.Ink() == look_.Ink() && (!HasLightInk() || colour == look_.background);
+  const std::optional<std::string> rtf = same ? std::nullopt : Rtf();
   look_ = wanted;
   SetDefaultFormat();
   SetBackground(colour);

@@ -7,6 +7,7 @@
 
 #include "base/win/wide.h"
 #include "res/resource.h"
+#include "ui/dialog_look.h"
 #include "ui/popup_menu.h"
 #include "ui/user_messages.h"
 #include "ui/window.h"
@@ -69,6 +70,8 @@ const BFriendsDlg::Button BFriendsDlg::kButtons[] = {
 
 void BFriendsDlg::OnInit() {
   window_ = Handle();
+  SetDlgItemTextW(Handle(), IDC_FRIEND_EMPTY, Wide(resources_.String(IDS_FRIEND_NONE)));
+  PlaceEmpty();
   CheckDlgButton(Handle(), IDC_FRIEND_TAKE_LIST, BST_CHECKED);
   SetDlgItemTextW(Handle(), IDC_FRIEND_UPDATED,
                   Wide(ReplaceAll(resources_.String(IDS_FRIEND_UPDATED), u"%s", list_.lastUpdate)));
@@ -223,7 +226,29 @@ void BFriendsDlg::AssignFavourite(std::size_t slot) {
   list_.favourites[slot] = ItemText(IDC_FRIEND_FAVOURITE + static_cast<int>(slot));
 }
 
+// In the middle of the list, which may have given way.
+void BFriendsDlg::PlaceEmpty() {
+  constexpr int kHeight = 64;
+  constexpr int kMargin = 20;
+  const int dpi = static_cast<int>(GetDpiForWindow(Handle()));
+  RECT list{};
+  GetWindowRect(Item(IDC_FRIEND_TREE), &list);
+  MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&list), 2);
+  const Rect place = FromRECT(list);
+  const int margin = MulDiv(kMargin, dpi, USER_DEFAULT_SCREEN_DPI);
+  const int height = std::min(MulDiv(kHeight, dpi, USER_DEFAULT_SCREEN_DPI), place.Height() - margin / 2);
+  SetWindowPos(Item(IDC_FRIEND_EMPTY), nullptr, place.left + margin,
+               place.top + (place.Height() - height) / 2, place.Width() - 2 * margin, height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HBRUSH BFriendsDlg::OnColours(HDC dc, HWND control) {
+  const bool isEmpty = control != nullptr && control == Item(IDC_FRIEND_EMPTY);
+  return isEmpty ? EmptyListColours(dc, Look()) : nullptr;
+}
+
 void BFriendsDlg::ShowFacts() {
+  ShowWindow(Item(IDC_FRIEND_EMPTY), list_.entries.empty() ? SW_SHOWNA : SW_HIDE);
   const auto total = static_cast<std::int64_t>(CountFriends(list_));
   SetDlgItemTextW(Handle(), IDC_FRIEND_STATUS,
                   Wide(ReplaceAll(resources_.String(IDS_FRIEND_TOTAL), u"%i", IntText(total))));
@@ -258,6 +283,7 @@ std::optional<LRESULT> BFriendsDlg::OnMessage(UINT message, WPARAM wParam, LPARA
       if (reinterpret_cast<HWND>(wParam) != Item(IDC_FRIEND_TREE)) return std::nullopt;
       ShowMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
       return 0;
+    case WM_SIZE: PlaceEmpty(); return std::nullopt;
     case WM_MOUSEMOVE:
       if (dragged_ != kNoFriend) DragOver();
       return 0;

@@ -45,6 +45,7 @@ class BFriendsDlg final : public Dialog {
   bool OnCommand(UINT control, UINT notification) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnNotify(const NMHDR& header) override;
+  HBRUSH OnColours(HDC dc, HWND control) override;
   void OnTreeKey(WORD key);
 
   void NewFriend();
@@ -62,6 +63,7 @@ class BFriendsDlg final : public Dialog {
   void ShowTree(std::size_t selected);
   void ShowFavourites();
   void ShowFacts();
+  void PlaceEmpty();
   void AssignFavourite(std::size_t slot);
   Text Shown(const FriendEntry& entry) const;
 

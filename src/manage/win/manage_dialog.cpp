@@ -9,6 +9,7 @@
 #include "manage/win/manage_buttons.h"
 #include "manage/win/manage_settings.h"
 #include "res/resource.h"
+#include "ui/dialog_look.h"
 #include "ui/user_messages.h"
 #include "ui/window.h"
 
@@ -226,15 +227,9 @@ bool BManageDlg::OnCommand(UINT control, UINT notification) {
   return true;
 }
 
-// High contrast goes before all papers.
 HBRUSH BManageDlg::OnColours(HDC dc, HWND control) {
-  if (Look().Now().contrast) return nullptr;
-  if (control == nullptr || control != Item(IDC_MANAGE_EMPTY)) return nullptr;
-  const WindowColours& colours = Look().Colours();
-  SetTextColor(dc, ToCOLORREF(colours.quiet));
-  SetBkColor(dc, ToCOLORREF(colours.field));
-  SetDCBrushColor(dc, ToCOLORREF(colours.field));
-  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+  const bool isEmpty = control != nullptr && control == Item(IDC_MANAGE_EMPTY);
+  return isEmpty ? EmptyListColours(dc, Look()) : nullptr;
 }
 
 void BManageDlg::OnDrawItem(const DRAWITEMSTRUCT& item) {

@@ -31,6 +31,19 @@ TOOLINFOW ToolOf(HWND window, const Rect& area, Text& title) {
   return tool;
 }
 
+// The control goes by moves of the mouse, and what the tip is about may have come under one that rests.
+void TellMouse(HWND tooltip, HWND window) {
+  const Point mouse = MousePosition();
+  MSG move{};
+  move.hwnd = window;
+  move.message = WM_MOUSEMOVE;
+  move.pt = {mouse.x, mouse.y};
+  POINT at = move.pt;
+  ScreenToClient(window, &at);
+  move.lParam = MAKELPARAM(at.x, at.y);
+  SendMessageW(tooltip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+}
+
 }  // namespace
 
 void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, const Text& title,
@@ -52,6 +65,7 @@ void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, co
                             FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0,
                             skin.tooltipFontName.empty() ? L"Segoe UI" : Wide(skin.tooltipFontName)));
     SendMessageW(tooltip_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+    TellMouse(tooltip_, window);
     return;
   }
   if (title == title_ && area == area_) return;
@@ -61,6 +75,7 @@ void TitleTooltip::Offer(HWND window, const SkinData& skin, const Rect& area, co
   if (area != area_) {
     SendMessageW(tooltip_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    TellMouse(tooltip_, window);
   } else {
     SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
   }
