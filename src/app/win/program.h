@@ -116,7 +116,9 @@ class Program final : private OpenNotesOwner,
   void TellUnknownHeight();
   void Restart();
 
-  void OnNoteChanged(const Text& id) override { desk_.Changed(id); }
+  void OnNoteChanged(const Text& id) override {
+    if (!pictures_.MakeFiles(id)) desk_.Changed(id);
+  }
   void OnNoteDragged(bool shift) override { stacks_.OnNoteDragged(shift); }
   void OnNoteDropped(BJotlet& jotlet, bool shift) override;
   void OnNoteMoved(const JotletData& record) override { attached_.OnMoved(record); }

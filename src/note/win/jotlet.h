@@ -130,6 +130,8 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void FinishAnimation();
   /// What its skin shows of it has changed.
   void ShowAnew() { UpdateView(); }
+  /// Its picture, as soon as somebody has drawn on it; else nullptr.
+  PictureWork* Drawn() const { return content_->Drawing(); }
   /// What can be done with its picture now.
   PictureFacts Drawing() const;
   /// Has something done to its picture, which is read from its file if nobody has drawn on it before; false

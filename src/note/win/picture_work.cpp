@@ -319,6 +319,17 @@ Rect PictureWork::ConsumeChanged(const Rect& area) {
                     area);
 }
 
+bool PictureWork::WantsFiles() const {
+  const Size size = document_.PictureSize();
+  return writtenVersion_ != document_.Version() && std::int64_t{size.width} * size.height > kMaxPixelsAtOnce;
+}
+
+void PictureWork::PutFiles(PictureFiles files, std::uint64_t version) {
+  if (version != document_.Version()) return;
+  written_ = std::move(files);
+  writtenVersion_ = version;
+}
+
 const PictureFiles& PictureWork::Files() const {
   if (writtenVersion_ != document_.Version()) {
     written_ = FilesOf(document_.PartsToSave(), letters_);

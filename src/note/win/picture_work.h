@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "action/actions.h"
 #include "data/options.h"
@@ -82,6 +83,12 @@ class PictureWork {
   std::uint64_t Version() const { return document_.Version(); }
   /// What its files are to hold; made once for each version.
   const PictureFiles& Files() const;
+  /// Whether making them takes longer than anybody should wait, and they are not made yet.
+  bool WantsFiles() const;
+  /// They begin to be made elsewhere, of `Parts`; false when they already have.
+  bool BeginFiles() { return std::exchange(beginsFiles_, Version()) != Version(); }
+  PictureParts Parts() const { return document_.PartsToSave(); }
+  void PutFiles(PictureFiles files, std::uint64_t version);
 
  private:
   bool DoWhole(ActionCode action);
@@ -107,6 +114,7 @@ class PictureWork {
   Rect framed_;   // what the frames drawn on it enclose
   mutable std::uint64_t writtenVersion_ = 0;
   mutable PictureFiles written_;
+  std::uint64_t beginsFiles_ = 0;
 };
 
 /// Something to be done to a picture, with what new objects are drawn with.

@@ -159,6 +159,28 @@ void PictureCommands::BeginEffect(BJotlet& jotlet, const Effect& effect, bool pr
   });
 }
 
+bool PictureCommands::MakeFiles(const Text& id) {
+  BJotlet* jotlet = notes_.Find(id);
+  PictureWork* picture = jotlet == nullptr ? nullptr : jotlet->Drawn();
+  if (picture == nullptr || !picture->WantsFiles()) return false;
+  const std::uint64_t version = picture->Version();
+  if (!picture->BeginFiles()) return true;
+  const auto parts = std::make_shared<PictureParts>(picture->Parts());
+  const auto files = std::make_shared<PictureFiles>();
+  const auto make = [parts, files](const Cancelled&) {
+    *files = FilesOf(*parts, SystemLetters());
+    return Picture();
+  };
+  // Beside an effect that is being worked out for the same note.
+  jobs_.Start(id + u"*", make, [this, id, version, files](const Picture&) {
+    BJotlet* note = notes_.Find(id);
+    PictureWork* work = note == nullptr ? nullptr : note->Drawn();
+    if (work != nullptr) work->PutFiles(std::move(*files), version);
+    desk_.Changed(id);
+  });
+  return true;
+}
+
 // The text stays among the closed notes, from where the offer brings it back.
 void PictureCommands::Convert(BJotlet& jotlet) {
   const auto fail = [&] { Tell(jotlet.Handle(), resources_, IDS_NOT_CONVERTED, {}); };

@@ -34,6 +34,10 @@ class PictureCommands {
   /// Something that was done elsewhere has been finished.
   void OnNews() { jobs_.Deliver(); }
 
+  /// A note has changed. The files of a large picture take long: they are made elsewhere, and the desk is
+  /// told of the change when they are there. False for any other note.
+  bool MakeFiles(const Text& id);
+
  private:
   ContentFile FileOf(const Text& id) const;
   void WorkOn(BJotlet& jotlet, const PictureTask& work);
