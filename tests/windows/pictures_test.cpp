@@ -9,6 +9,7 @@
 #include "note/win/jotlet.h"
 #include "picture/picture.h"
 #include "picture/win/picture_clipboard.h"
+#include "res/resource.h"
 #include "window_test.h"
 
 namespace jotlets {
@@ -179,6 +180,28 @@ TEST_F(PicturesTest, ATextBecomesAPictureAndIsKeptAmongTheClosed) {
   id_ = List(u"desktop").back();
   EXPECT_EQ(Value(u"get desktop " + id_ + u" title"), u"Words");
   EXPECT_GT(Drawn(), 100);
+}
+
+TEST_F(PicturesTest, TheManageWindowShowsThePictureOfAChosenNote) {
+  StartWithSheet();
+  Picture blue = BlankPicture(kSheet);
+  for (std::size_t at = 0; at < blue.pixels.size(); at += 4) blue.pixels[at] = blue.pixels[at + 3] = 255;
+  Write(folder_ + u"images\\" + id_ + u".png", EncodePng(blue));
+  const auto manage = [] { return FindWindowW(L"#32770", L"Manage Jotlets"); };
+  TakeHold();
+  PressKeys({VK_CONTROL, 'M'});
+  ASSERT_TRUE(WaitUntil([&] { return manage() != nullptr && GetForegroundWindow() == manage(); }));
+  TypeText(u"shee");
+  PressKeys({VK_RETURN});
+  const auto middle = [&] {
+    RECT place{};
+    GetWindowRect(GetDlgItem(manage(), IDC_MANAGE_PREVIEW_TITLE), &place);
+    const HDC screen = GetDC(nullptr);
+    const COLORREF seen = GetPixel(screen, (place.left + place.right) / 2, place.top + 80);
+    ReleaseDC(nullptr, screen);
+    return seen;
+  };
+  EXPECT_TRUE(WaitUntil([&] { return middle() == RGB(0, 0, 255); }));
 }
 
 TEST_F(PicturesTest, AnAreaOfTheScreenBecomesANoteByMouseAndByKeys) {

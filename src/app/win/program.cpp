@@ -58,7 +58,7 @@ Program::Program(const Resources& resources, Theme& theme, ProgramInstance& inst
                      notes_,    stacks_,       managed_,     found_,      optionCommands_,    friends_,
                      saving_,   tray_,         hotKeys_,     keys_,       backups_,           listeners_,
                      menus_,    window_,       state_,       *this}),
-      pictures_(resources, options_.Current(), desk_, notes_, contents_, saving_, undo_, window_),
+      pictures_(resources, options_.Current(), desk_, notes_, contents_, saving_, undo_, pictureJobs_),
       noteCommands_({resources, system_.clock, system_.log, options_.Current(), desk_, notes_, stacks_,
                      attached_, foreign_.Front(), contents_, skinCommands_, saving_, trayCommands_,
                      storeCommands_, undo_, listeners_, menus_, window_, state_}),
@@ -110,7 +110,7 @@ void Program::OnMessage(ProgramMessage message, LPARAM detail) {
       if (state_.ready && !state_.exiting) saving_.WriteJournal();
       break;
     case kUnknownHeightMessage: TellUnknownHeight(); break;
-    case kPictureMessage: pictures_.OnNews(); break;
+    case kPictureMessage: pictureJobs_.Deliver(); break;
     case kSearchMessage:
       if (!state_.ready || state_.exiting) break;
       search_.OnNews();

@@ -189,7 +189,8 @@ class Program final : private OpenNotesOwner,
   BKeysDlg keys_;
   BackupCommands backups_;
   SkinCommands skinCommands_;
-  PreviewedNotes previewed_{resources_, system_.log, desk_, notes_, contents_};
+  PictureJobs pictureJobs_{[this] { window_.Post(kPictureMessage); }};
+  PreviewedNotes previewed_{resources_, system_.log, desk_, notes_, contents_, system_.files, pictureJobs_};
   ManagedNotes managed_;
   FoundNotes found_;
   OptionCommands optionCommands_;

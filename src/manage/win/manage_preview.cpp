@@ -20,6 +20,7 @@ constexpr UINT kSaveDelay = 700;       // milliseconds without a change
 constexpr UINT kRetryDelay = 3000;
 // Bytes of a text; more would hold up who goes through the list.
 constexpr std::size_t kLargestShown = 256 * 1024;
+constexpr Size kLargestPicture{1000, 1000};
 
 Colour BarOf(Colour paper) { return Shaded(paper, kBarShade); }
 
@@ -57,12 +58,13 @@ BEdit::Look ManagePreview::EditLook() const {
 
 void ManagePreview::Place(const Rect& place) {
   place_ = place;
-  const bool seen = !id_.empty() && IsPlaced();
-  ShowWindow(title_, seen ? SW_SHOWNA : SW_HIDE);
-  text_.Show(seen);
+  ShowWindow(title_, IsShown() ? SW_SHOWNA : SW_HIDE);
+  text_.Show(IsShown() && pictured_.empty());
   if (!IsPlaced()) return;
   const int bar = Scaled(kBarHeight);
-  SetWindowPos(title_, nullptr, place.left, place.top, place.Width(), bar, SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(title_, nullptr, place.left, place.top, place.Width(),
+               pictured_.empty() ? bar : place.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
+  AskPicture();
   text_.SetBounds({place.left, place.top + bar, place.right, std::max(place.bottom, place.top + bar)});
   Inset();
 }
@@ -83,6 +85,7 @@ void ManagePreview::Inset() const {
 void ManagePreview::Show(const ManageRow& row) {
   if (row.id != id_ && HasKeyboard()) return;
   if (row.id != id_) Save(true);
+  if (row.type == ManageRow::Type::kPicture) return ShowPicture(row);
   const bool isText = row.type == ManageRow::Type::kText && text_.ContentWindow() != nullptr;
   std::optional<PreviewedText> shown = isText ? source_.TextOf(row.id) : std::nullopt;
   if (!shown) return Hide();
@@ -90,15 +93,40 @@ void ManagePreview::Show(const ManageRow& row) {
   const bool repaper = other || colour_ != row.colour;
   colour_ = row.colour;
   if (repaper) FollowLook();
-  if (other || shownTitle_ != row.title) {
-    shownTitle_ = row.title;
-    SetWindowTextW(title_, Wide(row.title));
-    InvalidateRect(title_, nullptr, FALSE);
-  }
+  if (other || shownTitle_ != row.title) ShowTitle(row.title);
   id_ = row.id;
+  pictured_.clear();
   // What is being typed goes before what somebody else has made of it meanwhile.
   if (other || !text_.HasUnsavedChanges()) Load(*std::move(shown), other);
   if (other) Place(Rect(place_));
+}
+
+void ManagePreview::ShowTitle(const Text& title) {
+  shownTitle_ = title;
+  SetWindowTextW(title_, Wide(title));
+  InvalidateRect(title_, nullptr, FALSE);
+}
+
+void ManagePreview::ShowPicture(const ManageRow& row) {
+  if (HasKeyboard()) return;
+  const bool other = row.id != pictured_;
+  if (!other && row.modified == picturedAt_ && row.title == shownTitle_ && row.colour == colour_) return;
+  End();
+  colour_ = row.colour;
+  pictured_ = row.id;
+  picturedAt_ = row.modified;
+  ShowTitle(row.title);
+  if (other) picture_ = {};
+  asked_ = false;
+  Place(Rect(place_));
+}
+
+void ManagePreview::AskPicture() {
+  if (pictured_.empty() || std::exchange(asked_, true)) return;
+  source_.AskPicture(pictured_, kLargestPicture, [this, id = pictured_](const Picture& picture) {
+    if (id != pictured_ || !picture_.Load(picture)) return;
+    InvalidateRect(title_, nullptr, FALSE);
+  });
 }
 
 void ManagePreview::Load(PreviewedText shown, bool other) {
@@ -150,6 +178,7 @@ void ManagePreview::Hide() {
 void ManagePreview::End() {
   Save(true);
   id_.clear();
+  pictured_.clear();
 }
 
 void ManagePreview::FollowLook() {
@@ -195,7 +224,17 @@ void ManagePreview::DrawTitle(const DRAWITEMSTRUCT& item) const {
   const bool contrast = resources_.Look().Now().contrast.has_value();
   const Colour bar = contrast ? Paper() : BarOf(Paper());
   RECT area = item.rcItem;
+  area.bottom = std::min<LONG>(area.bottom, Scaled(kBarHeight));
   FillArea(item.hDC, area, bar);
+  if (!pictured_.empty()) {
+    RECT below = item.rcItem;
+    below.top = area.bottom;
+    FillArea(item.hDC, below, Paper());
+    const Rect room = FromRECT(below);
+    const Rect shown = PicturePlace(picture_.PixelSize(), room, kUsualDpi);
+    const Point at{room.left + (room.Width() - shown.Width()) / 2, room.top};
+    if (picture_.IsLoaded()) picture_.Draw(item.hDC, RectAt(at, {shown.Width(), shown.Height()}), room);
+  }
   InflateRect(&area, -Scaled(kInset), 0);
   SetBkMode(item.hDC, TRANSPARENT);
   SetTextColor(item.hDC, ToCOLORREF(contrast ? resources_.Look().Colours().text : TitleInk(bar)));

@@ -1,9 +1,10 @@
 // The note that is chosen in the manage window: its title, and its text on its paper, which can be changed
-// there.
+// there, or its picture.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "manage/manage_list.h"
 #include "note/win/text_content.h"
 #include "res/resource.h"
+#include "skin/win/picture_bitmap.h"
 #include "ui/handle.h"
 #include "ui/resources.h"
 
@@ -27,6 +29,9 @@ class PreviewSource {
   virtual ~PreviewSource() = default;
   /// The text of a note as it is now, open or not; nothing for a picture, and when there is no such note.
   virtual std::optional<PreviewedText> TextOf(const Text& id) = 0;
+  /// Reads the picture of a note, no larger than that, and tells `seen` of it later, unless it is asked for
+  /// another before; nothing comes of a file that holds none.
+  virtual void AskPicture(const Text& id, Size largest, std::function<void(const Picture&)> seen) = 0;
   /// Gives a note another text; false when it could not be written, which the log tells.
   virtual bool ChangeText(const Text& id, const std::string& rtf) = 0;
   /// Does what a key does in the text of a note; false when that is nothing.
@@ -51,14 +56,14 @@ class ManagePreview final : private ContentWatcher {
   ManagePreview(const Resources& resources, PreviewSource& source)
       : resources_(resources), source_(source), text_(*this) {}
 
-  /// Makes the text behind a static control for the title.
+  /// Makes the text behind a static control for the title, which draws a picture as well.
   void SetUp(HWND title);
   /// Where both stand in their window; an empty place hides them.
   void Place(const Rect& place);
   bool IsPlaced() const { return place_.Width() > 0; }
 
-  /// Shows a note. One that is shown already stays as it is, scrolled or selected; a stack has no words, and
-  /// neither has a picture. As long as the text has the keyboard its note stays, whatever becomes of the row:
+  /// Shows a note. One that is shown already stays as it is, scrolled or selected; a stack has no words.
+  /// As long as the text has the keyboard its note stays, whatever becomes of the row:
   /// what is typed goes on in it.
   void Show(const ManageRow& row);
   void Hide();
@@ -80,6 +85,11 @@ class ManagePreview final : private ContentWatcher {
   void DrawTitle(const DRAWITEMSTRUCT& item) const;
 
  private:
+  void ShowPicture(const ManageRow& row);
+  void AskPicture();
+  void ShowTitle(const Text& title);
+  bool IsShown() const { return IsPlaced() && (!id_.empty() || !pictured_.empty()); }
+
   void OnEditScrolled() override {}
   void OnEditMouse() override {}
   void OnContentChanged() override {}
@@ -109,7 +119,11 @@ class ManagePreview final : private ContentWatcher {
   HWND title_ = nullptr;
   Rect place_;
   Colour colour_;
-  Text id_;              // of the note that is shown; empty for none
+  Text id_;                      // of the note whose text is shown; empty for none
+  Text pictured_;                // of the one whose picture is shown
+  std::int32_t picturedAt_ = 0;  // when that was changed last
+  PictureBitmap picture_;
+  bool asked_ = false;   // for it
   std::string given_;    // as the source last gave it
   bool whole_ = true;    // the text holds all of that
   bool failed_ = false;  // to be saved, which the user knows

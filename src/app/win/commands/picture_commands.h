@@ -15,8 +15,7 @@ namespace jotlets {
 class PictureCommands {
  public:
   PictureCommands(const Resources& resources, Options& options, NoteDesk& desk, OpenNotes& notes,
-                  NoteContents& contents, ProgramSaving& saving, UndoOffers& undo,
-                  const ProgramWindow& window)
+                  NoteContents& contents, ProgramSaving& saving, UndoOffers& undo, PictureJobs& jobs)
       : resources_(resources),
         options_(options),
         desk_(desk),
@@ -24,15 +23,12 @@ class PictureCommands {
         contents_(contents),
         saving_(saving),
         undo_(undo),
-        jobs_([&window] { window.Post(kPictureMessage); }) {}
+        jobs_(jobs) {}
 
   /// Carries out a command in a picture note; false for one that it has no use for.
   bool Do(const Text& id, ActionCode action);
   /// A colour was picked from a picture, a file dropped on it, or words are to be asked for.
   void OnAnswer(const Text& id, const PictureAnswer& answer);
-
-  /// Something that was done elsewhere has been finished.
-  void OnNews() { jobs_.Deliver(); }
 
   /// A note has changed. The files of a large picture take long: they are made elsewhere, and the desk is
   /// told of the change when they are there. False for any other note.
@@ -60,7 +56,7 @@ class PictureCommands {
   NoteContents& contents_;
   ProgramSaving& saving_;
   UndoOffers& undo_;
-  PictureJobs jobs_;
+  PictureJobs& jobs_;
 };
 
 }  // namespace jotlets

@@ -8,6 +8,7 @@
 #include "data/rtf_bytes.h"
 #include "desk/win/note_links.h"
 #include "note/win/edit_actions.h"
+#include "picture/picture.h"
 #include "res/resource.h"
 #include "ui/drawn_menu.h"
 #include "ui/popup_menu.h"
@@ -32,6 +33,19 @@ std::optional<PreviewedText> PreviewedNotes::TextOf(const Text& id) {
   FileContent file = contents_.ReadText(*record);
   const bool read = file.state == FileContent::State::kRead;
   return {{std::move(file.bytes), record->readOnly || !read}};
+}
+
+void PreviewedNotes::AskPicture(const Text& id, Size largest, std::function<void(const Picture&)> seen) {
+  const std::optional<JotletData> record = desk_.RecordOf(id);
+  if (!record) return;
+  const auto read = [&files = files_, path = desk_.Folder() + ContentPath(*record),
+                     largest](const Cancelled&) {
+    auto picture = DecodePng(files.Read(path).bytes);
+    return picture ? Shrunk(*std::move(picture), largest) : Picture();
+  };
+  jobs_.Start(u"preview", read, [seen](const Picture& made) {
+    if (!made.pixels.empty()) seen(made);
+  });
 }
 
 bool PreviewedNotes::ChangeText(const Text& id, const std::string& rtf) {
