@@ -113,7 +113,6 @@ void EditAids::Apply(BEdit& edit, LONG paragraph, const TypingAid& aid, const Ty
     MakeBold(edit, paragraph, aid);
   } else if (!IsEmpty(range)) {
     Replace(edit, range, aid.text);
-    if (aid.does == Does::kReplaces) Hang(edit, paragraph, !aid.text.empty());
   }
   if (aid.does == Does::kHeading) MakeHeading(edit, paragraph, settings);
   const bool lists = aid.does == Does::kBulletList || aid.does == Does::kNumberList;
@@ -131,22 +130,6 @@ void EditAids::Replace(BEdit& edit, CHARRANGE range, TextView text) {
   edit.Select(range);
   InsertText(edit, text);
   ++steps_;
-}
-
-// The further lines of an item of a check list begin below its words, as far from its box as these. The caret
-// is in the paragraph.
-void EditAids::Hang(BEdit& edit, LONG paragraph, bool item) {
-  constexpr int kTwips = 1440;
-  POINTL box{};
-  POINTL words{};
-  const LONG behind = paragraph + static_cast<LONG>(kBoxLength);
-  SendMessageW(edit.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&box), paragraph);
-  SendMessageW(edit.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&words), behind);
-  const HDC dc = GetDC(edit.Handle());
-  const LONG width =
-      MulDiv(static_cast<int>(std::abs(words.x - box.x)), kTwips, GetDeviceCaps(dc, LOGPIXELSX));
-  ReleaseDC(edit.Handle(), dc);
-  if (SetHanging(edit, item && words.y == box.y ? width : 0)) ++steps_;
 }
 
 void EditAids::MakeHeading(BEdit& edit, LONG paragraph, const TypingSettings& settings) {
@@ -208,9 +191,7 @@ bool EditAids::BeginParagraph(BEdit& edit, const TypingSettings& settings) {
     InsertText(edit, u"\r");
     Begin();
     Strike(edit, false);
-    const LONG first = edit.Selection().cpMin;
     Replace(edit, edit.Selection(), Text{kOpenBox, u' '});
-    Hang(edit, first, true);
     End(edit);
     return true;
   }
@@ -297,10 +278,8 @@ void EditAids::ToggleCheckList(BEdit& edit) {
   for (const Paragraph& p : paragraphs) {
     if (all) {
       Replace(edit, {p.first, p.first + kBox}, {});
-      Hang(edit, p.first, false);
     } else if (!HasBox(p.text)) {
       Replace(edit, {p.first, p.first}, Text{kOpenBox, u' '});
-      Hang(edit, p.first, true);
     }
     const LONG moved = all ? -kBox : HasBox(p.text) ? 0 : kBox;
     selection.cpMax = std::max(selection.cpMax + moved, p.first);

@@ -50,7 +50,6 @@ class EditAids {
  private:
   void Apply(BEdit& edit, LONG paragraph, const TypingAid& aid, const TypingSettings& settings);
   void Replace(BEdit& edit, CHARRANGE range, TextView text);
-  void Hang(BEdit& edit, LONG paragraph, bool item);
   void MakeHeading(BEdit& edit, LONG paragraph, const TypingSettings& settings);
   void MakeBold(BEdit& edit, LONG paragraph, const TypingAid& aid);
   bool BeginParagraph(BEdit& edit, const TypingSettings& settings);

@@ -310,15 +310,6 @@ void SetBullets(BEdit& edit, Bullets bullets, std::int32_t indent) {
   Set(edit, format);
 }
 
-bool SetHanging(BEdit& edit, LONG twips) {
-  const PARAFORMAT2 now = ParagraphFormat(edit);
-  if ((now.dwMask & PFM_OFFSET) != 0 && now.dxOffset == twips) return false;
-  PARAFORMAT2 format = Paragraphs(PFM_OFFSET);
-  format.dxOffset = twips;
-  Set(edit, format);
-  return true;
-}
-
 bool IndentParagraphs(BEdit& edit, LONG twips) {
   constexpr LONG kMaxIndent = 20 * 1440;
   const LONG now = ParagraphFormat(edit).dxStartIndent;

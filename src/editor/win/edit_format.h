@@ -57,9 +57,6 @@ void SetDirection(BEdit& edit, bool rightToLeft);
 void SetDirectionOfAll(BEdit& edit, bool rightToLeft);
 /// `indent` in twips: how far all lines of a list paragraph stand to the right of its bullet.
 void SetBullets(BEdit& edit, Bullets bullets, std::int32_t indent);
-/// Has all lines of the selected paragraphs but their first begin so many twips further to the right; false
-/// when they did already.
-bool SetHanging(BEdit& edit, LONG twips);
 /// Moves the selected paragraphs to the right, or for less than 0 twips to the left, as far as the first of
 /// them can go. False when it cannot.
 bool IndentParagraphs(BEdit& edit, LONG twips);
