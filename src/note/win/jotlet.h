@@ -227,8 +227,9 @@ class BJotlet final : public SkinnedWindow, private ContentWatcher {
   void OnMenuAsked(HWND window, std::optional<Point> mouse);
   void PlaceByRecord();
   std::int32_t HeightOfContent();
+  Rect ContentArea() const;
   PictureFrame FrameOfPicture() const;
-  Rect ContentPlace() const { return content_->PlaceIn(TextArea(skin_->data, view_), place_.Dpi()); }
+  Rect ContentPlace() const { return content_->PlaceIn(ContentArea(), place_.Dpi()); }
   void ShowPictureAnew();
   bool ScrollPicture(Point by);
   bool OnWheel(UINT message, WPARAM wParam);

@@ -95,7 +95,7 @@ Text BJotlet::BarTitle() const {
 void BJotlet::Draw(HDC dc, const Rect& part) {
   const Text title = BarTitle();
   const NoteWords words(context_, record_, title, view_.window);
-  const auto inlay = content_->Inlay(ContentPlace(), TextArea(skin_->data, view_));
+  const auto inlay = content_->Inlay(ContentPlace(), ContentArea());
   context_.skins.Renderer().Paint(dc, part, *skin_, view_, words, inlay.get());
 }
 

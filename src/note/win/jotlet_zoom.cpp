@@ -1,4 +1,5 @@
 // How much of its picture a note shows.
+#include "base/beside.h"
 #include "note/win/jotlet.h"
 
 namespace jotlets {
@@ -9,8 +10,16 @@ constexpr std::int32_t kKeyStep = 32;
 
 }  // namespace
 
+// Beside the scroll bar of the skin, which stands on what texts leave free.
+Rect BJotlet::ContentArea() const {
+  Rect area = TextArea(skin_->data, view_);
+  if (record_.IsImage() && view_.states.Has(SkinState::kScrollbarRequired))
+    area.right = std::max(std::min(area.right, ScrollTrack(skin_->data, view_.window).left), area.left);
+  return area;
+}
+
 PictureFrame BJotlet::FrameOfPicture() const {
-  return {content_->PictureSize(), TextArea(skin_->data, view_), place_.Dpi()};
+  return {content_->PictureSize(), ContentArea(), place_.Dpi()};
 }
 
 bool BJotlet::ZoomPicture(ActionCode action) {
@@ -57,8 +66,12 @@ bool BJotlet::OnWheel(UINT message, WPARAM wParam) {
 
 bool BJotlet::OnScrollKey(WPARAM key) {
   const PictureZoom* const zoom = content_->Zoom();
-  if (zoom == nullptr || zoom->IsFitted()) return false;
-  const Rect area = TextArea(skin_->data, view_);
+  if (zoom == nullptr) return false;
+  // The signs as other keys have them; the first is typed with Shift on many keyboards.
+  if (key == VK_ADD || key == VK_OEM_PLUS) return owner_.OnJotletAction(*this, kActionZoomIn);
+  if (key == VK_SUBTRACT) return owner_.OnJotletAction(*this, kActionZoomOut);
+  if (zoom->IsFitted()) return false;
+  const Rect area = ContentArea();
   const std::int32_t step = ScaledLength(kKeyStep, place_.Dpi());
   const std::int32_t page = std::max(area.Height() - step, step);
   switch (key) {
@@ -102,6 +115,9 @@ void BJotlet::FitToPicture() {
   const Size edge{bounds.Width() - frame.area.Width(), bounds.Height() - frame.area.Height()};
   SetSizeSafe({std::min(picture.Width() + edge.width, room.Width()),
                std::min(picture.Height() + edge.height, room.Height())});
+  const Rect sized = Bounds();
+  const Point at = PlaceWithin(sized.TopLeft(), {sized.Width(), sized.Height()}, room);
+  if (at != sized.TopLeft()) MoveTo(at);
   if (Bounds() != bounds) Tell(JotletEvent::kSized);
 }
 

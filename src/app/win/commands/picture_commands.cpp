@@ -184,7 +184,8 @@ bool PictureCommands::MakeFiles(const Text& id) {
 // The text stays among the closed notes, from where the offer brings it back.
 void PictureCommands::Convert(BJotlet& jotlet) {
   const auto fail = [&] { Tell(jotlet.Handle(), resources_, IDS_NOT_CONVERTED, {}); };
-  if (jotlet.Editor() == nullptr) return;
+  // What is shown of a very long text is its beginning.
+  if (jotlet.Editor() == nullptr || jotlet.Editor()->ShowsBeginning()) return fail();
   const std::optional<Picture> picture = PictureOfText(*jotlet.Editor());
   std::string png = picture ? EncodePng(*picture) : std::string();
   JotletData source = jotlet.Record();
@@ -192,11 +193,13 @@ void PictureCommands::Convert(BJotlet& jotlet) {
   if (png.empty() || !desk_.SaveContent(source.id)) return fail();
   const Text made = desk_.CreatePicture(source, std::move(png));
   if (made.empty()) return fail();
-  if (!undo_.Close(source.id, jotlet.Bounds(), resources_.String(IDS_UNDO_CONVERTED))) {
-    desk_.Delete(made, Reason::kDeleted);
-    return fail();
-  }
+  // While the text is still there: with the last window that has it the keyboard goes to another program.
   desk_.Show(made, Showing::kWithFocus);
+  Rect below = jotlet.Bounds();
+  below.top = below.bottom;
+  if (undo_.Close(source.id, below, resources_.String(IDS_UNDO_CONVERTED))) return;
+  desk_.Delete(made, Reason::kDeleted);
+  fail();
 }
 
 void PictureCommands::AskSize(const Text& id) {
