@@ -16,6 +16,11 @@ inline constexpr std::int64_t kMaxPixelsAtOnce = 2 * 1024 * 1024;
 
 enum class EffectKind : std::uint8_t { kMirror, kFlip, kNegative, kGrey, kBorder, kBlur, kJitter };
 
+/// Whether it can be more or less strong.
+constexpr bool HasStrength(EffectKind kind) {
+  return kind == EffectKind::kBorder || kind == EffectKind::kBlur || kind == EffectKind::kJitter;
+}
+
 struct Effect {
   EffectKind kind = EffectKind::kNegative;
   /// Pixels: how wide the border is, from how far away the blur mixes, and the jitter fetches. Below 1

@@ -111,7 +111,7 @@ ToolSettings ToolSettingsFrom(const Options& options, std::int32_t dpi) {
 }
 
 PictureFacts PictureWork::Facts() const {
-  PictureFacts facts{document_.CanUndo(), document_.CanRedo(), HasSelection()};
+  PictureFacts facts{document_.CanUndo() || IsWorking(), document_.CanRedo(), HasSelection()};
   const auto row = std::ranges::find(kTools, tool_.Chosen(), &ToolRow::tool);
   if (inHand_ && row != std::end(kTools)) facts.tool = row->action;
   return facts;
@@ -226,7 +226,7 @@ std::optional<DrawnObject> PictureWork::Show(const ToolAnswer& answer) {
 }
 
 PictureAnswer PictureWork::Drag(PointerStep step, Point at, const Rect& area, const ToolSettings& settings) {
-  if (!inHand_ || !working_.empty()) return {};
+  if (!inHand_ || IsWorking()) return {};
   const Size size = document_.PictureSize();
   const double scale = static_cast<double>(size.width) / std::max(area.Width(), 1);
   ToolSettings scaled = settings;
@@ -260,7 +260,7 @@ bool PictureWork::GiveUpDrag() {
 }
 
 PictureAnswer PictureWork::Press(std::uint16_t key, bool shift) {
-  if (!inHand_ || !working_.empty()) return {};
+  if (!inHand_ || IsWorking()) return {};
   if (key == VK_OEM_4 || key == VK_OEM_6) return {.used = true, .widthSteps = key == VK_OEM_4 ? -1 : 1};
   // What was drawn quickly on the way is smoothed.
   if (tool_.IsDragging()) changed_ = WholeOf(document_.PictureSize());
@@ -279,7 +279,7 @@ const DrawnObject* PictureWork::Selected() const {
 
 void PictureWork::Draw(HDC dc, const Rect& area, const Rect& seen) const {
   shown_.Draw(dc, area, seen, tool_.IsDragging());
-  if (!working_.empty()) DrawWords(dc, CommonPart(area, seen), working_);
+  if (IsWorking()) DrawWords(dc, CommonPart(area, seen), working_);
   if (!inHand_) return;
   const Rect picture = CommonPart(area, seen);
   const int state = SaveDC(dc);

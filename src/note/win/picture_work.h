@@ -59,6 +59,7 @@ class PictureWork {
   void EndPreview() { ShowAll(); }
   /// As long as there are words it works elsewhere, says so, and is not drawn on.
   void SetWorking(const Text& words);
+  bool IsWorking() const { return !working_.empty(); }
   /// Lays a picture over this one and selects it.
   void Paste(const Picture& picture);
   /// Puts another picture in its place.

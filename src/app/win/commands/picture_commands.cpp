@@ -28,16 +28,16 @@ bool PictureCommands::Do(const Text& id, ActionCode action) {
       WorkOn(*jotlet, [](PictureWork&, const ToolSettings&) {});
     return jotlet->ZoomPicture(action);
   }
-  // What is being made now is the last that was done.
-  if (row.onText != ActionOnText::kKeeps && jobs_.Cancel(id)) {
+  // Until what was begun is there, nothing changes the picture but giving it up.
+  const bool works = jotlet->Drawn() != nullptr && jotlet->Drawn()->IsWorking();
+  if (works && action == kActionUndo) {
+    jobs_.Cancel(id);
     WorkOn(*jotlet, [](PictureWork& picture, const ToolSettings&) { picture.SetWorking({}); });
-    if (action == kActionUndo) return true;
+    return true;
   }
+  if (works && row.onText != ActionOnText::kKeeps && !ToolOf(action)) return true;
   if (const auto effect = EffectOf(action)) {
-    effect->kind == EffectKind::kBorder || effect->kind == EffectKind::kBlur ||
-            effect->kind == EffectKind::kJitter
-        ? AskEffect(id, action, *effect)
-        : BeginEffect(*jotlet, *effect, false);
+    HasStrength(effect->kind) ? AskEffect(id, action, *effect) : BeginEffect(*jotlet, *effect, false);
     return true;
   }
   if (row.sets.what == ActionSets::kPenWidth) return SetPen(*jotlet, row.sets.value, Pen()), true;
