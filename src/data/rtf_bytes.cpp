@@ -1,5 +1,8 @@
 #include "data/rtf_bytes.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace jotlets {
 
 std::string RtfBytes(TextView rtf) {
@@ -14,6 +17,17 @@ std::string RtfBytes(TextView rtf) {
     }
   }
   return bytes;
+}
+
+std::string MendedRtf(std::string rtf) {
+  constexpr std::string_view kTwice = "\\sl--";
+  std::erase(rtf, '\0');
+  for (std::size_t at = rtf.find('\\'); at != std::string::npos; at = rtf.find('\\', at)) {
+    if (std::string_view(rtf).substr(at, kTwice.size()) == kTwice) rtf.erase(at + kTwice.size() - 1, 1);
+    // A backslash of the text is written as two.
+    at = std::min(at + 2, rtf.size());
+  }
+  return rtf;
 }
 
 }  // namespace jotlets

@@ -11,4 +11,9 @@ namespace jotlets {
 /// whatever the code page.
 std::string RtfBytes(TextView rtf);
 
+/// What a control wrote, as a rich text that reads back as the same: controls end their stream with a NUL or
+/// two and write one that is in the text as it is, which no rich text has, and some write an exact distance
+/// of lines with two signs, which then reads as words.
+std::string MendedRtf(std::string rtf);
+
 }  // namespace jotlets

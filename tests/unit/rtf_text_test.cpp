@@ -2,8 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include "data/rtf_bytes.h"
+
 namespace jotlets {
 namespace {
+
+TEST(RtfBytes, WhatAControlWroteReadsBackAsTheSame) {
+  EXPECT_EQ(MendedRtf("{\\pard\\sl--300\\slmult0 a\\par\\sl--15 b}"),
+            "{\\pard\\sl-300\\slmult0 a\\par\\sl-15 b}");
+  EXPECT_EQ(MendedRtf(std::string("{a\0}\0", 6)), "{a}");
+  const std::string words = "{\\\\sl--3 \\sl-3 \\{\\}\\";
+  EXPECT_EQ(MendedRtf(words), words);
+}
 
 using namespace std::string_literals;
 

@@ -8,6 +8,7 @@
 
 #include "base/win/pressed_key.h"
 #include "base/win/wide.h"
+#include "data/rtf_bytes.h"
 #include "editor/link_text.h"
 #include "editor/win/edit_format.h"
 #include "editor/win/edit_text.h"
@@ -269,9 +270,7 @@ std::optional<std::string> BEdit::Rtf(bool selected) const {
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, WriteBytes};
   SendMessageW(edit_, EM_STREAMOUT, selected ? SF_RTF | SFF_SELECTION : SF_RTF,
                reinterpret_cast<LPARAM>(&stream));
-  // The control ends its stream with a NUL or two, and writes one that is in the text as it is: no rich text
-  // has them.
-  std::erase(rtf, '\0');
+  rtf = MendedRtf(std::move(rtf));
   // Some implementations go on after an error of ours, and end well.
   const std::size_t last = rtf.find_last_not_of("\r\n ");
   if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;
