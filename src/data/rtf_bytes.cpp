@@ -1,7 +1,6 @@
 #include "data/rtf_bytes.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace jotlets {
 
@@ -19,15 +18,23 @@ std::string RtfBytes(TextView rtf) {
   return bytes;
 }
 
-std::string MendedRtf(std::string rtf) {
+std::string MendedRtf(std::string_view rtf) {
   constexpr std::string_view kTwice = "\\sl--";
-  std::erase(rtf, '\0');
-  for (std::size_t at = rtf.find('\\'); at != std::string::npos; at = rtf.find('\\', at)) {
-    if (std::string_view(rtf).substr(at, kTwice.size()) == kTwice) rtf.erase(at + kTwice.size() - 1, 1);
+  std::string mended;
+  mended.reserve(rtf.size());
+  while (!rtf.empty()) {
     // A backslash of the text is written as two.
-    at = std::min(at + 2, rtf.size());
+    std::size_t taken = rtf.front() == '\\' ? std::min<std::size_t>(2, rtf.size()) : 1;
+    std::string_view kept = rtf.substr(0, taken);
+    if (rtf.starts_with(kTwice)) {
+      taken = kTwice.size();
+      kept = rtf.substr(0, taken - 1);
+    }
+    for (const char byte : kept)
+      if (byte != '\0') mended.push_back(byte);
+    rtf.remove_prefix(taken);
   }
-  return rtf;
+  return mended;
 }
 
 }  // namespace jotlets

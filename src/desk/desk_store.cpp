@@ -72,7 +72,6 @@ std::optional<JotletData> NoteDesk::RecordOf(TextView id) const {
   return note ? std::optional(note->record) : std::nullopt;
 }
 
-// The content first: a time of change that is too old harms nobody.
 Text NoteDesk::CreatePicture(const JotletData& source, std::string png) {
   NewNote fresh;
   fresh.isImage = true;
@@ -92,6 +91,7 @@ Text NoteDesk::CreatePicture(const JotletData& source, std::string png) {
   return made->id;
 }
 
+// The content first: a time of change that is too old harms nobody.
 bool NoteDesk::ChangeText(TextView id, std::string_view rtf) {
   std::optional<JotletData> record = RecordOf(id);
   if (!record || record->IsImage() || lists_.desktop.Find(id) != nullptr) return false;

@@ -10,7 +10,6 @@
 namespace jotlets {
 namespace {
 
-constexpr std::uint64_t kLargestPictureFile = 256 * 1024 * 1024;
 constexpr auto kWholeText = static_cast<std::size_t>(kLargestSearchedFile);
 
 }  // namespace

@@ -11,6 +11,9 @@
 
 namespace jotlets {
 
+/// Bytes; larger files are not taken for pictures.
+inline constexpr std::uint64_t kLargestPictureFile = 256 * 1024 * 1024;
+
 class NoteContents final : public NoteCopies {
  public:
   NoteContents(Files& files, const CodePage& ansi, const Clock& clock, Log& log, NoteDesk& desk,

@@ -270,7 +270,7 @@ std::optional<std::string> BEdit::Rtf(bool selected) const {
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, WriteBytes};
   SendMessageW(edit_, EM_STREAMOUT, selected ? SF_RTF | SFF_SELECTION : SF_RTF,
                reinterpret_cast<LPARAM>(&stream));
-  rtf = MendedRtf(std::move(rtf));
+  rtf = MendedRtf(rtf);
   // Some implementations go on after an error of ours, and end well.
   const std::size_t last = rtf.find_last_not_of("\r\n ");
   if (stream.dwError != 0 || last == std::string::npos || rtf[last] != '}') return std::nullopt;

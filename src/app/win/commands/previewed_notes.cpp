@@ -40,6 +40,7 @@ void PreviewedNotes::AskPicture(const Text& id, Size largest, std::function<void
   if (!record) return;
   const auto read = [&files = files_, path = desk_.Folder() + ContentPath(*record),
                      largest](const Cancelled&) {
+    if (files.Size(path) > kLargestPictureFile) return Picture();
     auto picture = DecodePng(files.Read(path).bytes);
     return picture ? Shrunk(*std::move(picture), largest) : Picture();
   };
