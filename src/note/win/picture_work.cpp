@@ -30,6 +30,7 @@ struct EffectRow {
   ActionCode action;
   Effect effect;
 };
+constexpr std::int32_t kWordsHeight = 12;  // pixels at the usual scale
 constexpr Colour kBorderColour{64, 64, 64};
 const EffectRow kEffects[] = {
     {kActionMirror, {EffectKind::kMirror}},
@@ -49,13 +50,15 @@ void DrawFrame(HDC dc, const Rect& frame) {
   DrawFocusRect(dc, &rect);
 }
 
-void DrawWords(HDC dc, const Rect& area, const Text& words) {
+void DrawWords(HDC dc, const Rect& area, const Text& words, std::int32_t dpi) {
   RECT place = ToRECT(area);
   const int state = SaveDC(dc);
   SetBkColor(dc, RGB(32, 32, 32));
   SetTextColor(dc, RGB(255, 255, 255));
   SetBkMode(dc, OPAQUE);
-  SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
+  const UniqueGdi<HFONT> font(CreateFontW(-ScaledLength(kWordsHeight, dpi), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                                          FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"Segoe UI"));
+  const Selected letters(dc, font.get());
   DrawTextW(dc, Wide(u"  " + words + u"  "), -1, &place,
             DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
   RestoreDC(dc, state);
@@ -145,8 +148,9 @@ void PictureWork::Preview(const Picture& pixels) {
   changed_ = Enclosing(changed_, area);
 }
 
-void PictureWork::SetWorking(const Text& words) {
+void PictureWork::SetWorking(const Text& words, std::int32_t dpi) {
   working_ = words;
+  workingDpi_ = dpi;
   changed_ = WholeOf(document_.PictureSize());
 }
 
@@ -279,7 +283,7 @@ const DrawnObject* PictureWork::Selected() const {
 
 void PictureWork::Draw(HDC dc, const Rect& area, const Rect& seen) const {
   shown_.Draw(dc, area, seen, tool_.IsDragging());
-  if (IsWorking()) DrawWords(dc, CommonPart(area, seen), working_);
+  if (IsWorking()) DrawWords(dc, CommonPart(area, seen), working_, workingDpi_);
   if (!inHand_) return;
   const Rect picture = CommonPart(area, seen);
   const int state = SaveDC(dc);

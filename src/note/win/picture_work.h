@@ -57,8 +57,8 @@ class PictureWork {
   /// Shows them, and nothing more, until `EndPreview`.
   void Preview(const Picture& pixels);
   void EndPreview() { ShowAll(); }
-  /// As long as there are words it works elsewhere, says so, and is not drawn on.
-  void SetWorking(const Text& words);
+  /// As long as there are words it works elsewhere, says so at a scale in dots per inch, and is not drawn on.
+  void SetWorking(const Text& words, std::int32_t dpi = kUsualDpi);
   bool IsWorking() const { return !working_.empty(); }
   /// Lays a picture over this one and selects it.
   void Paste(const Picture& picture);
@@ -108,6 +108,7 @@ class PictureWork {
   PictureDocument document_;
   PictureTool tool_{document_};
   Text working_;
+  std::int32_t workingDpi_ = kUsualDpi;
   bool inHand_ = false;  // a tool is: else the mouse moves the note
   PictureBitmap shown_;
   Size shownSize_;

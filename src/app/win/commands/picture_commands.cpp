@@ -146,7 +146,8 @@ void PictureCommands::BeginEffect(BJotlet& jotlet, const Effect& effect, bool pr
     };
     if (std::int64_t{pixels->size.width} * pixels->size.height <= kMaxPixelsAtOnce)
       return put(picture, change({}));
-    picture.SetWorking(resources_.String(IDS_PICTURE_WORKING));
+    picture.SetWorking(resources_.String(IDS_PICTURE_WORKING),
+                       static_cast<std::int32_t>(GetDpiForWindow(jotlet.Handle())));
     const Text id = jotlet.StoredRecord().id;
     jobs_.Start(id, change, [this, id, put](const Picture& made) {
       BJotlet* note = notes_.Find(id);
